@@ -1,0 +1,67 @@
+#pragma once
+// The process-wide record.
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+#include "frame/config.h"
+#include "frame/dialogs.h"
+#include "frame/settings.h"
+#include "frame/store.h"
+#include "siblings/StoreProfiles.h"
+#include "siblings/SuffixChecker.h"
+
+/// The five decree flags of a temporary operation, "S" or "N"; set by the assembly, read by the calculator.
+struct MotivoDecreto {
+    QString d1439_96 = QStringLiteral("N");
+    QString d1439_96A1 = QStringLiteral("N");
+    QString d1330_04A6 = QStringLiteral("N");
+    QString d1330_04A7 = QStringLiteral("N");
+    QString d1330_04A8 = QStringLiteral("N");
+    bool alguno() const;
+};
+
+/// Filled in the order of the start-up steps, read directly by every screen and module, never rebuilt.
+struct AppContext {
+    StoreProfiles::SPMain DataManager;
+    QString ProfileIniPath;
+    Conexion *ConnNcm = nullptr;
+    Conexion *ConnInternos = nullptr;
+    Conexion *ConnCatalogos = nullptr;
+    Conexion *ConnSystablas = nullptr;
+    QString TodayInternos;   ///< date literal; not refreshed at midnight
+    SuffixCheckerClass SuffixChecker;
+    QString DateKeyPattern;  ///< "yyyyMMdd"
+    QString PcName;          ///< identity in lock rows
+    QString NomenclatureDate;
+
+    QString ProgramFolder;   ///< with its closing separator
+    QString ConfigFilePath;
+    QString PathInternos, PathSystablas, PathPersonal, PathNcm, PathUsuario, PathEstados;
+    Opciones opciones;
+    Ajustes ajustes;
+    Dialogos dialogos;
+
+    // Shared between the dashboard, the assembly and the review of one operation.
+    QString ChequeoArmado;              ///< the run's result: "SI", "No" or "NO"
+    bool CalcularCoeficiente = false;
+    bool CalcularMulta = false;
+    bool CalcularDigitalizacion = false;
+    bool LiquidacionPendiente = false;  ///< the liquidation has to be written back
+    QString CalculoAEC;                 ///< the shared answer to the common external tariff question
+    MotivoDecreto decreto;
+
+    /// Shorthand for DataManager.getDataConnectionByEntity.
+    Conexion &conexion(const QString &entidad) { return DataManager.getDataConnectionByEntity(entidad); }
+};
+
+/// The record of this process. Tests put their own in its place.
+AppContext &Contexto();
+void fijarContexto(AppContext *contexto);
+
+/// A read in two lines: opens `rs` with `sql` on `entidad`; true when it holds a row. Raises ErrorDeStore.
+bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Recordset &rs);
+/// A write: the number of rows touched. Raises ErrorDeStore.
+qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql);

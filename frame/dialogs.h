@@ -1,0 +1,115 @@
+#pragma once
+// The seam to the user. Modules never open a window: the desktop installs Qt dialogs, the batch program a script
+// of answers, tests a recorder.
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+enum class Icono { Ninguno, Informacion, Exclamacion, Critico, Pregunta };
+
+struct Mensaje {
+    QString texto;
+    QString titulo;  ///< empty: the program's name
+    Icono icono = Icono::Ninguno;
+    bool modalDeSistema = false;
+};
+
+/// A Yes/No question. The default button is Yes unless told.
+struct Pregunta {
+    QString texto;
+    QString titulo;
+    Icono icono = Icono::Pregunta;
+    bool porDefectoNo = false;
+};
+
+/// A modal input box that limits the length (in characters).
+struct Entrada {
+    QString titulo;
+    QString texto;
+    int maximo = 255;
+    QString inicial;
+};
+
+/// A pick from a list; `filas` are shown, the answer is an index.
+struct Eleccion {
+    QString titulo;
+    QStringList filas;
+    int inicial = 0;
+};
+
+/// A question with Yes, No and a group of options beside it (the automotive question).
+struct PreguntaConOpciones {
+    QString texto;
+    QString titulo;
+    QString marco;         ///< caption of the group
+    QStringList opciones;  ///< the first is chosen at the start
+    QString si;            ///< caption of Yes, with its mnemonic
+    QString no;
+};
+struct RespuestaConOpciones {
+    bool si = false;
+    int opcion = 0;
+};
+
+/// A read-only text in a fixed-pitch font, shown modal (FrmMostrarDatos), or a list of lines (`lineas`).
+struct Informe {
+    QString titulo;
+    QString texto;
+    bool comoLista = false;  ///< one list row a line (Frm_ComprobacionErrores)
+};
+
+/// A mark of a long run.
+struct Avance {
+    enum class Tipo { PasoCorriendo, PasoHecho, MostrarPaso, Barra, Etiqueta };
+    Tipo tipo = Tipo::Etiqueta;
+    int paso = 0;        ///< for the steps: their index
+    QString control;     ///< for bars and labels: pbSUF, Pb1, lbITM, Label8 …
+    int valor = 0;       ///< for bars
+    int maximo = 100;
+    QString texto;       ///< for labels
+};
+
+/// The functions the modules talk through. Every one is always callable: the default answers No, nothing and
+/// the empty text, and shows nothing.
+struct Dialogos {
+    std::function<void(const Mensaje &)> mensaje = [](const Mensaje &) {};
+    std::function<bool(const Pregunta &)> preguntar = [](const Pregunta &) { return false; };
+    /// The typed text, or nothing on cancel.
+    std::function<std::optional<QString>(const Entrada &)> pedirTexto = [](const Entrada &) {
+        return std::optional<QString>();
+    };
+    /// The chosen index, or -1.
+    std::function<int(const Eleccion &)> elegir = [](const Eleccion &) { return -1; };
+    std::function<RespuestaConOpciones(const PreguntaConOpciones &)> preguntarConOpciones =
+        [](const PreguntaConOpciones &) { return RespuestaConOpciones(); };
+    std::function<void(const Informe &)> informe = [](const Informe &) {};
+    std::function<void(const Avance &)> avance = [](const Avance &) {};
+    /// The hourglass pointer: true sets it, false sets it back. Not counted: the last call wins.
+    std::function<void(bool)> reloj = [](bool) {};
+    /// Lets pending screen events run.
+    std::function<void()> atenderEventos = [] {};
+
+    void informar(const QString &texto, const QString &titulo = {}) const {
+        mensaje({texto, titulo, Icono::Informacion, false});
+    }
+    void advertir(const QString &texto, const QString &titulo = {}) const {
+        mensaje({texto, titulo, Icono::Exclamacion, false});
+    }
+    void critico(const QString &texto, const QString &titulo = {}, bool modalDeSistema = false) const {
+        mensaje({texto, titulo, Icono::Critico, modalDeSistema});
+    }
+};
+
+/// Sets the hourglass for its own life, so that it is set back on every road.
+class Reloj {
+  public:
+    explicit Reloj(const Dialogos &dialogos) : dialogos_(dialogos) { dialogos_.reloj(true); }
+    ~Reloj() { dialogos_.reloj(false); }
+    Reloj(const Reloj &) = delete;
+    Reloj &operator=(const Reloj &) = delete;
+
+  private:
+    const Dialogos &dialogos_;
+};

@@ -1,0 +1,40 @@
+#pragma once
+// Numbers and their text forms: one rounding rule and one mask rule for the whole program.
+
+#include <QString>
+
+namespace numeros {
+
+/// The workstation's decimal separator, "." or ","; taken from the locale at start (Spanish of Argentina
+/// when the locale tells nothing) and replaceable by tests and by the batch program.
+QChar separadorDecimal();
+void fijarSeparadorDecimal(QChar separador);
+
+/// `valor` rounded to `decimales` places, halves away from zero, judged on its rendering with 15 significant
+/// decimal digits: 1.005 is 1.01 although its binary value lies below. Never answers negative zero.
+/// The same rule stands in the stores as ROUND; one table of cases tests all three.
+double redondear(double valor, int decimales);
+
+/// `valor` through a mask such as "00.00", "000.000000", "00" or "0000": rounded by redondear to the mask's
+/// decimals, with at least the mask's integer digits, a leading "-" for negatives ("-00.50"), no sign for a
+/// value that rounds to zero, and the workstation's decimal separator.
+QString Format(double valor, QStringView mascara);
+
+/// The same for a text that reads as a number in either separator; a text that does not comes back unchanged,
+/// as the platform's own format does.
+QString Format(const QString &texto, QStringView mascara);
+
+/// True for a text that reads as one number: optional sign, digits, at most one "." or ",", optional exponent,
+/// blanks around allowed. False for empty text. The store's ISNUMERIC is the same rule.
+bool esNumerico(QStringView texto);
+
+/// The number a text says, in either separator; 0 when it says none.
+double aNumero(QStringView texto);
+
+/// The shortest usual text of a number, with "." ("1", "12.5", "0.1"): at most 15 significant digits.
+QString aTexto(double valor);
+
+/// `a` times `b` divided by 100, through the mask "00.00" and back: an amount, rounded to the cent.
+double PorcentajeRedondeado(double a, double b);
+
+}  // namespace numeros

@@ -1,0 +1,32 @@
+#pragma once
+// The road from process start to the main menu.
+
+#include <QString>
+
+#include "frame/context.h"
+
+/// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already, through
+/// usarPerfil). Raises ErrorDeStore or QString (a text for the user); nothing is retried.
+void Arrancar(AppContext &ctx);
+
+/// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises ErrorDeStore.
+QString LeerFechaDelNomenclador(AppContext &ctx);
+QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc);
+/// The store's version, 300 when it tells none; the message and the start of the upgrade program below 330.
+/// A failure is dropped silently.
+int ControlarVersionDelStore(AppContext &ctx);
+/// How the upgrade program is started; tests replace it.
+extern std::function<bool(const QString &programa)> iniciarPrograma;
+
+/// The labels of the main menu: version ("3.5.1"), build date, nomenclature date, licence data date.
+QString TextoDeVersion();
+QString TextoFechaZendra();
+QString TextoNomenclador(AppContext &ctx);
+QString TextoFechaDatosLNAPI(AppContext &ctx);
+/// The computer's name, at most 255 characters.
+QString NombreDeLaPC();
+/// Long and short date of the workstation's locale.
+QString FechaLarga(const QDateTime &fecha);
+QString FechaCorta(const QDateTime &fecha);
+/// A field that holds a moment, as QDateTime; invalid for null or a text that is none.
+QDateTime AFecha(const QVariant &valor);

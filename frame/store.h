@@ -1,0 +1,135 @@
+#pragma once
+// The store seam: connections that take SQL text as the modules spell it, and the recordsets they answer with.
+
+#include <QHash>
+#include <QSqlDatabase>
+#include <QString>
+#include <QVariant>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// What a failing statement raises. It reaches the handler of the routine that sent the statement, which shows
+/// `descripcion` (the engine's own words) and leaves. `numero` is the engine's code, `fuente` names the entity.
+struct ErrorDeStore {
+    int numero = 0;
+    QString fuente;
+    QString descripcion;
+    QString sentencia;  ///< the text as the module spelled it
+};
+
+/// A field of the row in hand.
+struct Campo {
+    QVariant Value;  ///< null QVariant for a null; numbers are double or qlonglong, texts QString
+};
+
+class Conexion;
+
+/// The rows of one statement, read whole at opening: a later write never changes what is being walked.
+/// Field names are matched without regard to case. (`EOF` itself is a macro of the C library, hence `Eof`.)
+class Recordset {
+  public:
+    bool Eof() const { return fila_ >= filas(); }
+    void MoveNext() { ++fila_; }
+    void MoveFirst() { fila_ = 0; }
+    void Close();
+
+    /// The value of a column in the row in hand. An unknown name raises ErrorDeStore; so does reading at the end.
+    Campo Fields(QStringView nombre) const;
+    Campo Fields(int columna) const;
+    /// Short forms of EsNull(Fields(nombre).Value) and EsNumero(Fields(nombre).Value).
+    QString Texto(QStringView nombre) const;
+    double Numero(QStringView nombre) const;
+    bool EsNulo(QStringView nombre) const;
+
+    int RecordCount() const { return filas(); }
+    int columnas() const { return static_cast<int>(nombres_.size()); }
+    QString nombreDeColumna(int columna) const { return nombres_.at(columna); }
+
+    /// Sets a column of the row in hand; nothing reaches the store before Update. Only for a recordset opened
+    /// with crearrsActualizable.
+    void Poner(QStringView nombre, const QVariant &valor);
+    /// Writes what Poner set into exactly the row in hand, whatever other rows hold the same values. Raises
+    /// ErrorDeStore when the row is gone.
+    void Update();
+
+  private:
+    friend class Conexion;
+    int filas() const { return ancho_ == 0 ? 0 : static_cast<int>(celdas_.size() / ancho_); }
+    int columna(QStringView nombre) const;
+
+    std::vector<QString> nombres_;
+    std::vector<QVariant> celdas_;
+    mutable QHash<QString, int> porNombre_;
+    std::size_t ancho_ = 0;
+    int fila_ = 0;
+    Conexion *conexion_ = nullptr;  ///< set for an updatable recordset
+    QString tabla_;
+    std::vector<QVariant> identidades_;  ///< one row identity a row, for Update
+    std::vector<std::pair<QString, QVariant>> pendientes_;
+};
+
+/// One statement as the trace sees it.
+struct TrazaDeSentencia {
+    QString entidad;
+    QString sentencia;   ///< as spelled by the module
+    QString traducida;   ///< as sent to the engine
+    qint64 microsegundos = 0;
+    qint64 filas = 0;    ///< rows read or touched
+};
+
+/// A connection of one store entity. The text of `Sql` is spelled in either of the two dialects the system
+/// speaks; the connection turns it into the engine's own before sending it. Every statement is committed alone.
+class Conexion {
+  public:
+    struct Datos;  ///< what the profile says of the entity; see StoreProfiles
+    explicit Conexion(std::unique_ptr<Datos> datos);
+    ~Conexion();
+    Conexion(const Conexion &) = delete;
+    Conexion &operator=(const Conexion &) = delete;
+
+    QString Sql;
+
+    /// Runs `Sql` and opens `rs` on its rows; true when there is at least one. Raises ErrorDeStore.
+    bool crearrs(Recordset &rs);
+    /// The same for a "select ... from `tabla` ..." whose rows will be changed through Recordset::Update.
+    bool crearrsActualizable(Recordset &rs, const QString &tabla);
+    /// Runs `Sql` as a command; the number of rows touched, whose truth value is success. Raises ErrorDeStore.
+    qint64 Ejecutar();
+
+    /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind coneccion().
+    Conexion &GetAssemblyConnection() { return *this; }
+    /// The engine's own handle (opened if needed), for libraries that speak to it directly.
+    QSqlDatabase coneccion();
+
+    const QString &entidad() const;
+    /// "SQL" for a server store, "ACCESS" for a file store.
+    const QString &etiqueta() const;
+    bool abierta() const;
+    /// Closes the engine's handle; the next statement opens it again, so this object stays usable.
+    void cerrar();
+
+    /// While on, rows are written without waiting for the disk: only for rows that the next assembly rebuilds.
+    /// Switching it off makes everything written so far durable.
+    void escrituraLigera(bool activa);
+
+    /// Called after every statement when set; for tracing and benchmarks. Process-wide.
+    static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);
+
+  private:
+    struct Interno;
+    std::unique_ptr<Interno> i_;
+    friend class Recordset;
+};
+
+/// Switches light writing on for its own life; the end of the run is durable on every road.
+class EscrituraLigera {
+  public:
+    explicit EscrituraLigera(Conexion &conexion) : conexion_(conexion) { conexion_.escrituraLigera(true); }
+    ~EscrituraLigera() { conexion_.escrituraLigera(false); }
+    EscrituraLigera(const EscrituraLigera &) = delete;
+    EscrituraLigera &operator=(const EscrituraLigera &) = delete;
+
+  private:
+    Conexion &conexion_;
+};

@@ -1,0 +1,44 @@
+#pragma once
+// What a subregime code means: pure predicates, exact and case-sensitive on the stored code unless told.
+
+#include <QString>
+#include <QStringView>
+
+struct AppContext;
+
+/// `cstaimpexp` of the code in the table sta: "I" or "E"; empty for a missing row, a null, or an empty code (which
+/// sends nothing to the store). Raises ErrorDeStore.
+QString DireccionRegimen(AppContext &ctx, const QString &codigo);
+
+bool EsIC0oIG(QStringView codigo);
+bool EsTransito(QStringView codigo);
+bool EsExportacionConsumo(QStringView codigo);
+bool EsDirectoOZona(QStringView codigo);
+bool PreguntaOpcionesImpositivas(QStringView codigo);
+bool EsDeclaracionDJAI(QStringView codigo);
+bool EsDeclaracionLAPI(QStringView codigo);
+bool EsEC16(QStringView codigo);
+bool RegimenUsaHojaValor(QStringView codigo);
+/// "T" for a code that begins with "TG" in any case, otherwise "P".
+QString TipoDeclaracion(QStringView codigo);
+
+bool EsRegimenTemporal(QStringView codigo);
+bool EsRegimenConInsumos(QStringView codigo);
+/// Trims the code first.
+bool EsRegimenConSolapaInsumos(QStringView codigo);
+
+QString OpcionIVACodigo(int indice);
+QString OpcionIVATexto(int indice);
+int OpcionIVAIndice(const QString &codigo);
+QString OpcionGananciasCodigo(int indice);
+QString OpcionGananciasTexto(int indice);
+int OpcionGananciasIndice(const QString &codigo);
+
+/// True when the suffix text carries the article, or the position is automotive and so exempt.
+bool SufijoContieneArticulo(const QString &posicion, const QString &sufijos, const QString &articulo);
+
+/// Trim, upper case, 40 characters, and every character outside A-Z 0-9 Ñ . , / # & becomes one blank.
+QString NormalizarTexto(const QString &texto);
+
+/// The first `n` characters of the code: the "Left n" of the regime rules.
+inline QStringView Left(QStringView codigo, qsizetype n) { return codigo.left(n); }

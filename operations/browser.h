@@ -1,0 +1,24 @@
+#pragma once
+// The operation browser's search.
+
+#include <QDate>
+#include <QString>
+#include <vector>
+
+#include "frame/context.h"
+
+struct FiltroDeInternos {
+    QString txtInterno, txtCliente, txtDespachante;
+    bool chkFiltroFecha = false;
+    QDate desde, hasta;
+};
+struct FilaDeInterno {
+    QString tipo;  ///< "Importacion", "Exportacion" or "Otros"
+    QString Interno, SubRegimen, Despachante, Cliente, Vendedor, detalle;
+};
+/// The statement of the search, as sent.
+QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &filtro);
+/// Runs the search, keeps INTERNO_NRO, answers the rows in order. Raises ErrorDeStore.
+std::vector<FilaDeInterno> BuscarInternos(AppContext &ctx, const FiltroDeInternos &filtro);
+/// First and last day of the month of `hoy`.
+std::pair<QDate, QDate> PeriodoInicial(const QDate &hoy);

@@ -1,0 +1,68 @@
+#pragma once
+// Fresh stores for a test, on the engine of its parameter.
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "frame/context.h"
+
+/// The project's source and build folders.
+QString CarpetaDeFuentes();
+QString CarpetaDeConstruccion();
+
+/// What a scripted user was shown and answered, in order.
+struct Registro {
+    std::vector<Mensaje> mensajes;
+    std::vector<Pregunta> preguntas;
+    std::vector<Entrada> entradas;
+    std::vector<Informe> informes;
+    std::vector<PreguntaConOpciones> conOpciones;
+    std::vector<Avance> avances;
+    std::deque<bool> respuestas;               ///< consumed by questions; after the last: No
+    std::deque<std::optional<QString>> textos;  ///< consumed by input boxes; after the last: cancel
+    std::deque<RespuestaConOpciones> opciones;
+};
+/// Dialogs that write into `registro` and answer from it.
+Dialogos DialogosDePrueba(Registro &registro);
+
+/// A profile on its own empty stores at the present version: SQLite files in a temporary folder ("ACCESS"), or a
+/// database of the test server named by ZENDRA_PG ("SQL"; key=value words host, port, user). A missing server fails
+/// the test with a sentence that says how to start one.
+class Tienda {
+  public:
+    explicit Tienda(const QString &etiqueta, bool conDemostracion = false);
+    ~Tienda();
+    const QString &perfil() const { return perfil_; }
+    const QString &carpeta() const { return carpeta_; }
+
+    /// A context on these stores, with the recorder's dialogs and a settings area of its own.
+    std::unique_ptr<AppContext> contexto(Registro &registro) const;
+
+  private:
+    QTemporaryDir dir_;
+    QString carpeta_, perfil_, base_;
+};
+
+/// Base of tests that run on both stores: TEST_P over EnAmbos.
+class EnAmbosStores : public ::testing::TestWithParam<const char *> {
+  protected:
+    void SetUp() override;
+    /// Sends each statement in turn to INTERNOS.
+    void ejecutar(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
+    /// The first column of the first row as text; "<nada>" without a row.
+    QString valor(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
+    /// Every row as "a|b|c", joined by "\n"; numbers in their shortest text, nulls as "<null>".
+    QString filas(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
+    virtual bool conDemostracion() const { return false; }
+
+    std::unique_ptr<Tienda> tienda;
+    Registro registro;
+    std::unique_ptr<AppContext> ctx;
+};
+#define EN_AMBOS_STORES(Fixture)                                                        \
+    INSTANTIATE_TEST_SUITE_P(Stores, Fixture, ::testing::Values("ACCESS", "SQL"),       \
+                             [](const ::testing::TestParamInfo<const char *> &info) { return std::string(info.param); })
