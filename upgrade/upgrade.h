@@ -16,12 +16,12 @@ using Progreso = std::function<void(const QString &que, qint64 hecho, qint64 tot
 
 struct Resultado {
     bool ok = false;
-    QString error;         ///< one Spanish sentence, when not ok
-    QStringList cambios;   ///< what was made or changed; empty on a second run
+    QString error;        ///< one Spanish sentence, when not ok
+    QStringList cambios;  ///< what was made or changed; empty on a second run
 };
 
-/// Makes what is missing in every store the profile names: files or schemas, tables, columns, indexes, the server's
-/// functions and procedure, the version row. No row is lost, a second run changes nothing.
+/// Makes what is missing in every store the profile names: files or schemas, tables, columns, indexes, the
+/// server's functions and procedure, the version row. No row is lost, a second run changes nothing.
 Resultado Actualizar(const QString &rutaDelPerfil, const Progreso &progreso = {});
 
 struct ResultadoCsv {
@@ -30,14 +30,16 @@ struct ResultadoCsv {
     qint64 cargadas = 0;
     QStringList avisos;  ///< "línea 12: …": what was not understood in a row; the rest was loaded
 };
-/// Loads a CSV file with a header row (UTF-8, comma or semicolon, quotes) into `tabla`; one file is one transaction.
-/// `reemplazar` empties the table first. `porDefecto` gives "column=value" for columns the file lacks.
-ResultadoCsv CargarCsv(const QString &rutaDelPerfil, const QString &tabla, const QString &archivo, bool reemplazar,
-                       const QStringList &porDefecto = {}, const Progreso &progreso = {});
-/// Loads a nomenclature file (posicion, descripcion, descripcion_superior, partida, aec, die, te, intervencion, de,
-/// re, and if present unidad …) into ncm. `unidadPorDefecto` fills the statistical unit the file lacks.
-ResultadoCsv CargarNomenclador(const QString &rutaDelPerfil, const QString &archivo, const QString &unidadPorDefecto,
-                               const Progreso &progreso = {});
+/// Loads a CSV file with a header row (UTF-8, comma or semicolon, quotes) into `tabla`; one file is one
+/// transaction. `reemplazar` empties the table first. `porDefecto` gives "column=value" for columns the file
+/// lacks.
+ResultadoCsv CargarCsv(const QString &rutaDelPerfil, const QString &tabla, const QString &archivo,
+                       bool reemplazar, const QStringList &porDefecto = {}, const Progreso &progreso = {});
+/// Loads a nomenclature file (posicion, descripcion, descripcion_superior, partida, aec, die, te,
+/// intervencion, de, re, and if present unidad …) into ncm. `unidadPorDefecto` fills the statistical unit the
+/// file lacks.
+ResultadoCsv CargarNomenclador(const QString &rutaDelPerfil, const QString &archivo,
+                               const QString &unidadPorDefecto, const Progreso &progreso = {});
 /// Loads the demonstration data built into the program.
 Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progreso = {});
 

@@ -1,0 +1,80 @@
+#pragma once
+// One store of a profile while it is being made, upgraded or loaded: the engine's own handle and its own
+// grammar.
+
+#include <QHash>
+#include <QSqlDatabase>
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+#include "siblings/StoreProfiles.h"
+#include "upgrade/schema.h"
+
+namespace actualizacion {
+
+/// What stops an upgrade or a load: one Spanish sentence. Caught at the entries of upgrade.h.
+struct Falla {
+    QString mensaje;
+};
+
+/// A column as the store has it.
+struct ColumnaDelStore {
+    QString tipo;           ///< the engine's word, lower case
+    bool generada = false;  ///< the store assigns it
+};
+
+/// One open store. The file store's handle belongs to the connection manager (it carries the collation); the
+/// server's is a handle of our own, so that nothing of the search path or the translator stands between.
+class Almacen {
+ public:
+    /// Opens the store of `datos`; raises Falla with the file or the server in it.
+    Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager);
+    ~Almacen();
+    Almacen(const Almacen &) = delete;
+    Almacen &operator=(const Almacen &) = delete;
+
+    bool servidor() const { return servidor_; }
+    QSqlDatabase db() const { return db_; }
+
+    /// Runs one statement of the engine; raises Falla with the engine's words.
+    void ejecutar(const QString &sql) const;
+    /// First column of every row.
+    QStringList lista(const QString &sql) const;
+
+    void comenzar() const;
+    void confirmar() const;
+    void deshacer() const;
+
+    /// `nombre` quoted, and a table's full name in the entity's file or schema.
+    static QString comillas(const QString &nombre);
+    QString nombreDe(const QString &esquema, const QString &tabla) const;
+    /// The engine's words for a column's type.
+    QString tipoDe(esquema::Tipo tipo) const;
+    /// "public.citext" on a server.
+    const QString &tipoTexto() const { return tipoTexto_; }
+
+    QStringList tablas(const QString &esquema) const;
+    QHash<QString, ColumnaDelStore> columnas(const QString &esquema, const QString &tabla) const;
+    QStringList indices(const QString &esquema) const;
+
+    /// Makes ready for tables with texts: the text type on a server, and a check that it knows upper from
+    /// lower case.
+    void prepararServidor();
+
+ private:
+    bool servidor_;
+    QString donde_;     ///< for messages: the file, or the server
+    QString conexion_;  ///< name of our own handle, on a server
+    QSqlDatabase db_;
+    QString tipoTexto_;
+    QString cotejo_;
+};
+
+/// Reads the profile; raises Falla.
+void leerPerfil(StoreProfiles::SPMain &manager, const QString &ruta);
+/// A sentence for a server that does not answer.
+QString mensajeDeServidor(const Conexion::Datos &datos, const QString &motivo);
+
+}  // namespace actualizacion
