@@ -1,0 +1,238 @@
+#include "upgrade/carga.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <memory>
+
+#include "frame/numbers.h"
+
+namespace actualizacion {
+
+using esquema::Columna;
+using esquema::Tabla;
+using esquema::Tipo;
+
+namespace {
+
+/// How often a long load says where it is.
+constexpr qint64 filasPorAviso = 1000;
+
+/// One column of the table that a load fills, and where its value comes from.
+struct Fuente {
+    const Columna *columna = nullptr;
+    qsizetype campo = -1;  ///< position in the record; -1: the default
+    QVariant porDefecto;
+};
+
+QString aviso(qint64 linea, const QString &texto) {
+    return QStringLiteral("línea %1: %2").arg(linea).arg(texto);
+}
+
+/// A header name as the schema spells it: "[015]" is the column 015.
+QString nombreDeColumna(QString nombre) {
+    if (nombre.startsWith(QLatin1Char('[')) && nombre.endsWith(QLatin1Char(']')))
+        nombre = nombre.mid(1, nombre.size() - 2);
+    return nombre.trimmed().toLower();
+}
+
+std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabezado,
+                              const QStringList &porDefecto, const QString &archivo,
+                              ResultadoCsv &resultado) {
+    std::vector<Fuente> fuentes;
+    QSet<QString> usadas;
+    for (qsizetype i = 0; i < encabezado.size(); ++i) {
+        const QString nombre = nombreDeColumna(encabezado.at(i));
+        const Columna *columna = destino.tabla->columna(nombre);
+        if (columna == nullptr)
+            resultado.avisos << aviso(1, QStringLiteral("la tabla %1 no tiene la columna \"%2\"; no se carga")
+                                             .arg(destino.tabla->nombre, encabezado.at(i)));
+        else if (usadas.contains(nombre))
+            resultado.avisos << aviso(
+                1, QStringLiteral("la columna \"%1\" está repetida; se toma la primera").arg(nombre));
+        else
+            fuentes.push_back({columna, i, {}});
+        if (columna != nullptr) usadas.insert(nombre);
+    }
+    if (fuentes.empty())
+        throw Falla{
+            QStringLiteral("El archivo %1 no tiene ninguna columna de la tabla %2; revise su primera línea.")
+                .arg(archivo, destino.tabla->nombre)};
+    for (const QString &par : porDefecto) {
+        const qsizetype igual = par.indexOf(QLatin1Char('='));
+        const QString nombre = nombreDeColumna(par.left(igual));
+        const Columna *columna = igual < 0 ? nullptr : destino.tabla->columna(nombre);
+        const std::optional<QVariant> valor =
+            columna == nullptr ? std::nullopt : valorDe(*destino.almacen, *columna, par.mid(igual + 1));
+        if (!valor)
+            throw Falla{
+                QStringLiteral("El valor por defecto \"%1\" no sirve para la tabla %2; escríbalo como "
+                               "columna=valor.")
+                    .arg(par, destino.tabla->nombre)};
+        if (!usadas.contains(nombre)) fuentes.push_back({columna, -1, *valor});
+    }
+    return fuentes;
+}
+
+}  // namespace
+
+void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla) {
+    destino.tabla = esquema::buscarTabla(tabla);
+    if (destino.tabla == nullptr)
+        throw Falla{QStringLiteral("No hay ninguna tabla %1; revise el nombre.").arg(tabla)};
+    leerPerfil(destino.manager, rutaDelPerfil);
+    destino.manager.LoadParameters();
+    const Conexion::Datos *datos = destino.manager.datos(destino.tabla->entidad);
+    if (datos == nullptr)
+        throw Falla{
+            QStringLiteral("El perfil %1 no nombra el store %2, donde está la tabla %3; agréguelo al perfil.")
+                .arg(rutaDelPerfil, destino.tabla->entidad, destino.tabla->nombre)};
+    destino.almacen = std::make_unique<Almacen>(*datos, destino.manager);
+    destino.esquemaDe = datos->esquema;
+    destino.nombre = destino.almacen->nombreDe(datos->esquema, destino.tabla->nombre);
+    if (!destino.almacen->tablas(datos->esquema).contains(destino.tabla->nombre))
+        throw Falla{
+            QStringLiteral(
+                "El store %1 todavía no tiene la tabla %2; ejecute antes DbUpgrade3 sobre ese perfil.")
+                .arg(destino.tabla->entidad, destino.tabla->nombre)};
+}
+
+std::optional<QVariant> valorDe(const Almacen &almacen, const Columna &columna, const QString &texto) {
+    const QString limpio = texto.trimmed();
+    switch (columna.tipo) {
+        case Tipo::Generado:
+        case Tipo::Numero:
+            if (limpio.isEmpty()) return QVariant(QMetaType(QMetaType::Double));
+            if (!numeros::esNumerico(limpio)) return std::nullopt;
+            if (columna.tipo == Tipo::Generado)
+                return QVariant(static_cast<qlonglong>(numeros::aNumero(limpio)));
+            return QVariant(numeros::aNumero(limpio));
+        case Tipo::Fecha: {
+            if (limpio.isEmpty()) return QVariant(QMetaType(QMetaType::QString));
+            static const char *const formas[] = {"yyyy-MM-dd HH:mm:ss", "yyyy-MM-dd HH:mm", "yyyy-MM-dd",
+                                                 "dd/MM/yyyy HH:mm:ss", "dd/MM/yyyy HH:mm", "dd/MM/yyyy"};
+            for (const char *forma : formas) {
+                const QDateTime momento = QDateTime::fromString(limpio, QString::fromLatin1(forma));
+                if (!momento.isValid()) continue;
+                if (almacen.servidor()) return QVariant(momento);
+                return QVariant(momento.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
+            }
+            return std::nullopt;
+        }
+        case Tipo::Texto:
+        case Tipo::TextoNumerico:
+            break;
+    }
+    // Ends of texts are the store's business to keep: the keys of sufidos end in blanks.
+    return QVariant(texto.isNull() ? QStringLiteral("") : texto);
+}
+
+void ponerAlDiaLaNumeracion(const Destino &destino) {
+    if (!destino.almacen->servidor()) return;  // the file store numbers behind the highest by itself
+    for (const Columna &c : destino.tabla->columnas) {
+        if (c.tipo != Tipo::Generado) continue;
+        destino.almacen->lista(QStringLiteral("select setval(pg_get_serial_sequence('%1', '%2'), "
+                                              "greatest(coalesce((select max(%3) from %1), 0) "
+                                              "+ 1, nextval(pg_get_serial_sequence('%1', '%2'))), false)")
+                                   .arg(destino.nombre, c.nombre, Almacen::comillas(c.nombre)));
+    }
+}
+
+void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo, bool reemplazar,
+                  const QStringList &porDefecto, const Progreso &progreso, ResultadoCsv &resultado) {
+    const Almacen &a = *destino.almacen;
+    const std::vector<Fuente> fuentes =
+        fuentesDe(destino, lector.encabezado(), porDefecto, archivo, resultado);
+    QStringList nombres;
+    QStringList marcas;
+    bool numerada = false;
+    for (const Fuente &f : fuentes) {
+        nombres << Almacen::comillas(f.columna->nombre);
+        marcas << QStringLiteral("?");
+        numerada = numerada || f.columna->tipo == Tipo::Generado;
+    }
+    const QString que = QStringLiteral("Cargando %1").arg(destino.tabla->nombre);
+    const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
+    if (progreso) progreso(que, 0, total);
+
+    a.comenzar();
+    try {
+        if (reemplazar) a.ejecutar(QStringLiteral("delete from %1").arg(destino.nombre));
+        QSqlQuery insercion(a.db());
+        if (!insercion.prepare(QStringLiteral("insert into %1 (%2) values (%3)")
+                                   .arg(destino.nombre, nombres.join(QLatin1String(", ")),
+                                        marcas.join(QLatin1String(", ")))))
+            throw Falla{QStringLiteral("El store rechazó la carga de %1: %2")
+                            .arg(destino.tabla->nombre, insercion.lastError().databaseText().simplified())};
+        const qsizetype ancho = lector.encabezado().size();
+        csv::Registro registro;
+        while (lector.siguiente(registro)) {
+            if (!registro.defecto.isEmpty()) {
+                resultado.avisos << aviso(registro.linea,
+                                          registro.defecto + QStringLiteral("; la fila no se carga"));
+                continue;
+            }
+            // Trailing separators without anything behind them are no fields.
+            while (registro.campos.size() > ancho && registro.campos.back().isEmpty())
+                registro.campos.removeLast();
+            if (registro.campos.size() != ancho) {
+                resultado.avisos << aviso(
+                    registro.linea, QStringLiteral("tiene %1 campos y el encabezado %2; la fila no se carga")
+                                        .arg(registro.campos.size())
+                                        .arg(ancho));
+                continue;
+            }
+            for (std::size_t i = 0; i < fuentes.size(); ++i) {
+                const Fuente &f = fuentes[i];
+                QVariant valor = f.porDefecto;
+                if (f.campo >= 0) {
+                    const QString &texto = registro.campos.at(f.campo);
+                    if (const std::optional<QVariant> leido = valorDe(a, *f.columna, texto)) {
+                        valor = *leido;
+                    } else {
+                        valor = *valorDe(a, *f.columna, QString());
+                        resultado.avisos
+                            << aviso(registro.linea,
+                                     QStringLiteral("\"%1\" no sirve para la columna %2; se carga vacía")
+                                         .arg(texto, f.columna->nombre));
+                    }
+                }
+                insercion.bindValue(static_cast<int>(i), valor);
+            }
+            if (!insercion.exec())
+                throw Falla{QStringLiteral("No se cargó nada de %1: el store rechazó la línea %2 (%3).")
+                                .arg(archivo)
+                                .arg(registro.linea)
+                                .arg(insercion.lastError().databaseText().simplified())};
+            ++resultado.cargadas;
+            if (progreso && resultado.cargadas % filasPorAviso == 0) progreso(que, resultado.cargadas, total);
+        }
+        insercion.finish();
+        if (numerada) ponerAlDiaLaNumeracion(destino);
+        a.confirmar();
+    } catch (...) {
+        a.deshacer();
+        resultado.cargadas = 0;
+        throw;
+    }
+    if (progreso) progreso(que, total, total);
+}
+
+ResultadoCsv CargarCsv(const QString &rutaDelPerfil, const QString &tabla, const QString &archivo,
+                       bool reemplazar, const QStringList &porDefecto, const Progreso &progreso) {
+    ResultadoCsv resultado;
+    try {
+        csv::Lector lector;
+        if (!lector.abrir(archivo, resultado.error)) return resultado;
+        Destino destino;
+        abrirDestino(destino, rutaDelPerfil, tabla);
+        cargarLector(destino, lector, archivo, reemplazar, porDefecto, progreso, resultado);
+        resultado.ok = true;
+    } catch (const Falla &f) {
+        resultado.error = f.mensaje;
+    } catch (const ErrorDeStore &e) {
+        resultado.error = e.descripcion;
+    }
+    return resultado;
+}
+
+}  // namespace actualizacion

@@ -1,0 +1,104 @@
+// The demonstration data built into the program, through the same loader as a user's own files.
+
+#include <QFile>
+
+#include "upgrade/carga.h"
+
+// The resource lies in a static library, so somebody has to ask for it by name.
+static void prenderRecurso() {
+    Q_INIT_RESOURCE(demo);
+}
+
+namespace actualizacion {
+
+namespace {
+
+/// The order of loading: codes first, then what speaks of them. A file bears its table's name; the lines of
+/// the operations come last, and are numbered as they come.
+const char *const tablasDeDemostracion[] = {
+    "sta",
+    "aduana",
+    "pais",
+    "condiciondeventa",
+    "motivo",
+    "motivos",
+    "mottmp",
+    "bancos",
+    "ean",
+    "informacion",
+    "ventajas",
+    "lista",
+    "diemchina",
+    "divisas",
+    "unidades",
+    "unidrel",
+    "estadomercaderia",
+    "tipoemb",
+    "codemb",
+    "via",
+    "puertos",
+    "conceptos",
+    "conpresu",
+    "referencias",
+    "tax",
+    "ncm",
+    "sufidos",
+    "control_fecha",
+    "lnapifechadedatos",
+    "lnapiaclaraciones",
+    "lnapiposicionesafectadas",
+    "clientes",
+    "despadu",
+    "vendedor",
+    "transporte",
+    "ventajasrel",
+    "dest",
+    "impuestos_internos",
+    "catarticulos",
+    "articulo_ventaja",
+    "caratula",
+    "facturas",
+    "prorrateo",
+    "subitems",
+    "coment",
+};
+
+}  // namespace
+
+Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progreso) {
+    prenderRecurso();
+    Resultado resultado;
+    try {
+        for (const char *nombre : tablasDeDemostracion) {
+            const QString tabla = QString::fromLatin1(nombre);
+            const QString archivo = QStringLiteral(":/demo/%1.csv").arg(tabla);
+            csv::Lector lector;
+            if (!lector.abrir(archivo, resultado.error)) return resultado;
+            Destino destino;
+            abrirDestino(destino, rutaDelPerfil, tabla);
+            // Data of the user's own stay: only an empty table is filled.
+            if (!destino.almacen->lista(QStringLiteral("select 1 from %1 limit 1").arg(destino.nombre))
+                     .isEmpty())
+                continue;
+            ResultadoCsv parte;
+            cargarLector(destino, lector, archivo, false, {}, progreso, parte);
+            if (!parte.avisos.isEmpty()) {
+                resultado.error =
+                    QStringLiteral(
+                        "Los datos de demostración de %1 tienen un defecto (%2); avise a quien le "
+                        "entregó el programa.")
+                        .arg(tabla, parte.avisos.front());
+                return resultado;
+            }
+            resultado.cambios << QStringLiteral("%1: %2 filas").arg(tabla).arg(parte.cargadas);
+        }
+        resultado.ok = true;
+    } catch (const Falla &f) {
+        resultado.error = f.mensaje;
+    } catch (const ErrorDeStore &e) {
+        resultado.error = e.descripcion;
+    }
+    return resultado;
+}
+
+}  // namespace actualizacion

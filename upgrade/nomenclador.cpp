@@ -1,0 +1,266 @@
+// A nomenclature file as the tariff authority publishes it, into the numbered columns of ncm.
+
+#include <QHash>
+#include <QRegularExpression>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include "frame/numbers.h"
+#include "subitems/nomenclature.h"
+#include "upgrade/carga.h"
+
+namespace actualizacion {
+
+using esquema::Columna;
+
+namespace {
+
+constexpr qint64 filasPorAviso = 1000;
+constexpr int largoDePosicion = 15;
+
+enum class Clase { Texto, Tasa, Intervencion };
+
+/// What a column of the file becomes.
+struct Rol {
+    const char *encabezado;
+    const char *columna;
+    Clase clase;
+};
+
+const Rol roles[] = {
+    {"partida", "004", Clase::Texto},
+    {"descripcion_superior", "005", Clase::Texto},
+    {"descripcion", "010", Clase::Texto},
+    {"unidad", "012", Clase::Texto},
+    {"die", "015", Clase::Tasa},
+    {"te", "016", Clase::Tasa},
+    {"derecho_especifico", "017", Clase::Tasa},
+    {"de", "018", Clase::Tasa},
+    {"re", "019", Clase::Tasa},
+    {"unidad_derecho_especifico", "020", Clase::Texto},
+    {"aec", "026", Clase::Tasa},
+    {"intervencion", "043", Clase::Intervencion},
+};
+
+/// One numbered column to be filled from one field.
+struct Fuente {
+    QString columna;
+    Clase clase = Clase::Texto;
+    qsizetype campo = -1;
+};
+
+const QString columnaDeUnidad = QStringLiteral("012");
+const QString columnaDeLicencia = QStringLiteral("059");  // "*": non-automatic import licence
+
+QString aviso(qint64 linea, const QString &texto) {
+    return QStringLiteral("línea %1: %2").arg(linea).arg(texto);
+}
+
+/// Where the values of one row go: names in the order of the two prepared statements.
+struct Plan {
+    qsizetype campoPosicion = -1;
+    std::vector<Fuente> fuentes;
+    bool conUnidad = false;
+    bool conIntervencion = false;
+    /// Numbered columns written on insert (fuentes, then the licence mark), without the unit when the file
+    /// lacks it.
+    QStringList columnas;
+};
+
+Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPorDefecto,
+            ResultadoCsv &resultado) {
+    Plan plan;
+    const QStringList &encabezado = lector.encabezado();
+    QSet<QString> usadas;
+    for (qsizetype i = 0; i < encabezado.size(); ++i) {
+        QString nombre = encabezado.at(i).toLower();
+        if (nombre == QLatin1String("posicion")) {
+            plan.campoPosicion = i;
+            continue;
+        }
+        Fuente fuente;
+        for (const Rol &rol : roles)
+            if (nombre == QLatin1String(rol.encabezado))
+                fuente = {QString::fromLatin1(rol.columna), rol.clase, i};
+        nombre.remove(QLatin1Char('['));
+        nombre.remove(QLatin1Char(']'));
+        // A number names its column directly, but the keys come from the position alone.
+        if (fuente.campo < 0 && nombre > QLatin1String("003") &&
+            esquema::buscarTabla(u"ncm")->columna(nombre) != nullptr)
+            fuente = {nombre, Clase::Texto, i};
+        if (fuente.campo < 0 || usadas.contains(fuente.columna)) {
+            resultado.avisos << aviso(
+                1, QStringLiteral("no se conoce la columna \"%1\"; no se carga").arg(encabezado.at(i)));
+            continue;
+        }
+        usadas.insert(fuente.columna);
+        plan.conUnidad = plan.conUnidad || fuente.columna == columnaDeUnidad;
+        plan.conIntervencion = plan.conIntervencion || fuente.clase == Clase::Intervencion;
+        plan.fuentes.push_back(fuente);
+    }
+    if (plan.campoPosicion < 0)
+        throw Falla{QStringLiteral("El archivo %1 no tiene la columna posicion; revise su primera línea.")
+                        .arg(archivo)};
+    if (!plan.conUnidad && unidadPorDefecto.isEmpty())
+        throw Falla{QStringLiteral("El archivo %1 no trae la unidad estadística; indique una con --unidad.")
+                        .arg(archivo)};
+    if (usadas.contains(columnaDeLicencia)) plan.conIntervencion = false;
+    for (const Fuente &f : plan.fuentes) plan.columnas << f.columna;
+    if (plan.conIntervencion) plan.columnas << columnaDeLicencia;
+    return plan;
+}
+
+/// The values of one record in the order of plan.columnas; an empty list when the row cannot be loaded.
+QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QString &unidadPorDefecto,
+                      ResultadoCsv &resultado) {
+    QStringList valores;
+    QString licencia;
+    for (const Fuente &f : plan.fuentes) {
+        QString texto = registro.campos.at(f.campo).trimmed();
+        if (f.clase == Clase::Tasa && !texto.isEmpty()) {
+            if (numeros::esNumerico(texto)) {
+                texto.replace(QLatin1Char(','), QLatin1Char('.'));
+            } else {
+                resultado.avisos << aviso(registro.linea,
+                                          QStringLiteral("\"%1\" no es una tasa para la columna %2; se carga "
+                                                         "vacía")
+                                              .arg(texto, f.columna));
+                texto.clear();
+            }
+        }
+        if (f.clase == Clase::Intervencion && !texto.isEmpty()) {
+            // The published sheets now and then leave a figure before the letters.
+            const QString letras = texto.section(QLatin1Char(' '), -1);
+            if (letras != texto)
+                resultado.avisos << aviso(registro.linea,
+                                          QStringLiteral("la intervención \"%1\" se toma como \"%2\"")
+                                              .arg(texto.simplified(), letras));
+            texto = letras;
+            if (letras == QLatin1String("LNA")) licencia = QStringLiteral("*");
+        }
+        if (f.columna == columnaDeUnidad && texto.isEmpty()) texto = unidadPorDefecto;
+        valores << texto;
+    }
+    if (plan.conIntervencion) valores << licencia;
+    return valores;
+}
+
+void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const QString &unidadPorDefecto,
+            const Progreso &progreso, ResultadoCsv &resultado) {
+    const Plan plan = planDe(lector, archivo, unidadPorDefecto, resultado);
+    const Almacen &a = *destino.almacen;
+
+    QStringList alta{QStringLiteral("\"001\""), QStringLiteral("\"002\""), QStringLiteral("\"003\"")};
+    QStringList cambio;
+    for (const QString &c : plan.columnas) {
+        alta << Almacen::comillas(c);
+        cambio << Almacen::comillas(c) + QStringLiteral(" = ?");
+    }
+    if (!plan.conUnidad) alta << Almacen::comillas(columnaDeUnidad);
+    QStringList marcas(alta.size(), QStringLiteral("?"));
+
+    const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
+    const QString que = QStringLiteral("Cargando el nomenclador");
+    if (progreso) progreso(que, 0, total);
+    static const QRegularExpression forma(QStringLiteral("^\\d{4}\\.\\d{2}\\.\\d{2}\\.\\d{3}[A-Z]$"));
+
+    a.comenzar();
+    try {
+        QSet<QString> presentes;
+        for (const QString &p : a.lista(
+                 QStringLiteral("select \"001\" || '.' || \"002\" || \"003\" from %1").arg(destino.nombre)))
+            presentes.insert(p);
+        QSqlQuery insercion(a.db());
+        QSqlQuery modificacion(a.db());
+        // A position that is there keeps the columns that the file does not speak of.
+        const bool listo =
+            insercion.prepare(
+                QStringLiteral("insert into %1 (%2) values (%3)")
+                    .arg(destino.nombre, alta.join(QLatin1String(", ")), marcas.join(QLatin1String(", ")))) &&
+            (cambio.isEmpty() ||
+             modificacion.prepare(
+                 QStringLiteral("update %1 set %2 where \"001\" = ? and \"002\" = ? and \"003\" = ?")
+                     .arg(destino.nombre, cambio.join(QLatin1String(", ")))));
+        if (!listo)
+            throw Falla{
+                QStringLiteral("El store rechazó la carga del nomenclador: %1")
+                    .arg(insercion.lastError().databaseText() + modificacion.lastError().databaseText())};
+
+        const qsizetype ancho = lector.encabezado().size();
+        QSet<QString> vistas;
+        csv::Registro registro;
+        while (lector.siguiente(registro)) {
+            if (!registro.defecto.isEmpty() || registro.campos.size() != ancho) {
+                const QString motivo = registro.defecto.isEmpty()
+                                           ? QStringLiteral("tiene %1 campos y el encabezado %2")
+                                                 .arg(registro.campos.size())
+                                                 .arg(ancho)
+                                           : registro.defecto;
+                resultado.avisos << aviso(registro.linea, motivo + QStringLiteral("; la fila no se carga"));
+                continue;
+            }
+            const QString posicion = registro.campos.at(plan.campoPosicion).trimmed();
+            if (posicion.size() != largoDePosicion || !forma.match(posicion).hasMatch()) {
+                resultado.avisos << aviso(
+                    registro.linea,
+                    QStringLiteral("\"%1\" no es una posición de 15 caracteres; la fila no se carga")
+                        .arg(posicion));
+                continue;
+            }
+            if (vistas.contains(posicion))
+                resultado.avisos << aviso(
+                    registro.linea,
+                    QStringLiteral("la posición %1 está repetida; queda la última").arg(posicion));
+            vistas.insert(posicion);
+            const QStringList valores = valoresDe(plan, registro, unidadPorDefecto, resultado);
+            const ClavesNcm claves = CortarPosicion(posicion);
+            const bool esta = presentes.contains(posicion);
+            QSqlQuery &q = esta ? modificacion : insercion;
+            int n = 0;
+            if (!esta)
+                for (const QString &clave : {claves.c001, claves.c002, claves.c003}) q.bindValue(n++, clave);
+            for (const QString &valor : valores) q.bindValue(n++, valor);
+            if (!esta && !plan.conUnidad) q.bindValue(n++, unidadPorDefecto);
+            if (esta)
+                for (const QString &clave : {claves.c001, claves.c002, claves.c003}) q.bindValue(n++, clave);
+            if ((!esta || !cambio.isEmpty()) && !q.exec())
+                throw Falla{QStringLiteral("No se cargó nada de %1: el store rechazó la línea %2 (%3).")
+                                .arg(archivo)
+                                .arg(registro.linea)
+                                .arg(q.lastError().databaseText().simplified())};
+            presentes.insert(posicion);
+            ++resultado.cargadas;
+            if (progreso && resultado.cargadas % filasPorAviso == 0) progreso(que, resultado.cargadas, total);
+        }
+        insercion.finish();
+        modificacion.finish();
+        a.confirmar();
+    } catch (...) {
+        a.deshacer();
+        resultado.cargadas = 0;
+        throw;
+    }
+    if (progreso) progreso(que, total, total);
+}
+
+}  // namespace
+
+ResultadoCsv CargarNomenclador(const QString &rutaDelPerfil, const QString &archivo,
+                               const QString &unidadPorDefecto, const Progreso &progreso) {
+    ResultadoCsv resultado;
+    try {
+        csv::Lector lector;
+        if (!lector.abrir(archivo, resultado.error)) return resultado;
+        Destino destino;
+        abrirDestino(destino, rutaDelPerfil, QStringLiteral("ncm"));
+        cargar(destino, lector, archivo, unidadPorDefecto, progreso, resultado);
+        resultado.ok = true;
+    } catch (const Falla &f) {
+        resultado.error = f.mensaje;
+    } catch (const ErrorDeStore &e) {
+        resultado.error = e.descripcion;
+    }
+    return resultado;
+}
+
+}  // namespace actualizacion
