@@ -1,7 +1,6 @@
 #pragma once
 // The store seam: connections that take SQL text as the modules spell it, and the recordsets they answer with.
 
-#include <QHash>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariant>
@@ -60,7 +59,6 @@ class Recordset {
 
     std::vector<QString> nombres_;
     std::vector<QVariant> celdas_;
-    mutable QHash<QString, int> porNombre_;
     std::size_t ancho_ = 0;
     int fila_ = 0;
     Conexion *conexion_ = nullptr;  ///< set for an updatable recordset

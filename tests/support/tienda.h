@@ -51,8 +51,9 @@ class Tienda {
 class EnAmbosStores : public ::testing::TestWithParam<const char *> {
   protected:
     void SetUp() override;
-    /// Sends each statement in turn to INTERNOS.
-    void ejecutar(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
+    void TearDown() override;
+    /// Sends a statement to INTERNOS, or to another entity; rows touched.
+    qint64 ejecutar(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
     /// The first column of the first row as text; "<nada>" without a row.
     QString valor(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
     /// Every row as "a|b|c", joined by "\n"; numbers in their shortest text, nulls as "<null>".

@@ -1,0 +1,37 @@
+#include "frame/context.h"
+
+namespace {
+
+AppContext *&actual() {
+    static AppContext *contexto = nullptr;
+    return contexto;
+}
+
+}  // namespace
+
+bool MotivoDecreto::alguno() const {
+    const QLatin1String si("S");
+    return d1439_96 == si || d1439_96A1 == si || d1330_04A6 == si || d1330_04A7 == si || d1330_04A8 == si;
+}
+
+AppContext &Contexto() {
+    if (actual() == nullptr) {
+        static AppContext propio;
+        actual() = &propio;
+    }
+    return *actual();
+}
+
+void fijarContexto(AppContext *contexto) { actual() = contexto; }
+
+bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Recordset &rs) {
+    Conexion &conexion = ctx.conexion(entidad);
+    conexion.Sql = sql;
+    return conexion.crearrs(rs);
+}
+
+qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql) {
+    Conexion &conexion = ctx.conexion(entidad);
+    conexion.Sql = sql;
+    return conexion.Ejecutar();
+}

@@ -1,0 +1,111 @@
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QStringList>
+
+#include "frame/engines.h"
+
+namespace motores {
+
+namespace {
+
+ErrorDeStore error(const QSqlError &e) {
+    QString texto = e.databaseText().trimmed();
+    // The driver adds its own words behind the engine's.
+    const qsizetype cola = texto.lastIndexOf(QLatin1String("\n("));
+    if (cola > 0) texto.truncate(cola);
+    return {e.nativeErrorCode().toInt(), {}, texto, {}};
+}
+
+QVariant celda(const QVariant &valor) {
+    if (valor.isNull()) return {};
+    switch (valor.typeId()) {
+        case QMetaType::Double:
+        case QMetaType::LongLong:
+        case QMetaType::QString:
+            return valor;
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::ULongLong:
+            return valor.toLongLong();
+        case QMetaType::Bool:
+            return static_cast<qlonglong>(valor.toBool());
+        case QMetaType::QDateTime:
+            // The same text as the file store keeps.
+            return valor.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+        default:
+            return valor.toString();
+    }
+}
+
+}  // namespace
+
+QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) {
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), nombre);
+    db.setHostName(datos.host);
+    db.setPort(datos.puerto);
+    db.setDatabaseName(datos.base);
+    db.setUserName(datos.usuario);
+    // An empty one leaves the answer to PostgreSQL's own password file.
+    if (!datos.clave.isEmpty()) db.setPassword(datos.clave);
+    db.setConnectOptions(QStringLiteral("connect_timeout=10"));
+    db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
+    if (!db.open()) {
+        const QString motivo = error(db.lastError()).descripcion.simplified();
+        throw ErrorDeStore{-1,
+                           {},
+                           QStringLiteral("No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); verifique que el servidor "
+                                          "esté encendido y los datos del perfil.")
+                               .arg(datos.base, datos.host)
+                               .arg(datos.puerto)
+                               .arg(motivo),
+                           {}};
+    }
+    QStringList camino{QLatin1Char('"') + datos.esquema + QLatin1Char('"')};
+    for (const auto &vecino : datos.vecinos) camino << QLatin1Char('"') + vecino.second + QLatin1Char('"');
+    camino << QStringLiteral("public");
+    QSqlQuery consulta(db);
+    if (!consulta.exec(QStringLiteral("set search_path to %1").arg(camino.join(QLatin1Char(',')))) ||
+        !consulta.exec(QStringLiteral("set client_min_messages to warning")))
+        throw error(consulta.lastError());
+    return db;
+}
+
+qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas) {
+    QSqlQuery consulta(db);
+    consulta.setForwardOnly(true);
+    if (!consulta.exec(sql)) throw error(consulta.lastError());
+    if (!consulta.isSelect()) return std::max(0, consulta.numRowsAffected());
+    const int columnas = consulta.record().count();
+    if (filas != nullptr) {
+        const QSqlRecord registro = consulta.record();
+        for (int c = 0; c < columnas; ++c) filas->nombres.push_back(registro.fieldName(c));
+    }
+    qint64 leidas = 0;
+    while (consulta.next()) {
+        ++leidas;
+        if (filas == nullptr) continue;
+        for (int c = 0; c < columnas; ++c) filas->celdas.push_back(celda(consulta.value(c)));
+    }
+    return leidas;
+}
+
+QSet<QString> tablasOrdenadasDeServidor(const QSqlDatabase &db) {
+    QSet<QString> tablas;
+    Filas filas;
+    correrEnServidor(db,
+                     QStringLiteral("select distinct c.relname::text from pg_catalog.pg_attribute a join pg_catalog.pg_class c on "
+                                    "c.oid = a.attrelid where a.attname = 'zfila' and c.relkind = 'r' and not a.attisdropped"),
+                     &filas);
+    for (const QVariant &nombre : filas.celdas) tablas.insert(nombre.toString());
+    return tablas;
+}
+
+void escrituraLigeraEnServidor(const QSqlDatabase &db, bool activa) {
+    correrEnServidor(db, QStringLiteral("set synchronous_commit to %1").arg(activa ? QStringLiteral("off") : QStringLiteral("on")), nullptr);
+    // A commit that waits takes everything before it to the disk.
+    if (!activa) correrEnServidor(db, QStringLiteral("select pg_catalog.pg_current_xact_id()"), nullptr);
+}
+
+}  // namespace motores

@@ -1,0 +1,185 @@
+#include "frame/numbers.h"
+
+#include <QLocale>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace numeros {
+
+namespace {
+
+QChar &separador() {
+    static QChar actual = [] {
+        const QString del = QLocale().decimalPoint();
+        return del == QLatin1String(".") ? QLatin1Char('.') : QLatin1Char(',');
+    }();
+    return actual;
+}
+
+/// The 15 significant decimal digits of a finite number above zero, and where its point stands: the value is
+/// 0.d1d2…d15 times ten to the `exponente`.
+struct Digitos {
+    std::array<char, 15> cifra{};
+    int exponente = 0;
+};
+
+Digitos quinceDigitos(double positivo) {
+    // "d.dddddddddddddde±xx"
+    std::array<char, 32> texto{};
+    const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), positivo,
+                                   std::chars_format::scientific, 14);
+    Digitos d;
+    d.cifra[0] = texto[0];
+    for (std::size_t i = 1; i < d.cifra.size(); ++i) d.cifra[i] = texto[i + 1];
+    int exponente = 0;
+    const char *marca = texto.data() + 17;
+    if (*marca == '+') ++marca;
+    std::from_chars(marca, fin.ptr, exponente);
+    d.exponente = exponente + 1;
+    return d;
+}
+
+/// The decimal digits of `positivo` rounded to `decimales`, as one whole text without point; at least
+/// `decimales` + 1 digits.
+QByteArray redondeadoComoEntero(double positivo, int decimales) {
+    const Digitos d = quinceDigitos(positivo);
+    const int quedan = d.exponente + decimales;  // how many of the digits stay
+    if (quedan < 0) return QByteArray(decimales + 1, '0');
+    QByteArray entero;
+    entero.reserve(quedan + 1);
+    for (int i = 0; i < quedan; ++i) entero.append(i < 15 ? d.cifra[static_cast<std::size_t>(i)] : '0');
+    if (quedan < 15 && d.cifra[static_cast<std::size_t>(quedan)] >= '5') {
+        int i = static_cast<int>(entero.size()) - 1;
+        while (i >= 0 && entero[i] == '9') entero[i--] = '0';
+        if (i >= 0)
+            entero[i] = static_cast<char>(entero[i] + 1);
+        else
+            entero.prepend('1');
+    }
+    if (entero.size() < decimales + 1) entero.prepend(QByteArray(decimales + 1 - entero.size(), '0'));
+    return entero;
+}
+
+/// True with the cents in `entero` when plain arithmetic is certain to agree with the digits: far enough from a
+/// half, and small enough for a double to hold the product exactly enough.
+bool porAritmetica(double positivo, int decimales, double &entero) {
+    static constexpr std::array<double, 7> potencias{1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+    if (decimales < 0 || decimales >= static_cast<int>(potencias.size()) || positivo >= 1e8) return false;
+    const double escalado = positivo * potencias[static_cast<std::size_t>(decimales)];
+    const double abajo = std::floor(escalado);
+    const double resto = escalado - abajo;
+    if (std::fabs(resto - 0.5) < 1e-4 * (1 + escalado * 1e-9)) return false;
+    entero = resto > 0.5 ? abajo + 1 : abajo;
+    return true;
+}
+
+}  // namespace
+
+QChar separadorDecimal() { return separador(); }
+void fijarSeparadorDecimal(QChar nuevo) { separador() = nuevo; }
+
+double redondear(double valor, int decimales) {
+    if (!std::isfinite(valor) || valor == 0) return valor == 0 ? 0 : valor;
+    const double positivo = std::fabs(valor);
+    double resultado = 0;
+    double entero = 0;
+    if (porAritmetica(positivo, decimales, entero)) {
+        static constexpr std::array<double, 7> potencias{1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+        // The quotient of two exact numbers is the double nearest to the decimal, as reading its text would be.
+        resultado = entero / potencias[static_cast<std::size_t>(decimales)];
+    } else {
+        QByteArray texto = redondeadoComoEntero(positivo, decimales);
+        texto.insert(texto.size() - decimales, '.');
+        std::from_chars(texto.constData(), texto.constData() + texto.size(), resultado);
+    }
+    if (resultado == 0) return 0;
+    return valor < 0 ? -resultado : resultado;
+}
+
+QString Format(double valor, QStringView mascara) {
+    const qsizetype punto = mascara.indexOf(QLatin1Char('.'));
+    const int decimales = punto < 0 ? 0 : static_cast<int>(mascara.size() - punto - 1);
+    const int enteros = static_cast<int>(punto < 0 ? mascara.size() : punto);
+    if (!std::isfinite(valor)) return std::isnan(valor) ? QStringLiteral("NaN") : (valor < 0 ? QStringLiteral("-∞") : QStringLiteral("∞"));
+    QByteArray cifras = valor == 0 ? QByteArray(decimales + 1, '0') : redondeadoComoEntero(std::fabs(valor), decimales);
+    if (cifras.size() < enteros + decimales) cifras.prepend(QByteArray(enteros + decimales - cifras.size(), '0'));
+    const bool negativo = valor < 0 && cifras.count('0') != cifras.size();
+    QString texto;
+    texto.reserve(cifras.size() + 2);
+    if (negativo) texto += QLatin1Char('-');
+    // A mask with no integer digit at all shows none for a value below one.
+    qsizetype desde = 0;
+    while (cifras.size() - desde > enteros + decimales && cifras[desde] == '0') ++desde;
+    texto += QLatin1String(cifras.constData() + desde, cifras.size() - decimales - desde);
+    if (decimales > 0) {
+        texto += separadorDecimal();
+        texto += QLatin1String(cifras.constData() + cifras.size() - decimales, decimales);
+    }
+    return texto;
+}
+
+QString Format(const QString &texto, QStringView mascara) {
+    return esNumerico(texto) ? Format(aNumero(texto), mascara) : texto;
+}
+
+bool esNumerico(QStringView texto) {
+    texto = texto.trimmed();
+    qsizetype i = 0;
+    if (i < texto.size() && (texto[i] == u'+' || texto[i] == u'-')) ++i;
+    int cifras = 0;
+    int puntos = 0;
+    for (; i < texto.size(); ++i) {
+        const char16_t c = texto[i].unicode();
+        if (c >= u'0' && c <= u'9')
+            ++cifras;
+        else if ((c == u'.' || c == u',') && puntos == 0)
+            ++puntos;
+        else
+            break;
+    }
+    if (cifras == 0) return false;
+    if (i < texto.size() && (texto[i] == u'e' || texto[i] == u'E')) {
+        ++i;
+        if (i < texto.size() && (texto[i] == u'+' || texto[i] == u'-')) ++i;
+        const qsizetype desde = i;
+        while (i < texto.size() && texto[i] >= u'0' && texto[i] <= u'9') ++i;
+        if (i == desde) return false;
+    }
+    return i == texto.size();
+}
+
+double aNumero(QStringView texto) {
+    if (!esNumerico(texto)) return 0;
+    texto = texto.trimmed();
+    if (texto.front() == u'+') texto = texto.mid(1);
+    QByteArray plano;
+    plano.reserve(texto.size());
+    for (const QChar c : texto) plano.append(c == u',' ? '.' : static_cast<char>(c.unicode()));
+    if (plano.startsWith('.')) plano.prepend('0');
+    double valor = 0;
+    const auto leido = std::from_chars(plano.constData(), plano.constData() + plano.size(), valor);
+    // Out of range: what the platform's own reading would give is infinity or zero; neither is an amount.
+    return leido.ec == std::errc() ? valor : 0;
+}
+
+QString aTexto(double valor) {
+    if (valor == 0) return QStringLiteral("0");
+    if (std::fabs(valor) < 1e15 && std::fabs(valor) >= 1e-5) {
+        std::array<char, 32> texto{};
+        const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), valor, std::chars_format::general, 15);
+        const QByteArrayView vista(texto.data(), fin.ptr - texto.data());
+        if (!vista.contains('e')) return QString::fromLatin1(vista);
+    }
+    // Without exponent, so that the text stands in a statement as a plain number.
+    QString texto = QString::number(valor, 'f', std::fabs(valor) >= 1 ? 0 : 20);
+    if (texto.contains(QLatin1Char('.'))) {
+        while (texto.endsWith(QLatin1Char('0'))) texto.chop(1);
+        if (texto.endsWith(QLatin1Char('.'))) texto.chop(1);
+    }
+    return texto;
+}
+
+double PorcentajeRedondeado(double a, double b) { return redondear(a * b / 100, 2); }
+
+}  // namespace numeros

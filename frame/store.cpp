@@ -1,0 +1,210 @@
+#include "frame/store.h"
+
+#include <QElapsedTimer>
+#include <QSqlQuery>
+#include <QUuid>
+
+#include "frame/dialect.h"
+#include "frame/engines.h"
+#include "frame/numbers.h"
+#include "frame/values.h"
+#include "siblings/StoreProfiles.h"
+
+namespace {
+
+std::function<void(const TrazaDeSentencia &)> &traza() {
+    static std::function<void(const TrazaDeSentencia &)> actual;
+    return actual;
+}
+
+}  // namespace
+
+struct Conexion::Interno {
+    std::unique_ptr<Datos> datos;
+    QString nombre;  ///< Qt's name of the handle
+    QString etiqueta;
+    bool abierta = false;
+    int ligeras = 0;  ///< how many runs asked for light writing
+    dialecto::Ajustes ajustes;
+
+    QSqlDatabase db() const { return QSqlDatabase::database(nombre, false); }
+
+    void abrir() {
+        if (abierta) return;
+        try {
+            QSqlDatabase motor = datos->servidor ? motores::abrirServidor(*datos, nombre) : motores::abrirArchivo(*datos, nombre);
+            ajustes.motor = datos->servidor ? dialecto::Motor::PostgreSQL : dialecto::Motor::SQLite;
+            ajustes.tablasOrdenadas =
+                datos->servidor ? motores::tablasOrdenadasDeServidor(motor) : motores::tablasOrdenadasDeArchivo(motor);
+            abierta = true;
+            if (ligeras > 0) ligera(true);
+        } catch (...) {
+            QSqlDatabase::removeDatabase(nombre);
+            throw;
+        }
+    }
+
+    void ligera(bool activa) const {
+        if (datos->servidor)
+            motores::escrituraLigeraEnServidor(db(), activa);
+        else
+            motores::escrituraLigeraEnArchivo(db(), activa);
+    }
+
+    qint64 correr(const QString &sentencia, const QString &traducida, motores::Filas *filas) {
+        const auto &hilo = traza();
+        QElapsedTimer reloj;
+        if (hilo) reloj.start();
+        qint64 cuantas = 0;
+        try {
+            cuantas = datos->servidor ? motores::correrEnServidor(db(), traducida, filas)
+                                      : motores::correrEnArchivo(db(), traducida, filas);
+        } catch (ErrorDeStore &e) {
+            e.fuente = datos->entidad;
+            e.sentencia = sentencia;
+            // A server that went away: the next statement opens a new connection.
+            if (datos->servidor && !sigueViva()) cerrar();
+            throw;
+        }
+        if (hilo) hilo({datos->entidad, sentencia, traducida, reloj.nsecsElapsed() / 1000, cuantas});
+        return cuantas;
+    }
+
+    bool sigueViva() const {
+        QSqlQuery consulta(db());
+        return consulta.exec(QStringLiteral("select 1"));
+    }
+
+    void cerrar() {
+        if (!abierta) return;
+        abierta = false;
+        db().close();
+        QSqlDatabase::removeDatabase(nombre);
+    }
+};
+
+Conexion::Conexion(std::unique_ptr<Datos> datos) : i_(std::make_unique<Interno>()) {
+    i_->etiqueta = datos->servidor ? QStringLiteral("SQL") : QStringLiteral("ACCESS");
+    i_->nombre = datos->entidad + QLatin1Char('-') + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    i_->datos = std::move(datos);
+}
+
+Conexion::~Conexion() { i_->cerrar(); }
+
+bool Conexion::crearrs(Recordset &rs) {
+    rs = Recordset();
+    i_->abrir();
+    motores::Filas filas;
+    i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), &filas);
+    rs.nombres_ = std::move(filas.nombres);
+    rs.celdas_ = std::move(filas.celdas);
+    rs.ancho_ = rs.nombres_.size();
+    return !rs.Eof();
+}
+
+bool Conexion::crearrsActualizable(Recordset &rs, const QString &tabla) {
+    rs = Recordset();
+    i_->abrir();
+    motores::Filas filas;
+    i_->correr(Sql, dialecto::conIdentidad(Sql, i_->ajustes), &filas);
+    // The identity is the last column, and none of the caller's.
+    const std::size_t ancho = filas.nombres.size();
+    for (std::size_t f = 0; f + ancho <= filas.celdas.size(); f += ancho) {
+        for (std::size_t c = 0; c + 1 < ancho; ++c) rs.celdas_.push_back(std::move(filas.celdas[f + c]));
+        rs.identidades_.push_back(filas.celdas[f + ancho - 1]);
+    }
+    filas.nombres.pop_back();
+    rs.nombres_ = std::move(filas.nombres);
+    rs.ancho_ = rs.nombres_.size();
+    rs.conexion_ = this;
+    rs.tabla_ = tabla;
+    return !rs.Eof();
+}
+
+qint64 Conexion::Ejecutar() {
+    i_->abrir();
+    return i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), nullptr);
+}
+
+QSqlDatabase Conexion::coneccion() {
+    i_->abrir();
+    return i_->db();
+}
+
+const QString &Conexion::entidad() const { return i_->datos->entidad; }
+const QString &Conexion::etiqueta() const { return i_->etiqueta; }
+bool Conexion::abierta() const { return i_->abierta; }
+void Conexion::cerrar() { i_->cerrar(); }
+
+void Conexion::escrituraLigera(bool activa) {
+    i_->ligeras += activa ? 1 : -1;
+    if (i_->ligeras == (activa ? 1 : 0) && (activa || i_->abierta)) {
+        i_->abrir();
+        i_->ligera(activa);
+    }
+}
+
+void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) { traza() = std::move(nueva); }
+
+// Recordset
+
+void Recordset::Close() { *this = Recordset(); }
+
+int Recordset::columna(QStringView nombre) const {
+    // A handful of columns, asked for in much the same order at every row: a walk beats a table.
+    for (std::size_t c = 0; c < nombres_.size(); ++c)
+        if (nombre.compare(nombres_[c], Qt::CaseInsensitive) == 0) return static_cast<int>(c);
+    throw ErrorDeStore{3265, QStringLiteral("Recordset"), QStringLiteral("El conjunto de registros no tiene la columna %1.").arg(nombre), {}};
+}
+
+Campo Recordset::Fields(int columna) const {
+    if (Eof()) throw ErrorDeStore{3021, QStringLiteral("Recordset"), QStringLiteral("No hay ningún registro activo."), {}};
+    return {celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(columna)]};
+}
+
+Campo Recordset::Fields(QStringView nombre) const { return Fields(columna(nombre)); }
+QString Recordset::Texto(QStringView nombre) const { return EsNull(Fields(nombre).Value); }
+double Recordset::Numero(QStringView nombre) const { return EsNumero(Fields(nombre).Value); }
+bool Recordset::EsNulo(QStringView nombre) const { return Fields(nombre).Value.isNull(); }
+
+void Recordset::Poner(QStringView nombre, const QVariant &valor) {
+    const int c = columna(nombre);
+    celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(c)] = valor;
+    pendientes_.emplace_back(nombres_[static_cast<std::size_t>(c)], valor);
+}
+
+void Recordset::Update() {
+    if (pendientes_.empty()) return;
+    if (conexion_ == nullptr || Eof())
+        throw ErrorDeStore{3251, QStringLiteral("Recordset"), QStringLiteral("El conjunto de registros no admite cambios."), {}};
+    const auto &conexion = *conexion_->i_;
+    const bool servidor = conexion.datos->servidor;
+    QStringList cambios;
+    for (const auto &[nombre, valor] : pendientes_) {
+        QString texto;
+        if (valor.isNull())
+            texto = QStringLiteral("NULL");
+        else if (valor.typeId() == QMetaType::QString)
+            texto = QLatin1Char('\'') + DoblarComillas(valor.toString()) + QLatin1Char('\'');
+        else
+            texto = numeros::aTexto(valor.toDouble());
+        cambios << nombre + QLatin1String(" = ") + texto;
+    }
+    pendientes_.clear();
+    QVariant &identidad = identidades_[static_cast<std::size_t>(fila_)];
+    // Written for the engine as it is: the identity is the engine's own word, and no module spells it.
+    QString sql = QStringLiteral("update %1 set %2 where ").arg(tabla_, cambios.join(QLatin1String(", ")));
+    qint64 tocadas = 0;
+    if (servidor) {
+        // The row's place changes with its contents; the new one is kept for a second change.
+        motores::Filas filas;
+        sql += QStringLiteral("ctid = '%1'::tid returning ctid::text").arg(identidad.toString());
+        tocadas = conexion_->i_->correr(sql, sql, &filas);
+        if (tocadas == 1) identidad = filas.celdas.front();
+    } else {
+        sql += QStringLiteral("rowid = %1").arg(identidad.toLongLong());
+        tocadas = conexion_->i_->correr(sql, sql, nullptr);
+    }
+    if (tocadas != 1)
+        throw ErrorDeStore{3167, QStringLiteral("Recordset"), QStringLiteral("El registro de %1 ya no está en el store.").arg(tabla_), sql};
+}

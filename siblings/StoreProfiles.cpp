@@ -1,0 +1,225 @@
+#include "siblings/StoreProfiles.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "frame/ini.h"
+
+namespace StoreProfiles {
+
+namespace {
+
+const QString fechaDeArchivo = QStringLiteral("#MM/dd/yyyy HH:mm:ss#");
+const QString fechaDeServidor = QStringLiteral("'yyyy-MM-dd HH:mm:ss'");
+const QString sufijoDePerfil = QStringLiteral(".perfil.ini");
+
+[[noreturn]] void rechazar(const QString &texto) { throw ErrorDeStore{0, QStringLiteral("StoreProfiles"), texto, {}}; }
+
+QString otro(const QString &valor, const QString &defecto) { return valor.isEmpty() ? defecto : valor; }
+
+/// What one section says; null when the profile does not name the entity.
+std::unique_ptr<Conexion::Datos> leerEntidad(const QString &ruta, const QString &entidad) {
+    const auto leer = [&](const char *clave) { return LeerIni(entidad, QLatin1String(clave), ruta); };
+    const QString motor = leer("driver").toLower();
+    if (motor.isEmpty()) return nullptr;
+    auto datos = std::make_unique<Conexion::Datos>();
+    datos->entidad = entidad;
+    if (motor == QLatin1String("servidor")) {
+        datos->servidor = true;
+        datos->host = leer("host");
+        datos->puerto = otro(leer("puerto"), QStringLiteral("5432")).toInt();
+        datos->base = leer("base");
+        datos->esquema = otro(leer("esquema"), entidad.toLower());
+        datos->usuario = leer("usuario");
+        datos->clave = leer("clave");
+        if (datos->host.isEmpty() || datos->base.isEmpty())
+            rechazar(QStringLiteral("Al perfil %1 le falta el host o la base en la sección [%2]; complételos.").arg(ruta, entidad));
+    } else if (motor == QLatin1String("archivo")) {
+        const QString archivo = leer("archivo");
+        if (archivo.isEmpty())
+            rechazar(QStringLiteral("Al perfil %1 le falta el archivo en la sección [%2]; complételo.").arg(ruta, entidad));
+        datos->archivo = QDir::cleanPath(QFileInfo(ruta).absoluteDir().absoluteFilePath(QDir::fromNativeSeparators(archivo)));
+    } else {
+        rechazar(QStringLiteral("El perfil %1 dice driver=%2 en la sección [%3]; use \"archivo\" o \"servidor\".")
+                     .arg(ruta, motor, entidad));
+    }
+    datos->separadorDecimal = otro(leer("separador"), QStringLiteral("."));
+    datos->formaDeFecha = otro(leer("fecha"), datos->servidor ? fechaDeServidor : fechaDeArchivo);
+    return datos;
+}
+
+bool mismoMotor(const Conexion::Datos &a, const Conexion::Datos &b) {
+    return a.servidor == b.servidor && (!a.servidor || (a.host == b.host && a.puerto == b.puerto && a.base == b.base));
+}
+
+bool escribir(const QString &ruta, const QString &nombre, const QStringList &lineas) {
+    QDir().mkpath(QFileInfo(ruta).absolutePath());
+    QFile f(ruta);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
+    return f.write((QStringLiteral("[PERFIL]\r\nnombre=%1\r\n").arg(nombre) + lineas.join(QLatin1String("\r\n")) + QLatin1String("\r\n"))
+                       .toUtf8()) > 0;
+}
+
+/// The entities that have stores of their own; the last two belong to other programs' forms.
+QStringList conStore() { return entidades().mid(0, 7); }
+
+QString nombreDeArchivo(const QString &entidad) {
+    // ESTADO keeps the file name its libraries know.
+    return (entidad == QLatin1String("ESTADO") ? QStringLiteral("estados") : entidad.toLower()) + QLatin1String(".db");
+}
+
+}  // namespace
+
+const QStringList &entidades() {
+    static const QStringList todas{QStringLiteral("INTERNOS"), QStringLiteral("SYSTABLAS"), QStringLiteral("NCM"),
+                                   QStringLiteral("CATALOGOS"), QStringLiteral("PERSONAL"), QStringLiteral("USUARIO"),
+                                   QStringLiteral("ESTADO"),    QStringLiteral("EDCADASSA"), QStringLiteral("BOLDEP")};
+    return todas;
+}
+
+struct SPMain::Interno {
+    QString ruta;
+    QString nombre;
+    std::map<QString, std::unique_ptr<Conexion::Datos>> datos;
+    std::map<QString, std::unique_ptr<Conexion>> conexiones;
+
+    const Conexion::Datos &de(const QString &entidad) const {
+        const auto encontrado = datos.find(entidad);
+        if (encontrado == datos.end())
+            rechazar(QStringLiteral("El perfil %1 no dice dónde está el store %2; agregue la sección [%2].").arg(ruta, entidad));
+        return *encontrado->second;
+    }
+};
+
+SPMain::SPMain() : i_(std::make_unique<Interno>()) {
+    const QString programa = QCoreApplication::instance() != nullptr ? QCoreApplication::applicationDirPath() : QDir::currentPath();
+    carpetas << programa << QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/zendra");
+}
+
+SPMain::~SPMain() = default;
+
+QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
+    std::vector<PerfilEncontrado> perfiles;
+    for (const QString &carpeta : carpetas) {
+        const QStringList archivos = QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
+        for (const QString &archivo : archivos) {
+            const QString ruta = carpeta + QLatin1Char('/') + archivo;
+            perfiles.push_back({otro(LeerIni(QStringLiteral("PERFIL"), QStringLiteral("nombre"), ruta), archivo.chopped(sufijoDePerfil.size())), ruta});
+        }
+    }
+    if (perfiles.empty()) {
+        for (const QString &carpeta : carpetas) {
+            const QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
+            if (QDir().mkpath(carpeta + QStringLiteral("/db")) && escribirPerfilDeArchivos(ruta, nombreDeFamilia, carpeta + QStringLiteral("/db"))) {
+                usarPerfil(ruta);
+                return ruta;
+            }
+        }
+        return {};
+    }
+    int cual = 0;
+    if (perfiles.size() > 1) cual = elegir ? elegir(perfiles) : -1;
+    if (cual < 0 || cual >= static_cast<int>(perfiles.size())) return {};
+    usarPerfil(perfiles[static_cast<std::size_t>(cual)].ruta);
+    return perfiles[static_cast<std::size_t>(cual)].ruta;
+}
+
+bool SPMain::usarPerfil(const QString &ruta, QString *error) {
+    const QFileInfo info(ruta);
+    const auto fallar = [&](const QString &texto) {
+        if (error != nullptr) *error = texto;
+        return false;
+    };
+    if (!info.exists()) return fallar(QStringLiteral("No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3.").arg(ruta));
+    if (!info.isFile() || !info.isReadable()) return fallar(QStringLiteral("No se puede leer el perfil %1; revise sus permisos.").arg(ruta));
+    std::map<QString, std::unique_ptr<Conexion::Datos>> datos;
+    try {
+        for (const QString &entidad : entidades())
+            if (auto de = leerEntidad(ruta, entidad)) datos[entidad] = std::move(de);
+    } catch (const ErrorDeStore &e) {
+        return fallar(e.descripcion);
+    }
+    if (datos.empty()) return fallar(QStringLiteral("El archivo %1 no es un perfil: no nombra ningún store; corrija la ruta o sus secciones.").arg(ruta));
+    for (const QString &entidad : entidades()) {
+        if (!datos.contains(entidad)) continue;
+        for (const QString &otra : entidades())
+            if (otra != entidad && datos.contains(otra) && mismoMotor(*datos[entidad], *datos[otra]))
+                datos[entidad]->vecinos.emplace_back(otra, datos[otra]->servidor ? datos[otra]->esquema : datos[otra]->archivo);
+    }
+    i_->conexiones.clear();
+    i_->datos = std::move(datos);
+    i_->ruta = info.absoluteFilePath();
+    i_->nombre = otro(LeerIni(QStringLiteral("PERFIL"), QStringLiteral("nombre"), ruta), info.completeBaseName());
+    return true;
+}
+
+void SPMain::LoadParameters() {
+    if (i_->datos.empty())
+        rechazar(QStringLiteral("No hay un perfil elegido; cree uno con DbUpgrade3 o elija uno al iniciar el programa."));
+    for (const auto &[entidad, datos] : i_->datos)
+        if (!datos->servidor && !QFileInfo::exists(datos->archivo))
+            rechazar(QStringLiteral("No existe el archivo %1 que el perfil %2 nombra para %3; corrija el perfil o créelo con DbUpgrade3.")
+                         .arg(datos->archivo, i_->ruta, entidad));
+}
+
+QString SPMain::obtenerNombreDePerfilSeleccionado() const { return i_->nombre; }
+QString SPMain::rutaDelPerfil() const { return i_->ruta; }
+
+Conexion &SPMain::getDataConnectionByEntity(const QString &entidad) {
+    auto &conexion = i_->conexiones[entidad];
+    if (!conexion) conexion = std::make_unique<Conexion>(std::make_unique<Conexion::Datos>(i_->de(entidad)));
+    return *conexion;
+}
+
+QString SPMain::getDataConnectionTAG(const QString &entidad) const {
+    return i_->de(entidad).servidor ? QStringLiteral("SQL") : QStringLiteral("ACCESS");
+}
+
+QString SPMain::getDecimalSeparatorbyEntity(const QString &entidad) const { return i_->de(entidad).separadorDecimal; }
+
+QString SPMain::getDateFormatbyEntity(const QString &entidad, const QDateTime &valor) const {
+    const QString forma = i_->de(entidad).formaDeFecha;
+    // The delimiters stand around the pattern; QDateTime would read a quote as its own.
+    const QString dentro = valor.toString(forma.mid(1, forma.size() - 2));
+    return forma.front() + dentro + forma.back();
+}
+
+QString SPMain::getNumberFormatbyEntity(int decimales, const QString &, const QString &) const {
+    return QStringLiteral("ROUND(999.999,%1)").arg(decimales);
+}
+
+void SPMain::CloseAllDataConnection() {
+    for (const auto &[entidad, conexion] : i_->conexiones) conexion->cerrar();
+}
+
+const Conexion::Datos *SPMain::datos(const QString &entidad) const {
+    const auto encontrado = i_->datos.find(entidad);
+    return encontrado == i_->datos.end() ? nullptr : encontrado->second.get();
+}
+
+bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const QString &carpeta) {
+    QStringList lineas;
+    for (const QString &entidad : conStore())
+        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']') << QStringLiteral("driver=archivo")
+               << QStringLiteral("archivo=%1/%2").arg(carpeta, nombreDeArchivo(entidad));
+    return escribir(ruta, nombre, lineas);
+}
+
+bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto, const QString &base,
+                              const QString &usuario, const QString &carpetaLocal) {
+    QStringList lineas;
+    for (const QString &entidad : conStore()) {
+        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']');
+        if (entidad == QLatin1String("USUARIO"))
+            lineas << QStringLiteral("driver=archivo") << QStringLiteral("archivo=%1/%2").arg(carpetaLocal, nombreDeArchivo(entidad));
+        else
+            lineas << QStringLiteral("driver=servidor") << QStringLiteral("host=") + host
+                   << QStringLiteral("puerto=%1").arg(puerto) << QStringLiteral("base=") + base
+                   << QStringLiteral("esquema=") + entidad.toLower() << QStringLiteral("usuario=") + usuario;
+    }
+    return escribir(ruta, nombre, lineas);
+}
+
+}  // namespace StoreProfiles
