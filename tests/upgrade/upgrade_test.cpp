@@ -1,0 +1,271 @@
+#include "upgrade/upgrade.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include "tests/support/tienda.h"
+#include "upgrade/schema.h"
+
+using actualizacion::Actualizar;
+using actualizacion::Resultado;
+
+namespace {
+
+class Actualizacion : public EnAmbosStores {
+  protected:
+    /// A statement of the engine itself, past the translator.
+    void motor(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS")) {
+        QSqlQuery consulta(ctx->conexion(entidad).coneccion());
+        EXPECT_TRUE(consulta.exec(sql)) << sql.toStdString() << ": " << consulta.lastError().text().toStdString();
+    }
+    /// Upgrades with every connection of the test closed, as it is when the program runs.
+    Resultado actualizar() {
+        ctx->DataManager.CloseAllDataConnection();
+        return Actualizar(tienda->perfil());
+    }
+    bool esServidor() const { return std::string(GetParam()) == "SQL"; }
+};
+
+TEST_P(Actualizacion, AFreshStoreHasEveryTableWithItsColumns) {
+    for (const esquema::Tabla &tabla : esquema::tablas()) {
+        QStringList columnas;
+        for (const esquema::Columna &c : tabla.columnas) columnas << QLatin1Char('[') + c.nombre + QLatin1Char(']');
+        EXPECT_EQ(filas(QStringLiteral("select %1 from %2 where 1 = 0").arg(columnas.join(QLatin1Char(',')), tabla.nombre),
+                        tabla.entidad)
+                      .toStdString(),
+                  "")
+            << tabla.nombre.toStdString();
+    }
+    EXPECT_EQ(valor("select valor from version where propiedad = 'version'").toStdString(), "330");
+}
+
+TEST_P(Actualizacion, ASecondRunChangesNothing) {
+    ejecutar("insert into caratula (interno) values ('A')");
+    const Resultado r = actualizar();
+    EXPECT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.cambios, QStringList());
+    EXPECT_EQ(valor("select count(*) as n from caratula").toStdString(), "1");
+}
+
+TEST_P(Actualizacion, AnOlderStoreGainsWhatItLacksAndKeepsItsRows) {
+    ejecutar("insert into subitems (interno,ncm,descripcion,cantidad,insumostemp) values ('A','0101','Ñandú',2,'x')");
+    ejecutar("insert into subitems (interno,ncm,cantidad) values ('B','0102',3)");
+    ejecutar("insert into caratula (interno,factura1) values ('A','F-1')");
+    motor(QStringLiteral("drop index ix_subitems_interno_id"));
+    motor(QStringLiteral("alter table subitems drop column factura_nro"));
+    motor(QStringLiteral("drop table liqcero"));
+    motor(QStringLiteral("drop table mottmp"), QStringLiteral("SYSTABLAS"));
+    ejecutar("update version set valor = '312' where propiedad = 'version'");
+
+    const Resultado r = actualizar();
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    const QString cambios = r.cambios.join(QLatin1Char('\n'));
+    for (const char *parte : {"factura_nro", "liqcero", "mottmp", "ix_subitems_interno_id", "330"})
+        EXPECT_TRUE(cambios.contains(QLatin1String(parte))) << parte << " in " << cambios.toStdString();
+
+    EXPECT_EQ(filas("select interno,ncm,descripcion,cantidad,insumostemp,factura_nro from subitems order by interno").toStdString(),
+              "A|0101|Ñandú|2|x|<null>\nB|0102|<null>|3|<null>|<null>");
+    EXPECT_EQ(valor("select factura1 from caratula where interno = 'a'").toStdString(), "F-1");
+    EXPECT_EQ(valor("select valor from version where propiedad = 'version'").toStdString(), "330");
+    ejecutar("insert into liqcero (idconcepto,concepto,valor,interno,pgc) values ('500','X',10,'A','P')");
+    EXPECT_EQ(actualizar().cambios, QStringList());
+}
+
+TEST_P(Actualizacion, AStoreWithoutAVersionRowCountsAsOlder) {
+    ejecutar("delete from version where propiedad = 'version'");
+    const Resultado r = actualizar();
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.cambios.size(), 1);
+    EXPECT_EQ(filas("select valor from version where propiedad = 'version'").toStdString(), "330");
+}
+
+TEST_P(Actualizacion, ANewerStoreIsRefusedAndNothingChanges) {
+    motor(QStringLiteral("drop table liqcero"));
+    motor(QStringLiteral("drop table mottmp"), QStringLiteral("SYSTABLAS"));
+    ejecutar("update version set valor = '331' where propiedad = 'version'");
+    const Resultado r = actualizar();
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.error.contains(QStringLiteral("331"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(QStringLiteral("más nueva"))) << r.error.toStdString();
+    EXPECT_EQ(r.cambios, QStringList());
+    EXPECT_EQ(valor("select valor from version where propiedad = 'version'").toStdString(), "331");
+    EXPECT_THROW(filas("select * from liqcero"), ErrorDeStore);
+    EXPECT_THROW(filas("select * from mottmp", "SYSTABLAS"), ErrorDeStore);
+}
+
+TEST_P(Actualizacion, ATableWithoutIdentityGetsOneAndKeepsRowsOrderAndStrangeColumns) {
+    motor(QStringLiteral("drop table subitems"));
+    motor(QStringLiteral("create table subitems (interno varchar(40), ncm varchar(20), propia varchar(10), fob numeric)"));
+    for (int i = 1; i <= 3; ++i)
+        motor(QStringLiteral("insert into subitems (interno,ncm,propia,fob) values ('A','p%1','o%1',%1.5)").arg(i));
+    const Resultado r = actualizar();
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    ejecutar("insert into subitems (interno,ncm) values ('A','p4')");
+    EXPECT_EQ(filas("select id,ncm,propia,fob from subitems where interno = 'a' order by id").toStdString(),
+              "1|p1|o1|1.5\n2|p2|o2|2.5\n3|p3|o3|3.5\n4|p4|<null>|<null>");
+    EXPECT_EQ(actualizar().cambios, QStringList());
+}
+
+TEST_P(Actualizacion, AnIdThatIsThereGoesOnBehindItsHighest) {
+    motor(QStringLiteral("drop table subitems"));
+    motor(QStringLiteral("create table subitems (id double precision, interno varchar(40))"));
+    motor(QStringLiteral("insert into subitems (id,interno) values (41,'A'), (7,'A')"));
+    const Resultado r = actualizar();
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    ejecutar("insert into subitems (interno) values ('A')");
+    EXPECT_EQ(filas("select id from subitems order by id").toStdString(), "7\n41\n42");
+}
+
+TEST_P(Actualizacion, AFailureInTheMiddleLeavesTheStoreAsItWas) {
+    // Two rows with the same id cannot become the identity of their lines.
+    motor(QStringLiteral("drop table subitems"));
+    motor(QStringLiteral("drop table caratula"));
+    if (esServidor()) {
+        motor(QStringLiteral("create table subitems (id varchar(5), interno varchar(40))"));
+        motor(QStringLiteral("insert into subitems (id,interno) values ('x','A')"));
+    } else {
+        motor(QStringLiteral("create table subitems (id integer, interno text)"));
+        motor(QStringLiteral("insert into subitems (id,interno) values (1,'A'), (1,'B')"));
+    }
+    const Resultado r = actualizar();
+    EXPECT_FALSE(r.ok);
+    EXPECT_FALSE(r.error.isEmpty());
+    EXPECT_THROW(filas("select * from caratula"), ErrorDeStore);
+    EXPECT_EQ(valor("select count(*) as n from subitems").toStdString(), esServidor() ? "1" : "2");
+}
+
+TEST_P(Actualizacion, ProgressNamesEveryTableAndReachesItsTotal) {
+    QStringList nombres;
+    qint64 ultimo = -1;
+    qint64 total = 0;
+    ctx->DataManager.CloseAllDataConnection();
+    Actualizar(tienda->perfil(), [&](const QString &que, qint64 hecho, qint64 de) {
+        nombres << que;
+        EXPECT_GE(hecho, ultimo);
+        ultimo = hecho;
+        total = de;
+    });
+    EXPECT_EQ(ultimo, total);
+    EXPECT_EQ(total, static_cast<qint64>(esquema::tablas().size()));
+    EXPECT_TRUE(nombres.contains(QStringLiteral("INTERNOS: caratula")));
+}
+
+TEST_P(Actualizacion, LineIdentitiesAreGeneratedAndNeverReused) {
+    ejecutar("insert into subitems (interno) values ('A')");
+    ejecutar("insert into subitems (interno) values ('A')");
+    ejecutar("delete from subitems where id = 2");
+    ejecutar("insert into subitems (interno) values ('A')");
+    EXPECT_EQ(filas("select id from subitems order by id").toStdString(), "1\n3");
+}
+
+TEST_P(Actualizacion, TextsCompareWithoutRegardToCaseAccentedOnesToo) {
+    ejecutar("insert into caratula (interno, factura7) values ('Ñ-1','ÁRBOL')");
+    EXPECT_EQ(valor("select factura7 from caratula where interno = 'ñ-1' and factura7 like 'árb%'").toStdString(), "ÁRBOL");
+}
+
+TEST_P(Actualizacion, TheSumOfAColumnOfTextsCountsItsNumbers) {
+    ejecutar("insert into subitems (interno,insumostemp) values ('A','1.5')");
+    ejecutar("insert into subitems (interno,insumostemp) values ('A','2')");
+    ejecutar("insert into subitems (interno,insumostemp) values ('A','abc')");
+    ejecutar("insert into subitems (interno,insumostemp) values ('A',null)");
+    EXPECT_EQ(valor("select sum(insumostemp) as t from subitems where interno = 'A'").toStdString(), "3.5");
+}
+
+TEST_P(Actualizacion, TheStoreRoutineJoinsTheDescriptionsOfAnItemInOrder) {
+    for (const char *d : {"'UNO'", "'DOS'", "null"})
+        ejecutar(QStringLiteral("insert into groupsubitems (interno,id,descripcion) values ('A',1,%1)").arg(QLatin1String(d)));
+    ejecutar("insert into groupsubitems (interno,id,descripcion) values ('A',2,'OTRO')");
+    EXPECT_EQ(valor("SELECT dbo.groupsubitem_descripcion_select_concat( 1, 'A' ) as descripcion").toStdString(), "UNO;DOS;;");
+}
+
+TEST_P(Actualizacion, TheStoreProcedureGivesCancellationRowsTheirItem) {
+    // Lines 1 and 2 fold into group 1 with root 1; line 3 is group 2.
+    for (const char *exp : {"10", "11", "12"})
+        ejecutar(QStringLiteral("insert into subitems (interno,idexportacion) values ('A',%1)").arg(QLatin1String(exp)));
+    ejecutar("insert into groupsubitems (interno,id,idsub) values ('A',1,1)");
+    ejecutar("insert into groupsubitems (interno,id,idsub) values ('A',2,3)");
+    ejecutar("insert into idrel (interno,idroot,idsub) values ('A',1,2)");
+    for (const char *fila : {"10,null", "11,''", "12,'7'", "0,null", "99,null"})
+        ejecutar(QStringLiteral("insert into descargas (interno,idexportacion,iditem) values ('A',%1)").arg(QLatin1String(fila)));
+    ejecutar("insert into descargas (interno,idexportacion,iditem) values ('B',10,null)");
+    ejecutar("exec ProcesarDescargasconTLR1 'A'");
+    EXPECT_EQ(filas("select interno,idexportacion,iditem from descargas order by interno,idexportacion").toStdString(),
+              "A|0|<null>\nA|10|1\nA|11|1\nA|12|7\nA|99|<null>\nB|10|<null>");
+}
+
+EN_AMBOS_STORES(Actualizacion);
+
+/// Profiles that cannot be upgraded, without any store behind them.
+class PerfilMalo : public ::testing::Test {
+  protected:
+    QString perfilDeArchivos() {
+        const QString ruta = dir.filePath(QStringLiteral("p.perfil.ini"));
+        EXPECT_TRUE(StoreProfiles::escribirPerfilDeArchivos(ruta, QStringLiteral("P"), dir.filePath(QStringLiteral("db"))));
+        return ruta;
+    }
+    QTemporaryDir dir;
+};
+
+TEST_F(PerfilMalo, AMissingProfileIsNamed) {
+    const Resultado r = Actualizar(dir.filePath(QStringLiteral("nada.ini")));
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.error.contains(QStringLiteral("nada.ini"))) << r.error.toStdString();
+}
+
+TEST_F(PerfilMalo, AFileThatIsNoStoreIsNamedAndLeftAlone) {
+    const QString perfil = perfilDeArchivos();
+    ASSERT_TRUE(QDir().mkpath(dir.filePath(QStringLiteral("db"))));
+    QFile f(dir.filePath(QStringLiteral("db/ncm.db")));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("esto no es un store, pero es de alguien");
+    f.close();
+    const Resultado r = Actualizar(perfil);
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.error.contains(QStringLiteral("ncm.db"))) << r.error.toStdString();
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), QByteArray("esto no es un store, pero es de alguien"));
+    EXPECT_FALSE(QFile::exists(dir.filePath(QStringLiteral("db/internos.db")))) << "nothing else may be made";
+}
+
+TEST_F(PerfilMalo, ADamagedStoreIsNamed) {
+    const QString perfil = perfilDeArchivos();
+    ASSERT_TRUE(QDir().mkpath(dir.filePath(QStringLiteral("db"))));
+    QFile f(dir.filePath(QStringLiteral("db/internos.db")));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(QByteArray("SQLite format 3\0", 16) + QByteArray(4000, 'x'));
+    f.close();
+    const Resultado r = Actualizar(perfil);
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.error.contains(QStringLiteral("internos.db"))) << r.error.toStdString();
+}
+
+TEST_F(PerfilMalo, AFolderInPlaceOfAFileIsNamed) {
+    const QString perfil = perfilDeArchivos();
+    ASSERT_TRUE(QDir().mkpath(dir.filePath(QStringLiteral("db/personal.db"))));
+    const Resultado r = Actualizar(perfil);
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.error.contains(QStringLiteral("personal.db"))) << r.error.toStdString();
+}
+
+TEST_F(PerfilMalo, AServerThatIsNotThereIsNamed) {
+    const QString ruta = dir.filePath(QStringLiteral("s.perfil.ini"));
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(ruta, QStringLiteral("S"), dir.path(), 6543, QStringLiteral("nobase"),
+                                                        QStringLiteral("nadie"), dir.path()));
+    const Resultado r = Actualizar(ruta);
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.error.contains(QStringLiteral("6543"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(QStringLiteral("servidor"))) << r.error.toStdString();
+}
+
+TEST_F(PerfilMalo, EveryFileOfAFreshProfileIsMade) {
+    const Resultado r = Actualizar(perfilDeArchivos());
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    for (const char *nombre : {"internos", "systablas", "ncm", "catalogos", "personal", "usuario"})
+        EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("db/%1.db").arg(QLatin1String(nombre))))) << nombre;
+}
+
+}  // namespace
