@@ -66,4 +66,4 @@ class EnAmbosStores : public ::testing::TestWithParam<const char *> {
 };
 #define EN_AMBOS_STORES(Fixture)                                                        \
     INSTANTIATE_TEST_SUITE_P(Stores, Fixture, ::testing::Values("ACCESS", "SQL"),       \
-                             [](const ::testing::TestParamInfo<const char *> &info) { return std::string(info.param); })
+                             [](const ::testing::TestParamInfo<const char *> &caso) { return std::string(caso.param); })
