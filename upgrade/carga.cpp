@@ -154,10 +154,11 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
     const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
     if (progreso) progreso(que, 0, total);
 
+    // It outlives the rollback of a refused load: the server frees nothing inside a broken transaction.
+    QSqlQuery insercion(a.db());
     a.comenzar();
     try {
         if (reemplazar) a.ejecutar(QStringLiteral("delete from %1").arg(destino.nombre));
-        QSqlQuery insercion(a.db());
         if (!insercion.prepare(QStringLiteral("insert into %1 (%2) values (%3)")
                                    .arg(destino.nombre, nombres.join(QLatin1String(", ")),
                                         marcas.join(QLatin1String(", ")))))

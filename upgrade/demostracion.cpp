@@ -67,7 +67,9 @@ const char *const tablasDeDemostracion[] = {
 
 Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progreso) {
     prenderRecurso();
-    Resultado resultado;
+    Resultado resultado = Actualizar(rutaDelPerfil, progreso);
+    if (!resultado.ok) return resultado;
+    resultado.ok = false;
     try {
         for (const char *nombre : tablasDeDemostracion) {
             const QString tabla = QString::fromLatin1(nombre);

@@ -114,7 +114,7 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
 QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QString &unidadPorDefecto,
                       ResultadoCsv &resultado) {
     QStringList valores;
-    QString licencia;
+    QString licencia = QStringLiteral("");
     for (const Fuente &f : plan.fuentes) {
         QString texto = registro.campos.at(f.campo).trimmed();
         if (f.clase == Clase::Tasa && !texto.isEmpty()) {
@@ -125,7 +125,7 @@ QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QSt
                                           QStringLiteral("\"%1\" no es una tasa para la columna %2; se carga "
                                                          "vacía")
                                               .arg(texto, f.columna));
-                texto.clear();
+                texto = QStringLiteral("");
             }
         }
         if (f.clase == Clase::Intervencion && !texto.isEmpty()) {
@@ -164,14 +164,15 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
     if (progreso) progreso(que, 0, total);
     static const QRegularExpression forma(QStringLiteral("^\\d{4}\\.\\d{2}\\.\\d{2}\\.\\d{3}[A-Z]$"));
 
+    // They outlive the rollback of a refused load: the server frees nothing inside a broken transaction.
+    QSqlQuery insercion(a.db());
+    QSqlQuery modificacion(a.db());
     a.comenzar();
     try {
         QSet<QString> presentes;
         for (const QString &p : a.lista(
                  QStringLiteral("select \"001\" || '.' || \"002\" || \"003\" from %1").arg(destino.nombre)))
             presentes.insert(p);
-        QSqlQuery insercion(a.db());
-        QSqlQuery modificacion(a.db());
         // A position that is there keeps the columns that the file does not speak of.
         const bool listo =
             insercion.prepare(

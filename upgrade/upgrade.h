@@ -40,7 +40,8 @@ ResultadoCsv CargarCsv(const QString &rutaDelPerfil, const QString &tabla, const
 /// file lacks.
 ResultadoCsv CargarNomenclador(const QString &rutaDelPerfil, const QString &archivo,
                                const QString &unidadPorDefecto, const Progreso &progreso = {});
-/// Loads the demonstration data built into the program.
+/// Brings the stores up and loads the demonstration data built into the program into the tables that are
+/// empty; a table that holds rows stays as it is.
 Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progreso = {});
 
 }  // namespace actualizacion

@@ -14,14 +14,15 @@ using actualizacion::ResultadoCsv;
 namespace {
 
 class Carga : public EnAmbosStores {
-  protected:
+ protected:
     QString archivo(const QByteArray &datos, const char *nombre = "datos.csv") {
         QFile f(tienda->carpeta() + QLatin1Char('/') + QLatin1String(nombre));
         EXPECT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(datos);
         return f.fileName();
     }
-    ResultadoCsv cargar(const char *tabla, const QByteArray &datos, bool reemplazar = false, const QStringList &porDefecto = {}) {
+    ResultadoCsv cargar(const char *tabla, const QByteArray &datos, bool reemplazar = false,
+                        const QStringList &porDefecto = {}) {
         return CargarCsv(tienda->perfil(), QLatin1String(tabla), archivo(datos), reemplazar, porDefecto);
     }
     ResultadoCsv nomenclador(const QByteArray &datos, const char *unidad = "01") {
@@ -30,7 +31,8 @@ class Carga : public EnAmbosStores {
 };
 
 TEST_P(Carga, RowsGoInWithTheirValues) {
-    const ResultadoCsv r = cargar("divisas", "id,descripcion,imp\nDOL,Dólar,1\n060,\"Euro, Europa\",\"1,085\"\n012,Real,\n");
+    const ResultadoCsv r =
+        cargar("divisas", "id,descripcion,imp\nDOL,Dólar,1\n060,\"Euro, Europa\",\"1,085\"\n012,Real,\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(r.cargadas, 3);
     EXPECT_EQ(r.avisos, QStringList());
@@ -39,19 +41,22 @@ TEST_P(Carga, RowsGoInWithTheirValues) {
 }
 
 TEST_P(Carga, AnUnknownColumnIsToldOnceAndTheRestLoads) {
-    const ResultadoCsv r = cargar("pais", "id;continente;descripcion\n200;América;Argentina\n203;América;Brasil\n");
+    const ResultadoCsv r =
+        cargar("pais", "id;continente;descripcion\n200;América;Argentina\n203;América;Brasil\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 1);
     EXPECT_TRUE(r.avisos.front().startsWith(QStringLiteral("línea 1: "))) << r.avisos.front().toStdString();
     EXPECT_TRUE(r.avisos.front().contains(QStringLiteral("continente")));
-    EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(), "200|Argentina\n203|Brasil");
+    EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(),
+              "200|Argentina\n203|Brasil");
 }
 
 TEST_P(Carga, AValueThatIsNoneIsToldWithItsLineAndStaysEmpty) {
     const ResultadoCsv r = cargar("divisas", "id,descripcion,imp\nDOL,a,1\nPES,b,caro\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 1);
-    EXPECT_EQ(r.avisos.front().toStdString(), "línea 3: \"caro\" no sirve para la columna imp; se carga vacía");
+    EXPECT_EQ(r.avisos.front().toStdString(),
+              "línea 3: \"caro\" no sirve para la columna imp; se carga vacía");
     EXPECT_EQ(filas("select id,imp from divisas order by id").toStdString(), "DOL|1\nPES|<null>");
 }
 
@@ -61,7 +66,8 @@ TEST_P(Carga, ARaggedRowIsToldAndTheOthersLoad) {
     ASSERT_EQ(r.avisos.size(), 2);
     EXPECT_TRUE(r.avisos.at(0).startsWith(QStringLiteral("línea 2: ")));
     EXPECT_TRUE(r.avisos.at(1).startsWith(QStringLiteral("línea 4: ")));
-    EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(), "2|dos\n5|cinco");
+    EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(),
+              "2|dos\n5|cinco");
 }
 
 TEST_P(Carga, ARefusedStatementLeavesNothingLoaded) {
@@ -87,7 +93,8 @@ TEST_P(Carga, ReplacingEmptiesTheTableFirst) {
 }
 
 TEST_P(Carga, DefaultsFillColumnsThatTheFileLacks) {
-    const ResultadoCsv r = cargar("mottmp", "id,descripcion,impexpo\nX,equis,E\n", false, {"dias=30", "impexpo=I"});
+    const ResultadoCsv r =
+        cargar("mottmp", "id,descripcion,impexpo\nX,equis,E\n", false, {"dias=30", "impexpo=I"});
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(filas("select id,dias,impexpo from mottmp", "SYSTABLAS").toStdString(), "X|30|E");
     EXPECT_FALSE(cargar("mottmp", "id\nY\n", false, {"dias=muchos"}).ok);
@@ -99,8 +106,9 @@ TEST_P(Carga, DatesAreReadInBothForms) {
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 1);
     EXPECT_TRUE(r.avisos.front().startsWith(QStringLiteral("línea 4: ")));
-    EXPECT_EQ(filas("select fecha from control_fecha where fecha is not null order by fecha", "NCM").toStdString(),
-              "2025-12-31 00:00:00\n2026-01-05 00:00:00");
+    EXPECT_EQ(
+        filas("select fecha from control_fecha where fecha is not null order by fecha", "NCM").toStdString(),
+        "2025-12-31 00:00:00\n2026-01-05 00:00:00");
 }
 
 TEST_P(Carga, GivenIdentitiesStayAndNumberingGoesOnBehindThem) {
@@ -111,13 +119,17 @@ TEST_P(Carga, GivenIdentitiesStayAndNumberingGoesOnBehindThem) {
 
 TEST_P(Carga, BlanksAtTheEndsOfATextStay) {
     ASSERT_TRUE(cargar("sufidos", "sim,sufijo,detalle\n84  .  .  .   ,AA01,x\n").ok);
-    EXPECT_EQ(valor("select count(*) as n from sufidos where sim in ('84  .  .  .   ')", "NCM").toStdString(), "1");
+    EXPECT_EQ(valor("select count(*) as n from sufidos where sim in ('84  .  .  .   ')", "NCM").toStdString(),
+              "1");
 }
 
 TEST_P(Carga, WhatCannotBeLoadedIsSaid) {
     EXPECT_TRUE(cargar("nohay", "id\n1\n").error.contains(QStringLiteral("nohay")));
     EXPECT_TRUE(cargar("pais", "x,y\n1,2\n").error.contains(QStringLiteral("pais")));
-    EXPECT_TRUE(cargar("pais", "id,descripcion\n1,Espa\xF1""a\n").error.contains(QStringLiteral("UTF-8")));
+    EXPECT_TRUE(cargar("pais",
+                       "id,descripcion\n1,Espa\xF1"
+                       "a\n")
+                    .error.contains(QStringLiteral("UTF-8")));
     EXPECT_EQ(valor("select count(*) as n from pais", "SYSTABLAS").toStdString(), "0");
 }
 
@@ -141,9 +153,13 @@ TEST_P(Carga, ANomenclatureFileFillsTheNumberedColumns) {
         "8409.91.12.100G,Bloques,\"Bloques, culatas\",PARTES,16,16,3,LNA,3,5\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(r.cargadas, 2);
-    EXPECT_EQ(filas("select [001],[002],[003],[004],[005],[010],[012],[015],[016],[018],[019],[026],[043],[059] from ncm order by [001]", "NCM").toStdString(),
-              "0101.21.00|100|W|CABALLOS|De raza pura|De carrera|01|2.50|3.00|9.00|0.50|0.00|LA|\n"
-              "8409.91.12|100|G|PARTES|Bloques, culatas|Bloques|01|16|3|3|5|16|LNA|*");
+    EXPECT_EQ(
+        filas("select [001],[002],[003],[004],[005],[010],[012],[015],[016],[018],[019],[026],[043],[059] "
+              "from ncm order by [001]",
+              "NCM")
+            .toStdString(),
+        "0101.21.00|100|W|CABALLOS|De raza pura|De carrera|01|2.50|3.00|9.00|0.50|0.00|LA|\n"
+        "8409.91.12|100|G|PARTES|Bloques, culatas|Bloques|01|16|3|3|5|16|LNA|*");
 }
 
 TEST_P(Carga, WhatANomenclatureRowGetsWrongIsToldAndTheRestLoads) {
@@ -161,18 +177,23 @@ TEST_P(Carga, WhatANomenclatureRowGetsWrongIsToldAndTheRestLoads) {
     EXPECT_TRUE(r.avisos.at(3).startsWith(QStringLiteral("línea 3: ")));
     EXPECT_TRUE(r.avisos.at(4).startsWith(QStringLiteral("línea 4: ")));
     EXPECT_TRUE(r.avisos.at(5).startsWith(QStringLiteral("línea 5: ")));
-    EXPECT_EQ(filas("select [001],[010],[015],[043] from ncm", "NCM").toStdString(), "0102.21.00|otra vez|4|LA");
+    EXPECT_EQ(filas("select [001],[010],[015],[043] from ncm", "NCM").toStdString(),
+              "0102.21.00|otra vez|4|LA");
 }
 
 TEST_P(Carga, APositionThatIsThereKeepsTheColumnsTheFileDoesNotSpeakOf) {
-    ejecutar("insert into ncm ([001],[002],[003],[010],[012],[028]) values ('8708.10.00','000','C','vieja','07','*')", "NCM");
+    ejecutar(
+        "insert into ncm ([001],[002],[003],[010],[012],[028]) values "
+        "('8708.10.00','000','C','vieja','07','*')",
+        "NCM");
     const ResultadoCsv r = nomenclador("posicion,descripcion,die\n8708.10.00.000C,nueva,18.00\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(filas("select [010],[012],[015],[028] from ncm", "NCM").toStdString(), "nueva|07|18.00|*");
 }
 
 TEST_P(Carga, ANomenclatureWithoutUnitNeedsOne) {
-    EXPECT_TRUE(nomenclador("posicion,descripcion\n0101.21.00.100W,x\n", "").error.contains(QStringLiteral("--unidad")));
+    EXPECT_TRUE(nomenclador("posicion,descripcion\n0101.21.00.100W,x\n", "")
+                    .error.contains(QStringLiteral("--unidad")));
     const ResultadoCsv r = nomenclador("posicion,unidad\n0101.21.00.100W,07\n0101.21.00.200B,\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(filas("select [012] from ncm order by [002]", "NCM").toStdString(), "07\n01");
@@ -181,7 +202,8 @@ TEST_P(Carga, ANomenclatureWithoutUnitNeedsOne) {
 TEST_P(Carga, ThePublishedTablesLoad) {
     const QString carpeta = qEnvironmentVariable("ZENDRA_DATOS");
     if (carpeta.isEmpty() || !QFile::exists(carpeta + "/nomenclador.csv"))
-        GTEST_SKIP() << "ZENDRA_DATOS does not name the folder with the published tables (nomenclador.csv and others)";
+        GTEST_SKIP()
+            << "ZENDRA_DATOS does not name the folder with the published tables (nomenclador.csv and others)";
     ResultadoCsv r = CargarNomenclador(tienda->perfil(), carpeta + "/nomenclador.csv", "01");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(r.cargadas, 33145);

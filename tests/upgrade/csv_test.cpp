@@ -8,7 +8,7 @@
 namespace {
 
 class Csv : public ::testing::Test {
-  protected:
+ protected:
     QString escribir(const QByteArray &datos) {
         QFile f(dir.filePath(QStringLiteral("datos.csv")));
         EXPECT_TRUE(f.open(QIODevice::WriteOnly));
@@ -23,7 +23,8 @@ class Csv : public ::testing::Test {
         csv::Registro r;
         while (lector.siguiente(r))
             todos << QString::number(r.linea) + QLatin1Char('|') +
-                         (r.defecto.isEmpty() ? r.campos.join(QLatin1Char('|')) : QStringLiteral("!") + r.defecto);
+                         (r.defecto.isEmpty() ? r.campos.join(QLatin1Char('|'))
+                                              : QStringLiteral("!") + r.defecto);
         return todos;
     }
     QString rechazo(const QByteArray &datos) {
@@ -41,9 +42,13 @@ TEST_F(Csv, PlainRecordsKeepTheirLines) {
     EXPECT_EQ(lector.encabezado(), (QStringList{"id", "nombre"}));
 }
 
-TEST_F(Csv, TheLastLineNeedsNoEnd) { EXPECT_EQ(leer("id\n1\n2"), (QStringList{"2|1", "3|2"})); }
+TEST_F(Csv, TheLastLineNeedsNoEnd) {
+    EXPECT_EQ(leer("id\n1\n2"), (QStringList{"2|1", "3|2"}));
+}
 
-TEST_F(Csv, WindowsLineEndsAreOneLine) { EXPECT_EQ(leer("id,n\r\n1,a\r\n2,b\r\n"), (QStringList{"2|1|a", "3|2|b"})); }
+TEST_F(Csv, WindowsLineEndsAreOneLine) {
+    EXPECT_EQ(leer("id,n\r\n1,a\r\n2,b\r\n"), (QStringList{"2|1|a", "3|2|b"}));
+}
 
 TEST_F(Csv, QuotesHoldSeparatorsQuotesAndLineEnds) {
     EXPECT_EQ(leer("id,n\n1,\"a,b\"\n2,\"di\"\"jo\"\n3,\"dos\nlineas\"\n4,fin\n"),
@@ -61,9 +66,13 @@ TEST_F(Csv, AByteOrderMarkIsNoPartOfTheFirstName) {
     EXPECT_EQ(lector.encabezado().front(), QStringLiteral("id"));
 }
 
-TEST_F(Csv, BlankLinesArePassedOver) { EXPECT_EQ(leer("id,n\n\n1,a\n\r\n2,b\n\n"), (QStringList{"3|1|a", "5|2|b"})); }
+TEST_F(Csv, BlankLinesArePassedOver) {
+    EXPECT_EQ(leer("id,n\n\n1,a\n\r\n2,b\n\n"), (QStringList{"3|1|a", "5|2|b"}));
+}
 
-TEST_F(Csv, BlanksAtTheEndsOfAFieldStay) { EXPECT_EQ(leer("sim,n\n84  .  .  .   , x\n"), (QStringList{"2|84  .  .  .   | x"})); }
+TEST_F(Csv, BlanksAtTheEndsOfAFieldStay) {
+    EXPECT_EQ(leer("sim,n\n84  .  .  .   , x\n"), (QStringList{"2|84  .  .  .   | x"}));
+}
 
 TEST_F(Csv, AQuoteThatNeverClosesIsTold) {
     const QStringList r = leer("id,n\n1,a\n2,\"b\n3,c\n");
@@ -78,7 +87,10 @@ TEST_F(Csv, TextBehindAClosingQuoteIsTold) {
 
 TEST_F(Csv, AnotherEncodingIsRefusedWithFileAndLine) {
     // 0xD1 is a capital N with tilde in the old one-byte encodings.
-    const QString error = rechazo("id,n\n1,ESPA\xC3\x91" "A\n2,ESPA\xD1" "A\n");
+    const QString error = rechazo(
+        "id,n\n1,ESPA\xC3\x91"
+        "A\n2,ESPA\xD1"
+        "A\n");
     EXPECT_TRUE(error.contains(QStringLiteral("datos.csv"))) << error.toStdString();
     EXPECT_TRUE(error.contains(QStringLiteral("línea 3"))) << error.toStdString();
 }
@@ -107,7 +119,8 @@ TEST_F(Csv, GarbageNeverStopsTheReader) {
         QByteArray datos("h1,h2\n");
         for (int i = 0; i < 60; ++i) {
             semilla = semilla * 1664525U + 1013904223U;
-            datos += alfabeto.at(static_cast<qsizetype>((semilla >> 16U) % static_cast<quint32>(alfabeto.size())));
+            datos +=
+                alfabeto.at(static_cast<qsizetype>((semilla >> 16U) % static_cast<quint32>(alfabeto.size())));
         }
         QString error;
         if (!lector.abrir(escribir(datos), error)) {

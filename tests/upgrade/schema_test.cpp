@@ -15,11 +15,14 @@ struct Hogar {
 
 const Hogar hogares[] = {
     {"INTERNOS",
-     "caratula subitems groupsubitems item itemliq itemventaja iteminfo liqcero sysflag idrel descargas facturas "
-     "prorrateo itempresu itemref interno version divisas conpresu referencias conceptos unidrel tax tipoemb codemb "
+     "caratula subitems groupsubitems item itemliq itemventaja iteminfo liqcero sysflag idrel descargas "
+     "facturas "
+     "prorrateo itempresu itemref interno version divisas conpresu referencias conceptos unidrel tax tipoemb "
+     "codemb "
      "via puertos estadomercaderia unidades"},
     {"SYSTABLAS",
-     "sta aduana condiciondeventa pais motivo motivos mottmp bancos coment ean hval hvalexp diemchina informacion "
+     "sta aduana condiciondeventa pais motivo motivos mottmp bancos coment ean hval hvalexp diemchina "
+     "informacion "
      "ventajas lista"},
     {"NCM", "ncm sufidos control_fecha lnapifechadedatos lnapiposicionesafectadas lnapiaclaraciones"},
     {"CATALOGOS", "catarticulos articulo_ventaja"},
@@ -47,7 +50,8 @@ TEST(Schema, NamesAreLowerCaseAndColumnsAreNotRepeated) {
         QSet<QString> vistas;
         for (const esquema::Columna &c : tabla.columnas) {
             EXPECT_EQ(c.nombre, c.nombre.toLower()) << tabla.nombre.toStdString();
-            EXPECT_FALSE(vistas.contains(c.nombre)) << tabla.nombre.toStdString() << "." << c.nombre.toStdString();
+            EXPECT_FALSE(vistas.contains(c.nombre))
+                << tabla.nombre.toStdString() << "." << c.nombre.toStdString();
             vistas.insert(c.nombre);
         }
         EXPECT_FALSE(tabla.columnas.empty()) << tabla.nombre.toStdString();
@@ -67,7 +71,8 @@ TEST(Schema, EveryTableOfAnOperationIsFoundByItsKeyFirst) {
     for (const esquema::Tabla &tabla : esquema::tablas()) {
         if (tabla.columna(u"interno") == nullptr) continue;
         bool encontrado = false;
-        for (const esquema::Indice &i : tabla.indices) encontrado = encontrado || i.columnas.front() == QLatin1String("interno");
+        for (const esquema::Indice &i : tabla.indices)
+            encontrado = encontrado || i.columnas.front() == QLatin1String("interno");
         EXPECT_TRUE(encontrado) << tabla.nombre.toStdString();
     }
 }

@@ -16,11 +16,12 @@ using actualizacion::Resultado;
 namespace {
 
 class Actualizacion : public EnAmbosStores {
-  protected:
+ protected:
     /// A statement of the engine itself, past the translator.
     void motor(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS")) {
         QSqlQuery consulta(ctx->conexion(entidad).coneccion());
-        EXPECT_TRUE(consulta.exec(sql)) << sql.toStdString() << ": " << consulta.lastError().text().toStdString();
+        EXPECT_TRUE(consulta.exec(sql))
+            << sql.toStdString() << ": " << consulta.lastError().text().toStdString();
     }
     /// Upgrades with every connection of the test closed, as it is when the program runs.
     Resultado actualizar() {
@@ -33,8 +34,10 @@ class Actualizacion : public EnAmbosStores {
 TEST_P(Actualizacion, AFreshStoreHasEveryTableWithItsColumns) {
     for (const esquema::Tabla &tabla : esquema::tablas()) {
         QStringList columnas;
-        for (const esquema::Columna &c : tabla.columnas) columnas << QLatin1Char('[') + c.nombre + QLatin1Char(']');
-        EXPECT_EQ(filas(QStringLiteral("select %1 from %2 where 1 = 0").arg(columnas.join(QLatin1Char(',')), tabla.nombre),
+        for (const esquema::Columna &c : tabla.columnas)
+            columnas << QLatin1Char('[') + c.nombre + QLatin1Char(']');
+        EXPECT_EQ(filas(QStringLiteral("select %1 from %2 where 1 = 0")
+                            .arg(columnas.join(QLatin1Char(',')), tabla.nombre),
                         tabla.entidad)
                       .toStdString(),
                   "")
@@ -52,7 +55,9 @@ TEST_P(Actualizacion, ASecondRunChangesNothing) {
 }
 
 TEST_P(Actualizacion, AnOlderStoreGainsWhatItLacksAndKeepsItsRows) {
-    ejecutar("insert into subitems (interno,ncm,descripcion,cantidad,insumostemp) values ('A','0101','Ñandú',2,'x')");
+    ejecutar(
+        "insert into subitems (interno,ncm,descripcion,cantidad,insumostemp) values "
+        "('A','0101','Ñandú',2,'x')");
     ejecutar("insert into subitems (interno,ncm,cantidad) values ('B','0102',3)");
     ejecutar("insert into caratula (interno,factura1) values ('A','F-1')");
     motor(QStringLiteral("drop index ix_subitems_interno_id"));
@@ -67,8 +72,11 @@ TEST_P(Actualizacion, AnOlderStoreGainsWhatItLacksAndKeepsItsRows) {
     for (const char *parte : {"factura_nro", "liqcero", "mottmp", "ix_subitems_interno_id", "330"})
         EXPECT_TRUE(cambios.contains(QLatin1String(parte))) << parte << " in " << cambios.toStdString();
 
-    EXPECT_EQ(filas("select interno,ncm,descripcion,cantidad,insumostemp,factura_nro from subitems order by interno").toStdString(),
-              "A|0101|Ñandú|2|x|<null>\nB|0102|<null>|3|<null>|<null>");
+    EXPECT_EQ(
+        filas(
+            "select interno,ncm,descripcion,cantidad,insumostemp,factura_nro from subitems order by interno")
+            .toStdString(),
+        "A|0101|Ñandú|2|x|<null>\nB|0102|<null>|3|<null>|<null>");
     EXPECT_EQ(valor("select factura1 from caratula where interno = 'a'").toStdString(), "F-1");
     EXPECT_EQ(valor("select valor from version where propiedad = 'version'").toStdString(), "330");
     ejecutar("insert into liqcero (idconcepto,concepto,valor,interno,pgc) values ('500','X',10,'A','P')");
@@ -99,9 +107,11 @@ TEST_P(Actualizacion, ANewerStoreIsRefusedAndNothingChanges) {
 
 TEST_P(Actualizacion, ATableWithoutIdentityGetsOneAndKeepsRowsOrderAndStrangeColumns) {
     motor(QStringLiteral("drop table subitems"));
-    motor(QStringLiteral("create table subitems (interno varchar(40), ncm varchar(20), propia varchar(10), fob numeric)"));
+    motor(QStringLiteral(
+        "create table subitems (interno varchar(40), ncm varchar(20), propia varchar(10), fob numeric)"));
     for (int i = 1; i <= 3; ++i)
-        motor(QStringLiteral("insert into subitems (interno,ncm,propia,fob) values ('A','p%1','o%1',%1.5)").arg(i));
+        motor(QStringLiteral("insert into subitems (interno,ncm,propia,fob) values ('A','p%1','o%1',%1.5)")
+                  .arg(i));
     const Resultado r = actualizar();
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ejecutar("insert into subitems (interno,ncm) values ('A','p4')");
@@ -164,7 +174,9 @@ TEST_P(Actualizacion, LineIdentitiesAreGeneratedAndNeverReused) {
 
 TEST_P(Actualizacion, TextsCompareWithoutRegardToCaseAccentedOnesToo) {
     ejecutar("insert into caratula (interno, factura7) values ('Ñ-1','ÁRBOL')");
-    EXPECT_EQ(valor("select factura7 from caratula where interno = 'ñ-1' and factura7 like 'árb%'").toStdString(), "ÁRBOL");
+    EXPECT_EQ(
+        valor("select factura7 from caratula where interno = 'ñ-1' and factura7 like 'árb%'").toStdString(),
+        "ÁRBOL");
 }
 
 TEST_P(Actualizacion, TheSumOfAColumnOfTextsCountsItsNumbers) {
@@ -177,23 +189,29 @@ TEST_P(Actualizacion, TheSumOfAColumnOfTextsCountsItsNumbers) {
 
 TEST_P(Actualizacion, TheStoreRoutineJoinsTheDescriptionsOfAnItemInOrder) {
     for (const char *d : {"'UNO'", "'DOS'", "null"})
-        ejecutar(QStringLiteral("insert into groupsubitems (interno,id,descripcion) values ('A',1,%1)").arg(QLatin1String(d)));
+        ejecutar(QStringLiteral("insert into groupsubitems (interno,id,descripcion) values ('A',1,%1)")
+                     .arg(QLatin1String(d)));
     ejecutar("insert into groupsubitems (interno,id,descripcion) values ('A',2,'OTRO')");
-    EXPECT_EQ(valor("SELECT dbo.groupsubitem_descripcion_select_concat( 1, 'A' ) as descripcion").toStdString(), "UNO;DOS;;");
+    EXPECT_EQ(
+        valor("SELECT dbo.groupsubitem_descripcion_select_concat( 1, 'A' ) as descripcion").toStdString(),
+        "UNO;DOS;;");
 }
 
 TEST_P(Actualizacion, TheStoreProcedureGivesCancellationRowsTheirItem) {
     // Lines 1 and 2 fold into group 1 with root 1; line 3 is group 2.
     for (const char *exp : {"10", "11", "12"})
-        ejecutar(QStringLiteral("insert into subitems (interno,idexportacion) values ('A',%1)").arg(QLatin1String(exp)));
+        ejecutar(QStringLiteral("insert into subitems (interno,idexportacion) values ('A',%1)")
+                     .arg(QLatin1String(exp)));
     ejecutar("insert into groupsubitems (interno,id,idsub) values ('A',1,1)");
     ejecutar("insert into groupsubitems (interno,id,idsub) values ('A',2,3)");
     ejecutar("insert into idrel (interno,idroot,idsub) values ('A',1,2)");
     for (const char *fila : {"10,null", "11,''", "12,'7'", "0,null", "99,null"})
-        ejecutar(QStringLiteral("insert into descargas (interno,idexportacion,iditem) values ('A',%1)").arg(QLatin1String(fila)));
+        ejecutar(QStringLiteral("insert into descargas (interno,idexportacion,iditem) values ('A',%1)")
+                     .arg(QLatin1String(fila)));
     ejecutar("insert into descargas (interno,idexportacion,iditem) values ('B',10,null)");
     ejecutar("exec ProcesarDescargasconTLR1 'A'");
-    EXPECT_EQ(filas("select interno,idexportacion,iditem from descargas order by interno,idexportacion").toStdString(),
+    EXPECT_EQ(filas("select interno,idexportacion,iditem from descargas order by interno,idexportacion")
+                  .toStdString(),
               "A|0|<null>\nA|10|1\nA|11|1\nA|12|7\nA|99|<null>\nB|10|<null>");
 }
 
@@ -201,10 +219,11 @@ EN_AMBOS_STORES(Actualizacion);
 
 /// Profiles that cannot be upgraded, without any store behind them.
 class PerfilMalo : public ::testing::Test {
-  protected:
+ protected:
     QString perfilDeArchivos() {
         const QString ruta = dir.filePath(QStringLiteral("p.perfil.ini"));
-        EXPECT_TRUE(StoreProfiles::escribirPerfilDeArchivos(ruta, QStringLiteral("P"), dir.filePath(QStringLiteral("db"))));
+        EXPECT_TRUE(StoreProfiles::escribirPerfilDeArchivos(ruta, QStringLiteral("P"),
+                                                            dir.filePath(QStringLiteral("db"))));
         return ruta;
     }
     QTemporaryDir dir;
@@ -253,8 +272,9 @@ TEST_F(PerfilMalo, AFolderInPlaceOfAFileIsNamed) {
 
 TEST_F(PerfilMalo, AServerThatIsNotThereIsNamed) {
     const QString ruta = dir.filePath(QStringLiteral("s.perfil.ini"));
-    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(ruta, QStringLiteral("S"), dir.path(), 6543, QStringLiteral("nobase"),
-                                                        QStringLiteral("nadie"), dir.path()));
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(ruta, QStringLiteral("S"), dir.path(), 6543,
+                                                        QStringLiteral("nobase"), QStringLiteral("nadie"),
+                                                        dir.path()));
     const Resultado r = Actualizar(ruta);
     EXPECT_FALSE(r.ok);
     EXPECT_TRUE(r.error.contains(QStringLiteral("6543"))) << r.error.toStdString();
@@ -265,7 +285,8 @@ TEST_F(PerfilMalo, EveryFileOfAFreshProfileIsMade) {
     const Resultado r = Actualizar(perfilDeArchivos());
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     for (const char *nombre : {"internos", "systablas", "ncm", "catalogos", "personal", "usuario"})
-        EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("db/%1.db").arg(QLatin1String(nombre))))) << nombre;
+        EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("db/%1.db").arg(QLatin1String(nombre)))))
+            << nombre;
 }
 
 }  // namespace

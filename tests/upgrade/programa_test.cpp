@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "tests/support/tienda.h"
+
+namespace {
+
+struct Corrida {
+    int estado = -1;
+    QString salida, errores;
+};
+
+Corrida DbUpgrade3(const QStringList &argumentos) {
+    QProcess p;
+    p.start(CarpetaDeConstruccion() + QStringLiteral("/DbUpgrade3"), argumentos);
+    Corrida c;
+    constexpr int paciencia = 120000;
+    if (!p.waitForFinished(paciencia)) return c;
+    c.estado = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+    c.salida = QString::fromUtf8(p.readAllStandardOutput());
+    c.errores = QString::fromUtf8(p.readAllStandardError());
+    return c;
+}
+
+TEST(DbUpgrade3Program, AWrongArgumentIsOneLineAndStatusTwo) {
+    for (const QStringList &malos :
+         {QStringList{"--nada"}, QStringList{"suelto"}, QStringList{"--cargar", "sinigual"},
+          QStringList{"--crear-archivos", "a", "--crear-servidor", "h,1,b,u"},
+          QStringList{"--crear-servidor", "h,puerto,b,u"}, QStringList{"--unidad", "01"}}) {
+        const Corrida c = DbUpgrade3(malos);
+        EXPECT_EQ(c.estado, 2) << malos.join(' ').toStdString();
+        EXPECT_EQ(c.errores.count('\n'), 1) << c.errores.toStdString();
+        EXPECT_EQ(c.salida, QString());
+    }
+}
+
+TEST(DbUpgrade3Program, AMissingProfileIsStatusOne) {
+    const Corrida c = DbUpgrade3({"--perfil", "/no/hay.ini"});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_TRUE(c.errores.contains(QStringLiteral("/no/hay.ini"))) << c.errores.toStdString();
+}
+
+TEST(DbUpgrade3Program, MakesFilesWithTheDemonstrationAndFindsThemDoneTheSecondTime) {
+    QTemporaryDir dir;
+    Corrida c = DbUpgrade3({"--crear-archivos", dir.filePath("db"), "--demostracion"});
+    ASSERT_EQ(c.estado, 0) << c.errores.toStdString();
+    const QString perfil = dir.filePath("db/zendra.perfil.ini");
+    EXPECT_TRUE(c.salida.contains(perfil)) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(QStringLiteral("caratula: 5 filas"))) << c.salida.toStdString();
+    c = DbUpgrade3({"--perfil", perfil});
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_TRUE(c.salida.contains(QStringLiteral("ya estaban en la versión 330"))) << c.salida.toStdString();
+}
+
+TEST(DbUpgrade3Program, LoadsFilesAndTellsTheLinesItDidNotUnderstand) {
+    QTemporaryDir dir;
+    QFile f(dir.filePath("v.csv"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("id,descripcion\n1,a\n2\n3,c\n");
+    f.close();
+    Corrida c = DbUpgrade3({"--crear-archivos", dir.filePath("db"), "--cargar", "via=" + f.fileName()});
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_TRUE(c.salida.contains(QStringLiteral("línea 3"))) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(QStringLiteral("2 filas cargadas, 1 avisos"))) << c.salida.toStdString();
+    c = DbUpgrade3({"--perfil", dir.filePath("db/zendra.perfil.ini"), "--cargar", "nohay=" + f.fileName()});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_TRUE(c.errores.contains(QStringLiteral("nohay"))) << c.errores.toStdString();
+}
+
+TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
+    // The server of the other tests; a base of our own.
+    QString host;
+    QString puerto;
+    QString usuario;
+    for (const QString &palabra : qEnvironmentVariable("ZENDRA_PG").split(' ', Qt::SkipEmptyParts)) {
+        if (palabra.startsWith("host=")) host = palabra.mid(5);
+        if (palabra.startsWith("port=")) puerto = palabra.mid(5);
+        if (palabra.startsWith("user=")) usuario = palabra.mid(5);
+    }
+    ASSERT_FALSE(host.isEmpty())
+        << "ZENDRA_PG does not name the test server; start it with scripts/test-server";
+    QTemporaryDir dir;
+    const QString base = QStringLiteral("zendra_programa_%1").arg(QCoreApplication::applicationPid());
+    const QString perfil = dir.filePath("s.perfil.ini");
+    Corrida c = DbUpgrade3(
+        {"--perfil", perfil, "--crear-servidor", host + ',' + puerto + ',' + base + ',' + usuario});
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_TRUE(c.salida.contains(QStringLiteral("se crearon las funciones del servidor")))
+        << c.salida.toStdString();
+    EXPECT_TRUE(QFile::exists(dir.filePath("usuario.db")));
+    c = DbUpgrade3({"--perfil", perfil});
+    EXPECT_TRUE(c.salida.contains(QStringLiteral("ya estaban"))) << c.salida.toStdString();
+    QProcess p;
+    p.start("psql",
+            {"-h", host, "-p", puerto, "-U", usuario, "-d", "postgres", "-c", "drop database " + base});
+    p.waitForFinished();
+    EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+}
+
+}  // namespace
