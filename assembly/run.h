@@ -30,6 +30,8 @@ struct EnlaceDeInsumos {
 };
 
 struct ContextoArmado {
+    ContextoArmado(AppContext &contexto, QString clave) : ctx(contexto), interno(std::move(clave)) {}
+
     AppContext &ctx;
     QString interno;
 
