@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -36,12 +37,19 @@ int falla(const QString &texto) {
     return fallo;
 }
 
-/// One line that grows: what is being done and how far.
+/// What is being done and how far, twice a second at most: short work says nothing.
 void mostrarProgreso(const QString &que, qint64 hecho, qint64 total) {
-    if (total > 0)
-        salida() << QStringLiteral("  %1 (%2 %)").arg(que).arg(hecho * 100 / total) << Qt::endl;
-    else
-        salida() << QStringLiteral("  %1").arg(que) << Qt::endl;
+    constexpr int pausa = 500;
+    static QElapsedTimer reloj = [] {
+        QElapsedTimer r;
+        r.start();
+        return r;
+    }();
+    if (reloj.elapsed() < pausa) return;
+    reloj.restart();
+    salida() << (total > 0 ? QStringLiteral("  %1 (%2 %)").arg(que).arg(hecho * 100 / total)
+                           : QStringLiteral("  ") + que)
+             << Qt::endl;
 }
 
 struct Servidor {
@@ -146,9 +154,20 @@ int main(int argc, char **argv) {
                                         QStringLiteral("Vacía cada tabla antes de cargarla."));
     args.addOptions(
         {ayuda, perfil, archivos, enServidor, demostracion, cargar, nomenclador, unidad, reemplazar});
-    if (!args.parse(QCoreApplication::arguments())) return malUso(args.errorText());
+    if (!args.parse(QCoreApplication::arguments())) {
+        const QStringList desconocidas = args.unknownOptionNames();
+        return malUso(desconocidas.isEmpty()
+                          ? QStringLiteral("A una opción le falta su valor; vea DbUpgrade3 --ayuda.")
+                          : QStringLiteral("No se conoce la opción \"%1\"; vea DbUpgrade3 --ayuda.")
+                                .arg(desconocidas.front()));
+    }
     if (args.isSet(ayuda)) {
-        salida() << args.helpText() << Qt::endl;
+        // Qt's own words around the options.
+        salida() << args.helpText()
+                        .replace(QStringLiteral("Usage:"), QStringLiteral("Uso:"))
+                        .replace(QStringLiteral("[options]"), QStringLiteral("[opciones]"))
+                        .replace(QStringLiteral("Options:"), QStringLiteral("Opciones:"))
+                 << Qt::endl;
         return bien;
     }
     if (!args.positionalArguments().isEmpty())
