@@ -1,14 +1,15 @@
 #include "assembly/run.h"
 
 #include "frame/values.h"
+#include "header/automotive.h"
 #include "header/regime.h"
 
 namespace {
 
-const QString aplicacion = QStringLiteral("ZENDRA");
-const QString seccionAEC = QStringLiteral("AEC");
 
-void guardarAEC(ContextoArmado &r, const QString &valor) { r.ctx.ajustes.Guardar(aplicacion, seccionAEC, r.interno, valor); }
+
+
+void guardarAEC(ContextoArmado &r, const QString &valor) { GuardarAEC(r.ctx, r.interno, valor); }
 
 bool empieza(const ContextoArmado &r, const char *prefijo) { return r.idsubreg.startsWith(QLatin1String(prefijo)); }
 

@@ -1,0 +1,19 @@
+#pragma once
+// The copy of an operation under a new key.
+
+#include <QString>
+
+struct AppContext;
+
+namespace oOperationCopy {
+
+/// Asks for the new key and duplicates every table of the operation: the copy was never armed (a null armed mark), was
+/// created today, and its lines have identities of their own, which links of groups and cancellations follow. The
+/// lock row and the free comment stay with the original. Answers the new key; empty when the user left, the key exists
+/// already ("El Código de interno ya existe.") or the store failed (its words were shown).
+QString Mostrar(AppContext &ctx, const QString &Numero_Interno);
+
+/// The copy itself; raises ErrorDeStore. `destino` must be free.
+void Copiar(AppContext &ctx, const QString &origen, const QString &destino);
+
+}  // namespace oOperationCopy
