@@ -93,6 +93,12 @@ bool escribirPerfil(const QString &carpeta, const QString &base, QString &perfil
 
 Molde &molde(bool servidor, bool conDemostracion) {
     static std::map<std::pair<bool, bool>, std::unique_ptr<Molde>> moldes;
+    // Their bases go while the drivers can still be loaded: once the application object is gone it is too late.
+    static const bool limpieza = [] {
+        qAddPostRoutine([] { moldes.clear(); });
+        return true;
+    }();
+    Q_UNUSED(limpieza)
     auto &uno = moldes[{servidor, conDemostracion}];
     if (uno) return *uno;
     auto nuevo = std::make_unique<Molde>();
