@@ -90,6 +90,10 @@ void Almacen::deshacer() const {
     consulta.exec(QStringLiteral("rollback"));
 }
 
+void Almacen::medir(const QString &tabla) const {
+    if (servidor_) ejecutar(QStringLiteral("analyze ") + tabla);
+}
+
 QString Almacen::comillas(const QString &nombre) {
     QString n = nombre;
     return QLatin1Char('"') + n.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');

@@ -46,6 +46,8 @@ class Almacen {
     void comenzar() const;
     void confirmar() const;
     void deshacer() const;
+    /// Lets the server look at a table that a load has filled, so that it does not plan for an empty one.
+    void medir(const QString &tabla) const;
 
     /// `nombre` quoted, and a table's full name in the entity's file or schema.
     static QString comillas(const QString &nombre);

@@ -210,6 +210,7 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
         insercion.finish();
         if (numerada) ponerAlDiaLaNumeracion(destino);
         a.confirmar();
+        if (resultado.cargadas >= filasPorAviso) a.medir(destino.nombre);
     } catch (...) {
         a.deshacer();
         resultado.cargadas = 0;

@@ -236,6 +236,7 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
         insercion.finish();
         modificacion.finish();
         a.confirmar();
+        if (resultado.cargadas >= filasPorAviso) a.medir(destino.nombre);
     } catch (...) {
         a.deshacer();
         resultado.cargadas = 0;

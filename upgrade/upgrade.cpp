@@ -128,7 +128,7 @@ void crearTabla(const Almacen &a, const QString &esquemaDe, const Tabla &t, cons
     QStringList partes;
     for (const Columna &c : t.columnas) partes << definicion(a, c);
     // The order of insertion, which the file store has by itself.
-    if (a.servidor()) partes << QStringLiteral("zfila bigint generated always as identity primary key");
+    if (a.servidor()) partes << QStringLiteral("zfila bigint generated always as identity");
     a.ejecutar(QStringLiteral("create table %1 (%2)")
                    .arg(a.nombreDe(esquemaDe, nombre), partes.join(QLatin1String(", "))));
 }
@@ -208,8 +208,7 @@ void completarTabla(const Almacen &a, const QString &esquemaDe, const Tabla &t, 
     }
     if (a.servidor() && !hay.contains(QStringLiteral("zfila"))) {
         a.ejecutar(
-            QStringLiteral("alter table %1 add column zfila bigint generated always as identity unique")
-                .arg(tabla));
+            QStringLiteral("alter table %1 add column zfila bigint generated always as identity").arg(tabla));
         m.cambio(QStringLiteral("%1: %2 guarda el orden de carga").arg(t.entidad, t.nombre));
     }
 }
