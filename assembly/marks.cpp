@@ -1,24 +1,37 @@
-#include <algorithm>
 #include <array>
 
 #include "assembly/run.h"
+#include "assembly/sql_text.h"
 #include "subitems/nomenclature.h"
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<QLatin1StringView, 7> regimenesConMarcas{"IC"_L1,  "LAPI"_L1, "DJAI"_L1, "ZFE"_L1,
+                                                              "DIR"_L1, "ECA"_L1,  "IG"_L1};
+
+bool llevaMarcas(const QString &idsubreg) {
+    for (const QLatin1StringView prefijo : regimenesConMarcas)
+        if (idsubreg.startsWith(prefijo)) return true;
+    return false;
+}
+
+}  // namespace
+
 void VerificarMarcasNcm(ContextoArmado &r) {
-    MarcarCorriendo(r, PasoArmado::VerificandoMarcas);
-    static constexpr std::array<const char *, 7> prefijos{"IC", "LAPI", "DJAI", "ZFE", "DIR", "ECA", "IG"};
-    const bool mira = std::any_of(prefijos.begin(), prefijos.end(), [&r](const char *p) { return r.idsubreg.startsWith(QLatin1String(p)); });
-    if (mira) {
-        bool lapi = false;
-        bool estampillas = false;
-        Recordset rs;
-        for (r.consultar(QLatin1String("select distinct ncm from item where interno = '") + r.interno + QLatin1String("' and id <> 0"), rs); !rs.Eof(); rs.MoveNext()) {
-            const MarcasNcm marcas = LeerMarcasNcm(r.ctx, rs.Texto(u"ncm"));
-            lapi = lapi || marcas.lapi;
-            estampillas = estampillas || marcas.estampillado;
-        }
-        if (lapi) r.ctx.dialogos.informar(QStringLiteral("Se han encontrado posiciones con LAPI"));
-        if (estampillas) r.ctx.dialogos.informar(QStringLiteral("Se han encontrado posiciones con ESTAMPILLAS"));
+    if (!llevaMarcas(r.idsubreg)) return;
+    bool lapi = false;
+    bool estampillas = false;
+    Recordset posiciones;
+    r.consultar(
+        "select distinct ncm from item where interno = "_L1 + EnComillas(r.interno) + " and id <> 0"_L1,
+        posiciones);
+    for (; !posiciones.Eof(); posiciones.MoveNext()) {
+        const MarcasNcm marcas = LeerMarcasNcm(r.ctx, posiciones.Texto(u"ncm"));
+        lapi = lapi || marcas.lapi;
+        estampillas = estampillas || marcas.estampillado;
     }
-    MarcarHecho(r, PasoArmado::VerificandoMarcas);
+    if (lapi) r.ctx.dialogos.informar(u"Se han encontrado posiciones con LAPI"_s);
+    if (estampillas) r.ctx.dialogos.informar(u"Se han encontrado posiciones con ESTAMPILLAS"_s);
 }

@@ -1,18 +1,24 @@
-#include <array>
+// The lines as keyed, imported and copied hold nulls, blanks and half-filled measures. The grouping compares
+// with equality, and a null equals nothing: so every column of a group's key gets a value here, in place.
+
+#include <QHash>
 
 #include "assembly/run.h"
-#include "frame/values.h"
+#include "assembly/sql_text.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One statement: what stands ahead of the key, and behind it.
+/// A statement around the operation's key.
 struct Relleno {
     const char *antes;
-    const char *detras = "'";
+    const char *despues = "'";
 };
 
-// In this order: the suffix blanks come before the trailing dash, the null fills before the unit fills.
-constexpr std::array<Relleno, 36> rellenos{{
+// The order matters twice: the blanks of the suffixes come before their closing dash, and the nulls are
+// filled before the measures.
+constexpr Relleno rellenos[] = {
     {"UPDATE SUBITEMS SET BIENDEUSO = 'N' WHERE INTERNO = '", "' and (BIENDEUSO='' or BIENDEUSO is null)"},
     {"update subitems set tipoitem = 'N' where interno = '", "' and (tipoitem = '' or tipoitem is null)"},
     {"update subitems set valorderesp = 0 where (valorderesp is null) and interno = '"},
@@ -31,8 +37,9 @@ constexpr std::array<Relleno, 36> rellenos{{
     {"update subitems set deresp = '' where deresp is null and interno = '"},
     {"update subitems set cancelaciones = '' where cancelaciones is null and interno = '"},
     {"update subitems set codigoean = '' where codigoean is null and interno =  '"},
-    {"Update SubItems set sufijos = sufijos+'-' where not (sufijos = 'SIN SUFIJOS' or sufijos = '' or sufijos is null) and "
-     "right(sufijos,1)<>'-' and interno = '"},
+    {"Update SubItems set sufijos = sufijos+'-' where not (sufijos = 'SIN SUFIJOS' or sufijos = '' or "
+     "sufijos is "
+     "null) and right(sufijos,1)<>'-' and interno = '"},
     {"Update SubItems set insumostemp = 0 where ISNUMERIC(insumostemp)=0 and interno =  '"},
     {"Update SubItems set insumostemp = 0 where insumostemp is null  and interno =  '"},
     {"Update SubItems set insumosacons = 0 where ISNUMERIC(insumosacons)=0  and interno =  '"},
@@ -48,67 +55,91 @@ constexpr std::array<Relleno, 36> rellenos{{
     {"Update SubItems set AjusteIncluir = 0 where AjusteIncluir is null  and interno =  '"},
     {"Update SubItems set AjusteDeducir = 0 where ISNUMERIC(AjusteDeducir)=0 and interno =  '"},
     {"Update SubItems set AjusteDeducir = 0 where AjusteDeducir is null  and interno =  '"},
-    {"update subitems set valorrelacionestadistica = cantidad where idunidad = estadistica and valorrelacionestadistica = 0 and interno = '"},
+    {"update subitems set valorrelacionestadistica = cantidad where idunidad = estadistica and "
+     "valorrelacionestadistica = 0 and interno = '"},
     {"update subitems set kgneto = cantidad where idunidad = '01' and kgneto = 0 and interno = '"},
-}};
+};
 
-QString alaDerecha(const QString &texto, int ancho) { return texto.rightJustified(ancho); }
+constexpr qsizetype anchoDePosicion = 15;
+constexpr qsizetype sangriaDelSufijo = 33;
 
-QString textoDeError(int codigo) {
-    switch (codigo) {
+QString palabraDelError(int respuesta) {
+    switch (respuesta) {
         case 1:
-            return QStringLiteral("Error: POSICIÓN INVALIDA");
+            return u"Error: POSICIÓN INVALIDA"_s;
         case 2:
-            return QStringLiteral("Error: SUFIJO INVÁLIDOS");
+            return u"Error: SUFIJO INVÁLIDOS"_s;
         default:
-            return QStringLiteral("Error: DESCONOCIDO");
+            return u"Error: DESCONOCIDO"_s;
     }
+}
+
+QString cabezaDelInforme() {
+    return u"Se han encontrado subitem's inválidos\r\n-------------------------------------\r\n\r\n"_s +
+           u"Posición"_s.rightJustified(anchoDePosicion) + QString(anchoDePosicion, '-'_L1) + ' '_L1 +
+           QString(10, '-'_L1) + " \r\n"_L1;
 }
 
 }  // namespace
 
 void NormalizarLineas(ContextoArmado &r) {
-    for (const Relleno &relleno : rellenos) r.ejecutar(QLatin1String(relleno.antes) + r.interno + QLatin1String(relleno.detras));
+    for (const Relleno &relleno : rellenos)
+        r.ejecutar(QLatin1StringView(relleno.antes) + r.interno + QLatin1StringView(relleno.despues));
     if (r.opciones.modo == ModoDescripcion::Catalogo)
-        r.ejecutar(QLatin1String("update subitems set descripcion_maria = descripcion where interno = '") + r.interno + QLatin1String("'"));
+        r.ejecutar(
+            ConClave("update subitems set descripcion_maria = descripcion where interno = '", r.interno));
 }
 
 Fase ControlarDescripciones(ContextoArmado &r) {
-    if (!r.esDJAI() || (r.opciones.modo != ModoDescripcion::Maria && r.opciones.modo != ModoDescripcion::Catalogo)) return Fase::Sigue;
-    Recordset rs;
-    r.consultar(QLatin1String("select count(*) as total from subitems where interno = '") + r.interno + QLatin1String("' and descripcion_maria = ''"), rs);
-    const double total = rs.Numero(u"Total");
-    if (total <= 0) return Fase::Sigue;
-    if (r.ctx.dialogos.preguntar({QStringLiteral("Hay %1 articulos sin descripción, ¿desea continuar?").arg(PonerPuntoDecimal(total)), {}, Icono::Pregunta, false}))
+    const ModoDescripcion modo = r.opciones.modo;
+    if (!r.esDJAI() || (modo != ModoDescripcion::Maria && modo != ModoDescripcion::Catalogo))
         return Fase::Sigue;
-    r.ctx.ChequeoArmado = QStringLiteral("No");
+    Recordset rs;
+    r.consultar("select count(*) as total from subitems where interno = "_L1 + EnComillas(r.interno) +
+                    " and descripcion_maria = ''"_L1,
+                rs);
+    if (rs.Numero(u"total") <= 0) return Fase::Sigue;
+    Pregunta p;
+    p.texto = "Hay "_L1 + rs.Texto(u"total") + u" articulos sin descripción, ¿desea continuar?"_s;
+    if (r.ctx.dialogos.preguntar(p)) return Fase::Sigue;
+    r.ctx.ChequeoArmado = u"No"_s;
     return Fase::Corta;
 }
 
 Fase RevalidarSufijos(ContextoArmado &r) {
+    const Dialogos &dialogos = r.ctx.dialogos;
+    Recordset pares;
     Conexion &conexion = r.internos().GetAssemblyConnection();
-    conexion.Sql = QLatin1String("select distinct ncm,sufijos from subitems where interno = '") + r.interno + QLatin1String("'");
-    Recordset rs;
-    conexion.crearrs(rs);
-    const int total = rs.RecordCount();
+    conexion.Sql = "select distinct ncm,sufijos from subitems where interno = "_L1 + EnComillas(r.interno);
+    conexion.crearrs(pares);
+    const int total = pares.RecordCount();
+    const auto barra = [&](int valor) {
+        dialogos.avance({Avance::Tipo::Barra, 0, u"pbSUF"_s, valor, total, {}});
+    };
+    barra(0);
+
+    // An operation holds many suffix texts of few positions: each position is read once.
+    QHash<QString, RequisitosDeSufijo> requisitos;
     QString informe;
-    for (int n = 0; !rs.Eof(); rs.MoveNext(), ++n) {
-        const QString ncm = rs.Texto(u"NCM");
-        const QString sufijos = rs.Texto(u"sufijos");
-        if (const int codigo = r.ctx.SuffixChecker.Validar(ncm, sufijos); codigo != 0) {
-            if (informe.isEmpty())
-                informe = QStringLiteral("Se han encontrado subitem's inválidos\r\n-------------------------------------\r\n\r\n") +
-                          alaDerecha(QStringLiteral("Posición"), 15) + QString(15, QLatin1Char('-')) + QLatin1Char(' ') + QString(10, QLatin1Char('-')) +
-                          QLatin1String(" \r\n");
-            informe += alaDerecha(ncm, 15) + QString(33, QLatin1Char(' ')) + QLatin1String(" - ") + sufijos + QLatin1String("\r\n") + textoDeError(codigo) +
-                       QLatin1String("\r\n\r\n");
+    for (int n = 0; !pares.Eof(); pares.MoveNext(), ++n) {
+        const QString posicion = pares.Texto(u"ncm");
+        const QString sufijos = pares.Texto(u"sufijos");
+        auto conocido = requisitos.constFind(posicion);
+        if (conocido == requisitos.constEnd())
+            conocido = requisitos.insert(posicion, r.ctx.SuffixChecker.Requisitos(posicion));
+        const int respuesta = SuffixCheckerClass::Cumple(*conocido, sufijos);
+        if (respuesta != 0) {
+            if (informe.isEmpty()) informe = cabezaDelInforme();
+            informe += posicion.rightJustified(anchoDePosicion) + QString(sangriaDelSufijo, ' '_L1) +
+                       " - "_L1 + sufijos + "\r\n"_L1 + palabraDelError(respuesta) + "\r\n\r\n"_L1;
         }
-        r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, QStringLiteral("Label8"), 0, 0, QStringLiteral("Revalidando %1 de %2 Sufijos").arg(n).arg(total)});
-        r.ctx.dialogos.avance({Avance::Tipo::Barra, 0, QStringLiteral("pbSUF"), n + 1, total, {}});
-        r.ctx.dialogos.atenderEventos();
+        dialogos.avance({Avance::Tipo::Etiqueta, 0, u"Label8"_s, 0, 100,
+                         u"Revalidando %1 de %2 Sufijos"_s.arg(n).arg(total)});
+        barra(n + 1);
+        dialogos.atenderEventos();
     }
     if (informe.isEmpty()) return Fase::Sigue;
-    r.ctx.dialogos.informe({{}, informe, false});
-    r.ctx.ChequeoArmado = QStringLiteral("No");
+    dialogos.informe({{}, informe, false});
+    r.ctx.ChequeoArmado = u"No"_s;
     return Fase::Corta;
 }

@@ -1,169 +1,234 @@
+// Amounts of the header are spread by a rule of three on FOB, in cents. The header's total is law: one row
+// always takes what the rounded shares leave over.
+
+#include <QLocale>
 #include <cmath>
 
 #include "assembly/run.h"
+#include "assembly/sql_text.h"
 #include "frame/numbers.h"
 #include "frame/values.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-using L = QLatin1String;
-using numeros::Format;
+constexpr QStringView centavos = u"00.00";
+constexpr QStringView unitario = u"00.00000";
 
-const QString entidad = QStringLiteral("INTERNOS");
+QString redondeo(const QString &expresion, QStringView mascara) {
+    return SqlRound(u"INTERNOS"_s, expresion, mascara);
+}
 
-QString redondeado(const QString &expresion, QStringView mascara) { return SqlRound(entidad, expresion, mascara); }
+double conMascara(double valor, QStringView mascara) {
+    return numeros::aNumero(numeros::Format(valor, mascara));
+}
 
-/// A value through "00.00" and back: the comparison of header and sum is made on that text.
-double centavos(double valor) { return numeros::redondear(valor, 2); }
+bool igualesEnCentavos(double a, double b) {
+    return numeros::Format(a, centavos) == numeros::Format(b, centavos);
+}
 
-QString interno(const ContextoArmado &r) { return QLatin1Char('\'') + r.interno + QLatin1Char('\''); }
+/// A number of the store for a test of equality: SqlNumber keeps 15 digits, and a sum may hold more.
+QString numeroExacto(double valor) {
+    const QString corto = SqlNumber(valor);
+    if (numeros::aNumero(corto) == valor) return corto;
+    return QString::number(valor, 'g', QLocale::FloatingPointShortest);
+}
 
-double suma(ContextoArmado &r, const QString &sql, QStringView columna) {
+double cociente(double a, double b) {
+    if (b == 0) throw ErrorDeStore{11, u"ArmarItem"_s, u"División por cero"_s, {}};
+    return a / b;
+}
+
+double total(const ContextoArmado &r, const QString &sql, QStringView columna) {
     Recordset rs;
     return r.consultar(sql, rs) ? rs.Numero(columna) : 0;
 }
 
-/// The spread over all groups. The first row in store order that is larger than the difference takes the residual.
-void prorratearSobreTodos(ContextoArmado &r) {
-    const double v = r.valoraprorratear;
-    Recordset rs;
-    for (r.consultar(L("select distinct idsub,fob,cantidad,fob + ((  ") + redondeado(QStringLiteral("fob"), u"00.00") + L(" * ") + SqlNumber(v) + L(") / ") +
-                         SqlNumber(r.fobdivisas) + L(") as valor from groupsubitems where interno = ") + interno(r),
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
-        const QString valor = SqlNumber(Format(rs.Numero(u"Valor"), u"00.00"));
-        r.ejecutar(L("update groupsubitems set fob = ") + valor + L(", preciounitario = ") + redondeado(valor + L("/cantidad"), u"00.00000") +
-                   L("  where interno = ") + interno(r) + L(" and  idsub = ") + rs.Texto(u"IdSub"));
+// Over all groups
+
+void repartirEntreTodos(ContextoArmado &r) {
+    const QString clave = EnComillas(r.interno);
+    const double objetivo = conMascara(r.fobdivisas + r.valoraprorratear, centavos);
+    Recordset grupos;
+    r.consultar("select distinct idsub,fob,cantidad,fob + ((  "_L1 + redondeo(u"fob"_s, centavos) + " * "_L1 +
+                    SqlNumber(r.valoraprorratear) + ") / "_L1 + SqlNumber(r.fobdivisas) +
+                    ") as valor from groupsubitems where interno = "_L1 + clave,
+                grupos);
+    for (; !grupos.Eof(); grupos.MoveNext()) {
+        const QString valor = SqlNumber(numeros::Format(grupos.Numero(u"valor"), centavos));
+        r.ejecutar("update groupsubitems set fob = "_L1 + valor + ", preciounitario = "_L1 +
+                   redondeo(valor + "/cantidad"_L1, unitario) + "  where interno = "_L1 + clave +
+                   " and  idsub = "_L1 + grupos.Texto(u"idsub"));
     }
-    r.ejecutar(L("update groupsubitems set fob = ") + redondeado(QStringLiteral("fob"), u"00.00") + L(" where interno = ") + interno(r));
-    const double total = suma(r, L("select sum(fob) as total from groupsubitems where interno = ") + interno(r), u"total");
-    const double objetivo = centavos(r.fobdivisas + v);
-    if (Format(total, u"00.00") != Format(objetivo, u"00.00")) {
-        const double diferencia = numeros::redondear(objetivo - centavos(total), 3);
-        r.internos().Sql = L("select * from groupsubitems WHERE INTERNO = ") + interno(r) + L(" and fob >") + PonerPuntoDecimal(std::fabs(diferencia));
-        Recordset fila;
-        if (r.internos().crearrsActualizable(fila, QStringLiteral("groupsubitems"))) {
-            const double fob = centavos(centavos(fila.Numero(u"Fob")) + diferencia);
-            fila.Poner(u"fob", fob);
-            fila.Poner(u"preciounitario", numeros::redondear(fob / fila.Numero(u"Cantidad"), 5));
-            fila.Update();
+    r.ejecutar("update groupsubitems set fob = "_L1 + redondeo(u"fob"_s, centavos) + " where interno = "_L1 +
+               clave);
+    const double suma =
+        total(r, "select sum(fob) as total from groupsubitems where interno = "_L1 + clave, u"total");
+    if (!igualesEnCentavos(suma, objetivo)) {
+        const double diferencia = conMascara(objetivo - conMascara(suma, centavos), u"00.000");
+        Recordset uno;
+        Conexion &internos = r.internos();
+        internos.Sql = "select * from groupsubitems WHERE INTERNO = "_L1 + clave + " and fob >"_L1 +
+                       PonerPuntoDecimal(std::abs(diferencia));
+        if (internos.crearrsActualizable(uno, u"groupsubitems"_s)) {
+            const double fob = conMascara(uno.Numero(u"fob"), centavos) + diferencia;
+            uno.Poner(u"fob", fob);
+            uno.Poner(u"preciounitario", conMascara(cociente(fob, uno.Numero(u"cantidad")), unitario));
+            uno.Update();
         }
     }
     r.FobDeclarado = objetivo;
 }
 
-/// Codes that no group carries stop the run.
-Fase controlarCodigos(ContextoArmado &r) {
+// By proration codes
+
+/// Codes that no group carries stop the run: their amount would vanish.
+Fase controlarCodigosSinUso(ContextoArmado &r) {
+    const QString clave = EnComillas(r.interno);
     Recordset rs;
-    if (!r.consultar(L("select codigo, descripcion from prorrateo where interno = ") + interno(r) +
-                         L(" and codigo not in (select codprorrateo from groupsubitems where interno = ") + interno(r) + L(")"),
+    if (!r.consultar("select codigo, descripcion from prorrateo where interno = "_L1 + clave +
+                         " and codigo not in (select codprorrateo from groupsubitems where interno = "_L1 +
+                         clave + ')'_L1,
                      rs))
         return Fase::Sigue;
-    const QString raya(64, QLatin1Char('-'));
-    QStringList lineas{raya, QStringLiteral("Se encontraron CODIGOS DE PRORRATEOS sin utilizar"), QStringLiteral("No se puede continuar con el armado."), raya};
-    for (; !rs.Eof(); rs.MoveNext()) lineas << rs.Texto(u"Codigo").trimmed() + L(" - ") + rs.Texto(u"Descripcion").trimmed();
-    r.ctx.dialogos.advertir(lineas.join(L("\r\n")));
-    r.ctx.ChequeoArmado = QStringLiteral("NO");
+    const QString raya(64, '-'_L1);
+    QStringList lineas{raya, u"Se encontraron CODIGOS DE PRORRATEOS sin utilizar"_s,
+                       u"No se puede continuar con el armado."_s, raya};
+    for (; !rs.Eof(); rs.MoveNext())
+        lineas << rs.Texto(u"codigo").trimmed() + " - "_L1 + rs.Texto(u"descripcion").trimmed();
+    r.ctx.dialogos.advertir(lineas.join("\r\n"_L1));
+    r.ctx.ChequeoArmado = u"NO"_s;
     return Fase::Corta;
 }
 
-void prorratearCodigo(ContextoArmado &r, const QString &codigo, double valorDelCodigo) {
-    const QString donde = L(" where interno = ") + interno(r) + L(" and codprorrateo = '") + codigo + L("'");
-    Recordset rs;
-    if (!r.consultar(L("select sum(fob) as valor from groupsubitems") + donde, rs) || rs.EsNulo(u"valor")) return;
-    const double sumado = rs.Numero(u"valor");
-    for (r.consultar(L("select distinct fob,cantidad,fob + ((") + redondeado(QStringLiteral("fob"), u"00.00") + L(" * ") + SqlNumber(valorDelCodigo) + L(") / ") +
-                         SqlNumber(sumado) + L(") as valor from groupsubitems") + donde,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
-        const QString valor = SqlNumber(rs.Numero(u"Valor"));
-        r.ejecutar(L("update groupsubitems set fob = ") + valor + L(", preciounitario = ") + redondeado(valor + L("/cantidad"), u"00.00000") +
-                   L(" where fob = ") + SqlNumber(rs.Numero(u"Fob")) + L(" and cantidad = ") + SqlNumber(rs.Numero(u"Cantidad")) + L(" and interno = ") + interno(r) +
-                   L(" and codprorrateo = '") + codigo + L("'"));
+void repartirCodigo(const ContextoArmado &r, const QString &codigo, double valor) {
+    const QString donde =
+        " interno = "_L1 + EnComillas(r.interno) + " and codprorrateo = "_L1 + EnComillas(codigo);
+    Recordset suma;
+    r.consultar("select sum(fob) as valor from groupsubitems where"_L1 + donde, suma);
+    if (suma.EsNulo(u"valor")) return;
+    Recordset grupos;
+    r.consultar("select distinct fob,cantidad,fob + (("_L1 + redondeo(u"fob"_s, centavos) + " * "_L1 +
+                    SqlNumber(valor) + ") / "_L1 + SqlNumber(suma.Numero(u"valor")) +
+                    ") as valor from groupsubitems where"_L1 + donde,
+                grupos);
+    for (; !grupos.Eof(); grupos.MoveNext()) {
+        const QString nuevo = SqlNumber(grupos.Numero(u"valor"));
+        r.ejecutar("update groupsubitems set fob = "_L1 + nuevo + ", preciounitario = "_L1 +
+                   redondeo(nuevo + "/cantidad"_L1, unitario) + " where fob = "_L1 +
+                   numeroExacto(grupos.Numero(u"fob")) + " and cantidad = "_L1 +
+                   numeroExacto(grupos.Numero(u"cantidad")) + " and"_L1 + donde);
     }
 }
 
-/// The spread by codes. The coded row of lowest FOB takes the residual.
-Fase prorratearPorCodigos(ContextoArmado &r) {
-    if (controlarCodigos(r) == Fase::Corta) return Fase::Corta;
-    double acumulado = 0;
+void ajustarCodigos(ContextoArmado &r, double suma) {
+    const QString clave = EnComillas(r.interno);
+    const double hay = total(r,
+                             "select sum("_L1 + redondeo(u"fob"_s, centavos) +
+                                 ") as total from groupsubitems where interno = "_L1 + clave,
+                             u"total");
+    if (igualesEnCentavos(r.fobdivisas + suma, hay)) return;
+    const double diferencia = conMascara(hay - (r.fobdivisas + suma), centavos);
+    Recordset uno;
+    Conexion &internos = r.internos();
+    internos.Sql = "select * from groupsubitems WHERE INTERNO = "_L1 + clave +
+                   " and codprorrateo in(select codigo from prorrateo where groupsubitems.interno = "
+                   "prorrateo.interno) order by fob"_L1;
+    if (!internos.crearrsActualizable(uno, u"groupsubitems"_s)) return;
+    const double fob = uno.Numero(u"fob") - diferencia;
+    uno.Poner(u"fob", fob);
+    uno.Poner(u"preciounitario", cociente(fob, uno.Numero(u"cantidad")));
+    uno.Update();
+}
+
+Fase repartirPorCodigos(ContextoArmado &r) {
+    if (controlarCodigosSinUso(r) == Fase::Corta) return Fase::Corta;
+    const QString clave = EnComillas(r.interno);
+    double suma = 0;
     double ultimo = 0;
     Recordset codigos;
-    const bool hay = r.consultar(L("select codigo,valor from prorrateo where interno = ") + interno(r), codigos);
+    const bool hay = r.consultar("select codigo,valor from prorrateo where interno = "_L1 + clave, codigos);
     for (; !codigos.Eof(); codigos.MoveNext()) {
-        ultimo = codigos.Numero(u"Valor");
-        acumulado += ultimo;
-        prorratearCodigo(r, codigos.Texto(u"codigo"), ultimo);
+        ultimo = codigos.Numero(u"valor");
+        suma += ultimo;
+        repartirCodigo(r, codigos.Texto(u"codigo"), ultimo);
     }
     if (hay) {
-        Recordset rs;
-        if (r.consultar(L("select fobdivisas,fletedivisas,segurodivisas from caratula where interno = ") + interno(r), rs)) {
-            r.fobdivisas = rs.Numero(u"fobdivisas");
-            r.fletedivisas = rs.Numero(u"fletedivisas");
-            r.segurodivisas = rs.Numero(u"segurodivisas");
-        }
-        const double total = suma(r, L("select sum(") + redondeado(QStringLiteral("fob"), u"00.00") + L(") as total from groupsubitems where interno = ") + interno(r), u"total");
-        if (acumulado == 0 && ultimo > 0) acumulado = ultimo;
-        if (Format(r.fobdivisas + acumulado, u"00.00") != Format(total, u"00.00")) {
-            const double diferencia = centavos(total - (r.fobdivisas + acumulado));
-            r.internos().Sql = L("select * from groupsubitems WHERE INTERNO = ") + interno(r) +
-                               L(" and codprorrateo in(select codigo from prorrateo where groupsubitems.interno = prorrateo.interno) order by fob");
-            Recordset fila;
-            if (r.internos().crearrsActualizable(fila, QStringLiteral("groupsubitems"))) {
-                const double fob = fila.Numero(u"Fob") - diferencia;
-                fila.Poner(u"fob", fob);
-                const double cantidad = fila.Numero(u"Cantidad");
-                if (cantidad == 0) throw ErrorDeStore{11, QStringLiteral("INTERNOS"), QStringLiteral("División por cero"), {}};
-                fila.Poner(u"preciounitario", fob / cantidad);
-                fila.Update();
-            }
-        }
+        Recordset caratula;
+        r.consultar("select fobdivisas,fletedivisas,segurodivisas from caratula where interno = "_L1 + clave,
+                    caratula);
+        r.fobdivisas = caratula.Numero(u"fobdivisas");
+        r.fletedivisas = caratula.Numero(u"fletedivisas");
+        r.segurodivisas = caratula.Numero(u"segurodivisas");
+        if (suma == 0 && ultimo > 0) suma = ultimo;
+        ajustarCodigos(r, suma);
     }
-    r.FobDeclarado = centavos(r.fobdivisas + acumulado);
+    r.FobDeclarado = conMascara(r.fobdivisas + suma, centavos);
     return Fase::Sigue;
 }
 
-/// A header amount over the items by FOB; the item with the largest share takes the residual.
-void prorratearEnItems(ContextoArmado &r, const QString &columna, double importe, const char *cola, const char *orden) {
-    r.ejecutar(L("update item set ") + columna + L(" = ") +
-               redondeado(L("(FobTotal * ") + SqlNumber(importe) + L(")/") + SqlNumber(r.FobDeclarado), u"00.00") + L(cola) + interno(r));
-    const double total = suma(r, L("select sum(") + columna + L(") as total from item where interno = ") + interno(r), u"total");
-    const double diferencia = centavos(total - importe);
-    if (diferencia == 0) return;
-    r.internos().Sql = L("select top 2 * from item where interno = ") + interno(r) + L(" order by ") + L(orden) + L(" desc");
-    Recordset fila;
-    if (!r.internos().crearrsActualizable(fila, QStringLiteral("item"))) return;
-    fila.Poner(QString(L(orden)), centavos(fila.Numero(QString(L(orden))) - diferencia));
-    fila.Update();
+// Over the items
+
+/// The item with the largest share gives back, or takes, what the rounded shares leave.
+void ajustarItems(const ContextoArmado &r, QLatin1StringView columna, QLatin1StringView enOrden,
+                  double importe) {
+    const QString clave = EnComillas(r.interno);
+    const double suma =
+        total(r, "select sum("_L1 + columna + ") as total from item where interno = "_L1 + clave, u"total");
+    if (igualesEnCentavos(suma, importe)) return;
+    Recordset uno;
+    Conexion &internos = r.internos();
+    internos.Sql =
+        "select top 2 * from item where interno = "_L1 + clave + " order by "_L1 + enOrden + " desc"_L1;
+    if (!internos.crearrsActualizable(uno, u"item"_s)) return;
+    const QString nombre = QString(enOrden);
+    uno.Poner(nombre, uno.Numero(nombre) - conMascara(suma - importe, centavos));
+    uno.Update();
 }
 
 }  // namespace
 
 Fase ProrratearValor(ContextoArmado &r) {
-    if (r.valoraprorratear == 0) return prorratearPorCodigos(r);
-    prorratearSobreTodos(r);
+    if (r.valoraprorratear == 0) return repartirPorCodigos(r);
+    repartirEntreTodos(r);
     return Fase::Sigue;
 }
 
 void ProrratearFleteYSeguro(ContextoArmado &r) {
-    prorratearEnItems(r, QStringLiteral("itFLETE"), r.fletedivisas, "  where interno = ", "itflete");
-    prorratearEnItems(r, QStringLiteral("itSEGURO"), r.segurodivisas, " where interno = ", "itseguro");
+    const QString clave = EnComillas(r.interno);
+    const auto porFob = [&r](double importe) {
+        return redondeo("(FobTotal * "_L1 + SqlNumber(importe) + ")/"_L1 + SqlNumber(r.FobDeclarado),
+                        centavos);
+    };
+    r.ejecutar("update item set itFLETE = "_L1 + porFob(r.fletedivisas) + "  where interno = "_L1 + clave);
+    ajustarItems(r, "itFLETE"_L1, "itflete"_L1, r.fletedivisas);
+    r.ejecutar("update item set itSEGURO = "_L1 + porFob(r.segurodivisas) + " where interno = "_L1 + clave);
+    ajustarItems(r, "itSEGURO"_L1, "itseguro"_L1, r.segurodivisas);
 }
 
 void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
-    const QString total = L("select sum(itcomext) as totalcomext from item where id<>0 and interno = ") + interno(r);
-    r.ejecutar(L("update ITEM set ItComExt = ") + redondeado(L("(") + SqlNumber(comision) + L(" * FobTotal) / ") + SqlNumber(fobdeclarado), u"00.00") +
-               L(" where id<>0 and interno = ") + interno(r));
-    const double diferencia = centavos(comision - suma(r, total, u"totalcomext"));
+    const QString clave = EnComillas(r.interno);
+    r.ejecutar(
+        "update ITEM set ItComExt = "_L1 +
+        redondeo("("_L1 + SqlNumber(comision) + " * FobTotal) / "_L1 + SqlNumber(fobdeclarado), centavos) +
+        " where id<>0 and interno = "_L1 + clave);
+    const QString sumar =
+        "select sum(itcomext) as totalcomext from item where id<>0 and interno = "_L1 + clave;
+    const double diferencia = conMascara(comision - total(r, sumar, u"totalcomext"), centavos);
     if (diferencia != 0) {
-        r.internos().Sql = diferencia < 0 ? L("select top 1 * from item where id<>0 and interno = ") + interno(r) + L(" and itcomext> ") + SqlNumber(diferencia) +
-                                                L(" order by itcomext desc")
-                                          : L("select top 1 * from item where id<>0 and interno = ") + interno(r) + L(" order by itcomext asc");
-        Recordset fila;
-        if (r.internos().crearrsActualizable(fila, QStringLiteral("item"))) {
-            fila.Poner(u"itcomext", centavos(fila.Numero(u"itcomext") + diferencia));
-            fila.Update();
+        Conexion &internos = r.internos();
+        internos.Sql = diferencia < 0
+                           ? "select top 1 * from item where id<>0 and interno = "_L1 + clave +
+                                 " and itcomext> "_L1 + SqlNumber(diferencia) + " order by itcomext desc"_L1
+                           : "select top 1 * from item where id<>0 and interno = "_L1 + clave +
+                                 " order by itcomext asc"_L1;
+        Recordset uno;
+        if (internos.crearrsActualizable(uno, u"item"_s)) {
+            uno.Poner(u"itcomext", uno.Numero(u"itcomext") + diferencia);
+            uno.Update();
         }
     }
-    r.ejecutar(L("update item set itcomext = ") + SqlNumber(suma(r, total, u"totalcomext")) + L(" where id=0 and interno = ") + interno(r));
+    r.ejecutar("update item set itcomext = "_L1 + SqlNumber(total(r, sumar, u"totalcomext")) +
+               " where id=0 and interno = "_L1 + clave);
 }

@@ -1,172 +1,149 @@
 #include "assembly/run.h"
 
+#include <algorithm>
+#include <array>
+
+#include "assembly/sql_text.h"
 #include "frame/values.h"
 #include "header/automotive.h"
 #include "header/regime.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-
-
-
-void guardarAEC(ContextoArmado &r, const QString &valor) { GuardarAEC(r.ctx, r.interno, valor); }
-
-bool empieza(const ContextoArmado &r, const char *prefijo) { return r.idsubreg.startsWith(QLatin1String(prefijo)); }
-
-bool empiezaConIC(const ContextoArmado &r) { return r.idsubreg.left(2).toUpper() == QLatin1String("IC"); }
-
-QString donde(const ContextoArmado &r, const char *sentencia) { return QLatin1String(sentencia) + r.interno + QLatin1String("'"); }
-
-void leerCaratula(ContextoArmado &r) {
-    Recordset rs;
-    r.consultar(donde(r,
-                      "SELECT idsubreg,cuitcliente,FOBDIVISAS,VALORAPRORRATEAR,fletedivisas,segurodivisas,motivodestsuspensiva,DCEstMerc, "
-                      "DCForzarEstMerc, DCPaisOrigen, DCForzarPaisOrigen, DCPaisDestino, DCStandard, DCRegalias, DCKgNeto, DCComExt, "
-                      "ONCCAAcuerdo, ONCCAElaborador, ONCCAEspecie, ONCCAFaneador, ONCCAMatadero, ONCCAMeccoorgbio, ONCCARes3106, "
-                      "ONCCASisPro, ONCCACategoria, ONCCACortes, OpcionesIVA, OpcionesGanancias, DATOCOMPRADOR, NROTRANSINTER, "
-                      "DC_DJAI_ForzarDescripcionMercaderia, DC_DJAI_DescripcionMercaderia  FROM CARATULA where interno = '"),
-                rs);
-    const QLatin1String si("S");
-    r.idsubreg = rs.Texto(u"idsubreg");
-    r.cuitcliente = rs.Texto(u"cuitcliente");
-    r.fobdivisas = rs.Numero(u"FOBDIVISAS");
-    r.valoraprorratear = rs.Numero(u"VALORAPRORRATEAR");
-    r.fletedivisas = rs.Numero(u"fletedivisas");
-    r.segurodivisas = rs.Numero(u"segurodivisas");
-    r.motivodestsuspensiva = rs.Texto(u"motivodestsuspensiva").trimmed();
-    r.DCEstMerc = rs.Texto(u"DCEstMerc");
-    r.DCForzarEstMerc = rs.Texto(u"DCForzarEstMerc") == si;
-    r.DCPaisOrigen = rs.Texto(u"DCPaisOrigen");
-    r.DCForzarPaisOrigen = rs.Texto(u"DCForzarPaisOrigen") == si;
-    r.DCPaisDestino = rs.Texto(u"DCPaisDestino");
-    r.DCStandard = rs.Texto(u"DCStandard");
-    r.DCRegalias = rs.Texto(u"DCRegalias");
-    r.DCKgNeto = rs.Numero(u"DCKgNeto");
-    r.DCComExt = rs.Numero(u"DCComExt");
-    r.ONCCAAcuerdo = rs.Texto(u"ONCCAAcuerdo");
-    r.ONCCAElaborador = rs.Texto(u"ONCCAElaborador");
-    r.ONCCAEspecie = rs.Texto(u"ONCCAEspecie");
-    r.ONCCAFaneador = rs.Texto(u"ONCCAFaneador");
-    r.ONCCAMatadero = rs.Texto(u"ONCCAMatadero");
-    r.ONCCAMeccoorgbio = rs.Texto(u"ONCCAMeccoorgbio");
-    r.ONCCARes3106 = rs.Texto(u"ONCCARes3106");
-    r.ONCCASisPro = rs.Texto(u"ONCCASisPro");
-    r.ONCCACategoria = rs.Texto(u"ONCCACategoria");
-    r.ONCCACortes = rs.Texto(u"ONCCACortes");
-    r.OpcionesIVA = rs.Texto(u"OpcionesIVA");
-    r.OpcionesGanancias = rs.Texto(u"OpcionesGanancias");
-    r.DATOCOMPRADOR = rs.Texto(u"DATOCOMPRADOR").trimmed();
-    r.NROTRANSINTER = rs.Texto(u"NROTRANSINTER").trimmed();
-    r.descripcionForzada = rs.Texto(u"DC_DJAI_ForzarDescripcionMercaderia") == si;
-    r.DC_DJAI_DescripcionMercaderia = rs.Texto(u"DC_DJAI_DescripcionMercaderia").trimmed().replace(QLatin1String("\r\n"), QLatin1String(" "));
-    if (r.descripcionForzada) {
-        r.opciones.sinDescripcion = true;
-        r.opciones.modo = ModoDescripcion::Ninguno;
-    }
+bool esIC(const ContextoArmado &r) {
+    return r.idsubreg.left(2).toUpper() == "IC"_L1;
 }
 
-void insertarFlag(ContextoArmado &r, const char *flag, const char *valor) {
-    r.ejecutar(QLatin1String("insert into SYSFLAG (flag,valor,item,interno) values ('") + QLatin1String(flag) + QLatin1String("','") +
-               QLatin1String(valor) + QLatin1String("',0,'") + r.interno + QLatin1String("')"));
+/// Outside the IC regimes nobody is asked about the external tariff: the stored answer is No.
+void negarAEC(ContextoArmado &r) {
+    if (!esIC(r)) GuardarAEC(r.ctx, r.interno, u"N"_s);
 }
 
-/// The decree a temporary destination names.
-void fijarDecretos(ContextoArmado &r) {
-    struct Decreto {
-        const char *motivo;
-        QString MotivoDecreto::*marca;
-        const char *flag;
-    };
-    static constexpr Decreto decretos[] = {{"DTO.1439/96", &MotivoDecreto::d1439_96, "1439/96"},
-                                           {"D1439/96-AI", &MotivoDecreto::d1439_96A1, "1439/96A1"},
-                                           {"D1330/04-A6", &MotivoDecreto::d1330_04A6, "D1330/04A6"},
-                                           {"D1330/04-A7", &MotivoDecreto::d1330_04A7, "D1330/04A7"},
-                                           {"D1330/04-A8", &MotivoDecreto::d1330_04A8, "D1330/04A8"}};
-    r.ctx.decreto = MotivoDecreto();
-    if (EsRegimenTemporal(r.idsubreg)) {
-        for (const Decreto &d : decretos) {
-            if (r.motivodestsuspensiva != QLatin1String(d.motivo)) continue;
-            r.ctx.decreto.*d.marca = QStringLiteral("S");
-            insertarFlag(r, d.flag, "S");
-            return;
-        }
-    }
-    insertarFlag(r, "1439/96", "N");
-    insertarFlag(r, "1439/96A1", "N");
+/// A reason of a temporary operation, the flag of the context it sets and the name of its row.
+struct Decreto {
+    const char *motivo;
+    QString MotivoDecreto::*bandera;
+    const char *fila;
+};
+constexpr std::array<Decreto, 5> decretos{{
+    {"DTO.1439/96", &MotivoDecreto::d1439_96, "1439/96"},
+    {"D1439/96-AI", &MotivoDecreto::d1439_96A1, "1439/96A1"},
+    {"D1330/04-A6", &MotivoDecreto::d1330_04A6, "D1330/04A6"},
+    {"D1330/04-A7", &MotivoDecreto::d1330_04A7, "D1330/04A7"},
+    {"D1330/04-A8", &MotivoDecreto::d1330_04A8, "D1330/04A8"},
+}};
+
+void insertarBandera(const ContextoArmado &r, QLatin1StringView bandera, QLatin1StringView valor) {
+    r.ejecutar("insert into SYSFLAG (flag,valor,item,interno) values ('"_L1 + bandera + "','"_L1 + valor +
+               "',0,"_L1 + EnComillas(r.interno) + ')'_L1);
+}
+
+void advertirSinDescripcion(const ContextoArmado &r) {
+    const OpcionesDeArmado &o = r.opciones;
+    if (!r.esDJAI() || !o.sinDescripcion || r.descripcionForzada || o.modo == ModoDescripcion::Mezcla) return;
+    r.ctx.dialogos.informar(
+        u"ADVERTENCIA: El sistema no envía la descripción de mercadería, ni lo tiene encuenta para el armado "
+        u"de "
+        "ítems, requerido por DJAI.\r\n\r\nEs su responsabilidad cargar la descripción correspondiente en el SIM."_s);
 }
 
 void preguntarCoeficiente(ContextoArmado &r) {
-    r.cstaimpexp = DireccionRegimen(r.ctx, r.idsubreg);
-    r.opciones.ChCOEF = empieza(r, "E") &&
-                        r.ctx.dialogos.preguntar({QStringLiteral("calculo del coeficiente de Exportación\r\n\r\n¿Los derechos y demás "
-                                                                 "tributos están incluidos en el precio FOB declarado?"),
-                                                  {},
-                                                  Icono::Pregunta,
-                                                  false});
+    r.opciones.ChCOEF = false;
+    if (r.idsubreg.startsWith('E'_L1)) {
+        Pregunta p;
+        p.texto =
+            u"calculo del coeficiente de Exportación\r\n\r\n¿Los derechos y demás tributos están incluidos "
+            u"en el "
+            "precio FOB declarado?"_s;
+        r.opciones.ChCOEF = r.ctx.dialogos.preguntar(p);
+    }
     r.ctx.CalcularCoeficiente = r.opciones.ChCOEF;
-    r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, QStringLiteral("ChCOEF"), r.opciones.ChCOEF ? 1 : 0, 1, {}});
-    r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, QStringLiteral("LbSubregimen"), 0, 0, r.idsubreg});
+    // The dashboard stands behind the run's screen: its box and its label follow.
+    r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, u"ChCOEF"_s, r.opciones.ChCOEF ? 1 : 0, 1, {}});
+    r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, u"LbSubregimen"_s, 0, 100, r.idsubreg});
 }
 
-/// Every item whose lines took inputs tells the link its number.
-Fase actualizarInsumos(ContextoArmado &r) {
+void borrarDerivados(const ContextoArmado &r) {
+    for (const char *tabla : {"groupsubitems", "idrel", "itemliq", "itemventaja", "iteminfo"})
+        r.ejecutar("delete from "_L1 + QLatin1StringView(tabla) + " where interno = "_L1 +
+                   EnComillas(r.interno));
+}
+
+/// Tells the input-records service the number of each item that consumes inputs, with its root lines.
+Fase enviarItems(ContextoArmado &r) {
     if (!r.go_InputsLink.presente()) return Fase::Sigue;
-    r.ctx.dialogos.avance({Avance::Tipo::MostrarPaso, static_cast<int>(PasoArmado::ActualizandoInsumos), {}, 0, 0, {}});
-    MarcarCorriendo(r, PasoArmado::ActualizandoInsumos);
+    constexpr auto paso = PasoArmado::ActualizandoInsumos;
+    r.ctx.dialogos.avance({Avance::Tipo::MostrarPaso, static_cast<int>(paso), u"lbInsumos"_s, 0, 100,
+                           TextosDePasos().at(static_cast<int>(paso))});
+    MarcarCorriendo(r, paso);
     if (EsRegimenConInsumos(r.idsubreg) && r.go_InputsLink.EnviarNroItem) {
         Recordset items;
-        for (r.consultar(QLatin1String("select id from item where interno = '") + r.interno + QLatin1String("' and cancelaciones = 'OK'"), items);
-             !items.Eof(); items.MoveNext()) {
+        r.consultar("select id from item where interno = "_L1 + EnComillas(r.interno) +
+                        " and cancelaciones = 'OK'"_L1,
+                    items);
+        for (; !items.Eof(); items.MoveNext()) {
             const QString id = items.Texto(u"id");
             Recordset grupos;
-            QStringList lista;
-            for (r.consultar(QLatin1String("select idsub from groupsubitems where interno = '") + r.interno + QLatin1String("' and id = ") + id, grupos);
-                 !grupos.Eof(); grupos.MoveNext())
-                lista << grupos.Texto(u"idsub");
-            if (!r.go_InputsLink.EnviarNroItem(id.toLongLong(), lista.join(QLatin1Char('|')))) {
-                r.ctx.ChequeoArmado = QStringLiteral("NO");
+            QStringList lineas;
+            r.consultar("select idsub from groupsubitems where interno = "_L1 + EnComillas(r.interno) +
+                            " and id = "_L1 + id,
+                        grupos);
+            for (; !grupos.Eof(); grupos.MoveNext()) lineas << grupos.Texto(u"idsub");
+            if (!r.go_InputsLink.EnviarNroItem(static_cast<qint64>(items.Numero(u"id")),
+                                               lineas.join('|'_L1))) {
+                r.ctx.ChequeoArmado = u"NO"_s;
                 return Fase::Corta;
             }
+            r.ctx.dialogos.atenderEventos();
         }
     }
-    MarcarHecho(r, PasoArmado::ActualizandoInsumos);
+    MarcarHecho(r, paso);
     return Fase::Sigue;
 }
 
-void cierreICR3(ContextoArmado &r) {
-    const auto numero = r.ctx.dialogos.pedirTexto(
-        {QStringLiteral("NÚMERO TLR1"), QStringLiteral("Por favor, ingrese el número de TLR1 (NRO.DECLAR-TLR1)"), 255, {}});
-    if (numero && !numero->trimmed().isEmpty()) AgregarInformacionAdicional(r, 1, QStringLiteral("NRO.DECLAR-TLR1"), *numero);
-    r.ejecutar(donde(r, "exec ProcesarDescargasconTLR1 '"));
+void pedirTLR1(ContextoArmado &r) {
+    Entrada entrada;
+    entrada.titulo = u"NÚMERO TLR1"_s;
+    entrada.texto = u"Por favor, ingrese el número de TLR1 (NRO.DECLAR-TLR1)"_s;
+    const QString numero = r.ctx.dialogos.pedirTexto(entrada).value_or(QString());
+    if (!numero.trimmed().isEmpty()) AgregarInformacionAdicional(r, 1, u"NRO.DECLAR-TLR1"_s, numero);
+    r.ejecutar("exec ProcesarDescargasconTLR1 "_L1 + EnComillas(r.interno));
 }
 
-/// The steps in their order. Each number is the one the error box tells.
-Fase correr(ContextoArmado &r) {
-    const Dialogos &d = r.ctx.dialogos;
+// The run in five stretches; together they are its 27 steps, whose number stands in `paso` for the error box.
+
+void abrirCorrida(ContextoArmado &r) {
     r.paso = 1;
     MarcarCorriendo(r, PasoArmado::RevalidandoSufijos);
     r.paso = 2;
-    r.ejecutar(donde(r, "delete from SYSFLAG where interno = '"));
-    leerCaratula(r);
+    r.ejecutar("delete from SYSFLAG where interno = "_L1 + EnComillas(r.interno));
+    LeerCaratula(r);
     r.paso = 3;
-    if (r.esDJAI() && r.opciones.sinDescripcion && !r.descripcionForzada && r.opciones.modo != ModoDescripcion::Mezcla)
-        d.informar(QStringLiteral("ADVERTENCIA: El sistema no envía la descripción de mercadería, ni lo tiene encuenta para el armado de "
-                                  "ítems, requerido por DJAI.\r\n\r\nEs su responsabilidad cargar la descripción correspondiente en el SIM."));
+    advertirSinDescripcion(r);
     r.paso = 4;
-    fijarDecretos(r);
+    FijarDecreto(r);
     r.paso = 5;
-    if (!empiezaConIC(r)) guardarAEC(r, QStringLiteral("N"));
+    negarAEC(r);
     r.paso = 6;
+    r.cstaimpexp = DireccionRegimen(r.ctx, r.idsubreg);
     preguntarCoeficiente(r);
     r.paso = 7;
-    for (const char *tabla : {"groupsubitems", "idrel", "itemliq", "itemventaja", "iteminfo"})
-        r.ejecutar(QLatin1String("delete from ") + QLatin1String(tabla) + QLatin1String(" where interno = '") + r.interno + QLatin1String("'"));
+    borrarDerivados(r);
+}
+
+Fase prepararLineas(ContextoArmado &r) {
     r.paso = 8;
     NormalizarLineas(r);
     if (ControlarDescripciones(r) == Fase::Corta) return Fase::Corta;
     r.paso = 9;
     if (RevalidarSufijos(r) == Fase::Corta) return Fase::Corta;
     MarcarHecho(r, PasoArmado::RevalidandoSufijos);
+    return Fase::Sigue;
+}
+
+Fase armarGrupos(ContextoArmado &r) {
     MarcarCorriendo(r, PasoArmado::AgruparSubItems);
     r.paso = 10;
     AgruparLineas(r);
@@ -178,17 +155,21 @@ Fase correr(ContextoArmado &r) {
     r.paso = 12;
     MarcarHecho(r, PasoArmado::VerificandoProrrateo);
     AplicarDatosComunesAGrupos(r);
-    if (r.ctx.opciones.VrySbtDup == QLatin1String("S")) lp_BuscarDuplicados(r);
+    if (r.ctx.opciones.VrySbtDup == "S"_L1) lp_BuscarDuplicados(r);
     UnificarIdRELbyInterno(r);
+    return Fase::Sigue;
+}
+
+void armarItems(ContextoArmado &r) {
     r.paso = 13;
     MarcarCorriendo(r, PasoArmado::VerificadoKiloBruto);
     ControlarKiloBruto(r);
     MarcarHecho(r, PasoArmado::VerificadoKiloBruto);
     MarcarCorriendo(r, PasoArmado::GenerarItems);
     r.paso = 14;
-    r.ejecutar(donde(r, "delete from item where interno = '"));
-    r.ejecutar(QLatin1String("update groupsubitems set fob = ") + SqlRound(QStringLiteral("INTERNOS"), QStringLiteral("fob"), u"00.00") +
-               QLatin1String(" where interno = '") + r.interno + QLatin1String("'"));
+    r.ejecutar("delete from item where interno = "_L1 + EnComillas(r.interno));
+    r.ejecutar("update groupsubitems set fob = "_L1 + SqlRound(u"INTERNOS"_s, u"fob"_s, u"00.00") +
+               " where interno = "_L1 + EnComillas(r.interno));
     DividirItemsGrandes(r);
     GenerarItems(r);
     ProrratearFleteYSeguro(r);
@@ -205,78 +186,191 @@ Fase correr(ContextoArmado &r) {
     MarcarHecho(r, PasoArmado::TerminarProceso);
     r.paso = 17;
     MarcarArmado(r.ctx, r.interno, false);
-    if (!empiezaConIC(r)) guardarAEC(r, QStringLiteral("N"));
+    negarAEC(r);
     r.paso = 18;
     MarcarCorriendo(r, PasoArmado::VerificandoIntegridad);
-    r.ejecutar(donde(r, "Update item set itmodif = '' where interno = '"));
+    r.ejecutar("Update item set itmodif = '' where interno = "_L1 + EnComillas(r.interno));
     MarcarHecho(r, PasoArmado::VerificandoIntegridad);
     r.paso = 19;
     if (r.ctx.opciones.QUINDELRAF) ControlarTiposGD(r);
+}
+
+void cerrarCorrida(ContextoArmado &r) {
     r.paso = 20;
-    if (actualizarInsumos(r) == Fase::Corta) return Fase::Corta;
+    if (enviarItems(r) == Fase::Corta) return;
     r.paso = 21;
     if (r.DCComExt > 0) ProrratearComExt(r, r.DCComExt, r.FobDeclarado);
     if (r.DCKgNeto > 0) Prorratear_ItemCeroEx(r, r.DCKgNeto);
     if (r.esSQL()) ProcesarVentajasVinculadas(r);
     r.paso = 22;
+    MarcarCorriendo(r, PasoArmado::VerificandoMarcas);
     VerificarMarcasNcm(r);
+    MarcarHecho(r, PasoArmado::VerificandoMarcas);
     r.paso = 23;
-    VerificarIntegridad(r);
+    VerificarIntegridad(r);  // what it finds is shown, and does not stop the run
     r.paso = 24;
-    if (r.idsubreg == QLatin1String("TLR1")) r.ejecutar(donde(r, "delete from itemventaja where interno = '"));
+    if (r.idsubreg == "TLR1"_L1)
+        r.ejecutar("delete from itemventaja where interno = "_L1 + EnComillas(r.interno));
     r.paso = 25;
-    if (r.idsubreg == QLatin1String("ICR3")) cierreICR3(r);
+    if (r.idsubreg == "ICR3"_L1) pedirTLR1(r);
     r.paso = 26;
-    if (r.esDJAI() && r.opciones.modo == ModoDescripcion::Mezcla && r.esSQL()) MezclarDescripcionITEM(r, r.DC_DJAI_DescripcionMercaderia);
+    if (r.esDJAI() && r.opciones.modo == ModoDescripcion::Mezcla && r.esSQL())
+        MezclarDescripcionITEM(r, r.DC_DJAI_DescripcionMercaderia);
     r.paso = 27;
-    return Fase::Sigue;
+}
+
+void correr(ContextoArmado &r) {
+    abrirCorrida(r);
+    if (prepararLineas(r) == Fase::Corta) return;
+    if (armarGrupos(r) == Fase::Corta) return;
+    armarItems(r);
+    cerrarCorrida(r);
+}
+
+void mostrarFalla(const ContextoArmado &r, const ErrorDeStore &e) {
+    r.ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.fuente + " [ArmarItem.Generar]:"_L1 +
+                               QString::number(r.paso) + " : "_L1 + e.descripcion,
+                           {}, true);
 }
 
 }  // namespace
 
-qint64 ContextoArmado::ejecutar(const QString &sql) const { return Ejecutar(ctx, QStringLiteral("INTERNOS"), sql); }
+qint64 ContextoArmado::ejecutar(const QString &sql) const {
+    return Ejecutar(ctx, u"INTERNOS"_s, sql);
+}
 
-bool ContextoArmado::consultar(const QString &sql, Recordset &rs, const QString &entidad) const { return Consultar(ctx, entidad, sql, rs); }
+bool ContextoArmado::consultar(const QString &sql, Recordset &rs, const QString &entidad) const {
+    return Consultar(ctx, entidad, sql, rs);
+}
 
 const QStringList &TextosDePasos() {
-    static const QStringList textos{QStringLiteral("Revalidando sufijos..."),         QStringLiteral("Agrupar SubItem's"),
-                                    QStringLiteral("Verificando y Generando Prorrateo"), QStringLiteral("Verificado Kilo Bruto"),
-                                    QStringLiteral("Generar Item's"),                 QStringLiteral("Armar Registros de Liquidación"),
-                                    QStringLiteral("Terminar Proceso"),               QStringLiteral("Verificando Integridad"),
-                                    QStringLiteral("Verificando Marcas de NCM"),      QStringLiteral("Actualizando Insumos")};
+    static const QStringList textos{
+        u"Revalidando sufijos..."_s, u"Agrupar SubItem's"_s,      u"Verificando y Generando Prorrateo"_s,
+        u"Verificado Kilo Bruto"_s,  u"Generar Item's"_s,         u"Armar Registros de Liquidación"_s,
+        u"Terminar Proceso"_s,       u"Verificando Integridad"_s, u"Verificando Marcas de NCM"_s,
+        u"Actualizando Insumos"_s,
+    };
     return textos;
 }
 
-void MarcarCorriendo(ContextoArmado &r, PasoArmado paso) {
-    r.ctx.dialogos.avance({Avance::Tipo::PasoCorriendo, static_cast<int>(paso), {}, 0, 0, TextosDePasos().at(static_cast<int>(paso))});
+static void marcar(const ContextoArmado &r, Avance::Tipo tipo, PasoArmado paso) {
+    const int cual = static_cast<int>(paso);
+    r.ctx.dialogos.avance({tipo, cual, {}, 0, 100, TextosDePasos().at(cual)});
     r.ctx.dialogos.atenderEventos();
+}
+
+void MarcarCorriendo(ContextoArmado &r, PasoArmado paso) {
+    marcar(r, Avance::Tipo::PasoCorriendo, paso);
 }
 
 void MarcarHecho(ContextoArmado &r, PasoArmado paso) {
-    r.ctx.dialogos.avance({Avance::Tipo::PasoHecho, static_cast<int>(paso), {}, 0, 0, TextosDePasos().at(static_cast<int>(paso))});
-    r.ctx.dialogos.atenderEventos();
+    marcar(r, Avance::Tipo::PasoHecho, paso);
 }
 
-bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones, const EnlaceDeInsumos &enlace) {
-    ContextoArmado r(ctx, interno);
-    r.opciones = opciones;
-    r.go_InputsLink = enlace;
-    const Reloj reloj(ctx.dialogos);
-    try {
-        // Everything the run writes can be rebuilt by another; it is made durable once, at its end.
-        const EscrituraLigera ligera(r.internos());
-        correr(r);
-        return true;
-    } catch (const ErrorDeStore &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + QLatin1String(" - ") + e.fuente + QLatin1String(" [ArmarItem.Generar]:") +
-                                 QString::number(r.paso) + QLatin1String(" : ") + e.descripcion,
-                             {}, true);
-        return false;
+void LeerCaratula(ContextoArmado &r) {
+    Recordset rs;
+    r.consultar(
+        "SELECT "
+        "idsubreg,cuitcliente,FOBDIVISAS,VALORAPRORRATEAR,fletedivisas,segurodivisas,motivodestsuspensiva,"
+        "DCEstMerc, DCForzarEstMerc, DCPaisOrigen, DCForzarPaisOrigen, DCPaisDestino, DCStandard, "
+        "DCRegalias, "
+        "DCKgNeto, DCComExt, ONCCAAcuerdo, ONCCAElaborador, ONCCAEspecie, ONCCAFaneador, ONCCAMatadero, "
+        "ONCCAMeccoorgbio, ONCCARes3106, ONCCASisPro, ONCCACategoria, ONCCACortes, OpcionesIVA, "
+        "OpcionesGanancias, "
+        "DATOCOMPRADOR, NROTRANSINTER, DC_DJAI_ForzarDescripcionMercaderia, DC_DJAI_DescripcionMercaderia  "
+        "FROM "
+        "CARATULA where interno = "_L1 +
+            EnComillas(r.interno),
+        rs);
+    struct Texto {
+        QStringView columna;
+        QString ContextoArmado::*campo;
+    };
+    static const std::array<Texto, 20> textos{{
+        {u"idsubreg", &ContextoArmado::idsubreg},
+        {u"cuitcliente", &ContextoArmado::cuitcliente},
+        {u"motivodestsuspensiva", &ContextoArmado::motivodestsuspensiva},
+        {u"DCEstMerc", &ContextoArmado::DCEstMerc},
+        {u"DCPaisOrigen", &ContextoArmado::DCPaisOrigen},
+        {u"DCPaisDestino", &ContextoArmado::DCPaisDestino},
+        {u"DCStandard", &ContextoArmado::DCStandard},
+        {u"DCRegalias", &ContextoArmado::DCRegalias},
+        {u"ONCCAAcuerdo", &ContextoArmado::ONCCAAcuerdo},
+        {u"ONCCAElaborador", &ContextoArmado::ONCCAElaborador},
+        {u"ONCCAEspecie", &ContextoArmado::ONCCAEspecie},
+        {u"ONCCAFaneador", &ContextoArmado::ONCCAFaneador},
+        {u"ONCCAMatadero", &ContextoArmado::ONCCAMatadero},
+        {u"ONCCAMeccoorgbio", &ContextoArmado::ONCCAMeccoorgbio},
+        {u"ONCCARes3106", &ContextoArmado::ONCCARes3106},
+        {u"ONCCASisPro", &ContextoArmado::ONCCASisPro},
+        {u"ONCCACategoria", &ContextoArmado::ONCCACategoria},
+        {u"ONCCACortes", &ContextoArmado::ONCCACortes},
+        {u"OpcionesIVA", &ContextoArmado::OpcionesIVA},
+        {u"OpcionesGanancias", &ContextoArmado::OpcionesGanancias},
+    }};
+    for (const Texto &t : textos) r.*t.campo = rs.Texto(t.columna);
+    r.fobdivisas = rs.Numero(u"FOBDIVISAS");
+    r.valoraprorratear = rs.Numero(u"VALORAPRORRATEAR");
+    r.fletedivisas = rs.Numero(u"fletedivisas");
+    r.segurodivisas = rs.Numero(u"segurodivisas");
+    r.DCKgNeto = rs.Numero(u"DCKgNeto");
+    r.DCComExt = rs.Numero(u"DCComExt");
+    r.DCForzarEstMerc = rs.Texto(u"DCForzarEstMerc") == "S"_L1;
+    r.DCForzarPaisOrigen = rs.Texto(u"DCForzarPaisOrigen") == "S"_L1;
+    r.DATOCOMPRADOR = rs.Texto(u"DATOCOMPRADOR").trimmed();
+    r.NROTRANSINTER = rs.Texto(u"NROTRANSINTER").trimmed();
+    r.descripcionForzada = rs.Texto(u"DC_DJAI_ForzarDescripcionMercaderia") == "S"_L1;
+    r.DC_DJAI_DescripcionMercaderia =
+        rs.Texto(u"DC_DJAI_DescripcionMercaderia").trimmed().replace("\r\n"_L1, " "_L1);
+    if (r.descripcionForzada) {
+        r.opciones.sinDescripcion = true;
+        r.opciones.modo = ModoDescripcion::Ninguno;
     }
 }
 
+void FijarDecreto(ContextoArmado &r) {
+    r.ctx.decreto = MotivoDecreto();
+    if (EsRegimenTemporal(r.idsubreg)) {
+        const QString motivo = r.motivodestsuspensiva.trimmed();
+        const auto *d = std::find_if(decretos.begin(), decretos.end(), [&](const Decreto &uno) {
+            return motivo == QLatin1StringView(uno.motivo);
+        });
+        if (d != decretos.end()) {
+            r.ctx.decreto.*(d->bandera) = u"S"_s;
+            insertarBandera(r, QLatin1StringView(d->fila), "S"_L1);
+            return;
+        }
+    }
+    insertarBandera(r, "1439/96"_L1, "N"_L1);
+    insertarBandera(r, "1439/96A1"_L1, "N"_L1);
+}
+
+bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones,
+             const EnlaceDeInsumos &enlace) {
+    const Reloj reloj(ctx.dialogos);
+    ContextoArmado r{ctx, interno};
+    r.opciones = opciones;
+    r.go_InputsLink = enlace;
+    bool seCierra = true;
+    const auto conManejador = [&](const auto &hacer) {
+        try {
+            hacer();
+        } catch (const ErrorDeStore &e) {
+            mostrarFalla(r, e);
+            seCierra = false;
+        }
+    };
+    conManejador([&] {
+        r.internos().escrituraLigera(true);
+        correr(r);
+    });
+    // Not left to a destructor: that the disk took everything may fail, and the user has to hear of it.
+    conManejador([&] { r.internos().escrituraLigera(false); });
+    return seCierra;
+}
+
 void MarcarArmado(AppContext &ctx, const QString &interno, bool pendiente) {
-    Ejecutar(ctx, QStringLiteral("INTERNOS"),
-             QLatin1String("update caratula set factura8 = '") + QLatin1String(pendiente ? "S" : "N") + QLatin1String("' where interno = '") + interno +
-                 QLatin1String("'"));
+    Ejecutar(ctx, u"INTERNOS"_s,
+             "update caratula set factura8 = '"_L1 + (pendiente ? "S"_L1 : "N"_L1) + "' where interno = "_L1 +
+                 EnComillas(interno));
 }

@@ -2,6 +2,9 @@
 // What every phase of one assembly run reads: the header once, the options, and the way to the screen.
 
 #include <QString>
+#include <QStringList>
+#include <functional>
+#include <utility>
 
 #include "frame/context.h"
 
@@ -74,7 +77,9 @@ struct ContextoArmado {
     int paso = 0;
 
     bool esDJAI() const { return idsubreg == QLatin1String("DJAI"); }
-    bool esSQL() const { return ctx.DataManager.getDataConnectionTAG(QStringLiteral("INTERNOS")) == QLatin1String("SQL"); }
+    bool esSQL() const {
+        return ctx.DataManager.getDataConnectionTAG(QStringLiteral("INTERNOS")) == QLatin1String("SQL");
+    }
     /// DJAI, with descriptions sent and none forced: lines group by description.
     bool condicionDescripcion() const { return esDJAI() && !opciones.sinDescripcion && !descripcionForzada; }
 
@@ -82,7 +87,8 @@ struct ContextoArmado {
     /// A write on INTERNOS; rows touched.
     qint64 ejecutar(const QString &sql) const;
     /// A read on `entidad`; true when there is a row.
-    bool consultar(const QString &sql, Recordset &rs, const QString &entidad = QStringLiteral("INTERNOS")) const;
+    bool consultar(const QString &sql, Recordset &rs,
+                   const QString &entidad = QStringLiteral("INTERNOS")) const;
 };
 
 /// The steps in the order the screen shows them.
@@ -103,9 +109,16 @@ const QStringList &TextosDePasos();
 void MarcarCorriendo(ContextoArmado &r, PasoArmado paso);
 void MarcarHecho(ContextoArmado &r, PasoArmado paso);
 
-/// The one long run. Its result stands in ctx.ChequeoArmado, which the caller has set to "SI"; an unexpected error
-/// shows its box and leaves the result as it is. True when the screen is to be closed, false when it stays open
-/// (the road of an unexpected failure).
+/// Fills `r` from the header of its operation, and lets a forced description overrule the choice of the
+/// dashboard. Raises ErrorDeStore, also when the operation has no header.
+void LeerCaratula(ContextoArmado &r);
+/// Sets the decree flags of the context and writes their rows. Raises ErrorDeStore.
+void FijarDecreto(ContextoArmado &r);
+
+/// The one long run. Its result stands in ctx.ChequeoArmado, which the caller has set to "SI"; an unexpected
+/// error shows its box and leaves the result as it is. What the run decides about ChCOEF stands in
+/// ctx.CalcularCoeficiente. True when the screen is to be closed, false when it stays open (the road of an
+/// unexpected failure). Whatever its end, all that it wrote is on the disk when it returns.
 bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones,
              const EnlaceDeInsumos &enlace = {});
 
@@ -119,6 +132,9 @@ Fase ControlarDescripciones(ContextoArmado &r);
 Fase RevalidarSufijos(ContextoArmado &r);
 // grouping.cpp
 void AgruparLineas(ContextoArmado &r);
+/// Tells the input-records service that `plegadas` were folded into the line `raiz`. Without the service
+/// nothing happens; its refusal raises ErrorDeStore with source "go_InputsLink.EnviarGrupoIdSub".
+void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegadas);
 void AplicarDatosComunesAGrupos(ContextoArmado &r);
 void MezclarDescripcionITEM(ContextoArmado &r, const QString &descripcion);
 // duplicates.cpp
@@ -134,7 +150,8 @@ void DividirItemsGrandes(ContextoArmado &r);
 void GenerarItems(ContextoArmado &r);  ///< numbering by r.opciones.ARMARITEM, and the link of the groups
 void AgregarItemCero(ContextoArmado &r);
 void ControlarTiposGD(ContextoArmado &r);
-void AgregarInformacionAdicional(ContextoArmado &r, qint64 iditem, const QString &idinfo, const QString &valor);
+void AgregarInformacionAdicional(ContextoArmado &r, qint64 iditem, const QString &idinfo,
+                                 const QString &valor);
 // liqrecords.cpp, advantages.cpp
 void LeerCliente(ContextoArmado &r);
 void ArmarRegistrosDeLiquidacion(ContextoArmado &r);

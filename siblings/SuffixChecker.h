@@ -1,21 +1,43 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
+#include <vector>
 
 namespace StoreProfiles {
 class SPMain;
 }
 
+/// A suffix family that a position demands.
+struct FamiliaDeSufijo {
+    QString codigo;      ///< its two letters, upper case
+    bool libre = false;  ///< a value between parentheses; else one of `opciones`
+    QSet<QString>
+        opciones;  ///< four characters each, upper case; "Ninguna opción" (family with "00") among them
+};
+
+/// What the nomenclature and the suffix catalogue say of one position.
+struct RequisitosDeSufijo {
+    bool existe = false;  ///< its first two keys are in the nomenclature
+    std::vector<FamiliaDeSufijo> familias;
+};
+
 /// The suffix check that asks nothing of the user.
 class SuffixCheckerClass {
-  public:
+ public:
     /// Takes the connection manager by reference, once.
     void SetDataManager(StoreProfiles::SPMain *manager) { manager_ = manager; }
 
-    /// 0 valid; 1 the position's first two keys are not in the nomenclature; 2 a required family has no fitting
-    /// token. Tokens of families that are not required do not make a text invalid. Raises ErrorDeStore.
+    /// 0 valid; 1 the position's first two keys are not in the nomenclature; 2 a required family has no
+    /// fitting token. Tokens of families that are not required do not make a text invalid. Letters fit in
+    /// either case, as in the store. Raises ErrorDeStore.
     int Validar(const QString &posicion, const QString &sufijos) const;
 
-  private:
+    /// The two halves of Validar, for a caller that checks many texts of few positions: what a position
+    /// demands (raises ErrorDeStore), and whether a text meets it (0, 1 or 2 as above).
+    RequisitosDeSufijo Requisitos(const QString &posicion) const;
+    static int Cumple(const RequisitosDeSufijo &requisitos, const QString &sufijos);
+
+ private:
     StoreProfiles::SPMain *manager_ = nullptr;
 };
