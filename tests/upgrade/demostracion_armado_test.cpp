@@ -1,0 +1,143 @@
+// The five demonstration operations go through the whole run, and come out alike on both stores.
+
+#include <gtest/gtest.h>
+
+#include "assembly/run.h"
+#include "frame/values.h"
+#include "tests/support/tienda.h"
+
+namespace {
+
+const char *const operaciones[] = {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
+                                   "ICR-2026-0005"};
+
+void armar(AppContext &ctx, const QString &clave) {
+    ctx.ChequeoArmado = QStringLiteral("SI");
+    OpcionesDeArmado opciones;
+    opciones.ARMARITEM = 1;
+    opciones.modo = ModoDescripcion::Maria;
+    EXPECT_TRUE(Generar(ctx, clave, opciones));
+}
+
+class ArmadoDeDemostracion : public EnAmbosStores {
+ protected:
+    bool conDemostracion() const override { return true; }
+    double numero(const QString &sql) { return valor(sql).toDouble(); }
+};
+
+TEST_P(ArmadoDeDemostracion, EveryOperationAssemblesWithoutAFault) {
+    for (const char *clave : operaciones) {
+        registro = {};
+        const QString donde = QStringLiteral("interno = '%1'").arg(QLatin1String(clave));
+        armar(*ctx, QLatin1String(clave));
+        EXPECT_EQ(ctx->ChequeoArmado.toStdString(), "SI") << clave;
+        EXPECT_EQ(valor("select factura8 from caratula where " + donde).toStdString(), "N") << clave;
+        for (const Mensaje &m : registro.mensajes)
+            EXPECT_TRUE(m.texto.contains(QLatin1String("LAPI")) ||
+                        m.texto.contains(QLatin1String("ESTAMPILLAS")))
+                << clave << ": " << m.texto.toStdString();
+        EXPECT_TRUE(registro.informes.empty())
+            << clave << ": " << registro.informes.front().texto.toStdString();
+
+        // Nothing is lost on the way: lines and codes make the items, header amounts are shared out to the
+        // cent.
+        const QString items = "id <> 0 and " + donde;
+        EXPECT_NEAR(numero("select sum(fobtotal) as t from item where " + items),
+                    numero("select fobdivisas from caratula where " + donde) +
+                        numero("select sum(valor) as t from prorrateo where " + donde),
+                    0.005)
+            << clave;
+        for (const auto &[propio, comun] :
+             {std::pair{"itflete", "fletedivisas"}, std::pair{"itseguro", "segurodivisas"}})
+            EXPECT_NEAR(
+                numero(QStringLiteral("select sum(%1) as t from item where ").arg(QLatin1String(propio)) +
+                       items),
+                numero(QStringLiteral("select %1 from caratula where ").arg(QLatin1String(comun)) + donde),
+                0.005)
+                << clave << " " << propio;
+        if (const double kilos = numero("select dckgneto from caratula where " + donde); kilos > 0) {
+            EXPECT_NEAR(numero("select sum(totalkneto) as t from item where " + items), kilos, 0.005)
+                << clave;
+        }
+        EXPECT_EQ(
+            valor("select count(*) as n from item where totalkneto > totalkbruto and " + items).toStdString(),
+            "0")
+            << clave;
+        EXPECT_EQ(valor("select count(*) as n from item where totalkneto = 0 and " + items).toStdString(),
+                  "0")
+            << clave;
+        EXPECT_LT(numero("select count(*) as n from groupsubitems where " + donde),
+                  numero("select count(*) as n from subitems where " + donde))
+            << clave << ": equal lines fold";
+        EXPECT_EQ(
+            valor("select count(*) as n from groupsubitems where (id is null or idsub is null) and " + donde)
+                .toStdString(),
+            "0")
+            << clave;
+    }
+    EXPECT_GT(
+        numero(
+            "select count(*) as n from item where lista = '314/R.AUTOMOTRIZ' and interno = 'ICR-2026-0005'"),
+        0);
+    EXPECT_EQ(
+        valor("select valor from sysflag where flag = '1439/96' and interno = 'IT-2026-0003'").toStdString(),
+        "S");
+    EXPECT_EQ(
+        valor(
+            "select count(*) as n from item where (descripcion is null or descripcion = '') and id <> 0 and "
+            "interno = 'DJAI-2026-0004'")
+            .toStdString(),
+        "0");
+}
+
+EN_AMBOS_STORES(ArmadoDeDemostracion);
+
+/// Every row of a query as "a|b|c" lines.
+QString filas(AppContext &ctx, const QString &sql) {
+    Recordset rs;
+    Consultar(ctx, QStringLiteral("INTERNOS"), sql, rs);
+    QString todas;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        for (int c = 0; c < rs.columnas(); ++c) todas += EsNull(rs.Fields(c).Value) + QLatin1Char('|');
+        todas += QLatin1Char('\n');
+    }
+    return todas;
+}
+
+TEST(DemonstrationOnBothStores, ItemsGroupsAndConceptsAreTheSame) {
+    Registro registros[2];
+    const Tienda archivo(QStringLiteral("ACCESS"), true);
+    const Tienda servidor(QStringLiteral("SQL"), true);
+    const auto deArchivo = archivo.contexto(registros[0]);
+    const auto deServidor = servidor.contexto(registros[1]);
+    const char *const consultas[] = {
+        "select "
+        "id,ncm,descripcion,idpais,idproc,estadomerc,biendeuso,estadistica,valorrelacionestadistica,deresp,"
+        "valorderesp,cantidad,fobtotal,totalkneto,totalkbruto,itflete,itseguro,lista,lapi,itfiller from item "
+        "where interno "
+        "= '%1' order by id",
+        "select "
+        "id,idsub,idarticulo,idcatalogo,preciounitario,sufijos,cantidad,fob,kgneto,valorrelacionestadistica "
+        "from "
+        "groupsubitems where interno = '%1' order by id,idsub",
+        "select iditem,idconceptos,conceptos,pgc,porcentaje,porcentajeb from itemliq where interno = '%1' "
+        "order by "
+        "iditem,idconceptos",
+        "select idroot,idsub from idrel where interno = '%1' order by idroot,idsub",
+        "select iditem,idinfo,valor from iteminfo where interno = '%1' order by iditem,idinfo",
+    };
+    for (const char *clave : operaciones) {
+        fijarContexto(deArchivo.get());
+        armar(*deArchivo, QLatin1String(clave));
+        fijarContexto(deServidor.get());
+        armar(*deServidor, QLatin1String(clave));
+        for (const char *consulta : consultas) {
+            const QString sql = QString::fromLatin1(consulta).arg(QLatin1String(clave));
+            EXPECT_EQ(filas(*deArchivo, sql).toStdString(), filas(*deServidor, sql).toStdString())
+                << sql.toStdString();
+        }
+    }
+    fijarContexto(nullptr);
+}
+
+}  // namespace
