@@ -16,35 +16,23 @@ QString camino(const QString &aplicacion, const QString &seccion, const QString 
     return nombre(aplicacion) + QLatin1Char('/') + nombre(seccion) + QLatin1Char('/') + nombre(clave);
 }
 
-/// The area behind a path, or the user's own.
-class Area {
-  public:
-    explicit Area(const QString &archivo)
-        : area_(archivo.isEmpty() ? std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                                                QStringLiteral("Zendra"), QStringLiteral("ajustes"))
-                                  : std::make_unique<QSettings>(archivo, QSettings::IniFormat)) {}
-    QSettings *operator->() const { return area_.get(); }
-
-  private:
-    std::unique_ptr<QSettings> area_;
-};
-
 }  // namespace
 
-Ajustes::Ajustes(const QString &archivo) : archivo_(archivo) {}
+Ajustes::Ajustes(const QString &archivo)
+    : archivo_(archivo),
+      area_(archivo.isEmpty() ? std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Zendra"), QStringLiteral("ajustes"))
+                              : std::make_shared<QSettings>(archivo, QSettings::IniFormat)) {}
 
 QString Ajustes::Leer(const QString &aplicacion, const QString &seccion, const QString &clave, const QString &defecto) const {
-    return Area(archivo_)->value(camino(aplicacion, seccion, clave), defecto).toString();
+    return area_->value(camino(aplicacion, seccion, clave), defecto).toString();
 }
 
 void Ajustes::Guardar(const QString &aplicacion, const QString &seccion, const QString &clave, const QString &valor) {
-    const Area area(archivo_);
-    area->setValue(camino(aplicacion, seccion, clave), valor);
-    area->sync();
+    area_->setValue(camino(aplicacion, seccion, clave), valor);
+    area_->sync();
 }
 
 void Ajustes::Borrar(const QString &aplicacion, const QString &seccion, const QString &clave) {
-    const Area area(archivo_);
-    area->remove(camino(aplicacion, seccion, clave));
-    area->sync();
+    area_->remove(camino(aplicacion, seccion, clave));
+    area_->sync();
 }

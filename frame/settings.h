@@ -2,6 +2,9 @@
 // The per-workstation settings area: application, section, key, value, all text.
 
 #include <QString>
+#include <memory>
+
+class QSettings;
 
 /// Kept with QSettings in the user's own area, or in one INI file when a path is given. Section and key may hold
 /// any character ("/", "\", accents): they are encoded.
@@ -21,4 +24,5 @@ class Ajustes {
 
   private:
     QString archivo_;
+    std::shared_ptr<QSettings> area_;
 };

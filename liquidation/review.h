@@ -8,7 +8,7 @@
 #include "frame/context.h"
 #include "liquidation/ClassLiquidacion.h"
 
-/// One entry of the detail list: a row of itemliq as the run leaves it, texts formatted "00.00".
+/// One entry of the detail list: a row of itemliq as the run leaves it, amounts and rates formatted "00.00".
 struct DetalleLiq {
     QString concepto, total, porcentaje;
     QString iditem, pgc, base, motivo;
@@ -26,14 +26,21 @@ struct ResultadoRecalculo {
     bool escrito = false;  ///< itemliq was written back
 };
 
-/// Loads the header values of the calculator from caratula, groups and items. False when the operation is not there.
-/// Raises ErrorDeStore.
+/// Loads the header values of the calculator from caratula, groups and items, and the operation's decree flags. False
+/// when the operation is not there. Raises ErrorDeStore.
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo);
 
-/// The whole run for item 0. `estado` hears "Liquidando ITEM n ..." and "LISTO". Writes back only when
-/// ctx.LiquidacionPendiente is set, and clears it then. Raises ErrorDeStore.
-ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo,
-                                       const std::function<void(const QString &)> &estado = {});
+/// How the position of an item was met.
+enum class CargaDePosicion { Encontrada, NoEsta, MalFormada };
+/// Loads item and position values of the row in hand of `item` into the calculator. `paraVer` is the item screen's
+/// own reading, where a percentage kept in the 010 row also forces the duty. `lapi` is left alone when the position is
+/// not there, as all its rates are. Raises ErrorDeStore.
+CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item, ClassLiquidacion &calculo, bool paraVer, bool &lapi);
+
+/// The whole run for item 0: header adjustments spread, every item recalculated, liqcero rebuilt. `estado` hears
+/// "Liquidando ITEM n ..." and "LISTO". Writes itemliq back only when ctx.LiquidacionPendiente is set, and clears it
+/// then. Raises ErrorDeStore.
+ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo, const std::function<void(const QString &)> &estado = {});
 
 /// The stored rows of one item with a total above 0, for the grid. Raises ErrorDeStore.
 std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &interno, const QString &item);

@@ -1,0 +1,158 @@
+#pragma once
+// The duty and tax engine of one declaration item.
+
+#include <QString>
+
+struct AppContext;
+
+/// "M" for 225 and 221, "B" for 203, empty for an empty code, "E" for any other.
+QString ZonaDePais(const QString &codigo);
+/// Whether the country's imports are capped (129 codes); a code that is no number is not.
+bool PaisConTopeArancelario(const QString &codigo);
+
+/// Holds the header, nomenclature and item values of one item, derives the two taxable bases, and answers concept by
+/// concept. Amounts are in the currency of their field, bases and totals in the customs currency, rates in percent.
+/// One instance serves one item at a time and goes from item to item: nothing is reset between items but what an
+/// operation says it resets. The caller fills the members, then asks for ObtenerBaseImponible and ObtenerBaseIVA, in
+/// that order, then for the concepts.
+class ClassLiquidacion {
+  public:
+    /// `interno` is the key under which the answer to the common external tariff question is kept.
+    ClassLiquidacion(AppContext &ctx, QString interno);
+
+    // Header
+    QString CaratulaSubRegimen;
+    double CaratulaFobTotal = 0;
+    double CaratulaFobTotalSinG = 0;
+    double CaratulaFleteTotal = 0;
+    double CaratulaSeguroValor = 0;
+    double CaratulaAjusteIncluir = 0;
+    double CaratulaAjusteDeducir = 0;
+    double CaratulaDivisasFOB = 0;
+    double CaratulaDivisasFlete = 0;
+    double CaratulaDivisasSeguro = 0;
+    double CaratulaFactordeConvergencia = 0;
+    /// Writing the percentage fills CaratulaSeguroValor when that is 0: the value is written first.
+    void fijarCaratulaSeguroProcent(double porcentaje);
+    double CaratulaSeguroProcent() const { return seguroProcent_; }
+
+    // Item
+    double FOBTotalITEM = 0;
+    double FLETETotalITEM = 0;
+    double SEGUROTotalITEM = 0;
+    double AJUSTEINCLUIRtotalITEM = 0;
+    double AJUSTEDEDUCIRtotalITEM = 0;
+    double ItemCantidadDerechoEspecifico = 0;
+    QString ItemIdPais;
+    QString ItemEstadoMercaderia;
+    QString ItemLista;
+    bool ItemLISTA_MERCOSUR = false;
+    double ItemCoeficienteExportacion = 0;
+    bool ItemCalcularCoeficienteExportacion = false;
+    bool ItemMineria = false;
+    double ItmImportacionTemporal = 0;
+    double ItmImportacionTmpCons = 0;
+    double ItmComsionesExt = 0;
+    void fijarItemCantidad(double cantidad) { cantidad_ = cantidad; }
+    /// Always 0; nothing reads it.
+    static double ItemCantidad() { return 0; }
+    void ItemxItmCOFEXP() {}
+
+    // Nomenclature
+    double NcmDerechodeImportacionExtrazona = 0;
+    bool NcmDerechodeImportacionExtrazonaForce = false;
+    double NcmTasaEstadistica = 0;
+    double ncmCantidadDerechoEspecifico = 0;
+    double NcmDerechodeExpo = 0;
+    double ncmReintegroFijo = 0;
+    QString NcmUnidadDerechoEspecifico;
+    double ncmReintFijoIntraZona = 0;
+    double ncmValor_AEC = 0;
+    QString ncm_AEC;
+    int ncmExencionReduccionIVA = 0;  ///< 0 exempt, 1 reduced, other general
+    double NcmIndicadorMaximoArancel = 0;
+    double ncmMineriaTasaLey = 0;
+    double ncmDIEMCHINAValor = 0;
+    bool ncmCalculaDIEMCHINA = false;
+    double ncmDIEMPREFPorcValor = 0;
+    double ncmDIEMIndMaxArancelValor = 0;
+    /// Takes the text of the additional rate; a text that is no number is 0.
+    void fijarNcmDerechoAdicional(const QString &tasa);
+
+    QString CalculoAEC;
+    void ResetAEC() { CalculoAEC.clear(); }
+
+    void CalcularBaseImponible();
+    void CalcularBaseIVA();
+    /// CalcularBaseImponible, times the export coefficient when that is above 0.
+    double ObtenerBaseImponible();
+    double ObtenerBaseIVA();
+    double ObtenerFobItemUS() const { return CaratulaDivisasFOB * FOBTotalITEM; }
+    double ObtenerFLETEItemUs() const { return CaratulaDivisasFlete * FLETETotalITEM; }
+    double ObtenerSEGUROItemUs() const { return CaratulaDivisasSeguro * SEGUROTotalITEM; }
+    double ObtenerAjusteIncUs() const { return CaratulaDivisasFOB * AJUSTEINCLUIRtotalITEM; }
+    double ObtenerAjusteDedUs() const { return CaratulaDivisasFOB * AJUSTEDEDUCIRtotalITEM; }
+
+    /// The total of a concept. `porcentaje` "Vacio" asks for its default, and may be replaced; `valor` is not used;
+    /// `base` goes in and out; a `baseManual` other than 0 lets `base` stand; `sinCoeficiente` leaves the export
+    /// coefficient out of concept 020. ObtenerLqPorc tells the percentage to keep. Raises ErrorDeStore on a division
+    /// by zero, which only a nominal rate of 100 in concept 417 can bring.
+    double ObtenerValorConcepto(const QString &concepto, QString &porcentaje, double valor, double &base, const QString &porcentajeB, double baseManual, bool sinCoeficiente);
+    double ObtenerLqPorc() const { return LqPorc; }
+
+    /// Ad valorem against specific duty, with the caps of the country's zone.
+    void CalcularDerechos(double porcentaje);
+    double Aux_PORCENTAJE() const { return auxPorcentaje_; }
+    /// Minimum specific duty for goods of country 310; 0 for any other.
+    double CalcularDiemCHINA(double porcentaje);
+    /// Reads the decree and the nominal rate of the position's internal taxes; clears them when there are none.
+    void GetMarcaImpuestosInternos(const QString &ncm);
+
+    static QString Obtener_Sep_Decim();
+    static QString ObtenerDecimal() { return Obtener_Sep_Decim(); }
+    static QString ReemplazarSeparadorDecimal(QString &texto);
+
+    /// The band of the last base seen: 1 to 79999, 2 from 80000 to 99999, 3 from 100000; in the gaps between them it
+    /// keeps what it was.
+    int BandaEstadistica() const { return bandaEstadistica_; }
+    double ImporteDIEM() const { return importeDIEM_; }
+    double ImporteEspecifico() const { return importeEspecifico_; }
+    double ImporteAdValorem() const { return importeAdValorem_; }
+    double BaseIVAAdicional() const { return baseIVAAdicional_; }
+    double DerechoAutomotriz() const { return derechoAutomotriz_; }
+
+  private:
+    friend struct Conceptos;
+
+    bool esExportacion() const { return CaratulaSubRegimen.startsWith(QLatin1Char('E')); }
+    bool es314() const { return ItemLista == QLatin1String("314/R.AUTOMOTRIZ"); }
+    double porcentajeDe(double porcentaje) const;
+    void sumarDerechos();
+    void sumarConRegimenAutomotriz(const QString &zona);
+    void aplicarReglaBrasil();
+    double tramoDeEstadistica() const;
+    double tasaIVA(const QString &porcentaje) const;
+    void avisar(const QString &descripcion) const;
+
+    AppContext &ctx_;
+    QString interno_;
+    double seguroProcent_ = 0;
+    double cantidad_ = 0;
+    double derechoAdicional_ = 0;
+
+    double baseImponible_ = 0;
+    double baseIVA_ = 0;
+    double baseIVAAdicional_ = 0;
+    double derechoAutomotriz_ = 0;
+    double importeAdValorem_ = 0;
+    double importeDIEM_ = 0;
+    double importeEspecifico_ = 0;
+    double importeDIEMChina_ = 0;
+    int bandaEstadistica_ = 0;
+    bool derechoExpoCubierto_ = false;
+    QString impInternoDecreto_;
+    double impInternoTasaNominal_ = 0;
+    double impInternoTasaEfectiva_ = 0;
+    double LqPorc = 0;
+    double auxPorcentaje_ = 0;
+};

@@ -1,0 +1,159 @@
+// What one recalculation reads ahead of the concepts: the header, the item, the position and its rates.
+#include "frame/numbers.h"
+#include "frame/values.h"
+#include "header/regime.h"
+#include "liquidation/review.h"
+#include "subitems/nomenclature.h"
+
+namespace {
+
+using L = QLatin1String;
+
+const QString internos = QStringLiteral("INTERNOS");
+
+double suma(AppContext &ctx, const QString &sql) {
+    Recordset rs;
+    return Consultar(ctx, internos, sql, rs) ? rs.Numero(u"total") : 0;
+}
+
+/// A number of the nomenclature, kept as text with either separator.
+double numeroDe(const Recordset &rs, QStringView columna) {
+    QString texto = rs.Texto(columna);
+    return numeros::aNumero(ClassLiquidacion::ReemplazarSeparadorDecimal(texto));
+}
+
+/// The percentage kept in a row of the item, where the row is; null when it holds none.
+struct TasaGuardada {
+    bool hay = false;
+    double porcentaje = 0;
+};
+TasaGuardada tasaGuardada(AppContext &ctx, const QString &interno, const QString &id, const char *concepto, const char *cola = "") {
+    Recordset rs;
+    TasaGuardada t;
+    t.hay = Consultar(ctx, internos,
+                      L("select porcentaje from itemliq where idconceptos = '") + L(concepto) + L("' and interno = '") + interno + L("' and iditem = ") + id + L(cola), rs);
+    if (t.hay) t.porcentaje = rs.Numero(u"Porcentaje");
+    return t;
+}
+
+/// Percent of the additional rate that a decree of temporary importation sets.
+const char *tasaDelDecreto(const MotivoDecreto &d) {
+    const L si("S");
+    if (d.d1439_96 == si) return "24";
+    if (d.d1439_96A1 == si) return "48";
+    if (d.d1330_04A6 == si) return "24";
+    if (d.d1330_04A7 == si) return "48";
+    return d.d1330_04A8 == si ? "72" : "0";
+}
+
+QString derechoAdicional(AppContext &ctx, const QString &interno, const QString &id, const QString &regimen) {
+    if (regimen != L("IC81") && !EsRegimenTemporal(regimen)) return QStringLiteral("0");
+    const TasaGuardada manual = tasaGuardada(ctx, interno, id, "016", " and valor = 1");
+    return manual.hay ? numeros::aTexto(manual.porcentaje) : QString(L(tasaDelDecreto(ctx.decreto)));
+}
+
+void leerDecretos(AppContext &ctx, const QString &interno) {
+    MotivoDecreto d;
+    Recordset rs;
+    for (Consultar(ctx, internos, L("select flag,valor from sysflag where interno = '") + interno + L("'"), rs); !rs.Eof(); rs.MoveNext()) {
+        const QString flag = rs.Texto(u"flag");
+        const QString valor = rs.Texto(u"valor");
+        if (flag == L("1439/96")) d.d1439_96 = valor;
+        if (flag == L("1439/96A1")) d.d1439_96A1 = valor;
+        if (flag == L("D1330/04A6")) d.d1330_04A6 = valor;
+        if (flag == L("D1330/04A7")) d.d1330_04A7 = valor;
+        if (flag == L("D1330/04A8")) d.d1330_04A8 = valor;
+    }
+    ctx.decreto = d;
+}
+
+void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, const QString &ncm, const Recordset &p, ClassLiquidacion &c, bool paraVer) {
+    const TasaGuardada derecho = tasaGuardada(ctx, interno, id, "010");
+    const bool fijado = derecho.hay && derecho.porcentaje > 0;
+    c.NcmDerechodeImportacionExtrazona = fijado ? derecho.porcentaje : (derecho.hay ? numeroDe(p, u"015") : 0);
+    if (paraVer) c.NcmDerechodeImportacionExtrazonaForce = fijado;
+    const TasaGuardada estadistica = tasaGuardada(ctx, interno, id, "011");
+    c.NcmTasaEstadistica = estadistica.hay && estadistica.porcentaje != 0 ? estadistica.porcentaje : (estadistica.hay ? numeroDe(p, u"016") : 0);
+    c.fijarNcmDerechoAdicional(derechoAdicional(ctx, interno, id, c.CaratulaSubRegimen));
+    c.GetMarcaImpuestosInternos(ncm);
+    c.NcmDerechodeExpo = numeroDe(p, u"018");
+    c.ncmCantidadDerechoEspecifico = numeroDe(p, u"017");
+    c.NcmUnidadDerechoEspecifico = p.Texto(u"020");
+    c.NcmIndicadorMaximoArancel = numeroDe(p, u"053");
+    c.ncmReintegroFijo = numeroDe(p, u"019");
+    c.ncmReintFijoIntraZona = numeroDe(p, u"023");
+    c.ncmExencionReduccionIVA = static_cast<int>(numeroDe(p, u"048"));
+    c.ncm_AEC = p.Texto(u"028");
+    c.ncmValor_AEC = numeroDe(p, u"026");
+}
+
+}  // namespace
+
+bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c) {
+    Recordset rs;
+    if (!Consultar(ctx, internos, L("select * from caratula where interno = '") + interno + L("'"), rs)) return false;
+    c.CaratulaSubRegimen = rs.Texto(u"idsubreg");
+    c.CaratulaFobTotal = c.CaratulaFobTotalSinG = rs.Numero(u"fobdivisas");
+    c.CaratulaFleteTotal = rs.Numero(u"fletedivisas");
+    c.CaratulaSeguroValor = rs.Numero(u"segurodivisas");
+    // The value first: the percentage fills it when it is 0.
+    c.fijarCaratulaSeguroProcent(rs.Numero(u"seguroporcentaje"));
+    c.CaratulaFactordeConvergencia = rs.Numero(u"factorconver");
+    c.CaratulaAjusteIncluir = rs.Numero(u"ajusteincluir");
+    c.CaratulaAjusteDeducir = rs.Numero(u"ajustededucir");
+    c.CaratulaDivisasFOB = rs.Numero(u"fobdivcambio");
+    c.CaratulaDivisasFlete = rs.Numero(u"fletedivcambio");
+    c.CaratulaDivisasSeguro = rs.Numero(u"segurodivcambio");
+    c.CaratulaFobTotal = suma(ctx, L("select sum(fob) as total from groupsubitems where interno = '") + interno + L("'"));
+    c.CaratulaFobTotalSinG = suma(ctx, L("select sum(fobtotal) as total from item where interno = '") + interno + L("' and tipoitem <> 'G'"));
+    leerDecretos(ctx, interno);
+    return true;
+}
+
+CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item, ClassLiquidacion &c, bool paraVer, bool &lapi) {
+    const QString id = item.Texto(u"ID");
+    Recordset rs;
+    Consultar(ctx, internos,
+              L("select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where interno = '") + interno +
+                  (id == L("0") ? QStringLiteral("' and id <> 0") : L("' and id = ") + id),
+              rs);
+    c.FOBTotalITEM = rs.Numero(u"vfob");
+    c.FLETETotalITEM = rs.Numero(u"flete");
+    c.SEGUROTotalITEM = rs.Numero(u"seguro");
+    c.AJUSTEINCLUIRtotalITEM = item.Numero(u"ajusteinc");
+    c.AJUSTEDEDUCIRtotalITEM = item.Numero(u"ajusteded");
+    c.ItemLista = item.Texto(u"Lista");
+    c.ItemLISTA_MERCOSUR = c.ItemLista.toUpper() == L("MERCOSUR");
+    c.fijarItemCantidad(item.Numero(u"Cantidad"));
+    c.ItemIdPais = item.Texto(u"Idpais");
+    c.ItmComsionesExt = item.Numero(u"itcomext");
+    c.ItmImportacionTemporal = item.Numero(u"insumostemp");
+    c.ItmImportacionTmpCons = item.Numero(u"insumosacons");
+    c.ItemCoeficienteExportacion = item.Numero(u"cofexp");
+    c.ItemEstadoMercaderia = item.Texto(u"estadomerc").left(1);
+    c.ItemCantidadDerechoEspecifico = item.Numero(u"valorderesp");
+    c.ItemCalcularCoeficienteExportacion = c.CaratulaSubRegimen.left(1).toUpper() == L("E") && ctx.CalcularCoeficiente;
+    c.ItemMineria = item.Texto(u"Mineria") == L("S");
+    c.ncmMineriaTasaLey = 1;
+
+    const QString ncm = item.EsNulo(u"NCM") ? QStringLiteral("0000.00.00.000D") : item.Texto(u"NCM");
+    if (ncm.size() != 14 && ncm.size() != 15) return CargaDePosicion::MalFormada;
+    // With 15 characters the last four hold the digits and the letter, with 14 the last three the digits.
+    const QString digitos = ncm.right(ncm.size() == 15 ? 4 : 3).left(3);
+    Recordset posicion;
+    const bool hay = Consultar(ctx, QStringLiteral("NCM"),
+                               L("select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi from ncm where [001] = '") + ncm.left(10) +
+                                   L("' and [002] = '") + digitos + L("'"),
+                               posicion);
+    if (hay) {
+        cargarPosicion(ctx, interno, id, ncm, posicion, c, paraVer);
+        lapi = posicion.Texto(u"lapi") == L("*");
+    }
+    c.CalculoAEC = ctx.CalculoAEC;
+    c.ncmDIEMPREFPorcValor = ctx.opciones.DIEMCHINA_PrefPorc;
+    c.ncmDIEMIndMaxArancelValor = ctx.opciones.DIEMCHINA_IndMaxArancel;
+    Recordset diem;
+    c.ncmCalculaDIEMCHINA = Consultar(ctx, QStringLiteral("SYSTABLAS"), L("select diem from DIEMCHINA where ncm = '") + ncm.left(10) + L("'"), diem);
+    if (c.ncmCalculaDIEMCHINA) c.ncmDIEMCHINAValor = diem.Numero(u"diem");
+    return hay ? CargaDePosicion::Encontrada : CargaDePosicion::NoEsta;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "frame/context.h"
+#include "liquidation/ClassLiquidacion.h"
+
+/// What one recalculation remembers of the advantage VEHICULOPARTES.
+struct VehiculoPartes {
+    bool advertir = false;    ///< a licence mark outside the automotive regime under ICR1
+    bool preguntado = false;  ///< the question is asked once a run
+    bool respuesta = false;
+};
+
+/// Adds the advantage to an item where the regime, the zone and the licence mark say so; may set the item's list to
+/// MERCOSUR. `lapi` is the position's licence mark. Raises ErrorDeStore.
+void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QString &iditem, bool lapi, ClassLiquidacion &calculo, VehiculoPartes &memoria);
+/// The closing warning of a run, with the removal of the advantage from every item, when it is due.
+void CerrarVehiculoPartes(AppContext &ctx, const QString &interno, const VehiculoPartes &memoria);
