@@ -4,6 +4,7 @@
 
 #include "assembly/run.h"
 #include "frame/values.h"
+#include "liquidation/review.h"
 #include "tests/support/tienda.h"
 
 namespace {
@@ -17,6 +18,15 @@ void armar(AppContext &ctx, const QString &clave) {
     opciones.ARMARITEM = 1;
     opciones.modo = ModoDescripcion::Maria;
     EXPECT_TRUE(Generar(ctx, clave, opciones));
+}
+
+ResultadoRecalculo liquidar(AppContext &ctx, const QString &clave) {
+    ctx.opciones.IVARIN = 21;
+    ctx.opciones.IVARNI = 10.5;
+    ctx.LiquidacionPendiente = true;
+    ClassLiquidacion calculo(ctx, clave);
+    EXPECT_TRUE(CargarCaratulaEnCalculadora(ctx, clave, calculo));
+    return RecalcularOperacion(ctx, clave, calculo);
 }
 
 class ArmadoDeDemostracion : public EnAmbosStores {
@@ -90,6 +100,51 @@ TEST_P(ArmadoDeDemostracion, EveryOperationAssemblesWithoutAFault) {
         "0");
 }
 
+TEST_P(ArmadoDeDemostracion, ImportsPayExportsCollectAndADecreeGuarantees) {
+    const auto correr = [&](const char *clave) {
+        armar(*ctx, QLatin1String(clave));
+        return liquidar(*ctx, QLatin1String(clave));
+    };
+    const ResultadoRecalculo consumo = correr("IC-2026-0001");
+    EXPECT_GT(consumo.totalP, 0);
+    EXPECT_EQ(consumo.totalG, 0);
+    EXPECT_EQ(consumo.totalC, 0);
+    EXPECT_TRUE(consumo.escrito);
+    // Item 3, screws: FOB 604.80 euros of 36,370.00 (35,950.00 and 420.00 of packing). Freight 604.80 * 2350
+    // / 36370 = 39.08 dollars, insurance 604.80 * 410 / 36370 = 6.82 pounds. Base 604.80 * 1.085 + 39.08
+    // + 6.82 * 1.27 = 703.9494: duty of 25 % 175.99, statistics of 3 % 21.12, VAT of 21 % on 703.9494 +
+    // 175.99 + 21.12 = 901.0594: 189.22.
+    EXPECT_EQ(filas("select idconceptos,total from itemliq where interno = 'IC-2026-0001' and iditem = 3 and "
+                    "idconceptos in "
+                    "('010','011','415') order by idconceptos")
+                  .toStdString(),
+              "010|175.99\n011|21.12\n415|189.22");
+
+    const ResultadoRecalculo exportacion = correr("EC-2026-0002");
+    // Duty of 4.5 % on 107,467.50 is 4,836.04; the SIM fee 10. Refund of 7 % on the same is 7,522.73.
+    EXPECT_NEAR(exportacion.totalP, 4846.04, 0.005);
+    EXPECT_NEAR(exportacion.totalC, 7522.73, 0.005);
+
+    const ResultadoRecalculo temporal = correr("IT-2026-0003");
+    EXPECT_NEAR(temporal.totalP, 10, 0.005);
+    EXPECT_GT(temporal.totalG, 0);
+    // The additional rate of the decree: 24 % of the base, item by item.
+    EXPECT_NEAR(
+        numero("select sum(total) as t from itemliq where interno = 'IT-2026-0003' and idconceptos = '016'"),
+        temporal.sumaBaseImponible * 0.24, 0.05);
+
+    const ResultadoRecalculo automotriz = correr("ICR-2026-0005");
+    EXPECT_GT(automotriz.totalP, 0);
+    EXPECT_GT(automotriz.totalG, 0);
+    EXPECT_GT(
+        numero("select sum(total) as t from itemliq where interno = 'ICR-2026-0005' and idconceptos = '866'"),
+        0);
+
+    const ResultadoRecalculo anticipada = correr("DJAI-2026-0004");
+    EXPECT_EQ(anticipada.totalP + anticipada.totalG + anticipada.totalC, 0);
+    EXPECT_TRUE(anticipada.grilla.empty());
+}
+
 EN_AMBOS_STORES(ArmadoDeDemostracion);
 
 /// Every row of a query as "a|b|c" lines.
@@ -104,7 +159,7 @@ QString filas(AppContext &ctx, const QString &sql) {
     return todas;
 }
 
-TEST(DemonstrationOnBothStores, ItemsGroupsAndConceptsAreTheSame) {
+TEST(DemonstrationOnBothStores, ItemsGroupsAndLiquidationAreTheSame) {
     Registro registros[2];
     const Tienda archivo(QStringLiteral("ACCESS"), true);
     const Tienda servidor(QStringLiteral("SQL"), true);
@@ -129,8 +184,10 @@ TEST(DemonstrationOnBothStores, ItemsGroupsAndConceptsAreTheSame) {
     for (const char *clave : operaciones) {
         fijarContexto(deArchivo.get());
         armar(*deArchivo, QLatin1String(clave));
+        liquidar(*deArchivo, QLatin1String(clave));
         fijarContexto(deServidor.get());
         armar(*deServidor, QLatin1String(clave));
+        liquidar(*deServidor, QLatin1String(clave));
         for (const char *consulta : consultas) {
             const QString sql = QString::fromLatin1(consulta).arg(QLatin1String(clave));
             EXPECT_EQ(filas(*deArchivo, sql).toStdString(), filas(*deServidor, sql).toStdString())
