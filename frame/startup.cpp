@@ -1,0 +1,108 @@
+#include "frame/startup.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QLocale>
+#include <QProcess>
+#include <QSysInfo>
+
+#include "frame/numbers.h"
+#include "frame/values.h"
+
+namespace {
+
+using L = QLatin1String;
+
+const QString internos = QStringLiteral("INTERNOS");
+const QString ncm = QStringLiteral("NCM");
+
+/// A stored date in the form `largo` or short; a text that is no date stands unchanged.
+QString enForma(const QVariant &valor, bool largo) {
+    const QDateTime fecha = AFecha(valor);
+    if (!fecha.isValid()) return EsNull(valor);
+    return largo ? FechaLarga(fecha) : FechaCorta(fecha);
+}
+
+}  // namespace
+
+std::function<bool(const QString &)> iniciarPrograma = [](const QString &programa) { return QProcess::startDetached(programa, {}); };
+
+void Arrancar(AppContext &ctx) {
+    if (ctx.ProgramFolder.isEmpty()) ctx.ProgramFolder = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
+    if (ctx.DataManager.rutaDelPerfil().isEmpty())
+        ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(QStringLiteral("ZENDRA3"));
+    else
+        ctx.ProfileIniPath = ctx.DataManager.rutaDelPerfil();
+    ctx.DataManager.LoadParameters();
+    ctx.ConnNcm = &ctx.conexion(ncm);
+    ctx.ConnInternos = &ctx.conexion(internos);
+    ctx.ConnCatalogos = &ctx.conexion(QStringLiteral("CATALOGOS"));
+    ctx.ConnSystablas = &ctx.conexion(QStringLiteral("SYSTABLAS"));
+    ctx.TodayInternos = ctx.DataManager.getDateFormatbyEntity(internos, QDate::currentDate().startOfDay());
+    ctx.SuffixChecker.SetDataManager(&ctx.DataManager);
+    ctx.DateKeyPattern = QStringLiteral("yyyyMMdd");
+    const Reloj reloj(ctx.dialogos);
+    CargarConfiguracion(ctx);
+    ctx.NomenclatureDate = LeerFechaDelNomenclador(ctx);
+}
+
+QString LeerFechaDelNomenclador(AppContext &ctx) {
+    const Reloj reloj(ctx.dialogos);
+    Recordset rs;
+    if (!Consultar(ctx, ncm, QStringLiteral("select max(fecha) as vfecha from control_fecha"), rs) || rs.EsNulo(u"vfecha")) return {};
+    return enForma(rs.Fields(u"vfecha").Value, true);
+}
+
+QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc) {
+    return (perfil.isEmpty() ? QString() : L("[") + perfil + L("] ")) + L("Zendra Windows - v") + numeros::Format(mayor, u"0") + QLatin1Char('.') + numeros::Format(menor, u"0") +
+           QLatin1Char('.') + numeros::Format(revision, u"000") + L(" - PC [") + pc + L("]");
+}
+
+int ControlarVersionDelStore(AppContext &ctx) {
+    constexpr int minima = 330;
+    int version = 300;
+    try {
+        Recordset rs;
+        if (Consultar(ctx, internos, QStringLiteral("select valor from version where propiedad = 'version'"), rs)) version = static_cast<int>(rs.Numero(u"Valor"));
+        if (version < minima) {
+            ctx.dialogos.informar(QStringLiteral("Se necesita actualizar la base de datos"));
+            iniciarPrograma(qEnvironmentVariable("ProgramFiles") + L("\\Zendra\\DbUpgrade3.exe"));
+        }
+    } catch (const ErrorDeStore &) {
+        // Start-up goes on without the prompt.
+        return version;
+    }
+    return version;
+}
+
+QString TextoDeVersion() { return QStringLiteral("%1.%2.%3").arg(ZENDRA_VERSION_MAYOR).arg(ZENDRA_VERSION_MENOR).arg(ZENDRA_VERSION_REVISION); }
+
+QString TextoFechaZendra() { return enForma(QStringLiteral("Generado 21-11-2026"), true); }
+
+QString TextoNomenclador(AppContext &ctx) {
+    Recordset rs;
+    if (!Consultar(ctx, ncm, QStringLiteral("select fecha from control_fecha order by fecha desc"), rs)) return QStringLiteral("Leyendo Fecha....");
+    return enForma(rs.Fields(u"fecha").Value, true);
+}
+
+QString TextoFechaDatosLNAPI(AppContext &ctx) {
+    Recordset rs;
+    const QString cabeza = QStringLiteral("Fecha:  ");
+    if (!Consultar(ctx, ncm, QStringLiteral("select fecha from LNAPIFechaDeDatos"), rs)) return cabeza;
+    return cabeza + enForma(rs.Fields(u"fecha").Value, false);
+}
+
+QString NombreDeLaPC() {
+    constexpr qsizetype largo = 255;
+    return QSysInfo::machineHostName().left(largo);
+}
+
+QString FechaLarga(const QDateTime &fecha) { return QLocale().toString(fecha.date(), QLocale::LongFormat); }
+QString FechaCorta(const QDateTime &fecha) { return QLocale().toString(fecha.date(), QLocale::ShortFormat); }
+
+QDateTime AFecha(const QVariant &valor) {
+    if (valor.isNull()) return {};
+    if (valor.typeId() == QMetaType::QDateTime) return valor.toDateTime();
+    return QDateTime::fromString(valor.toString().replace(QLatin1Char(' '), QLatin1Char('T')), Qt::ISODate);
+}
