@@ -187,6 +187,15 @@ void leerTabla(const Tokens &t, Select &s) {
     s.alias = alias;
 }
 
+/// "round(sum(x), 2)" answers one row like the sum itself; a sum of a subquery is its own.
+bool hayUnSumario(const Tokens &t, std::size_t desde, std::size_t hasta) {
+    for (std::size_t i = desde; i < hasta; ++i) {
+        if (t[i].es("select")) return false;
+        if (esSumarioLlamado(t, i)) return true;
+    }
+    return false;
+}
+
 Select leerSelect(Tokens &t, std::size_t select, std::size_t limite) {
     Select s;
     s.select = select;
@@ -208,7 +217,9 @@ Select leerSelect(Tokens &t, std::size_t select, std::size_t limite) {
     s.lista = i;
     for (; i < limite; ++i) {
         if (t[i].es(u'(')) {
-            i = cierre(t, i);
+            const std::size_t fin = cierre(t, i);
+            if (s.from == 0) s.sumario = s.sumario || hayUnSumario(t, i, fin);
+            i = fin;
             continue;
         }
         if (t[i].es(u';')) {
