@@ -1,0 +1,301 @@
+#include "operations/batch.h"
+
+#include <QJsonArray>
+#include <map>
+
+#include "assembly/run.h"
+#include "frame/jsondialogs.h"
+#include "frame/numbers.h"
+#include "liquidation/review.h"
+#include "operations/browser.h"
+#include "operations/consistency.h"
+#include "operations/lifecycle.h"
+#include "operations/status.h"
+
+namespace lote {
+
+namespace {
+
+using L = QLatin1String;
+
+const QString internos = QStringLiteral("INTERNOS");
+const QString zendra = QStringLiteral("ZENDRA");
+const QString flags = QStringLiteral("FLAGS");
+
+/// Reads a JSON value into one option; false when it is of another kind.
+using Poner = std::function<bool(const QJsonValue &, AppContext &, Tablero &)>;
+
+/// A flag is written as in the configuration file ("S", "N") or as a truth value.
+bool leerFlag(const QJsonValue &v, bool &donde) {
+    if (v.isBool()) {
+        donde = v.toBool();
+        return true;
+    }
+    const QString texto = v.toString();
+    if (!v.isString() || (texto != L("S") && texto != L("N"))) return false;
+    donde = texto == L("S");
+    return true;
+}
+
+Poner flag(bool Opciones::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) { return leerFlag(v, ctx.opciones.*miembro); };
+}
+Poner control(bool Tablero::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &, Tablero &t) { return leerFlag(v, t.*miembro); };
+}
+Poner letra(QString Opciones::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+        bool si = false;
+        if (!leerFlag(v, si)) return false;
+        ctx.opciones.*miembro = si ? QStringLiteral("S") : QStringLiteral("N");
+        return true;
+    };
+}
+Poner nivel(int Opciones::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+        bool si = false;
+        if (!leerFlag(v, si)) return false;
+        ctx.opciones.*miembro = si ? 2 : 1;
+        return true;
+    };
+}
+Poner texto(QString Opciones::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+        ctx.opciones.*miembro = v.toString();
+        return v.isString();
+    };
+}
+bool leerNumero(const QJsonValue &v, double &donde) {
+    if (v.isDouble())
+        donde = v.toDouble();
+    else if (v.isString() && numeros::esNumerico(v.toString()))
+        donde = numeros::aNumero(v.toString());
+    else
+        return false;
+    return true;
+}
+Poner numero(double Opciones::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) { return leerNumero(v, ctx.opciones.*miembro); };
+}
+Poner entero(int Opciones::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+        double valor = 0;
+        if (!leerNumero(v, valor)) return false;
+        ctx.opciones.*miembro = static_cast<int>(valor);
+        return true;
+    };
+}
+
+bool ponerOrden(const QJsonValue &v, AppContext &ctx, Tablero &t) {
+    double valor = 0;
+    if (!leerNumero(v, valor)) return false;
+    ctx.opciones.ARMARITEM = valor == 1 ? 1 : 2;
+    t.opOrdenxNCM = valor == 1;
+    return true;
+}
+
+bool ponerDescripcion(const QJsonValue &v, AppContext &, Tablero &t) {
+    const QString modo = v.toString();
+    if (!v.isString() || !QStringList{QString(), QStringLiteral("NO"), QStringLiteral("MARIA"), QStringLiteral("CATALOGO"), QStringLiteral("MEZCLA")}.contains(modo)) return false;
+    t.DJAI_USAR_DESCRIPCION = modo;
+    return true;
+}
+
+const std::map<QString, Poner> &opcionesConocidas() {
+    static const std::map<QString, Poner> todas{
+        {QStringLiteral("QUINDEL"), flag(&Opciones::QUINDEL)},
+        {QStringLiteral("QUINDELRAF"), flag(&Opciones::QUINDELRAF)},
+        {QStringLiteral("NROSUFIJ"), texto(&Opciones::NROSUFIJ)},
+        {QStringLiteral("MODIFCAT"), nivel(&Opciones::MODIFCAT)},
+        {QStringLiteral("VALORCAT"), nivel(&Opciones::VALORCAT)},
+        {QStringLiteral("PRIMR100"), nivel(&Opciones::PRIMR100)},
+        {QStringLiteral("GROUPBYART"), flag(&Opciones::GROUPBYART)},
+        {QStringLiteral("ARMARITEM"), ponerOrden},
+        {QStringLiteral("MODARTSUB"), letra(&Opciones::MODARTSUB)},
+        {QStringLiteral("VrySbtDup"), letra(&Opciones::VrySbtDup)},
+        {QStringLiteral("SbtMantCodart"), flag(&Opciones::SbtMantCodart)},
+        {QStringLiteral("SbtMantDatos"), flag(&Opciones::SbtMantDatos)},
+        {QStringLiteral("SbtMostrarAsc"), flag(&Opciones::SbtMostrarAsc)},
+        {QStringLiteral("FlgIdArtTOOtros"), flag(&Opciones::FlgIdArtTOOtros)},
+        {QStringLiteral("SbtNroArtAI"), flag(&Opciones::SbtNroArtAI)},
+        {QStringLiteral("NOCALCLIQU"), flag(&Opciones::NOCALCLIQU)},
+        {QStringLiteral("EnviarComExt"), flag(&Opciones::EnviarComExt)},
+        {QStringLiteral("SbtForzarNroArtAI"), flag(&Opciones::SbtForzarNroArtAI)},
+        {QStringLiteral("VendedorOrderxNombre"), flag(&Opciones::VendedorOrderxNombre)},
+        {QStringLiteral("SbtFuncionCargaPor"), flag(&Opciones::SbtFuncionCargaPor)},
+        {QStringLiteral("Responder_Opciones_Obligatorio"), flag(&Opciones::Responder_Opciones_Obligatorio)},
+        {QStringLiteral("OperacionesMostrarTODO"), flag(&Opciones::OperacionesMostrarTODO)},
+        {QStringLiteral("NoEnviarDescripcionAlITEM"), flag(&Opciones::NoEnviarDescripcionAlITEM)},
+        {QStringLiteral("CancelManual"), flag(&Opciones::CancelManual)},
+        {QStringLiteral("LISTADO"), entero(&Opciones::LISTADO)},
+        {QStringLiteral("IVARIN"), numero(&Opciones::IVARIN)},
+        {QStringLiteral("IVARNI"), numero(&Opciones::IVARNI)},
+        {QStringLiteral("DIEMCHINA-IndMaxArancel"), numero(&Opciones::DIEMCHINA_IndMaxArancel)},
+        {QStringLiteral("DIEMCHINA-PrefPorc"), numero(&Opciones::DIEMCHINA_PrefPorc)},
+        {QStringLiteral("opOrdenxNCM"), control(&Tablero::opOrdenxNCM)},
+        {QStringLiteral("ChMulta"), control(&Tablero::ChMulta)},
+        {QStringLiteral("ChCOEF"), control(&Tablero::ChCOEF)},
+        {QStringLiteral("chkCalcularServicioDigitalizacion"), control(&Tablero::chkCalcularServicioDigitalizacion)},
+        {QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"), control(&Tablero::chkCalcularServicioDigitalizacion)},
+        {QStringLiteral("DJAI_USAR_DESCRIPCION"), ponerDescripcion},
+    };
+    return todas;
+}
+
+bool existe(AppContext &ctx, const QString &clave) {
+    Recordset rs;
+    return Consultar(ctx, internos, L("select interno from caratula where interno = '") + clave + L("'"), rs);
+}
+
+double contar(AppContext &ctx, const QString &tabla, const QString &clave, const char *cola = "") {
+    Recordset rs;
+    Consultar(ctx, internos, L("select count(*) as valor from ") + tabla + L(" where interno = '") + clave + L("'") + L(cola), rs);
+    return rs.Numero(u"valor");
+}
+
+int armar(AppContext &ctx, const Orden &orden, const Tablero &t, QJsonObject &resultado) {
+    if (orden.forzar) MarcarArmado(ctx, orden.clave, true);
+    OpcionesDeArmado opciones;
+    // With nothing chosen and nothing kept, the dashboard starts on "no descriptions".
+    const EleccionDelTablero eleccion{t.opOrdenxNCM, t.ChMulta, t.ChCOEF, t.chkCalcularServicioDigitalizacion,
+                                      t.DJAI_USAR_DESCRIPCION.isEmpty() ? QStringLiteral("NO") : t.DJAI_USAR_DESCRIPCION};
+    const PasoDeArmado paso = PrepararArmado(ctx, orden.clave, eleccion, opciones);
+    bool entera = true;
+    if (paso == PasoDeArmado::Armar) {
+        entera = Generar(ctx, orden.clave, opciones);
+        if (ctx.ChequeoArmado != L("SI")) ArmadoFallido(ctx, orden.clave);
+    } else {
+        ctx.ChequeoArmado = paso == PasoDeArmado::YaArmado ? QStringLiteral("SI") : QStringLiteral("NO");
+    }
+    resultado[QStringLiteral("armado")] = ctx.ChequeoArmado;
+    resultado[QStringLiteral("corrida")] = paso == PasoDeArmado::Armar;
+    resultado[QStringLiteral("items")] = contar(ctx, QStringLiteral("item"), orden.clave, " and id<>0");
+    resultado[QStringLiteral("grupos")] = contar(ctx, QStringLiteral("groupsubitems"), orden.clave);
+    return entera ? bien : falla;
+}
+
+int liquidar(AppContext &ctx, const Orden &orden, const Tablero &t, QJsonObject &resultado) {
+    ctx.CalcularCoeficiente = t.ChCOEF;
+    ctx.LiquidacionPendiente = true;
+    ClassLiquidacion calculo(ctx, orden.clave);
+    const ResultadoRecalculo r = RecalcularOperacion(ctx, orden.clave, calculo);
+    QJsonArray grilla;
+    for (const FilaLiq &f : r.grilla)
+        grilla.append(QJsonObject{{QStringLiteral("numero"), f.numero}, {QStringLiteral("concepto"), f.concepto}, {QStringLiteral("total"), f.total}, {QStringLiteral("pgc"), f.pgc}});
+    resultado[QStringLiteral("totalP")] = numeros::Format(r.totalP, u"00.00");
+    resultado[QStringLiteral("totalG")] = numeros::Format(r.totalG, u"00.00");
+    resultado[QStringLiteral("totalC")] = numeros::Format(r.totalC, u"00.00");
+    resultado[QStringLiteral("baseImponible")] = numeros::Format(r.sumaBaseImponible, u"00.00");
+    resultado[QStringLiteral("baseIVA")] = numeros::Format(r.sumaBaseIVA, u"00.00");
+    resultado[QStringLiteral("conceptos")] = grilla;
+    return bien;
+}
+
+/// Work on an operation that is held like a dashboard would hold it.
+int conLaOperacion(AppContext &ctx, const Orden &orden, const std::function<int()> &trabajo) {
+    if (!existe(ctx, orden.clave)) {
+        ctx.dialogos.critico(QStringLiteral("No se encontro el interno %1; revise la clave o créelo primero.").arg(orden.clave));
+        return falla;
+    }
+    if (!ComprobarBloqueo(ctx, orden.clave)) return falla;
+    const BanderasDeOperacion banderas = LeerBanderas(ctx, orden.clave);
+    TomarBloqueo(ctx, orden.clave);
+    int estado = falla;
+    try {
+        estado = trabajo();
+    } catch (...) {
+        try {
+            GuardarYLiberar(ctx, orden.clave, banderas, std::nullopt);
+        } catch (const ErrorDeStore &) {
+            // The store is gone; the first failure is the one to tell.
+        }
+        throw;
+    }
+    GuardarYLiberar(ctx, orden.clave, banderas, std::nullopt);
+    return estado;
+}
+
+int listar(AppContext &ctx, QJsonObject &resultado) {
+    // All of them: the screen's fifty are a matter of the screen.
+    ctx.opciones.OperacionesMostrarTODO = true;
+    QJsonArray operaciones;
+    for (const FilaDeInterno &f : BuscarInternos(ctx, {}))
+        operaciones.append(QJsonObject{{QStringLiteral("interno"), f.Interno},
+                                       {QStringLiteral("tipo"), f.tipo},
+                                       {QStringLiteral("subregimen"), f.SubRegimen},
+                                       {QStringLiteral("cliente"), f.Cliente},
+                                       {QStringLiteral("despachante"), f.Despachante},
+                                       {QStringLiteral("vendedor"), f.Vendedor}});
+    resultado[QStringLiteral("cantidad")] = operaciones.size();
+    resultado[QStringLiteral("operaciones")] = operaciones;
+    return bien;
+}
+
+int correr(AppContext &ctx, const Orden &orden, const Tablero &tablero, QJsonObject &resultado) {
+    const QString &c = orden.comando;
+    if (c == L("listar")) return listar(ctx, resultado);
+    if (c == L("crear")) {
+        const bool hecho = CrearInterno(ctx, orden.clave);
+        resultado[QStringLiteral("creado")] = hecho;
+        return hecho ? bien : falla;
+    }
+    if (c == L("borrar")) {
+        if (!existe(ctx, orden.clave)) {
+            ctx.dialogos.critico(QStringLiteral("No se encontro el interno %1; revise la clave.").arg(orden.clave));
+            return falla;
+        }
+        const bool hecho = EliminarInterno(ctx, orden.clave);
+        resultado[QStringLiteral("borrado")] = hecho;
+        return bien;
+    }
+    return conLaOperacion(ctx, orden, [&] {
+        if (c == L("armar")) return armar(ctx, orden, tablero, resultado);
+        if (c == L("liquidar")) return liquidar(ctx, orden, tablero, resultado);
+        resultado[QStringLiteral("diferencias")] = ComprobarInterno(ctx, orden.clave);
+        return bien;
+    });
+}
+
+}  // namespace
+
+const QStringList &Comandos() {
+    static const QStringList todos{QStringLiteral("armar"), QStringLiteral("liquidar"), QStringLiteral("comprobar"),
+                                   QStringLiteral("crear"), QStringLiteral("borrar"),   QStringLiteral("listar")};
+    return todos;
+}
+
+Tablero TableroInicial(AppContext &ctx) {
+    Tablero t;
+    t.opOrdenxNCM = ctx.opciones.ARMARITEM == 1;
+    t.chkCalcularServicioDigitalizacion = ctx.ajustes.Leer(zendra, flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"), QStringLiteral("N")) == L("S");
+    t.DJAI_USAR_DESCRIPCION = ctx.ajustes.Leer(zendra, flags, QStringLiteral("DJAI_USAR_DESCRIPCION"));
+    return t;
+}
+
+bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, Tablero &tablero, QString &error) {
+    for (auto o = opciones.constBegin(); o != opciones.constEnd(); ++o) {
+        const auto conocida = opcionesConocidas().find(o.key());
+        if (conocida == opcionesConocidas().end()) {
+            error = QStringLiteral("La opción \"%1\" no existe; revise el archivo de opciones.").arg(o.key());
+            return false;
+        }
+        if (!conocida->second(o.value(), ctx, tablero)) {
+            error = QStringLiteral("La opción \"%1\" no admite ese valor; revise el archivo de opciones.").arg(o.key());
+            return false;
+        }
+    }
+    return true;
+}
+
+int Ejecutar(AppContext &ctx, const Orden &orden, const Tablero &tablero, QJsonObject &resultado) {
+    resultado[QStringLiteral("resultado")] = orden.comando;
+    if (!orden.clave.isEmpty()) resultado[QStringLiteral("interno")] = orden.clave;
+    try {
+        return correr(ctx, orden, tablero, resultado);
+    } catch (const ErrorDeStore &e) {
+        ctx.dialogos.critico(e.descripcion);
+        return falla;
+    }
+}
+
+}  // namespace lote
