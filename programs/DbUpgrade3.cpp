@@ -37,9 +37,9 @@ int falla(const QString &texto) {
     return fallo;
 }
 
-/// What is being done and how far, twice a second at most: short work says nothing.
+/// What is being done and how far, four times a second at most: short work says nothing.
 void mostrarProgreso(const QString &que, qint64 hecho, qint64 total) {
-    constexpr int pausa = 500;
+    constexpr int pausa = 250;
     static QElapsedTimer reloj = [] {
         QElapsedTimer r;
         r.start();

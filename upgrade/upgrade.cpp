@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSet>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -104,6 +105,22 @@ void revisarServidor(const Almacen &almacen, const Conexion::Datos &datos) {
         almacen.lista(QStringLiteral("select valor::text from %1 where lower(propiedad::text) = 'version'")
                           .arg(almacen.nombreDe(datos.esquema, QStringLiteral("version")))),
         QStringLiteral("%1:%2/%3").arg(datos.host).arg(datos.puerto).arg(datos.base));
+}
+
+/// One upgrade of a folder of files at a time: the second waits, and finds everything done. A fresh file
+/// changes its journal when it is first opened, and two that do so at once refuse each other.
+std::unique_ptr<QLockFile> tomarTurno(const QString &archivo) {
+    QDir().mkpath(QFileInfo(archivo).absolutePath());
+    auto turno = std::make_unique<QLockFile>(archivo + QStringLiteral(".actualizando"));
+    constexpr int paciencia = 120000;
+    turno->setStaleLockTime(0);
+    // A folder that takes no lock file is told by what is done in it.
+    if (!turno->tryLock(paciencia) && turno->error() == QLockFile::LockFailedError)
+        throw Falla{
+            QStringLiteral(
+                "Otra actualización de %1 está en marcha; espere a que termine y vuelva a intentarlo.")
+                .arg(archivo)};
+    return turno;
 }
 
 void crearArchivo(const QString &archivo, Marcha &m) {
@@ -307,6 +324,9 @@ void actualizarTodo(const QString &ruta, Marcha &m) {
         (datos->servidor ? esquemas : archivos).push_back(datos);
         m.total += esquema::tablasDe(entidad).size();
     }
+
+    std::unique_ptr<QLockFile> turno;
+    if (!archivos.empty()) turno = tomarTurno(archivos.front()->archivo);
 
     // First look, then touch: a refused store leaves every other as it was.
     for (const Conexion::Datos *datos : archivos) revisarArchivo(datos->archivo);

@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "siblings/StoreProfiles.h"
 #include "tests/support/tienda.h"
 
 namespace {
@@ -70,6 +71,60 @@ TEST(DbUpgrade3Program, LoadsFilesAndTellsTheLinesItDidNotUnderstand) {
     c = DbUpgrade3({"--perfil", dir.filePath("db/zendra.perfil.ini"), "--cargar", "nohay=" + f.fileName()});
     EXPECT_EQ(c.estado, 1);
     EXPECT_TRUE(c.errores.contains(QStringLiteral("nohay"))) << c.errores.toStdString();
+}
+
+TEST(DbUpgrade3Program, ALoadThatIsKilledLeavesNothingAndCanBeRepeated) {
+    QTemporaryDir dir;
+    QFile f(dir.filePath("v.csv"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("codigo,nombre,domicilio\n");
+    constexpr int filasDelArchivo = 600000;
+    for (int i = 0; i < filasDelArchivo; ++i) f.write(QByteArray::number(i) + ",NOMBRE,DOMICILIO\n");
+    f.close();
+    ASSERT_EQ(DbUpgrade3({"--crear-archivos", dir.filePath("db")}).estado, 0);
+    const QString perfil = dir.filePath("db/zendra.perfil.ini");
+    const QStringList carga{"--perfil", perfil, "--cargar", "vendedor=" + f.fileName()};
+
+    QProcess p;
+    p.start(CarpetaDeConstruccion() + QStringLiteral("/DbUpgrade3"), carga);
+    // Its first word of progress comes from the middle of the load.
+    QByteArray dicho;
+    while (!dicho.contains("Cargando vendedor") && p.waitForReadyRead(60000))
+        dicho += p.readAllStandardOutput();
+    ASSERT_TRUE(dicho.contains("Cargando vendedor")) << dicho.toStdString();
+    p.kill();
+    ASSERT_TRUE(p.waitForFinished(10000));
+
+    StoreProfiles::SPMain manager;
+    ASSERT_TRUE(manager.usarPerfil(perfil));
+    Conexion &personal = manager.getDataConnectionByEntity(QStringLiteral("PERSONAL"));
+    const auto cuantos = [&personal] {
+        Recordset rs;
+        personal.Sql = QStringLiteral("select count(*) as n from vendedor");
+        personal.crearrs(rs);
+        const double n = rs.Numero(u"n");
+        personal.cerrar();
+        return n;
+    };
+    EXPECT_EQ(cuantos(), 0);
+    const Corrida c = DbUpgrade3(carga);
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_EQ(cuantos(), filasDelArchivo);
+}
+
+TEST(DbUpgrade3Program, TwoUpgradesAtTheSameTimeDoNotCollide) {
+    QTemporaryDir dir;
+    const QString perfil = dir.filePath("dos.perfil.ini");
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Dos"), dir.filePath("db")));
+    QProcess uno;
+    QProcess otro;
+    for (QProcess *p : {&uno, &otro})
+        p->start(CarpetaDeConstruccion() + QStringLiteral("/DbUpgrade3"), {"--perfil", perfil});
+    for (QProcess *p : {&uno, &otro}) {
+        ASSERT_TRUE(p->waitForFinished(60000));
+        EXPECT_EQ(p->exitCode(), 0) << p->readAllStandardError().toStdString();
+    }
+    EXPECT_TRUE(DbUpgrade3({"--perfil", perfil}).salida.contains(QStringLiteral("ya estaban")));
 }
 
 TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
