@@ -4,6 +4,7 @@
 #include <QSqlRecord>
 #include <QStringList>
 
+#include "frame/dialect_tokens.h"
 #include "frame/engines.h"
 
 namespace motores {
@@ -36,6 +37,20 @@ QVariant celda(const QVariant &valor) {
             return valor.toDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
         default:
             return valor.toString();
+    }
+}
+
+/// The server runs every statement of a text; what a broken key smuggles in behind a semicolon is not run.
+void comprobarQueEsUna(const QString &sql) {
+    if (!sql.contains(QLatin1Char(';'))) return;
+    const auto partido = dialecto::partir(sql);
+    if (!partido) return;  // something does not close: the server refuses the whole text
+    const dialecto::Tokens &t = *partido;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(u';')) continue;
+        const std::size_t sigue = dialecto::significativo(t, i + 1);
+        if (sigue < t.size() && !t[sigue].es(u';'))
+            throw ErrorDeStore{0, {}, QStringLiteral("ERROR:  syntax error at or near \"%1\"").arg(t[sigue].vista), {}};
     }
 }
 
@@ -73,6 +88,7 @@ QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) 
 }
 
 qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas) {
+    comprobarQueEsUna(sql);
     QSqlQuery consulta(db);
     consulta.setForwardOnly(true);
     if (!consulta.exec(sql)) throw error(consulta.lastError());
