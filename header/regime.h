@@ -6,8 +6,8 @@
 
 struct AppContext;
 
-/// `cstaimpexp` of the code in the table sta: "I" or "E"; empty for a missing row, a null, or an empty code (which
-/// sends nothing to the store). Raises ErrorDeStore.
+/// `cstaimpexp` of the code in the table sta: "I" or "E"; empty for a missing row, a null, or an empty code
+/// (which sends nothing to the store). Raises ErrorDeStore.
 QString DireccionRegimen(AppContext &ctx, const QString &codigo);
 
 bool EsIC0oIG(QStringView codigo);
@@ -41,4 +41,6 @@ bool SufijoContieneArticulo(const QString &posicion, const QString &sufijos, con
 QString NormalizarTexto(const QString &texto);
 
 /// The first `n` characters of the code: the "Left n" of the regime rules.
-inline QStringView Left(QStringView codigo, qsizetype n) { return codigo.left(n); }
+inline QStringView Left(QStringView codigo, qsizetype n) {
+    return codigo.left(n);
+}

@@ -4,7 +4,9 @@ namespace {
 
 using L = QLatin1String;
 
-QString pais(const Recordset &rs, QStringView columna) { return rs.Texto(columna).trimmed().toUpper(); }
+QString pais(const Recordset &rs, QStringView columna) {
+    return rs.Texto(columna).trimmed().toUpper();
+}
 
 /// The countries of one joined row.
 struct Paises {
@@ -25,40 +27,54 @@ struct Caratula {
 
 /// "(Pais Origen SUBITEM=x) difiere de (Pais Origen Grupo=y)"
 QString difiere(const char *cual, const char *uno, const QString &a, const char *otro, const QString &b) {
-    return L("(Pais ") + L(cual) + QLatin1Char(' ') + L(uno) + QLatin1Char('=') + a + L(") difiere de (Pais ") + L(cual) + QLatin1Char(' ') + L(otro) + QLatin1Char('=') + b +
+    return L("(Pais ") + L(cual) + QLatin1Char(' ') + L(uno) + QLatin1Char('=') + a +
+           L(") difiere de (Pais ") + L(cual) + QLatin1Char(' ') + L(otro) + QLatin1Char('=') + b +
            QLatin1Char(')');
 }
 
 void compararOrigenForzado(const Paises &p, const Caratula &c, const QString &id, QStringList &hallados) {
     const L cola(" - Forzar ACTIVADO");
-    if (p.ItemOrigen != c.CaratulaOrigen) hallados << L("Item: ") + id + difiere("Origen", "ITEM", p.ItemOrigen, "Caratula", c.CaratulaOrigen) + cola;
+    if (p.ItemOrigen != c.CaratulaOrigen)
+        hallados << L("Item: ") + id + difiere("Origen", "ITEM", p.ItemOrigen, "Caratula", c.CaratulaOrigen) +
+                        cola;
     if (p.SubOrigen.isEmpty()) return;
-    if (p.SubOrigen != p.GrupoOrigen) hallados << L("Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "Grupo", p.GrupoOrigen) + cola;
-    if (p.SubOrigen != p.ItemOrigen) hallados << L("Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "ITEM", p.ItemOrigen) + cola;
+    if (p.SubOrigen != p.GrupoOrigen)
+        hallados << L("Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "Grupo", p.GrupoOrigen) +
+                        cola;
+    if (p.SubOrigen != p.ItemOrigen)
+        hallados << L("Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "ITEM", p.ItemOrigen) + cola;
 }
 
 void compararOrigen(const Paises &p, const Caratula &c, const QString &id, QStringList &hallados) {
     const L cola(" - Forzar DESACTIVADO");
     if (p.SubOrigen.isEmpty()) {
-        if (c.CaratulaOrigen.isEmpty()) hallados << L("Advertencia! Item:") + id + L("(Pais Origen SUBITEM no se ha completado)") + cola;
+        if (c.CaratulaOrigen.isEmpty())
+            hallados << L("Advertencia! Item:") + id + L("(Pais Origen SUBITEM no se ha completado)") + cola;
         return;
     }
     if (p.GrupoOrigen != p.SubOrigen)
-        hallados << L("ERROR DE INCONGRUENCIA DE DATOS Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "Grupo", p.GrupoOrigen) + cola;
-    if (p.ItemOrigen != p.GrupoOrigen) hallados << L("Item:") + id + difiere("Origen", "Grupo", p.GrupoOrigen, "ITEM", p.ItemOrigen) + cola;
-    if (p.ItemOrigen != p.SubOrigen) hallados << L("Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "ITEM", p.ItemOrigen) + cola;
+        hallados << L("ERROR DE INCONGRUENCIA DE DATOS Item:") + id +
+                        difiere("Origen", "SUBITEM", p.SubOrigen, "Grupo", p.GrupoOrigen) + cola;
+    if (p.ItemOrigen != p.GrupoOrigen)
+        hallados << L("Item:") + id + difiere("Origen", "Grupo", p.GrupoOrigen, "ITEM", p.ItemOrigen) + cola;
+    if (p.ItemOrigen != p.SubOrigen)
+        hallados << L("Item:") + id + difiere("Origen", "SUBITEM", p.SubOrigen, "ITEM", p.ItemOrigen) + cola;
 }
 
 void compararDestino(const Paises &p, const Caratula &c, const QString &id, QStringList &hallados) {
     if (c.CaratulaDestino.isEmpty() && p.SubDestino.isEmpty() && p.ItemDestino.isEmpty()) {
-        hallados << L("Advertencia! Item:") + id + L("(Pais Destino SUBITEM/ITEM no se ha completado, No especificado en Caratula)");
+        hallados << L("Advertencia! Item:") + id +
+                        L("(Pais Destino SUBITEM/ITEM no se ha completado, No especificado en Caratula)");
         return;
     }
     if (p.SubDestino.isEmpty()) return;
     const QString cabeza = L("ERROR DE INCONGRUENCIA DE DATOS Item:") + id;
-    // The test is on destinations and so are the words; the two values shown are the origins, as offices know the report.
-    if (p.GrupoDestino != p.SubDestino) hallados << cabeza + difiere("Destino", "SUBITEM", p.SubOrigen, "Grupo", p.GrupoOrigen);
-    if (p.SubDestino != p.ItemDestino) hallados << cabeza + difiere("Destino", "SUBITEM", p.SubDestino, "ITEM", p.ItemDestino);
+    // The test is on destinations and so are the words; the two values shown are the origins, as offices know
+    // the report.
+    if (p.GrupoDestino != p.SubDestino)
+        hallados << cabeza + difiere("Destino", "SUBITEM", p.SubOrigen, "Grupo", p.GrupoOrigen);
+    if (p.SubDestino != p.ItemDestino)
+        hallados << cabeza + difiere("Destino", "SUBITEM", p.SubDestino, "ITEM", p.ItemDestino);
 }
 
 }  // namespace
@@ -69,17 +85,26 @@ QString GenerarReporte(AppContext &ctx, const QString &interno, bool &hayDiferen
     const auto agregar = [&reporte](const QString &linea) { reporte += linea + L("\r\n"); };
     Caratula caratula;
     Recordset rs;
-    if (Consultar(ctx, internos, L("Select DCPaisOrigen, DcForzarPaisOrigen, DcPaisDestino From Caratula Where Interno = '") + interno + L("'"), rs)) {
-        caratula = {pais(rs, u"DCPaisOrigen"), pais(rs, u"DcPaisDestino"), rs.Texto(u"DcForzarPaisOrigen") == L("S")};
+    if (Consultar(
+            ctx, internos,
+            L("Select DCPaisOrigen, DcForzarPaisOrigen, DcPaisDestino From Caratula Where Interno = '") +
+                interno + L("'"),
+            rs)) {
+        caratula = {pais(rs, u"DCPaisOrigen"), pais(rs, u"DcPaisDestino"),
+                    rs.Texto(u"DcForzarPaisOrigen") == L("S")};
     } else {
         hayDiferencias = true;
         agregar(QStringLiteral("Error Buscando Interno en CARATULA"));
     }
     if (!Consultar(ctx, internos,
-                   L("Select SubItems.ID as SubItemsID,SubItems.IdPais as SubItemsIDPAIS,SubItems.IdPaisProc as SubItemsIDPAISPROC,GroupSubItems.ID as GroupSubItemsID, "
-                     "GroupSubItems.IdPais as GroupSubItemsIDPAIS, GroupSubItems.IdPaisProc as GroupSubItemsIDPROC,Item.IdPais as ItemIDPAIS, Item.IdProc as "
-                     "ItemIDPAISPROC From SubItems, GroupSubItems, Item Where GroupSubItems.ID = Item.ID AND SubItems.ID = GroupSubItems.IDSUB AND SubItems.Interno = "
-                     "GroupSubItems.Interno AND GroupSubItems.Interno = Item.Interno AND GroupSubItems.Interno = '") +
+                   L("Select SubItems.ID as SubItemsID,SubItems.IdPais as SubItemsIDPAIS,SubItems.IdPaisProc "
+                     "as SubItemsIDPAISPROC,GroupSubItems.ID as GroupSubItemsID, "
+                     "GroupSubItems.IdPais as GroupSubItemsIDPAIS, GroupSubItems.IdPaisProc as "
+                     "GroupSubItemsIDPROC,Item.IdPais as ItemIDPAIS, Item.IdProc as "
+                     "ItemIDPAISPROC From SubItems, GroupSubItems, Item Where GroupSubItems.ID = Item.ID AND "
+                     "SubItems.ID = GroupSubItems.IDSUB AND SubItems.Interno = "
+                     "GroupSubItems.Interno AND GroupSubItems.Interno = Item.Interno AND "
+                     "GroupSubItems.Interno = '") +
                        interno + L("' Order by GroupSubitems.ID, GroupSubItems.IDSub "),
                    rs)) {
         hayDiferencias = true;

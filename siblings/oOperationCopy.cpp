@@ -4,7 +4,6 @@
 #include <map>
 
 #include "frame/context.h"
-#include "frame/numbers.h"
 #include "frame/values.h"
 
 namespace oOperationCopy {
@@ -14,84 +13,157 @@ namespace {
 using L = QLatin1String;
 
 const QString internos = QStringLiteral("INTERNOS");
+const QString subitems = QStringLiteral("subitems");
 
-// Lines go first: the others follow their new identities.
-const char *const tablas[] = {"caratula",    "facturas", "prorrateo", "itempresu", "itemref", "groupsubitems", "idrel", "item",
-                              "itemliq", "itemventaja", "iteminfo",  "liqcero",   "sysflag", "descargas"};
+struct Tabla {
+    const char *entidad;
+    const char *nombre;
+};
 
+// What hangs from the lines and from the header. An operation exists by its header, which therefore comes
+// last: a copy that stopped halfway does not exist, and the next one to that key clears its leftovers.
+constexpr Tabla tablas[] = {
+    {"INTERNOS", "facturas"},  {"INTERNOS", "prorrateo"},     {"INTERNOS", "itempresu"},
+    {"INTERNOS", "itemref"},   {"INTERNOS", "groupsubitems"}, {"INTERNOS", "idrel"},
+    {"INTERNOS", "item"},      {"INTERNOS", "itemliq"},       {"INTERNOS", "itemventaja"},
+    {"INTERNOS", "iteminfo"},  {"INTERNOS", "liqcero"},       {"INTERNOS", "sysflag"},
+    {"INTERNOS", "descargas"}, {"SYSTABLAS", "hval"},         {"SYSTABLAS", "hvalexp"},
+    {"INTERNOS", "caratula"}};
+
+/// The identity of each line of the original, and that of its copy.
 using Identidades = std::map<QString, QString>;
 
-QString literal(const QVariant &valor) {
-    if (valor.isNull()) return QStringLiteral("NULL");
-    if (valor.typeId() == QMetaType::QString) return QLatin1Char('\'') + DoblarComillas(valor.toString()) + QLatin1Char('\'');
-    return numeros::aTexto(valor.toDouble());
+bool es(const QString &columna, const char *nombre) {
+    return columna.compare(L(nombre), Qt::CaseInsensitive) == 0;
 }
 
-/// A column that the store fills by itself.
-bool esDelStore(const QString &columna) { return columna.compare(L("zfila"), Qt::CaseInsensitive) == 0; }
+QString literal(AppContext &ctx, const QString &entidad, const QVariant &valor) {
+    if (valor.isNull()) return QStringLiteral("NULL");
+    switch (valor.typeId()) {
+        case QMetaType::QString:
+            return QLatin1Char('\'') + DoblarComillas(valor.toString()) + QLatin1Char('\'');
+        case QMetaType::QDate:
+        case QMetaType::QDateTime:
+            return ctx.DataManager.getDateFormatbyEntity(entidad, valor.toDateTime());
+        default:
+            return SqlNumber(valor.toDouble());
+    }
+}
 
 /// Columns that name a line.
 bool nombraLinea(const QString &tabla, const QString &columna) {
-    const bool grupo = tabla == L("groupsubitems") && columna.compare(L("idsub"), Qt::CaseInsensitive) == 0;
-    const bool plegada = tabla == L("idrel") && (columna.compare(L("idsub"), Qt::CaseInsensitive) == 0 || columna.compare(L("idroot"), Qt::CaseInsensitive) == 0);
-    return grupo || plegada;
+    if (tabla == L("groupsubitems")) return es(columna, "idsub");
+    return tabla == L("idrel") && (es(columna, "idsub") || es(columna, "idroot"));
 }
 
-QString valorPara(AppContext &ctx, const QString &tabla, const QString &columna, const QVariant &valor, const QString &destino, const Identidades &lineas) {
-    const auto es = [&columna](const char *nombre) { return columna.compare(L(nombre), Qt::CaseInsensitive) == 0; };
-    if (es("interno")) return literal(destino);
-    if (tabla == L("caratula")) {
-        if (es("factura8")) return QStringLiteral("NULL");
-        if (es("fechaalta")) return ctx.DataManager.getDateFormatbyEntity(internos, QDateTime::currentDateTime());
+QString valorPara(AppContext &ctx, const Tabla &tabla, const QString &columna, const QVariant &valor,
+                  const QString &destino, const Identidades &lineas) {
+    const QString entidad = QString(L(tabla.entidad));
+    const QString nombre = QString(L(tabla.nombre));
+    if (es(columna, "interno")) return literal(ctx, entidad, destino);
+    if (nombre == L("caratula")) {
+        if (es(columna, "factura8")) return QStringLiteral("NULL");
+        if (es(columna, "fechaalta"))
+            return ctx.DataManager.getDateFormatbyEntity(entidad, QDateTime::currentDateTime());
     }
-    if (nombraLinea(tabla, columna) && !valor.isNull()) {
+    if (nombraLinea(nombre, columna) && !valor.isNull()) {
         const auto nueva = lineas.find(EsNull(valor));
         if (nueva != lineas.end()) return nueva->second;
     }
-    return literal(valor);
+    return literal(ctx, entidad, valor);
 }
 
-void copiarFila(AppContext &ctx, const QString &tabla, const Recordset &rs, const QString &destino, const Identidades &lineas, const QString &sinColumna = {}) {
+void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const QString &destino,
+                const Identidades &lineas, const char *generada) {
     QStringList columnas;
     QStringList valores;
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
-        if (esDelStore(columna) || columna.compare(sinColumna, Qt::CaseInsensitive) == 0) continue;
+        // The order of insertion and a generated identity are the store's own.
+        if (es(columna, "zfila") || es(columna, generada)) continue;
         columnas << columna;
         valores << valorPara(ctx, tabla, columna, rs.Fields(c).Value, destino, lineas);
     }
-    Ejecutar(ctx, internos, L("insert into ") + tabla + L(" (") + columnas.join(QLatin1Char(',')) + L(") values (") + valores.join(QLatin1Char(',')) + L(")"));
+    Ejecutar(ctx, QString(L(tabla.entidad)),
+             L("insert into ") + L(tabla.nombre) + L(" (") + columnas.join(QLatin1Char(',')) +
+                 L(") values (") + valores.join(QLatin1Char(',')) + L(")"));
 }
 
-QString todo(const QString &tabla, const QString &origen) { return L("select * from ") + tabla + L(" where interno = '") + origen + L("'"); }
+QString deLaClave(const QString &interno) {
+    return L(" where interno = '") + interno + L("'");
+}
+
+bool existe(AppContext &ctx, const QString &interno) {
+    Recordset rs;
+    return Consultar(ctx, internos, L("select interno from caratula") + deLaClave(interno), rs);
+}
+
+/// Rows that a deletion left behind under the new key would mix with the copy.
+void limpiar(AppContext &ctx, const QString &destino) {
+    Ejecutar(ctx, internos, L("delete from ") + subitems + deLaClave(destino));
+    for (const Tabla &tabla : tablas)
+        Ejecutar(ctx, QString(L(tabla.entidad)), L("delete from ") + L(tabla.nombre) + deLaClave(destino));
+}
+
+/// The store numbers the new lines as they come, so both lists run in the same order.
+Identidades copiarLineas(AppContext &ctx, const QString &origen, const QString &destino) {
+    const QString porId = QStringLiteral(" order by id");
+    Recordset viejas;
+    Consultar(ctx, internos, L("select * from ") + subitems + deLaClave(origen) + porId, viejas);
+    for (; !viejas.Eof(); viejas.MoveNext())
+        copiarFila(ctx, {"INTERNOS", "subitems"}, viejas, destino, {}, "id");
+    Recordset nuevas;
+    Consultar(ctx, internos, L("select id from ") + subitems + deLaClave(destino) + porId, nuevas);
+    Identidades lineas;
+    for (viejas.MoveFirst(); !viejas.Eof() && !nuevas.Eof(); viejas.MoveNext(), nuevas.MoveNext())
+        lineas[viejas.Texto(u"id")] = nuevas.Texto(u"id");
+    return lineas;
+}
+
+void copiarTodo(AppContext &ctx, const QString &origen, const QString &destino) {
+    limpiar(ctx, destino);
+    const Identidades lineas = copiarLineas(ctx, origen, destino);
+    Recordset rs;
+    for (const Tabla &tabla : tablas) {
+        Consultar(ctx, QString(L(tabla.entidad)), L("select * from ") + L(tabla.nombre) + deLaClave(origen),
+                  rs);
+        for (; !rs.Eof(); rs.MoveNext()) copiarFila(ctx, tabla, rs, destino, lineas, "");
+    }
+}
 
 }  // namespace
 
 void Copiar(AppContext &ctx, const QString &origen, const QString &destino) {
-    const EscrituraLigera ligera(ctx.conexion(internos));
-    Identidades lineas;
-    Recordset rs;
-    const QString subitems = QStringLiteral("subitems");
-    for (Consultar(ctx, internos, todo(subitems, origen) + L(" order by id"), rs); !rs.Eof(); rs.MoveNext()) {
-        copiarFila(ctx, subitems, rs, destino, {}, QStringLiteral("id"));
-        Recordset nueva;
-        Consultar(ctx, internos, L("select max(id) as id from subitems where interno = '") + destino + L("'"), nueva);
-        lineas[rs.Texto(u"id")] = nueva.Texto(u"id");
+    if (existe(ctx, destino))
+        throw ErrorDeStore{0, internos, QStringLiteral("El Código de interno ya existe."), {}};
+    // Thousands of rows, each a statement of its own: the disk is waited for once, before the copy counts as
+    // done.
+    Conexion &conexion = ctx.conexion(internos);
+    conexion.escrituraLigera(true);
+    try {
+        copiarTodo(ctx, origen, destino);
+    } catch (const ErrorDeStore &) {
+        try {
+            conexion.escrituraLigera(false);
+        } catch (const ErrorDeStore &) {
+            // The first failure is the one to tell.
+        }
+        throw;
     }
-    for (const char *nombre : tablas) {
-        const QString tabla = QString(L(nombre));
-        for (Consultar(ctx, internos, todo(tabla, origen), rs); !rs.Eof(); rs.MoveNext()) copiarFila(ctx, tabla, rs, destino, lineas);
-    }
+    conexion.escrituraLigera(false);
 }
 
 QString Mostrar(AppContext &ctx, const QString &Numero_Interno) {
-    const auto escrito = ctx.dialogos.pedirTexto({QStringLiteral("Copiar interno"), QStringLiteral("Ingrese el nuevo número de INTERNO/CARPETA"), 40, {}});
+    const auto escrito =
+        ctx.dialogos.pedirTexto({QStringLiteral("Copiar interno"),
+                                 QStringLiteral("Ingrese el nuevo número de INTERNO/CARPETA"),
+                                 40,
+                                 {}});
     const QString destino = escrito.value_or(QString()).trimmed();
     if (destino.isEmpty()) return {};
     const Reloj reloj(ctx.dialogos);
     try {
-        Recordset rs;
-        if (Consultar(ctx, internos, L("select interno from caratula where interno = '") + destino + L("'"), rs)) {
+        if (existe(ctx, destino)) {
             ctx.dialogos.advertir(QStringLiteral("El Código de interno ya existe."));
             return {};
         }
