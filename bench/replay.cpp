@@ -1,0 +1,318 @@
+// What the program adds to the engine's own work: an operation is assembled and recalculated on the embedded
+// store, then the very statements it sent are sent again through SQLite's C interface, on the same starting
+// files, and the two times are divided. Both are measured in one run, so the machine's speed drops out.
+//
+//   bench_replay [--lineas 1000,10000,50000] [--repeticiones 3]
+#include <sqlite3.h>
+#include <sys/resource.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "assembly/run.h"
+#include "frame/startup.h"
+#include "liquidation/review.h"
+#include "upgrade/upgrade.h"
+
+namespace {
+
+constexpr int posiciones = 125;
+constexpr int preciosPorItem = 4;
+constexpr int lineasPorGrupo = 5;
+
+[[noreturn]] void terminar(const QString &texto) {
+    std::fprintf(stderr, "%s\n", qPrintable(texto));
+    std::exit(1);
+}
+
+void sql(QSqlDatabase db, const QString &texto) {
+    QSqlQuery consulta(db);
+    if (!consulta.exec(texto)) terminar(texto + QLatin1String(": ") + consulta.lastError().text());
+}
+
+QString posicion(int i) {
+    return QStringLiteral("9901.%1.%2.100A")
+        .arg(i / 100, 2, 10, QLatin1Char('0'))
+        .arg(i % 100, 2, 10, QLatin1Char('0'));
+}
+
+/// An import of `lineas` lines: five lines a group, four groups an item, freight, insurance, a value and
+/// kilos to spread, and a client with every kind of percentage.
+void sembrar(AppContext &ctx, int lineas) {
+    QSqlDatabase ncm = ctx.conexion(QStringLiteral("NCM")).coneccion();
+    sql(ncm, QStringLiteral("BEGIN"));
+    for (int i = 0; i < posiciones; ++i) {
+        const QString p = posicion(i);
+        sql(ncm,
+            QStringLiteral("insert into ncm "
+                           "(\"001\",\"002\",\"003\",\"010\",\"012\",\"015\",\"016\",\"017\",\"018\",\"019\","
+                           "\"020\",\"023\",\"026\",\"028\",\"048\",\"053\",\"059\") values "
+                           "('%1','%2','%3','Prueba','07','%4','3','0',"
+                           "'5','2.5','','1.5','14','','2','2','')")
+                .arg(p.left(10), p.mid(11, 3), p.mid(14, 1))
+                .arg(2 + i % 18));
+    }
+    sql(ncm, QStringLiteral("COMMIT"));
+
+    QSqlDatabase personal = ctx.conexion(QStringLiteral("PERSONAL")).coneccion();
+    sql(personal,
+        QStringLiteral(
+            "insert into clientes (cuit,nombre,eximgan,eximganvalor,ivaareduccion,ivaareduccionvalor,cvdi,"
+            "ingbru) values ('30999999995','Cliente','N',0,'S',50,'S',2.5)"));
+
+    QSqlDatabase internos = ctx.conexion(QStringLiteral("INTERNOS")).coneccion();
+    sql(internos, QStringLiteral("BEGIN"));
+    const int grupos = lineas / lineasPorGrupo;
+    double fob = 0;
+    double kilos = 0;
+    for (int l = 0; l < lineas; ++l) {
+        const int grupo = l % grupos;
+        const int item = grupo / preciosPorItem;
+        const double precio = 10 + grupo % preciosPorItem + 0.25 * (item % 7);
+        const double cantidad = 1 + l % 9;
+        const double valor = precio * cantidad;
+        fob += valor;
+        const double kg = grupo % 3 == 0 ? 0 : cantidad * 0.4;
+        kilos += grupo % 3 == 0 ? 1 : kg;
+        sql(internos,
+            QStringLiteral(
+                "insert into subitems "
+                "(interno,idcatalogo,idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,"
+                "fob,estadistica,valorrelacionestadistica,idpais,estadomerc,sufijos,kgneto,kgbruto,lapi) "
+                "values "
+                "('BANCO','C','A%1','%2','Artículo de prueba','07',%3,%4,%5,'07',%3,'%6','2','',%7,0,'N')")
+                .arg(grupo)
+                .arg(posicion(item % posiciones))
+                .arg(cantidad)
+                .arg(precio)
+                .arg(valor)
+                .arg(300 + item / posiciones)
+                .arg(kg));
+    }
+    sql(internos,
+        QStringLiteral(
+            "insert into caratula (interno,fechaalta,idsubreg,idaduana,cuitcliente,cuitdespaduana,fobdivisas,"
+            "fobcoddivisas,fobdivcambio,fletedivisas,fletecoddivisas,fletedivcambio,segurodivisas,"
+            "segurocoddivisas,segurodivcambio,valoraprorratear,dckgneto,dccomext,factura8) values "
+            "('BANCO','2026-01-05 "
+            "10:00:00','IC04','001','30999999995','20123456786',%1,'DOL',1,%2,'DOL',1,%3,"
+            "'DOL',1,%4,%5,%6,'S')")
+            .arg(fob, 0, 'f', 2)
+            .arg(fob * 0.05, 0, 'f', 2)
+            .arg(fob * 0.01, 0, 'f', 2)
+            .arg(fob * 0.02, 0, 'f', 2)
+            .arg(kilos + 100, 0, 'f', 2)
+            .arg(fob * 0.003, 0, 'f', 2));
+    sql(internos, QStringLiteral("COMMIT"));
+}
+
+void copiarCarpeta(const QString &de, const QString &a) {
+    QDir().mkpath(a);
+    const QStringList archivos = QDir(de).entryList(QDir::Files);
+    for (const QString &nombre : archivos) {
+        QFile::remove(a + QLatin1Char('/') + nombre);
+        QFile::copy(de + QLatin1Char('/') + nombre, a + QLatin1Char('/') + nombre);
+    }
+}
+
+/// A context on the stores of `carpeta`, started as a program would.
+std::unique_ptr<AppContext> abrir(const QString &carpeta) {
+    auto ctx = std::make_unique<AppContext>();
+    ctx->ajustes = Ajustes(carpeta + QStringLiteral("/ajustes.ini"));
+    QString error;
+    if (!ctx->DataManager.usarPerfil(carpeta + QStringLiteral("/banco.perfil.ini"), &error)) terminar(error);
+    fijarContexto(ctx.get());
+    Arrancar(*ctx);
+    ctx->dialogos.mensaje = [](const Mensaje &m) {
+        std::fprintf(stderr, "mensaje: %s\n", qPrintable(m.texto));
+    };
+    return ctx;
+}
+
+struct Sentencia {
+    QString entidad;
+    QByteArray texto;
+};
+
+struct Medida {
+    double programa = 0;  ///< milliseconds
+    double motor = 0;
+    qint64 sentencias = 0;
+    double razon() const { return programa / motor; }
+};
+
+/// The same statements through the C interface, with the same settings of the run.
+double repetir(AppContext &ctx, const std::vector<Sentencia> &sentencias) {
+    std::map<QString, sqlite3 *> motores;
+    for (const Sentencia &s : sentencias) {
+        if (motores.contains(s.entidad)) continue;
+        const QVariant mango = ctx.conexion(s.entidad).coneccion().driver()->handle();
+        motores[s.entidad] = *static_cast<sqlite3 *const *>(mango.data());
+    }
+    QElapsedTimer reloj;
+    reloj.start();
+    ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(true);
+    for (const Sentencia &s : sentencias) {
+        sqlite3 *motor = motores.at(s.entidad);
+        sqlite3_stmt *preparada = nullptr;
+        if (sqlite3_prepare_v2(motor, s.texto.constData(), static_cast<int>(s.texto.size()), &preparada,
+                               nullptr) != SQLITE_OK)
+            terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
+                     QString::fromUtf8(sqlite3_errmsg(motor)));
+        int paso = SQLITE_ROW;
+        while ((paso = sqlite3_step(preparada)) == SQLITE_ROW) {
+            const int columnas = sqlite3_column_count(preparada);
+            for (int c = 0; c < columnas; ++c) {
+                switch (sqlite3_column_type(preparada, c)) {
+                    case SQLITE_FLOAT:
+                        (void)sqlite3_column_double(preparada, c);
+                        break;
+                    case SQLITE_INTEGER:
+                        (void)sqlite3_column_int64(preparada, c);
+                        break;
+                    case SQLITE_TEXT:
+                        (void)sqlite3_column_text(preparada, c);
+                        break;
+                    default:
+                        break;
+                }
+            }
+        }
+        if (paso != SQLITE_DONE)
+            terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
+                     QString::fromUtf8(sqlite3_errmsg(motor)));
+        sqlite3_finalize(preparada);
+    }
+    ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(false);
+    return static_cast<double>(reloj.nsecsElapsed()) / 1e6;
+}
+
+double memoriaMaximaMB() {
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    return static_cast<double>(uso.ru_maxrss) / 1024;
+}
+
+/// Measures `trabajo` on a copy of `semilla`, then the engine on another copy. The best of the repetitions of
+/// each.
+Medida medir(const QString &semilla, const QString &banco, int repeticiones,
+             const std::function<void(AppContext &)> &trabajo) {
+    Medida m;
+    m.programa = m.motor = 1e18;
+    std::vector<Sentencia> sentencias;
+    for (int r = 0; r < repeticiones; ++r) {
+        copiarCarpeta(semilla, banco);
+        auto ctx = abrir(banco);
+        QElapsedTimer reloj;
+        reloj.start();
+        trabajo(*ctx);
+        m.programa = std::min(m.programa, static_cast<double>(reloj.nsecsElapsed()) / 1e6);
+        fijarContexto(nullptr);
+    }
+    copiarCarpeta(semilla, banco);
+    {
+        auto ctx = abrir(banco);
+        Conexion::fijarTraza([&](const TrazaDeSentencia &t) {
+            sentencias.push_back({t.entidad, t.traducida.toUtf8()});
+        });
+        trabajo(*ctx);
+        Conexion::fijarTraza({});
+        fijarContexto(nullptr);
+    }
+    m.sentencias = static_cast<qint64>(sentencias.size());
+    for (int r = 0; r < repeticiones; ++r) {
+        copiarCarpeta(semilla, banco);
+        auto ctx = abrir(banco);
+        m.motor = std::min(m.motor, repetir(*ctx, sentencias));
+        fijarContexto(nullptr);
+    }
+    return m;
+}
+
+void armar(AppContext &ctx) {
+    ctx.ChequeoArmado = QStringLiteral("SI");
+    OpcionesDeArmado opciones;
+    opciones.ARMARITEM = 1;
+    if (!Generar(ctx, QStringLiteral("BANCO"), opciones) || ctx.ChequeoArmado != QLatin1String("SI"))
+        terminar(QStringLiteral("the assembly did not end"));
+}
+
+void recalcular(AppContext &ctx) {
+    ctx.LiquidacionPendiente = true;
+    ClassLiquidacion calculo(ctx, QStringLiteral("BANCO"));
+    RecalcularOperacion(ctx, QStringLiteral("BANCO"), calculo);
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    QCoreApplication app(argc, argv);
+    QStringList lineas{QStringLiteral("1000"), QStringLiteral("10000"), QStringLiteral("50000")};
+    int repeticiones = 3;
+    const QStringList argumentos = QCoreApplication::arguments();
+    for (int i = 1; i + 1 < argumentos.size(); i += 2) {
+        if (argumentos[i] == QLatin1String("--lineas")) lineas = argumentos[i + 1].split(QLatin1Char(','));
+        if (argumentos[i] == QLatin1String("--repeticiones")) repeticiones = argumentos[i + 1].toInt();
+    }
+
+    try {
+        std::printf(
+            "| work | statements | program ms | engine ms | ratio | peak memory MB "
+            "|\n|---|---|---|---|---|---|\n");
+        double diezMil = 0;
+        for (const QString &cuantas : lineas) {
+            QTemporaryDir carpeta;
+            const QString semilla = carpeta.path() + QStringLiteral("/semilla");
+            const QString banco = carpeta.path() + QStringLiteral("/banco");
+            QDir().mkpath(semilla);
+            const QString perfil = semilla + QStringLiteral("/banco.perfil.ini");
+            // Relative files: the copy of the folder is a profile of its own.
+            if (!StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Banco"),
+                                                         QStringLiteral(".")))
+                terminar(QStringLiteral("no profile"));
+            const auto hecho = actualizacion::CargarDemostracion(perfil);
+            if (!hecho.ok) terminar(hecho.error);
+            {
+                auto ctx = abrir(semilla);
+                sembrar(*ctx, cuantas.toInt());
+                ctx->DataManager.CloseAllDataConnection();
+                fijarContexto(nullptr);
+            }
+            const Medida armado = medir(semilla, banco, repeticiones, armar);
+            std::printf("| assembly, %s lines | %lld | %.0f | %.0f | %.2f | %.0f |\n", qPrintable(cuantas),
+                        static_cast<long long>(armado.sentencias), armado.programa, armado.motor,
+                        armado.razon(), memoriaMaximaMB());
+            std::fflush(stdout);
+            if (cuantas == QLatin1String("10000")) diezMil = armado.programa;
+            if (cuantas == QLatin1String("50000") && diezMil > 0)
+                std::printf("| 50,000 lines over 10,000 | | | | %.2f times | |\n", armado.programa / diezMil);
+
+            copiarCarpeta(semilla, banco);
+            {
+                auto ctx = abrir(banco);
+                armar(*ctx);
+                ctx->DataManager.CloseAllDataConnection();
+                fijarContexto(nullptr);
+            }
+            copiarCarpeta(banco, semilla);
+            const Medida recalculo = medir(semilla, banco, repeticiones, recalcular);
+            std::printf("| recalculation of those %d items | %lld | %.0f | %.0f | %.2f | %.0f |\n",
+                        cuantas.toInt() / lineasPorGrupo / preciosPorItem,
+                        static_cast<long long>(recalculo.sentencias), recalculo.programa, recalculo.motor,
+                        recalculo.razon(), memoriaMaximaMB());
+            std::fflush(stdout);
+        }
+    } catch (const ErrorDeStore &e) {
+        terminar(e.descripcion + QLatin1String("\n") + e.sentencia);
+    }
+    return 0;
+}
