@@ -106,12 +106,12 @@ void cargarOpciones(AppContext &ctx) {
 
 }  // namespace
 
+QString ArchivoDelPerfil(const QString &ProfileIniPath) {
+    return QString(ProfileIniPath).replace(L("ini"), L("cfg"), Qt::CaseSensitive);
+}
+
 QString BuscarArchivoDeConfiguracion(const QString &ProfileIniPath, const QString &carpetaDelPrograma) {
-    if (!ProfileIniPath.isEmpty()) {
-        QString candidato = ProfileIniPath;
-        candidato.replace(L("ini"), L("cfg"), Qt::CaseSensitive);
-        if (QFile::exists(candidato)) return candidato;
-    }
+    if (!ProfileIniPath.isEmpty() && QFile::exists(ArchivoDelPerfil(ProfileIniPath))) return ArchivoDelPerfil(ProfileIniPath);
     return carpetaDelPrograma + QStringLiteral("ZENDRA.ini");
 }
 

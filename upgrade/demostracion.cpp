@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include "frame/config.h"
+#include "frame/ini.h"
 #include "upgrade/carga.h"
 
 // The resource lies in a static library, so somebody has to ask for it by name.
@@ -63,6 +65,16 @@ const char *const tablasDeDemostracion[] = {
     "coment",
 };
 
+/// Without the two VAT rates (law 23.349, art. 28) nothing would show VAT. A configuration that is there stays.
+void ponerTasas(const QString &rutaDelPerfil, Resultado &resultado) {
+    const QString archivo = ArchivoDelPerfil(rutaDelPerfil);
+    if (archivo == rutaDelPerfil || QFile::exists(archivo)) return;
+    const QString general = QStringLiteral("GENERAL");
+    if (EscribirIni(general, QStringLiteral("IVARIN"), QStringLiteral("21"), archivo) &&
+        EscribirIni(general, QStringLiteral("IVARNI"), QStringLiteral("10.5"), archivo))
+        resultado.cambios << QStringLiteral("se creó la configuración %1").arg(archivo);
+}
+
 }  // namespace
 
 Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progreso) {
@@ -94,6 +106,7 @@ Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progr
             }
             resultado.cambios << QStringLiteral("%1: %2 filas").arg(tabla).arg(parte.cargadas);
         }
+        ponerTasas(rutaDelPerfil, resultado);
         resultado.ok = true;
     } catch (const Falla &f) {
         resultado.error = f.mensaje;
