@@ -33,10 +33,13 @@ constexpr Ubicacion ubicaciones[] = {{"BASESERVER", "INTERNO", "internos.mdb", &
 
 void cargarUbicaciones(AppContext &ctx) {
     const QString bases = QStringLiteral("BASES");
-    const auto leer = [&ctx](const QString &seccion, const char *clave) { return LeerIni(seccion, L(clave), ctx.ConfigFilePath); };
+    const auto leer = [&ctx](const QString &seccion, const char *clave) {
+        return LeerIni(seccion, L(clave), ctx.ConfigFilePath);
+    };
     ctx.ajustes.Guardar(zendra, bases, QStringLiteral("INTERNO"), TerminarEnBarra(leer(servidor, "INTERNO")));
     for (const char *clave : {"SYSTABLAS", "PERSONAL", "NCM", "ESTADO"})
-        ctx.ajustes.Guardar(zendra, bases, L(clave), leer(servidor, L(clave) == L("SYSTABLAS") ? "INTERNO" : clave));
+        ctx.ajustes.Guardar(zendra, bases, L(clave),
+                            leer(servidor, L(clave) == L("SYSTABLAS") ? "INTERNO" : clave));
     ctx.ajustes.Guardar(zendra, bases, QStringLiteral("USUARIO"), leer(local, "USUARIO"));
     for (const Ubicacion &u : ubicaciones) {
         QString carpeta = LeerIni(L(u.seccion), L(u.clave), ctx.ConfigFilePath);
@@ -61,7 +64,9 @@ void cargarOpciones(AppContext &ctx) {
     const auto leer = [&ctx](const char *clave) { return LeerIni(general, L(clave), ctx.ConfigFilePath); };
     const auto si = [&leer](const char *clave) { return leer(clave) == L("S"); };
     const auto nivel = [&si](const char *clave) { return si(clave) ? 2 : 1; };
-    const auto letra = [&leer](const char *clave) { return leer(clave).trimmed() == L("S") ? QStringLiteral("S") : QStringLiteral("N"); };
+    const auto letra = [&leer](const char *clave) {
+        return leer(clave).trimmed() == L("S") ? QStringLiteral("S") : QStringLiteral("N");
+    };
     const auto numero = [&leer](const char *clave, double defecto) {
         const QString texto = leer(clave);
         return numeros::esNumerico(texto) ? numeros::aNumero(texto) : defecto;
@@ -91,7 +96,8 @@ void cargarOpciones(AppContext &ctx) {
     o.Responder_Opciones_Obligatorio = si("Responder_Opciones_Obligatorio");
     o.OperacionesMostrarTODO = si("OperacionesMostrarTODO");
     o.NoEnviarDescripcionAlITEM = si("NoEnviarDescripcionAlITEM");
-    o.CancelManual = ctx.ajustes.Leer(general, QStringLiteral("OBJ"), QStringLiteral("CancelManual"), QStringLiteral("N")) == L("S");
+    o.CancelManual = ctx.ajustes.Leer(general, QStringLiteral("OBJ"), QStringLiteral("CancelManual"),
+                                      QStringLiteral("N")) == L("S");
     o.LISTADO = static_cast<int>(numero("LISTADO", 0));
     o.IVARIN = leerTasa(leer("IVARIN"));
     o.IVARNI = leerTasa(leer("IVARNI"));
@@ -101,7 +107,9 @@ void cargarOpciones(AppContext &ctx) {
     o.DIEMCHINA_IndMaxArancel = numero("DIEMCHINA-IndMaxArancel", 35);
     o.DIEMCHINA_PrefPorc = numero("DIEMCHINA-PrefPorc", 40);
     // The temporary inputs library is a seam; without it the shrinkage option has no meaning.
-    o.RestarPerMer = o.TempInputsAvailable && ctx.ajustes.Leer(zendra, QStringLiteral("OBJ"), QStringLiteral("INSTMP.RestarPerMer")) == L("S");
+    o.RestarPerMer =
+        o.TempInputsAvailable &&
+        ctx.ajustes.Leer(zendra, QStringLiteral("OBJ"), QStringLiteral("INSTMP.RestarPerMer")) == L("S");
 }
 
 }  // namespace

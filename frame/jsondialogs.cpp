@@ -39,7 +39,10 @@ QString nombreDe(Icono icono) {
 }
 
 QJsonObject linea(const char *tipo, Icono icono, const QString &titulo, const QString &texto) {
-    return {{QStringLiteral("tipo"), L(tipo)}, {QStringLiteral("icono"), nombreDe(icono)}, {QStringLiteral("titulo"), titulo}, {QStringLiteral("texto"), texto}};
+    return {{QStringLiteral("tipo"), L(tipo)},
+            {QStringLiteral("icono"), nombreDe(icono)},
+            {QStringLiteral("titulo"), titulo},
+            {QStringLiteral("texto"), texto}};
 }
 
 RespuestaConOpciones elegida(const QString &respuesta) {
@@ -51,7 +54,9 @@ RespuestaConOpciones elegida(const QString &respuesta) {
 
 }  // namespace
 
-QString LineaJson(const QJsonObject &objeto) { return QString::fromUtf8(QJsonDocument(objeto).toJson(QJsonDocument::Compact)); }
+QString LineaJson(const QJsonObject &objeto) {
+    return QString::fromUtf8(QJsonDocument(objeto).toJson(QJsonDocument::Compact));
+}
 
 Dialogos DialogosJson(SalidaDeLineas salida, const QStringList &respuestas) {
     auto guion = std::make_shared<Guion>(Guion{std::move(salida), respuestas});
@@ -87,7 +92,8 @@ Dialogos DialogosJson(SalidaDeLineas salida, const QStringList &respuestas) {
         const RespuestaConOpciones respuesta = elegida(guion->siguiente());
         QJsonObject o = linea("pregunta", Icono::Pregunta, p.titulo, p.texto);
         o[QStringLiteral("opciones")] = QJsonArray::fromStringList(p.opciones);
-        o[claveRespuesta] = respuesta.si ? L("Si, ") + p.opciones.value(respuesta.opcion) : QStringLiteral("No");
+        o[claveRespuesta] =
+            respuesta.si ? L("Si, ") + p.opciones.value(respuesta.opcion) : QStringLiteral("No");
         guion->escribir(o);
         return respuesta;
     };

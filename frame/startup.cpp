@@ -3,8 +3,10 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QSysInfo>
 
 #include "frame/numbers.h"
@@ -17,6 +19,9 @@ using L = QLatin1String;
 const QString internos = QStringLiteral("INTERNOS");
 const QString ncm = QStringLiteral("NCM");
 
+/// A store that tells no version counts as old.
+constexpr int sinVersion = 300;
+
 /// A stored date in the form `largo` or short; a text that is no date stands unchanged.
 QString enForma(const QVariant &valor, bool largo) {
     const QDateTime fecha = AFecha(valor);
@@ -26,10 +31,20 @@ QString enForma(const QVariant &valor, bool largo) {
 
 }  // namespace
 
-std::function<bool(const QString &)> iniciarPrograma = [](const QString &programa) { return QProcess::startDetached(programa, {}); };
+std::function<bool(const QString &, const QStringList &)> iniciarPrograma =
+    [](const QString &programa, const QStringList &argumentos) {
+        // A sibling program lies beside this one, or where the installation put it.
+        const QString ruta =
+            QDir::fromNativeSeparators(QString(programa).replace(QLatin1Char('\\'), QLatin1Char('/')));
+        const QString propio = QStandardPaths::findExecutable(QFileInfo(ruta).completeBaseName(),
+                                                              {QCoreApplication::applicationDirPath()});
+        return QProcess::startDetached(propio.isEmpty() ? ruta : propio, argumentos);
+    };
 
 void Arrancar(AppContext &ctx) {
-    if (ctx.ProgramFolder.isEmpty()) ctx.ProgramFolder = QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
+    if (ctx.ProgramFolder.isEmpty())
+        ctx.ProgramFolder =
+            QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     if (ctx.DataManager.rutaDelPerfil().isEmpty())
         ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(QStringLiteral("ZENDRA3"));
     else
@@ -50,24 +65,34 @@ void Arrancar(AppContext &ctx) {
 QString LeerFechaDelNomenclador(AppContext &ctx) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, ncm, QStringLiteral("select max(fecha) as vfecha from control_fecha"), rs) || rs.EsNulo(u"vfecha")) return {};
+    if (!Consultar(ctx, ncm, QStringLiteral("select max(fecha) as vfecha from control_fecha"), rs) ||
+        rs.EsNulo(u"vfecha"))
+        return {};
     return enForma(rs.Fields(u"vfecha").Value, true);
 }
 
 QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc) {
-    return (perfil.isEmpty() ? QString() : L("[") + perfil + L("] ")) + L("Zendra Windows - v") + numeros::Format(mayor, u"0") + QLatin1Char('.') + numeros::Format(menor, u"0") +
-           QLatin1Char('.') + numeros::Format(revision, u"000") + L(" - PC [") + pc + L("]");
+    return (perfil.isEmpty() ? QString() : L("[") + perfil + L("] ")) + L("Zendra Windows - v") +
+           numeros::Format(mayor, u"0") + QLatin1Char('.') + numeros::Format(menor, u"0") + QLatin1Char('.') +
+           numeros::Format(revision, u"000") + L(" - PC [") + pc + L("]");
+}
+
+int LeerVersionDelStore(AppContext &ctx) {
+    Recordset rs;
+    if (!Consultar(ctx, internos, QStringLiteral("select valor from version where propiedad = 'version'"),
+                   rs))
+        return sinVersion;
+    return static_cast<int>(rs.Numero(u"Valor"));
 }
 
 int ControlarVersionDelStore(AppContext &ctx) {
-    constexpr int minima = 330;
-    int version = 300;
+    int version = sinVersion;
     try {
-        Recordset rs;
-        if (Consultar(ctx, internos, QStringLiteral("select valor from version where propiedad = 'version'"), rs)) version = static_cast<int>(rs.Numero(u"Valor"));
-        if (version < minima) {
+        version = LeerVersionDelStore(ctx);
+        if (version < versionMinima) {
             ctx.dialogos.informar(QStringLiteral("Se necesita actualizar la base de datos"));
-            iniciarPrograma(qEnvironmentVariable("ProgramFiles") + L("\\Zendra\\DbUpgrade3.exe"));
+            iniciarPrograma(qEnvironmentVariable("ProgramFiles") + L("\\Zendra\\DbUpgrade3.exe"),
+                            {QStringLiteral("--perfil"), ctx.DataManager.rutaDelPerfil()});
         }
     } catch (const ErrorDeStore &) {
         // Start-up goes on without the prompt.
@@ -76,13 +101,21 @@ int ControlarVersionDelStore(AppContext &ctx) {
     return version;
 }
 
-QString TextoDeVersion() { return QStringLiteral("%1.%2.%3").arg(ZENDRA_VERSION_MAYOR).arg(ZENDRA_VERSION_MENOR).arg(ZENDRA_VERSION_REVISION); }
+QString TextoDeVersion() {
+    return QStringLiteral("%1.%2.%3")
+        .arg(ZENDRA_VERSION_MAYOR)
+        .arg(ZENDRA_VERSION_MENOR)
+        .arg(ZENDRA_VERSION_REVISION);
+}
 
-QString TextoFechaZendra() { return enForma(QStringLiteral("Generado 21-11-2026"), true); }
+QString TextoFechaZendra() {
+    return enForma(QStringLiteral("Generado 21-11-2026"), true);
+}
 
 QString TextoNomenclador(AppContext &ctx) {
     Recordset rs;
-    if (!Consultar(ctx, ncm, QStringLiteral("select fecha from control_fecha order by fecha desc"), rs)) return QStringLiteral("Leyendo Fecha....");
+    if (!Consultar(ctx, ncm, QStringLiteral("select fecha from control_fecha order by fecha desc"), rs))
+        return QStringLiteral("Leyendo Fecha....");
     return enForma(rs.Fields(u"fecha").Value, true);
 }
 
@@ -98,8 +131,12 @@ QString NombreDeLaPC() {
     return QSysInfo::machineHostName().left(largo);
 }
 
-QString FechaLarga(const QDateTime &fecha) { return QLocale().toString(fecha.date(), QLocale::LongFormat); }
-QString FechaCorta(const QDateTime &fecha) { return QLocale().toString(fecha.date(), QLocale::ShortFormat); }
+QString FechaLarga(const QDateTime &fecha) {
+    return QLocale().toString(fecha.date(), QLocale::LongFormat);
+}
+QString FechaCorta(const QDateTime &fecha) {
+    return QLocale().toString(fecha.date(), QLocale::ShortFormat);
+}
 
 QDateTime AFecha(const QVariant &valor) {
     if (valor.isNull()) return {};

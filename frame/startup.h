@@ -5,18 +5,22 @@
 
 #include "frame/context.h"
 
-/// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already, through
-/// usarPerfil). Raises ErrorDeStore or QString (a text for the user); nothing is retried.
+/// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already,
+/// through usarPerfil). Raises ErrorDeStore or QString (a text for the user); nothing is retried.
 void Arrancar(AppContext &ctx);
 
 /// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises ErrorDeStore.
 QString LeerFechaDelNomenclador(AppContext &ctx);
 QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc);
-/// The store's version, 300 when it tells none; the message and the start of the upgrade program below 330.
-/// A failure is dropped silently.
+/// The oldest version of the stores the program works with.
+constexpr int versionMinima = 330;
+/// The store's version, 300 when it tells none. Raises ErrorDeStore.
+int LeerVersionDelStore(AppContext &ctx);
+/// The same, with the message and the start of the upgrade program below the oldest. A failure is dropped
+/// silently.
 int ControlarVersionDelStore(AppContext &ctx);
 /// How the upgrade program is started; tests replace it.
-extern std::function<bool(const QString &programa)> iniciarPrograma;
+extern std::function<bool(const QString &programa, const QStringList &argumentos)> iniciarPrograma;
 
 /// The labels of the main menu: version ("3.5.1"), build date, nomenclature date, licence data date.
 QString TextoDeVersion();

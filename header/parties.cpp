@@ -12,7 +12,8 @@ constexpr qsizetype largoDeCuit = 11;
 
 QString leerNombre(AppContext &ctx, const QString &sentencia) {
     Recordset rs;
-    return Consultar(ctx, QStringLiteral("PERSONAL"), sentencia, rs) ? rs.Texto(u"nombre").trimmed() : QString();
+    return Consultar(ctx, QStringLiteral("PERSONAL"), sentencia, rs) ? rs.Texto(u"nombre").trimmed()
+                                                                     : QString();
 }
 
 }  // namespace
@@ -22,7 +23,9 @@ bool CUITValido(const QString &cuit) {
     int suma = 0;
     int peso = 2;
     for (qsizetype i = largoDeCuit - 2; i >= 0; --i) {
-        suma += cuit[i].digitValue() * peso;
+        const int digito = cuit[i].digitValue();
+        if (digito < 0) return false;
+        suma += digito * peso;
         peso = peso == 7 ? 2 : peso + 1;
     }
     const int resto = suma % 11;
@@ -37,7 +40,8 @@ bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre) {
         return false;
     }
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("PERSONAL"), L("select nombre from despadu where cuit = '") + cuit + L("'"), rs)) {
+    if (!Consultar(ctx, QStringLiteral("PERSONAL"),
+                   L("select nombre from despadu where cuit = '") + cuit + L("'"), rs)) {
         ctx.dialogos.advertir(QStringLiteral("No se encontró el CUIT Ingresado"));
         return false;
     }
@@ -46,8 +50,11 @@ bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre) {
 }
 
 QString BuscarNombre(AppContext &ctx, const QString &tabla, const QString &codigo) {
-    if (tabla == L("clientes")) return leerNombre(ctx, L("select nombre from clientes where cuit = '") + codigo + L("'"));
-    if (tabla == L("despadu")) return leerNombre(ctx, L("select nombre from despadu where cuit = '") + codigo + L("'"));
-    if (tabla == L("vendedor")) return leerNombre(ctx, L("select nombre from vendedor where codigo = '") + codigo + L("'"));
+    if (tabla == L("clientes"))
+        return leerNombre(ctx, L("select nombre from clientes where cuit = '") + codigo + L("'"));
+    if (tabla == L("despadu"))
+        return leerNombre(ctx, L("select nombre from despadu where cuit = '") + codigo + L("'"));
+    if (tabla == L("vendedor"))
+        return leerNombre(ctx, L("select nombre from vendedor where codigo = '") + codigo + L("'"));
     return {};
 }

@@ -6,11 +6,11 @@
 #include "assembly/run.h"
 #include "frame/jsondialogs.h"
 #include "frame/numbers.h"
+#include "frame/startup.h"
 #include "liquidation/review.h"
 #include "operations/browser.h"
 #include "operations/consistency.h"
 #include "operations/lifecycle.h"
-#include "operations/status.h"
 
 namespace lote {
 
@@ -21,9 +21,10 @@ using L = QLatin1String;
 const QString internos = QStringLiteral("INTERNOS");
 const QString zendra = QStringLiteral("ZENDRA");
 const QString flags = QStringLiteral("FLAGS");
+const QString sinDescripciones = QStringLiteral("NO");
 
 /// Reads a JSON value into one option; false when it is of another kind.
-using Poner = std::function<bool(const QJsonValue &, AppContext &, Tablero &)>;
+using Poner = std::function<bool(const QJsonValue &, AppContext &, EleccionDelTablero &)>;
 
 /// A flag is written as in the configuration file ("S", "N") or as a truth value.
 bool leerFlag(const QJsonValue &v, bool &donde) {
@@ -38,13 +39,17 @@ bool leerFlag(const QJsonValue &v, bool &donde) {
 }
 
 Poner flag(bool Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) { return leerFlag(v, ctx.opciones.*miembro); };
+    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
+        return leerFlag(v, ctx.opciones.*miembro);
+    };
 }
-Poner control(bool Tablero::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &, Tablero &t) { return leerFlag(v, t.*miembro); };
+Poner control(bool EleccionDelTablero::*miembro) {
+    return [miembro](const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
+        return leerFlag(v, t.*miembro);
+    };
 }
 Poner letra(QString Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
         bool si = false;
         if (!leerFlag(v, si)) return false;
         ctx.opciones.*miembro = si ? QStringLiteral("S") : QStringLiteral("N");
@@ -52,7 +57,7 @@ Poner letra(QString Opciones::*miembro) {
     };
 }
 Poner nivel(int Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
         bool si = false;
         if (!leerFlag(v, si)) return false;
         ctx.opciones.*miembro = si ? 2 : 1;
@@ -60,7 +65,7 @@ Poner nivel(int Opciones::*miembro) {
     };
 }
 Poner texto(QString Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
         ctx.opciones.*miembro = v.toString();
         return v.isString();
     };
@@ -75,10 +80,12 @@ bool leerNumero(const QJsonValue &v, double &donde) {
     return true;
 }
 Poner numero(double Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) { return leerNumero(v, ctx.opciones.*miembro); };
+    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
+        return leerNumero(v, ctx.opciones.*miembro);
+    };
 }
 Poner entero(int Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, Tablero &) {
+    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
         double valor = 0;
         if (!leerNumero(v, valor)) return false;
         ctx.opciones.*miembro = static_cast<int>(valor);
@@ -86,7 +93,7 @@ Poner entero(int Opciones::*miembro) {
     };
 }
 
-bool ponerOrden(const QJsonValue &v, AppContext &ctx, Tablero &t) {
+bool ponerOrden(const QJsonValue &v, AppContext &ctx, EleccionDelTablero &t) {
     double valor = 0;
     if (!leerNumero(v, valor)) return false;
     ctx.opciones.ARMARITEM = valor == 1 ? 1 : 2;
@@ -94,10 +101,26 @@ bool ponerOrden(const QJsonValue &v, AppContext &ctx, Tablero &t) {
     return true;
 }
 
-bool ponerDescripcion(const QJsonValue &v, AppContext &, Tablero &t) {
+bool ponerOrdenDeCarga(const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
+    bool si = false;
+    if (!leerFlag(v, si)) return false;
+    t.opOrdenxNCM = !si;
+    return true;
+}
+
+/// Every value of this key means the same level.
+bool ponerVersion(const QJsonValue &v, AppContext &, EleccionDelTablero &) {
+    double valor = 0;
+    return leerNumero(v, valor);
+}
+
+bool ponerDescripcion(const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
     const QString modo = v.toString();
-    if (!v.isString() || !QStringList{QString(), QStringLiteral("NO"), QStringLiteral("MARIA"), QStringLiteral("CATALOGO"), QStringLiteral("MEZCLA")}.contains(modo)) return false;
-    t.DJAI_USAR_DESCRIPCION = modo;
+    if (!v.isString() || !QStringList{QString(), QStringLiteral("NO"), QStringLiteral("MARIA"),
+                                      QStringLiteral("CATALOGO"), QStringLiteral("MEZCLA")}
+                              .contains(modo))
+        return false;
+    t.opcionDJAI = modo.isEmpty() ? sinDescripciones : modo;
     return true;
 }
 
@@ -132,11 +155,18 @@ const std::map<QString, Poner> &opcionesConocidas() {
         {QStringLiteral("IVARNI"), numero(&Opciones::IVARNI)},
         {QStringLiteral("DIEMCHINA-IndMaxArancel"), numero(&Opciones::DIEMCHINA_IndMaxArancel)},
         {QStringLiteral("DIEMCHINA-PrefPorc"), numero(&Opciones::DIEMCHINA_PrefPorc)},
-        {QStringLiteral("opOrdenxNCM"), control(&Tablero::opOrdenxNCM)},
-        {QStringLiteral("ChMulta"), control(&Tablero::ChMulta)},
-        {QStringLiteral("ChCOEF"), control(&Tablero::ChCOEF)},
-        {QStringLiteral("chkCalcularServicioDigitalizacion"), control(&Tablero::chkCalcularServicioDigitalizacion)},
-        {QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"), control(&Tablero::chkCalcularServicioDigitalizacion)},
+        {QStringLiteral("DEVICENAME"), texto(&Opciones::DEVICENAME)},
+        {QStringLiteral("DRIVERNAME"), texto(&Opciones::DRIVERNAME)},
+        {QStringLiteral("PORT"), texto(&Opciones::PORT)},
+        {QStringLiteral("VERSION"), ponerVersion},
+        {QStringLiteral("opOrdenxCarga"), ponerOrdenDeCarga},
+        {QStringLiteral("opOrdenxNCM"), control(&EleccionDelTablero::opOrdenxNCM)},
+        {QStringLiteral("ChMulta"), control(&EleccionDelTablero::ChMulta)},
+        {QStringLiteral("ChCOEF"), control(&EleccionDelTablero::ChCOEF)},
+        {QStringLiteral("chkCalcularServicioDigitalizacion"),
+         control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
+        {QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
+         control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
         {QStringLiteral("DJAI_USAR_DESCRIPCION"), ponerDescripcion},
     };
     return todas;
@@ -149,17 +179,16 @@ bool existe(AppContext &ctx, const QString &clave) {
 
 double contar(AppContext &ctx, const QString &tabla, const QString &clave, const char *cola = "") {
     Recordset rs;
-    Consultar(ctx, internos, L("select count(*) as valor from ") + tabla + L(" where interno = '") + clave + L("'") + L(cola), rs);
+    Consultar(
+        ctx, internos,
+        L("select count(*) as valor from ") + tabla + L(" where interno = '") + clave + L("'") + L(cola), rs);
     return rs.Numero(u"valor");
 }
 
-int armar(AppContext &ctx, const Orden &orden, const Tablero &t, QJsonObject &resultado) {
+int armar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJsonObject &resultado) {
     if (orden.forzar) MarcarArmado(ctx, orden.clave, true);
     OpcionesDeArmado opciones;
-    // With nothing chosen and nothing kept, the dashboard starts on "no descriptions".
-    const EleccionDelTablero eleccion{t.opOrdenxNCM, t.ChMulta, t.ChCOEF, t.chkCalcularServicioDigitalizacion,
-                                      t.DJAI_USAR_DESCRIPCION.isEmpty() ? QStringLiteral("NO") : t.DJAI_USAR_DESCRIPCION};
-    const PasoDeArmado paso = PrepararArmado(ctx, orden.clave, eleccion, opciones);
+    const PasoDeArmado paso = PrepararArmado(ctx, orden.clave, t, opciones);
     bool entera = true;
     if (paso == PasoDeArmado::Armar) {
         entera = Generar(ctx, orden.clave, opciones);
@@ -174,14 +203,22 @@ int armar(AppContext &ctx, const Orden &orden, const Tablero &t, QJsonObject &re
     return entera ? bien : falla;
 }
 
-int liquidar(AppContext &ctx, const Orden &orden, const Tablero &t, QJsonObject &resultado) {
+int liquidar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJsonObject &resultado) {
+    if (contar(ctx, QStringLiteral("item"), orden.clave) == 0) {
+        ctx.dialogos.critico(
+            QStringLiteral("El interno %1 no tiene items; ármelo antes de liquidarlo.").arg(orden.clave));
+        return falla;
+    }
     ctx.CalcularCoeficiente = t.ChCOEF;
     ctx.LiquidacionPendiente = true;
     ClassLiquidacion calculo(ctx, orden.clave);
     const ResultadoRecalculo r = RecalcularOperacion(ctx, orden.clave, calculo);
     QJsonArray grilla;
     for (const FilaLiq &f : r.grilla)
-        grilla.append(QJsonObject{{QStringLiteral("numero"), f.numero}, {QStringLiteral("concepto"), f.concepto}, {QStringLiteral("total"), f.total}, {QStringLiteral("pgc"), f.pgc}});
+        grilla.append(QJsonObject{{QStringLiteral("numero"), f.numero},
+                                  {QStringLiteral("concepto"), f.concepto},
+                                  {QStringLiteral("total"), f.total},
+                                  {QStringLiteral("pgc"), f.pgc}});
     resultado[QStringLiteral("totalP")] = numeros::Format(r.totalP, u"00.00");
     resultado[QStringLiteral("totalG")] = numeros::Format(r.totalG, u"00.00");
     resultado[QStringLiteral("totalC")] = numeros::Format(r.totalC, u"00.00");
@@ -193,10 +230,6 @@ int liquidar(AppContext &ctx, const Orden &orden, const Tablero &t, QJsonObject 
 
 /// Work on an operation that is held like a dashboard would hold it.
 int conLaOperacion(AppContext &ctx, const Orden &orden, const std::function<int()> &trabajo) {
-    if (!existe(ctx, orden.clave)) {
-        ctx.dialogos.critico(QStringLiteral("No se encontro el interno %1; revise la clave o créelo primero.").arg(orden.clave));
-        return falla;
-    }
     if (!ComprobarBloqueo(ctx, orden.clave)) return falla;
     const BanderasDeOperacion banderas = LeerBanderas(ctx, orden.clave);
     TomarBloqueo(ctx, orden.clave);
@@ -215,64 +248,91 @@ int conLaOperacion(AppContext &ctx, const Orden &orden, const std::function<int(
     return estado;
 }
 
-int listar(AppContext &ctx, QJsonObject &resultado) {
+int listar(AppContext &ctx, const SalidaDeObjetos &salida, QJsonObject &resultado) {
     // All of them: the screen's fifty are a matter of the screen.
     ctx.opciones.OperacionesMostrarTODO = true;
-    QJsonArray operaciones;
-    for (const FilaDeInterno &f : BuscarInternos(ctx, {}))
-        operaciones.append(QJsonObject{{QStringLiteral("interno"), f.Interno},
-                                       {QStringLiteral("tipo"), f.tipo},
-                                       {QStringLiteral("subregimen"), f.SubRegimen},
-                                       {QStringLiteral("cliente"), f.Cliente},
-                                       {QStringLiteral("despachante"), f.Despachante},
-                                       {QStringLiteral("vendedor"), f.Vendedor}});
-    resultado[QStringLiteral("cantidad")] = operaciones.size();
-    resultado[QStringLiteral("operaciones")] = operaciones;
+    const std::vector<FilaDeInterno> filas = LeerInternos(ctx, {});
+    for (const FilaDeInterno &f : filas)
+        salida({{QStringLiteral("tipo"), QStringLiteral("operacion")},
+                {QStringLiteral("interno"), f.Interno},
+                {QStringLiteral("clase"), f.tipo},
+                {QStringLiteral("subregimen"), f.SubRegimen},
+                {QStringLiteral("cliente"), f.Cliente},
+                {QStringLiteral("despachante"), f.Despachante},
+                {QStringLiteral("vendedor"), f.Vendedor},
+                {QStringLiteral("detalle"), f.detalle}});
+    resultado[QStringLiteral("cantidad")] = static_cast<int>(filas.size());
     return bien;
 }
 
-int correr(AppContext &ctx, const Orden &orden, const Tablero &tablero, QJsonObject &resultado) {
+/// Work on stores of another version would end in the middle.
+bool versionAdecuada(AppContext &ctx) {
+    const int version = LeerVersionDelStore(ctx);
+    if (version >= versionMinima) return true;
+    ctx.dialogos.critico(
+        QStringLiteral("Los stores del perfil %1 son de la versión %2 y se necesita la %3; actualícelos con "
+                       "DbUpgrade3 --perfil %1.")
+            .arg(ctx.DataManager.rutaDelPerfil())
+            .arg(version)
+            .arg(versionMinima));
+    return false;
+}
+
+int correr(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
+           const SalidaDeObjetos &salida, QJsonObject &resultado) {
     const QString &c = orden.comando;
-    if (c == L("listar")) return listar(ctx, resultado);
+    if (!versionAdecuada(ctx)) return falla;
+    if (c == L("listar")) return listar(ctx, salida, resultado);
     if (c == L("crear")) {
         const bool hecho = CrearInterno(ctx, orden.clave);
         resultado[QStringLiteral("creado")] = hecho;
         return hecho ? bien : falla;
     }
+    if (!existe(ctx, orden.clave)) {
+        ctx.dialogos.critico(QStringLiteral("No se encontró el interno %1; revise la clave o créelo primero.")
+                                 .arg(orden.clave));
+        return falla;
+    }
     if (c == L("borrar")) {
-        if (!existe(ctx, orden.clave)) {
-            ctx.dialogos.critico(QStringLiteral("No se encontro el interno %1; revise la clave.").arg(orden.clave));
-            return falla;
-        }
-        const bool hecho = EliminarInterno(ctx, orden.clave);
+        // The screen's own question: without a "Si" among the answers nothing is removed.
+        const bool confirmado = ConfirmarEliminacion(ctx, orden.clave);
+        const bool hecho = confirmado && EliminarSinPreguntar(ctx, orden.clave);
         resultado[QStringLiteral("borrado")] = hecho;
+        return hecho || !confirmado ? bien : falla;
+    }
+    if (c == L("comprobar")) {
+        resultado[QStringLiteral("diferencias")] = ComprobarInterno(ctx, orden.clave);
         return bien;
     }
     return conLaOperacion(ctx, orden, [&] {
-        if (c == L("armar")) return armar(ctx, orden, tablero, resultado);
-        if (c == L("liquidar")) return liquidar(ctx, orden, tablero, resultado);
-        resultado[QStringLiteral("diferencias")] = ComprobarInterno(ctx, orden.clave);
-        return bien;
+        return c == L("armar") ? armar(ctx, orden, tablero, resultado)
+                               : liquidar(ctx, orden, tablero, resultado);
     });
 }
 
 }  // namespace
 
 const QStringList &Comandos() {
-    static const QStringList todos{QStringLiteral("armar"), QStringLiteral("liquidar"), QStringLiteral("comprobar"),
-                                   QStringLiteral("crear"), QStringLiteral("borrar"),   QStringLiteral("listar")};
+    static const QStringList todos{QStringLiteral("armar"),     QStringLiteral("liquidar"),
+                                   QStringLiteral("comprobar"), QStringLiteral("crear"),
+                                   QStringLiteral("borrar"),    QStringLiteral("listar")};
     return todos;
 }
 
-Tablero TableroInicial(AppContext &ctx) {
-    Tablero t;
+EleccionDelTablero TableroInicial(AppContext &ctx) {
+    EleccionDelTablero t;
     t.opOrdenxNCM = ctx.opciones.ARMARITEM == 1;
-    t.chkCalcularServicioDigitalizacion = ctx.ajustes.Leer(zendra, flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"), QStringLiteral("N")) == L("S");
-    t.DJAI_USAR_DESCRIPCION = ctx.ajustes.Leer(zendra, flags, QStringLiteral("DJAI_USAR_DESCRIPCION"));
+    t.chkCalcularServicioDigitalizacion =
+        ctx.ajustes.Leer(zendra, flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
+                         QStringLiteral("N")) == L("S");
+    // With nothing kept, the dashboard starts on "no descriptions".
+    const QString guardada = ctx.ajustes.Leer(zendra, flags, QStringLiteral("DJAI_USAR_DESCRIPCION"));
+    t.opcionDJAI = guardada.isEmpty() ? sinDescripciones : guardada;
     return t;
 }
 
-bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, Tablero &tablero, QString &error) {
+bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTablero &tablero,
+                     QString &error) {
     for (auto o = opciones.constBegin(); o != opciones.constEnd(); ++o) {
         const auto conocida = opcionesConocidas().find(o.key());
         if (conocida == opcionesConocidas().end()) {
@@ -280,18 +340,20 @@ bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, Tablero &tabl
             return false;
         }
         if (!conocida->second(o.value(), ctx, tablero)) {
-            error = QStringLiteral("La opción \"%1\" no admite ese valor; revise el archivo de opciones.").arg(o.key());
+            error = QStringLiteral("La opción \"%1\" no admite ese valor; revise el archivo de opciones.")
+                        .arg(o.key());
             return false;
         }
     }
     return true;
 }
 
-int Ejecutar(AppContext &ctx, const Orden &orden, const Tablero &tablero, QJsonObject &resultado) {
+int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
+             const SalidaDeObjetos &salida, QJsonObject &resultado) {
     resultado[QStringLiteral("resultado")] = orden.comando;
     if (!orden.clave.isEmpty()) resultado[QStringLiteral("interno")] = orden.clave;
     try {
-        return correr(ctx, orden, tablero, resultado);
+        return correr(ctx, orden, tablero, salida, resultado);
     } catch (const ErrorDeStore &e) {
         ctx.dialogos.critico(e.descripcion);
         return falla;

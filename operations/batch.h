@@ -4,19 +4,12 @@
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "frame/context.h"
+#include "operations/status.h"
 
 namespace lote {
-
-/// What the options file may say besides the configuration file's options: the controls of the dashboard.
-struct Tablero {
-    bool opOrdenxNCM = false;
-    bool ChMulta = false;
-    bool ChCOEF = false;
-    bool chkCalcularServicioDigitalizacion = false;
-    QString DJAI_USAR_DESCRIPCION;  ///< "MARIA", "CATALOGO", "MEZCLA" or empty
-};
 
 struct Orden {
     QString comando;  ///< armar, liquidar, comprobar, crear, borrar, listar
@@ -31,14 +24,20 @@ constexpr int malPedido = 2;
 const QStringList &Comandos();
 
 /// The dashboard as a program that starts finds it: from the options and the settings area.
-Tablero TableroInicial(AppContext &ctx);
+EleccionDelTablero TableroInicial(AppContext &ctx);
 
-/// Takes what the options file says into the context and the dashboard; false with one Spanish line in `error` for a
-/// name that is not known or a value of another kind.
-bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, Tablero &tablero, QString &error);
+/// Takes what the options file says (the configuration file's names, and the controls of the dashboard) into
+/// the context and the dashboard; false with one Spanish line in `error` for a name that is not known or a
+/// value of another kind.
+bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTablero &tablero,
+                     QString &error);
 
-/// Runs the order; `resultado` takes the last line's members. The operation is locked like a screen would, and released
-/// at the end. Answers the exit status.
-int Ejecutar(AppContext &ctx, const Orden &orden, const Tablero &tablero, QJsonObject &resultado);
+/// Hears what the order answers besides its result: an operation of the list at a time.
+using SalidaDeObjetos = std::function<void(const QJsonObject &)>;
+
+/// Runs the order; `resultado` takes the last line's members. An operation that is written is locked like a
+/// screen would, and released at the end. Refuses stores that are too old. Answers the exit status.
+int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
+             const SalidaDeObjetos &salida, QJsonObject &resultado);
 
 }  // namespace lote

@@ -8,12 +8,13 @@
 
 namespace salida {
 
-/// The output builder: takes the operation and writes the transfer by itself. It is not part of this program; empty
-/// while it is absent.
-extern std::function<void(AppContext &ctx, const QString &NumeroInterno, bool TransferirComsionesExt)> armarTransferencia;
+/// The output builder: takes the operation and writes the transfer by itself. It is not part of this program;
+/// empty while it is absent.
+extern std::function<void(AppContext &ctx, const QString &NumeroInterno, bool TransferirComsionesExt)>
+    armarTransferencia;
 
 }  // namespace salida
 
-/// The consistency check, the question when there are differences (No by default), and the builder. False when the user
-/// stopped, or when the builder is absent, which a message says.
+/// The consistency check, the question when there are differences (No by default), and the builder. False
+/// when the user stopped, or when the builder is absent, which a message says.
 bool TransferirAlMaria(AppContext &ctx, const QString &interno);

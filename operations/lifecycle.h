@@ -9,8 +9,8 @@
 /// The eight flags of the box "Ocultar campos", as the dashboard's CkFlag shows them.
 using BanderasDeOperacion = std::array<int, 8>;
 
-/// Asks for the key and creates the operation. The new key, or empty when nothing was created (a message has told
-/// why, or the user left).
+/// Asks for the key and creates the operation. The new key, or empty when nothing was created (a message has
+/// told why, or the user left).
 QString NuevoInterno(AppContext &ctx);
 /// Creates without asking; false with a warning when the key exists.
 bool CrearInterno(AppContext &ctx, const QString &clave);
@@ -20,8 +20,8 @@ struct Apertura {
     bool abierta = false;
     BanderasDeOperacion banderas{1, 1, 1, 1, 1, 1, 1, 1};
 };
-/// The check of the lock row, before the dashboard is loaded: refuses another workstation's lock, breaks a stale
-/// one of this workstation. True when the operation may be opened.
+/// The check of the lock row, before the dashboard is loaded: refuses another workstation's lock, breaks a
+/// stale one of this workstation. True when the operation may be opened.
 bool ComprobarBloqueo(AppContext &ctx, const QString &interno);
 BanderasDeOperacion LeerBanderas(AppContext &ctx, const QString &interno);
 /// Writes the lock row of this workstation.
@@ -35,11 +35,12 @@ void GuardarYLiberar(AppContext &ctx, const QString &interno, const BanderasDeOp
 
 /// Deletes everything of the key after the question; true when it ran to its end.
 bool EliminarInterno(AppContext &ctx, const QString &interno);
-/// The same without the question.
+/// Its two halves: the question, and the work.
+bool ConfirmarEliminacion(AppContext &ctx, const QString &interno);
 bool EliminarSinPreguntar(AppContext &ctx, const QString &interno);
 
-/// Asks for the new key and duplicates every table of the operation, with a null armed mark for the copy. The new
-/// key, or empty.
+/// Asks for the new key and duplicates every table of the operation, with a null armed mark for the copy. The
+/// new key, or empty.
 QString CopiarInterno(AppContext &ctx, const QString &interno);
 
 /// `cstaimpexp` of a subregime by the browser's own statement; empty when there is no row.

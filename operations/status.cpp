@@ -22,14 +22,18 @@ const QString claveDigitalizacion = QStringLiteral("CALCULAR_SERVICIO_DIGITALIZA
 const QString completo = QStringLiteral("COMPLETO!");
 const QString incompleto = QStringLiteral("INCOMPLETO");
 
-QString donde(const QString &interno) { return L(" where interno = '") + interno + L("'"); }
+QString donde(const QString &interno) {
+    return L(" where interno = '") + interno + L("'");
+}
 
 double contar(AppContext &ctx, const QString &sql) {
     Recordset rs;
     return Consultar(ctx, internos, sql, rs) ? rs.Numero(u"valor") : 0;
 }
 
-bool falta(const Recordset &rs, const char *columna) { return rs.Texto(QString(L(columna))).isEmpty(); }
+bool falta(const Recordset &rs, const char *columna) {
+    return rs.Texto(QString(L(columna))).isEmpty();
+}
 
 /// An amount or a rate of the header: zero and empty are missing alike.
 bool faltaValor(const Recordset &rs, const char *columna) {
@@ -39,25 +43,32 @@ bool faltaValor(const Recordset &rs, const char *columna) {
 
 template <std::size_t N>
 bool faltaAlguno(const Recordset &rs, const char *const (&columnas)[N]) {
-    return std::any_of(std::begin(columnas), std::end(columnas), [&rs](const char *c) { return faltaValor(rs, c); });
+    return std::any_of(std::begin(columnas), std::end(columnas),
+                       [&rs](const char *c) { return faltaValor(rs, c); });
 }
 
 /// Whether the regime keeps a field of the header: its column of dest is blank.
-bool conserva(const Recordset &dest, const char *control) { return dest.Texto(QString(L(control))).trimmed().isEmpty(); }
+bool conserva(const Recordset &dest, const char *control) {
+    return dest.Texto(QString(L(control))).trimmed().isEmpty();
+}
 
 /// The header's checks, in their order; the first that fails decides.
 bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) {
     const QString regimen = c.Texto(u"idsubreg");
     if (c.Numero(u"fobdivisas") == 0) return false;
     Recordset dest;
-    if (!Consultar(ctx, QStringLiteral("USUARIO"), L("select * from dest where subreg = '") + regimen + L("'"), dest)) return false;
+    if (!Consultar(ctx, QStringLiteral("USUARIO"),
+                   L("select * from dest where subreg = '") + regimen + L("'"), dest))
+        return false;
     if (regimen.isEmpty()) return false;
     if (falta(c, "factura5") && regimen.endsWith(L("06"))) return false;
     if (falta(c, "idaduana") || falta(c, "cuitcliente") || falta(c, "cuitdespaduana")) return false;
-    if (falta(c, "idvendedor") && conserva(dest, "Txtidvendedor") && !EsDeclaracionDJAI(regimen)) return false;
+    if (falta(c, "idvendedor") && conserva(dest, "Txtidvendedor") && !EsDeclaracionDJAI(regimen))
+        return false;
     if (faltaAlguno(c, {"fobdivisas", "fobcoddivisas", "fobdivcambio"})) return false;
     if (tipo == L("I") && !EsDeclaracionLAPI(regimen) && !EsDeclaracionDJAI(regimen) &&
-        faltaAlguno(c, {"fletedivisas", "fletecoddivisas", "fletedivcambio", "segurodivisas", "segurocoddivisas", "segurodivcambio"}))
+        faltaAlguno(c, {"fletedivisas", "fletecoddivisas", "fletedivcambio", "segurodivisas",
+                        "segurocoddivisas", "segurodivcambio"}))
         return false;
     return !(falta(c, "idcondiciondeventa") && conserva(dest, "Txtidcondventa"));
 }
@@ -76,7 +87,10 @@ void estadoDeItems(AppContext &ctx, const QString &interno, EstadoDeOperacion &e
 
 QString estadoDeBultos(AppContext &ctx, const QString &interno) {
     Recordset rs;
-    if (!Consultar(ctx, internos, L("select factura9,BULNRO,BULCOD,BULTIP,BULPES,BULDES from caratula") + donde(interno), rs)) return incompleto;
+    if (!Consultar(ctx, internos,
+                   L("select factura9,BULNRO,BULCOD,BULTIP,BULPES,BULDES from caratula") + donde(interno),
+                   rs))
+        return incompleto;
     if (rs.Texto(u"factura9").trimmed() != L("1")) return incompleto;
     const bool aGranel = rs.Texto(u"BULCOD") == L("32") && rs.Texto(u"BULTIP") == L("A");
     const bool pesoYTipo = !falta(rs, "BULTIP") && rs.Numero(u"bulpes") != 0;
@@ -93,7 +107,8 @@ void habilitar(EstadoDeOperacion &e) {
     e.CmdTransMaria = e.cmdExportar = e.cmdExportINS = e.CmdPrint = bultos;
     e.CmdHojaVal = RegimenUsaHojaValor(e.idsubreg) && e.Completo;
     // This one has no packages.
-    if (e.idsubreg == L("IDA4") && e.Completo) e.cmdExportar = e.CmdTransMaria = e.cmdExportINS = e.CmdPrint = generado;
+    if (e.idsubreg == L("IDA4") && e.Completo)
+        e.cmdExportar = e.CmdTransMaria = e.cmdExportINS = e.CmdPrint = generado;
 }
 
 }  // namespace
@@ -113,10 +128,14 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
     e.LbAduana = c.Texto(u"idaduana");
     const QString despachante = c.Texto(u"cuitdespaduana");
     const QString cliente = c.Texto(u"cuitcliente");
-    e.LbDespa = (despachante + QLatin1Char(' ') + BuscarNombre(ctx, QStringLiteral("despadu"), despachante)).trimmed();
-    e.LbCliente = (cliente + QLatin1Char(' ') + BuscarNombre(ctx, QStringLiteral("clientes"), cliente)).trimmed();
-    e.LbItem = numeros::aTexto(contar(ctx, L("select count(*) as valor from item where id<>0 and interno = '") + interno + L("'")));
-    e.LbSubItem = numeros::aTexto(contar(ctx, L("select count(*) as valor from groupsubitems") + donde(interno)));
+    e.LbDespa = (despachante + QLatin1Char(' ') + BuscarNombre(ctx, QStringLiteral("despadu"), despachante))
+                    .trimmed();
+    e.LbCliente =
+        (cliente + QLatin1Char(' ') + BuscarNombre(ctx, QStringLiteral("clientes"), cliente)).trimmed();
+    e.LbItem = numeros::aTexto(
+        contar(ctx, L("select count(*) as valor from item where id<>0 and interno = '") + interno + L("'")));
+    e.LbSubItem =
+        numeros::aTexto(contar(ctx, L("select count(*) as valor from groupsubitems") + donde(interno)));
 
     const bool caratula = caratulaCompleta(ctx, c, e.tipo);
     e.LbEstadoCaratula = caratula ? completo : incompleto;
@@ -125,22 +144,24 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
         Recordset rs;
         Consultar(ctx, internos, L("select sum(fob) as total from subitems") + donde(interno), rs);
         const double total = rs.Numero(u"total");
-        const bool iguales = Format(total, u"00.00") == Format(c.Numero(u"fobdivisas"), u"00.00") && total > 0;
+        const bool iguales =
+            Format(total, u"00.00") == Format(c.Numero(u"fobdivisas"), u"00.00") && total > 0;
         e.LbEstadoSubItem = iguales ? completo : incompleto;
         e.Completo = iguales;
-        if (iguales) {
-            estadoDeItems(ctx, interno, e);
-            e.LbEstadoBultos = estadoDeBultos(ctx, interno);
-        }
+        if (iguales) estadoDeItems(ctx, interno, e);
+        e.LbEstadoBultos = estadoDeBultos(ctx, interno);
     }
     habilitar(e);
     return e;
 }
 
-PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const EleccionDelTablero &eleccion, OpcionesDeArmado &opciones) {
+PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const EleccionDelTablero &eleccion,
+                            OpcionesDeArmado &opciones) {
     const bool esServidor = ctx.DataManager.getDataConnectionTAG(internos) == L("SQL");
     if (eleccion.opcionDJAI == L("MEZCLA") && !esServidor) {
-        ctx.dialogos.advertir(QStringLiteral("No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES porque no tiene Zendra 3 version SQL Server"));
+        ctx.dialogos.advertir(
+            QStringLiteral("No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES porque no tiene Zendra 3 "
+                           "version SQL Server"));
         return PasoDeArmado::NoSigue;
     }
     Recordset rs;
@@ -148,12 +169,15 @@ PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const Elecc
     if (rs.Eof() || rs.Texto(u"factura8") != L("S")) return PasoDeArmado::YaArmado;
     const QString regimen = rs.Texto(u"idsubreg");
     ctx.CalcularDigitalizacion = eleccion.chkCalcularServicioDigitalizacion;
-    ctx.ajustes.Guardar(zendra, flags, claveDigitalizacion, eleccion.chkCalcularServicioDigitalizacion ? QStringLiteral("S") : QStringLiteral("N"));
+    ctx.ajustes.Guardar(
+        zendra, flags, claveDigitalizacion,
+        eleccion.chkCalcularServicioDigitalizacion ? QStringLiteral("S") : QStringLiteral("N"));
     opciones.sinDescripcion = ctx.opciones.NoEnviarDescripcionAlITEM;
     opciones.modo = ModoDescripcion::Ninguno;
     if (EsDeclaracionDJAI(regimen)) {
         if (eleccion.opcionDJAI.isEmpty() && !ctx.opciones.NoEnviarDescripcionAlITEM) {
-            ctx.dialogos.advertir(QStringLiteral("Debe seleccionar una opción de Descripcion DJAI para el armado de item"));
+            ctx.dialogos.advertir(
+                QStringLiteral("Debe seleccionar una opción de Descripcion DJAI para el armado de item"));
             return PasoDeArmado::NoSigue;
         }
         struct Modo {
@@ -189,15 +213,21 @@ void ArmadoFallido(AppContext &ctx, const QString &interno) {
 
 int InformarNcmMayorFob(AppContext &ctx, const QString &interno) {
     Recordset rs;
-    if (!Consultar(ctx, internos, L("select ncm, fobtotal From item where interno='") + interno + L("' and id <> 0 order by fobtotal DESC"), rs)) {
-        ctx.dialogos.informar(QStringLiteral("No se encuentra el Interno con sus items armados "), QStringLiteral("Informar NCM de mayor FOB en Items"));
+    if (!Consultar(ctx, internos,
+                   L("select ncm, fobtotal From item where interno='") + interno +
+                       L("' and id <> 0 order by fobtotal DESC"),
+                   rs)) {
+        ctx.dialogos.informar(QStringLiteral("No se encuentra el Interno con sus items armados "),
+                              QStringLiteral("Informar NCM de mayor FOB en Items"));
         return -1;
     }
     for (; !rs.Eof(); rs.MoveNext()) {
         const QString ncm = rs.Texto(u"ncm");
         Recordset plazo;
         if (!Consultar(ctx, QStringLiteral("NCM"),
-                       L("select [071] From NCM where [001]='") + ncm.left(10) + L("' and [002]='") + ncm.mid(11, 2) + L("' and [003]='") + ncm.right(1) + L("'"), plazo))
+                       L("select [071] From NCM where [001]='") + ncm.left(10) + L("' and [002]='") +
+                           ncm.mid(11, 2) + L("' and [003]='") + ncm.right(1) + L("'"),
+                       plazo))
             continue;
         const QString codigo = plazo.Texto(u"071").left(1);
         if (!codigo.isEmpty() && QStringView(u"12348").contains(codigo)) return codigo.toInt();

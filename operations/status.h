@@ -15,10 +15,11 @@ struct EstadoDeOperacion {
     QString LbSubregimen, LbAduana, LbDespa, LbCliente, LbItem, LbSubItem;
     // enabled
     bool ChCOEF = false, cmdITEM = false, frmOrdenar = false, CmdBultos = false, cmdCertOrig = false,
-         CmdTransMaria = false, cmdExportar = false, cmdExportINS = false, CmdPrint = false, CmdHojaVal = false;
+         CmdTransMaria = false, cmdExportar = false, cmdExportINS = false, CmdPrint = false,
+         CmdHojaVal = false;
     // shown
     bool frmOrdenarVisible = false, framDJAIVisible = false;
-    QString opcionDJAI;       ///< "MARIA", "CATALOGO", "MEZCLA" or empty
+    QString opcionDJAI;  ///< "MARIA", "CATALOGO", "MEZCLA" or empty
     bool mezclarHabilitado = false;
 };
 /// Raises ErrorDeStore.
@@ -29,9 +30,10 @@ enum class PasoDeArmado { NoSigue, Armar, YaArmado };
 struct EleccionDelTablero {
     bool opOrdenxNCM = false;
     bool ChMulta = false, ChCOEF = false, chkCalcularServicioDigitalizacion = false;
-    QString opcionDJAI;       ///< "NO", "MARIA", "CATALOGO", "MEZCLA", or empty: none selected
+    QString opcionDJAI;  ///< "NO", "MARIA", "CATALOGO", "MEZCLA", or empty: none selected
 };
-/// Steps 1 to 3 of the assembly sequence: checks, settings and shared flags; `opciones` is what Generar takes.
+/// Steps 1 to 3 of the assembly sequence: checks, settings and shared flags; `opciones` is what Generar
+/// takes.
 PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const EleccionDelTablero &eleccion,
                             struct OpcionesDeArmado &opciones);
 /// Step 4 for a result other than "SI": the operation must be armed again.
