@@ -238,6 +238,30 @@ void completarTabla(const Almacen &a, const QString &esquemaDe, const Tabla &t, 
     }
 }
 
+bool esGenerada(const Tabla &t, const QString &columna) {
+    const esquema::Columna *c = t.columna(columna);
+    return c != nullptr && c->tipo == esquema::Tipo::Generado;
+}
+
+/// `comoNumero`: the line identity is a whole number on the server, the columns that name it are not; only an
+/// index on the number finds a line through them.
+void crearIndice(const Almacen &a, const QString &esquemaDe, const Tabla &t, const Indice &i, bool comoNumero,
+                 const QStringList &hay, Marcha &m) {
+    const QString propio = comoNumero ? i.nombre + QLatin1String("_numero") : i.nombre;
+    if (hay.contains(propio)) return;
+    QStringList columnas;
+    for (const QString &c : i.columnas)
+        columnas << (comoNumero && esGenerada(t, c)
+                         ? QStringLiteral("(%1::double precision)").arg(Almacen::comillas(c))
+                         : Almacen::comillas(c));
+    // SQLite wants the store's name before the index, PostgreSQL before the table.
+    const QString nombre = a.servidor() ? Almacen::comillas(propio) : a.nombreDe(esquemaDe, propio);
+    const QString sobre = a.servidor() ? a.nombreDe(esquemaDe, t.nombre) : Almacen::comillas(t.nombre);
+    a.ejecutar(
+        QStringLiteral("create index %1 on %2 (%3)").arg(nombre, sobre, columnas.join(QLatin1String(", "))));
+    m.cambio(QStringLiteral("%1: se creó el índice %2").arg(t.entidad, propio));
+}
+
 void ponerEntidad(const Almacen &a, const QString &entidad, const QString &esquemaDe, Marcha &m) {
     QStringList tablas = a.tablas(esquemaDe);
     for (const Tabla &t : esquema::tablas()) {
@@ -254,17 +278,10 @@ void ponerEntidad(const Almacen &a, const QString &entidad, const QString &esque
     for (const Tabla &t : esquema::tablas()) {
         if (t.entidad != entidad) continue;
         for (const Indice &i : t.indices) {
-            if (indices.contains(i.nombre)) continue;
-            QStringList columnas;
-            for (const QString &c : i.columnas) columnas << Almacen::comillas(c);
-            // SQLite wants the store's name before the index, PostgreSQL before the table.
-            const QString nombre =
-                a.servidor() ? Almacen::comillas(i.nombre) : a.nombreDe(esquemaDe, i.nombre);
-            const QString sobre =
-                a.servidor() ? a.nombreDe(esquemaDe, t.nombre) : Almacen::comillas(t.nombre);
-            a.ejecutar(QStringLiteral("create index %1 on %2 (%3)")
-                           .arg(nombre, sobre, columnas.join(QLatin1String(", "))));
-            m.cambio(QStringLiteral("%1: se creó el índice %2").arg(entidad, i.nombre));
+            crearIndice(a, esquemaDe, t, i, false, indices, m);
+            const bool generado = std::any_of(i.columnas.begin(), i.columnas.end(),
+                                              [&t](const QString &c) { return esGenerada(t, c); });
+            if (a.servidor() && generado) crearIndice(a, esquemaDe, t, i, true, indices, m);
         }
     }
 }
