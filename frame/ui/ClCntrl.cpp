@@ -1,0 +1,128 @@
+#include "frame/ui/ClCntrl.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPalette>
+
+#include "frame/numbers.h"
+#include "frame/ui/eventos.h"
+
+namespace {
+
+QString etiqueta(const QWidget *campo) {
+    return campo->property("tag").toString();
+}
+
+void colorear(QWidget *campo, bool enFoco) {
+    const QString tag = etiqueta(campo);
+    const bool f6 = tag.endsWith(QLatin1String("#F6"));
+    if (!f6 && tag.startsWith(QLatin1String("BB"))) return;
+    if (!enFoco) {
+        if (!tag.startsWith(QLatin1String("BB"))) campo->setPalette({});
+        return;
+    }
+    QPalette paleta = campo->palette();
+    paleta.setColor(QPalette::Base, f6 ? ClCntrl::colorF6() : ClCntrl::colorEnFoco());
+    campo->setPalette(paleta);
+}
+
+void mandar(QWidget *campo, int tecla) {
+    QKeyEvent apretar(QEvent::KeyPress, tecla, Qt::NoModifier);
+    QApplication::sendEvent(campo, &apretar);
+    QKeyEvent soltar(QEvent::KeyRelease, tecla, Qt::NoModifier);
+    QApplication::sendEvent(campo, &soltar);
+}
+
+/// The key of the keypad whose cap is the decimal sign, whatever the layout makes of it.
+bool esDecimalDelTeclado(const QKeyEvent *tecla) {
+    return tecla->modifiers().testFlag(Qt::KeypadModifier) &&
+           (tecla->key() == Qt::Key_Period || tecla->key() == Qt::Key_Comma);
+}
+
+bool alApretar(QWidget *campo, const QKeyEvent *tecla) {
+    if (auto *linea = qobject_cast<QLineEdit *>(campo); linea && esDecimalDelTeclado(tecla)) {
+        linea->insert(numeros::separadorDecimal());
+        return true;
+    }
+    if (etiqueta(campo) == QLatin1String("NOENTER")) return false;
+    if (EsEnter(tecla)) {
+        mandar(campo, Qt::Key_Tab);
+        return true;
+    }
+    if (ClCntrl::bloqueoDeNavegacion() || tecla->modifiers().testFlag(Qt::AltModifier)) return false;
+    if (tecla->key() == Qt::Key_Up || tecla->key() == Qt::Key_Down) {
+        mandar(campo, tecla->key() == Qt::Key_Up ? Qt::Key_Backtab : Qt::Key_Tab);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void ClCntrl::Vincular(QWidget *campo) {
+    Escuchar(campo, [campo](QEvent *evento) {
+        switch (evento->type()) {
+            case QEvent::FocusIn:
+                colorear(campo, true);
+                if (auto *linea = qobject_cast<QLineEdit *>(campo)) linea->selectAll();
+                return false;
+            case QEvent::FocusOut:
+                colorear(campo, false);
+                return false;
+            case QEvent::KeyPress:
+                return alApretar(campo, static_cast<QKeyEvent *>(evento));
+            default:
+                return false;
+        }
+    });
+}
+
+void ClCntrl::alCambiar(QWidget *campo, std::function<void()> hacer) {
+    const auto cambio = [hacer = std::move(hacer)] {
+        if (banderaDeCambios()) hacer();
+    };
+    if (auto *linea = qobject_cast<QLineEdit *>(campo))
+        QObject::connect(linea, &QLineEdit::textChanged, linea, cambio);
+    else if (auto *combo = qobject_cast<QComboBox *>(campo))
+        QObject::connect(combo, &QComboBox::currentTextChanged, combo, cambio);
+}
+
+bool &ClCntrl::banderaDeCambios() {
+    static bool activa = false;
+    return activa;
+}
+
+bool &ClCntrl::bloqueoDeNavegacion() {
+    static bool activo = false;
+    return activo;
+}
+
+QColor ClCntrl::colorF6() {
+    // 14083326, with blue in the high byte.
+    constexpr int color = 14083326;
+    return {color & 0xff, (color >> 8) & 0xff, (color >> 16) & 0xff};
+}
+
+QColor ClCntrl::colorEnFoco() {
+    return {224, 242, 241};
+}
+
+void ClCntrl::LstBuscarStr(QListWidget *lista, const QString &texto) {
+    lista->setCurrentRow(-1);
+    for (int fila = 0; fila < lista->count(); ++fila) {
+        if (!lista->item(fila)->text().startsWith(texto, Qt::CaseInsensitive)) continue;
+        lista->setCurrentRow(fila);
+        return;
+    }
+}
+
+void ClCntrl::BuscarCBO(QComboBox *combo, const QString &texto) {
+    combo->setCurrentIndex(combo->findText(texto, Qt::MatchStartsWith));
+}
+
+void ClCntrl::VaciarTxt(QWidget *formulario) {
+    const auto campos = formulario->findChildren<QLineEdit *>();
+    for (QLineEdit *campo : campos) campo->clear();
+}

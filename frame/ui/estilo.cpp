@@ -1,0 +1,118 @@
+#include "frame/ui/estilo.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTableWidget>
+
+namespace {
+
+// Labels say what they are by the dynamic property "papel": titulo, dato, rotulo, ayuda; or by "estado".
+constexpr char hoja[] = R"(
+QDialog, QMainWindow, QWidget#MenuP { background: #f4f7f7; }
+QLabel[papel="titulo"] { font-size: 15pt; font-weight: 600; color: #006666; }
+QLabel[papel="subtitulo"] { font-weight: 600; color: #263238; }
+QLabel[papel="rotulo"] { color: #546e7a; }
+QLabel[papel="dato"] { color: #102027; font-weight: 600; }
+QLabel[papel="importe"] { color: #102027; font-size: 12pt; font-weight: 600; }
+QLabel[papel="ayuda"] { color: #37474f; background: #e3eaea; border-top: 1px solid #cfd8dc; padding: 5px 14px; }
+QLabel[estado="bien"] { color: #1b7a3d; font-weight: 600; }
+QLabel[estado="falta"] { color: #b3261e; font-weight: 600; }
+QLabel[estado="nada"] { color: #78909c; }
+QFrame[papel="tarjeta"] { background: white; border: 1px solid #d5dede; border-radius: 6px; }
+QPushButton { background: white; border: 1px solid #b0bec5; border-radius: 4px; padding: 6px 14px; color: #102027; }
+QPushButton:hover { border-color: #006666; }
+QPushButton:focus { border: 2px solid #006666; padding: 5px 13px; }
+QPushButton:pressed { background: #e0f2f1; }
+QPushButton:disabled { background: #eef2f2; border-color: #d5dede; color: #90a4ae; }
+QPushButton[papel="trabajo"] { text-align: left; font-weight: 600; padding: 8px 14px; }
+QPushButton[papel="trabajo"]:focus { padding: 7px 13px; }
+QGroupBox { border: 1px solid #d5dede; border-radius: 6px; margin-top: 1.1em; padding: 6px 8px 8px 8px; background: white; }
+QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 8px; padding: 0 4px; color: #006666; font-weight: 600; }
+QHeaderView::section { background: #e3eaea; border: none; border-right: 1px solid #cfd8dc; border-bottom: 1px solid #cfd8dc; padding: 5px 8px; color: #263238; font-weight: 600; }
+QAbstractItemView { background: white; alternate-background-color: #f7fafa; border: 1px solid #d5dede; selection-background-color: #006666; selection-color: white; gridline-color: #e3eaea; }
+QAbstractItemView:focus { border: 1px solid #006666; }
+QProgressBar { border: 1px solid #cfd8dc; border-radius: 4px; background: white; text-align: center; color: #102027; }
+QProgressBar::chunk { background: #80cbc4; border-radius: 3px; }
+QTabWidget::pane { border: 1px solid #d5dede; background: white; top: -1px; }
+QTabBar::tab { padding: 7px 14px; border: 1px solid #d5dede; background: #e3eaea; margin-right: 2px; border-top-left-radius: 4px; border-top-right-radius: 4px; color: #37474f; }
+QTabBar::tab:selected { background: white; border-bottom-color: white; color: #006666; }
+QTabBar:focus::tab:selected { border-color: #006666; border-bottom-color: white; }
+QToolBar { border: none; spacing: 4px; padding: 0; }
+QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 5px 9px; }
+QToolButton:hover, QToolButton:focus { border-color: #006666; background: white; }
+)";
+
+}  // namespace
+
+QColor estilo::acento() {
+    return {0, 102, 102};
+}
+QColor estilo::bien() {
+    return {0x1b, 0x7a, 0x3d};
+}
+QColor estilo::falta() {
+    return {0xb3, 0x26, 0x1e};
+}
+QColor estilo::detalle() {
+    return {0, 102, 102};
+}
+QColor estilo::grupo() {
+    return {255, 209, 163};
+}
+
+void estilo::Aplicar(QApplication &aplicacion) {
+    aplicacion.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QPalette paleta;
+    paleta.setColor(QPalette::Window, QColor(0xf4, 0xf7, 0xf7));
+    paleta.setColor(QPalette::WindowText, QColor(0x10, 0x20, 0x27));
+    paleta.setColor(QPalette::Base, Qt::white);
+    paleta.setColor(QPalette::AlternateBase, QColor(0xf7, 0xfa, 0xfa));
+    paleta.setColor(QPalette::Text, QColor(0x10, 0x20, 0x27));
+    paleta.setColor(QPalette::Button, QColor(0xee, 0xf2, 0xf2));
+    paleta.setColor(QPalette::ButtonText, QColor(0x10, 0x20, 0x27));
+    paleta.setColor(QPalette::Highlight, acento());
+    paleta.setColor(QPalette::HighlightedText, Qt::white);
+    paleta.setColor(QPalette::PlaceholderText, QColor(0x90, 0xa4, 0xae));
+    for (const auto papel : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
+        paleta.setColor(QPalette::Disabled, papel, QColor(0x90, 0xa4, 0xae));
+    QApplication::setPalette(paleta);
+    aplicacion.setStyleSheet(QString::fromUtf8(hoja));
+}
+
+void estilo::PintarEstado(QLabel *etiqueta, const QString &texto) {
+    etiqueta->setText(texto);
+    const bool listo = texto.startsWith(QLatin1String("COMPLETO")) || texto == QLatin1String("GENERADO!");
+    const bool pendiente = texto == QLatin1String("INCOMPLETO") || texto == QLatin1String("SIN GENERAR");
+    etiqueta->setProperty("estado", listo ? "bien" : (pendiente ? "falta" : "nada"));
+    // A sheet looks at properties only when it is asked again.
+    etiqueta->style()->unpolish(etiqueta);
+    etiqueta->style()->polish(etiqueta);
+}
+
+void estilo::PrepararGrilla(QTableWidget *grilla, const QStringList &columnas) {
+    if (!columnas.isEmpty()) {
+        grilla->setColumnCount(static_cast<int>(columnas.size()));
+        grilla->setHorizontalHeaderLabels(columnas);
+    }
+    grilla->horizontalHeader()->setVisible(!columnas.isEmpty());
+    grilla->horizontalHeader()->setHighlightSections(false);
+    grilla->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    grilla->verticalHeader()->setVisible(false);
+    grilla->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grilla->setSelectionBehavior(QAbstractItemView::SelectRows);
+    grilla->setSelectionMode(QAbstractItemView::SingleSelection);
+    grilla->setAlternatingRowColors(true);
+    grilla->setTabKeyNavigation(false);
+    grilla->setWordWrap(false);
+    grilla->setShowGrid(false);
+}
+
+void estilo::PonerCelda(QTableWidget *grilla, int fila, int columna, const QString &texto, bool numero) {
+    auto *celda = new QTableWidgetItem(texto);
+    celda->setTextAlignment((numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    grilla->setItem(fila, columna, celda);
+}

@@ -1,0 +1,33 @@
+#pragma once
+// One look for all screens.
+
+#include <QColor>
+#include <QString>
+#include <QStringList>
+
+class QApplication;
+class QDialog;
+class QLabel;
+class QTableWidget;
+
+namespace estilo {
+
+QColor acento();
+QColor bien();
+QColor falta();
+/// The second line under an operation of the browser, and the rows of a group.
+QColor detalle();
+QColor grupo();
+
+/// Style, palette and sheet of the application. The font stays the system's.
+void Aplicar(QApplication &aplicacion);
+
+/// A label that tells a state: its colour follows the text (complete, missing, or neither).
+void PintarEstado(QLabel *etiqueta, const QString &texto);
+
+/// A read-only table of whole rows, with these headings (none: no heading).
+void PrepararGrilla(QTableWidget *grilla, const QStringList &columnas);
+/// A cell of such a table; numbers stand to the right.
+void PonerCelda(QTableWidget *grilla, int fila, int columna, const QString &texto, bool numero = false);
+
+}  // namespace estilo

@@ -1,0 +1,22 @@
+#pragma once
+// What every screen's window shares.
+
+#include <QDialog>
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "frame/context.h"
+
+/// A dialog over the frame, with a title bar that closes it and no question mark.
+std::unique_ptr<QDialog> HacerDialogo();
+
+/// A handler of a screen: an error of the store becomes a critical message with the engine's words, and the
+/// handler leaves. True when it ran to its end.
+bool Manejar(AppContext &ctx, const std::function<void()> &hacer);
+
+/// The word of a button whose screen is not part of this version.
+void NoDisponible(AppContext &ctx);
+
+/// Shows a window and takes the keyboard to it.
+void MostrarVentana(QWidget *ventana);

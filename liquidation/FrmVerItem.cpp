@@ -1,0 +1,255 @@
+#include "liquidation/FrmVerItem.h"
+
+#include <QHeaderView>
+#include <QShortcut>
+
+#include "frame/ui/ClCntrl.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/estilo.h"
+#include "frame/ui/eventos.h"
+#include "frame/ui/ventana.h"
+#include "operations/consistency.h"
+
+namespace {
+
+enum Solapa { datos, subitems, informacion, liquidacion, cancelaciones, oncca };
+
+/// Columns as wide as their content, the one told takes what is left.
+void ajustarColumnas(QTableWidget *grilla, int elastica) {
+    grilla->resizeColumnsToContents();
+    grilla->horizontalHeader()->setSectionResizeMode(elastica, QHeaderView::Stretch);
+}
+
+const QStringList cero{QStringLiteral("0")};
+
+}  // namespace
+
+FrmVerItem::FrmVerItem() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+    Form_Load();
+    Conectar();
+}
+
+void FrmVerItem::Form_Load() {
+    estilo::PrepararGrilla(ui.GrdLiq,
+                           {QStringLiteral("Nro"), QStringLiteral("Concepto"), QStringLiteral("Porc. %"),
+                            QStringLiteral("Base Imp."), QStringLiteral("Total"), QStringLiteral("PGC"),
+                            QStringLiteral("Motivo")});
+    estilo::PrepararGrilla(ui.LstV,
+                           {QStringLiteral("Artículo"), QStringLiteral("NCM"), QStringLiteral("Descripción"),
+                            QStringLiteral("Unidad"), QStringLiteral("Cantidad"), QStringLiteral("Unitario"),
+                            QStringLiteral("FOB"), QStringLiteral("Sufijos"), QStringLiteral("Est."),
+                            QStringLiteral("Cant. est.")});
+    estilo::PrepararGrilla(ui.GridInf, {QStringLiteral("Info"), QStringLiteral("Valor")});
+    estilo::PrepararGrilla(
+        ui.lstVCancel,
+        {QStringLiteral("DIT"), QStringLiteral("Item"), QStringLiteral("SubItem"), QStringLiteral("NCM"),
+         QStringLiteral("Expediente"), QStringLiteral("Cantidad"), QStringLiteral("Factor")});
+}
+
+void FrmVerItem::Conectar() {
+    QWidget *v = ventana.get();
+    ClCntrl::Vincular(ui.TxtItem);
+    EscucharTeclas(ui.TxtItem, [this](QKeyEvent *tecla) {
+        if (!EsEnter(tecla)) return false;
+        TxtItem_Enter();
+        return true;
+    });
+    EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
+    Escuchar(v, [this](QEvent *evento) {
+        if (evento->type() != QEvent::Close) return false;
+        evento->ignore();
+        Form_Escape();
+        return true;
+    });
+    QObject::connect(ui.Scr, &QScrollBar::valueChanged, v, [this](int posicion) { Scr_Change(posicion); });
+    QObject::connect(ui.sTab, &QTabWidget::currentChanged, v, [this](int indice) {
+        // The operation's page is calculated where its liquidation is looked at.
+        if (indice == liquidacion && item_ == cero.first() && !enCorrida_) VerDetalle(item_);
+    });
+    // Shortcuts, as the grids would take these keys for themselves.
+    const auto atajo = [v](const QKeySequence &teclas, const std::function<void()> &hacer) {
+        auto *nuevo = new QShortcut(teclas, v);
+        QObject::connect(nuevo, &QShortcut::activated, v, hacer);
+    };
+    atajo(Qt::Key_PageUp, [this] { ui.Scr->setValue(ui.Scr->value() - 1); });
+    atajo(Qt::Key_PageDown, [this] { ui.Scr->setValue(ui.Scr->value() + 1); });
+    atajo(Qt::CTRL | Qt::Key_Home, [this] { ui.Scr->setValue(0); });
+}
+
+void FrmVerItem::Mostrar(const QString &interno) {
+    AppContext &ctx = Contexto();
+    interno_ = interno;
+    ventana->setWindowTitle(QStringLiteral("Items y liquidación - Operación ") + interno);
+    calculo_ = std::make_unique<ClassLiquidacion>(ctx, interno);
+    ventana->setModal(true);
+    ui.sTab->setCurrentIndex(liquidacion);
+    MostrarVentana(ventana.get());
+    Manejar(ctx, [&] { items_ = ItemsDeOperacion(ctx, interno); });
+    ui.Scr->setRange(0, std::max(0, static_cast<int>(items_.size()) - 1));
+    ui.lbCantidadItems->setText(
+        QStringLiteral("de %1").arg(std::max(0, static_cast<int>(items_.size()) - 1)));
+    VerDetalle(items_.value(0, cero.first()));
+    ElegirSolapa(liquidacion);
+}
+
+void FrmVerItem::VerDetalle(const QString &item) {
+    if (enCorrida_) return;
+    AppContext &ctx = Contexto();
+    enCorrida_ = true;
+    const bool enLiquidacion = ui.sTab->currentIndex() == liquidacion;
+    const bool conLiquidacion = item != cero.first() || enLiquidacion || ctx.LiquidacionPendiente;
+    Manejar(ctx, [&] {
+        const VistaDeItem vista =
+            VerDetalleITEM(ctx, interno_, item, enLiquidacion, *calculo_, [this](const QString &estado) {
+                ui.lbEstado->setText(estado);
+                ui.lbEstado->repaint();
+            });
+        if (!vista.cargada) return;
+        item_ = item;
+        Pintar(vista, conLiquidacion);
+    });
+    enCorrida_ = false;
+}
+
+void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion) {
+    ui.TxtItem->setText(vista.item);
+    if (ui.TxtItem->hasFocus()) ui.TxtItem->selectAll();
+    for (const auto &[control, texto] : vista.campos) {
+        const bool deLiquidacion =
+            control == QLatin1String("LbBaseImp") || control == QLatin1String("LbBaseIVA");
+        if (deLiquidacion && !conLiquidacion) continue;
+        if (auto *campo = ventana->findChild<QLineEdit *>(control)) {
+            campo->setText(texto);
+            campo->setCursorPosition(0);
+        } else if (auto *etiqueta = ventana->findChild<QLabel *>(control)) {
+            etiqueta->setText(texto);
+        }
+    }
+    const bool deOperacion = vista.item == cero.first();
+    ui.lbNCM->setText(deOperacion ? QStringLiteral("Operación completa")
+                                  : vista.campo(QStringLiteral("LbPos")));
+    ui.lbAutoliq->setVisible(vista.lbAutoliq);
+    ui.LbLapi->setVisible(vista.LbLapi);
+    ui.lbCancelacion->setVisible(vista.esCancelacion);
+    PintarListas(vista);
+    if (!conLiquidacion) return;
+    PintarLiquidacion(vista);
+    if (!deOperacion) return;
+    ui.lbTOTALG->setText(vista.lbTOTALG);
+    ui.lbTOTGAR->setText(vista.lbTOTGAR);
+    ui.lbTOTCOB->setText(vista.lbTOTCOB);
+}
+
+void FrmVerItem::PintarLiquidacion(const VistaDeItem &vista) {
+    ui.GrdLiq->setRowCount(static_cast<int>(vista.grilla.size()));
+    int fila = 0;
+    for (const FilaLiq &f : vista.grilla) {
+        int columna = 0;
+        for (const QString *texto :
+             {&f.numero, &f.concepto, &f.porcentaje, &f.base, &f.total, &f.pgc, &f.motivo}) {
+            estilo::PonerCelda(ui.GrdLiq, fila, columna, *texto, columna >= 2 && columna <= 4);
+            ++columna;
+        }
+        ++fila;
+    }
+    ajustarColumnas(ui.GrdLiq, 1);
+    if (fila > 0) ui.GrdLiq->setCurrentCell(0, 0);
+}
+
+void FrmVerItem::PintarListas(const VistaDeItem &vista) {
+    ui.LstV->setRowCount(static_cast<int>(vista.grupos.size()));
+    int fila = 0;
+    for (const FilaDeGrupo &g : vista.grupos) {
+        int columna = 0;
+        for (const QString *texto :
+             {&g.idarticulo, &g.ncm, &g.descripcion, &g.idunidad, &g.cantidad, &g.preciounitario, &g.fob,
+              &g.sufijos, &g.estadistica, &g.valorrelacionestadistica}) {
+            estilo::PonerCelda(ui.LstV, fila, columna, *texto,
+                               (columna >= 4 && columna <= 6) || columna == 9);
+            ++columna;
+        }
+        ++fila;
+    }
+    ajustarColumnas(ui.LstV, 7);
+    ui.GridInf->setRowCount(static_cast<int>(vista.informacion.size()));
+    fila = 0;
+    for (const auto &[codigo, valor] : vista.informacion) {
+        estilo::PonerCelda(ui.GridInf, fila, 0, codigo);
+        estilo::PonerCelda(ui.GridInf, fila, 1, valor);
+        ++fila;
+    }
+    ajustarColumnas(ui.GridInf, 1);
+    ui.LstVentajas->clear();
+    ui.LstVentajas->addItems(vista.ventajas);
+    ui.lstCertOrig->clear();
+    ui.lstCertOrig->addItems(vista.certificados);
+    ajustarColumnas(ui.lstVCancel, 3);
+}
+
+void FrmVerItem::ElegirSolapa(int indice) {
+    ui.sTab->setCurrentIndex(indice);
+    if (indice == liquidacion) {
+        ui.GrdLiq->setFocus();
+        if (ui.GrdLiq->rowCount() > 0) ui.GrdLiq->setCurrentCell(0, 0);
+        return;
+    }
+    QWidget *primero[] = {ui.LbPos, ui.LstV, ui.GridInf, ui.GrdLiq, ui.lstVCancel, ui.txtAcuerdo};
+    primero[indice]->setFocus();
+}
+
+bool FrmVerItem::Form_KeyDown(const QKeyEvent *tecla) {
+    switch (tecla->key()) {
+        case Qt::Key_F1:
+        case Qt::Key_F2:
+        case Qt::Key_F3:
+        case Qt::Key_F4:
+        case Qt::Key_F5:
+            ElegirSolapa(tecla->key() - Qt::Key_F1);
+            if (tecla->key() == Qt::Key_F3) VerDetalle(item_);
+            return true;
+        case Qt::Key_F7:
+            ElegirSolapa(oncca);
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return true;
+        case Qt::Key_Escape:
+            Form_Escape();
+            return true;
+        default:
+            return false;
+    }
+}
+
+void FrmVerItem::Scr_Change(int posicion) {
+    if (posicion >= 0 && posicion < items_.size() && items_.at(posicion) != item_)
+        VerDetalle(items_.at(posicion));
+}
+
+void FrmVerItem::TxtItem_Enter() {
+    const auto posicion = items_.indexOf(ui.TxtItem->text().trimmed());
+    if (posicion < 0) {
+        ui.TxtItem->setText(item_);
+        ui.TxtItem->selectAll();
+        return;
+    }
+    ui.Scr->setValue(static_cast<int>(posicion));
+}
+
+void FrmVerItem::Form_Escape() {
+    if (enCorrida_) return;
+    AppContext &ctx = Contexto();
+    if (ctx.LiquidacionPendiente) {
+        ctx.dialogos.advertir(QStringLiteral(
+            "Se modifico algun concepto de liquidación, \r\ndebe ir al item 0 (cero) para calcular y "
+            "actualizar los totales."));
+        return;
+    }
+    const auto despues = std::move(alCerrar);
+    alCerrar = nullptr;
+    const QString interno = interno_;
+    CerrarPantalla<FrmVerItem>();
+    Manejar(ctx, [&] { ComprobarInterno(ctx, interno); });
+    if (despues) despues();
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// The one road into an operation, for every caller: the lock is looked at, the dashboard loaded, the lock
+/// written, and the dashboard filled and shown. A refusal has told its reason and opens nothing.
+void AbrirInterno(const QString &interno);

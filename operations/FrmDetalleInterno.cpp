@@ -1,0 +1,229 @@
+#include "operations/FrmDetalleInterno.h"
+
+#include "assembly/FrmArmarItem.h"
+#include "assembly/run.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/estilo.h"
+#include "frame/ui/eventos.h"
+#include "frame/ui/ventana.h"
+#include "liquidation/FrmVerItem.h"
+#include "operations/handover.h"
+
+namespace {
+
+const QString zendra = QStringLiteral("ZENDRA");
+const QString flags = QStringLiteral("FLAGS");
+
+/// What a status label shows while its state is not known.
+const QString sinDato = QStringLiteral("—");
+
+}  // namespace
+
+FrmDetalleInterno::FrmDetalleInterno() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+    CkFlag = {ui.CkFlag_0, ui.CkFlag_1, ui.CkFlag_2, ui.CkFlag_3,
+              ui.CkFlag_4, ui.CkFlag_5, ui.CkFlag_6, ui.CkFlag_7};
+    Form_Load();
+    Conectar();
+}
+
+void FrmDetalleInterno::Form_Load() {
+    const AppContext &ctx = Contexto();
+    (ctx.opciones.ARMARITEM == 1 ? ui.opOrdenxNCM : ui.opOrdenxCarga)->setChecked(true);
+    ui.chkCalcularServicioDigitalizacion->setChecked(
+        ctx.ajustes.Leer(zendra, flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
+                         QStringLiteral("N")) == QLatin1String("S"));
+}
+
+void FrmDetalleInterno::Conectar() {
+    QWidget *v = ventana.get();
+    const auto alPulsar = [v](QAbstractButton *boton, const std::function<void()> &hacer) {
+        QObject::connect(boton, &QAbstractButton::clicked, v, hacer);
+    };
+    alPulsar(ui.cmdITEM, [this] { cmdITEM_Click(); });
+    alPulsar(ui.CmdTransMaria, [this] { CmdTransMaria_Click(); });
+    for (QPushButton *boton :
+         {ui.cmdCaratula, ui.CmdSubItems, ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal,
+          ui.cmdCertOrig, ui.cmdExportar, ui.cmdExportINS, ui.Command1, ui.Command4})
+        alPulsar(boton, [] { NoDisponible(Contexto()); });
+    alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
+    alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });
+    EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
+    Escuchar(v, [this](QEvent *evento) {
+        if (evento->type() == QEvent::WindowActivate) Form_GotFocus();
+        // Closed from the window's own controls the lock row stays, by design.
+        if (evento->type() == QEvent::Close) Form_Unload();
+        return false;
+    });
+}
+
+void FrmDetalleInterno::Cargar(const QString &interno, const BanderasDeOperacion &banderas) {
+    interno_ = interno;
+    ventana->setWindowTitle(QStringLiteral("Operación ") + interno);
+    ui.LbInterno->setText(interno);
+    for (std::size_t n = 0; n < CkFlag.size(); ++n) CkFlag.at(n)->setChecked(banderas.at(n) != 0);
+}
+
+void FrmDetalleInterno::TomarFoco() {
+    (ui.cmdITEM->isEnabled() ? ui.cmdITEM : ui.cmdCaratula)->setFocus();
+}
+
+void FrmDetalleInterno::VerDatos() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] {
+        const EstadoDeOperacion estado = LeerEstado(ctx, interno_);
+        PintarEstado(estado);
+        HabilitarBotones(estado);
+        ElegirOpcionDJAI(estado);
+    });
+}
+
+void FrmDetalleInterno::PintarEstado(const EstadoDeOperacion &e) {
+    ui.LbSubregimen->setText(e.LbSubregimen);
+    ui.LbAduana->setText(e.LbAduana);
+    ui.LbDespa->setText(e.LbDespa);
+    ui.LbCliente->setText(e.LbCliente);
+    ui.LbItem->setText(e.LbItem);
+    ui.LbSubItem->setText(e.LbSubItem);
+    const auto pintar = [](QLabel *etiqueta, const QString &texto) {
+        estilo::PintarEstado(etiqueta, texto.isEmpty() ? sinDato : texto);
+    };
+    pintar(ui.LbEstadoCaratula, e.LbEstadoCaratula);
+    pintar(ui.LbEstadoSubItem, e.LbEstadoSubItem);
+    pintar(ui.LbEstadoItem, e.LbEstadoItem);
+    pintar(ui.LbEstadoBultos, e.LbEstadoBultos);
+}
+
+void FrmDetalleInterno::HabilitarBotones(const EstadoDeOperacion &e) {
+    ui.ChCOEF->setEnabled(e.ChCOEF);
+    ui.cmdITEM->setEnabled(e.cmdITEM);
+    ui.frmOrdenar->setEnabled(e.frmOrdenar);
+    ui.CmdBultos->setEnabled(e.CmdBultos);
+    ui.cmdCertOrig->setEnabled(e.cmdCertOrig);
+    ui.CmdTransMaria->setEnabled(e.CmdTransMaria);
+    ui.cmdExportar->setEnabled(e.cmdExportar);
+    ui.cmdExportINS->setEnabled(e.cmdExportINS);
+    ui.CmdPrint->setEnabled(e.CmdPrint);
+    ui.CmdHojaVal->setEnabled(e.CmdHojaVal);
+    ui.frmOrdenar->setVisible(e.frmOrdenarVisible);
+    ui.framDJAI->setVisible(e.framDJAIVisible);
+}
+
+void FrmDetalleInterno::ElegirOpcionDJAI(const EstadoDeOperacion &e) {
+    ui.opDJAI_MezclarDescripciones->setEnabled(e.mezclarHabilitado);
+    QRadioButton *elegida = ui.opDJAI_No_Usar_Descripcion;
+    if (e.opcionDJAI == QLatin1String("MARIA")) elegida = ui.opDJAI_Usar_Descripcion_Maria;
+    if (e.opcionDJAI == QLatin1String("CATALOGO")) elegida = ui.opDJAI_Usar_Descripcion_Catalogo;
+    if (e.opcionDJAI == QLatin1String("MEZCLA")) elegida = ui.opDJAI_MezclarDescripciones;
+    elegida->setChecked(true);
+}
+
+EleccionDelTablero FrmDetalleInterno::LeerEleccion() const {
+    EleccionDelTablero e;
+    e.opOrdenxNCM = ui.opOrdenxNCM->isChecked();
+    e.ChMulta = ui.ChMulta->isChecked();
+    e.ChCOEF = ui.ChCOEF->isChecked();
+    e.chkCalcularServicioDigitalizacion = ui.chkCalcularServicioDigitalizacion->isChecked();
+    if (ui.opDJAI_No_Usar_Descripcion->isChecked()) e.opcionDJAI = QStringLiteral("NO");
+    if (ui.opDJAI_Usar_Descripcion_Maria->isChecked()) e.opcionDJAI = QStringLiteral("MARIA");
+    if (ui.opDJAI_Usar_Descripcion_Catalogo->isChecked()) e.opcionDJAI = QStringLiteral("CATALOGO");
+    if (ui.opDJAI_MezclarDescripciones->isChecked()) e.opcionDJAI = QStringLiteral("MEZCLA");
+    return e;
+}
+
+bool FrmDetalleInterno::Form_KeyDown(const QKeyEvent *tecla) {
+    if (tecla->key() != Qt::Key_Escape) return false;
+    CerrarInterno();
+    return true;
+}
+
+void FrmDetalleInterno::Form_GotFocus() {
+    if (!enItems_) Contexto().CalcularCoeficiente = false;
+}
+
+void FrmDetalleInterno::CerrarInterno() {
+    AppContext &ctx = Contexto();
+    const bool guardado = Manejar(ctx, [&] {
+        BanderasDeOperacion banderas{};
+        for (std::size_t n = 0; n < CkFlag.size(); ++n) banderas.at(n) = CkFlag.at(n)->isChecked() ? 1 : 0;
+        std::optional<int> coeficiente;
+        if (ui.ChCOEF->isEnabled()) coeficiente = ui.ChCOEF->isChecked() ? 1 : 0;
+        GuardarYLiberar(ctx, interno_, banderas, coeficiente);
+    });
+    if (guardado) Form_Unload();
+}
+
+void FrmDetalleInterno::Form_Unload() {
+    Contexto().DataManager.CloseAllDataConnection();
+    CerrarPantalla<FrmDetalleInterno>();
+}
+
+void FrmDetalleInterno::cmdITEM_Click() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] {
+        OpcionesDeArmado opciones;
+        const PasoDeArmado paso = PrepararArmado(ctx, interno_, LeerEleccion(), opciones);
+        if (paso == PasoDeArmado::NoSigue) return;
+        enItems_ = true;
+        if (paso == PasoDeArmado::YaArmado) {
+            AbrirItems();
+            return;
+        }
+        auto &armado = Pantalla<FrmArmarItem>();
+        armado.alCambiarTablero = [this](const Avance &avance) {
+            if (avance.control == QLatin1String("ChCOEF")) ui.ChCOEF->setChecked(avance.valor != 0);
+            if (avance.control == QLatin1String("LbSubregimen")) ui.LbSubregimen->setText(avance.texto);
+        };
+        armado.alCerrar = [this] { SeguirArmado(); };
+        armado.Mostrar(interno_, opciones);
+    });
+}
+
+void FrmDetalleInterno::SeguirArmado() {
+    AppContext &ctx = Contexto();
+    if (ctx.ChequeoArmado == QLatin1String("SI")) {
+        AbrirItems();
+        return;
+    }
+    enItems_ = false;
+    Manejar(ctx, [&] { ArmadoFallido(ctx, interno_); });
+    VerDatos();
+    TomarFoco();
+}
+
+void FrmDetalleInterno::AbrirItems() {
+    AppContext &ctx = Contexto();
+    // Entering the items asks for a liquidation that is written back, with the box as it stands now.
+    ctx.LiquidacionPendiente = true;
+    ctx.CalcularCoeficiente = ui.ChCOEF->isEnabled() && ui.ChCOEF->isChecked();
+    auto &items = Pantalla<FrmVerItem>();
+    items.alCerrar = [this] {
+        enItems_ = false;
+        Contexto().CalcularCoeficiente = false;
+        VerDatos();
+        TomarFoco();
+    };
+    items.Mostrar(interno_);
+}
+
+void FrmDetalleInterno::CmdTransMaria_Click() {
+    TransferirAlMaria(Contexto(), interno_);
+    VerDatos();
+}
+
+void FrmDetalleInterno::opDJAI_MezclarDescripciones_Click() {
+    AppContext &ctx = Contexto();
+    if (ctx.DataManager.getDataConnectionTAG(QStringLiteral("INTERNOS")) == QLatin1String("SQL")) return;
+    ctx.dialogos.informar(
+        QStringLiteral("DJAI - MEZCLAR DESCRIPCIONES - Opción valida para Zendra v3 SQL Server"));
+    // A group of options lets none be taken away while it is exclusive.
+    ui.opDJAI_MezclarDescripciones->setAutoExclusive(false);
+    ui.opDJAI_MezclarDescripciones->setChecked(false);
+    ui.opDJAI_MezclarDescripciones->setAutoExclusive(true);
+}
+
+void FrmDetalleInterno::opDJAI_Usar_Descripcion_Catalogo_Click() {
+    Contexto().dialogos.informar(
+        QStringLiteral("Esta opción REEMPLAZA el campo DESCRIPCION_MARIA por DESCRIPCION (del catálogo) en "
+                       "la carga de subitems."));
+}

@@ -1,0 +1,294 @@
+#include "operations/FrmInternoNew.h"
+
+#include <QHeaderView>
+#include <map>
+
+#include "frame/ui/ClCntrl.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/estilo.h"
+#include "frame/ui/eventos.h"
+#include "frame/ui/iconos.h"
+#include "frame/ui/ventana.h"
+#include "operations/FrmAbrir.h"
+#include "operations/FrmInternoNewFila.h"
+#include "operations/lifecycle.h"
+
+namespace {
+
+/// Columns of the grid; the last is the second line under the row.
+enum Columna { flag, Interno, SubRegimen, Despachante, Cliente, Vendedor };
+
+const QStringList &titulos() {
+    static const QStringList textos{{},
+                                    QStringLiteral("Interno"),
+                                    QStringLiteral("SubRegimen"),
+                                    QStringLiteral("Despachante"),
+                                    QStringLiteral("Cliente"),
+                                    QStringLiteral("Vendedor")};
+    return textos;
+}
+
+/// What each choice of the box groups by.
+struct Agrupacion {
+    const char16_t *rotulo;
+    QString FilaDeInterno::*campo;
+};
+constexpr Agrupacion agrupaciones[] = {{u"", nullptr},
+                                       {u"Importacion / Exportacion", &FilaDeInterno::tipo},
+                                       {u"Despachante", &FilaDeInterno::Despachante},
+                                       {u"Cliente", &FilaDeInterno::Cliente},
+                                       {u"Vendedor", &FilaDeInterno::Vendedor}};
+
+Dibujo dibujoDe(const QString &tipo) {
+    if (tipo == QLatin1String("Importacion")) return Dibujo::Importar;
+    return tipo == QLatin1String("Exportacion") ? Dibujo::Exportar : Dibujo::Otros;
+}
+
+QList<QStandardItem *> celdasDe(const FilaDeInterno &fila, const QIcon &icono) {
+    auto *imagen = new QStandardItem(icono, {});
+    imagen->setData(fila.detalle, rolDetalle);
+    imagen->setData(fila.Interno, rolInterno);
+    imagen->setToolTip(fila.tipo);
+    QList<QStandardItem *> celdas{imagen};
+    for (const QString *texto :
+         {&fila.Interno, &fila.SubRegimen, &fila.Despachante, &fila.Cliente, &fila.Vendedor})
+        celdas << new QStandardItem(*texto);
+    return celdas;
+}
+
+}  // namespace
+
+FrmInternoNew::FrmInternoNew() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+    ArmarMenu();
+    Form_Load();
+    Conectar();
+}
+
+void FrmInternoNew::Form_Load() {
+    AppContext &ctx = Contexto();
+    for (const Agrupacion &a : agrupaciones) ui.cboAgruparPor->addItem(QString::fromUtf16(a.rotulo));
+    const auto [desde, hasta] = PeriodoInicial(QDate::currentDate());
+    ui.DTP_Desde->setDate(desde);
+    ui.DTP_Hasta->setDate(hasta);
+    ui.txtInterno->setText(ctx.ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("APLICACION"),
+                                            QStringLiteral("INTERNO_NRO")));
+    ui.lstInterno->setModel(&modelo_);
+    ui.lstInterno->setItemDelegate(new FilaConDetalle(ui.lstInterno));
+    ui.lstInterno->setUniformRowHeights(false);
+    ui.lstInterno->setAllColumnsShowFocus(true);
+    ui.lstInterno->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    ui.lstInterno->setContextMenuPolicy(Qt::CustomContextMenu);
+    ui.lstInterno->setIconSize({20, 20});
+    ui.lstInterno->setIndentation(ui.lstInterno->fontMetrics().height());
+    ui.lstInterno->setExpandsOnDoubleClick(false);
+    Agrupar();
+}
+
+void FrmInternoNew::ArmarMenu() {
+    botonCrear = ui.TbMenu->addAction(IconoDe(Dibujo::Crear), QStringLiteral("Crear"));
+    botonCopiar = ui.TbMenu->addAction(IconoDe(Dibujo::Copiar), QStringLiteral("Copiar"));
+    botonEliminar = ui.TbMenu->addAction(IconoDe(Dibujo::Borrar), QStringLiteral("Eliminar"));
+    ui.TbMenu->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    botonCrear->setToolTip(QStringLiteral("Crear una operación (Insert)"));
+    botonCopiar->setToolTip(QStringLiteral("Copiar la operación elegida (F6)"));
+    botonEliminar->setToolTip(QStringLiteral("Eliminar la operación elegida (Supr)"));
+    popup = std::make_unique<QMenu>();
+    MnuInsertar = popup->addAction(QStringLiteral("&Insertar"));
+    MnuVer = popup->addAction(QStringLiteral("&Ver"));
+    MnuEliminar = popup->addAction(QStringLiteral("&Eliminar"));
+    popup->addSeparator();
+    MnuTodo = popup->addAction(QStringLiteral("&Todo"));
+    MnuPendientes = popup->addAction(QStringLiteral("&Pendientes"));
+    MnuTransferidos = popup->addAction(QStringLiteral("T&ransferidos"));
+    // Operations carry no mark of their transfer that these could choose by.
+    for (QAction *sinUso : {MnuTodo, MnuPendientes, MnuTransferidos}) sinUso->setEnabled(false);
+}
+
+void FrmInternoNew::Conectar() {
+    QWidget *v = ventana.get();
+    // A field's own keys first: the helper would take ENTER for TAB. The filter bound last hears first.
+    for (QLineEdit *campo : {ui.txtInterno, ui.txtCliente, ui.txtDespachante}) ClCntrl::Vincular(campo);
+    EscucharTeclas(ui.txtInterno, [this](QKeyEvent *tecla) { return txtInterno_KeyDown(tecla); });
+    EscucharTeclas(ui.txtCliente,
+                   [this](QKeyEvent *tecla) { return filtro_KeyDown(ui.txtCliente, ui.lbCliente, tecla); });
+    EscucharTeclas(ui.txtDespachante, [this](QKeyEvent *tecla) {
+        return filtro_KeyDown(ui.txtDespachante, ui.lbDespachante, tecla);
+    });
+    EscucharTeclas(ui.lstInterno, [this](QKeyEvent *tecla) { return lstInterno_KeyDown(tecla); });
+    EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
+    QObject::connect(ui.cboAgruparPor, &QComboBox::currentIndexChanged, v, [this] { Agrupar(); });
+    QObject::connect(ui.lstInterno, &QTreeView::doubleClicked, v, [this] { Ver(); });
+    QObject::connect(ui.lstInterno, &QWidget::customContextMenuRequested, v, [this](const QPoint &punto) {
+        popup->popup(ui.lstInterno->viewport()->mapToGlobal(punto));
+    });
+    for (QAction *accion : {botonCrear, MnuInsertar})
+        QObject::connect(accion, &QAction::triggered, v, [this] { Crear(); });
+    for (QAction *accion : {botonEliminar, MnuEliminar})
+        QObject::connect(accion, &QAction::triggered, v, [this] { Eliminar(); });
+    QObject::connect(botonCopiar, &QAction::triggered, v, [this] { Copiar(); });
+    QObject::connect(MnuVer, &QAction::triggered, v, [this] { Ver(); });
+}
+
+void FrmInternoNew::Mostrar() {
+    MostrarVentana(ventana.get());
+    ui.txtInterno->setFocus();
+}
+
+FiltroDeInternos FrmInternoNew::LeerFiltro() const {
+    return {ui.txtInterno->text(),          ui.txtCliente->text(), ui.txtDespachante->text(),
+            ui.chkFiltroFecha->isChecked(), ui.DTP_Desde->date(),  ui.DTP_Hasta->date()};
+}
+
+void FrmInternoNew::BuscarInternos() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] {
+        filas_ = ::BuscarInternos(ctx, LeerFiltro());
+        Agrupar();
+    });
+}
+
+void FrmInternoNew::Agrupar() {
+    const QString tenia = InternoSeleccionado();
+    modelo_.clear();
+    modelo_.setHorizontalHeaderLabels(titulos());
+    const Agrupacion &por = agrupaciones[std::max(0, ui.cboAgruparPor->currentIndex())];
+    std::map<QString, QIcon> iconos;
+    std::map<QString, QStandardItem *> grupos;
+    for (const FilaDeInterno &fila : filas_) {
+        auto &icono = iconos[fila.tipo];
+        if (icono.isNull()) icono = IconoDe(dibujoDe(fila.tipo));
+        const auto celdas = celdasDe(fila, icono);
+        if (por.campo == nullptr) {
+            modelo_.appendRow(celdas);
+            continue;
+        }
+        QStandardItem *&grupo = grupos[fila.*por.campo];
+        if (grupo == nullptr) {
+            const QString nombre = fila.*por.campo;
+            grupo = new QStandardItem(nombre.isEmpty() ? QStringLiteral("(sin dato)") : nombre);
+            grupo->setData(true, rolGrupo);
+            modelo_.appendRow(grupo);
+        }
+        grupo->appendRow(celdas);
+    }
+    if (por.campo != nullptr) modelo_.sort(0);
+    for (int fila = 0; por.campo != nullptr && fila < modelo_.rowCount(); ++fila)
+        ui.lstInterno->setFirstColumnSpanned(fila, {}, true);
+    ui.lstInterno->setRootIsDecorated(por.campo != nullptr);
+    ui.lstInterno->expandAll();
+    constexpr int anchos[] = {4, 18, 12, 30, 34};
+    const int letra = ui.lstInterno->fontMetrics().averageCharWidth();
+    for (int c = flag; c < Vendedor; ++c)
+        ui.lstInterno->setColumnWidth(
+            c,
+            letra * anchos[c] + (c == flag && por.campo != nullptr ? 2 * ui.lstInterno->indentation() : 16));
+    if (!Seleccionar(tenia)) ui.lstInterno->setCurrentIndex(primeraOperacion(modelo_));
+}
+
+QString FrmInternoNew::InternoSeleccionado() const {
+    const QModelIndex actual = ui.lstInterno->currentIndex();
+    return actual.isValid() ? actual.siblingAtColumn(flag).data(rolInterno).toString() : QString();
+}
+
+bool FrmInternoNew::Seleccionar(const QString &interno) {
+    if (interno.isEmpty() || modelo_.rowCount() == 0) return false;
+    const auto hallados = modelo_.match(modelo_.index(0, flag), rolInterno, interno, 1,
+                                        Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
+    if (hallados.isEmpty()) return false;
+    ui.lstInterno->setCurrentIndex(hallados.first());
+    return true;
+}
+
+bool FrmInternoNew::Form_KeyDown(const QKeyEvent *tecla) {
+    switch (tecla->key()) {
+        case Qt::Key_Escape:
+            CerrarPantalla<FrmInternoNew>();
+            return true;
+        case Qt::Key_Insert:
+            Crear();
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            // No button of this screen answers to it.
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool FrmInternoNew::lstInterno_KeyDown(const QKeyEvent *tecla) {
+    if (EsEnter(tecla))
+        Ver();
+    else if (tecla->key() == Qt::Key_F6)
+        Copiar();
+    else if (tecla->key() == Qt::Key_Delete)
+        Eliminar();
+    else
+        return false;
+    return true;
+}
+
+bool FrmInternoNew::txtInterno_KeyDown(const QKeyEvent *tecla) {
+    if (!EsEnter(tecla)) return false;
+    BuscarInternos();
+    ui.lstInterno->setFocus();
+    return true;
+}
+
+bool FrmInternoNew::filtro_KeyDown(QLineEdit *campo, QLabel *nombre, const QKeyEvent *tecla) {
+    if (tecla->key() == Qt::Key_F6) {
+        NoDisponible(Contexto());
+        return true;
+    }
+    if (tecla->key() != Qt::Key_Delete) return false;
+    campo->clear();
+    nombre->clear();
+    return true;
+}
+
+void FrmInternoNew::Crear() {
+    const QString clave = NuevoInterno(Contexto());
+    if (clave.isEmpty()) return;
+    ui.txtInterno->setText(clave);
+    BuscarInternos();
+    ui.lstInterno->setFocus();
+}
+
+void FrmInternoNew::Copiar() {
+    const QString interno = InternoSeleccionado();
+    if (interno.isEmpty()) return;
+    const QString copia = CopiarInterno(Contexto(), interno);
+    if (copia.isEmpty()) return;
+    BuscarInternos();
+    Seleccionar(copia);
+}
+
+void FrmInternoNew::Eliminar() {
+    AppContext &ctx = Contexto();
+    const QString interno = InternoSeleccionado();
+    if (interno.isEmpty()) return;
+    const auto anterior = ctx.dialogos.avance;
+    ctx.dialogos.avance = [this, anterior](const Avance &avance) {
+        anterior(avance);
+        if (avance.tipo != Avance::Tipo::Barra) return;
+        ui.Pb->setMaximum(avance.maximo);
+        ui.Pb->setValue(avance.valor);
+        ui.Pb->setVisible(true);
+        ui.Pb->repaint();
+    };
+    const bool eliminado = EliminarInterno(ctx, interno);
+    ctx.dialogos.avance = anterior;
+    ui.Pb->setVisible(false);
+    if (!eliminado) return;
+    std::erase_if(filas_, [&interno](const FilaDeInterno &fila) { return fila.Interno == interno; });
+    const QModelIndex actual = ui.lstInterno->currentIndex();
+    const QModelIndex grupo = actual.parent();
+    modelo_.removeRow(actual.row(), grupo);
+    if (grupo.isValid() && modelo_.rowCount(grupo) == 0) modelo_.removeRow(grupo.row());
+}
+
+void FrmInternoNew::Ver() {
+    const QString interno = InternoSeleccionado();
+    if (!interno.trimmed().isEmpty()) AbrirInterno(interno);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDialog>
+#include <QMenu>
+#include <QStandardItemModel>
+#include <memory>
+#include <vector>
+
+#include "operations/browser.h"
+#include "ui_FrmInternoNew.h"
+
+/// The door to the operations: filters over a grouped grid, from which operations are created, opened, copied
+/// and deleted.
+class FrmInternoNew {
+ public:
+    FrmInternoNew();
+
+    void Mostrar();
+    /// Runs the search of the filters and fills the grid.
+    void BuscarInternos();
+    /// The key of the row in hand; empty on a group row and without a row.
+    QString InternoSeleccionado() const;
+    /// Takes the row in hand to this operation; false when the grid does not show it.
+    bool Seleccionar(const QString &interno);
+
+    Ui::FrmInternoNew ui;
+    std::unique_ptr<QDialog> ventana;
+    std::unique_ptr<QMenu> popup;
+    QAction *MnuInsertar = nullptr, *MnuVer = nullptr, *MnuEliminar = nullptr, *MnuTodo = nullptr,
+            *MnuPendientes = nullptr, *MnuTransferidos = nullptr;
+    QAction *botonCrear = nullptr, *botonCopiar = nullptr, *botonEliminar = nullptr;
+
+ private:
+    void Form_Load();
+    void ArmarMenu();
+    void Conectar();
+    FiltroDeInternos LeerFiltro() const;
+    void Agrupar();
+    bool Form_KeyDown(const QKeyEvent *tecla);
+    bool lstInterno_KeyDown(const QKeyEvent *tecla);
+    bool txtInterno_KeyDown(const QKeyEvent *tecla);
+    bool filtro_KeyDown(QLineEdit *campo, QLabel *nombre, const QKeyEvent *tecla);
+    void Crear();
+    void Copiar();
+    void Eliminar();
+    void Ver();
+
+    QStandardItemModel modelo_;
+    std::vector<FilaDeInterno> filas_;
+};
