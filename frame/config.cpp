@@ -119,7 +119,8 @@ QString ArchivoDelPerfil(const QString &ProfileIniPath) {
 }
 
 QString BuscarArchivoDeConfiguracion(const QString &ProfileIniPath, const QString &carpetaDelPrograma) {
-    if (!ProfileIniPath.isEmpty() && QFile::exists(ArchivoDelPerfil(ProfileIniPath))) return ArchivoDelPerfil(ProfileIniPath);
+    if (!ProfileIniPath.isEmpty() && QFile::exists(ArchivoDelPerfil(ProfileIniPath)))
+        return ArchivoDelPerfil(ProfileIniPath);
     return carpetaDelPrograma + QStringLiteral("ZENDRA.ini");
 }
 

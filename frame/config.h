@@ -44,8 +44,8 @@ struct Opciones {
     bool RestarPerMer = false;
 };
 
-/// The file that goes with a profile: its path with every "ini" (that spelling only) replaced by "cfg", wherever it
-/// stands.
+/// The file that goes with a profile: its path with every "ini" (that spelling only) replaced by "cfg",
+/// wherever it stands.
 QString ArchivoDelPerfil(const QString &ProfileIniPath);
 /// The configuration file for a profile path: its "ini" replaced by "cfg" wherever it stands, when that file
 /// exists; else ZENDRA.ini in `carpetaDelPrograma`.

@@ -22,7 +22,9 @@ AppContext &Contexto() {
     return *actual();
 }
 
-void fijarContexto(AppContext *contexto) { actual() = contexto; }
+void fijarContexto(AppContext *contexto) {
+    actual() = contexto;
+}
 
 bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Recordset &rs) {
     Conexion &conexion = ctx.conexion(entidad);

@@ -31,13 +31,13 @@ struct AppContext {
     Conexion *ConnInternos = nullptr;
     Conexion *ConnCatalogos = nullptr;
     Conexion *ConnSystablas = nullptr;
-    QString TodayInternos;   ///< date literal; not refreshed at midnight
+    QString TodayInternos;  ///< date literal; not refreshed at midnight
     SuffixCheckerClass SuffixChecker;
     QString DateKeyPattern;  ///< "yyyyMMdd"
     QString PcName;          ///< identity in lock rows
     QString NomenclatureDate;
 
-    QString ProgramFolder;   ///< with its closing separator
+    QString ProgramFolder;  ///< with its closing separator
     QString ConfigFilePath;
     QString PathInternos, PathSystablas, PathPersonal, PathNcm, PathUsuario, PathEstados;
     Opciones opciones;
@@ -45,7 +45,7 @@ struct AppContext {
     Dialogos dialogos;
 
     // Shared between the dashboard, the assembly and the review of one operation.
-    QString ChequeoArmado;              ///< the run's result: "SI", "No" or "NO"
+    QString ChequeoArmado;  ///< the run's result: "SI", "No" or "NO"
     bool CalcularCoeficiente = false;
     bool CalcularMulta = false;
     bool CalcularDigitalizacion = false;

@@ -1,6 +1,6 @@
 #pragma once
-// The seam to the user. Modules never open a window: the desktop installs Qt dialogs, the batch program a script
-// of answers, tests a recorder.
+// The seam to the user. Modules never open a window: the desktop installs Qt dialogs, the batch program a
+// script of answers, tests a recorder.
 
 #include <QString>
 #include <QStringList>
@@ -64,11 +64,11 @@ struct Informe {
 struct Avance {
     enum class Tipo { PasoCorriendo, PasoHecho, MostrarPaso, Barra, Etiqueta };
     Tipo tipo = Tipo::Etiqueta;
-    int paso = 0;        ///< for the steps: their index
-    QString control;     ///< for bars and labels: pbSUF, Pb1, lbITM, Label8 …
-    int valor = 0;       ///< for bars
+    int paso = 0;     ///< for the steps: their index
+    QString control;  ///< for bars and labels: pbSUF, Pb1, lbITM, Label8 …
+    int valor = 0;    ///< for bars
     int maximo = 100;
-    QString texto;       ///< for labels
+    QString texto;  ///< for labels
 };
 
 /// The functions the modules talk through. Every one is always callable: the default answers No, nothing and
@@ -104,12 +104,12 @@ struct Dialogos {
 
 /// Sets the hourglass for its own life, so that it is set back on every road.
 class Reloj {
-  public:
+ public:
     explicit Reloj(const Dialogos &dialogos) : dialogos_(dialogos) { dialogos_.reloj(true); }
     ~Reloj() { dialogos_.reloj(false); }
     Reloj(const Reloj &) = delete;
     Reloj &operator=(const Reloj &) = delete;
 
-  private:
+ private:
     const Dialogos &dialogos_;
 };

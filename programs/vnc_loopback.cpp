@@ -1,13 +1,14 @@
 // Preloaded by ./run on a machine without a display: a socket bound to every address is bound to the loopback
-// address instead. Qt's VNC platform offers no choice of address and no password, and the screens show the figures
-// of a broker's clients. Can go when the platform takes an address.
+// address instead. Qt's VNC platform offers no choice of address and no password, and the screens show the
+// figures of a broker's clients. Can go when the platform takes an address.
 #include <dlfcn.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 
 #include <cstring>
 
-extern "C" __attribute__((visibility("default"))) int bind(int descriptor, const sockaddr *address, socklen_t length) {
+extern "C" __attribute__((visibility("default"))) int bind(int descriptor, const sockaddr *address,
+                                                           socklen_t length) {
     using Bind = int (*)(int, const sockaddr *, socklen_t);
     static const Bind siguiente = reinterpret_cast<Bind>(dlsym(RTLD_NEXT, "bind"));
     if (address->sa_family == AF_INET && length >= sizeof(sockaddr_in)) {

@@ -5,7 +5,8 @@
 
 struct AppContext;
 
-/// The keys of a position text: [001] is characters 1 to 10, [002] is 12 to 14, [003] is 15; missing parts empty.
+/// The keys of a position text: [001] is characters 1 to 10, [002] is 12 to 14, [003] is 15; missing parts
+/// empty.
 struct ClavesNcm {
     QString c001;
     QString c002;
@@ -19,9 +20,9 @@ QString ListaDeClavesSim(const QString &posicion);
 /// The licence mark and the stamps mark of a position, as the assembly asks for them.
 struct MarcasNcm {
     bool encontrada = false;
-    bool automotriz = false;   ///< [028] is "*"
-    bool estampillado = false; ///< [041] is "*"
-    bool lapi = false;         ///< [059] is "*"
+    bool automotriz = false;    ///< [028] is "*"
+    bool estampillado = false;  ///< [041] is "*"
+    bool lapi = false;          ///< [059] is "*"
 };
 /// Raises ErrorDeStore.
 MarcasNcm LeerMarcasNcm(AppContext &ctx, const QString &posicion);

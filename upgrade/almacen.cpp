@@ -106,8 +106,8 @@ QString Almacen::nombreDe(const QString &esquema, const QString &tabla) const {
 QString Almacen::tipoDe(Tipo tipo) const {
     switch (tipo) {
         case Tipo::Numero:
-            // NUMERIC keeps 8-byte floats as REAL does, but a whole number that a statement copies into a text column
-            // reads "260" there, as on the server, and not "260.0".
+            // NUMERIC keeps 8-byte floats as REAL does, but a whole number that a statement copies into a
+            // text column reads "260" there, as on the server, and not "260.0".
             return servidor_ ? QStringLiteral("double precision") : QStringLiteral("NUMERIC");
         case Tipo::Fecha:
             return servidor_ ? QStringLiteral("timestamp") : QStringLiteral("TEXT");

@@ -65,7 +65,8 @@ const char *const tablasDeDemostracion[] = {
     "coment",
 };
 
-/// Without the two VAT rates (law 23.349, art. 28) nothing would show VAT. A configuration that is there stays.
+/// Without the two VAT rates (law 23.349, art. 28) nothing would show VAT. A configuration that is there
+/// stays.
 void ponerTasas(const QString &rutaDelPerfil, Resultado &resultado) {
     const QString archivo = ArchivoDelPerfil(rutaDelPerfil);
     if (archivo == rutaDelPerfil || QFile::exists(archivo)) return;

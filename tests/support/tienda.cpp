@@ -13,12 +13,18 @@
 #include "frame/values.h"
 #include "upgrade/upgrade.h"
 
-QString CarpetaDeFuentes() { return QStringLiteral(ZENDRA_FUENTES); }
-QString CarpetaDeConstruccion() { return QStringLiteral(ZENDRA_CONSTRUCCION); }
+QString CarpetaDeFuentes() {
+    return QStringLiteral(ZENDRA_FUENTES);
+}
+QString CarpetaDeConstruccion() {
+    return QStringLiteral(ZENDRA_CONSTRUCCION);
+}
 
 namespace {
 
-[[noreturn]] void fallar(const QString &texto) { throw std::runtime_error(texto.toStdString()); }
+[[noreturn]] void fallar(const QString &texto) {
+    throw std::runtime_error(texto.toStdString());
+}
 
 struct Servidor {
     QString host, usuario;
@@ -27,7 +33,8 @@ struct Servidor {
 
 Servidor servidorDePrueba() {
     Servidor s;
-    const QStringList palabras = qEnvironmentVariable("ZENDRA_PG").split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList palabras =
+        qEnvironmentVariable("ZENDRA_PG").split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString &palabra : palabras) {
         const QString clave = palabra.section(QLatin1Char('='), 0, 0);
         const QString valor = palabra.section(QLatin1Char('='), 1);
@@ -36,8 +43,9 @@ Servidor servidorDePrueba() {
         if (clave == QLatin1String("user")) s.usuario = valor;
     }
     if (s.host.isEmpty())
-        fallar(QStringLiteral("The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
-                              "`scripts/test-server start`, which prints it."));
+        fallar(QStringLiteral(
+            "The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
+            "`scripts/test-server start`, which prints it."));
     return s;
 }
 
@@ -68,32 +76,39 @@ struct Molde {
     ~Molde() {
         if (base.isEmpty()) return;
         try {
-            enServidor(servidorDePrueba(), QStringLiteral("drop database if exists %1 with (force)").arg(base));
+            enServidor(servidorDePrueba(),
+                       QStringLiteral("drop database if exists %1 with (force)").arg(base));
         } catch (const std::exception &) {
             // The server went away first.
         }
     }
 };
 
-QString nombreDeBase() { return QStringLiteral("z_") + QUuid::createUuid().toString(QUuid::Id128); }
+QString nombreDeBase() {
+    return QStringLiteral("z_") + QUuid::createUuid().toString(QUuid::Id128);
+}
 
 void copiar(const QString &de, const QString &a) {
     const QFileInfoList archivos = QDir(de).entryInfoList(QDir::Files);
     for (const QFileInfo &archivo : archivos)
-        if (!QFile::copy(archivo.filePath(), a + QLatin1Char('/') + archivo.fileName())) fallar(QStringLiteral("copy: ") + archivo.filePath());
+        if (!QFile::copy(archivo.filePath(), a + QLatin1Char('/') + archivo.fileName()))
+            fallar(QStringLiteral("copy: ") + archivo.filePath());
 }
 
 bool escribirPerfil(const QString &carpeta, const QString &base, QString &perfil) {
     perfil = carpeta + QStringLiteral("/Prueba.perfil.ini");
     QFile::remove(perfil);
-    if (base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Prueba"), QStringLiteral("."));
+    if (base.isEmpty())
+        return StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Prueba"), QStringLiteral("."));
     const Servidor s = servidorDePrueba();
-    return StoreProfiles::escribirPerfilDeServidor(perfil, QStringLiteral("Prueba"), s.host, s.puerto, base, s.usuario, QStringLiteral("."));
+    return StoreProfiles::escribirPerfilDeServidor(perfil, QStringLiteral("Prueba"), s.host, s.puerto, base,
+                                                   s.usuario, QStringLiteral("."));
 }
 
 Molde &molde(bool servidor, bool conDemostracion) {
     static std::map<std::pair<bool, bool>, std::unique_ptr<Molde>> moldes;
-    // Their bases go while the drivers can still be loaded: once the application object is gone it is too late.
+    // Their bases go while the drivers can still be loaded: once the application object is gone it is too
+    // late.
     static const bool limpieza = [] {
         qAddPostRoutine([] { moldes.clear(); });
         return true;
@@ -108,7 +123,8 @@ Molde &molde(bool servidor, bool conDemostracion) {
     }
     QString perfil;
     if (!escribirPerfil(nuevo->dir.path(), nuevo->base, perfil)) fallar(QStringLiteral("profile"));
-    const auto hecho = conDemostracion ? actualizacion::CargarDemostracion(perfil) : actualizacion::Actualizar(perfil);
+    const auto hecho =
+        conDemostracion ? actualizacion::CargarDemostracion(perfil) : actualizacion::Actualizar(perfil);
     if (!hecho.ok) fallar(hecho.error);
     uno = std::move(nuevo);
     return *uno;
@@ -196,7 +212,9 @@ void EnAmbosStores::TearDown() {
     tienda.reset();
 }
 
-qint64 EnAmbosStores::ejecutar(const QString &sql, const QString &entidad) { return Ejecutar(*ctx, entidad, sql); }
+qint64 EnAmbosStores::ejecutar(const QString &sql, const QString &entidad) {
+    return Ejecutar(*ctx, entidad, sql);
+}
 
 QString EnAmbosStores::valor(const QString &sql, const QString &entidad) {
     Recordset rs;

@@ -22,18 +22,18 @@ struct Registro {
     std::vector<Informe> informes;
     std::vector<PreguntaConOpciones> conOpciones;
     std::vector<Avance> avances;
-    std::deque<bool> respuestas;               ///< consumed by questions; after the last: No
+    std::deque<bool> respuestas;                ///< consumed by questions; after the last: No
     std::deque<std::optional<QString>> textos;  ///< consumed by input boxes; after the last: cancel
     std::deque<RespuestaConOpciones> opciones;
 };
 /// Dialogs that write into `registro` and answer from it.
 Dialogos DialogosDePrueba(Registro &registro);
 
-/// A profile on its own empty stores at the present version: SQLite files in a temporary folder ("ACCESS"), or a
-/// database of the test server named by ZENDRA_PG ("SQL"; key=value words host, port, user). A missing server fails
-/// the test with a sentence that says how to start one.
+/// A profile on its own empty stores at the present version: SQLite files in a temporary folder ("ACCESS"),
+/// or a database of the test server named by ZENDRA_PG ("SQL"; key=value words host, port, user). A missing
+/// server fails the test with a sentence that says how to start one.
 class Tienda {
-  public:
+ public:
     explicit Tienda(const QString &etiqueta, bool conDemostracion = false);
     ~Tienda();
     const QString &perfil() const { return perfil_; }
@@ -42,14 +42,14 @@ class Tienda {
     /// A context on these stores, with the recorder's dialogs and a settings area of its own.
     std::unique_ptr<AppContext> contexto(Registro &registro) const;
 
-  private:
+ private:
     QTemporaryDir dir_;
     QString carpeta_, perfil_, base_;
 };
 
 /// Base of tests that run on both stores: TEST_P over EnAmbos.
 class EnAmbosStores : public ::testing::TestWithParam<const char *> {
-  protected:
+ protected:
     void SetUp() override;
     void TearDown() override;
     /// Sends a statement to INTERNOS, or to another entity; rows touched.
@@ -64,6 +64,7 @@ class EnAmbosStores : public ::testing::TestWithParam<const char *> {
     Registro registro;
     std::unique_ptr<AppContext> ctx;
 };
-#define EN_AMBOS_STORES(Fixture)                                                        \
-    INSTANTIATE_TEST_SUITE_P(Stores, Fixture, ::testing::Values("ACCESS", "SQL"),       \
-                             [](const ::testing::TestParamInfo<const char *> &caso) { return std::string(caso.param); })
+#define EN_AMBOS_STORES(Fixture)                             \
+    INSTANTIATE_TEST_SUITE_P(                                \
+        Stores, Fixture, ::testing::Values("ACCESS", "SQL"), \
+        [](const ::testing::TestParamInfo<const char *> &caso) { return std::string(caso.param); })

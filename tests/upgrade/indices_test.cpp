@@ -149,11 +149,12 @@ TEST_P(Indices, TheLinkBackFindsTheLinesOfAGroupByAnIndex) {
 
 TEST_P(Indices, ALineThatAGroupNamesIsFoundByItsIdentity) {
     // A walk over all lines of the operation for each of its items would grow with their product.
-    const QString p = plan({"INTERNOS",
-                            "select a.idarticulo from subitems as a where interno = 'A' and id in (select idsub "
-                            "from groupsubitems where interno = 'A' and [id]= 3)"});
-    const QString indice =
-        esServidor() ? QStringLiteral("ix_subitems_interno_id_numero") : QStringLiteral("ix_subitems_interno_id (");
+    const QString p =
+        plan({"INTERNOS",
+              "select a.idarticulo from subitems as a where interno = 'A' and id in (select idsub "
+              "from groupsubitems where interno = 'A' and [id]= 3)"});
+    const QString indice = esServidor() ? QStringLiteral("ix_subitems_interno_id_numero")
+                                        : QStringLiteral("ix_subitems_interno_id (");
     EXPECT_TRUE(p.contains(indice)) << p.toStdString();
 }
 
