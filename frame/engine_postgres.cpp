@@ -50,7 +50,8 @@ void comprobarQueEsUna(const QString &sql) {
         if (!t[i].es(u';')) continue;
         const std::size_t sigue = dialecto::significativo(t, i + 1);
         if (sigue < t.size() && !t[sigue].es(u';'))
-            throw ErrorDeStore{0, {}, QStringLiteral("ERROR:  syntax error at or near \"%1\"").arg(t[sigue].vista), {}};
+            throw ErrorDeStore{
+                0, {}, QStringLiteral("ERROR:  syntax error at or near \"%1\"").arg(t[sigue].vista), {}};
     }
 }
 
@@ -68,14 +69,16 @@ QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) 
     db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
     if (!db.open()) {
         const QString motivo = error(db.lastError()).descripcion.simplified();
-        throw ErrorDeStore{-1,
-                           {},
-                           QStringLiteral("No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); verifique que el servidor "
-                                          "esté encendido y los datos del perfil.")
-                               .arg(datos.base, datos.host)
-                               .arg(datos.puerto)
-                               .arg(motivo),
-                           {}};
+        throw ErrorDeStore{
+            -1,
+            {},
+            QStringLiteral(
+                "No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); verifique que el servidor "
+                "esté encendido y los datos del perfil.")
+                .arg(datos.base, datos.host)
+                .arg(datos.puerto)
+                .arg(motivo),
+            {}};
     }
     QStringList camino{QLatin1Char('"') + datos.esquema + QLatin1Char('"')};
     for (const auto &vecino : datos.vecinos) camino << QLatin1Char('"') + vecino.second + QLatin1Char('"');
@@ -89,8 +92,9 @@ QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) 
 
 qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     comprobarQueEsUna(sql);
+    // Not forward-only: row by row the driver would tell a failure of a later row only at the end of the
+    // walk.
     QSqlQuery consulta(db);
-    consulta.setForwardOnly(true);
     if (!consulta.exec(sql)) throw error(consulta.lastError());
     if (!consulta.isSelect()) return std::max(0, consulta.numRowsAffected());
     const int columnas = consulta.record().count();
@@ -110,18 +114,26 @@ qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas
 QSet<QString> tablasOrdenadasDeServidor(const QSqlDatabase &db) {
     QSet<QString> tablas;
     Filas filas;
-    correrEnServidor(db,
-                     QStringLiteral("select distinct c.relname::text from pg_catalog.pg_attribute a join pg_catalog.pg_class c on "
-                                    "c.oid = a.attrelid where a.attname = 'zfila' and c.relkind = 'r' and not a.attisdropped"),
-                     &filas);
+    correrEnServidor(
+        db,
+        QStringLiteral(
+            "select distinct c.relname::text from pg_catalog.pg_attribute a join pg_catalog.pg_class c on "
+            "c.oid = a.attrelid where a.attname = 'zfila' and c.relkind = 'r' and not a.attisdropped"),
+        &filas);
     for (const QVariant &nombre : filas.celdas) tablas.insert(nombre.toString());
     return tablas;
 }
 
 void escrituraLigeraEnServidor(const QSqlDatabase &db, bool activa) {
-    correrEnServidor(db, QStringLiteral("set synchronous_commit to %1").arg(activa ? QStringLiteral("off") : QStringLiteral("on")), nullptr);
-    // A commit that waits takes everything before it to the disk.
-    if (!activa) correrEnServidor(db, QStringLiteral("select pg_catalog.pg_current_xact_id()"), nullptr);
+    correrEnServidor(db,
+                     QStringLiteral("set synchronous_commit to %1")
+                         .arg(activa ? QStringLiteral("off") : QStringLiteral("on")),
+                     nullptr);
+    // A commit that waits takes everything before it to the disk; it waits only when it has written something
+    // itself.
+    if (!activa)
+        correrEnServidor(db, QStringLiteral("select pg_catalog.pg_logical_emit_message(true, 'zendra', '')"),
+                         nullptr);
 }
 
 }  // namespace motores

@@ -1,5 +1,5 @@
-// Qt opens the file and keeps the handle; statements go through SQLite's own interface on that handle. A run of ten
-// thousand short statements would otherwise spend a third of its time between the two.
+// Qt opens the file and keeps the handle; statements go through SQLite's own interface on that handle. A run
+// of ten thousand short statements would otherwise spend a third of its time between the two.
 #include <sqlite3.h>
 
 #include <QFileInfo>
@@ -24,7 +24,8 @@ ErrorDeStore error(sqlite3 *motor) {
 }
 
 void mandar(sqlite3 *motor, const QString &sql) {
-    if (sqlite3_exec(motor, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK) throw error(motor);
+    if (sqlite3_exec(motor, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw error(motor);
 }
 
 QString enUri(const QString &archivo) {
@@ -33,7 +34,7 @@ QString enUri(const QString &archivo) {
 
 /// Closes the statement on every road.
 class Sentencia {
-  public:
+ public:
     Sentencia(sqlite3 *motor, const char *sql, int largo, const char **resto) {
         if (sqlite3_prepare_v2(motor, sql, largo, &sentencia_, resto) != SQLITE_OK) throw error(motor);
     }
@@ -42,7 +43,7 @@ class Sentencia {
     Sentencia &operator=(const Sentencia &) = delete;
     sqlite3_stmt *operator*() const { return sentencia_; }
 
-  private:
+ private:
     sqlite3_stmt *sentencia_ = nullptr;
 };
 
@@ -60,20 +61,29 @@ QVariant celda(sqlite3_stmt *s, int columna) {
             return bytes == 0 ? vacio : QString::fromUtf8(texto, bytes);
         }
         case SQLITE_BLOB:
-            return QByteArray(static_cast<const char *>(sqlite3_column_blob(s, columna)), sqlite3_column_bytes(s, columna));
+            return QByteArray(static_cast<const char *>(sqlite3_column_blob(s, columna)),
+                              sqlite3_column_bytes(s, columna));
         default:
             return {};
     }
 }
 
-[[noreturn]] void rechazar(const QString &descripcion) { throw ErrorDeStore{SQLITE_CANTOPEN, {}, descripcion, {}}; }
+[[noreturn]] void rechazar(const QString &descripcion) {
+    throw ErrorDeStore{SQLITE_CANTOPEN, {}, descripcion, {}};
+}
 
 void comprobarArchivo(const QString &archivo) {
     const QFileInfo info(archivo);
     if (!info.exists())
-        rechazar(QStringLiteral("No existe el archivo %1 que nombra el perfil; corrija el perfil o créelo con DbUpgrade3.").arg(archivo));
-    if (!info.isFile() || !info.isReadable())
-        rechazar(QStringLiteral("No se puede leer el archivo %1; revise sus permisos o corrija el perfil.").arg(archivo));
+        rechazar(
+            QStringLiteral(
+                "No existe el archivo %1 que nombra el perfil; corrija el perfil o créelo con DbUpgrade3.")
+                .arg(archivo));
+    if (!info.isFile()) rechazar(QStringLiteral("%1 no es un archivo; corrija el perfil.").arg(archivo));
+    if (!info.isReadable() || !info.isWritable())
+        rechazar(QStringLiteral(
+                     "No se puede leer y escribir en el archivo %1; revise sus permisos o corrija el perfil.")
+                     .arg(archivo));
 }
 
 }  // namespace
@@ -84,27 +94,36 @@ QSqlDatabase abrirArchivo(const Conexion::Datos &datos, const QString &nombre) {
     db.setDatabaseName(enUri(datos.archivo));
     db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=10000"));
     if (!db.open())
-        rechazar(QStringLiteral("No se puede abrir el archivo %1 (%2); revise sus permisos o corrija el perfil.")
-                     .arg(datos.archivo, db.lastError().databaseText()));
+        rechazar(
+            QStringLiteral("No se puede abrir el archivo %1 (%2); revise sus permisos o corrija el perfil.")
+                .arg(datos.archivo, db.lastError().databaseText()));
     sqlite3 *motor = mango(db);
     sqlite::registrar(motor);
+    // A name that no table has is a mistake, as on the server, and no text.
+    sqlite3_db_config(motor, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(motor, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     try {
-        mandar(motor, QStringLiteral("PRAGMA temp_store=MEMORY; PRAGMA cache_size=-65536; PRAGMA main.journal_mode=WAL; "
-                                     "PRAGMA main.synchronous=FULL; PRAGMA wal_autocheckpoint=4000"));
+        mandar(motor, QStringLiteral(
+                          "PRAGMA temp_store=MEMORY; PRAGMA cache_size=-65536; PRAGMA main.journal_mode=WAL; "
+                          "PRAGMA main.synchronous=FULL; PRAGMA wal_autocheckpoint=4000"));
         // A look inside: a file that is no store of ours says so here, and not in the middle of the work.
         mandar(motor, QStringLiteral("select count(*) from main.sqlite_master"));
     } catch (const ErrorDeStore &e) {
-        rechazar(QStringLiteral("El archivo %1 no es un store legible (%2); repóngalo de una copia de seguridad o corrija el perfil.")
+        rechazar(QStringLiteral("El archivo %1 no es un store legible (%2); repóngalo de una copia de "
+                                "seguridad o corrija el perfil.")
                      .arg(datos.archivo, e.descripcion));
     }
     for (const auto &[entidad, archivo] : datos.vecinos) {
         // A neighbour that is not there is told when its own connection is asked for.
         if (!QFileInfo::exists(archivo)) continue;
         try {
-            mandar(motor, QStringLiteral("ATTACH '%1' AS %2; PRAGMA %2.journal_mode=WAL; PRAGMA %2.synchronous=FULL")
-                              .arg(enUri(archivo).replace(QLatin1Char('\''), QLatin1String("''")), entidad.toLower()));
+            mandar(
+                motor,
+                QStringLiteral("ATTACH '%1' AS %2; PRAGMA %2.journal_mode=WAL; PRAGMA %2.synchronous=FULL")
+                    .arg(enUri(archivo).replace(QLatin1Char('\''), QLatin1String("''")), entidad.toLower()));
         } catch (const ErrorDeStore &e) {
-            rechazar(QStringLiteral("El archivo %1 no es un store legible (%2); repóngalo de una copia de seguridad o corrija el "
+            rechazar(QStringLiteral("El archivo %1 no es un store legible (%2); repóngalo de una copia de "
+                                    "seguridad o corrija el "
                                     "perfil.")
                          .arg(archivo, e.descripcion));
         }
@@ -122,13 +141,18 @@ qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas)
     // One statement a text: what a broken key smuggles in behind a semicolon is not run.
     for (const char *c = resto; c != nullptr && *c != '\0'; ++c)
         if (*c != ' ' && *c != ';' && *c != '\n' && *c != '\r' && *c != '\t')
-            throw ErrorDeStore{SQLITE_ERROR, {}, QStringLiteral("near \"%1\": syntax error").arg(QString::fromUtf8(c).left(20)), {}};
+            throw ErrorDeStore{SQLITE_ERROR,
+                               {},
+                               QStringLiteral("near \"%1\": syntax error").arg(QString::fromUtf8(c).left(20)),
+                               {}};
 
     const int columnas = sqlite3_column_count(s);
     if (filas != nullptr) {
         filas->nombres.reserve(static_cast<std::size_t>(columnas));
-        for (int c = 0; c < columnas; ++c) filas->nombres.push_back(QString::fromUtf8(sqlite3_column_name(s, c)));
+        for (int c = 0; c < columnas; ++c)
+            filas->nombres.push_back(QString::fromUtf8(sqlite3_column_name(s, c)));
     }
+    const qint64 antes = sqlite3_total_changes64(motor);
     qint64 leidas = 0;
     int paso = SQLITE_ROW;
     while ((paso = sqlite3_step(s)) == SQLITE_ROW) {
@@ -138,30 +162,35 @@ qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas)
     }
     if (paso != SQLITE_DONE) throw error(motor);
     if (columnas > 0) return leidas;
-    return sqlite3_stmt_readonly(s) != 0 ? 0 : sqlite3_changes64(motor);
+    // A command that touches no row leaves the count of the one before it standing.
+    return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
 void escrituraLigeraEnArchivo(const QSqlDatabase &db, bool activa) {
     sqlite3 *motor = mango(db);
-    const QString palabra = activa ? QStringLiteral("OFF") : QStringLiteral("FULL");
-    const Sentencia lista(motor, "select name from pragma_database_list where name <> 'temp'", -1, nullptr);
-    QString sql;
-    while (sqlite3_step(*lista) == SQLITE_ROW)
-        sql += QStringLiteral("PRAGMA %1.synchronous=%2; ")
-                   .arg(QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(*lista, 0))), palabra);
-    mandar(motor, sql);
-    // Back to full: the log goes to the disk and into the file before the run counts as done. A reader elsewhere may
-    // keep part of it in the log, which is synced all the same.
-    if (!activa) mandar(motor, QStringLiteral("PRAGMA main.wal_checkpoint(PASSIVE)"));
+    // NORMAL, not OFF: the log is synced ahead of each checkpoint, so that a power cut loses the latest rows
+    // of the run but never breaks the file.
+    mandar(motor, activa ? QStringLiteral("PRAGMA main.synchronous=NORMAL")
+                         : QStringLiteral("PRAGMA main.synchronous=FULL"));
+    if (activa) return;
+    // A commit that waits takes the whole log to the disk. Writing a number over itself is the smallest one.
+    const Sentencia marca(motor, "PRAGMA main.user_version", -1, nullptr);
+    const int version = sqlite3_step(*marca) == SQLITE_ROW ? sqlite3_column_int(*marca, 0) : 0;
+    sqlite3_reset(*marca);
+    mandar(motor, QStringLiteral("PRAGMA main.user_version=%1").arg(version));
 }
 
 QSet<QString> tablasOrdenadasDeArchivo(const QSqlDatabase &db) {
     QSet<QString> tablas;
     Filas esquemas;
-    correrEnArchivo(db, QStringLiteral("select name from pragma_database_list where name <> 'temp'"), &esquemas);
+    correrEnArchivo(db, QStringLiteral("select name from pragma_database_list where name <> 'temp'"),
+                    &esquemas);
     for (const QVariant &esquema : esquemas.celdas) {
         Filas filas;
-        correrEnArchivo(db, QStringLiteral("select lower(name) from %1.sqlite_master where type = 'table'").arg(esquema.toString()), &filas);
+        correrEnArchivo(db,
+                        QStringLiteral("select lower(name) from %1.sqlite_master where type = 'table'")
+                            .arg(esquema.toString()),
+                        &filas);
         for (const QVariant &nombre : filas.celdas) tablas.insert(nombre.toString());
     }
     return tablas;

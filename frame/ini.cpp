@@ -9,10 +9,14 @@ namespace {
 
 constexpr qsizetype largoDeValor = 750;
 
-/// The file's lines without their ends; UTF-8, or the western single-byte code page of older files.
-QStringList leerLineas(const QString &archivo) {
+/// The file's lines without their ends; UTF-8, or the western single-byte code page of older files. `legible`
+/// tells a file that is there but cannot be read from one that is missing.
+QStringList leerLineas(const QString &archivo, bool *legible = nullptr) {
     QFile f(archivo);
-    if (!f.open(QIODevice::ReadOnly)) return {};
+    if (!f.open(QIODevice::ReadOnly)) {
+        if (legible != nullptr) *legible = !QFile::exists(archivo);
+        return {};
+    }
     QByteArray bytes = f.readAll();
     if (bytes.startsWith("\xEF\xBB\xBF")) bytes.remove(0, 3);
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
@@ -65,8 +69,9 @@ QString LeerIni(const QString &seccion, const QString &clave, const QString &arc
     for (qsizetype i = desde; i < hasta; ++i) {
         if (!esClave(lineas[i], clave)) continue;
         QString valor = lineas[i].mid(lineas[i].indexOf(QLatin1Char('=')) + 1).trimmed();
-        const bool entreComillas = valor.size() >= 2 && (valor.front() == QLatin1Char('"') || valor.front() == QLatin1Char('\'')) &&
-                                   valor.back() == valor.front();
+        const bool entreComillas =
+            valor.size() >= 2 && (valor.front() == QLatin1Char('"') || valor.front() == QLatin1Char('\'')) &&
+            valor.back() == valor.front();
         if (entreComillas) valor = valor.mid(1, valor.size() - 2);
         return valor.left(largoDeValor);
     }
@@ -74,8 +79,13 @@ QString LeerIni(const QString &seccion, const QString &clave, const QString &arc
 }
 
 bool EscribirIni(const QString &seccion, const QString &clave, const QString &valor, const QString &archivo) {
-    QStringList lineas = leerLineas(archivo);
-    const QString linea = clave.toUpper() + QLatin1Char('=') + valor;
+    bool legible = true;
+    QStringList lineas = leerLineas(archivo, &legible);
+    // Writing over what could not be read would lose it.
+    if (!legible) return false;
+    QString linea = clave.toUpper() + QLatin1Char('=') + valor;
+    // One key is one line.
+    linea.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
     qsizetype desde = 0;
     qsizetype hasta = 0;
     if (buscarSeccion(lineas, seccion, desde, hasta)) {
@@ -97,7 +107,7 @@ bool EscribirIni(const QString &seccion, const QString &clave, const QString &va
 }
 
 QString TerminarEnBarra(const QString &ruta) {
-    if (ruta.endsWith(QLatin1Char('\\')) || (QLatin1Char('/') != QLatin1Char('\\') && ruta.endsWith(QLatin1Char('/')))) return ruta;
+    if (ruta.endsWith(QLatin1Char('\\')) || ruta.endsWith(QLatin1Char('/'))) return ruta;
     // A path of this platform keeps its own separator; anything else takes the classic one.
     return ruta + (ruta.contains(QLatin1Char('/')) ? QLatin1Char('/') : QLatin1Char('\\'));
 }

@@ -1,6 +1,7 @@
 #include "frame/numbers.h"
 
 #include <QLocale>
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -27,8 +28,8 @@ struct Digitos {
 Digitos quinceDigitos(double positivo) {
     // "d.dddddddddddddde±xx"
     std::array<char, 32> texto{};
-    const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), positivo,
-                                   std::chars_format::scientific, 14);
+    const auto fin =
+        std::to_chars(texto.data(), texto.data() + texto.size(), positivo, std::chars_format::scientific, 14);
     Digitos d;
     d.cifra[0] = texto[0];
     for (std::size_t i = 1; i < d.cifra.size(); ++i) d.cifra[i] = texto[i + 1];
@@ -40,12 +41,13 @@ Digitos quinceDigitos(double positivo) {
     return d;
 }
 
-/// The decimal digits of `positivo` rounded to `decimales`, as one whole text without point; at least
-/// `decimales` + 1 digits.
+/// The decimal digits of `positivo` rounded to `decimales` (below zero: to tens, hundreds …), as one whole
+/// text without point; at least `decimales` + 1 digits.
 QByteArray redondeadoComoEntero(double positivo, int decimales) {
     const Digitos d = quinceDigitos(positivo);
     const int quedan = d.exponente + decimales;  // how many of the digits stay
-    if (quedan < 0) return QByteArray(decimales + 1, '0');
+    const int minimo = std::max(decimales + 1, 1);
+    if (quedan < 0) return QByteArray(minimo, '0');
     QByteArray entero;
     entero.reserve(quedan + 1);
     for (int i = 0; i < quedan; ++i) entero.append(i < 15 ? d.cifra[static_cast<std::size_t>(i)] : '0');
@@ -57,12 +59,12 @@ QByteArray redondeadoComoEntero(double positivo, int decimales) {
         else
             entero.prepend('1');
     }
-    if (entero.size() < decimales + 1) entero.prepend(QByteArray(decimales + 1 - entero.size(), '0'));
+    if (entero.size() < minimo) entero.prepend(QByteArray(minimo - entero.size(), '0'));
     return entero;
 }
 
-/// True with the cents in `entero` when plain arithmetic is certain to agree with the digits: far enough from a
-/// half, and small enough for a double to hold the product exactly enough.
+/// True with the cents in `entero` when plain arithmetic is certain to agree with the digits: far enough from
+/// a half, and small enough for a double to hold the product exactly enough.
 bool porAritmetica(double positivo, int decimales, double &entero) {
     static constexpr std::array<double, 7> potencias{1, 10, 100, 1e3, 1e4, 1e5, 1e6};
     if (decimales < 0 || decimales >= static_cast<int>(potencias.size()) || positivo >= 1e8) return false;
@@ -76,22 +78,30 @@ bool porAritmetica(double positivo, int decimales, double &entero) {
 
 }  // namespace
 
-QChar separadorDecimal() { return separador(); }
-void fijarSeparadorDecimal(QChar nuevo) { separador() = nuevo; }
+QChar separadorDecimal() {
+    return separador();
+}
+void fijarSeparadorDecimal(QChar nuevo) {
+    separador() = nuevo;
+}
 
 double redondear(double valor, int decimales) {
-    if (!std::isfinite(valor) || valor == 0) return valor == 0 ? 0 : valor;
+    if (!std::isfinite(valor)) return valor;
+    if (valor == 0) return 0;
     const double positivo = std::fabs(valor);
     double resultado = 0;
     double entero = 0;
     if (porAritmetica(positivo, decimales, entero)) {
         static constexpr std::array<double, 7> potencias{1, 10, 100, 1e3, 1e4, 1e5, 1e6};
-        // The quotient of two exact numbers is the double nearest to the decimal, as reading its text would be.
+        // The quotient of two exact numbers is the double nearest to the decimal, as reading its text would
+        // be.
         resultado = entero / potencias[static_cast<std::size_t>(decimales)];
     } else {
-        QByteArray texto = redondeadoComoEntero(positivo, decimales);
-        texto.insert(texto.size() - decimales, '.');
-        std::from_chars(texto.constData(), texto.constData() + texto.size(), resultado);
+        // Behind the fifteenth digit there is nothing to round, however many places are asked for.
+        const int lugares = std::min(decimales, 15 - quinceDigitos(positivo).exponente);
+        const QByteArray texto = redondeadoComoEntero(positivo, lugares) + 'e' + QByteArray::number(-lugares);
+        // The fifteen digits of the very largest doubles lie beyond them.
+        if (std::from_chars(texto.constData(), texto.constData() + texto.size(), resultado).ec != std::errc()) return valor;
     }
     if (resultado == 0) return 0;
     return valor < 0 ? -resultado : resultado;
@@ -101,9 +111,13 @@ QString Format(double valor, QStringView mascara) {
     const qsizetype punto = mascara.indexOf(QLatin1Char('.'));
     const int decimales = punto < 0 ? 0 : static_cast<int>(mascara.size() - punto - 1);
     const int enteros = static_cast<int>(punto < 0 ? mascara.size() : punto);
-    if (!std::isfinite(valor)) return std::isnan(valor) ? QStringLiteral("NaN") : (valor < 0 ? QStringLiteral("-∞") : QStringLiteral("∞"));
-    QByteArray cifras = valor == 0 ? QByteArray(decimales + 1, '0') : redondeadoComoEntero(std::fabs(valor), decimales);
-    if (cifras.size() < enteros + decimales) cifras.prepend(QByteArray(enteros + decimales - cifras.size(), '0'));
+    // No amount of a declaration gets here; what is shown is the platform's word for it.
+    if (std::isnan(valor)) return QStringLiteral("NaN");
+    if (std::isinf(valor)) return valor < 0 ? QStringLiteral("-∞") : QStringLiteral("∞");
+    QByteArray cifras =
+        valor == 0 ? QByteArray(decimales + 1, '0') : redondeadoComoEntero(std::fabs(valor), decimales);
+    if (cifras.size() < enteros + decimales)
+        cifras.prepend(QByteArray(enteros + decimales - cifras.size(), '0'));
     const bool negativo = valor < 0 && cifras.count('0') != cifras.size();
     QString texto;
     texto.reserve(cifras.size() + 2);
@@ -167,19 +181,28 @@ QString aTexto(double valor) {
     if (valor == 0) return QStringLiteral("0");
     if (std::fabs(valor) < 1e15 && std::fabs(valor) >= 1e-5) {
         std::array<char, 32> texto{};
-        const auto fin = std::to_chars(texto.data(), texto.data() + texto.size(), valor, std::chars_format::general, 15);
+        const auto fin =
+            std::to_chars(texto.data(), texto.data() + texto.size(), valor, std::chars_format::general, 15);
         const QByteArrayView vista(texto.data(), fin.ptr - texto.data());
         if (!vista.contains('e')) return QString::fromLatin1(vista);
     }
+    if (!std::isfinite(valor)) return QString::number(valor);
     // Without exponent, so that the text stands in a statement as a plain number.
-    QString texto = QString::number(valor, 'f', std::fabs(valor) >= 1 ? 0 : 20);
-    if (texto.contains(QLatin1Char('.'))) {
-        while (texto.endsWith(QLatin1Char('0'))) texto.chop(1);
-        if (texto.endsWith(QLatin1Char('.'))) texto.chop(1);
-    }
-    return texto;
+    const Digitos d = quinceDigitos(std::fabs(valor));
+    QByteArray cifras(d.cifra.data(), d.cifra.size());
+    while (cifras.size() > 1 && cifras.endsWith('0')) cifras.chop(1);
+    if (d.exponente <= 0)
+        cifras.prepend("0." + QByteArray(-d.exponente, '0'));
+    else if (cifras.size() < d.exponente)
+        cifras.append(QByteArray(d.exponente - cifras.size(), '0'));
+    else if (cifras.size() > d.exponente)
+        cifras.insert(d.exponente, '.');
+    if (valor < 0) cifras.prepend('-');
+    return QString::fromLatin1(cifras);
 }
 
-double PorcentajeRedondeado(double a, double b) { return redondear(a * b / 100, 2); }
+double PorcentajeRedondeado(double a, double b) {
+    return redondear(a * b / 100, 2);
+}
 
 }  // namespace numeros

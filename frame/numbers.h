@@ -12,7 +12,8 @@ void fijarSeparadorDecimal(QChar separador);
 
 /// `valor` rounded to `decimales` places, halves away from zero, judged on its rendering with 15 significant
 /// decimal digits: 1.005 is 1.01 although its binary value lies below. Never answers negative zero.
-/// The same rule stands in the stores as ROUND; one table of cases tests all three.
+/// `decimales` below zero rounds to tens, hundreds and so on. The same rule stands in the stores as ROUND;
+/// one table of cases tests all three.
 double redondear(double valor, int decimales);
 
 /// `valor` through a mask such as "00.00", "000.000000", "00" or "0000": rounded by redondear to the mask's
@@ -24,14 +25,15 @@ QString Format(double valor, QStringView mascara);
 /// as the platform's own format does.
 QString Format(const QString &texto, QStringView mascara);
 
-/// True for a text that reads as one number: optional sign, digits, at most one "." or ",", optional exponent,
-/// blanks around allowed. False for empty text. The store's ISNUMERIC is the same rule.
+/// True for a text that reads as one number: optional sign, digits, at most one "." or ",", optional
+/// exponent, blanks around allowed. False for empty text. The store's ISNUMERIC is the same rule.
 bool esNumerico(QStringView texto);
 
 /// The number a text says, in either separator; 0 when it says none.
 double aNumero(QStringView texto);
 
-/// The shortest usual text of a number, with "." ("1", "12.5", "0.1"): at most 15 significant digits.
+/// The shortest usual text of a number, with "." ("1", "12.5", "0.1") and never an exponent: at most 15
+/// significant digits. What is no number ("nan") stands for an engine to refuse.
 QString aTexto(double valor);
 
 /// `a` times `b` divided by 100, through the mask "00.00" and back: an amount, rounded to the cent.

@@ -16,17 +16,21 @@ namespace {
 constexpr int deterministica = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
 bool esAscii(const char *texto, int largo) {
-    return std::none_of(texto, texto + largo, [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
+    return std::none_of(texto, texto + largo,
+                        [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
 }
 
-int minusculaAscii(char c) { return c >= 'A' && c <= 'Z' ? c + 32 : static_cast<unsigned char>(c); }
+int minusculaAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? c + 32 : static_cast<unsigned char>(c);
+}
 
 int cotejo(void *, int largoA, const void *a, int largoB, const void *b) {
     return comparar(static_cast<const char *>(a), largoA, static_cast<const char *>(b), largoB);
 }
 
 QString texto(sqlite3_value *valor) {
-    return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_value_text(valor)), sqlite3_value_bytes(valor));
+    return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_value_text(valor)),
+                             sqlite3_value_bytes(valor));
 }
 
 void responder(sqlite3_context *contexto, const QString &respuesta) {
@@ -35,7 +39,8 @@ void responder(sqlite3_context *contexto, const QString &respuesta) {
 }
 
 bool algunNulo(int cuantos, sqlite3_value **valores) {
-    return std::any_of(valores, valores + cuantos, [](sqlite3_value *v) { return sqlite3_value_type(v) == SQLITE_NULL; });
+    return std::any_of(valores, valores + cuantos,
+                       [](sqlite3_value *v) { return sqlite3_value_type(v) == SQLITE_NULL; });
 }
 
 void fRound(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
@@ -70,42 +75,71 @@ void fDivisor(sqlite3_context *contexto, int, sqlite3_value **valores) {
         sqlite3_result_double(contexto, divisor);
 }
 
+/// Where in `t` the character number `caracter` (from 0) begins; its size when it has no such character.
+/// Characters beyond the basic plane are two units of a QString.
+qsizetype unidadDe(const QString &t, qint64 caracter) {
+    qsizetype i = 0;
+    for (; caracter > 0 && i < t.size(); --caracter) i += t[i].isHighSurrogate() && i + 1 < t.size() ? 2 : 1;
+    return i;
+}
+
+qint64 caracteres(QStringView t) {
+    return t.size() - std::count_if(t.begin(), t.end(), [](QChar c) { return c.isLowSurrogate(); });
+}
+
+QString cortar(const QString &t, qint64 desde, qint64 hasta) {
+    const qsizetype primero = unidadDe(t, std::max<qint64>(0, desde));
+    return hasta <= desde ? QString() : t.mid(primero, unidadDe(t, hasta) - primero);
+}
+
+/// A length below zero counts from the other end, as on the server.
 void fLeft(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
-    if (!algunNulo(cuantos, valores)) responder(contexto, texto(valores[0]).left(std::max(0, sqlite3_value_int(valores[1]))));
+    if (algunNulo(cuantos, valores)) return;
+    const QString t = texto(valores[0]);
+    const qint64 largo = sqlite3_value_int64(valores[1]);
+    responder(contexto, cortar(t, 0, largo < 0 ? caracteres(t) + largo : largo));
 }
 
 void fRight(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
-    if (!algunNulo(cuantos, valores)) responder(contexto, texto(valores[0]).right(std::max(0, sqlite3_value_int(valores[1]))));
+    if (algunNulo(cuantos, valores)) return;
+    const QString t = texto(valores[0]);
+    const qint64 todos = caracteres(t);
+    const qint64 largo = sqlite3_value_int64(valores[1]);
+    responder(contexto, cortar(t, std::max<qint64>(0, largo < 0 ? -largo : todos - largo), todos));
 }
 
 void fSubstring(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
     if (algunNulo(cuantos, valores)) return;
     // A start before the first character eats into the length, as on the server.
     const qint64 desde = sqlite3_value_int64(valores[1]) - 1;
-    const qint64 hasta = desde + std::max<qint64>(0, sqlite3_value_int64(valores[2]));
-    const qint64 primero = std::max<qint64>(0, desde);
-    responder(contexto, hasta <= primero ? QString() : texto(valores[0]).mid(primero, hasta - primero));
+    const qint64 largo = sqlite3_value_int64(valores[2]);
+    if (largo < 0) return sqlite3_result_error(contexto, "negative substring length not allowed", -1);
+    responder(contexto, cortar(texto(valores[0]), std::max<qint64>(0, desde), desde + largo));
 }
 
 void fLen(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
-    if (!algunNulo(cuantos, valores)) sqlite3_result_int64(contexto, texto(valores[0]).size());
+    if (!algunNulo(cuantos, valores)) sqlite3_result_int64(contexto, caracteres(texto(valores[0])));
 }
 
 void fCharindex(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
-    if (!algunNulo(cuantos, valores))
-        sqlite3_result_int64(contexto, texto(valores[1]).indexOf(texto(valores[0]), 0, Qt::CaseInsensitive) + 1);
+    if (algunNulo(cuantos, valores)) return;
+    const QString donde = texto(valores[1]).toLower();
+    const qsizetype en = donde.indexOf(texto(valores[0]).toLower());
+    sqlite3_result_int64(contexto, en < 0 ? 0 : caracteres(QStringView(donde).left(en)) + 1);
 }
 
-/// LIKE without an escape character. Both texts are lower case already, or ASCII.
-template <typename C>
-bool encaja(const C *patron, const C *finPatron, const C *t, const C *fin) {
-    const C *vuelta = nullptr;
-    const C *desde = nullptr;
+/// LIKE without an escape character. Both texts are lower case already.
+bool encaja(const char16_t *patron, const char16_t *finPatron, const char16_t *t, const char16_t *fin) {
+    const char16_t *vuelta = nullptr;
+    const char16_t *desde = nullptr;
     while (t != fin) {
         if (patron != finPatron && *patron == '%') {
             vuelta = ++patron;
             desde = t;
-        } else if (patron != finPatron && (*patron == '_' || *patron == *t)) {
+        } else if (patron != finPatron && *patron == '_') {
+            ++patron;
+            t += QChar::isHighSurrogate(*t) && t + 1 != fin ? 2 : 1;
+        } else if (patron != finPatron && *patron == *t) {
             ++patron;
             ++t;
         } else if (vuelta != nullptr) {
@@ -123,8 +157,8 @@ void fLike(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
     if (algunNulo(cuantos, valores)) return;
     const QString patron = texto(valores[0]).toLower();
     const QString donde = texto(valores[1]).toLower();
-    const auto *p = patron.utf16();
-    const auto *d = donde.utf16();
+    const auto *p = reinterpret_cast<const char16_t *>(patron.utf16());
+    const auto *d = reinterpret_cast<const char16_t *>(donde.utf16());
     sqlite3_result_int(contexto, encaja(p, p + patron.size(), d, d + donde.size()) ? 1 : 0);
 }
 
@@ -139,27 +173,36 @@ sqlite3_stmt *preparar(sqlite3_context *contexto, const char *sql) {
 }
 
 void fDescripciones(sqlite3_context *contexto, int, sqlite3_value **valores) {
-    sqlite3_stmt *s = preparar(contexto,
-                               "select coalesce(descripcion, '') from groupsubitems where id = ?1 and interno = ?2 "
-                               "order by rowid");
+    sqlite3_stmt *s =
+        preparar(contexto,
+                 "select coalesce(descripcion, '') from groupsubitems where id = ?1 and interno = ?2 "
+                 "order by rowid");
     if (s == nullptr) return;
     sqlite3_bind_value(s, 1, valores[0]);
     sqlite3_bind_value(s, 2, valores[1]);
     QByteArray todas;
-    while (sqlite3_step(s) == SQLITE_ROW) {
-        todas += QByteArray(reinterpret_cast<const char *>(sqlite3_column_text(s, 0)), sqlite3_column_bytes(s, 0));
+    int paso = SQLITE_ROW;
+    while ((paso = sqlite3_step(s)) == SQLITE_ROW) {
+        todas +=
+            QByteArray(reinterpret_cast<const char *>(sqlite3_column_text(s, 0)), sqlite3_column_bytes(s, 0));
         todas += ';';
     }
+    if (paso != SQLITE_DONE)
+        sqlite3_result_error(contexto, sqlite3_errmsg(sqlite3_context_db_handle(contexto)), -1);
     sqlite3_finalize(s);
+    if (paso != SQLITE_DONE) return;
     sqlite3_result_text(contexto, todas.constData(), static_cast<int>(todas.size()), SQLITE_TRANSIENT);
 }
 
 void fDescargas(sqlite3_context *contexto, int, sqlite3_value **valores) {
     sqlite3_stmt *s = preparar(
         contexto,
-        "update descargas set iditem = (select cast(cast(g.id as integer) as text) from subitems s join groupsubitems g "
-        "on g.interno = s.interno and (g.idsub = s.id or exists (select 1 from idrel r where r.interno = s.interno and "
-        "r.idroot = g.idsub and r.idsub = s.id)) where s.interno = ?1 and s.idexportacion = descargas.idexportacion and "
+        "update descargas set iditem = (select cast(cast(g.id as integer) as text) from subitems s join "
+        "groupsubitems g "
+        "on g.interno = s.interno and (g.idsub = s.id or exists (select 1 from idrel r where r.interno = "
+        "s.interno and "
+        "r.idroot = g.idsub and r.idsub = s.id)) where s.interno = ?1 and s.idexportacion = "
+        "descargas.idexportacion and "
         "g.id is not null order by s.id limit 1) where interno = ?1 and (iditem is null or iditem = '') and "
         "idexportacion <> 0");
     if (s == nullptr) return;
@@ -188,7 +231,8 @@ int comparar(const char *a, int largoA, const char *b, int largoB) {
     if (i == comun && esAscii(a + i, largoA - i) && esAscii(b + i, largoB - i)) return largoA - largoB;
     const QByteArray x = QString::fromUtf8(a + i, largoA - i).toLower().toUtf8();
     const QByteArray y = QString::fromUtf8(b + i, largoB - i).toLower().toUtf8();
-    const int d = std::memcmp(x.constData(), y.constData(), static_cast<std::size_t>(std::min(x.size(), y.size())));
+    const int d =
+        std::memcmp(x.constData(), y.constData(), static_cast<std::size_t>(std::min(x.size(), y.size())));
     return d != 0 ? d : static_cast<int>(x.size() - y.size());
 }
 
@@ -215,7 +259,8 @@ void registrar(sqlite3 *motor) {
         {"procesardescargascontlr1", 1, SQLITE_UTF8, fDescargas},
     };
     for (const Funcion &f : funciones)
-        sqlite3_create_function_v2(motor, f.nombre, f.argumentos, f.banderas, nullptr, f.hacer, nullptr, nullptr, nullptr);
+        sqlite3_create_function_v2(motor, f.nombre, f.argumentos, f.banderas, nullptr, f.hacer, nullptr,
+                                   nullptr, nullptr);
 }
 
 }  // namespace sqlite

@@ -32,14 +32,17 @@ struct Conexion::Interno {
     void abrir() {
         if (abierta) return;
         try {
-            QSqlDatabase motor = datos->servidor ? motores::abrirServidor(*datos, nombre) : motores::abrirArchivo(*datos, nombre);
+            QSqlDatabase motor = datos->servidor ? motores::abrirServidor(*datos, nombre)
+                                                 : motores::abrirArchivo(*datos, nombre);
             ajustes.motor = datos->servidor ? dialecto::Motor::PostgreSQL : dialecto::Motor::SQLite;
-            ajustes.tablasOrdenadas =
-                datos->servidor ? motores::tablasOrdenadasDeServidor(motor) : motores::tablasOrdenadasDeArchivo(motor);
+            ajustes.tablasOrdenadas = datos->servidor ? motores::tablasOrdenadasDeServidor(motor)
+                                                      : motores::tablasOrdenadasDeArchivo(motor);
             abierta = true;
             if (ligeras > 0) ligera(true);
-        } catch (...) {
+        } catch (ErrorDeStore &e) {
+            abierta = false;
             QSqlDatabase::removeDatabase(nombre);
+            e.fuente = datos->entidad;
             throw;
         }
     }
@@ -57,6 +60,10 @@ struct Conexion::Interno {
         if (hilo) reloj.start();
         qint64 cuantas = 0;
         try {
+            // The engines end a text at its first zero character: what stands behind it, a condition perhaps,
+            // would be lost.
+            if (traducida.contains(QChar::Null))
+                throw ErrorDeStore{0, {}, QStringLiteral("La sentencia contiene un carácter nulo."), {}};
             cuantas = datos->servidor ? motores::correrEnServidor(db(), traducida, filas)
                                       : motores::correrEnArchivo(db(), traducida, filas);
         } catch (ErrorDeStore &e) {
@@ -77,6 +84,13 @@ struct Conexion::Interno {
 
     void cerrar() {
         if (!abierta) return;
+        if (ligeras > 0) {
+            try {
+                ligera(false);
+            } catch (const ErrorDeStore &) {
+                // The handle goes all the same; a server that went away is the usual reason to be here.
+            }
+        }
         abierta = false;
         db().close();
         QSqlDatabase::removeDatabase(nombre);
@@ -89,7 +103,9 @@ Conexion::Conexion(std::unique_ptr<Datos> datos) : i_(std::make_unique<Interno>(
     i_->datos = std::move(datos);
 }
 
-Conexion::~Conexion() { i_->cerrar(); }
+Conexion::~Conexion() {
+    i_->cerrar();
+}
 
 bool Conexion::crearrs(Recordset &rs) {
     rs = Recordset();
@@ -131,10 +147,18 @@ QSqlDatabase Conexion::coneccion() {
     return i_->db();
 }
 
-const QString &Conexion::entidad() const { return i_->datos->entidad; }
-const QString &Conexion::etiqueta() const { return i_->etiqueta; }
-bool Conexion::abierta() const { return i_->abierta; }
-void Conexion::cerrar() { i_->cerrar(); }
+const QString &Conexion::entidad() const {
+    return i_->datos->entidad;
+}
+const QString &Conexion::etiqueta() const {
+    return i_->etiqueta;
+}
+bool Conexion::abierta() const {
+    return i_->abierta;
+}
+void Conexion::cerrar() {
+    i_->cerrar();
+}
 
 void Conexion::escrituraLigera(bool activa) {
     i_->ligeras += activa ? 1 : -1;
@@ -144,30 +168,76 @@ void Conexion::escrituraLigera(bool activa) {
     }
 }
 
-void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) { traza() = std::move(nueva); }
+EscrituraLigera::EscrituraLigera(Conexion &conexion) : conexion_(conexion) {
+    try {
+        conexion_.escrituraLigera(true);
+    } catch (const ErrorDeStore &) {
+        conexion_.escrituraLigera(false);
+        throw;
+    }
+}
+
+EscrituraLigera::~EscrituraLigera() {
+    try {
+        Terminar();
+    } catch (const ErrorDeStore &) {
+        // Nobody is left to tell.
+    }
+}
+
+void EscrituraLigera::Terminar() {
+    if (!activa_) return;
+    activa_ = false;
+    conexion_.escrituraLigera(false);
+}
+
+void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {
+    traza() = std::move(nueva);
+}
 
 // Recordset
 
-void Recordset::Close() { *this = Recordset(); }
+void Recordset::Close() {
+    *this = Recordset();
+}
 
 int Recordset::columna(QStringView nombre) const {
     // A handful of columns, asked for in much the same order at every row: a walk beats a table.
     for (std::size_t c = 0; c < nombres_.size(); ++c)
-        if (nombre.compare(nombres_[c], Qt::CaseInsensitive) == 0) return static_cast<int>(c);
-    throw ErrorDeStore{3265, QStringLiteral("Recordset"), QStringLiteral("El conjunto de registros no tiene la columna %1.").arg(nombre), {}};
+        if (nombre.size() == nombres_[c].size() && nombre.compare(nombres_[c], Qt::CaseInsensitive) == 0)
+            return static_cast<int>(c);
+    throw ErrorDeStore{3265,
+                       QStringLiteral("Recordset"),
+                       QStringLiteral("El conjunto de registros no tiene la columna %1.").arg(nombre),
+                       {}};
 }
 
 Campo Recordset::Fields(int columna) const {
-    if (Eof()) throw ErrorDeStore{3021, QStringLiteral("Recordset"), QStringLiteral("No hay ningún registro activo."), {}};
+    if (Eof() || columna < 0 || static_cast<std::size_t>(columna) >= ancho_)
+        throw ErrorDeStore{
+            3021, QStringLiteral("Recordset"), QStringLiteral("No hay ningún registro activo."), {}};
     return {celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(columna)]};
 }
 
-Campo Recordset::Fields(QStringView nombre) const { return Fields(columna(nombre)); }
-QString Recordset::Texto(QStringView nombre) const { return EsNull(Fields(nombre).Value); }
-double Recordset::Numero(QStringView nombre) const { return EsNumero(Fields(nombre).Value); }
-bool Recordset::EsNulo(QStringView nombre) const { return Fields(nombre).Value.isNull(); }
+Campo Recordset::Fields(QStringView nombre) const {
+    return Fields(columna(nombre));
+}
+QString Recordset::Texto(QStringView nombre) const {
+    return EsNull(Fields(nombre).Value);
+}
+double Recordset::Numero(QStringView nombre) const {
+    return EsNumero(Fields(nombre).Value);
+}
+bool Recordset::EsNulo(QStringView nombre) const {
+    return Fields(nombre).Value.isNull();
+}
 
 void Recordset::Poner(QStringView nombre, const QVariant &valor) {
+    if (conexion_ == nullptr || Eof())
+        throw ErrorDeStore{3251,
+                           QStringLiteral("Recordset"),
+                           QStringLiteral("El conjunto de registros no admite cambios."),
+                           {}};
     const int c = columna(nombre);
     celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(c)] = valor;
     pendientes_.emplace_back(nombres_[static_cast<std::size_t>(c)], valor);
@@ -175,8 +245,7 @@ void Recordset::Poner(QStringView nombre, const QVariant &valor) {
 
 void Recordset::Update() {
     if (pendientes_.empty()) return;
-    if (conexion_ == nullptr || Eof())
-        throw ErrorDeStore{3251, QStringLiteral("Recordset"), QStringLiteral("El conjunto de registros no admite cambios."), {}};
+    conexion_->i_->abrir();
     const auto &conexion = *conexion_->i_;
     const bool servidor = conexion.datos->servidor;
     QStringList cambios;
@@ -184,11 +253,11 @@ void Recordset::Update() {
         QString texto;
         if (valor.isNull())
             texto = QStringLiteral("NULL");
-        else if (valor.typeId() == QMetaType::QString)
-            texto = QLatin1Char('\'') + DoblarComillas(valor.toString()) + QLatin1Char('\'');
+        else if (valor.typeId() == QMetaType::QString || valor.typeId() == QMetaType::QDateTime)
+            texto = QLatin1Char('\'') + DoblarComillas(EsNull(valor)) + QLatin1Char('\'');
         else
             texto = numeros::aTexto(valor.toDouble());
-        cambios << nombre + QLatin1String(" = ") + texto;
+        cambios << QLatin1Char('"') + nombre + QLatin1String("\" = ") + texto;
     }
     pendientes_.clear();
     QVariant &identidad = identidades_[static_cast<std::size_t>(fila_)];
@@ -206,5 +275,6 @@ void Recordset::Update() {
         tocadas = conexion_->i_->correr(sql, sql, nullptr);
     }
     if (tocadas != 1)
-        throw ErrorDeStore{3167, QStringLiteral("Recordset"), QStringLiteral("El registro de %1 ya no está en el store.").arg(tabla_), sql};
+        throw ErrorDeStore{3167, QStringLiteral("Recordset"),
+                           QStringLiteral("El registro de %1 ya no está en el store.").arg(tabla_), sql};
 }

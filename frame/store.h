@@ -1,5 +1,6 @@
 #pragma once
-// The store seam: connections that take SQL text as the modules spell it, and the recordsets they answer with.
+// The store seam: connections that take SQL text as the modules spell it, and the recordsets they answer
+// with.
 
 #include <QSqlDatabase>
 #include <QString>
@@ -8,8 +9,9 @@
 #include <memory>
 #include <vector>
 
-/// What a failing statement raises. It reaches the handler of the routine that sent the statement, which shows
-/// `descripcion` (the engine's own words) and leaves. `numero` is the engine's code, `fuente` names the entity.
+/// What a failing statement raises. It reaches the handler of the routine that sent the statement, which
+/// shows `descripcion` (the engine's own words) and leaves. `numero` is the engine's code, `fuente` names the
+/// entity.
 struct ErrorDeStore {
     int numero = 0;
     QString fuente;
@@ -27,13 +29,15 @@ class Conexion;
 /// The rows of one statement, read whole at opening: a later write never changes what is being walked.
 /// Field names are matched without regard to case. (`EOF` itself is a macro of the C library, hence `Eof`.)
 class Recordset {
-  public:
+ public:
     bool Eof() const { return fila_ >= filas(); }
-    void MoveNext() { ++fila_; }
-    void MoveFirst() { fila_ = 0; }
+    /// What Poner set and Update has not written is forgotten on moving.
+    void MoveNext() { irA(fila_ + 1); }
+    void MoveFirst() { irA(0); }
     void Close();
 
-    /// The value of a column in the row in hand. An unknown name raises ErrorDeStore; so does reading at the end.
+    /// The value of a column in the row in hand. An unknown name raises ErrorDeStore; so does reading at the
+    /// end.
     Campo Fields(QStringView nombre) const;
     Campo Fields(int columna) const;
     /// Short forms of EsNull(Fields(nombre).Value) and EsNumero(Fields(nombre).Value).
@@ -52,10 +56,14 @@ class Recordset {
     /// ErrorDeStore when the row is gone.
     void Update();
 
-  private:
+ private:
     friend class Conexion;
     int filas() const { return ancho_ == 0 ? 0 : static_cast<int>(celdas_.size() / ancho_); }
     int columna(QStringView nombre) const;
+    void irA(int fila) {
+        fila_ = fila;
+        if (!pendientes_.empty()) pendientes_.clear();
+    }
 
     std::vector<QString> nombres_;
     std::vector<QVariant> celdas_;
@@ -70,16 +78,17 @@ class Recordset {
 /// One statement as the trace sees it.
 struct TrazaDeSentencia {
     QString entidad;
-    QString sentencia;   ///< as spelled by the module
-    QString traducida;   ///< as sent to the engine
+    QString sentencia;  ///< as spelled by the module
+    QString traducida;  ///< as sent to the engine
     qint64 microsegundos = 0;
-    qint64 filas = 0;    ///< rows read or touched
+    qint64 filas = 0;  ///< rows read or touched
 };
 
 /// A connection of one store entity. The text of `Sql` is spelled in either of the two dialects the system
-/// speaks; the connection turns it into the engine's own before sending it. Every statement is committed alone.
+/// speaks; the connection turns it into the engine's own before sending it. Every statement is committed
+/// alone.
 class Conexion {
-  public:
+ public:
     struct Datos;  ///< what the profile says of the entity; see StoreProfiles
     explicit Conexion(std::unique_ptr<Datos> datos);
     ~Conexion();
@@ -92,10 +101,12 @@ class Conexion {
     bool crearrs(Recordset &rs);
     /// The same for a "select ... from `tabla` ..." whose rows will be changed through Recordset::Update.
     bool crearrsActualizable(Recordset &rs, const QString &tabla);
-    /// Runs `Sql` as a command; the number of rows touched, whose truth value is success. Raises ErrorDeStore.
+    /// Runs `Sql` as a command; the number of rows touched, whose truth value is success. Raises
+    /// ErrorDeStore.
     qint64 Ejecutar();
 
-    /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind coneccion().
+    /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind
+    /// coneccion().
     Conexion &GetAssemblyConnection() { return *this; }
     /// The engine's own handle (opened if needed), for libraries that speak to it directly.
     QSqlDatabase coneccion();
@@ -107,14 +118,15 @@ class Conexion {
     /// Closes the engine's handle; the next statement opens it again, so this object stays usable.
     void cerrar();
 
-    /// While on, rows are written without waiting for the disk: only for rows that the next assembly rebuilds.
-    /// Switching it off makes everything written so far durable.
+    /// While on, rows are written without waiting for the disk: only for rows that the next assembly
+    /// rebuilds. What other entities own stays durable at once. Switching it off, and closing, make
+    /// everything written so far durable. Calls nest: the last "off" counts.
     void escrituraLigera(bool activa);
 
     /// Called after every statement when set; for tracing and benchmarks. Process-wide.
     static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);
 
-  private:
+ private:
     struct Interno;
     std::unique_ptr<Interno> i_;
     friend class Recordset;
@@ -122,12 +134,17 @@ class Conexion {
 
 /// Switches light writing on for its own life; the end of the run is durable on every road.
 class EscrituraLigera {
-  public:
-    explicit EscrituraLigera(Conexion &conexion) : conexion_(conexion) { conexion_.escrituraLigera(true); }
-    ~EscrituraLigera() { conexion_.escrituraLigera(false); }
+ public:
+    explicit EscrituraLigera(Conexion &conexion);
+    /// Silent when the store cannot take it any more; a run whose user has to hear of that calls Terminar
+    /// first.
+    ~EscrituraLigera();
+    /// Ends light writing here. Raises ErrorDeStore.
+    void Terminar();
     EscrituraLigera(const EscrituraLigera &) = delete;
     EscrituraLigera &operator=(const EscrituraLigera &) = delete;
 
-  private:
+ private:
     Conexion &conexion_;
+    bool activa_ = true;
 };

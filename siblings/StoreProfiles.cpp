@@ -15,9 +15,13 @@ const QString fechaDeArchivo = QStringLiteral("#MM/dd/yyyy HH:mm:ss#");
 const QString fechaDeServidor = QStringLiteral("'yyyy-MM-dd HH:mm:ss'");
 const QString sufijoDePerfil = QStringLiteral(".perfil.ini");
 
-[[noreturn]] void rechazar(const QString &texto) { throw ErrorDeStore{0, QStringLiteral("StoreProfiles"), texto, {}}; }
+[[noreturn]] void rechazar(const QString &texto) {
+    throw ErrorDeStore{0, QStringLiteral("StoreProfiles"), texto, {}};
+}
 
-QString otro(const QString &valor, const QString &defecto) { return valor.isEmpty() ? defecto : valor; }
+QString otro(const QString &valor, const QString &defecto) {
+    return valor.isEmpty() ? defecto : valor;
+}
 
 /// What one section says; null when the profile does not name the entity.
 std::unique_ptr<Conexion::Datos> leerEntidad(const QString &ruta, const QString &entidad) {
@@ -29,73 +33,133 @@ std::unique_ptr<Conexion::Datos> leerEntidad(const QString &ruta, const QString 
     if (motor == QLatin1String("servidor")) {
         datos->servidor = true;
         datos->host = leer("host");
-        datos->puerto = otro(leer("puerto"), QStringLiteral("5432")).toInt();
+        bool esNumero = false;
+        datos->puerto = otro(leer("puerto"), QStringLiteral("5432")).toInt(&esNumero);
+        if (!esNumero || datos->puerto < 1 || datos->puerto > 65535)
+            rechazar(
+                QStringLiteral("El perfil %1 dice puerto=%2 en la sección [%3]; escriba un número de puerto.")
+                    .arg(ruta, leer("puerto"), entidad));
         datos->base = leer("base");
         datos->esquema = otro(leer("esquema"), entidad.toLower());
         datos->usuario = leer("usuario");
         datos->clave = leer("clave");
         if (datos->host.isEmpty() || datos->base.isEmpty())
-            rechazar(QStringLiteral("Al perfil %1 le falta el host o la base en la sección [%2]; complételos.").arg(ruta, entidad));
+            rechazar(
+                QStringLiteral("Al perfil %1 le falta el host o la base en la sección [%2]; complételos.")
+                    .arg(ruta, entidad));
     } else if (motor == QLatin1String("archivo")) {
         const QString archivo = leer("archivo");
         if (archivo.isEmpty())
-            rechazar(QStringLiteral("Al perfil %1 le falta el archivo en la sección [%2]; complételo.").arg(ruta, entidad));
-        datos->archivo = QDir::cleanPath(QFileInfo(ruta).absoluteDir().absoluteFilePath(QDir::fromNativeSeparators(archivo)));
+            rechazar(QStringLiteral("Al perfil %1 le falta el archivo en la sección [%2]; complételo.")
+                         .arg(ruta, entidad));
+        datos->archivo = QDir::cleanPath(
+            QFileInfo(ruta).absoluteDir().absoluteFilePath(QDir::fromNativeSeparators(archivo)));
     } else {
-        rechazar(QStringLiteral("El perfil %1 dice driver=%2 en la sección [%3]; use \"archivo\" o \"servidor\".")
-                     .arg(ruta, motor, entidad));
+        rechazar(
+            QStringLiteral("El perfil %1 dice driver=%2 en la sección [%3]; use \"archivo\" o \"servidor\".")
+                .arg(ruta, motor, entidad));
     }
     datos->separadorDecimal = otro(leer("separador"), QStringLiteral("."));
     datos->formaDeFecha = otro(leer("fecha"), datos->servidor ? fechaDeServidor : fechaDeArchivo);
+    // Quotes around a whole value belong to the file's form and are gone by here; a literal needs its own.
+    if (datos->formaDeFecha.size() < 2 || datos->formaDeFecha.front() != datos->formaDeFecha.back() ||
+        datos->formaDeFecha.front().isLetter())
+        datos->formaDeFecha = QLatin1Char('\'') + datos->formaDeFecha + QLatin1Char('\'');
     return datos;
 }
 
 bool mismoMotor(const Conexion::Datos &a, const Conexion::Datos &b) {
-    return a.servidor == b.servidor && (!a.servidor || (a.host == b.host && a.puerto == b.puerto && a.base == b.base));
+    return a.servidor == b.servidor &&
+           (!a.servidor || (a.host == b.host && a.puerto == b.puerto && a.base == b.base));
 }
 
 bool escribir(const QString &ruta, const QString &nombre, const QStringList &lineas) {
     QDir().mkpath(QFileInfo(ruta).absolutePath());
     QFile f(ruta);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
-    return f.write((QStringLiteral("[PERFIL]\r\nnombre=%1\r\n").arg(nombre) + lineas.join(QLatin1String("\r\n")) + QLatin1String("\r\n"))
+    return f.write((QStringLiteral("[PERFIL]\r\nnombre=%1\r\n").arg(nombre) +
+                    lineas.join(QLatin1String("\r\n")) + QLatin1String("\r\n"))
                        .toUtf8()) > 0;
 }
 
 /// The entities that have stores of their own; the last two belong to other programs' forms.
-QStringList conStore() { return entidades().mid(0, 7); }
+QStringList conStore() {
+    return entidades().mid(0, 7);
+}
+
+using Secciones = std::map<QString, std::unique_ptr<Conexion::Datos>>;
+
+void presentarVecinos(Secciones &datos) {
+    for (const QString &entidad : entidades()) {
+        if (!datos.contains(entidad)) continue;
+        for (const QString &otra : entidades())
+            if (otra != entidad && datos.contains(otra) && mismoMotor(*datos[entidad], *datos[otra]))
+                datos[entidad]->vecinos.emplace_back(
+                    otra, datos[otra]->servidor ? datos[otra]->esquema : datos[otra]->archivo);
+    }
+}
 
 QString nombreDeArchivo(const QString &entidad) {
     // ESTADO keeps the file name its libraries know.
-    return (entidad == QLatin1String("ESTADO") ? QStringLiteral("estados") : entidad.toLower()) + QLatin1String(".db");
+    return (entidad == QLatin1String("ESTADO") ? QStringLiteral("estados") : entidad.toLower()) +
+           QLatin1String(".db");
+}
+
+/// What answers when no profile is chosen: the embedded stores, where they are, or else where they would be
+/// made.
+Secciones porDefecto(const QStringList &carpetas) {
+    QString db = carpetas.value(0) + QStringLiteral("/db");
+    for (const QString &carpeta : carpetas)
+        if (QFileInfo::exists(carpeta + QStringLiteral("/db/internos.db"))) {
+            db = carpeta + QStringLiteral("/db");
+            break;
+        }
+    Secciones datos;
+    for (const QString &entidad : conStore()) {
+        auto uno = std::make_unique<Conexion::Datos>();
+        uno->entidad = entidad;
+        uno->archivo = db + QLatin1Char('/') + nombreDeArchivo(entidad);
+        uno->formaDeFecha = fechaDeArchivo;
+        datos[entidad] = std::move(uno);
+    }
+    presentarVecinos(datos);
+    return datos;
 }
 
 }  // namespace
 
 const QStringList &entidades() {
-    static const QStringList todas{QStringLiteral("INTERNOS"), QStringLiteral("SYSTABLAS"), QStringLiteral("NCM"),
-                                   QStringLiteral("CATALOGOS"), QStringLiteral("PERSONAL"), QStringLiteral("USUARIO"),
-                                   QStringLiteral("ESTADO"),    QStringLiteral("EDCADASSA"), QStringLiteral("BOLDEP")};
+    static const QStringList todas{
+        QStringLiteral("INTERNOS"),  QStringLiteral("SYSTABLAS"), QStringLiteral("NCM"),
+        QStringLiteral("CATALOGOS"), QStringLiteral("PERSONAL"),  QStringLiteral("USUARIO"),
+        QStringLiteral("ESTADO"),    QStringLiteral("EDCADASSA"), QStringLiteral("BOLDEP")};
     return todas;
 }
 
 struct SPMain::Interno {
     QString ruta;
     QString nombre;
-    std::map<QString, std::unique_ptr<Conexion::Datos>> datos;
+    QString falla;  ///< why the chosen profile cannot be used
+    bool recienHecho = false;
+    Secciones datos;
     std::map<QString, std::unique_ptr<Conexion>> conexiones;
 
     const Conexion::Datos &de(const QString &entidad) const {
         const auto encontrado = datos.find(entidad);
         if (encontrado == datos.end())
-            rechazar(QStringLiteral("El perfil %1 no dice dónde está el store %2; agregue la sección [%2].").arg(ruta, entidad));
+            rechazar(QStringLiteral("El perfil %1 no dice dónde está el store %2; agregue la sección [%2].")
+                         .arg(ruta)
+                         .arg(entidad));
         return *encontrado->second;
     }
 };
 
 SPMain::SPMain() : i_(std::make_unique<Interno>()) {
-    const QString programa = QCoreApplication::instance() != nullptr ? QCoreApplication::applicationDirPath() : QDir::currentPath();
-    carpetas << programa << QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/zendra");
+    const QString programa = QCoreApplication::instance() != nullptr ? QCoreApplication::applicationDirPath()
+                                                                     : QDir::currentPath();
+    carpetas << programa
+             << QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                    QStringLiteral("/zendra");
 }
 
 SPMain::~SPMain() = default;
@@ -103,17 +167,22 @@ SPMain::~SPMain() = default;
 QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
     std::vector<PerfilEncontrado> perfiles;
     for (const QString &carpeta : carpetas) {
-        const QStringList archivos = QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
+        const QStringList archivos =
+            QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
         for (const QString &archivo : archivos) {
             const QString ruta = carpeta + QLatin1Char('/') + archivo;
-            perfiles.push_back({otro(LeerIni(QStringLiteral("PERFIL"), QStringLiteral("nombre"), ruta), archivo.chopped(sufijoDePerfil.size())), ruta});
+            perfiles.push_back({otro(LeerIni(QStringLiteral("PERFIL"), QStringLiteral("nombre"), ruta),
+                                     archivo.chopped(sufijoDePerfil.size())),
+                                ruta});
         }
     }
     if (perfiles.empty()) {
         for (const QString &carpeta : carpetas) {
             const QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
-            if (QDir().mkpath(carpeta + QStringLiteral("/db")) && escribirPerfilDeArchivos(ruta, nombreDeFamilia, carpeta + QStringLiteral("/db"))) {
+            if (QDir().mkpath(carpeta + QStringLiteral("/db")) &&
+                escribirPerfilDeArchivos(ruta, nombreDeFamilia, carpeta + QStringLiteral("/db"))) {
                 usarPerfil(ruta);
+                i_->recienHecho = true;
                 return ruta;
             }
         }
@@ -129,11 +198,15 @@ QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
 bool SPMain::usarPerfil(const QString &ruta, QString *error) {
     const QFileInfo info(ruta);
     const auto fallar = [&](const QString &texto) {
+        i_->falla = texto;
         if (error != nullptr) *error = texto;
         return false;
     };
-    if (!info.exists()) return fallar(QStringLiteral("No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3.").arg(ruta));
-    if (!info.isFile() || !info.isReadable()) return fallar(QStringLiteral("No se puede leer el perfil %1; revise sus permisos.").arg(ruta));
+    if (!info.exists())
+        return fallar(
+            QStringLiteral("No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3.").arg(ruta));
+    if (!info.isFile() || !info.isReadable())
+        return fallar(QStringLiteral("No se puede leer el perfil %1; revise sus permisos.").arg(ruta));
     std::map<QString, std::unique_ptr<Conexion::Datos>> datos;
     try {
         for (const QString &entidad : entidades())
@@ -141,31 +214,44 @@ bool SPMain::usarPerfil(const QString &ruta, QString *error) {
     } catch (const ErrorDeStore &e) {
         return fallar(e.descripcion);
     }
-    if (datos.empty()) return fallar(QStringLiteral("El archivo %1 no es un perfil: no nombra ningún store; corrija la ruta o sus secciones.").arg(ruta));
-    for (const QString &entidad : entidades()) {
-        if (!datos.contains(entidad)) continue;
-        for (const QString &otra : entidades())
-            if (otra != entidad && datos.contains(otra) && mismoMotor(*datos[entidad], *datos[otra]))
-                datos[entidad]->vecinos.emplace_back(otra, datos[otra]->servidor ? datos[otra]->esquema : datos[otra]->archivo);
-    }
+    if (datos.empty())
+        return fallar(
+            QStringLiteral(
+                "El archivo %1 no es un perfil: no nombra ningún store; corrija la ruta o sus secciones.")
+                .arg(ruta));
+    presentarVecinos(datos);
+    i_->falla.clear();
     i_->conexiones.clear();
     i_->datos = std::move(datos);
     i_->ruta = info.absoluteFilePath();
-    i_->nombre = otro(LeerIni(QStringLiteral("PERFIL"), QStringLiteral("nombre"), ruta), info.completeBaseName());
+    i_->nombre =
+        otro(LeerIni(QStringLiteral("PERFIL"), QStringLiteral("nombre"), ruta), info.completeBaseName());
     return true;
 }
 
 void SPMain::LoadParameters() {
-    if (i_->datos.empty())
-        rechazar(QStringLiteral("No hay un perfil elegido; cree uno con DbUpgrade3 o elija uno al iniciar el programa."));
-    for (const auto &[entidad, datos] : i_->datos)
-        if (!datos->servidor && !QFileInfo::exists(datos->archivo))
-            rechazar(QStringLiteral("No existe el archivo %1 que el perfil %2 nombra para %3; corrija el perfil o créelo con DbUpgrade3.")
-                         .arg(datos->archivo, i_->ruta, entidad));
+    if (!i_->falla.isEmpty()) rechazar(i_->falla);
+    if (i_->datos.empty()) i_->datos = porDefecto(carpetas);
+    for (const auto &[entidad, datos] : i_->datos) {
+        if (datos->servidor || QFileInfo::exists(datos->archivo)) continue;
+        const QString quien = i_->ruta.isEmpty() ? QStringLiteral("el perfil incorporado")
+                                                 : QStringLiteral("el perfil ") + i_->ruta;
+        rechazar(
+            QStringLiteral(
+                "No existe el archivo %1 que %2 nombra para %3; corrija el perfil o créelo con DbUpgrade3.")
+                .arg(datos->archivo, quien, entidad));
+    }
 }
 
-QString SPMain::obtenerNombreDePerfilSeleccionado() const { return i_->nombre; }
-QString SPMain::rutaDelPerfil() const { return i_->ruta; }
+QString SPMain::obtenerNombreDePerfilSeleccionado() const {
+    return i_->nombre;
+}
+QString SPMain::rutaDelPerfil() const {
+    return i_->ruta;
+}
+bool SPMain::perfilRecienHecho() const {
+    return i_->recienHecho;
+}
 
 Conexion &SPMain::getDataConnectionByEntity(const QString &entidad) {
     auto &conexion = i_->conexiones[entidad];
@@ -177,7 +263,9 @@ QString SPMain::getDataConnectionTAG(const QString &entidad) const {
     return i_->de(entidad).servidor ? QStringLiteral("SQL") : QStringLiteral("ACCESS");
 }
 
-QString SPMain::getDecimalSeparatorbyEntity(const QString &entidad) const { return i_->de(entidad).separadorDecimal; }
+QString SPMain::getDecimalSeparatorbyEntity(const QString &entidad) const {
+    return i_->de(entidad).separadorDecimal;
+}
 
 QString SPMain::getDateFormatbyEntity(const QString &entidad, const QDateTime &valor) const {
     const QString forma = i_->de(entidad).formaDeFecha;
@@ -202,18 +290,20 @@ const Conexion::Datos *SPMain::datos(const QString &entidad) const {
 bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const QString &carpeta) {
     QStringList lineas;
     for (const QString &entidad : conStore())
-        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']') << QStringLiteral("driver=archivo")
+        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']')
+               << QStringLiteral("driver=archivo")
                << QStringLiteral("archivo=%1/%2").arg(carpeta, nombreDeArchivo(entidad));
     return escribir(ruta, nombre, lineas);
 }
 
-bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto, const QString &base,
-                              const QString &usuario, const QString &carpetaLocal) {
+bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto,
+                              const QString &base, const QString &usuario, const QString &carpetaLocal) {
     QStringList lineas;
     for (const QString &entidad : conStore()) {
         lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']');
         if (entidad == QLatin1String("USUARIO"))
-            lineas << QStringLiteral("driver=archivo") << QStringLiteral("archivo=%1/%2").arg(carpetaLocal, nombreDeArchivo(entidad));
+            lineas << QStringLiteral("driver=archivo")
+                   << QStringLiteral("archivo=%1/%2").arg(carpetaLocal, nombreDeArchivo(entidad));
         else
             lineas << QStringLiteral("driver=servidor") << QStringLiteral("host=") + host
                    << QStringLiteral("puerto=%1").arg(puerto) << QStringLiteral("base=") + base

@@ -11,8 +11,8 @@
 
 #include "frame/store.h"
 
-/// What a profile says of one entity. File store: `archivo` is the SQLite file. Server store: host (a path is a
-/// socket folder), puerto, base, esquema, usuario, clave (empty: PostgreSQL's own password file answers).
+/// What a profile says of one entity. File store: `archivo` is the SQLite file. Server store: host (a path is
+/// a socket folder), puerto, base, esquema, usuario, clave (empty: PostgreSQL's own password file answers).
 struct Conexion::Datos {
     QString entidad;
     bool servidor = false;
@@ -26,8 +26,8 @@ struct Conexion::Datos {
     QString separadorDecimal = QStringLiteral(".");
     /// Pattern of QDateTime between the literal's own delimiters, e.g. "#MM/dd/yyyy HH:mm:ss#".
     QString formaDeFecha;
-    /// The other entities of the profile that live on the same engine, in profile order: their tables are found by
-    /// bare name. (entity, file or schema)
+    /// The other entities of the profile that live on the same engine, in profile order: their tables are
+    /// found by bare name. (entity, file or schema)
     std::vector<std::pair<QString, QString>> vecinos;
 };
 
@@ -39,19 +39,21 @@ struct PerfilEncontrado {
 namespace StoreProfiles {
 
 /// The entities a profile may name, in their fixed order.
-const QStringList &entidades();  // INTERNOS, SYSTABLAS, NCM, CATALOGOS, PERSONAL, USUARIO, ESTADO, EDCADASSA, BOLDEP
+const QStringList &
+entidades();  // INTERNOS, SYSTABLAS, NCM, CATALOGOS, PERSONAL, USUARIO, ESTADO, EDCADASSA, BOLDEP
 
 /// The profile and connection manager; `AppContext::DataManager` is one.
 class SPMain {
-  public:
+ public:
     SPMain();
     ~SPMain();
     SPMain(const SPMain &) = delete;
     SPMain &operator=(const SPMain &) = delete;
 
     /// Looks for profiles of `nombreDeFamilia` (files "*.perfil.ini") beside the program and in the user's
-    /// configuration folder. One: taken without a question. Several: `elegir` is asked for an index (-1 cancels).
-    /// None: the embedded default is made. Answers the path of the profile's file, or the empty text.
+    /// configuration folder. One: taken without a question. Several: `elegir` is asked for an index (-1
+    /// cancels). None: the embedded default is made. Answers the path of the profile's file, or the empty
+    /// text.
     QString seleccionarPerfil(const QString &nombreDeFamilia);
     /// Takes this file without looking around; false (with `error` in Spanish) when it cannot be read.
     bool usarPerfil(const QString &ruta, QString *error = nullptr);
@@ -60,12 +62,15 @@ class SPMain {
     /// Folders searched for profiles; tests replace them.
     QStringList carpetas;
 
-    /// Reads the chosen profile. A profile that cannot be read or that names a missing file or an unreachable
-    /// server raises ErrorDeStore with one Spanish sentence that says which and what to do (a missing file shows
-    /// here, a server at first use).
+    /// Reads the chosen profile; with none chosen the embedded stores beside the program answer, under no
+    /// name. A profile that cannot be read or that names a missing file or an unreachable server raises
+    /// ErrorDeStore with one Spanish sentence that says which and what to do (a missing file shows here, a
+    /// server at first use).
     void LoadParameters();
     QString obtenerNombreDePerfilSeleccionado() const;
     QString rutaDelPerfil() const;
+    /// True when seleccionarPerfil found none and made the default: its stores are still to be made.
+    bool perfilRecienHecho() const;
 
     /// The same object at every call while this manager lives, also across CloseAllDataConnection.
     Conexion &getDataConnectionByEntity(const QString &entidad);
@@ -81,7 +86,7 @@ class SPMain {
     /// What the profile says of an entity; null when it does not name it.
     const Conexion::Datos *datos(const QString &entidad) const;
 
-  private:
+ private:
     struct Interno;
     std::unique_ptr<Interno> i_;
 };
