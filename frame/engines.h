@@ -1,5 +1,6 @@
 #pragma once
-// The two engines behind a connection: opening, and running one translated statement. Failures raise ErrorDeStore.
+// The two engines behind a connection: opening, and running one translated statement. Failures raise
+// ErrorDeStore.
 
 #include <QSet>
 #include <QSqlDatabase>
@@ -29,7 +30,8 @@ QSet<QString> tablasOrdenadasDeServidor(const QSqlDatabase &db);
 qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas);
 qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas);
 
-/// Not waiting for the disk at every statement (true), or durable again, with everything written so far (false).
+/// Not waiting for the disk at every statement (true), or durable again, with everything written so far
+/// (false).
 void escrituraLigeraEnArchivo(const QSqlDatabase &db, bool activa);
 void escrituraLigeraEnServidor(const QSqlDatabase &db, bool activa);
 

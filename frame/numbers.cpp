@@ -101,7 +101,8 @@ double redondear(double valor, int decimales) {
         const int lugares = std::min(decimales, 15 - quinceDigitos(positivo).exponente);
         const QByteArray texto = redondeadoComoEntero(positivo, lugares) + 'e' + QByteArray::number(-lugares);
         // The fifteen digits of the very largest doubles lie beyond them.
-        if (std::from_chars(texto.constData(), texto.constData() + texto.size(), resultado).ec != std::errc()) return valor;
+        if (std::from_chars(texto.constData(), texto.constData() + texto.size(), resultado).ec != std::errc())
+            return valor;
     }
     if (resultado == 0) return 0;
     return valor < 0 ? -resultado : resultado;

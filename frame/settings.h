@@ -6,23 +6,24 @@
 
 class QSettings;
 
-/// Kept with QSettings in the user's own area, or in one INI file when a path is given. Section and key may hold
-/// any character ("/", "\", accents): they are encoded.
+/// Kept with QSettings in the user's own area, or in one INI file when a path is given. Section and key may
+/// hold any character ("/", "\", accents): they are encoded.
 class Ajustes {
-  public:
+ public:
     /// An empty path means the user's own area.
     explicit Ajustes(const QString &archivo = {});
 
     /// The stored value, or `defecto` when there is none.
     QString Leer(const QString &aplicacion, const QString &seccion, const QString &clave,
                  const QString &defecto = {}) const;
-    void Guardar(const QString &aplicacion, const QString &seccion, const QString &clave, const QString &valor);
+    void Guardar(const QString &aplicacion, const QString &seccion, const QString &clave,
+                 const QString &valor);
     /// Removing what is not there is no failure.
     void Borrar(const QString &aplicacion, const QString &seccion, const QString &clave);
 
     const QString &archivo() const { return archivo_; }
 
-  private:
+ private:
     QString archivo_;
     std::shared_ptr<QSettings> area_;
 };

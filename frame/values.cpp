@@ -31,13 +31,16 @@ double EsNumero(const QVariant &valor) {
     }
 }
 
-QString PonerPuntoDecimal(double valor) { return numeros::aTexto(valor); }
+QString PonerPuntoDecimal(double valor) {
+    return numeros::aTexto(valor);
+}
 
 QString AStoreNumero(const QString &valor, const QString &separador) {
     // Thousands marks and all: a text counts as numeric here when it reads as one with either mark dropped.
     QString sinMarcas = valor.trimmed();
     if (!numeros::esNumerico(sinMarcas)) {
-        const qsizetype ultima = std::max(sinMarcas.lastIndexOf(QLatin1Char(',')), sinMarcas.lastIndexOf(QLatin1Char('.')));
+        const qsizetype ultima =
+            std::max(sinMarcas.lastIndexOf(QLatin1Char(',')), sinMarcas.lastIndexOf(QLatin1Char('.')));
         if (ultima < 0) return QStringLiteral("0");
         const QChar decimal = sinMarcas[ultima];
         sinMarcas.remove(decimal == QLatin1Char(',') ? QLatin1Char('.') : QLatin1Char(','));
@@ -64,7 +67,8 @@ QString SqlNumber(const QString &valor) {
 QString SqlRound(const QString &entidad, const QString &expresion, QStringView mascara) {
     const qsizetype punto = mascara.indexOf(QLatin1Char('.'));
     const int decimales = punto < 0 ? 0 : static_cast<int>(mascara.size() - punto - 1);
-    QString texto = Contexto().DataManager.getNumberFormatbyEntity(decimales, QStringLiteral("999,999"), entidad);
+    QString texto =
+        Contexto().DataManager.getNumberFormatbyEntity(decimales, QStringLiteral("999,999"), entidad);
     return texto.replace(QLatin1String("999.999"), expresion);
 }
 
@@ -75,4 +79,6 @@ QString ReemplazarSeparadorDecimal(QString &texto) {
     return texto;
 }
 
-QString DoblarComillas(QString texto) { return texto.replace(QLatin1Char('\''), QLatin1String("''")); }
+QString DoblarComillas(QString texto) {
+    return texto.replace(QLatin1Char('\''), QLatin1String("''"));
+}
