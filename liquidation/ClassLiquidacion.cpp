@@ -19,13 +19,19 @@ using L = QLatin1String;
 
 // The countries whose imports are capped, in ascending order.
 constexpr std::array<int, 129> paisesConTope{
-    101, 103, 104, 105, 107, 108, 111, 112, 113, 115, 116, 117, 118, 120, 121, 124, 125, 126, 127, 128, 129, 130, 131, 132, 133, 134, 135, 137, 139, 140, 141, 142, 144,
-    149, 151, 153, 156, 158, 159, 200, 201, 202, 203, 204, 205, 206, 208, 209, 210, 211, 212, 213, 214, 215, 216, 217, 218, 219, 220, 221, 222, 224, 225, 226, 232, 233,
-    234, 235, 236, 237, 238, 240, 303, 304, 307, 308, 309, 312, 315, 316, 319, 320, 322, 323, 326, 327, 329, 331, 332, 333, 335, 341, 344, 345, 346, 405, 406, 407, 409,
-    410, 411, 412, 413, 414, 415, 416, 417, 418, 419, 420, 422, 423, 424, 425, 426, 427, 429, 430, 435, 436, 438, 448, 449, 451, 501, 504, 512, 513, 518};
+    101, 103, 104, 105, 107, 108, 111, 112, 113, 115, 116, 117, 118, 120, 121, 124, 125, 126, 127,
+    128, 129, 130, 131, 132, 133, 134, 135, 137, 139, 140, 141, 142, 144, 149, 151, 153, 156, 158,
+    159, 200, 201, 202, 203, 204, 205, 206, 208, 209, 210, 211, 212, 213, 214, 215, 216, 217, 218,
+    219, 220, 221, 222, 224, 225, 226, 232, 233, 234, 235, 236, 237, 238, 240, 303, 304, 307, 308,
+    309, 312, 315, 316, 319, 320, 322, 323, 326, 327, 329, 331, 332, 333, 335, 341, 344, 345, 346,
+    405, 406, 407, 409, 410, 411, 412, 413, 414, 415, 416, 417, 418, 419, 420, 422, 423, 424, 425,
+    426, 427, 429, 430, 435, 436, 438, 448, 449, 451, 501, 504, 512, 513, 518};
 
 const L china("310");
 const L si("S");
+
+const QString desbordamiento = QStringLiteral("Desbordamiento");
+const QString divisionPorCero = QStringLiteral("División por cero");
 
 }  // namespace
 
@@ -38,48 +44,68 @@ QString ZonaDePais(const QString &codigo) {
 
 bool PaisConTopeArancelario(const QString &codigo) {
     const double numero = numeros::aNumero(codigo);
-    return std::fabs(numero) < 1e6 && std::binary_search(paisesConTope.begin(), paisesConTope.end(), static_cast<int>(std::trunc(numero)));
+    return std::fabs(numero) < 1e6 && std::binary_search(paisesConTope.begin(), paisesConTope.end(),
+                                                         static_cast<int>(std::trunc(numero)));
 }
 
-ClassLiquidacion::ClassLiquidacion(AppContext &ctx, QString interno) : ctx_(ctx), interno_(std::move(interno)) {}
+ClassLiquidacion::ClassLiquidacion(AppContext &ctx, QString interno)
+    : ctx_(ctx), interno_(std::move(interno)) {}
 
 void ClassLiquidacion::fijarCaratulaSeguroProcent(double porcentaje) {
     seguroProcent_ = porcentaje;
-    if (CaratulaSeguroValor == 0) CaratulaSeguroValor = PorcentajeRedondeado(CaratulaFleteTotal + CaratulaFobTotal, porcentaje);
+    if (CaratulaSeguroValor == 0)
+        CaratulaSeguroValor = PorcentajeRedondeado(CaratulaFleteTotal + CaratulaFobTotal, porcentaje);
 }
 
-void ClassLiquidacion::fijarNcmDerechoAdicional(const QString &tasa) { derechoAdicional_ = numeros::aNumero(tasa); }
+void ClassLiquidacion::fijarNcmDerechoAdicional(const QString &tasa) {
+    derechoAdicional_ = numeros::aNumero(tasa);
+}
 
-QString ClassLiquidacion::Obtener_Sep_Decim() { return QString(numeros::separadorDecimal()); }
+QString ClassLiquidacion::Obtener_Sep_Decim() {
+    return QString(numeros::separadorDecimal());
+}
 
-QString ClassLiquidacion::ReemplazarSeparadorDecimal(QString &texto) { return ::ReemplazarSeparadorDecimal(texto); }
+QString ClassLiquidacion::ReemplazarSeparadorDecimal(QString &texto) {
+    return ::ReemplazarSeparadorDecimal(texto);
+}
 
-void ClassLiquidacion::avisar(const QString &descripcion) const { ctx_.dialogos.advertir(descripcion); }
+void ClassLiquidacion::avisar(const QString &descripcion) const {
+    ctx_.dialogos.advertir(descripcion);
+}
 
-double ClassLiquidacion::porcentajeDe(double porcentaje) const { return PorcentajeRedondeado(baseImponible_, porcentaje); }
+double ClassLiquidacion::porcentajeDe(double porcentaje) const {
+    return PorcentajeRedondeado(baseImponible_, porcentaje);
+}
 
 void ClassLiquidacion::CalcularBaseImponible() {
-    double base = FOBTotalITEM * CaratulaDivisasFOB;
-    if (!esExportacion()) base += CaratulaDivisasFlete * FLETETotalITEM + CaratulaDivisasSeguro * SEGUROTotalITEM;
-    base += AJUSTEINCLUIRtotalITEM * CaratulaDivisasFOB - AJUSTEDEDUCIRtotalITEM * CaratulaDivisasFOB;
-    if (EsRegimenConInsumos(CaratulaSubRegimen)) base += ItmComsionesExt - ItmImportacionTemporal;
-    if (!std::isfinite(base)) {
-        avisar(QStringLiteral("Desbordamiento"));
-        return;
-    }
-    baseImponible_ = base;
+    // Step by step: an overflow leaves the sum as far as it got.
+    const auto sumar = [this](double monto) {
+        if (!std::isfinite(baseImponible_ + monto)) return false;
+        baseImponible_ += monto;
+        return true;
+    };
+    const auto calcular = [&] {
+        if (!std::isfinite(FOBTotalITEM * CaratulaDivisasFOB)) return false;
+        baseImponible_ = FOBTotalITEM * CaratulaDivisasFOB;
+        if (!esExportacion() &&
+            !(sumar(CaratulaDivisasFlete * FLETETotalITEM) && sumar(CaratulaDivisasSeguro * SEGUROTotalITEM)))
+            return false;
+        if (!sumar(AJUSTEINCLUIRtotalITEM * CaratulaDivisasFOB)) return false;
+        if (!sumar(-(AJUSTEDEDUCIRtotalITEM * CaratulaDivisasFOB))) return false;
+        return !EsRegimenConInsumos(CaratulaSubRegimen) ||
+               (sumar(-ItmImportacionTemporal) && sumar(ItmComsionesExt));
+    };
+    if (!calcular()) avisar(desbordamiento);
 }
 
 void ClassLiquidacion::CalcularDerechos(double porcentaje) {
     importeAdValorem_ = importeDIEM_ = importeEspecifico_ = importeDIEMChina_ = 0;
     const double adValorem = porcentajeDe(porcentaje);
-    const double especifico = ncmCantidadDerechoEspecifico * ItemCantidadDerechoEspecifico;
-    if (!std::isfinite(adValorem) || !std::isfinite(especifico)) {
-        avisar(QStringLiteral("Desbordamiento"));
-        return;
-    }
+    if (!std::isfinite(adValorem)) return avisar(desbordamiento);
     importeAdValorem_ = adValorem;
     auxPorcentaje_ = porcentaje;
+    const double especifico = ncmCantidadDerechoEspecifico * ItemCantidadDerechoEspecifico;
+    if (!std::isfinite(especifico)) return avisar(desbordamiento);
     if (importeAdValorem_ >= especifico) return;
 
     const bool esChina = ItemIdPais.trimmed() == china;
@@ -111,7 +137,8 @@ double ClassLiquidacion::tramoDeEstadistica() const {
     return baseImponible_ >= 100000 ? 500 : 0;
 }
 
-/// Parts from Brazil under the automotive agreement: no duty and no statistics rate, three quarters of the common tariff.
+/// Parts from Brazil under the automotive agreement: no duty and no statistics rate, three quarters of the
+/// common tariff.
 void ClassLiquidacion::aplicarReglaBrasil() {
     NcmDerechodeImportacionExtrazona = 0;
     NcmTasaEstadistica = 0;
@@ -173,11 +200,13 @@ void ClassLiquidacion::CalcularBaseIVA() {
         if (ncmMineriaTasaLey > 0 && ItemMineria) baseIVA_ += porcentajeDe(ncmMineriaTasaLey);
     }
     const MotivoDecreto &d = ctx_.decreto;
-    if (d.d1439_96 == si || d.d1439_96A1 == si || CaratulaSubRegimen == L("IC81")) baseIVA_ += porcentajeDe(derechoAdicional_);
-    if ((d.d1330_04A6 == si || d.d1330_04A7 == si || d.d1330_04A8 == si) && CaratulaSubRegimen == L("IT14")) baseIVA_ += porcentajeDe(derechoAdicional_);
-    if (!std::isfinite(baseIVA_)) {
+    if (d.d1439_96 == si || d.d1439_96A1 == si || CaratulaSubRegimen == L("IC81"))
+        baseIVA_ += porcentajeDe(derechoAdicional_);
+    if ((d.d1330_04A6 == si || d.d1330_04A7 == si || d.d1330_04A8 == si) && CaratulaSubRegimen == L("IT14"))
+        baseIVA_ += porcentajeDe(derechoAdicional_);
+    if (!std::isfinite(baseIVA_) || !std::isfinite(baseIVAAdicional_)) {
         baseIVA_ = 0;
-        avisar(QStringLiteral("Desbordamiento"));
+        avisar(desbordamiento);
     }
 }
 
@@ -201,7 +230,7 @@ double ClassLiquidacion::tasaIVA(const QString &porcentaje) const {
 double ClassLiquidacion::CalcularDiemCHINA(double porcentaje) {
     if (ItemIdPais.trimmed() != china || !ncmCalculaDIEMCHINA) return 0;
     if (porcentaje == 0) {
-        avisar(QStringLiteral("División por cero"));
+        avisar(divisionPorCero);
         return 0;
     }
     const double a = ncmDIEMCHINAValor * ItemCantidadDerechoEspecifico * 100 / porcentaje;
@@ -209,7 +238,7 @@ double ClassLiquidacion::CalcularDiemCHINA(double porcentaje) {
     const double e = b - PorcentajeRedondeado(b, ncmDIEMPREFPorcValor) + ncmDIEMIndMaxArancelValor;
     const double total = e * porcentaje / 100;
     if (!std::isfinite(total)) {
-        avisar(QStringLiteral("Desbordamiento"));
+        avisar(desbordamiento);
         return 0;
     }
     return redondear(total, 2);
@@ -220,7 +249,10 @@ void ClassLiquidacion::GetMarcaImpuestosInternos(const QString &ncm) {
     impInternoTasaNominal_ = impInternoTasaEfectiva_ = 0;
     try {
         Recordset rs;
-        if (!Consultar(ctx_, QStringLiteral("USUARIO"), L("select decreto, tasa_nominal from impuestos_internos where ncm = '") + ncm + L("'"), rs)) return;
+        if (!Consultar(ctx_, QStringLiteral("USUARIO"),
+                       L("select decreto, tasa_nominal from impuestos_internos where ncm = '") + ncm + L("'"),
+                       rs))
+            return;
         impInternoDecreto_ = rs.Texto(u"decreto").trimmed();
         impInternoTasaNominal_ = rs.Numero(u"tasa_nominal");
     } catch (const ErrorDeStore &e) {

@@ -10,13 +10,13 @@ QString ZonaDePais(const QString &codigo);
 /// Whether the country's imports are capped (129 codes); a code that is no number is not.
 bool PaisConTopeArancelario(const QString &codigo);
 
-/// Holds the header, nomenclature and item values of one item, derives the two taxable bases, and answers concept by
-/// concept. Amounts are in the currency of their field, bases and totals in the customs currency, rates in percent.
-/// One instance serves one item at a time and goes from item to item: nothing is reset between items but what an
-/// operation says it resets. The caller fills the members, then asks for ObtenerBaseImponible and ObtenerBaseIVA, in
-/// that order, then for the concepts.
+/// Holds the header, nomenclature and item values of one item, derives the two taxable bases, and answers
+/// concept by concept. Amounts are in the currency of their field, bases and totals in the customs currency,
+/// rates in percent. One instance serves one item at a time and goes from item to item: nothing is reset
+/// between items but what an operation says it resets. The caller fills the members, then asks for
+/// ObtenerBaseImponible and ObtenerBaseIVA, in that order, then for the concepts.
 class ClassLiquidacion {
-  public:
+ public:
     /// `interno` is the key under which the answer to the common external tariff question is kept.
     ClassLiquidacion(AppContext &ctx, QString interno);
 
@@ -93,11 +93,13 @@ class ClassLiquidacion {
     double ObtenerAjusteIncUs() const { return CaratulaDivisasFOB * AJUSTEINCLUIRtotalITEM; }
     double ObtenerAjusteDedUs() const { return CaratulaDivisasFOB * AJUSTEDEDUCIRtotalITEM; }
 
-    /// The total of a concept. `porcentaje` "Vacio" asks for its default, and may be replaced; `valor` is not used;
-    /// `base` goes in and out; a `baseManual` other than 0 lets `base` stand; `sinCoeficiente` leaves the export
-    /// coefficient out of concept 020. ObtenerLqPorc tells the percentage to keep. Raises ErrorDeStore on a division
-    /// by zero, which only a nominal rate of 100 in concept 417 can bring.
-    double ObtenerValorConcepto(const QString &concepto, QString &porcentaje, double valor, double &base, const QString &porcentajeB, double baseManual, bool sinCoeficiente);
+    /// The total of a concept. `porcentaje` "Vacio" asks for its default, and may be replaced; `valor` is not
+    /// used; `base` goes in and out; a `baseManual` other than 0 lets `base` stand; `sinCoeficiente` leaves
+    /// the export coefficient out of concept 020. ObtenerLqPorc tells the percentage to keep. Concepts 601
+    /// and 611 set AppContext::LiquidacionPendiente. Raises ErrorDeStore on an overflow and on a division by
+    /// zero (020 with a rate of -100 and a coefficient to be worked out, 417 with a nominal rate of 100).
+    double ObtenerValorConcepto(const QString &concepto, QString &porcentaje, double valor, double &base,
+                                const QString &porcentajeB, double baseManual, bool sinCoeficiente);
     double ObtenerLqPorc() const { return LqPorc; }
 
     /// Ad valorem against specific duty, with the caps of the country's zone.
@@ -105,15 +107,16 @@ class ClassLiquidacion {
     double Aux_PORCENTAJE() const { return auxPorcentaje_; }
     /// Minimum specific duty for goods of country 310; 0 for any other.
     double CalcularDiemCHINA(double porcentaje);
-    /// Reads the decree and the nominal rate of the position's internal taxes; clears them when there are none.
+    /// Reads the decree and the nominal rate of the position's internal taxes; clears them when there are
+    /// none.
     void GetMarcaImpuestosInternos(const QString &ncm);
 
     static QString Obtener_Sep_Decim();
     static QString ObtenerDecimal() { return Obtener_Sep_Decim(); }
     static QString ReemplazarSeparadorDecimal(QString &texto);
 
-    /// The band of the last base seen: 1 to 79999, 2 from 80000 to 99999, 3 from 100000; in the gaps between them it
-    /// keeps what it was.
+    /// The band of the last base seen: 1 to 79999, 2 from 80000 to 99999, 3 from 100000; in the gaps between
+    /// them it keeps what it was.
     int BandaEstadistica() const { return bandaEstadistica_; }
     double ImporteDIEM() const { return importeDIEM_; }
     double ImporteEspecifico() const { return importeEspecifico_; }
@@ -121,7 +124,7 @@ class ClassLiquidacion {
     double BaseIVAAdicional() const { return baseIVAAdicional_; }
     double DerechoAutomotriz() const { return derechoAutomotriz_; }
 
-  private:
+ private:
     friend struct Conceptos;
 
     bool esExportacion() const { return CaratulaSubRegimen.startsWith(QLatin1Char('E')); }

@@ -17,13 +17,24 @@ using L = QLatin1String;
 
 const QString cero = QStringLiteral("0");
 
-bool esVacio(const QString &texto) { return texto == L("Vacio"); }
+bool esVacio(const QString &texto) {
+    return texto == L("Vacio");
+}
 
 /// A rate as the platform writes it: the workstation's separator.
 QString comoTexto(double numero) {
     QString texto = numeros::aTexto(numero);
-    if (numeros::separadorDecimal() != QLatin1Char('.')) texto.replace(QLatin1Char('.'), numeros::separadorDecimal());
+    if (numeros::separadorDecimal() != QLatin1Char('.'))
+        texto.replace(QLatin1Char('.'), numeros::separadorDecimal());
     return texto;
+}
+
+/// A fault inside a rule has no handler here: it reaches the routine that asked for the concept.
+[[noreturn]] void fallar(int numero, const char *descripcion) {
+    throw ErrorDeStore{numero, QStringLiteral("ClassLiquidacion"), QString::fromUtf8(descripcion), {}};
+}
+[[noreturn]] void divisionPorCero() {
+    fallar(11, "División por cero");
 }
 
 }  // namespace
@@ -183,9 +194,14 @@ struct Conceptos {
     double derechoDeExportacion() {
         c.derechoExpoCubierto_ = false;
         const double t = tasa(c.NcmDerechodeExpo);
-        if (c.ItemCalcularCoeficienteExportacion) c.ItemCoeficienteExportacion = redondear(1 / (1 + t / 100), 5);
+        if (c.ItemCalcularCoeficienteExportacion) {
+            const double divisor = 1 + t / 100;
+            if (divisor == 0) divisionPorCero();
+            c.ItemCoeficienteExportacion = redondear(1 / divisor, 5);
+        }
         if (c.ItemCoeficienteExportacion <= 0) return sobre(c.baseImponible_, t);
-        const double nueva = sinCoeficiente ? c.baseImponible_ : c.baseImponible_ * c.ItemCoeficienteExportacion;
+        const double nueva =
+            sinCoeficiente ? c.baseImponible_ : c.baseImponible_ * c.ItemCoeficienteExportacion;
         const double total = sobre(nueva, t);
         c.baseImponible_ = nueva;
         c.derechoExpoCubierto_ = c.ItmComsionesExt + c.ItmImportacionTmpCons > total;
@@ -193,8 +209,13 @@ struct Conceptos {
     }
 
     // Refunds, 601 and 611.
-    double valorAgregado() const { return valorSinTemporales() - c.ItmImportacionTmpCons - c.ItmComsionesExt; }
-    double valorSinTemporales() const { return c.AJUSTEINCLUIRtotalITEM + c.FOBTotalITEM - c.AJUSTEDEDUCIRtotalITEM - c.ItmImportacionTemporal; }
+    double valorAgregado() const {
+        return valorSinTemporales() - c.ItmImportacionTmpCons - c.ItmComsionesExt;
+    }
+    double valorSinTemporales() const {
+        return c.AJUSTEINCLUIRtotalITEM + c.FOBTotalITEM - c.AJUSTEDEDUCIRtotalITEM -
+               c.ItmImportacionTemporal;
+    }
     double reintegro() {
         const QString zona = ZonaDePais(c.ItemIdPais);
         c.LqPorc = zona == L("B") || zona == L("M") ? c.ncmReintFijoIntraZona : c.ncmReintegroFijo;
@@ -205,7 +226,8 @@ struct Conceptos {
         c.ctx_.LiquidacionPendiente = true;
         // The deduction is added here and subtracted in the comparison: the asymmetry is the rule's own.
         base = c.AJUSTEINCLUIRtotalITEM + c.FOBTotalITEM + c.AJUSTEDEDUCIRtotalITEM;
-        if (valorSinTemporales() >= valorAgregado()) base = base - c.ItmImportacionTmpCons - c.ItmComsionesExt - c.ItmImportacionTemporal;
+        if (valorSinTemporales() >= valorAgregado())
+            base = base - c.ItmImportacionTmpCons - c.ItmComsionesExt - c.ItmImportacionTemporal;
         return reintegro();
     }
     double reintegroConCoeficiente() {
@@ -223,7 +245,7 @@ struct Conceptos {
             return 0;
         }
         const double resto = 100 - c.impInternoTasaNominal_;
-        if (resto == 0) throw ErrorDeStore{11, QStringLiteral("ClassLiquidacion"), QStringLiteral("División por cero"), {}};
+        if (resto == 0) divisionPorCero();
         c.impInternoTasaEfectiva_ = c.impInternoTasaNominal_ * 100 / resto;
         double total = 0;
         if (c.impInternoDecreto_ == L("SINDEC"))
@@ -237,7 +259,9 @@ struct Conceptos {
     }
 
     /// A plain rate on `baseDelConcepto`, 0 unless told.
-    double tasaLlana(double baseDelConcepto) { return manual() ? sobreLaManual() : sobre(baseDelConcepto, tasa(0)); }
+    double tasaLlana(double baseDelConcepto) {
+        return manual() ? sobreLaManual() : sobre(baseDelConcepto, tasa(0));
+    }
 
     double responder(int codigo, bool factorDeConvergencia) {
         switch (codigo) {
@@ -300,7 +324,8 @@ struct Conceptos {
     }
 };
 
-double ClassLiquidacion::ObtenerValorConcepto(const QString &concepto, QString &porcentaje, double /*valor*/, double &base, const QString &porcentajeB, double baseManual,
+double ClassLiquidacion::ObtenerValorConcepto(const QString &concepto, QString &porcentaje, double /*valor*/,
+                                              double &base, const QString &porcentajeB, double baseManual,
                                               bool sinCoeficiente) {
     if (baseImponible_ <= 79999)
         bandaEstadistica_ = 1;
@@ -313,7 +338,13 @@ double ClassLiquidacion::ObtenerValorConcepto(const QString &concepto, QString &
     int codigo = -1;
     if (concepto.size() == 3) {
         codigo = 0;
-        for (const QChar letra : concepto) codigo = codigo >= 0 && letra >= u'0' && letra <= u'9' ? codigo * 10 + (letra.unicode() - u'0') : -1;
+        for (const QChar letra : concepto)
+            codigo =
+                codigo >= 0 && letra >= u'0' && letra <= u'9' ? codigo * 10 + (letra.unicode() - u'0') : -1;
     }
-    return Conceptos{*this, porcentaje, base, porcentajeB, baseManual, sinCoeficiente}.responder(codigo, concepto == L("FCV"));
+    const double total =
+        Conceptos{*this, porcentaje, base, porcentajeB, baseManual, sinCoeficiente}.responder(
+            codigo, concepto == L("FCV"));
+    if (!std::isfinite(total)) fallar(6, "Desbordamiento");
+    return total;
 }

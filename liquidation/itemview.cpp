@@ -2,6 +2,7 @@
 
 #include "frame/numbers.h"
 #include "header/codes.h"
+#include "header/regime.h"
 
 namespace {
 
@@ -9,7 +10,14 @@ using L = QLatin1String;
 
 const QString internos = QStringLiteral("INTERNOS");
 
-QString conMascara(double valor) { return numeros::Format(valor, u"00.00"); }
+QString conMascara(double valor) {
+    return numeros::Format(valor, u"00.00");
+}
+
+/// A plain number, with the workstation's separator.
+QString comoNumero(double valor) {
+    return numeros::aTexto(valor).replace(QLatin1Char('.'), numeros::separadorDecimal());
+}
 
 /// A page while it is filled.
 struct Pagina {
@@ -20,26 +28,33 @@ struct Pagina {
     void poner(const char *control, const QString &texto) const { v.campos.emplace_back(L(control), texto); }
     void monto(const char *control, double valor) const { poner(control, conMascara(valor)); }
     bool consultar(const QString &sql, Recordset &rs) const { return Consultar(ctx, internos, sql, rs); }
-
 };
 
 void leerGrupos(const Pagina &p) {
     Recordset rs;
-    for (p.consultar(L("select idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,fob,sufijos,estadistica,valorrelacionestadistica from groupsubitems where id = ") +
+    for (p.consultar(L("select "
+                       "idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,fob,sufijos,estadistica,"
+                       "valorrelacionestadistica from groupsubitems where id = ") +
                          p.v.item + L(" and interno = '") + p.interno + L("'  ORDER BY idsub"),
                      rs);
          !rs.Eof(); rs.MoveNext())
-        p.v.grupos.push_back({rs.Texto(u"idarticulo"), rs.Texto(u"ncm"), p.v.idsubreg == L("DJAI") ? rs.Texto(u"Descripcion").trimmed() : QString(), rs.Texto(u"idunidad"),
-                              conMascara(rs.Numero(u"cantidad")), numeros::Format(rs.Numero(u"preciounitario"), u"00.00000"), conMascara(rs.Numero(u"fob")),
-                              rs.Texto(u"sufijos"), rs.Texto(u"estadistica"), conMascara(rs.Numero(u"valorrelacionestadistica"))});
+        p.v.grupos.push_back({rs.Texto(u"idarticulo"), rs.Texto(u"ncm"),
+                              p.v.idsubreg == L("DJAI") ? rs.Texto(u"Descripcion").trimmed() : QString(),
+                              rs.Texto(u"idunidad"), conMascara(rs.Numero(u"cantidad")),
+                              numeros::Format(rs.Numero(u"preciounitario"), u"00.00000"),
+                              conMascara(rs.Numero(u"fob")), rs.Texto(u"sufijos"), rs.Texto(u"estadistica"),
+                              conMascara(rs.Numero(u"valorrelacionestadistica"))});
 }
 
 void leerCertificados(const Pagina &p) {
-    const QString grupos = L(" select idsub from groupsubitems where interno = '") + p.interno + L("' and id = ") + p.v.item;
+    const QString grupos =
+        L(" select idsub from groupsubitems where interno = '") + p.interno + L("' and id = ") + p.v.item;
     Recordset rs;
-    for (p.consultar(L("select certorig from subitems where interno = '") + p.interno + L("' and  (certorig is not null and certorig<>'') and  id in ( select * from ( ") + grupos +
-                         L(" Union  select idsub from idrel where interno = '") + p.interno + L("' and idroot in (  select idsub from groupsubitems where interno = '") + p.interno +
-                         L("'  and id = ") + p.v.item + L(")) as tino ) "),
+    for (p.consultar(L("select certorig from subitems where interno = '") + p.interno +
+                         L("' and  (certorig is not null and certorig<>'') and  id in ( select * from ( ") +
+                         grupos + L(" Union  select idsub from idrel where interno = '") + p.interno +
+                         L("' and idroot in (  select idsub from groupsubitems where interno = '") +
+                         p.interno + L("'  and id = ") + p.v.item + L(")) as tino ) "),
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.certificados << rs.Texto(u"certorig");
@@ -47,17 +62,38 @@ void leerCertificados(const Pagina &p) {
 
 void leerListas(const Pagina &p) {
     Recordset rs;
-    for (p.consultar(L("select * from iteminfo where iditem = ") + p.v.item + L(" and interno = '") + p.interno + L("'"), rs); !rs.Eof(); rs.MoveNext())
+    for (p.consultar(L("select * from iteminfo where iditem = ") + p.v.item + L(" and interno = '") +
+                         p.interno + L("'"),
+                     rs);
+         !rs.Eof(); rs.MoveNext())
         p.v.informacion.emplace_back(rs.Texto(u"idinfo"), rs.Texto(u"valor"));
-    for (p.consultar(L("select * from itemventaja where iditem = ") + p.v.item + L(" and interno ='") + p.interno + L("' order by idventaja"), rs); !rs.Eof(); rs.MoveNext()) {
+    for (p.consultar(L("select * from itemventaja where iditem = ") + p.v.item + L(" and interno ='") +
+                         p.interno + L("' order by idventaja"),
+                     rs);
+         !rs.Eof(); rs.MoveNext()) {
         const QString ventaja = rs.Texto(u"idventaja");
         p.v.ventajas << ventaja;
         if (ventaja == L("AUTOLIQLIBREEXP") || ventaja == L("AUTOLIQLIBREIMP")) p.v.lbAutoliq = true;
     }
 }
 
+void leerCancelaciones(const Pagina &p) {
+    Recordset rs;
+    for (p.consultar(L("select dit,item,subitem,ncm,expctit,cantidad,factorponderacion from descargas where "
+                       "interno = '") +
+                         p.interno + L("' and iditem =  ") + p.v.item + L(" order by dit, item, subitem"),
+                     rs);
+         !rs.Eof(); rs.MoveNext())
+        p.v.cancelaciones.push_back({rs.Texto(u"dit"), rs.Texto(u"item"), rs.Texto(u"subitem"),
+                                     rs.Texto(u"ncm"), rs.Texto(u"expctit"),
+                                     numeros::Format(rs.Numero(u"cantidad"), u"00.000"),
+                                     comoNumero(rs.Numero(u"factorponderacion"))});
+}
+
 void ponerDatos(const Pagina &p, const Recordset &item) {
-    const auto codigo = [&](const char *control, QStringView columna) { p.poner(control, item.Texto(columna)); };
+    const auto codigo = [&](const char *control, QStringView columna) {
+        p.poner(control, item.Texto(columna));
+    };
     codigo("LbPos", u"NCM");
     codigo("TxtNaladisa", u"naladisa");
     codigo("TxtLista", u"Lista");
@@ -70,13 +106,15 @@ void ponerDatos(const Pagina &p, const Recordset &item) {
     p.monto("TxtTotKgNeto", item.Numero(u"totalkneto"));
     p.monto("TxtKgBruto", item.Numero(u"totalkbruto"));
     const QString unidad = item.Texto(u"idunidad");
-    p.poner("TxtCantidad", (conMascara(item.Numero(u"Cantidad")) + QLatin1Char(' ') + unidad + QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad)).trimmed());
+    p.poner("TxtCantidad", (conMascara(item.Numero(u"Cantidad")) + QLatin1Char(' ') + unidad +
+                            QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad))
+                               .trimmed());
     codigo("TxtUnidEst", u"estadistica");
     p.monto("Txt", item.Numero(u"valorrelacionestadistica"));
     codigo("TxtDerEsp", u"deresp");
     p.monto("TxtValorDerEsp", item.Numero(u"valorderesp"));
     p.monto("txtItComExt", item.Numero(u"itcomext"));
-    codigo("TxtCOEF", u"cofexp");
+    p.poner("TxtCOEF", comoNumero(item.Numero(u"cofexp")));
     p.monto("TxtAjusteInc", item.Numero(u"ajusteinc"));
     p.monto("txtAjusteDed", item.Numero(u"ajusteded"));
     const QStringView mascara = p.v.item == L("0") ? QStringView(u"00.000000") : QStringView(u"00.00");
@@ -87,6 +125,17 @@ void ponerDatos(const Pagina &p, const Recordset &item) {
     codigo("TxtStan", u"standard");
     codigo("txtTipoItem", u"tipoitem");
     codigo("txtItemAsociado", u"ItemAsociado");
+    p.poner("chkMineria", item.Texto(u"Mineria") == L("S") ? QStringLiteral("S") : QStringLiteral("N"));
+    p.poner("cboOpcionIVA", OpcionIVATexto(OpcionIVAIndice(item.Texto(u"OpcionesIVA"))));
+    p.poner("cboOpcionesGanancias",
+            OpcionGananciasTexto(OpcionGananciasIndice(item.Texto(u"OpcionesGanancias"))));
+    static constexpr std::pair<const char *, const char16_t *> oncca[] = {
+        {"txtAcuerdo", u"ONCCAAcuerdo"}, {"txtCategoria", u"ONCCACategoria"},
+        {"txtCorte", u"ONCCACortes"},    {"txtElaborador", u"ONCCAElaborador"},
+        {"txtEspecie", u"ONCCAEspecie"}, {"txtFaneador", u"ONCCAFaneador"},
+        {"txtEOC", u"ONCCAMeccoorgbio"}, {"txtRes3106", u"ONCCAres3106"},
+        {"txtSisProd", u"ONCCAsispro"},  {"txtMatadero", u"ONCCAMatadero"}};
+    for (const auto &[control, columna] : oncca) codigo(control, columna);
     p.v.LbLapi = item.Texto(u"LAPI") == L("S");
     p.v.esCancelacion = item.Texto(u"cancelaciones") == L("OK");
     p.v.bienDeUso = item.Texto(u"Biendeuso") == L("S");
@@ -102,20 +151,30 @@ void ponerImportes(const Pagina &p, ClassLiquidacion &c, double baseImponible, d
     p.monto("LbBaseIVA", baseIVA);
 }
 
-void verItemCero(const Pagina &p, const Recordset &item, bool recalcular, ClassLiquidacion &c, const std::function<void(const QString &)> &estado) {
+void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
+                 const std::function<void(const QString &)> &estado) {
     ResultadoRecalculo r;
-    if (recalcular) r = RecalcularOperacion(p.ctx, p.interno, c, estado);
+    if (recalcular) {
+        r = RecalcularOperacion(p.ctx, p.interno, c, estado);
+    } else {
+        RepartirAjustesDeCaratula(p.ctx, p.interno, c);
+        r = LeerUltimoRecalculo(p.ctx, p.interno);
+    }
+    p.v.recalculada = recalcular;
     Recordset rs;
-    p.consultar(L("select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro from item where interno = '") + p.interno + L("' and id<>0"), rs);
+    p.consultar(L("select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
+                  "interno = '") +
+                    p.interno + L("' and id<>0"),
+                rs);
     c.FOBTotalITEM = rs.Numero(u"fob");
     c.FLETETotalITEM = rs.Numero(u"flete");
     c.SEGUROTotalITEM = rs.Numero(u"seguro");
-    c.AJUSTEINCLUIRtotalITEM = recalcular ? r.sumaAjusteInc : item.Numero(u"ajusteinc");
-    c.AJUSTEDEDUCIRtotalITEM = recalcular ? r.sumaAjusteDed : item.Numero(u"ajusteded");
+    c.AJUSTEINCLUIRtotalITEM = r.sumaAjusteInc;
+    c.AJUSTEDEDUCIRtotalITEM = r.sumaAjusteDed;
     ponerImportes(p, c, r.sumaBaseImponible, r.sumaBaseIVA);
     p.v.lbTOTALG = conMascara(r.totalP);
-    p.v.lbTOTGAR = numeros::aTexto(r.totalG).replace(QLatin1Char('.'), numeros::separadorDecimal());
-    p.v.lbTOTCOB = numeros::aTexto(r.totalC).replace(QLatin1Char('.'), numeros::separadorDecimal());
+    p.v.lbTOTGAR = comoNumero(r.totalG);
+    p.v.lbTOTCOB = comoNumero(r.totalC);
     p.v.grilla = std::move(r.grilla);
 }
 
@@ -124,8 +183,10 @@ bool verItem(const Pagina &p, const Recordset &item, ClassLiquidacion &c) {
     bool lapi = false;
     const CargaDePosicion carga = CargarItemEnCalculadora(p.ctx, p.interno, item, c, true, lapi);
     if (carga != CargaDePosicion::Encontrada) {
-        p.v.aviso = carga == CargaDePosicion::MalFormada ? QStringLiteral("Estructura de NCM incorrecta")
-                                                         : QStringLiteral("La Posición ") + item.Texto(u"NCM") + QStringLiteral(" no esta en el nomenclador");
+        p.v.aviso = carga == CargaDePosicion::MalFormada
+                        ? QStringLiteral("Estructura de NCM incorrecta")
+                        : QStringLiteral("La Posición ") + PosicionDeItem(item) +
+                              QStringLiteral(" no esta en el nomenclador");
         p.ctx.dialogos.advertir(p.v.aviso);
         return false;
     }
@@ -146,11 +207,15 @@ QString VistaDeItem::campo(const QString &control) const {
 QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno) {
     QStringList numeros;
     Recordset rs;
-    for (Consultar(ctx, internos, L("select id from item where interno = '") + interno + L("' order by id"), rs); !rs.Eof(); rs.MoveNext()) numeros << rs.Texto(u"id");
+    for (Consultar(ctx, internos, L("select id from item where interno = '") + interno + L("' order by id"),
+                   rs);
+         !rs.Eof(); rs.MoveNext())
+        numeros << rs.Texto(u"id");
     return numeros;
 }
 
-VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item, bool paginaDeLiquidacion, ClassLiquidacion &calculo,
+VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
+                           bool paginaDeLiquidacion, ClassLiquidacion &calculo,
                            const std::function<void(const QString &)> &estado) {
     const Reloj reloj(ctx.dialogos);
     VistaDeItem v;
@@ -160,16 +225,19 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
     v.idsubreg = calculo.CaratulaSubRegimen;
     v.cantidadDeItems = static_cast<int>(ItemsDeOperacion(ctx, interno).size()) - 1;
     Recordset fila;
-    if (!p.consultar(L("select * from item where interno = '") + interno + L("' and id = ") + item, fila)) return v;
+    if (!p.consultar(L("select * from item where interno = '") + interno + L("' and id = ") + item, fila))
+        return v;
     const bool recalcular = paginaDeLiquidacion || ctx.LiquidacionPendiente;
     if (item == L("0")) {
-        verItemCero(p, fila, recalcular, calculo, estado);
+        leerListas(p);
+        verItemCero(p, recalcular, calculo, estado);
     } else {
         leerGrupos(p);
         leerCertificados(p);
+        leerListas(p);
         if (!verItem(p, fila, calculo)) return v;
+        leerCancelaciones(p);
     }
-    leerListas(p);
     ponerDatos(p, fila);
     v.cargada = true;
     return v;

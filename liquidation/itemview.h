@@ -10,24 +10,32 @@
 
 /// One row of the list of groups (LstV), texts as shown.
 struct FilaDeGrupo {
-    QString idarticulo, ncm, descripcion, idunidad, cantidad, preciounitario, fob, sufijos, estadistica, valorrelacionestadistica;
+    QString idarticulo, ncm, descripcion, idunidad, cantidad, preciounitario, fob, sufijos, estadistica,
+        valorrelacionestadistica;
+};
+
+/// One row of the list of cancellations (lstVCancel), texts as shown.
+struct FilaDeCancelacion {
+    QString dit, item, subitem, ncm, expctit, cantidad, factorponderacion;
 };
 
 /// A page of the item screen. Texts are as shown: amounts and quantities "00.00".
 struct VistaDeItem {
-    bool cargada = false;   ///< false: `aviso` says why and the page stays as it was
-    QString aviso;
-    QString item;           ///< its number
+    bool cargada = false;  ///< false: the load ended before the item's data, for the reason in `aviso`
+    QString aviso;         ///< empty when there is no such item
+    QString item;          ///< its number
     int cantidadDeItems = 0;
     QString idsubreg;
     /// Control name and text, in the order of the page.
     std::vector<std::pair<QString, QString>> campos;
-    QString lbTOTALG, lbTOTGAR, lbTOTCOB;  ///< item 0 only
+    bool recalculada = false;              ///< item 0: the totals are those of a fresh run
+    QString lbTOTALG, lbTOTGAR, lbTOTCOB;  ///< item 0 only; the last two as plain numbers
     std::vector<FilaLiq> grilla;
     std::vector<FilaDeGrupo> grupos;
     std::vector<std::pair<QString, QString>> informacion;
     QStringList ventajas;
     QStringList certificados;
+    std::vector<FilaDeCancelacion> cancelaciones;
     bool lbAutoliq = false;
     bool LbLapi = false;
     bool esCancelacion = false;  ///< its lines took inputs
@@ -39,7 +47,9 @@ struct VistaDeItem {
 /// The numbers of the operation's items in order, 0 first.
 QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno);
 
-/// Loads a page. Item "0" with the liquidation page wanted, or with the liquidation pending, runs the recalculation of
-/// the operation (`estado` hears its progress); any other item reads its stored rows. Raises ErrorDeStore.
-VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item, bool paginaDeLiquidacion, ClassLiquidacion &calculo,
+/// Loads a page. Item "0" spreads the header's adjustments, and with the liquidation page wanted, or with the
+/// liquidation pending, runs the recalculation of the operation (`estado` hears its progress); without a run
+/// it shows the totals of the last one. Any other item reads its stored rows. Raises ErrorDeStore.
+VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
+                           bool paginaDeLiquidacion, ClassLiquidacion &calculo,
                            const std::function<void(const QString &)> &estado = {});

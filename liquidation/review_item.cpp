@@ -27,11 +27,14 @@ struct TasaGuardada {
     bool hay = false;
     double porcentaje = 0;
 };
-TasaGuardada tasaGuardada(AppContext &ctx, const QString &interno, const QString &id, const char *concepto, const char *cola = "") {
+TasaGuardada tasaGuardada(AppContext &ctx, const QString &interno, const QString &id, const char *concepto,
+                          const char *cola = "") {
     Recordset rs;
     TasaGuardada t;
     t.hay = Consultar(ctx, internos,
-                      L("select porcentaje from itemliq where idconceptos = '") + L(concepto) + L("' and interno = '") + interno + L("' and iditem = ") + id + L(cola), rs);
+                      L("select porcentaje from itemliq where idconceptos = '") + L(concepto) +
+                          L("' and interno = '") + interno + L("' and iditem = ") + id + L(cola),
+                      rs);
     if (t.hay) t.porcentaje = rs.Numero(u"Porcentaje");
     return t;
 }
@@ -55,7 +58,9 @@ QString derechoAdicional(AppContext &ctx, const QString &interno, const QString 
 void leerDecretos(AppContext &ctx, const QString &interno) {
     MotivoDecreto d;
     Recordset rs;
-    for (Consultar(ctx, internos, L("select flag,valor from sysflag where interno = '") + interno + L("'"), rs); !rs.Eof(); rs.MoveNext()) {
+    for (Consultar(ctx, internos, L("select flag,valor from sysflag where interno = '") + interno + L("'"),
+                   rs);
+         !rs.Eof(); rs.MoveNext()) {
         const QString flag = rs.Texto(u"flag");
         const QString valor = rs.Texto(u"valor");
         if (flag == L("1439/96")) d.d1439_96 = valor;
@@ -67,13 +72,17 @@ void leerDecretos(AppContext &ctx, const QString &interno) {
     ctx.decreto = d;
 }
 
-void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, const QString &ncm, const Recordset &p, ClassLiquidacion &c, bool paraVer) {
+void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, const QString &ncm,
+                    const Recordset &p, ClassLiquidacion &c, bool paraVer) {
     const TasaGuardada derecho = tasaGuardada(ctx, interno, id, "010");
     const bool fijado = derecho.hay && derecho.porcentaje > 0;
-    c.NcmDerechodeImportacionExtrazona = fijado ? derecho.porcentaje : (derecho.hay ? numeroDe(p, u"015") : 0);
+    c.NcmDerechodeImportacionExtrazona =
+        fijado ? derecho.porcentaje : (derecho.hay ? numeroDe(p, u"015") : 0);
     if (paraVer) c.NcmDerechodeImportacionExtrazonaForce = fijado;
     const TasaGuardada estadistica = tasaGuardada(ctx, interno, id, "011");
-    c.NcmTasaEstadistica = estadistica.hay && estadistica.porcentaje != 0 ? estadistica.porcentaje : (estadistica.hay ? numeroDe(p, u"016") : 0);
+    c.NcmTasaEstadistica = estadistica.hay && estadistica.porcentaje != 0
+                               ? estadistica.porcentaje
+                               : (estadistica.hay ? numeroDe(p, u"016") : 0);
     c.fijarNcmDerechoAdicional(derechoAdicional(ctx, interno, id, c.CaratulaSubRegimen));
     c.GetMarcaImpuestosInternos(ncm);
     c.NcmDerechodeExpo = numeroDe(p, u"018");
@@ -91,7 +100,8 @@ void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, 
 
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c) {
     Recordset rs;
-    if (!Consultar(ctx, internos, L("select * from caratula where interno = '") + interno + L("'"), rs)) return false;
+    if (!Consultar(ctx, internos, L("select * from caratula where interno = '") + interno + L("'"), rs))
+        return false;
     c.CaratulaSubRegimen = rs.Texto(u"idsubreg");
     c.CaratulaFobTotal = c.CaratulaFobTotalSinG = rs.Numero(u"fobdivisas");
     c.CaratulaFleteTotal = rs.Numero(u"fletedivisas");
@@ -104,18 +114,26 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     c.CaratulaDivisasFOB = rs.Numero(u"fobdivcambio");
     c.CaratulaDivisasFlete = rs.Numero(u"fletedivcambio");
     c.CaratulaDivisasSeguro = rs.Numero(u"segurodivcambio");
-    c.CaratulaFobTotal = suma(ctx, L("select sum(fob) as total from groupsubitems where interno = '") + interno + L("'"));
-    c.CaratulaFobTotalSinG = suma(ctx, L("select sum(fobtotal) as total from item where interno = '") + interno + L("' and tipoitem <> 'G'"));
+    c.CaratulaFobTotal =
+        suma(ctx, L("select sum(fob) as total from groupsubitems where interno = '") + interno + L("'"));
+    c.CaratulaFobTotalSinG = suma(ctx, L("select sum(fobtotal) as total from item where interno = '") +
+                                           interno + L("' and tipoitem <> 'G'"));
     leerDecretos(ctx, interno);
     return true;
 }
 
-CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item, ClassLiquidacion &c, bool paraVer, bool &lapi) {
+QString PosicionDeItem(const Recordset &item) {
+    return item.EsNulo(u"NCM") ? QStringLiteral("0000.00.00.000D") : item.Texto(u"NCM");
+}
+
+CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
+                                        ClassLiquidacion &c, bool paraVer, bool &lapi) {
     const QString id = item.Texto(u"ID");
     Recordset rs;
     Consultar(ctx, internos,
-              L("select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where interno = '") + interno +
-                  (id == L("0") ? QStringLiteral("' and id <> 0") : L("' and id = ") + id),
+              L("select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
+                "interno = '") +
+                  interno + (id == L("0") ? QStringLiteral("' and id <> 0") : L("' and id = ") + id),
               rs);
     c.FOBTotalITEM = rs.Numero(u"vfob");
     c.FLETETotalITEM = rs.Numero(u"flete");
@@ -132,19 +150,22 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     c.ItemCoeficienteExportacion = item.Numero(u"cofexp");
     c.ItemEstadoMercaderia = item.Texto(u"estadomerc").left(1);
     c.ItemCantidadDerechoEspecifico = item.Numero(u"valorderesp");
-    c.ItemCalcularCoeficienteExportacion = c.CaratulaSubRegimen.left(1).toUpper() == L("E") && ctx.CalcularCoeficiente;
+    c.ItemCalcularCoeficienteExportacion =
+        c.CaratulaSubRegimen.left(1).toUpper() == L("E") && ctx.CalcularCoeficiente;
     c.ItemMineria = item.Texto(u"Mineria") == L("S");
     c.ncmMineriaTasaLey = 1;
 
-    const QString ncm = item.EsNulo(u"NCM") ? QStringLiteral("0000.00.00.000D") : item.Texto(u"NCM");
+    const QString ncm = PosicionDeItem(item);
     if (ncm.size() != 14 && ncm.size() != 15) return CargaDePosicion::MalFormada;
     // With 15 characters the last four hold the digits and the letter, with 14 the last three the digits.
     const QString digitos = ncm.right(ncm.size() == 15 ? 4 : 3).left(3);
     Recordset posicion;
-    const bool hay = Consultar(ctx, QStringLiteral("NCM"),
-                               L("select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi from ncm where [001] = '") + ncm.left(10) +
-                                   L("' and [002] = '") + digitos + L("'"),
-                               posicion);
+    const bool hay =
+        Consultar(ctx, QStringLiteral("NCM"),
+                  L("select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi "
+                    "from ncm where [001] = '") +
+                      ncm.left(10) + L("' and [002] = '") + digitos + L("'"),
+                  posicion);
     if (hay) {
         cargarPosicion(ctx, interno, id, ncm, posicion, c, paraVer);
         lapi = posicion.Texto(u"lapi") == L("*");
@@ -153,7 +174,9 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     c.ncmDIEMPREFPorcValor = ctx.opciones.DIEMCHINA_PrefPorc;
     c.ncmDIEMIndMaxArancelValor = ctx.opciones.DIEMCHINA_IndMaxArancel;
     Recordset diem;
-    c.ncmCalculaDIEMCHINA = Consultar(ctx, QStringLiteral("SYSTABLAS"), L("select diem from DIEMCHINA where ncm = '") + ncm.left(10) + L("'"), diem);
+    c.ncmCalculaDIEMCHINA =
+        Consultar(ctx, QStringLiteral("SYSTABLAS"),
+                  L("select diem from DIEMCHINA where ncm = '") + ncm.left(10) + L("'"), diem);
     if (c.ncmCalculaDIEMCHINA) c.ncmDIEMCHINAValor = diem.Numero(u"diem");
     return hay ? CargaDePosicion::Encontrada : CargaDePosicion::NoEsta;
 }

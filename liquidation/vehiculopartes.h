@@ -10,8 +10,9 @@ struct VehiculoPartes {
     bool respuesta = false;
 };
 
-/// Adds the advantage to an item where the regime, the zone and the licence mark say so; may set the item's list to
-/// MERCOSUR. `lapi` is the position's licence mark. Raises ErrorDeStore.
-void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QString &iditem, bool lapi, ClassLiquidacion &calculo, VehiculoPartes &memoria);
+/// Adds the advantage to an item where the regime, the zone and the licence mark say so; may set the item's
+/// list to MERCOSUR. `lapi` is the position's licence mark. Raises ErrorDeStore.
+void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QString &iditem, bool lapi,
+                           ClassLiquidacion &calculo, VehiculoPartes &memoria);
 /// The closing warning of a run, with the removal of the advantage from every item, when it is due.
 void CerrarVehiculoPartes(AppContext &ctx, const QString &interno, const VehiculoPartes &memoria);
