@@ -28,7 +28,7 @@ constexpr Tabla tablas[] = {
     {"INTERNOS", "item"},      {"INTERNOS", "itemliq"},       {"INTERNOS", "itemventaja"},
     {"INTERNOS", "iteminfo"},  {"INTERNOS", "liqcero"},       {"INTERNOS", "sysflag"},
     {"INTERNOS", "descargas"}, {"SYSTABLAS", "hval"},         {"SYSTABLAS", "hvalexp"},
-    {"INTERNOS", "caratula"}};
+    {"SYSTABLAS", "coment"},   {"INTERNOS", "caratula"}};
 
 /// The identity of each line of the original, and that of its copy.
 using Identidades = std::map<QString, QString>;
@@ -50,6 +50,13 @@ QString literal(AppContext &ctx, const QString &entidad, const QVariant &valor) 
     }
 }
 
+/// The day of the process; a context that was never started has the present one.
+QString hoy(AppContext &ctx) {
+    return ctx.TodayInternos.isEmpty()
+               ? ctx.DataManager.getDateFormatbyEntity(internos, QDate::currentDate().startOfDay())
+               : ctx.TodayInternos;
+}
+
 /// Columns that name a line.
 bool nombraLinea(const QString &tabla, const QString &columna) {
     if (tabla == L("groupsubitems")) return es(columna, "idsub");
@@ -63,8 +70,7 @@ QString valorPara(AppContext &ctx, const Tabla &tabla, const QString &columna, c
     if (es(columna, "interno")) return literal(ctx, entidad, destino);
     if (nombre == L("caratula")) {
         if (es(columna, "factura8")) return QStringLiteral("NULL");
-        if (es(columna, "fechaalta"))
-            return ctx.DataManager.getDateFormatbyEntity(entidad, QDateTime::currentDateTime());
+        if (es(columna, "fechaalta")) return hoy(ctx);
     }
     if (nombraLinea(nombre, columna) && !valor.isNull()) {
         const auto nueva = lineas.find(EsNull(valor));
@@ -163,6 +169,12 @@ QString Mostrar(AppContext &ctx, const QString &Numero_Interno) {
     if (destino.isEmpty()) return {};
     const Reloj reloj(ctx.dialogos);
     try {
+        // Another workstation may have deleted it since the list was filled.
+        if (!existe(ctx, Numero_Interno)) {
+            ctx.dialogos.advertir(QStringLiteral("El interno %1 ya no existe: vuelva a buscarlo en la lista.")
+                                      .arg(Numero_Interno));
+            return {};
+        }
         if (existe(ctx, destino)) {
             ctx.dialogos.advertir(QStringLiteral("El Código de interno ya existe."));
             return {};

@@ -1,0 +1,315 @@
+// The copy of an operation under a new key.
+
+#include <gtest/gtest.h>
+
+#include <QDate>
+
+#include "assembly/run.h"
+#include "frame/startup.h"
+#include "frame/values.h"
+#include "operations/lifecycle.h"
+#include "siblings/oOperationCopy.h"
+#include "tests/support/tienda.h"
+#include "upgrade/schema.h"
+
+namespace {
+
+const QString origen = QStringLiteral("ORIGINAL");
+const QString destino = QStringLiteral("LA COPIA");
+
+/// Every table that knows operations; the lock row says where one is open, which a copy is not.
+std::vector<const esquema::Tabla *> tablasDeOperacion() {
+    std::vector<const esquema::Tabla *> lista;
+    for (const esquema::Tabla &t : esquema::tablas())
+        if (t.columna(u"interno") && t.nombre != QLatin1String("interno")) lista.push_back(&t);
+    return lista;
+}
+
+bool nombraLinea(const esquema::Tabla &t, const QString &columna) {
+    return (t.nombre == QLatin1String("groupsubitems") || t.nombre == QLatin1String("idrel")) &&
+           (columna == QLatin1String("idsub") || columna == QLatin1String("idroot"));
+}
+
+class Copia : public EnAmbosStores {
+ protected:
+    QString literal(const esquema::Tabla &t, const esquema::Columna &c, int fila) {
+        switch (c.tipo) {
+            case esquema::Tipo::Numero:
+                return QString::number(fila * 100 + 0.1 + 0.2, 'g', 17);
+            case esquema::Tipo::Fecha:
+                return ctx->DataManager.getDateFormatbyEntity(
+                    t.entidad, QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58)));
+            case esquema::Tipo::TextoNumerico:
+                return fila == 0 ? QStringLiteral("'12.5'") : QStringLiteral("' suelto '");
+            default:
+                // What a text may hold: quotes, line ends, letters of other alphabets, blanks at its ends.
+                return QStringLiteral("' %1.%2 ''Ñandú'' \"Ω\"\r\n%3 '").arg(t.nombre, c.nombre).arg(fila);
+        }
+    }
+    /// Three rows of the operation in a table: two full ones and one of nulls (one full row of the header).
+    void llenar(const esquema::Tabla &t, const QString &interno) {
+        const int cuantas = t.nombre == QLatin1String("caratula") ? 1 : 3;
+        for (int fila = 0; fila < cuantas; ++fila) {
+            QStringList columnas;
+            QStringList valores;
+            for (const esquema::Columna &c : t.columnas) {
+                if (c.tipo == esquema::Tipo::Generado) continue;
+                const bool clave = c.nombre == QLatin1String("interno");
+                if (fila == 2 && !clave) continue;
+                columnas << c.nombre;
+                if (clave)
+                    valores << QLatin1Char('\'') + interno + QLatin1Char('\'');
+                else if (nombraLinea(t, c.nombre))
+                    valores << lineas(interno).at(fila);
+                else
+                    valores << literal(t, c, fila);
+            }
+            ejecutar(QStringLiteral("insert into %1 (").arg(t.nombre) + columnas.join(QLatin1Char(',')) +
+                         QStringLiteral(") values (") + valores.join(QLatin1Char(',')) + QStringLiteral(")"),
+                     t.entidad);
+        }
+    }
+    void llenarTodo(const QString &interno = origen) {
+        llenar(*esquema::buscarTabla(u"subitems"), interno);
+        for (const esquema::Tabla *t : tablasDeOperacion())
+            if (t->nombre != QLatin1String("subitems")) llenar(*t, interno);
+    }
+    /// The identities of an operation's lines, in order.
+    QStringList lineas(const QString &interno) {
+        return filas(QStringLiteral("select id from subitems where interno = '%1' order by id").arg(interno))
+            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+    /// The rows of a table, sorted; the key is left out, and identities of lines are told by their place.
+    std::string contenido(const esquema::Tabla &t, const QString &interno,
+                          const QStringList &sin = {QStringLiteral("interno")}) {
+        const QStringList ids = lineas(interno);
+        Recordset rs;
+        Consultar(*ctx, t.entidad,
+                  QStringLiteral("select * from %1 where interno = '%2'").arg(t.nombre, interno), rs);
+        QStringList todas;
+        for (; !rs.Eof(); rs.MoveNext()) {
+            QStringList celdas;
+            for (const esquema::Columna &c : t.columnas) {
+                if (sin.contains(c.nombre)) continue;
+                const QVariant v = rs.Fields(c.nombre).Value;
+                QString texto = v.isNull() ? QStringLiteral("<null>") : EsNull(v);
+                if (c.tipo == esquema::Tipo::Generado || nombraLinea(t, c.nombre))
+                    texto = QStringLiteral("line %1").arg(ids.indexOf(texto));
+                celdas << c.nombre + QLatin1Char('=') + texto;
+            }
+            todas << celdas.join(QLatin1Char('|'));
+        }
+        todas.sort();
+        return todas.join(QLatin1Char('\n')).toStdString();
+    }
+    int cuantas(const esquema::Tabla &t, const QString &interno) {
+        return valor(
+                   QStringLiteral("select count(*) as n from %1 where interno = '%2'").arg(t.nombre, interno),
+                   t.entidad)
+            .toInt();
+    }
+    /// Every table of an operation in one text.
+    std::string todo(const QString &interno) {
+        std::string texto;
+        for (const esquema::Tabla *t : tablasDeOperacion())
+            texto += t->nombre.toStdString() + ":\n" + contenido(*t, interno) + "\n";
+        return texto;
+    }
+    void soloCaratula(const QString &interno, const char *marca = "'N'") {
+        ejecutar(QStringLiteral("insert into caratula (interno,idsubreg,factura8) values ('%1','IC01',%2)")
+                     .arg(interno, QLatin1String(marca)));
+    }
+    QString pedir(const std::optional<QString> &escrito) {
+        registro = {};
+        registro.textos = {escrito};
+        return CopiarInterno(*ctx, origen);
+    }
+};
+
+TEST_P(Copia, EveryTableOfTheOperationIsDuplicated) {
+    llenarTodo();
+    EXPECT_EQ(pedir(destino).toStdString(), destino.toStdString());
+    EXPECT_TRUE(registro.mensajes.empty());
+    EXPECT_GE(tablasDeOperacion().size(), 18U);
+    for (const esquema::Tabla *t : tablasDeOperacion()) {
+        const QStringList sin{QStringLiteral("interno"), QStringLiteral("factura8"),
+                              QStringLiteral("fechaalta")};
+        EXPECT_GT(cuantas(*t, origen), 0) << t->nombre.toStdString();
+        EXPECT_EQ(contenido(*t, origen, sin), contenido(*t, destino, sin)) << t->nombre.toStdString();
+    }
+}
+
+TEST_P(Copia, TheOriginalAndOtherOperationsAreNotTouched) {
+    llenarTodo();
+    llenarTodo(QStringLiteral("OTRA"));
+    const std::string antes = todo(origen) + todo(QStringLiteral("OTRA"));
+    EXPECT_EQ(pedir(destino), destino);
+    EXPECT_EQ(todo(origen) + todo(QStringLiteral("OTRA")), antes);
+}
+
+TEST_P(Copia, TheCopyWasNeverArmed) {
+    for (const char *marca : {"'N'", "'S'", "null"}) {
+        ejecutar(QStringLiteral("delete from caratula"));
+        soloCaratula(origen, marca);
+        EXPECT_EQ(pedir(destino), destino);
+        EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'LA COPIA'")),
+                  QStringLiteral("<null>"))
+            << marca;
+    }
+}
+
+TEST_P(Copia, TheCopyWasCreatedToday) {
+    const QString alta = QStringLiteral("select fechaalta from caratula where interno = 'LA COPIA'");
+    soloCaratula(origen);
+    pedir(destino);
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, QStringLiteral("INTERNOS"), alta, rs));
+    EXPECT_EQ(AFecha(rs.Fields(0).Value).date(), QDate::currentDate());
+    // The process keeps the day on which it was started.
+    ejecutar(QStringLiteral("delete from caratula where interno = 'LA COPIA'"));
+    ctx->TodayInternos =
+        ctx->DataManager.getDateFormatbyEntity(QStringLiteral("INTERNOS"), QDate(2026, 3, 1).startOfDay());
+    pedir(destino);
+    ASSERT_TRUE(Consultar(*ctx, QStringLiteral("INTERNOS"), alta, rs));
+    EXPECT_EQ(AFecha(rs.Fields(0).Value).date(), QDate(2026, 3, 1));
+}
+
+TEST_P(Copia, LinesHaveIdentitiesOfTheirOwnAndGroupsAndLinksFollow) {
+    llenarTodo();
+    pedir(destino);
+    const QStringList viejas = lineas(origen);
+    const QStringList nuevas = lineas(destino);
+    ASSERT_EQ(nuevas.size(), 3);
+    for (const QString &id : nuevas) EXPECT_FALSE(viejas.contains(id));
+    EXPECT_EQ(filas(QStringLiteral("select idsub from groupsubitems where interno = 'LA COPIA' and idsub is "
+                                   "not null order by idsub")),
+              nuevas.first(2).join(QLatin1Char('\n')));
+    EXPECT_EQ(filas(QStringLiteral("select idroot,idsub from idrel where interno = 'LA COPIA' and idsub is "
+                                   "not null order by idsub")),
+              nuevas[0] + QLatin1Char('|') + nuevas[0] + QLatin1Char('\n') + nuevas[1] + QLatin1Char('|') +
+                  nuevas[1]);
+}
+
+TEST_P(Copia, TheLockStaysWithTheOriginal) {
+    soloCaratula(origen);
+    ejecutar(QStringLiteral("insert into interno (interno,maquina,usuario) values ('ORIGINAL','PC9','')"));
+    EXPECT_EQ(pedir(destino), destino);
+    EXPECT_EQ(filas(QStringLiteral("select interno,maquina from interno")), QStringLiteral("ORIGINAL|PC9"));
+}
+
+TEST_P(Copia, TheNewKeyIsAskedLikeThatOfANewOperation) {
+    soloCaratula(origen);
+    EXPECT_EQ(pedir(destino), destino);
+    ASSERT_EQ(registro.entradas.size(), 1U);
+    EXPECT_EQ(registro.entradas[0].titulo.toStdString(), "Copiar interno");
+    EXPECT_EQ(registro.entradas[0].texto.toStdString(), "Ingrese el nuevo número de INTERNO/CARPETA");
+    EXPECT_EQ(registro.entradas[0].maximo, 40);
+    EXPECT_TRUE(registro.entradas[0].inicial.isEmpty());
+}
+
+TEST_P(Copia, TheNewKeyIsTrimmed) {
+    soloCaratula(origen);
+    EXPECT_EQ(pedir(QStringLiteral("  LA COPIA ")), destino);
+    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula where interno = 'LA COPIA'")),
+              QStringLiteral("1"));
+}
+
+TEST_P(Copia, ACancelledOrEmptyKeyCopiesNothingAndSaysNothing) {
+    soloCaratula(origen);
+    for (const auto &escrito :
+         {std::optional<QString>(), std::optional<QString>(QString()), std::optional<QString>("   ")}) {
+        EXPECT_TRUE(pedir(escrito).isEmpty());
+        EXPECT_TRUE(registro.mensajes.empty());
+        EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), QStringLiteral("1"));
+    }
+}
+
+TEST_P(Copia, ANewKeyThatIsTakenIsRefusedAndNothingChanges) {
+    llenarTodo();
+    llenarTodo(QStringLiteral("TOMADA"));
+    const std::string antes = todo(origen) + todo(QStringLiteral("TOMADA"));
+    // Its own key, another's, one with other case, one with blanks at its ends.
+    for (const char *clave : {"ORIGINAL", "TOMADA", "tomada", " TOMADA  "}) {
+        EXPECT_TRUE(pedir(QString::fromLatin1(clave)).isEmpty()) << clave;
+        ASSERT_EQ(registro.mensajes.size(), 1U) << clave;
+        EXPECT_EQ(registro.mensajes[0].texto.toStdString(), "El Código de interno ya existe.");
+        EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
+        EXPECT_EQ(todo(origen) + todo(QStringLiteral("TOMADA")), antes) << clave;
+    }
+    EXPECT_THROW(oOperationCopy::Copiar(*ctx, origen, QStringLiteral("TOMADA")), ErrorDeStore);
+    EXPECT_EQ(todo(origen) + todo(QStringLiteral("TOMADA")), antes);
+}
+
+TEST_P(Copia, RowsThatADeletionLeftUnderTheNewKeyDoNotMixWithTheCopy) {
+    llenarTodo();
+    llenarTodo(destino);
+    ejecutar(QStringLiteral("delete from caratula where interno = 'LA COPIA'"));
+    EXPECT_EQ(pedir(destino), destino);
+    for (const esquema::Tabla *t : tablasDeOperacion())
+        EXPECT_EQ(cuantas(*t, destino), cuantas(*t, origen)) << t->nombre.toStdString();
+}
+
+TEST_P(Copia, AnOperationThatIsGoneIsToldAndNothingIsMade) {
+    EXPECT_TRUE(pedir(destino).isEmpty());
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto.toStdString(),
+              "El interno ORIGINAL ya no existe: vuelva a buscarlo en la lista.");
+    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), QStringLiteral("0"));
+}
+
+TEST_P(Copia, AFailureHalfwayShowsTheStoresWordsAndLeavesNoOperation) {
+    llenarTodo();
+    ejecutar(QStringLiteral("drop table itemliq"));
+    EXPECT_TRUE(pedir(destino).isEmpty());
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+    EXPECT_TRUE(registro.mensajes[0].texto.contains(QLatin1String("itemliq")));
+    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula where interno = 'LA COPIA'")),
+              QStringLiteral("0"));
+    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula where interno = 'ORIGINAL'")),
+              QStringLiteral("1"));
+}
+
+TEST_P(Copia, AKeyWithAQuoteIsRefusedByTheStoreWithoutHarm) {
+    soloCaratula(origen);
+    EXPECT_TRUE(pedir(QStringLiteral("O'P")).isEmpty());
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+    EXPECT_FALSE(registro.mensajes[0].texto.isEmpty());
+    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), QStringLiteral("1"));
+}
+
+class CopiaDeDemostracion : public Copia {
+ protected:
+    bool conDemostracion() const override { return true; }
+    void armar(const QString &interno) {
+        ctx->ChequeoArmado = QStringLiteral("SI");
+        EXPECT_TRUE(Generar(*ctx, interno, {.ARMARITEM = 2, .modo = ModoDescripcion::Maria}));
+        EXPECT_EQ(ctx->ChequeoArmado.toStdString(), "SI") << interno.toStdString();
+    }
+};
+
+TEST_P(CopiaDeDemostracion, ACopyAssemblesIntoTheItemsOfTheOriginal) {
+    for (const char *clave : {"IC-2026-0001", "EC-2026-0002", "DJAI-2026-0004"}) {
+        const QString interno = QLatin1String(clave);
+        const QString copia = QStringLiteral("COPIA-") + interno;
+        armar(interno);
+        // Of an armed operation: the copy brings its items along, and gets them anew.
+        oOperationCopy::Copiar(*ctx, interno, copia);
+        for (const char *tabla : {"groupsubitems", "idrel", "item", "itemliq", "itemventaja", "iteminfo"})
+            EXPECT_EQ(contenido(*esquema::buscarTabla(QString::fromLatin1(tabla)), interno),
+                      contenido(*esquema::buscarTabla(QString::fromLatin1(tabla)), copia))
+                << clave << " " << tabla;
+        armar(copia);
+        for (const char *tabla :
+             {"subitems", "groupsubitems", "idrel", "item", "itemliq", "itemventaja", "iteminfo"})
+            EXPECT_EQ(contenido(*esquema::buscarTabla(QString::fromLatin1(tabla)), interno),
+                      contenido(*esquema::buscarTabla(QString::fromLatin1(tabla)), copia))
+                << clave << " " << tabla;
+    }
+}
+
+EN_AMBOS_STORES(Copia);
+EN_AMBOS_STORES(CopiaDeDemostracion);
+
+}  // namespace
