@@ -10,6 +10,7 @@
 #include "frame/dialogs.h"
 #include "frame/settings.h"
 #include "frame/store.h"
+#include "siblings/ListadoCodigos.h"
 #include "siblings/StoreProfiles.h"
 #include "siblings/SuffixChecker.h"
 
@@ -23,6 +24,17 @@ struct MotivoDecreto {
     bool alguno() const;
 };
 
+/// The tariff position that the search screen left chosen, with what entry of lines asks of it.
+struct PosicionElegida {
+    QString posicion;  ///< empty: the search was left without a choice
+    QString estadistica;
+    QString deresp;
+    bool lapi = false;         ///< [059] is "*"
+    bool reintegro = false;    ///< [019] is above 0
+    bool seguridad = false;    ///< [052] is "*"
+    bool prohibicion = false;  ///< [044] is "*"
+};
+
 /// Filled in the order of the start-up steps, read directly by every screen and module, never rebuilt.
 struct AppContext {
     StoreProfiles::SPMain DataManager;
@@ -33,6 +45,7 @@ struct AppContext {
     Conexion *ConnSystablas = nullptr;
     QString TodayInternos;  ///< date literal; not refreshed at midnight
     SuffixCheckerClass SuffixChecker;
+    ListadoCodigosClass CodeListings{&DataManager};
     QString DateKeyPattern;  ///< "yyyyMMdd"
     QString PcName;          ///< identity in lock rows
     QString NomenclatureDate;
@@ -52,6 +65,10 @@ struct AppContext {
     bool LiquidacionPendiente = false;  ///< the liquidation has to be written back
     QString CalculoAEC;                 ///< the shared answer to the common external tariff question
     MotivoDecreto decreto;
+
+    // Shared by the screens of entry.
+    PosicionElegida posicion;
+    bool ReconfirmarSufijos = false;  ///< the next suffix check tells first that it will reconfirm
 
     /// Shorthand for DataManager.getDataConnectionByEntity.
     Conexion &conexion(const QString &entidad) { return DataManager.getDataConnectionByEntity(entidad); }

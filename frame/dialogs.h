@@ -34,9 +34,13 @@ struct Entrada {
 
 /// A pick from a list; `filas` are shown, the answer is an index.
 struct Eleccion {
+    /// Which list shows it: a plain one, the code list with its search box (FrmListado), or the options of a
+    /// suffix family (FrmCargaSufijos).
+    enum class Tipo { General, Codigos, Sufijos };
     QString titulo;
     QStringList filas;
-    int inicial = 0;
+    int inicial = 0;  ///< -1: none chosen at the start
+    Tipo tipo = Tipo::General;
 };
 
 /// A question with Yes, No and a group of options beside it (the automotive question).
@@ -80,7 +84,8 @@ struct Dialogos {
     std::function<std::optional<QString>(const Entrada &)> pedirTexto = [](const Entrada &) {
         return std::optional<QString>();
     };
-    /// The chosen index, or -1.
+    /// The chosen index, or -1 when the user left. Any other value outside the rows: the list closed with
+    /// nothing chosen.
     std::function<int(const Eleccion &)> elegir = [](const Eleccion &) { return -1; };
     std::function<RespuestaConOpciones(const PreguntaConOpciones &)> preguntarConOpciones =
         [](const PreguntaConOpciones &) { return RespuestaConOpciones(); };

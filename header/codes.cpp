@@ -1,7 +1,12 @@
 #include "header/codes.h"
 
+#include <algorithm>
+#include <array>
+#include <optional>
+
 #include "frame/context.h"
 #include "frame/numbers.h"
+#include "frame/values.h"
 
 namespace {
 
@@ -87,6 +92,37 @@ QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const Q
     }
 }
 
+/// The row that the user picked; nothing when he left, for a key without a list, and on a store error.
+std::optional<FilaDeCodigo> elegirFila(AppContext &ctx, const QString &clave) {
+    if (!ListadoCodigosClass::Ofrece(clave)) return {};
+    ListaDeCodigos lista;
+    try {
+        const Reloj reloj(ctx.dialogos);
+        lista = ctx.CodeListings.Listado(clave);
+    } catch (const ErrorDeStore &) {
+        return {};
+    }
+    const int cual = ctx.dialogos.elegir({lista.titulo, lista.vistas(), -1, Eleccion::Tipo::Codigos});
+    if (cual < 0 || cual >= static_cast<int>(lista.filas.size())) return {};
+    FilaDeCodigo fila = lista.filas.at(static_cast<std::size_t>(cual));
+    if (fila.devuelto.trimmed().isEmpty()) return {};
+    return fila;
+}
+
+/// What the answer's rule says of `aux`.
+void auxDeFila(AppContext &ctx, const QString &clave, const FilaDeCodigo &fila, QString &aux) {
+    constexpr int dondeEmpiezaElNombreDelPuerto = 6;
+    if (clave == L("PUERTO")) {
+        aux = fila.devuelto.mid(dondeEmpiezaElNombreDelPuerto).trimmed();
+        return;
+    }
+    try {
+        completarAux(ctx, clave, fila.codigo, aux);
+    } catch (const ErrorDeStore &) {
+        aux.clear();
+    }
+}
+
 QString enSilencio(AppContext &ctx, const char *clave, const QString &codigo) {
     QString aux;
     return BuscarDescripcion(ctx, L(clave), codigo, aux, 1);
@@ -101,6 +137,91 @@ QString BuscarDescripcion(AppContext &ctx, const QString &clave, const QString &
 
 QString BuscarId(AppContext &ctx, const QString &clave, const QString &codigo, QString &aux, int silencio) {
     return buscar(ctx, identidad, clave, codigo, aux, silencio);
+}
+
+QString Listar(AppContext &ctx, const QString &clave, QString &codigo, QString &aux) {
+    const auto fila = elegirFila(ctx, clave);
+    if (!fila) return {};
+    codigo = fila->codigo;
+    auxDeFila(ctx, clave, *fila, aux);
+    return fila->vista;
+}
+
+bool ElegirCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo) {
+    const auto fila = elegirFila(ctx, clave);
+    if (!fila || fila->codigo.isEmpty()) return false;
+    campo.codigo = fila->codigo;
+    campo.descripcion = fila->descripcion.trimmed();
+    auxDeFila(ctx, clave, *fila, campo.aux);
+    return true;
+}
+
+bool ConfirmarCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo, ServicioDeCodigo servicio) {
+    if (campo.codigo.isEmpty()) {
+        campo.descripcion.clear();
+        return true;
+    }
+    if (servicio == ServicioDeCodigo::Descripcion) {
+        campo.descripcion = BuscarDescripcion(ctx, clave, campo.codigo, campo.aux);
+        return !campo.descripcion.isEmpty();
+    }
+    const QString guardado = BuscarId(ctx, clave, campo.codigo, campo.aux);
+    campo.descripcion.clear();
+    if (guardado.isEmpty()) return false;
+    campo.codigo = guardado;
+    return true;
+}
+
+QString RellenarCodigo(const QString &codigo) {
+    constexpr int ancho = 3;
+    const bool cifras = !codigo.isEmpty() && std::all_of(codigo.begin(), codigo.end(),
+                                                         [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return cifras ? codigo.rightJustified(ancho, QLatin1Char('0')) : codigo;
+}
+
+bool CampoRellenaCeros(QStringView control) {
+    static constexpr std::array<const char *, 4> campos{"TxtCoddivfob", "TxtCodDivFlete", "TxtCodDivseguro",
+                                                        "txtDCBancos"};
+    return std::any_of(campos.begin(), campos.end(), [control](const char *campo) {
+        return control.compare(L(campo), Qt::CaseInsensitive) == 0;
+    });
+}
+
+QString ClaveDeEtiqueta(const QString &etiqueta) {
+    const L marca("LL-");
+    if (!etiqueta.startsWith(marca)) return {};
+    return etiqueta.mid(marca.size()).section(QLatin1Char('#'), 0, 0);
+}
+
+QString ControlDivisa(AppContext &ctx, const QString &divisa, const QString &valor) {
+    if (divisa.isEmpty()) return valor;
+    const QString internos = QStringLiteral("INTERNOS");
+    Recordset rs;
+    if (!Consultar(ctx, internos, L("select [imp] from divisas where id = '") + divisa + L("'"), rs)) {
+        ctx.dialogos.advertir(QStringLiteral("No se encontro codigo de DIVISAS en base."));
+        return valor;
+    }
+    const QString guardado = numeros::Format(rs.Numero(u"imp"), u"0.000000");
+    const QString ingresado = numeros::Format(valor, u"0.000000");
+    if (guardado == ingresado) return valor;
+    if (!ctx.dialogos.preguntar(
+            {L("El valor ingresado por usted es ") + ingresado +
+                 L(" este valor no corresponde al que tiene guardado en la tabla de Divisas que es ") +
+                 guardado + L(", desea guardar el nuevo valor como predeterminado."),
+             {},
+             Icono::Pregunta,
+             false}))
+        return valor;
+    const qint64 cambiadas =
+        Ejecutar(ctx, internos,
+                 L("update divisas set imp = ") +
+                     AStoreNumero(valor, ctx.DataManager.getDecimalSeparatorbyEntity(internos)) +
+                     L(" where id = '") + divisa + L("'"));
+    if (cambiadas > 0)
+        ctx.dialogos.informar(QStringLiteral("Valor Guardado Correctamente."));
+    else
+        ctx.dialogos.advertir(QStringLiteral("No se puede guardar valor"));
+    return valor;
 }
 
 QString getAduanaDescripcion(AppContext &ctx, const QString &codigo) {

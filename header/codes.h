@@ -1,7 +1,9 @@
 #pragma once
-// Code tables: the description behind a code, and whether a code exists.
+// Code tables: the description behind a code, whether a code exists, the pick list behind F6 and the check of
+// a typed rate.
 
 #include <QString>
+#include <QStringView>
 
 struct AppContext;
 
@@ -15,6 +17,45 @@ QString BuscarDescripcion(AppContext &ctx, const QString &clave, const QString &
 /// port (PUERTO) is never answered.
 QString BuscarId(AppContext &ctx, const QString &clave, const QString &codigo, QString &aux,
                  int silencio = 0);
+
+/// Opens the pick list of `clave` and answers the text shown for the chosen row; `codigo` takes its code.
+/// `aux` takes the regime's direction for SUBREG, the port's name for PUERTO, and, when it came in as "Div",
+/// the rate "00.000000" of the currency. The codes of MOTIVOSTEMPI and MOTIVOSTEMPE are "id|days". Empty,
+/// with `codigo` and `aux` untouched, when the user leaves, for a key without a list (MOTIVO) and on a store
+/// error.
+QString Listar(AppContext &ctx, const QString &clave, QString &codigo, QString &aux);
+
+/// A coded field and what stands beside it.
+struct CampoDeCodigo {
+    QString codigo;
+    QString descripcion;
+    QString aux;
+};
+/// F6 on a coded field: Listar; true when a row was chosen, and then the field holds its code and the plain
+/// description.
+bool ElegirCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo);
+
+/// Which service answers ENTER.
+enum class ServicioDeCodigo { Descripcion, Id };
+/// ENTER on a coded field: fills the description (Descripcion), or writes the code as stored (Id), and
+/// answers whether the code exists. A code that does not is told with the service's warning; the description
+/// is then emptied and the code stays. An empty field empties the description and is no failure.
+bool ConfirmarCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo,
+                     ServicioDeCodigo servicio = ServicioDeCodigo::Descripcion);
+
+/// A numeric code shorter than three characters with zeros ahead ("2" gives "002"); any other text as it is.
+QString RellenarCodigo(const QString &codigo);
+/// True for the fields of currencies and of the bank, whose codes are padded ahead of ENTER's look-up.
+bool CampoRellenaCeros(QStringView control);
+
+/// The key of a field's tag: "LL-PAIS" gives "PAIS", also when more follows behind a "#"; empty for a tag of
+/// another form.
+QString ClaveDeEtiqueta(const QString &etiqueta);
+
+/// A rate field lost the focus: when the typed rate is not the currency's stored one (both as "0.000000"),
+/// asks whether to store it as the default. Answers the rate to keep in the field, always the typed one. An
+/// empty currency sends nothing; a currency that is not kept is told. Raises ErrorDeStore.
+QString ControlDivisa(AppContext &ctx, const QString &divisa, const QString &valor);
 
 /// Descriptions for labels: never a message.
 QString getAduanaDescripcion(AppContext &ctx, const QString &codigo);

@@ -150,7 +150,13 @@ Dialogos DialogosDePrueba(Registro &r) {
         if (texto) texto = texto->left(e.maximo);
         return texto;
     };
-    d.elegir = [](const Eleccion &) { return -1; };
+    d.elegir = [&r](const Eleccion &e) {
+        r.elecciones.push_back(e);
+        if (r.indices.empty()) return -1;
+        const int cual = r.indices.front();
+        r.indices.pop_front();
+        return cual;
+    };
     d.preguntarConOpciones = [&r](const PreguntaConOpciones &p) {
         r.conOpciones.push_back(p);
         if (r.opciones.empty()) return RespuestaConOpciones();

@@ -21,10 +21,12 @@ struct Registro {
     std::vector<Entrada> entradas;
     std::vector<Informe> informes;
     std::vector<PreguntaConOpciones> conOpciones;
+    std::vector<Eleccion> elecciones;
     std::vector<Avance> avances;
     std::deque<bool> respuestas;                ///< consumed by questions; after the last: No
     std::deque<std::optional<QString>> textos;  ///< consumed by input boxes; after the last: cancel
     std::deque<RespuestaConOpciones> opciones;
+    std::deque<int> indices;  ///< consumed by lists; after the last: -1
 };
 /// Dialogs that write into `registro` and answer from it.
 Dialogos DialogosDePrueba(Registro &registro);
