@@ -65,6 +65,7 @@ struct AppContext {
     bool LiquidacionPendiente = false;  ///< the liquidation has to be written back
     QString CalculoAEC;                 ///< the shared answer to the common external tariff question
     MotivoDecreto decreto;
+    double TotalProrrateado = 0;  ///< sum of the proration codes of the operation in hand
 
     // Shared by the screens of entry.
     PosicionElegida posicion;

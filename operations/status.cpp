@@ -6,6 +6,7 @@
 #include "frame/numbers.h"
 #include "header/parties.h"
 #include "header/regime.h"
+#include "operations/changes.h"
 #include "subitems/nomenclature.h"
 
 namespace {
@@ -207,8 +208,7 @@ PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const Elecc
 }
 
 void ArmadoFallido(AppContext &ctx, const QString &interno) {
-    MarcarArmado(ctx, interno, true);
-    ctx.ajustes.Guardar(zendra, QStringLiteral("AEC"), interno, {});
+    AnotarCambio(ctx, interno);
 }
 
 int InformarNcmMayorFob(AppContext &ctx, const QString &interno) {
