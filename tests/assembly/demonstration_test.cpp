@@ -6,6 +6,7 @@
 
 #include "assembly/run.h"
 #include "frame/values.h"
+#include "liquidation/review.h"
 #include "tests/assembly/operacion.h"
 
 using namespace Qt::StringLiterals;
@@ -31,6 +32,7 @@ constexpr Derivada derivadas[] = {
     {"itemventaja", "iditem,idventaja", " and idventaja not in (select ventaja from articulo_ventaja)"},
     {"iteminfo", "iditem,idinfo", ""},
     {"sysflag", "flag", ""},
+    {"liqcero", "idconcepto,pgc", ""},
 };
 
 QStringList leer(AppContext &ctx, const Derivada &d, const QString &interno) {
@@ -51,6 +53,16 @@ QStringList leer(AppContext &ctx, const Derivada &d, const QString &interno) {
         lineas << celdas.join(' '_L1);
     }
     return lineas;
+}
+
+/// The recalculation as item 0 that follows a run.
+void liquidar(AppContext &ctx, const QString &interno) {
+    ctx.opciones.IVARIN = 21;
+    ctx.opciones.IVARNI = 10.5;
+    ctx.LiquidacionPendiente = true;
+    ClassLiquidacion calculo(ctx, interno);
+    EXPECT_TRUE(CargarCaratulaEnCalculadora(ctx, interno, calculo));
+    EXPECT_TRUE(RecalcularOperacion(ctx, interno, calculo).escrito);
 }
 
 QStringList dichos(const Registro &registro) {
@@ -159,6 +171,7 @@ TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
             EXPECT_TRUE(Generar(ctx, interno, {.ARMARITEM = semilla == 2 ? 1 : 2}))
                 << dichos(registro).join(" / "_L1).toStdString();
             EXPECT_EQ(ctx.ChequeoArmado, u"SI"_s) << dichos(registro).join(" / "_L1).toStdString();
+            liquidar(ctx, interno);
         };
         correr(*a, enArchivos);
         correr(*s, enServidor);
@@ -194,6 +207,7 @@ TEST(DemostracionEnLosDosStores, EveryDerivedRowIsTheSame) {
                                      .modo = v.modo}))
                     << operacion << ": " << dichos(registro).join(" / "_L1).toStdString();
                 EXPECT_EQ(ctx.ChequeoArmado, u"SI"_s) << operacion;
+                liquidar(ctx, interno);
             };
             correr(*a, enArchivos);
             correr(*s, enServidor);
