@@ -5,6 +5,7 @@
 #include <QRandomGenerator>
 
 #include "assembly/run.h"
+#include "frame/numbers.h"
 #include "frame/values.h"
 #include "liquidation/review.h"
 #include "tests/assembly/operacion.h"
@@ -144,6 +145,79 @@ QStringList lineasDesprolijas(const QString &interno, quint32 semilla) {
     return sentencias;
 }
 
+double total(AppContext &ctx, const QString &sql) {
+    Recordset rs;
+    return Consultar(ctx, u"INTERNOS"_s, sql, rs) ? EsNumero(rs.Fields(0).Value) : 0;
+}
+
+/// What must hold of any finished run, whatever its lines: amounts of the header are met to the cent, and no
+/// measure is lost between lines, groups and items.
+void cuadrar(AppContext &ctx, const QString &interno, double fobDeclarado, bool repartido) {
+    const QString donde = " where interno = '"_L1 + interno + '\''_L1;
+    const auto deItems = [&](const char *columna) {
+        return total(ctx, "select sum("_L1 + QLatin1StringView(columna) + ") as t from item"_L1 + donde +
+                              " and id <> 0"_L1);
+    };
+    const auto deGrupos = [&](const char *columna) {
+        return total(ctx,
+                     "select sum("_L1 + QLatin1StringView(columna) + ") as t from groupsubitems"_L1 + donde);
+    };
+    const auto deLineas = [&](const char *columna) {
+        return total(ctx, "select sum("_L1 + QLatin1StringView(columna) + ") as t from subitems"_L1 + donde);
+    };
+    constexpr double menosDeMedioCentavo = 0.004;
+    const std::string que = interno.toStdString();
+    EXPECT_NEAR(deItems("itflete"), 333.33, menosDeMedioCentavo) << que;
+    EXPECT_NEAR(deItems("itseguro"), 44.44, menosDeMedioCentavo) << que;
+    EXPECT_NEAR(deItems("itcomext"), 77.77, menosDeMedioCentavo) << que;
+    EXPECT_NEAR(total(ctx, "select itcomext from item"_L1 + donde + " and id = 0"_L1), 77.77,
+                menosDeMedioCentavo)
+        << que;
+    EXPECT_NEAR(deItems("totalkneto"), 9000, menosDeMedioCentavo) << que;
+    EXPECT_NEAR(deGrupos("kgneto"), 9000, menosDeMedioCentavo) << que;
+    EXPECT_EQ(total(ctx, "select count(*) as n from groupsubitems"_L1 + donde + " and kgneto < 0.01"_L1), 0)
+        << que;
+    EXPECT_EQ(total(ctx, "select totalkneto from item"_L1 + donde + " and id = 0"_L1), 9000) << que;
+    EXPECT_NEAR(deItems("fobtotal"), deGrupos("fob"), menosDeMedioCentavo) << que;
+    if (repartido) {
+        EXPECT_NEAR(deItems("fobtotal"), fobDeclarado, menosDeMedioCentavo) << que;
+    }
+    for (const char *columna : {"cantidad", "insumostemp"}) {
+        EXPECT_NEAR(deGrupos(columna), deLineas(columna), 1e-6) << que << ' ' << columna;
+        EXPECT_NEAR(deItems(columna), deLineas(columna), 1e-6) << que << ' ' << columna;
+    }
+    EXPECT_NEAR(deGrupos("ajusteincluir"), deLineas("ajusteincluir"), 1e-6) << que;
+    EXPECT_NEAR(deItems("ajusteinc"), deLineas("ajusteincluir"), 1e-6) << que;
+    EXPECT_NEAR(deItems("totalkbruto"), deLineas("kgbruto"), 1e-6) << que;
+    // Every line is a root or was folded into one, and once only.
+    EXPECT_EQ(total(ctx, "select count(*) as n from groupsubitems"_L1 + donde) +
+                  total(ctx, "select count(*) as n from idrel"_L1 + donde),
+              total(ctx, "select count(*) as n from subitems"_L1 + donde))
+        << que;
+    // Every group has its item, and items are numbered without gaps.
+    EXPECT_EQ(total(ctx, "select count(*) as n from groupsubitems"_L1 + donde +
+                             " and (id is null or id not in (select id from item"_L1 + donde + "))"_L1),
+              0)
+        << que;
+    EXPECT_EQ(total(ctx, "select max(id) as n from item"_L1 + donde),
+              total(ctx, "select count(*) as n from item"_L1 + donde + " and id <> 0"_L1))
+        << que;
+}
+
+/// Sets the workstation's decimal separator for its own life.
+class Separador {
+ public:
+    explicit Separador(QChar separador) : antes_(numeros::separadorDecimal()) {
+        numeros::fijarSeparadorDecimal(separador);
+    }
+    ~Separador() { numeros::fijarSeparadorDecimal(antes_); }
+    Separador(const Separador &) = delete;
+    Separador &operator=(const Separador &) = delete;
+
+ private:
+    QChar antes_;
+};
+
 }  // namespace
 
 TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
@@ -155,6 +229,8 @@ TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
     const auto s = servidor.contexto(enServidor);
     for (const quint32 semilla : {1U, 2U, 3U}) {
         const QString interno = u"DESPROLIJA-%1"_s.arg(semilla);
+        const double repartir = semilla == 1 ? 0 : 123.45;
+        double fob = 0;
         const auto correr = [&](AppContext &ctx, Registro &registro) {
             fijarContexto(&ctx);
             registro = {};
@@ -162,15 +238,21 @@ TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
                 ctx, u"INTERNOS"_s,
                 u"insert into caratula (interno,idsubreg,cuitcliente,fobdivisas,fletedivisas,segurodivisas,"
                 "valoraprorratear,dckgneto,dccomext,factura8) values "
-                "('%1','IC04','30708123451',2400,333.33,44.44,%2,"
+                "('%1','IC04','30708123451',0,333.33,44.44,%2,"
                 "9000,77.77,'S')"_s.arg(interno)
-                    .arg(semilla == 1 ? 0 : 123.45));
+                    .arg(repartir));
             for (const QString &sql : lineasDesprolijas(interno, semilla)) Ejecutar(ctx, u"INTERNOS"_s, sql);
+            fob = numeros::redondear(
+                total(ctx, "select sum(fob) as t from subitems where interno = '"_L1 + interno + '\''_L1), 2);
+            Ejecutar(
+                ctx, u"INTERNOS"_s,
+                u"update caratula set fobdivisas = %1 where interno = '%2'"_s.arg(SqlNumber(fob), interno));
             ctx.opciones.VrySbtDup = semilla == 3 ? u"S"_s : u"N"_s;
             ctx.ChequeoArmado = u"SI"_s;
             EXPECT_TRUE(Generar(ctx, interno, {.ARMARITEM = semilla == 2 ? 1 : 2}))
                 << dichos(registro).join(" / "_L1).toStdString();
             EXPECT_EQ(ctx.ChequeoArmado, u"SI"_s) << dichos(registro).join(" / "_L1).toStdString();
+            cuadrar(ctx, interno, fob + repartir, repartir != 0);
             liquidar(ctx, interno);
         };
         correr(*a, enArchivos);
@@ -209,8 +291,15 @@ TEST(DemostracionEnLosDosStores, EveryDerivedRowIsTheSame) {
                 EXPECT_EQ(ctx.ChequeoArmado, u"SI"_s) << operacion;
                 liquidar(ctx, interno);
             };
-            correr(*a, enArchivos);
-            correr(*s, enServidor);
+            // A workstation with a point beside one with a comma.
+            {
+                const Separador punto('.'_L1);
+                correr(*a, enArchivos);
+            }
+            {
+                const Separador coma(','_L1);
+                correr(*s, enServidor);
+            }
             EXPECT_EQ(dichos(enArchivos), dichos(enServidor)) << operacion;
             comparar(*a, *s, interno);
             EXPECT_GT(leer(*a, derivadas[3], interno).size(), 1) << operacion;
