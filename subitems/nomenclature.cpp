@@ -12,6 +12,16 @@ QString ListaDeClavesSim(const QString &posicion) {
            posicion.left(14) + QLatin1String("')");
 }
 
+std::vector<FilaDeSufijo> LeerSufijos(AppContext &ctx, const QString &posicion) {
+    std::vector<FilaDeSufijo> filas;
+    Recordset rs;
+    Consultar(ctx, QStringLiteral("NCM"),
+              QLatin1String("select * from sufidos where sim in ") + ListaDeClavesSim(posicion), rs);
+    for (; !rs.Eof(); rs.MoveNext())
+        filas.push_back({rs.Texto(u"sim"), rs.Texto(u"sufijo"), rs.Texto(u"detalle")});
+    return filas;
+}
+
 MarcasNcm LeerMarcasNcm(AppContext &ctx, const QString &posicion) {
     const ClavesNcm claves = CortarPosicion(posicion);
     Recordset rs;

@@ -2,6 +2,7 @@
 // The tariff nomenclature: positions and their three keys.
 
 #include <QString>
+#include <vector>
 
 struct AppContext;
 
@@ -16,6 +17,15 @@ ClavesNcm CortarPosicion(const QString &posicion);
 
 /// The four keys under which suffix rows of a position may stand, as "('84  .  .  .   ','8409.…','…','…')".
 QString ListaDeClavesSim(const QString &posicion);
+
+/// A row of the suffix catalogue.
+struct FilaDeSufijo {
+    QString sim;  ///< the key under which it stands, 14 characters
+    QString sufijo;
+    QString detalle;
+};
+/// Every suffix row that applies to the position, in the order of the catalogue. Raises ErrorDeStore.
+std::vector<FilaDeSufijo> LeerSufijos(AppContext &ctx, const QString &posicion);
 
 /// The licence mark and the stamps mark of a position, as the assembly asks for them.
 struct MarcasNcm {

@@ -1,0 +1,49 @@
+#include "subitems/tariffsearch.h"
+
+#include "frame/context.h"
+#include "frame/values.h"
+
+namespace {
+
+using L = QLatin1String;
+
+std::vector<FilaDeConsulta> consultar(AppContext &ctx, const QString &condicion, L separador) {
+    const Reloj reloj(ctx.dialogos);
+    Recordset rs;
+    Consultar(ctx, QStringLiteral("NCM"),
+              L("select [001],[002],[003],[004],[010] from ncm where ") + condicion +
+                  L(" order by [001],[002],[003]"),
+              rs);
+    std::vector<FilaDeConsulta> filas;
+    filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    // By place: a common word answers thousands of rows, and names are looked up one by one.
+    enum { Clave1, Clave2, Clave3, Superior, Propia };
+    const auto texto = [&rs](int columna) { return EsNull(rs.Fields(columna).Value); };
+    for (; !rs.Eof(); rs.MoveNext())
+        filas.push_back({texto(Clave1) + QLatin1Char('.') + texto(Clave2) + texto(Clave3),
+                         texto(Propia) + separador + texto(Superior)});
+    return filas;
+}
+
+}  // namespace
+
+std::vector<FilaDeConsulta> ConsultarPorPosicion(AppContext &ctx, const QString &texto) {
+    if (texto.isEmpty()) {
+        ctx.dialogos.advertir(QStringLiteral("Debe ingresar una posición"));
+        return {};
+    }
+    QString buscado = DoblarComillas(texto);
+    buscado.replace(QLatin1Char(','), QLatin1Char('.'));
+    return consultar(ctx, L("[001] like '") + buscado + L("%'"), L(" - - "));
+}
+
+std::vector<FilaDeConsulta> ConsultarPorPalabras(AppContext &ctx, const QString &texto) {
+    constexpr int minimo = 3;
+    if (texto.size() < minimo) {
+        ctx.dialogos.advertir(QStringLiteral("Debe ingresar al menos 3 caracteres para buscar una posición"));
+        return {};
+    }
+    const QString buscado = DoblarComillas(texto);
+    return consultar(ctx, L("[010] like '%") + buscado + L("%' or [004] like '%") + buscado + L("%'"),
+                     L(" -- "));
+}
