@@ -1,0 +1,283 @@
+#include "header/fieldrules.h"
+
+#include "frame/context.h"
+#include "frame/dates.h"
+#include "frame/numbers.h"
+#include "header/codes.h"
+#include "header/invoices.h"
+#include "header/parties.h"
+#include "header/regime.h"
+#include "header/visibility.h"
+#include "operations/changes.h"
+
+namespace {
+
+using L = QLatin1String;
+using numeros::aNumero;
+using numeros::esNumerico;
+using numeros::Format;
+
+struct Importe {
+    const char *importe, *divisa, *cotizacion, *dolares;
+};
+constexpr Importe importes[] = {{"Txtfobdivisas", "TxtCoddivfob", "TxtDivValorFob", "TxtDolFob"},
+                                {"Txtfletedivisas", "TxtCodDivFlete", "TxtDivValorFlete", "TxtDolFlete"},
+                                {"Txtsegurodivisas", "TxtCodDivseguro", "TxtDivValorSeguro", "TxtDolSeguro"}};
+
+constexpr const char *mascaraDeCotizacion = "0.000000";
+
+/// Fields whose text takes the form of an amount when they lose the focus.
+constexpr const char *conFormaDeImporte[] = {"Txtfobdivisas", "Txtfletedivisas", "Txtsegurodivisas",
+                                             "TxtProrratear", "TxtAjustIncluir", "TxtAjustDeducir",
+                                             "TxtKgNeto",     "txtDCComiExt"};
+
+bool esNombre(const QString &nombre, const char *control) {
+    return nombre.compare(L(control), Qt::CaseInsensitive) == 0;
+}
+
+QString cotizacion(const QString &aux) {
+    return Format(aux, QString(L(mascaraDeCotizacion)));
+}
+
+/// The rate of a currency goes into its field when the currency is another than the one seen last, or when
+/// the field has none: a rate that was typed on purpose stays.
+void tomarCotizacion(Caratula &c, const DefinicionDeControl &d, const QString &divisa, const QString &aux) {
+    const QString nombre = L(d.nombre);
+    QString &rate = c[d.descripcion].texto;
+    const bool otra = c.divisaVista[nombre].compare(divisa, Qt::CaseInsensitive) != 0;
+    if (!aux.isEmpty() && (otra || aNumero(rate) == 0)) {
+        rate = cotizacion(aux);
+        CampoCambia(c, L(d.descripcion));
+    }
+    c.divisaVista[nombre] = divisa;
+}
+
+bool conDescripcion(const DefinicionDeControl &d) {
+    return *d.descripcion != 0 && L(d.clave) != L("DIVISAS");
+}
+
+void tomarCodigo(Caratula &c, const DefinicionDeControl &d, const CampoDeCodigo &campo) {
+    c.poner(d.nombre, campo.codigo);
+    if (conDescripcion(d)) c.poner(d.descripcion, campo.descripcion);
+    if (L(d.clave) == L("DIVISAS")) tomarCotizacion(c, d, campo.codigo, campo.aux);
+}
+
+/// ENTER on a field with a code table.
+void codigoEnter(AppContext &ctx, Caratula &c, const DefinicionDeControl &d) {
+    const L clave(d.clave);
+    QString codigo = c.texto(d.nombre);
+    if (clave == L("PAIS") || clave == L("BANCOS") || clave == L("DIVISAS")) codigo = RellenarCodigo(codigo);
+    CampoDeCodigo campo{codigo, {}, {}};
+    // A country or a bank without a description beside it is only looked up for its code.
+    const bool soloId = *d.descripcion == 0;
+    const bool existe =
+        ConfirmarCodigo(ctx, clave, campo, soloId ? ServicioDeCodigo::Id : ServicioDeCodigo::Descripcion);
+    if (!existe) campo.aux.clear();
+    tomarCodigo(c, d, campo);
+}
+
+bool revisarSN(AppContext &ctx, Caratula &c, const char *control) {
+    const QString &texto = c.texto(control);
+    if (texto.isEmpty() || texto.compare(L("S"), Qt::CaseInsensitive) == 0 ||
+        texto.compare(L("N"), Qt::CaseInsensitive) == 0)
+        return true;
+    c.poner(control, {});
+    ctx.dialogos.advertir(QStringLiteral("No ingresó valores válidos (S/N)"));
+    return false;
+}
+
+/// The client's percentages fill what is added to the value and what is spread over the lines.
+void fobEnter(Caratula &c) {
+    const QString &texto = c.texto("Txtfobdivisas");
+    if (!esNumerico(texto)) return;
+    const double fob = aNumero(texto);
+    constexpr double ciento = 100;
+    if (c.regalias > 0) c.poner("TxtAjustIncluir", Format(fob * c.regalias / ciento, u"00.00"));
+    if (c.ajxvinc_4102 > 0) c.poner("TxtProrratear", Format(fob * c.ajxvinc_4102 / ciento, u"00.00"));
+    HabilitarProrrateo(c);
+}
+
+void despachanteEnter(AppContext &ctx, Caratula &c) {
+    const QString &cuit = c.texto("TxtCuitAduana");
+    QString nombre;
+    if (esNumerico(cuit)) BuscarDespachante(ctx, cuit, nombre);
+    c.poner("TxtNombreadu", nombre);
+}
+
+void vendedorEnter(AppContext &ctx, Caratula &c) {
+    const QString &codigo = c.texto("Txtidvendedor");
+    if (codigo.isEmpty()) return;
+    QString nombre;
+    BuscarVendedor(ctx, codigo, nombre, c.servicios.AgregarVendedor);
+    c.poner("TxtNombreven", nombre);
+}
+
+}  // namespace
+
+void RegimenEnter(AppContext &ctx, Caratula &c) {
+    if (c.regimen().isEmpty()) return;
+    CampoDeCodigo campo{c.regimen(), {}, c.cstaimpexp};
+    ConfirmarCodigo(ctx, QStringLiteral("SUBREG"), campo);
+    c.poner("TxtSubRegDesc", campo.descripcion);
+    c.cstaimpexp = campo.aux;
+    Mostrar(ctx, c, c.regimen());
+    MostrarDireccion(c);
+}
+
+void ClienteEnter(AppContext &ctx, Caratula &c) {
+    ClienteDeCaratula cliente;
+    const BusquedaDeCliente busqueda = BuscarCliente(ctx, c.texto("TxtCUITCliente"), cliente);
+    if (busqueda == BusquedaDeCliente::Encontrado) {
+        c.poner("TxtNombre", cliente.nombre);
+        c.regalias = cliente.regalias;
+        c.ajxvinc_4102 = cliente.ajxvinc_4102;
+        return;
+    }
+    if (busqueda == BusquedaDeCliente::FaltaCuit || !c.servicios.SeleccionarCliente) return;
+    const QString elegido = c.servicios.SeleccionarCliente();
+    if (elegido.isEmpty()) return;
+    const bool otro = elegido != c.texto("TxtCUITCliente");
+    c.poner("TxtCUITCliente", elegido);
+    // A client that was just picked is in the store; asking once more for the same number would never end.
+    if (otro) ClienteEnter(ctx, c);
+}
+
+void TomarDespachante(Caratula &c, const QString &cuit, const QString &nombre) {
+    c.poner("TxtCuitAduana", cuit);
+    c.poner("TxtNombreadu", nombre);
+}
+
+void TomarVendedor(Caratula &c, const QString &codigo, const QString &nombre) {
+    c.poner("Txtidvendedor", codigo);
+    c.poner("TxtNombreven", nombre);
+}
+
+QString ClaveDeMotivos(const Caratula &c) {
+    return c.cstaimpexp == L("E") ? QStringLiteral("MOTIVOSTEMPE") : QStringLiteral("MOTIVOSTEMPI");
+}
+
+void TomarMotivo(Caratula &c, const QString &elegido) {
+    c.poner("Txtmotdestsusp", elegido.section(QLatin1Char('|'), 0, 0));
+    c.poner("TxtPlazoaut", elegido.section(QLatin1Char('|'), 1, 1));
+}
+
+void RecalcularDolar(Caratula &c, const char *importe, const char *tipoDeCambio, const char *etiqueta) {
+    const QString &valor = c.texto(importe);
+    const QString &cambio = c.texto(tipoDeCambio);
+    if (!esNumerico(valor) || !esNumerico(cambio)) {
+        c.poner(etiqueta, {});
+        return;
+    }
+    // To text and back: what the eye sees is what is used.
+    const double producto = aNumero(numeros::aTexto(aNumero(valor) * aNumero(cambio)));
+    c.poner(etiqueta, producto != 0 ? Format(producto, u"00.00") : QStringLiteral("0"));
+}
+
+void RecalcularDolares(Caratula &c) {
+    for (const Importe &i : importes) RecalcularDolar(c, i.importe, i.cotizacion, i.dolares);
+}
+
+void HabilitarProrrateo(Caratula &c) {
+    const QString &valor = c.texto("TxtProrratear");
+    c["CmdProrrat"].habilitado = !esNumerico(valor) || aNumero(valor) == 0;
+}
+
+Veredicto CampoEnter(AppContext &ctx, Caratula &c, const QString &nombre) {
+    if (esNombre(nombre, "TxtSubReg")) {
+        RegimenEnter(ctx, c);
+    } else if (esNombre(nombre, "TxtCUITCliente")) {
+        ClienteEnter(ctx, c);
+    } else if (esNombre(nombre, "TxtCuitAduana")) {
+        despachanteEnter(ctx, c);
+    } else if (esNombre(nombre, "Txtidvendedor")) {
+        vendedorEnter(ctx, c);
+    } else if (esNombre(nombre, "Txtfobdivisas")) {
+        fobEnter(c);
+    } else if (esNombre(nombre, "TxtFactura")) {
+        const QString factura = c.texto("TxtFactura");
+        // Another invoice may follow: the field keeps the focus until it is left empty.
+        if (!factura.isEmpty()) {
+            Agregar_Facturas(ctx, c, factura);
+            return Veredicto::mal(QStringLiteral("TxtFactura"));
+        }
+    } else if (esNombre(nombre, "TxtDCRegalias") || esNombre(nombre, "txtDCStandard")) {
+        const DefinicionDeControl *d = DefinicionDe(nombre);
+        if (!revisarSN(ctx, c, d->nombre)) return Veredicto::mal(L(d->nombre));
+    } else if (const DefinicionDeControl *d = DefinicionDe(nombre); d != nullptr && *d->clave != 0) {
+        codigoEnter(ctx, c, *d);
+    }
+    return Veredicto::bien();
+}
+
+bool CampoF6(AppContext &ctx, Caratula &c, const QString &nombre) {
+    if (esNombre(nombre, "Txtmotdestsusp")) {
+        QString codigo;
+        QString aux;
+        if (Listar(ctx, ClaveDeMotivos(c), codigo, aux).isEmpty()) return false;
+        TomarMotivo(c, codigo);
+        return true;
+    }
+    const DefinicionDeControl *d = DefinicionDe(nombre);
+    if (d == nullptr || *d->clave == 0) return false;
+    const L clave(d->clave);
+    CampoDeCodigo campo{c.texto(d->nombre), {}, clave == L("DIVISAS") ? QStringLiteral("Div") : QString()};
+    if (!ElegirCodigo(ctx, clave, campo)) return false;
+    tomarCodigo(c, *d, campo);
+    if (clave == L("SUBREG")) RegimenEnter(ctx, c);
+    return true;
+}
+
+void CampoCambia(Caratula &c, const QString &nombre) {
+    for (const Importe &i : importes)
+        if (esNombre(nombre, i.importe) || esNombre(nombre, i.cotizacion))
+            RecalcularDolar(c, i.importe, i.cotizacion, i.dolares);
+    if (esNombre(nombre, "TxtProrratear")) HabilitarProrrateo(c);
+}
+
+void PorcentajeTecla(Caratula &c) {
+    const QString &porcentaje = c.texto("txtPorc");
+    if (porcentaje.isEmpty()) return;
+    if (!esNumerico(porcentaje)) {
+        c.poner("Txtsegurodivisas", {});
+        c.poner("TxtDolSeguro", {});
+        return;
+    }
+    const double tasa = aNumero(porcentaje);
+    if (tasa == 0) return;
+    const QString &fob = c.texto("TxtDolFob");
+    const QString &flete = c.texto("TxtDolFlete");
+    if (!esNumerico(fob) || !esNumerico(flete)) return;
+    const QString &prorratear = c.texto("TxtProrratear");
+    double base = aNumero(fob) + aNumero(flete);
+    if (esNumerico(prorratear) || c.totalProrrateado > 0) base += aNumero(prorratear) + c.totalProrrateado;
+    const QString dolares = Format(numeros::PorcentajeRedondeado(base, tasa), u"00.00");
+    const QString &cambio = c.texto("TxtDivValorSeguro");
+    if (esNumerico(cambio) && aNumero(cambio) > 0)
+        c.poner("Txtsegurodivisas", Format(aNumero(dolares) / aNumero(cambio), u"00.00"));
+    c.poner("TxtDolSeguro", dolares);
+}
+
+void CampoPierdeFoco(AppContext &ctx, Caratula &c, const QString &nombre) {
+    for (const char *importe : conFormaDeImporte) {
+        if (!esNombre(nombre, importe) || !esNumerico(c.texto(importe))) continue;
+        c.poner(importe, Format(c.texto(importe), u"00.00"));
+        CampoCambia(c, nombre);
+    }
+    for (const Importe &i : importes) {
+        if (!esNombre(nombre, i.cotizacion)) continue;
+        c.poner(i.cotizacion, ControlDivisa(ctx, c.texto(i.divisa), c.texto(i.cotizacion)));
+        AnotarCambio(ctx, c.interno);
+    }
+    if (esNombre(nombre, "TxtPlazoaut"))
+        if (const auto fecha = fechas::Leer(c.texto("TxtPlazoaut")))
+            c.poner("TxtPlazoaut", fecha->toString(QStringLiteral("dd-MM-yyyy")));
+}
+
+void CasillaTildada(AppContext &ctx, const QString &nombre) {
+    if (esNombre(nombre, "chkDCForzarEstMerc"))
+        ctx.dialogos.advertir(QStringLiteral(
+            "Advertencia!: Esta opción establece a todos los articulos el mismo Estado de Mercaderia"));
+    if (esNombre(nombre, "chkDCForzarPaisOrigen"))
+        ctx.dialogos.advertir(QStringLiteral(
+            "Advertencia!: Esta opción establece a todos los articulos el mismo Pais de Origen"));
+}

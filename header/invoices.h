@@ -1,0 +1,20 @@
+#pragma once
+// The invoices of the header.
+
+#include <QString>
+#include <QStringList>
+
+#include "header/record.h"
+
+/// The operation's invoices in their order. Raises ErrorDeStore.
+QStringList CargarFacturas(AppContext &ctx, const QString &interno);
+
+/// Reloads LstFact; the list and ChFacturas are enabled only while it has rows. Raises ErrorDeStore.
+void RefrescarFacturas(AppContext &ctx, Caratula &c);
+
+/// ENTER on TxtFactura with a text: adds the invoice behind the last, reloads the list and empties the field.
+/// False with a message when the operation has it already. Raises ErrorDeStore.
+bool Agregar_Facturas(AppContext &ctx, Caratula &c, const QString &factura);
+
+/// Delete on a row of LstFact. Raises ErrorDeStore.
+void Eliminar_Factura(AppContext &ctx, Caratula &c, const QString &factura);
