@@ -1,0 +1,29 @@
+#pragma once
+// Non-automatic import licences: the norm behind a position and its clarifying notes.
+
+#include <QString>
+#include <vector>
+
+#include "subitems/tariffsheet.h"
+
+struct AppContext;
+
+/// A licence that reaches a position.
+struct NormaLnapi {
+    QString lnapi;
+    QString norma;
+};
+
+/// The licences of the position's first 10 characters; empty when there is none. Raises ErrorDeStore.
+std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posicion);
+
+/// The text of a note; a sentence that says so when it has none. Raises ErrorDeStore.
+QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero);
+
+/// The notes of every row of the position, one a line; "-1" when the position is in no row. Raises
+/// ErrorDeStore.
+QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion);
+
+/// The text that the screen of suffixes shows: licences and norms, then the notes. `letras` tells the licence
+/// letter of a position without norm, where the library of line reports is installed. Raises ErrorDeStore.
+QString DetalleLnapi(AppContext &ctx, const QString &posicion, const LetrasDelNcm *letras = nullptr);
