@@ -1,0 +1,40 @@
+#include "tests/liquidation/calculo.h"
+
+void CalculoDePrueba::SetUp() {
+    ctx.ajustes = Ajustes(dir.filePath(QStringLiteral("ajustes.ini")));
+    ctx.dialogos = DialogosDePrueba(registro);
+    ctx.opciones.IVARIN = 21;
+    ctx.opciones.IVARNI = 10.5;
+    cargar(c);
+}
+
+void CalculoDePrueba::cargar(ClassLiquidacion &c) {
+    c.CaratulaSubRegimen = QStringLiteral("IC01");
+    c.CaratulaDivisasFOB = c.CaratulaDivisasFlete = c.CaratulaDivisasSeguro = 1;
+    c.FOBTotalITEM = 1000;
+    c.FLETETotalITEM = 100;
+    c.SEGUROTotalITEM = 10;
+    c.ItemIdPais = QStringLiteral("400");
+    c.NcmDerechodeImportacionExtrazona = 20;
+    c.NcmTasaEstadistica = 3;
+    c.ncmExencionReduccionIVA = 2;
+    c.ncmMineriaTasaLey = 1;
+}
+
+Respuesta CalculoDePrueba::pedir(const char *concepto, const Pedido &pedido) {
+    Respuesta r;
+    r.porcentaje = pedido.porcentaje;
+    r.base = pedido.base;
+    r.total = c.ObtenerValorConcepto(QString::fromLatin1(concepto), r.porcentaje, 0, r.base,
+                                     pedido.porcentajeB, pedido.baseManual, pedido.sinCoeficiente);
+    r.lqPorc = c.ObtenerLqPorc();
+    return r;
+}
+
+void CalculoDePrueba::deBrasil() {
+    responderAEC("R");
+    c.ItemIdPais = QStringLiteral("203");
+    c.ncm_AEC = QStringLiteral("*");
+    c.ncmValor_AEC = 18;
+    bases();
+}
