@@ -38,3 +38,18 @@ void CalculoDePrueba::deBrasil() {
     c.ncmValor_AEC = 18;
     bases();
 }
+
+Pedido con(const char *porcentaje, double base, const char *porcentajeB) {
+    return {QString::fromLatin1(porcentaje), base, QString::fromLatin1(porcentajeB), 0, false};
+}
+
+Pedido manual(const char *porcentaje, double base, const char *porcentajeB) {
+    return {QString::fromLatin1(porcentaje), base, QString::fromLatin1(porcentajeB), base, true};
+}
+
+void esperar(const Respuesta &r, double total, double base, double lqPorc, const char *porcentaje) {
+    EXPECT_NEAR(r.total, total, 1e-9);
+    EXPECT_NEAR(r.base, base, 1e-9);
+    EXPECT_NEAR(r.lqPorc, lqPorc, 1e-9);
+    EXPECT_EQ(r.porcentaje.toStdString(), porcentaje);
+}

@@ -23,6 +23,12 @@ struct Pedido {
     bool sinCoeficiente = false;
 };
 
+/// A row whose base is the system's, and one whose base was fixed by hand.
+Pedido con(const char *porcentaje, double base = 0, const char *porcentajeB = "");
+Pedido manual(const char *porcentaje, double base, const char *porcentajeB = "");
+/// Checks all that comes out of a call.
+void esperar(const Respuesta &r, double total, double base, double lqPorc, const char *porcentaje);
+
 /// The item of nearly every test: FOB 1000, freight 100 and insurance 10, all at a rate of 1, so a taxable
 /// base of 1110; duty of 20 % (222.00) and statistics of 3 % (33.30), so an IVA base of 1365.30. Country 400
 /// is outside the zone and its imports are not capped.
@@ -48,6 +54,12 @@ class CalculoDePrueba : public ::testing::Test {
     /// Parts from Brazil under the automotive agreement: common tariff of 18 %, three quarters are 13.50 %,
     /// so a second base of 149.85; duty and statistics go to 0, so the IVA base stays at 1110.
     void deBrasil();
+
+    /// A consumption export with a duty of 10 %.
+    void comoExportacion() {
+        c.CaratulaSubRegimen = QStringLiteral("EC01");
+        c.NcmDerechodeExpo = 10;
+    }
 
     double baseImponible = 0, baseIVA = 0;
     QTemporaryDir dir;
