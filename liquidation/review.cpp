@@ -103,10 +103,11 @@ void recalcularConceptos(Corrida &k, const QString &id) {
 
 void recalcularItem(Corrida &k, const Recordset &item) {
     const QString id = item.Texto(u"ID");
-    if (CargarItemEnCalculadora(k.ctx, k.interno, item, k.calculo, false, k.lapi) ==
-        CargaDePosicion::MalFormada)
+    const CargaDePosicion carga = CargarItemEnCalculadora(k.ctx, k.interno, item, k.calculo, false, k.lapi);
+    if (carga == CargaDePosicion::MalFormada)
         k.ctx.dialogos.advertir(QStringLiteral("Estructura de NCM incorrecta"));
-    RevisarVehiculoPartes(k.ctx, k.interno, id, k.lapi, k.calculo, k.vehiculoPartes);
+    if (carga == CargaDePosicion::Encontrada)
+        RevisarVehiculoPartes(k.ctx, k.interno, id, k.lapi, k.calculo, k.vehiculoPartes);
     k.r.sumaAjusteInc += item.Numero(u"ajusteinc");
     k.r.sumaAjusteDed += item.Numero(u"ajusteded");
     k.r.sumaBaseImponible += k.calculo.ObtenerBaseImponible();

@@ -33,8 +33,8 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
 /// How the position of an item was met.
 enum class CargaDePosicion { Encontrada, NoEsta, MalFormada };
 /// Loads item and position values of the row in hand of `item` into the calculator. `paraVer` is the item
-/// screen's own reading, where a percentage kept in the 010 row also forces the duty. `lapi` is left alone
-/// when the position is not there, as all its rates are. Raises ErrorDeStore.
+/// screen's own reading, where a percentage kept in the 010 row also forces the duty. When the position is
+/// not met, all that hangs on it, `lapi` too, stays as the item before left it. Raises ErrorDeStore.
 CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
                                         ClassLiquidacion &calculo, bool paraVer, bool &lapi);
 

@@ -166,10 +166,10 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
                     "from ncm where [001] = '") +
                       ncm.left(10) + L("' and [002] = '") + digitos + L("'"),
                   posicion);
-    if (hay) {
-        cargarPosicion(ctx, interno, id, ncm, posicion, c, paraVer);
-        lapi = posicion.Texto(u"lapi") == L("*");
-    }
+    // Everything that hangs on the position stays as the item before left it.
+    if (!hay) return CargaDePosicion::NoEsta;
+    cargarPosicion(ctx, interno, id, ncm, posicion, c, paraVer);
+    lapi = posicion.Texto(u"lapi") == L("*");
     c.CalculoAEC = ctx.CalculoAEC;
     c.ncmDIEMPREFPorcValor = ctx.opciones.DIEMCHINA_PrefPorc;
     c.ncmDIEMIndMaxArancelValor = ctx.opciones.DIEMCHINA_IndMaxArancel;
@@ -178,5 +178,5 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
         Consultar(ctx, QStringLiteral("SYSTABLAS"),
                   L("select diem from DIEMCHINA where ncm = '") + ncm.left(10) + L("'"), diem);
     if (c.ncmCalculaDIEMCHINA) c.ncmDIEMCHINAValor = diem.Numero(u"diem");
-    return hay ? CargaDePosicion::Encontrada : CargaDePosicion::NoEsta;
+    return CargaDePosicion::Encontrada;
 }
