@@ -101,11 +101,8 @@ int ControlarVersionDelStore(AppContext &ctx) {
     return version;
 }
 
-QString TextoDeVersion() {
-    return QStringLiteral("%1.%2.%3")
-        .arg(ZENDRA_VERSION_MAYOR)
-        .arg(ZENDRA_VERSION_MENOR)
-        .arg(ZENDRA_VERSION_REVISION);
+QString TextoDeVersion(int mayor, int menor, int revision) {
+    return QStringLiteral("%1.%2.%3").arg(mayor).arg(menor).arg(revision);
 }
 
 QString TextoFechaZendra() {

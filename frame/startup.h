@@ -23,7 +23,8 @@ int ControlarVersionDelStore(AppContext &ctx);
 extern std::function<bool(const QString &programa, const QStringList &argumentos)> iniciarPrograma;
 
 /// The labels of the main menu: version ("3.5.1"), build date, nomenclature date, licence data date.
-QString TextoDeVersion();
+QString TextoDeVersion(int mayor = ZENDRA_VERSION_MAYOR, int menor = ZENDRA_VERSION_MENOR,
+                       int revision = ZENDRA_VERSION_REVISION);
 QString TextoFechaZendra();
 QString TextoNomenclador(AppContext &ctx);
 QString TextoFechaDatosLNAPI(AppContext &ctx);
