@@ -303,12 +303,14 @@ TEST_P(Ciclo, InputsAreGivenBackLineByLineAndARefusalIsNotLookedAt) {
     int enlaces = 0;
     insumos::crearEnlace = [&] {
         ++enlaces;
-        return insumos::Enlace{[&pedidos](const QString &interno, const QString &catalogo,
-                                          const QString &articulo, qint64 linea) {
+        insumos::Enlace enlace;
+        enlace.EliminarInsumo = [&pedidos](const QString &interno, const QString &catalogo,
+                                           const QString &articulo, qint64 linea) {
             pedidos << interno + QLatin1Char('|') + catalogo + QLatin1Char('|') + articulo +
                            QLatin1Char('|') + QString::number(linea);
             return false;
-        }};
+        };
+        return enlace;
     };
     EXPECT_TRUE(EliminarSinPreguntar(*ctx, QStringLiteral("A1")));
     EXPECT_EQ(enlaces, 1);
