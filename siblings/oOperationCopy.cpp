@@ -165,7 +165,7 @@ QString Mostrar(AppContext &ctx, const QString &Numero_Interno) {
                                  QStringLiteral("Ingrese el nuevo número de INTERNO/CARPETA"),
                                  40,
                                  {}});
-    const QString destino = escrito.value_or(QString()).trimmed();
+    QString destino = escrito.value_or(QString()).trimmed();
     if (destino.isEmpty()) return {};
     const Reloj reloj(ctx.dialogos);
     try {
