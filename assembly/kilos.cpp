@@ -25,6 +25,12 @@ double uno(ContextoArmado &r, const QString &sql, QStringView columna) {
     return r.consultar(sql, rs) ? rs.Numero(columna) : 0;
 }
 
+/// A number as the user of this workstation writes it.
+QString paraLeer(double valor) {
+    QString texto = numeros::aTexto(valor);
+    return ReemplazarSeparadorDecimal(texto);
+}
+
 double sumaDeKilos(ContextoArmado &r) {
     return uno(r, L("select sum(kgneto) as total from groupsubitems where interno = ") + clave(r), u"total");
 }
@@ -83,7 +89,7 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
     if (!r.internos().crearrsActualizable(fila, tablaDeGrupos)) {
         r.ctx.dialogos.advertir(QStringLiteral("Error al redondear prorrateo, no se encontro subitems con "
                                                "kilos mayor a %1\r\nNo se puede continuar..")
-                                    .arg(PonerPuntoDecimal(valor)));
+                                    .arg(paraLeer(valor)));
         return false;
     }
     fila.Poner(u"kgneto", centavos(fila.Numero(u"kgneto") + diferencia));
@@ -196,7 +202,7 @@ void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
     constexpr int decimalesSeguros = 8;
     if (kilos < numeros::redondear(dados, decimalesSeguros)) {
         r.ctx.dialogos.advertir(QStringLiteral("El kilo a prorratear (%1) debe ser mayor a %2")
-                                    .arg(PonerPuntoDecimal(kilos), PonerPuntoDecimal(dados)));
+                                    .arg(paraLeer(kilos), paraLeer(dados)));
         return;
     }
     const double resto = centavos(kilos - dados);

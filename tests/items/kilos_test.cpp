@@ -125,6 +125,27 @@ TEST_P(Kilos, WithKilosOnAllGroupsTheBoxHasItsTitleAndNothingChanges) {
     EXPECT_EQ(netos(), "1|11");
 }
 
+TEST_P(Kilos, MessagesShowNumbersAsTheWorkstationWritesThem) {
+    const QChar antes = numeros::separadorDecimal();
+    grupos("5/100 6.25/100 0/100");
+    for (const QChar separador : {QLatin1Char('.'), QLatin1Char(',')}) {
+        numeros::fijarSeparadorDecimal(separador);
+        registro = {};
+        Prorratear_ItemCeroEx(*corrida, 11.1);
+        EXPECT_EQ(unMensaje(), separador == QLatin1Char('.')
+                                   ? "El kilo a prorratear (11.1) debe ser mayor a 11.25"
+                                   : "El kilo a prorratear (11,1) debe ser mayor a 11,25");
+    }
+    // 8.75 short of the target, which the only spread group, of no FOB and 0.01 kilos, cannot take.
+    ejecutar(QStringLiteral("update groupsubitems set fob = 0 where kgneto = 0"));
+    registro = {};
+    Prorratear_ItemCeroEx(*corrida, 20);
+    EXPECT_EQ(unMensaje(),
+              "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 8,75\r\nNo se puede "
+              "continuar..");
+    numeros::fijarSeparadorDecimal(antes);
+}
+
 TEST_P(Kilos, SpreadGroupsAreMarkedAndOldMarksOfOthersStay) {
     grupos("0/100 5/100");
     Prorratear_ItemCeroEx(*corrida, 15);
