@@ -1,0 +1,458 @@
+#include "subitems/lines.h"
+
+#include <map>
+
+#include "frame/context.h"
+#include "frame/numbers.h"
+#include "frame/values.h"
+#include "header/codes.h"
+#include "header/regime.h"
+#include "siblings/ArticleStore.h"
+#include "subitems/nomenclature.h"
+#include "subitems/suffixes.h"
+
+namespace {
+
+using L = QLatin1String;
+using C = CamposSubItem;
+using numeros::aNumero;
+using numeros::esNumerico;
+using numeros::Format;
+
+const QString internos = QStringLiteral("INTERNOS");
+const QString zendra = QStringLiteral("ZENDRA");
+const QString flags = QStringLiteral("FLAGS");
+const QString claveCargaPor = QStringLiteral("CARGASBTPOR");
+const QString kilogramo = QStringLiteral("01");
+
+bool esControl(const QString &control, const char *nombre) {
+    return control.compare(L(nombre), Qt::CaseInsensitive) == 0;
+}
+
+/// `valor` in the form of the mask when nothing is lost by it, else as it is.
+QString conForma(double valor, QStringView mascara) {
+    const QString texto = Format(valor, mascara);
+    if (aNumero(texto) == valor) return texto;
+    QString entero = numeros::aTexto(valor);
+    return ReemplazarSeparadorDecimal(entero);
+}
+
+bool marcada(const Recordset &rs, QStringView columna) {
+    return rs.Texto(columna).trimmed() == L("*");
+}
+
+QString condicionDe(const ClavesNcm &k) {
+    return L("[001] = '") + k.c001 + L("' and [002] = '") + k.c002 + L("' and [003] = '") + k.c003 + L("'");
+}
+
+/// The upper levels of the description, one a line.
+QString nivelesSuperiores(AppContext &ctx, const ClavesNcm &k) {
+    Recordset rs;
+    QString texto;
+    if (!Consultar(
+            ctx, QStringLiteral("NCM"),
+            L("select [004], [005], [006], [007], [008], [009], [010] from ncm where ") + condicionDe(k), rs))
+        return texto;
+    for (int n = 0; n < rs.columnas(); ++n) {
+        const QString nivel = EsNull(rs.Fields(n).Value).trimmed();
+        if (!nivel.isEmpty()) texto += L("\r\n  ") + nivel;
+    }
+    return texto;
+}
+
+QString bloqueDeTexto(AppContext &ctx, const Recordset &rs, const ClavesNcm &k) {
+    return QStringLiteral(
+               "  Información de la Posición\r\n  ----------------------------\r\n"
+               "  Posición NCM: ") +
+           rs.Texto(u"001") + QLatin1Char('.') + rs.Texto(u"002") + rs.Texto(u"003") +
+           L("\r\n  Unidad Estadistica: ") + rs.Texto(u"012") + L("\r\n  Unidad Der. Esp.: ") +
+           rs.Texto(u"020") + L("\r\n  Posee LAPI: ") + (marcada(rs, u"059") ? L("Si") : L("No")) +
+           QStringLiteral("\r\n  Derecho de Importación ExtraZona: ") + rs.Texto(u"015") +
+           QStringLiteral("\r\n  Derecho de Exportación: ") + rs.Texto(u"018") +
+           L("\r\n  Reintegro Extrazona: ") + rs.Texto(u"019") + nivelesSuperiores(ctx, k);
+}
+
+/// The factor from one unit to another; nothing when the pair is not kept.
+std::optional<double> pase(AppContext &ctx, const QString &unidad, const QString &hacia) {
+    if (unidad.isEmpty() || hacia.isEmpty()) return {};
+    Recordset rs;
+    if (!Consultar(
+            ctx, internos,
+            L("select pase from unidrel where unid1 = '") + unidad + L("' and unid2 = '") + hacia + L("'"),
+            rs))
+        return {};
+    QString factor = rs.Texto(u"pase");
+    return aNumero(ReemplazarSeparadorDecimal(factor));
+}
+
+void leerCaratula(AppContext &ctx, SubItems &s) {
+    Recordset rs;
+    if (!Consultar(ctx, internos,
+                   L("select idsubreg,fobdivisas,ONCCAHabilitado from caratula where interno = '") +
+                       s.interno + L("'"),
+                   rs))
+        return;
+    s.idsubreg = rs.Texto(u"idsubreg");
+    s.fobdivisas = rs.Numero(u"fobdivisas");
+    s.ONCCAHabilitado = rs.Texto(u"ONCCAHabilitado") == L("S");
+}
+
+bool llevaEan(AppContext &ctx, const QString &regimen) {
+    Recordset rs;
+    if (!Consultar(ctx, QStringLiteral("SYSTABLAS"),
+                   L("select item from EAN where subreg = '") + regimen + L("'"), rs))
+        return false;
+    const QString item = rs.Texto(u"item").trimmed();
+    return !item.isEmpty() && item.compare(L("N"), Qt::CaseInsensitive) != 0;
+}
+
+void ponerDescripciones(AppContext &ctx, CamposSubItem &c) {
+    c.LbDescUnidad = getUnidadDescripcion(ctx, c.TxtUnidad).trimmed();
+    c.LbDescPais = getPaisDescripcion(ctx, c.TxtIdpais);
+    c.LbDescPaisProc = getPaisDescripcion(ctx, c.txtIdPaisProc);
+    c.LbDescEstado = getEstadoMercaderiaDescripcion(ctx, c.TxtIdEstadoMercaderia);
+}
+
+/// ENTER on a field with a code table.
+void codigoEnter(AppContext &ctx, SubItems &s, const DefinicionDeCampo &d) {
+    QString codigo = s.campos.*d.campo;
+    if (L(d.clave) == L("PAIS")) codigo = RellenarCodigo(codigo);
+    CampoDeCodigo campo{codigo, {}, {}};
+    ConfirmarCodigo(ctx, L(d.clave), campo);
+    s.campos.*d.campo = campo.codigo;
+    s.campos.*d.descripcion = campo.descripcion.trimmed();
+}
+
+}  // namespace
+
+const std::vector<DefinicionDeCampo> &CamposDeSubItem() {
+    using T = TipoDeCampo;
+    static const std::vector<DefinicionDeCampo> campos{
+        {"TxtIdCatalogo", &C::TxtIdCatalogo},
+        {"TxtCatalogo", &C::TxtCatalogo},
+        {"TxtDescCatalogo", &C::TxtDescCatalogo},
+        {"txtIdArticulo", &C::txtIdArticulo},
+        {"LbDescCatalogo", &C::LbDescCatalogo, T::Descripcion},
+        {"TxtDescArticulos", &C::TxtDescArticulos},
+        {"txtDescripcionMaria", &C::txtDescripcionMaria},
+        {"txtOtros", &C::txtOtros},
+        {"TxtPosicion", &C::TxtPosicion},
+        {"txtNCMDesc", &C::txtNCMDesc, T::Descripcion},
+        {"LbCodigoEstadistica", &C::LbCodigoEstadistica, T::Descripcion},
+        {"LbIdDerEsp", &C::LbIdDerEsp, T::Descripcion},
+        {"TxtUnidad", &C::TxtUnidad, T::Texto, "UNIDADES", &C::LbDescUnidad},
+        {"LbDescUnidad", &C::LbDescUnidad, T::Descripcion},
+        {"TxtCantidad", &C::TxtCantidad},
+        {"TxtUnitario", &C::TxtUnitario},
+        {"TxtFobTotal", &C::TxtFobTotal},
+        {"txtKgUnitario", &C::txtKgUnitario},
+        {"TxtKgNeto", &C::TxtKgNeto},
+        {"TxtKgBruto", &C::TxtKgBruto},
+        {"TxtValorsobreestadistica", &C::TxtValorsobreestadistica},
+        {"TxtDerEsp", &C::TxtDerEsp},
+        {"TxtIdpais", &C::TxtIdpais, T::Texto, "PAIS", &C::LbDescPais},
+        {"LbDescPais", &C::LbDescPais, T::Descripcion},
+        {"txtIdPaisProc", &C::txtIdPaisProc, T::Texto, "PAIS", &C::LbDescPaisProc},
+        {"LbDescPaisProc", &C::LbDescPaisProc, T::Descripcion},
+        {"TxtIdEstadoMercaderia", &C::TxtIdEstadoMercaderia, T::Texto, "ESTADOMERCADERIA", &C::LbDescEstado},
+        {"LbDescEstado", &C::LbDescEstado, T::Descripcion},
+        {"cboBiendeUso", &C::cboBiendeUso, T::Opciones},
+        {"TxtCodProrrateo", &C::TxtCodProrrateo},
+        {"txtSufijos", &C::txtSufijos},
+        {"TxtNaladisa", &C::TxtNaladisa},
+        {"TxtCodigoEAN", &C::TxtCodigoEAN},
+        {"TxtFiller", &C::TxtFiller},
+        {"txtCertOrig", &C::txtCertOrig},
+        {"TxtInsumosTemp", &C::TxtInsumosTemp},
+        {"TxtInsumCons", &C::TxtInsumCons},
+        {"TxtCanelaciones", &C::TxtCanelaciones},
+        {"TxtCancCantidad", &C::TxtCancCantidad},
+        {"txtNroItem", &C::txtNroItem},
+        {"TxtNroSubitem", &C::TxtNroSubitem}};
+    return campos;
+}
+
+const DefinicionDeCampo *CampoDeSubItem(const QString &control) {
+    for (const DefinicionDeCampo &d : CamposDeSubItem())
+        if (esControl(control, d.control)) return &d;
+    return nullptr;
+}
+
+void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const std::array<int, 8> &banderas) {
+    s = SubItems();
+    s.interno = interno;
+    for (std::size_t n = 0; n < banderas.size(); ++n) s.ofrece.at(n) = banderas.at(n) != 0;
+    s.opcionesDeFob = ctx.opciones.SbtFuncionCargaPor;
+    if (s.opcionesDeFob) s.opFobUnitario = ctx.ajustes.Leer(zendra, flags, claveCargaPor) == L("U");
+    leerCaratula(ctx, s);
+    s.eanHabilitado = llevaEan(ctx, s.idsubreg);
+    if (insumos::crearEnlace) s.enlace = insumos::crearEnlace();
+    RefrescarTotales(ctx, s);
+}
+
+void ElegirCargaPor(AppContext &ctx, SubItems &s, bool unitario) {
+    s.opFobUnitario = unitario;
+    ctx.ajustes.Guardar(zendra, flags, claveCargaPor, unitario ? QStringLiteral("U") : QStringLiteral("F"));
+}
+
+void VaciarCampos(const AppContext &ctx, SubItems &s) {
+    const CamposSubItem antes = s.campos;
+    s.campos = CamposSubItem();
+    s.campos.cboBiendeUso = antes.cboBiendeUso;
+    s.campos.TxtIdCatalogo = antes.TxtIdCatalogo;
+    if (ctx.opciones.SbtMantCodart) {
+        s.campos.TxtCatalogo = antes.TxtCatalogo;
+        s.campos.TxtDescCatalogo = antes.TxtDescCatalogo;
+        s.campos.txtIdArticulo = antes.txtIdArticulo;
+    }
+    s.modo = 1;
+    s.id = 0;
+    s.FramDerEsp = s.articuloFijo = s.VincularDatos = s.marcaERR = false;
+    s.SBTREI = 0;
+    s.descripcionDefecto.clear();
+}
+
+bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
+    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace.EstadoConexion || !s.enlace.EstadoConexion())
+        return false;
+    if (s.enlace.ConectarDB) s.enlace.ConectarDB(s.interno);
+    const auto eleccion = s.enlace.Mostrar ? s.enlace.Mostrar() : std::nullopt;
+    if (!eleccion) return false;
+    CamposSubItem &c = s.campos;
+    c.TxtIdCatalogo = eleccion->CATNRO;
+    c.txtIdArticulo = eleccion->PRDNRO;
+    c.TxtDescArticulos = eleccion->PRDDES;
+    c.TxtPosicion = eleccion->PRDNCM;
+    c.TxtUnidad = eleccion->PRDUNI;
+    c.TxtUnitario = eleccion->PRDPRE;
+    ReemplazarSeparadorDecimal(c.TxtUnitario);
+    c.TxtIdpais = eleccion->PRDPAI;
+    s.articuloFijo = true;
+    s.VincularDatos = true;
+    s.marcaERR = eleccion->ERR;
+    BuscarNCM(ctx, s);
+    CampoDeLineaEnter(ctx, s, QStringLiteral("TxtUnidad"));
+    c.LbDescPais = getPaisDescripcion(ctx, c.TxtIdpais);
+    c.txtSufijos = eleccion->PRDSUF;
+    return true;
+}
+
+Veredicto BuscarNCM(AppContext &ctx, SubItems &s) {
+    CamposSubItem &c = s.campos;
+    const QString foco = QStringLiteral("TxtPosicion");
+    const qsizetype largo = c.TxtPosicion.size();
+    if (largo != 15 && largo != 14 && largo != 10) {
+        ctx.dialogos.advertir(QStringLiteral("Longitud erronea del Posición"));
+        return Veredicto::mal(foco);
+    }
+    const ClavesNcm k = CortarPosicion(c.TxtPosicion);
+    Recordset rs;
+    if (!Consultar(ctx, QStringLiteral("NCM"),
+                   L("select [001],[002],[003],[004],[010],[012],[015],[018],[019],[020],[052],[044],[043],"
+                     "[059] from ncm where ") +
+                       condicionDe(k),
+                   rs)) {
+        ctx.dialogos.advertir(QStringLiteral("POSICIÓN INEXISTENTE, en el Nomenclador"));
+        return Veredicto::mal(foco);
+    }
+    c.LbCodigoEstadistica = rs.Texto(u"012").trimmed();
+    c.LbIdDerEsp = rs.Texto(u"020").trimmed();
+    c.LbLapi = marcada(rs, u"059");
+    c.lbSegElect = marcada(rs, u"052");
+    c.lbProhibicion = marcada(rs, u"044");
+    c.lbREINT = rs.Numero(u"019") > 0;
+    s.FramDerEsp = !c.LbIdDerEsp.isEmpty();
+    if (!s.FramDerEsp) c.TxtDerEsp.clear();
+    c.txtNCMDesc = bloqueDeTexto(ctx, rs, k);
+    if (c.LbCodigoEstadistica == kilogramo) CalcularUnidades(ctx, s);
+    return Veredicto::bien();
+}
+
+void CalcularUnidades(AppContext &ctx, SubItems &s) {
+    CamposSubItem &c = s.campos;
+    if (!esNumerico(c.TxtCantidad)) return;
+    const double cantidad = aNumero(c.TxtCantidad);
+    if (const auto factor = pase(ctx, c.TxtUnidad, c.LbCodigoEstadistica))
+        c.TxtValorsobreestadistica = Format(cantidad * *factor, u"00.00");
+    else if (c.TxtUnidad == kilogramo && c.LbCodigoEstadistica == kilogramo)
+        c.TxtValorsobreestadistica = Format(cantidad, u"00.00");
+    if (const auto factor = pase(ctx, c.TxtUnidad, kilogramo))
+        c.TxtKgNeto = Format(cantidad * *factor, u"00.00");
+}
+
+void CalcularKgUnitario(SubItems &s) {
+    CamposSubItem &c = s.campos;
+    for (const char *sinPeso : {"08", "02", "07"})
+        if (c.TxtUnidad == L(sinPeso)) return;
+    if (!esNumerico(c.txtKgUnitario) || aNumero(c.txtKgUnitario) <= 0 || !esNumerico(c.TxtCantidad)) return;
+    const QString kilos = Format(aNumero(c.TxtCantidad) * aNumero(c.txtKgUnitario), u"00.00");
+    c.TxtKgNeto = kilos;
+    if (c.LbCodigoEstadistica == kilogramo) c.TxtValorsobreestadistica = kilos;
+    if (s.FramDerEsp && c.LbIdDerEsp == kilogramo) c.TxtDerEsp = kilos;
+}
+
+void CalcularFob(SubItems &s) {
+    CamposSubItem &c = s.campos;
+    if (!esNumerico(c.TxtCantidad)) return;
+    const double cantidad = aNumero(c.TxtCantidad);
+    if (s.opFobUnitario) {
+        if (esNumerico(c.TxtUnitario)) c.TxtFobTotal = Format(aNumero(c.TxtUnitario) * cantidad, u"00.00");
+    } else if (esNumerico(c.TxtFobTotal) && cantidad != 0) {
+        c.TxtUnitario = Format(aNumero(c.TxtFobTotal) / cantidad, u"00.00000");
+    }
+}
+
+void CantidadCambia(AppContext &ctx, SubItems &s) {
+    CalcularUnidades(ctx, s);
+    CalcularKgUnitario(s);
+    CalcularFob(s);
+}
+
+Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control) {
+    if (esControl(control, "TxtPosicion")) return BuscarNCM(ctx, s);
+    if (esControl(control, "txtIdArticulo")) {
+        if (!s.campos.txtIdArticulo.isEmpty() && !s.campos.TxtIdCatalogo.isEmpty())
+            BuscarArticuloSobreCat(ctx, s);
+        return Veredicto::bien();
+    }
+    const DefinicionDeCampo *d = CampoDeSubItem(control);
+    if (d != nullptr && *d->clave != 0) codigoEnter(ctx, s, *d);
+    if (esControl(control, "TxtUnidad") || esControl(control, "TxtCantidad")) CantidadCambia(ctx, s);
+    if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(s);
+    if (esControl(control, "TxtUnitario") || esControl(control, "TxtFobTotal")) CalcularFob(s);
+    return Veredicto::bien();
+}
+
+bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control) {
+    const DefinicionDeCampo *d = CampoDeSubItem(control);
+    if (d == nullptr || *d->clave == 0) return false;
+    CampoDeCodigo campo{s.campos.*d->campo, {}, {}};
+    if (!ElegirCodigo(ctx, L(d->clave), campo)) return false;
+    s.campos.*d->campo = campo.codigo;
+    s.campos.*d->descripcion = campo.descripcion;
+    if (esControl(control, "TxtUnidad")) CantidadCambia(ctx, s);
+    return true;
+}
+
+void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control) {
+    if (esControl(control, "TxtCantidad") || esControl(control, "TxtUnidad")) CantidadCambia(ctx, s);
+    if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(s);
+    // Only the field that leads moves the other one.
+    if (esControl(control, s.opFobUnitario ? "TxtUnitario" : "TxtFobTotal")) CalcularFob(s);
+}
+
+bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {
+    CamposSubItem &c = s.campos;
+    const auto articulo = ArticleStore::Leer(ctx, c.TxtIdCatalogo, c.txtIdArticulo);
+    if (!articulo) {
+        c.LbDescCatalogo.clear();
+        s.descripcionDefecto.clear();
+        return false;
+    }
+    c.LbDescCatalogo = articulo->idarticulo + L(" - ") + articulo->descripcion;
+    s.descripcionDefecto = articulo->descripcion;
+    c.TxtDescArticulos = articulo->descripcion;
+    c.txtDescripcionMaria = articulo->Descripcion_Maria;
+    c.TxtPosicion = articulo->ncm;
+    c.TxtUnidad = articulo->idunidad;
+    c.TxtIdpais = articulo->idpais;
+    c.txtIdPaisProc = articulo->idpaisproc;
+    c.TxtIdEstadoMercaderia = articulo->estadomerc;
+    c.txtSufijos = articulo->sufijos;
+    c.cboBiendeUso = articulo->biendeuso == L("S") ? QStringLiteral("S") : QStringLiteral("N");
+    c.txtOtros = articulo->otros;
+    c.TxtFiller = articulo->itfiller;
+    c.TxtNaladisa = articulo->naladisa;
+    if (s.eanHabilitado) c.TxtCodigoEAN = articulo->codigoean;
+    c.TxtUnitario = Format(articulo->preciounitario.value_or(0), u"00.00000");
+    c.txtKgUnitario = Format(articulo->kgneto.value_or(0), u"00.00");
+    ponerDescripciones(ctx, c);
+    if (!c.TxtPosicion.isEmpty()) BuscarNCM(ctx, s);
+    CantidadCambia(ctx, s);
+    return true;
+}
+
+void ActuSufijos(AppContext &ctx, SubItems &s) {
+    CamposSubItem &c = s.campos;
+    const bool ofreceArticulo = ctx.opciones.SbtNroArtAI && !c.txtIdArticulo.isEmpty();
+    c.txtSufijos = ActuSufijos(ctx, c.TxtPosicion.left(14), c.txtSufijos.trimmed(),
+                               ofreceArticulo ? c.txtIdArticulo : QString(), s.descripcionDefecto);
+}
+
+bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
+    Recordset rs;
+    if (!Consultar(ctx, internos,
+                   L("select * from subitems where interno = '") + s.interno + L("' and id = ") +
+                       QString::number(id),
+                   rs))
+        return false;
+    struct Columna {
+        const char *nombre;
+        QString C::*campo;
+        const char16_t *mascara = nullptr;
+    };
+    static constexpr Columna columnas[] = {
+        {"idcatalogo", &C::TxtIdCatalogo},
+        {"idarticulo", &C::txtIdArticulo},
+        {"ncm", &C::TxtPosicion},
+        {"idunidad", &C::TxtUnidad},
+        {"cantidad", &C::TxtCantidad, u"00.00"},
+        {"preciounitario", &C::TxtUnitario, u"00.00000"},
+        {"fob", &C::TxtFobTotal, u"00.00"},
+        {"estadistica", &C::LbCodigoEstadistica},
+        {"valorrelacionestadistica", &C::TxtValorsobreestadistica, u"00.00"},
+        {"idpais", &C::TxtIdpais},
+        {"idpaisproc", &C::txtIdPaisProc},
+        {"estadomerc", &C::TxtIdEstadoMercaderia},
+        {"sufijos", &C::txtSufijos},
+        {"codprorrateo", &C::TxtCodProrrateo},
+        {"insumostemp", &C::TxtInsumosTemp},
+        {"insumosacons", &C::TxtInsumCons},
+        {"cancelaciones", &C::TxtCanelaciones},
+        {"canccantidad", &C::TxtCancCantidad},
+        {"cancnroitem", &C::txtNroItem},
+        {"cancnrosubitem", &C::TxtNroSubitem},
+        {"deresp", &C::LbIdDerEsp},
+        {"valorderesp", &C::TxtDerEsp, u"00.00"},
+        {"kgneto", &C::TxtKgNeto, u"00.00"},
+        {"kgbruto", &C::TxtKgBruto, u"00.00"},
+        {"descripcion", &C::TxtDescArticulos},
+        {"descripcion_maria", &C::txtDescripcionMaria},
+        {"otros", &C::txtOtros},
+        {"itfiller", &C::TxtFiller},
+        {"certorig", &C::txtCertOrig},
+        {"naladisa", &C::TxtNaladisa},
+        {"codigoean", &C::TxtCodigoEAN}};
+    s.campos = CamposSubItem();
+    CamposSubItem &c = s.campos;
+    for (const Columna &columna : columnas) {
+        const QString nombre = L(columna.nombre);
+        c.*columna.campo =
+            columna.mascara == nullptr ? rs.Texto(nombre) : conForma(rs.Numero(nombre), columna.mascara);
+    }
+    c.cboBiendeUso = rs.Texto(u"biendeuso") == L("S") ? QStringLiteral("S") : QStringLiteral("N");
+    c.LbLapi = rs.Texto(u"lapi") == L("S");
+    s.SBTREI = rs.Numero(u"sbtrei");
+    s.FramDerEsp = !c.LbIdDerEsp.isEmpty();
+    s.descripcionDefecto = c.TxtDescArticulos;
+    s.modo = 2;
+    s.id = id;
+    // A change writes no column of the article.
+    s.articuloFijo = true;
+    s.VincularDatos = s.marcaERR = false;
+    ponerDescripciones(ctx, c);
+    return true;
+}
+
+void RefrescarTotales(AppContext &ctx, SubItems &s) {
+    Recordset rs;
+    const double total =
+        Consultar(ctx, internos,
+                  L("select sum(fob) as total from subitems where interno = '") + s.interno + L("'"), rs)
+            ? rs.Numero(u"total")
+            : 0;
+    // "##.00": no digit is forced before the separator.
+    s.LbTotal = Format(s.fobdivisas, u".00");
+    s.LbTotSubitems = Format(total, u"00.00");
+    s.lbDIF = Format(s.fobdivisas - total, u"00.00");
+}
