@@ -75,8 +75,7 @@ Veredicto revisarUnidades(const Corrida &r) {
     if (c.LbCodigoEstadistica != estadistica)
         return r.mal("TxtPosicion", L("Error en Codigo de Estadistica debe ser [ ") + estadistica + L(" ]"));
     const QString pista =
-        QStringLiteral("
-Para refrescar las unidades del ncm presione ENTER en el campo posición");
+        QStringLiteral("\r\nPara refrescar las unidades del ncm presione ENTER en el campo posición");
     if (deresp.isEmpty() && !c.LbIdDerEsp.isEmpty())
         return r.mal("TxtPosicion", QStringLiteral("Esta posición no tiene Unidad del Derecho Especifico, "
                                                    "pero en la pantalla tiene [ ") +
