@@ -43,13 +43,12 @@ QVariant celda(const QVariant &valor) {
 /// The server runs every statement of a text; what a broken key smuggles in behind a semicolon is not run.
 void comprobarQueEsUna(const QString &sql) {
     if (!sql.contains(QLatin1Char(';'))) return;
-    const auto partido = dialecto::partir(sql);
-    if (!partido) return;  // something does not close: the server refuses the whole text
-    const dialecto::Tokens &t = *partido;
+    dialecto::Tokens t;
+    if (!t.partir(sql)) return;  // something does not close: the server refuses the whole text
     for (std::size_t i = 0; i < t.size(); ++i) {
-        if (!t[i].es(u';')) continue;
-        const std::size_t sigue = dialecto::significativo(t, i + 1);
-        if (sigue < t.size() && !t[sigue].es(u';'))
+        if (!t[i].es(dialecto::Clave::PuntoYComa)) continue;
+        const std::size_t sigue = t.significativo(i + 1);
+        if (sigue < t.size() && !t[sigue].es(dialecto::Clave::PuntoYComa))
             throw ErrorDeStore{
                 0, {}, QStringLiteral("ERROR:  syntax error at or near \"%1\"").arg(t[sigue].vista), {}};
     }
