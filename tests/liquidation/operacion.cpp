@@ -69,16 +69,16 @@ void OperacionDePrueba::caratula(const Fila &cambios) {
 }
 
 void OperacionDePrueba::item(int id, const Fila &cambios) {
-    insertar(QStringLiteral("item"), mezclar({{"interno", "'OP1'"},
-                                              {"id", QString::number(id)},
-                                              {"ncm", "'7318.15.00.100A'"},
-                                              {"idpais", "'400'"},
-                                              {"fobtotal", "1000"},
-                                              {"itflete", "100"},
-                                              {"itseguro", "10"},
-                                              {"lista", "''"},
-                                              {"tipoitem", "'N'"}},
-                                             cambios));
+    Fila fila{{"interno", "'OP1'"}, {"id", QString::number(id)}};
+    if (id != 0)
+        fila.insert({{"ncm", "'7318.15.00.100A'"},
+                     {"idpais", "'400'"},
+                     {"fobtotal", "1000"},
+                     {"itflete", "100"},
+                     {"itseguro", "10"},
+                     {"lista", "''"},
+                     {"tipoitem", "'N'"}});
+    insertar(QStringLiteral("item"), mezclar(fila, cambios));
 }
 
 void OperacionDePrueba::fila(int id, const char *concepto, const Fila &cambios) {

@@ -23,7 +23,8 @@ class OperacionDePrueba : public EnAmbosStores {
                   const QString &entidad = QStringLiteral("INTERNOS"));
     void posicion(const char *ncm, const Fila &cambios = {});
     void caratula(const Fila &cambios);
-    /// FOB 1000, freight 100, insurance 10: a taxable base of 1110 and an IVA base of 1365.30.
+    /// FOB 1000, freight 100, insurance 10: a taxable base of 1110 and an IVA base of 1365.30. Item 0 has no
+    /// values of its own.
     void item(int id, const Fila &cambios = {});
     /// Rows of an item, without percentage, to pay.
     void filas(int id, std::initializer_list<const char *> conceptos);
