@@ -1,6 +1,7 @@
 #include "operations/FrmInternoNew.h"
 
 #include <QHeaderView>
+#include <algorithm>
 #include <map>
 
 #include "frame/ui/ClCntrl.h"
@@ -179,10 +180,11 @@ void FrmInternoNew::Agrupar() {
     ui.lstInterno->expandAll();
     constexpr int anchos[] = {4, 18, 12, 30, 34};
     const int letra = ui.lstInterno->fontMetrics().averageCharWidth();
-    for (int c = flag; c < Vendedor; ++c)
-        ui.lstInterno->setColumnWidth(
-            c,
-            letra * anchos[c] + (c == flag && por.campo != nullptr ? 2 * ui.lstInterno->indentation() : 16));
+    for (int c = flag; c < Vendedor; ++c) {
+        const int sangria = c == flag && por.campo != nullptr ? 2 * ui.lstInterno->indentation() : 16;
+        const int rotulo = ui.lstInterno->header()->sectionSizeHint(c);
+        ui.lstInterno->setColumnWidth(c, std::max(letra * anchos[c] + sangria, rotulo));
+    }
     if (!Seleccionar(tenia)) ui.lstInterno->setCurrentIndex(primeraOperacion(modelo_));
 }
 

@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "assembly/FrmMostrarDatos.h"
 #include "frame/ui/Pantalla.h"
@@ -67,6 +68,11 @@ void ponerTexto(QMessageBox &caja, const QString &texto) {
     caja.setTextFormat(Qt::PlainText);
     QString conFinales = texto;
     caja.setText(conFinales.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    // The texts carry their own line ends: a line of usual length is not broken again.
+    if (auto *etiqueta = caja.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+        const int ancho = etiqueta->fontMetrics().size(0, conFinales).width();
+        etiqueta->setMinimumWidth(std::min(ancho + 8, etiqueta->fontMetrics().averageCharWidth() * 100));
+    }
 }
 
 void mensaje(const Mensaje &m) {

@@ -34,6 +34,8 @@ QGroupBox { border: 1px solid #d5dede; border-radius: 6px; margin-top: 1.1em; pa
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 8px; padding: 0 4px; color: #006666; font-weight: 600; }
 QHeaderView::section { background: #e3eaea; border: none; border-right: 1px solid #cfd8dc; border-bottom: 1px solid #cfd8dc; padding: 5px 8px; color: #263238; font-weight: 600; }
 QAbstractItemView { background: white; alternate-background-color: #f7fafa; border: 1px solid #d5dede; selection-background-color: #006666; selection-color: white; gridline-color: #e3eaea; }
+QTableView::item { padding: 0 5px; }
+QListView::item { padding: 3px 5px; }
 QAbstractItemView:focus { border: 1px solid #006666; }
 QProgressBar { border: 1px solid #cfd8dc; border-radius: 4px; background: white; text-align: center; color: #102027; }
 QProgressBar::chunk { background: #80cbc4; border-radius: 3px; }
@@ -112,7 +114,10 @@ void estilo::PrepararGrilla(QTableWidget *grilla, const QStringList &columnas) {
 }
 
 void estilo::PonerCelda(QTableWidget *grilla, int fila, int columna, const QString &texto, bool numero) {
+    const Qt::Alignment lado = (numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
     auto *celda = new QTableWidgetItem(texto);
-    celda->setTextAlignment((numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    celda->setTextAlignment(lado);
     grilla->setItem(fila, columna, celda);
+    // A heading stands over its figures.
+    if (QTableWidgetItem *titulo = grilla->horizontalHeaderItem(columna)) titulo->setTextAlignment(lado);
 }

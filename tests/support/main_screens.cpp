@@ -1,10 +1,22 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "frame/ui/estilo.h"
 
 int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("zendra-pruebas"));
+    // As the program starts: a screen is tested with the look, the words and the locale that users see.
+    QApplication::setApplicationName(QStringLiteral("Zendra"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
+    QTranslator textosDeQt;
+    if (textosDeQt.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&textosDeQt);
+    estilo::Aplicar(app);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,211 @@
+// A picture of every screen with the demonstration data in it, and what a glance at them must not find:
+// clipped texts, fields that TAB does not reach. Runs at 100 % and, with QT_SCALE_FACTOR=2, at 200 %.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include "assembly/FrmArmarItem.h"
+#include "assembly/FrmMostrarDatos.h"
+#include "assembly/run.h"
+#include "frame/FrmPerfiles.h"
+#include "frame/FrmPrincipal.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/dialogosqt.h"
+#include "header/FrmABMClientes.h"
+#include "header/automotive.h"
+#include "liquidation/FrmVerItem.h"
+#include "operations/FrmDetalleInterno.h"
+#include "operations/FrmInternoNew.h"
+#include "operations/Frm_ComprobacionErrores.h"
+#include "tests/support/pantallas.h"
+
+namespace {
+
+const QString importacion = QStringLiteral("IC-2026-0001");
+const QString exportacion = QStringLiteral("EC-2026-0002");
+const QString djai = QStringLiteral("DJAI-2026-0004");
+
+class Capturas : public EnPantalla {
+ protected:
+    void SetUp() override {
+        EnPantalla::SetUp();
+        // The rates of VAT that an office has in its configuration.
+        ctx->opciones.IVARIN = 21;
+        ctx->opciones.IVARNI = 10.5;
+    }
+    /// Saves the picture and looks for clipped texts.
+    static void foto(QWidget *ventana, const QString &nombre) {
+        QCoreApplication::processEvents();
+        const QString carpeta = CarpetaDeConstruccion() +
+                                QStringLiteral("/screenshots/%1x").arg(qRound(ventana->devicePixelRatioF()));
+        ASSERT_TRUE(QDir().mkpath(carpeta));
+        const QPixmap imagen = ventana->grab();
+        EXPECT_TRUE(imagen.save(carpeta + QLatin1Char('/') + nombre + QStringLiteral(".png")));
+        EXPECT_EQ(recortados(ventana).join(QLatin1String("; ")).toStdString(), "") << nombre.toStdString();
+        EXPECT_LE(ventana->width(), 1280) << nombre.toStdString();
+        EXPECT_LE(ventana->height(), 720) << nombre.toStdString();
+    }
+    void armar(const QString &interno) {
+        ctx->ChequeoArmado = QStringLiteral("SI");
+        ASSERT_TRUE(Generar(*ctx, interno, {}));
+        ctx->LiquidacionPendiente = true;
+    }
+};
+
+TEST_P(Capturas, Menu) {
+    auto &marco = Pantalla<FrmPrincipal>();
+    marco.Mostrar();
+    esperarVentana(marco.ventana.get());
+    foto(marco.ventana.get(), QStringLiteral("menu"));
+}
+
+TEST_P(Capturas, Operations) {
+    auto &navegador = Pantalla<FrmInternoNew>();
+    navegador.Mostrar();
+    esperarVentana(navegador.ventana.get());
+    tecla(Qt::Key_Return);
+    foto(navegador.ventana.get(), QStringLiteral("operaciones"));
+    navegador.ui.cboAgruparPor->setCurrentIndex(1);
+    foto(navegador.ventana.get(), QStringLiteral("operaciones-agrupadas"));
+}
+
+TEST_P(Capturas, OperationOfAnImportAnExportAndADjai) {
+    for (const auto &[interno, nombre] :
+         {std::pair(importacion, "operacion"), std::pair(exportacion, "operacion-expo"),
+          std::pair(djai, "operacion-djai")}) {
+        auto &tablero = abrir(interno);
+        foto(tablero.ventana.get(), QLatin1String(nombre));
+        tecla(Qt::Key_Escape);
+    }
+}
+
+TEST_P(Capturas, Assembly) {
+    bool tomada = false;
+    ctx->dialogos.atenderEventos = [&] {
+        if (tomada || !PantallaAbierta<FrmArmarItem>() || registro.avances.empty()) return;
+        const Avance &ultimo = registro.avances.back();
+        if (ultimo.tipo != Avance::Tipo::PasoCorriendo || ultimo.paso != 6) return;
+        tomada = true;
+        foto(Pantalla<FrmArmarItem>().ventana.get(), QStringLiteral("armado"));
+    };
+    ctx->ChequeoArmado = QStringLiteral("SI");
+    Pantalla<FrmArmarItem>().Mostrar(importacion, {});
+    hasta([] { return !PantallaAbierta<FrmArmarItem>(); });
+    EXPECT_TRUE(tomada);
+}
+
+TEST_P(Capturas, ItemsAndLiquidation) {
+    for (const auto &[interno, sufijo] : {std::pair(importacion, ""), std::pair(exportacion, "-expo")}) {
+        armar(interno);
+        auto &items = Pantalla<FrmVerItem>();
+        items.Mostrar(interno);
+        esperarVentana(items.ventana.get());
+        foto(items.ventana.get(), QStringLiteral("liquidacion") + QLatin1String(sufijo));
+        tecla(Qt::Key_PageDown);
+        foto(items.ventana.get(), QStringLiteral("liquidacion-item") + QLatin1String(sufijo));
+        const std::pair<int, const char *> solapas[] = {{Qt::Key_F1, "item"},
+                                                        {Qt::Key_F2, "item-subitems"},
+                                                        {Qt::Key_F3, "item-informacion"},
+                                                        {Qt::Key_F5, "item-cancelaciones"},
+                                                        {Qt::Key_F7, "item-oncca"}};
+        for (const auto &[cual, nombre] : solapas) {
+            tecla(cual);
+            foto(items.ventana.get(), QLatin1String(nombre) + QLatin1String(sufijo));
+        }
+        tecla(Qt::Key_Escape);
+    }
+}
+
+TEST_P(Capturas, Reports) {
+    auto &datos = Pantalla<FrmMostrarDatos>();
+    datos.Cargar({QStringLiteral("Posiciones con sufijos incorrectos"),
+                  QStringLiteral("8413.70.10.100L   XX99-\r\n8481.80.92.000P   AA07-\r\n"), false});
+    datos.ventana->show();
+    esperarVentana(datos.ventana.get());
+    foto(datos.ventana.get(), QStringLiteral("informe"));
+    tecla(Qt::Key_Escape);
+    auto &diferencias = Pantalla<Frm_ComprobacionErrores>();
+    diferencias.Cargar(
+        {QStringLiteral("Zendra v3 - Reporte de Diferencias Encontradas."),
+         QStringLiteral("Item: 1 Verificacion OK\r\nItem: 2(Pais Origen ITEM=203) difiere de (Pais Origen "
+                        "Caratula=438) - Forzar ACTIVADO"),
+         true});
+    diferencias.ventana->show();
+    esperarVentana(diferencias.ventana.get());
+    foto(diferencias.ventana.get(), QStringLiteral("diferencias"));
+    tecla(Qt::Key_Escape);
+}
+
+TEST_P(Capturas, ChoiceOfProfileAndAutomotiveQuestion) {
+    auto &perfiles = Pantalla<FrmPerfiles>();
+    perfiles.Cargar({{QStringLiteral("Local"), QStringLiteral("/home/despachos/Local.perfil.ini")},
+                     {QStringLiteral("Oficina"), QStringLiteral("/home/despachos/Oficina.perfil.ini")}});
+    perfiles.ventana->show();
+    esperarVentana(perfiles.ventana.get());
+    foto(perfiles.ventana.get(), QStringLiteral("perfiles"));
+    tecla(Qt::Key_Escape);
+    bool vista = false;
+    ctx->dialogos.preguntarConOpciones = [&](const PreguntaConOpciones &pregunta) {
+        auto &automotriz = Pantalla<FrmABMClientes>();
+        automotriz.Cargar(pregunta);
+        automotriz.ventana->show();
+        esperarVentana(automotriz.ventana.get());
+        foto(automotriz.ventana.get(), QStringLiteral("automotriz"));
+        vista = true;
+        tecla(Qt::Key_Escape);
+        return RespuestaConOpciones();
+    };
+    // Asked where the liquidation of the automotive import is first calculated.
+    armar(QStringLiteral("ICR-2026-0005"));
+    Pantalla<FrmVerItem>().Mostrar(QStringLiteral("ICR-2026-0005"));
+    EXPECT_TRUE(vista);
+}
+
+TEST_P(Capturas, MessageAndQuestion) {
+    conDialogosDeVerdad();
+    conVentanaModal([](QWidget *modal) {
+        foto(modal, QStringLiteral("mensaje"));
+        QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    ctx->dialogos.informar(QStringLiteral("Se han encontrado posiciones con LAPI"));
+    conVentanaModal([](QWidget *modal) {
+        foto(modal, QStringLiteral("pregunta"));
+        QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    Pregunta pregunta;
+    pregunta.titulo = QStringLiteral("Diferencias en Operacion - Confirmacion de la Operacion");
+    pregunta.texto = QStringLiteral(
+        "ADVERTENCIA IMPORTANTE!!!\r\n\r\nSe han encontrado diferencias entre la operacion cargada,\r\ny la "
+        "informacion a enviar al SIM, ¿desea continuar?");
+    pregunta.porDefectoNo = true;
+    ctx->dialogos.preguntar(pregunta);
+}
+
+TEST_P(Capturas, TabReachesEveryFieldInTheOrderOfTheWork) {
+    auto &navegador = Pantalla<FrmInternoNew>();
+    navegador.Mostrar();
+    esperarVentana(navegador.ventana.get());
+    EXPECT_EQ(ordenDeTab(navegador.ventana.get()).join(QLatin1Char(' ')).toStdString(),
+              "txtInterno txtCliente txtDespachante chkFiltroFecha DTP_Desde DTP_Hasta cboAgruparPor "
+              "lstInterno");
+    CerrarPantalla<FrmInternoNew>();
+    auto &tablero = abrir(importacion);
+    tablero.ui.cmdCaratula->setFocus();
+    EXPECT_EQ(ordenDeTab(tablero.ventana.get()).join(QLatin1Char(' ')).toStdString(),
+              "cmdCaratula CmdSubItems cmdITEM CmdTransMaria ChMulta chkCalcularServicioDigitalizacion "
+              "opOrdenxNCM CmdPresupuesto CmdPrint CmdHojaVal cmdExportar cmdExportINS Command1 Command4 "
+              "CkFlag_0 CkFlag_1 CkFlag_2 CkFlag_3 CkFlag_4 CkFlag_5 CkFlag_6 CkFlag_7");
+}
+
+// Pictures of one store are enough: the screens are the same.
+INSTANTIATE_TEST_SUITE_P(Stores, Capturas, ::testing::Values("ACCESS"),
+                         [](const ::testing::TestParamInfo<const char *> &caso) {
+                             return std::string(caso.param);
+                         });
+
+}  // namespace

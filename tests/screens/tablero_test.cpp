@@ -1,0 +1,240 @@
+// The dashboard of an operation, by keyboard.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "assembly/FrmArmarItem.h"
+#include "frame/ui/Pantalla.h"
+#include "liquidation/FrmVerItem.h"
+#include "operations/FrmAbrir.h"
+#include "operations/FrmDetalleInterno.h"
+#include "tests/support/pantallas.h"
+
+namespace {
+
+const QString importacion = QStringLiteral("IC-2026-0001");
+const QString exportacion = QStringLiteral("EC-2026-0002");
+const QString djai = QStringLiteral("DJAI-2026-0004");
+
+class Tablero : public EnPantalla {
+ protected:
+    QString bloqueo(const QString &interno) {
+        return valor(QStringLiteral("select maquina from interno where interno = '") + interno +
+                     QLatin1Char('\''));
+    }
+    /// Presses the assembly button and waits until the item screen stands.
+    FrmVerItem &armar(FrmDetalleInterno &tablero) {
+        esperarVentana(tablero.ventana.get());
+        teclaEn(tablero.ui.cmdITEM, Qt::Key_Space);
+        hasta([] { return !PantallaAbierta<FrmArmarItem>() && PantallaAbierta<FrmVerItem>(); });
+        esperarVentana(Pantalla<FrmVerItem>().ventana.get());
+        return Pantalla<FrmVerItem>();
+    }
+};
+
+TEST_P(Tablero, AnOperationReadyToArmShowsItsState) {
+    auto &ui = abrir(importacion).ui;
+    EXPECT_EQ(ui.LbInterno->text(), importacion);
+    EXPECT_EQ(ui.LbSubregimen->text(), QStringLiteral("IC04"));
+    EXPECT_EQ(ui.LbAduana->text(), QStringLiteral("001"));
+    EXPECT_EQ(ui.LbCliente->text(), QStringLiteral("30708123451 HIDRAULICA DEL PLATA S.A."));
+    EXPECT_EQ(ui.LbDespa->text(), QStringLiteral("20167890122 FERREYRA HORACIO DANIEL"));
+    EXPECT_EQ(ui.LbItem->text(), QStringLiteral("0"));
+    EXPECT_EQ(ui.LbSubItem->text(), QStringLiteral("0"));
+    EXPECT_EQ(ui.LbEstadoCaratula->text(), QStringLiteral("COMPLETO!"));
+    EXPECT_EQ(ui.LbEstadoSubItem->text(), QStringLiteral("COMPLETO!"));
+    EXPECT_EQ(ui.LbEstadoItem->text(), QStringLiteral("SIN GENERAR"));
+    EXPECT_TRUE(ui.cmdITEM->isEnabled());
+    EXPECT_TRUE(ui.frmOrdenar->isVisible());
+    EXPECT_FALSE(ui.CmdBultos->isEnabled());
+    EXPECT_FALSE(ui.ChCOEF->isEnabled()) << "the coefficient is for exports";
+    EXPECT_EQ(QApplication::focusWidget(), ui.cmdITEM);
+}
+
+TEST_P(Tablero, AHeaderWithoutFobLeavesTheOtherThreeLabelsAsTheyWereAtDesign) {
+    ejecutar(QStringLiteral("update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"));
+    auto &ui = abrir(importacion).ui;
+    EXPECT_EQ(ui.LbEstadoCaratula->text(), QStringLiteral("INCOMPLETO"));
+    for (const QLabel *etiqueta : {ui.LbEstadoSubItem, ui.LbEstadoItem, ui.LbEstadoBultos})
+        EXPECT_EQ(etiqueta->text(), QStringLiteral("—")) << etiqueta->objectName().toStdString();
+    EXPECT_FALSE(ui.cmdITEM->isEnabled());
+}
+
+TEST_P(Tablero, OnAWorkstationThatNeverSawTheOperationAllEightFlagsAreChecked) {
+    auto &ui = abrir(importacion).ui;
+    for (const QCheckBox *bandera : {ui.CkFlag_0, ui.CkFlag_1, ui.CkFlag_2, ui.CkFlag_3, ui.CkFlag_4,
+                                     ui.CkFlag_5, ui.CkFlag_6, ui.CkFlag_7})
+        EXPECT_TRUE(bandera->isChecked()) << bandera->text().toStdString();
+}
+
+TEST_P(Tablero, EscapeStoresTheFlagsAndReleasesTheLock) {
+    auto &tablero = abrir(exportacion);
+    EXPECT_EQ(bloqueo(exportacion), QStringLiteral("PC1"));
+    teclaEn(tablero.ui.CkFlag_3, Qt::Key_Space);
+    teclaEn(tablero.ui.ChCOEF, Qt::Key_Space);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmDetalleInterno>());
+    EXPECT_EQ(bloqueo(exportacion), QStringLiteral("<nada>"));
+    const auto ajuste = [this](const char *clave) {
+        return ctx->ajustes.Leer(QStringLiteral("ZENDRA"), exportacion, QLatin1String(clave));
+    };
+    EXPECT_EQ(ajuste("FLAG2"), QStringLiteral("1"));
+    EXPECT_EQ(ajuste("FLAG3"), QStringLiteral("0"));
+    EXPECT_EQ(ajuste("COEFEXPO"), QStringLiteral("1"));
+    auto &ui = abrir(exportacion).ui;
+    EXPECT_FALSE(ui.CkFlag_3->isChecked());
+    EXPECT_TRUE(ui.CkFlag_2->isChecked());
+    EXPECT_FALSE(ui.ChCOEF->isChecked()) << "written on closing, read nowhere";
+}
+
+TEST_P(Tablero, ClosedByItsWindowTheLockStaysAndTheNextOpeningWarnsAndTakesIt) {
+    abrir(importacion).ventana->close();
+    EXPECT_EQ(bloqueo(importacion), QStringLiteral("PC1"));
+    abrir(importacion);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_TRUE(registro.mensajes[0].texto.startsWith(
+        QStringLiteral("El estado de INTERNO indica que el mismo esta abierto.\r\n\r\nSe procedera a cambiar "
+                       "el estado.\r\n\r\nUltimo Acceso: ")));
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+    EXPECT_EQ(valor(QStringLiteral("select count(*) from interno where interno = 'IC-2026-0001'")),
+              QStringLiteral("1"));
+}
+
+TEST_P(Tablero, AnOperationOpenOnAnotherWorkstationStaysClosed) {
+    ejecutar(
+        QStringLiteral("insert into interno (interno,maquina,usuario,fecha) values ('IC-2026-0001',"
+                       "'OTRA','',null)"));
+    AbrirInterno(importacion);
+    EXPECT_FALSE(PantallaAbierta<FrmDetalleInterno>());
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_TRUE(registro.mensajes[0].texto.startsWith(
+        QStringLiteral("Este interno esta abierto por la PC: OTRA\r\n\r\nAccedido el ")));
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+}
+
+TEST_P(Tablero, FromTheAssemblyButtonToTheItemsAndBackByKeyboard) {
+    auto &tablero = abrir(importacion);
+    auto &items = armar(tablero);
+    EXPECT_FALSE(PantallaAbierta<FrmArmarItem>());
+    EXPECT_EQ(items.ui.TxtItem->text(), QStringLiteral("0"));
+    EXPECT_GT(items.ui.GrdLiq->rowCount(), 3);
+    EXPECT_FALSE(ctx->LiquidacionPendiente) << "entering the items has written the liquidation back";
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
+    esperarVentana(tablero.ventana.get());
+    EXPECT_EQ(tablero.ui.LbEstadoItem->text(), QStringLiteral("GENERADO!"));
+    EXPECT_FALSE(tablero.ui.frmOrdenar->isVisible());
+    EXPECT_TRUE(tablero.ui.CmdBultos->isEnabled());
+    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IC-2026-0001'")),
+              QStringLiteral("N"));
+}
+
+TEST_P(Tablero, AnArmedOperationGoesStraightToItsItems) {
+    auto &tablero = abrir(importacion);
+    armar(tablero);
+    tecla(Qt::Key_Escape);
+    registro.avances.clear();
+    armar(tablero);
+    EXPECT_TRUE(registro.avances.empty()) << "no step ran again";
+}
+
+TEST_P(Tablero, AnOperationThatWasNeverTouchedDoesNotArm) {
+    ejecutar(QStringLiteral("update caratula set factura8 = null where interno = 'IC-2026-0001'"));
+    auto &tablero = abrir(importacion);
+    armar(tablero);
+    EXPECT_TRUE(registro.avances.empty());
+    EXPECT_EQ(tablero.ui.LbItem->text(), QStringLiteral("0"));
+}
+
+TEST_P(Tablero, ARunThatStopsOnPurposeLeavesTheOperationToBeArmedAgain) {
+    ejecutar(QStringLiteral("update subitems set sufijos = 'XX99-' where interno = 'IC-2026-0001'"));
+    auto &tablero = abrir(importacion);
+    teclaEn(tablero.ui.cmdITEM, Qt::Key_Space);
+    hasta([] { return !PantallaAbierta<FrmArmarItem>(); });
+    EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
+    EXPECT_EQ(ctx->ChequeoArmado, QStringLiteral("No"));
+    EXPECT_EQ(registro.informes.size(), 1U);
+    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IC-2026-0001'")),
+              QStringLiteral("S"));
+    EXPECT_TRUE(tablero.ventana->isVisible());
+}
+
+TEST_P(Tablero, TheCoefficientOfAnExportFollowsTheQuestionOfTheRun) {
+    auto &tablero = abrir(exportacion);
+    EXPECT_TRUE(tablero.ui.ChCOEF->isEnabled());
+    registro.respuestas.push_back(true);
+    armar(tablero);
+    EXPECT_TRUE(tablero.ui.ChCOEF->isChecked());
+    EXPECT_TRUE(ctx->CalcularCoeficiente);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(ctx->CalcularCoeficiente) << "cleared when the items close";
+}
+
+TEST_P(Tablero, ADjaiOffersItsDescriptionsAndMixingOnlyOnTheServer) {
+    auto &ui = abrir(djai).ui;
+    const bool servidor = QString::fromLatin1(GetParam()) == QLatin1String("SQL");
+    EXPECT_TRUE(ui.framDJAI->isVisible());
+    EXPECT_TRUE(ui.opDJAI_No_Usar_Descripcion->isChecked());
+    EXPECT_EQ(ui.opDJAI_MezclarDescripciones->isEnabled(), servidor);
+}
+
+TEST_P(Tablero, TheStoredDescriptionChoiceIsRestored) {
+    ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"),
+                         QStringLiteral("DJAI_USAR_DESCRIPCION"), QStringLiteral("CATALOGO"));
+    EXPECT_TRUE(abrir(djai).ui.opDJAI_Usar_Descripcion_Catalogo->isChecked());
+}
+
+TEST_P(Tablero, MixingOutsideTheServerIsExplainedAndTakenAway) {
+    auto &ui = abrir(djai).ui;
+    ui.opDJAI_MezclarDescripciones->setEnabled(true);
+    ui.opDJAI_MezclarDescripciones->click();
+    if (QString::fromLatin1(GetParam()) == QLatin1String("SQL")) {
+        EXPECT_TRUE(registro.mensajes.empty());
+        EXPECT_TRUE(ui.opDJAI_MezclarDescripciones->isChecked());
+        return;
+    }
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto,
+              QStringLiteral("DJAI - MEZCLAR DESCRIPCIONES - Opción valida para Zendra v3 SQL Server"));
+    EXPECT_FALSE(ui.opDJAI_MezclarDescripciones->isChecked());
+}
+
+TEST_P(Tablero, TakingTheCataloguesDescriptionIsExplained) {
+    abrir(djai).ui.opDJAI_Usar_Descripcion_Catalogo->click();
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto,
+              QStringLiteral("Esta opción REEMPLAZA el campo DESCRIPCION_MARIA por DESCRIPCION (del "
+                             "catálogo) en la carga de subitems."));
+}
+
+TEST_P(Tablero, TheOrderOfItemsComesFromTheOption) {
+    ctx->opciones.ARMARITEM = 1;
+    EXPECT_TRUE(abrir(importacion).ui.opOrdenxNCM->isChecked());
+    CerrarPantalla<FrmDetalleInterno>();
+    ctx->opciones.ARMARITEM = 2;
+    EXPECT_TRUE(abrir(importacion).ui.opOrdenxCarga->isChecked());
+}
+
+TEST_P(Tablero, AButtonWithoutItsScreenSaysSo) {
+    auto &tablero = abrir(importacion);
+    for (QPushButton *boton : {tablero.ui.cmdCaratula, tablero.ui.CmdSubItems, tablero.ui.CmdPresupuesto,
+                               tablero.ui.Command1, tablero.ui.Command4}) {
+        registro.mensajes.clear();
+        teclaEn(boton, Qt::Key_Space);
+        ASSERT_EQ(registro.mensajes.size(), 1U) << boton->text().toStdString();
+        EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+    }
+}
+
+TEST_P(Tablero, TheFocusTakesTheCoefficientFlagAway) {
+    auto &tablero = abrir(exportacion);
+    ctx->CalcularCoeficiente = true;
+    QEvent foco(QEvent::WindowActivate);
+    QApplication::sendEvent(tablero.ventana.get(), &foco);
+    EXPECT_FALSE(ctx->CalcularCoeficiente);
+}
+
+EN_AMBOS_STORES(Tablero);
+
+}  // namespace

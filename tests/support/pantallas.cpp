@@ -1,0 +1,139 @@
+#include "tests/support/pantallas.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+
+#include "frame/ui/ClCntrl.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/dialogosqt.h"
+#include "operations/FrmAbrir.h"
+#include "operations/FrmDetalleInterno.h"
+
+void EnPantalla::SetUp() {
+    EnAmbosStores::SetUp();
+    ClCntrl::banderaDeCambios() = false;
+    ClCntrl::bloqueoDeNavegacion() = false;
+}
+
+void EnPantalla::TearDown() {
+    pantallas::CerrarTodas();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EnAmbosStores::TearDown();
+}
+
+void EnPantalla::conDialogosDeVerdad() {
+    ctx->dialogos = DialogosQt();
+}
+
+FrmDetalleInterno &EnPantalla::abrir(const QString &interno) {
+    AbrirInterno(interno);
+    auto &tablero = Pantalla<FrmDetalleInterno>();
+    esperarVentana(tablero.ventana.get());
+    return tablero;
+}
+
+void esperarVentana(QWidget *ventana) {
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(ventana));
+    ventana->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(ventana));
+}
+
+void tecla(int tecla, Qt::KeyboardModifiers con) {
+    QWidget *foco = QApplication::focusWidget();
+    if (foco == nullptr) foco = QApplication::activeWindow();
+    ASSERT_NE(foco, nullptr) << "no window has the keyboard";
+    // Through the window, as the platform sends it, so that shortcuts and mnemonics work.
+    QTest::keyClick(foco->window()->windowHandle(), static_cast<Qt::Key>(tecla), con);
+    QCoreApplication::processEvents();
+}
+
+void teclaEn(QWidget *campo, int cual, Qt::KeyboardModifiers con) {
+    campo->setFocus();
+    tecla(cual, con);
+}
+
+void escribir(const QString &texto) {
+    for (const QChar letra : texto) {
+        QWidget *foco = QApplication::focusWidget();
+        ASSERT_NE(foco, nullptr) << "no field has the keyboard";
+        QTest::keyClicks(foco, QString(letra));
+    }
+}
+
+void hasta(const std::function<bool()> &listo) {
+    QElapsedTimer reloj;
+    reloj.start();
+    while (!listo()) {
+        ASSERT_LT(reloj.elapsed(), 10000) << "it never came";
+        QTest::qWait(5);
+    }
+}
+
+void conVentanaModal(const std::function<void(QWidget *)> &hacer) {
+    QTimer::singleShot(5, qApp, [hacer] {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (modal == nullptr || !modal->isVisible()) {
+            conVentanaModal(hacer);
+            return;
+        }
+        hacer(modal);
+    });
+}
+
+namespace {
+
+bool cabe(const QWidget *campo) {
+    const QSize hace = campo->minimumSizeHint().expandedTo(QSize(campo->sizeHint().width(), 0));
+    return campo->width() >= hace.width() && campo->height() >= hace.height();
+}
+
+}  // namespace
+
+QStringList recortados(QWidget *ventana) {
+    QStringList malos;
+    const auto campos = ventana->findChildren<QWidget *>();
+    for (const QWidget *campo : campos) {
+        if (!campo->isVisible()) continue;
+        QString texto;
+        if (const auto *etiqueta = qobject_cast<const QLabel *>(campo)) {
+            if (etiqueta->wordWrap()) {
+                if (etiqueta->height() < etiqueta->heightForWidth(etiqueta->width()))
+                    malos << etiqueta->objectName() + QLatin1String(": ") + etiqueta->text();
+                continue;
+            }
+            texto = etiqueta->text();
+        } else if (const auto *boton = qobject_cast<const QAbstractButton *>(campo)) {
+            texto = boton->text();
+        }
+        if (!texto.isEmpty() && !cabe(campo)) malos << campo->objectName() + QLatin1String(": ") + texto;
+        if (const auto *titulos = qobject_cast<const QHeaderView *>(campo);
+            titulos != nullptr && titulos->model() != nullptr)
+            for (int n = 0; n < titulos->count(); ++n) {
+                const QString rotulo =
+                    titulos->model()->headerData(n, titulos->orientation(), Qt::DisplayRole).toString();
+                if (titulos->isSectionHidden(n) || rotulo.isEmpty()) continue;
+                if (titulos->fontMetrics().horizontalAdvance(rotulo) > titulos->sectionSize(n))
+                    malos << QLatin1String("heading: ") + rotulo;
+            }
+    }
+    return malos;
+}
+
+QStringList ordenDeTab(QWidget *ventana) {
+    QStringList nombres;
+    QWidget *primero = QApplication::focusWidget();
+    for (int n = 0; n < 200 && primero != nullptr; ++n) {
+        QWidget *foco = QApplication::focusWidget();
+        if (n > 0 && foco == primero) break;
+        // A date keeps TAB for its own parts first.
+        if (foco->window() == ventana && (nombres.isEmpty() || nombres.last() != foco->objectName()))
+            nombres << foco->objectName();
+        QTest::keyClick(foco, Qt::Key_Tab);
+    }
+    return nombres;
+}

@@ -1,0 +1,40 @@
+#pragma once
+// Screens over fresh stores, driven by key events.
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "tests/support/tienda.h"
+
+/// The demonstration data behind the screens; every screen is gone after each test.
+class EnPantalla : public EnAmbosStores {
+ protected:
+    void SetUp() override;
+    void TearDown() override;
+    bool conDemostracion() const override { return true; }
+
+    /// Puts the real dialogs in place of the recorder's.
+    void conDialogosDeVerdad();
+    /// Shows the operation's dashboard by the one road into an operation.
+    class FrmDetalleInterno &abrir(const QString &interno);
+};
+
+/// Waits until the window has the keyboard, or fails.
+void esperarVentana(QWidget *ventana);
+/// A key to the widget that has the focus in the active window.
+void tecla(int tecla, Qt::KeyboardModifiers con = Qt::NoModifier);
+/// The same to one widget, which takes the focus first.
+void teclaEn(QWidget *campo, int tecla, Qt::KeyboardModifiers con = Qt::NoModifier);
+/// Types a text into the widget that has the focus.
+void escribir(const QString &texto);
+/// Serves events until `listo` answers true; fails after ten seconds.
+void hasta(const std::function<bool()> &listo);
+/// Calls `hacer` with the next modal window, as soon as one stands.
+void conVentanaModal(const std::function<void(QWidget *)> &hacer);
+
+/// What a reader would not see whole: the names and texts of visible labels, buttons and headings that are
+/// narrower or lower than their text.
+QStringList recortados(QWidget *ventana);
+/// The names of the enabled widgets that TAB reaches from the first one, in its order, until it comes round.
+QStringList ordenDeTab(QWidget *ventana);
