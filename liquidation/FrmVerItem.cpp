@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QShortcut>
+#include <vector>
 
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -18,6 +19,16 @@ enum Solapa { datos, subitems, informacion, liquidacion, cancelaciones, oncca };
 void ajustarColumnas(QTableWidget *grilla, int elastica) {
     grilla->resizeColumnsToContents();
     grilla->horizontalHeader()->setSectionResizeMode(elastica, QHeaderView::Stretch);
+}
+
+struct Celda {
+    QString texto;
+    bool numero = false;
+};
+
+void ponerFila(QTableWidget *grilla, int fila, const std::vector<Celda> &celdas) {
+    int columna = 0;
+    for (const Celda &celda : celdas) estilo::PonerCelda(grilla, fila, columna++, celda.texto, celda.numero);
 }
 
 const QStringList cero{QStringLiteral("0")};
@@ -160,31 +171,39 @@ void FrmVerItem::PintarLiquidacion(const VistaDeItem &vista) {
 void FrmVerItem::PintarListas(const VistaDeItem &vista) {
     ui.LstV->setRowCount(static_cast<int>(vista.grupos.size()));
     int fila = 0;
-    for (const FilaDeGrupo &g : vista.grupos) {
-        int columna = 0;
-        for (const QString *texto :
-             {&g.idarticulo, &g.ncm, &g.descripcion, &g.idunidad, &g.cantidad, &g.preciounitario, &g.fob,
-              &g.sufijos, &g.estadistica, &g.valorrelacionestadistica}) {
-            estilo::PonerCelda(ui.LstV, fila, columna, *texto,
-                               (columna >= 4 && columna <= 6) || columna == 9);
-            ++columna;
-        }
-        ++fila;
-    }
+    for (const FilaDeGrupo &g : vista.grupos)
+        ponerFila(ui.LstV, fila++,
+                  {{g.idarticulo},
+                   {g.ncm},
+                   {g.descripcion},
+                   {g.idunidad},
+                   {g.cantidad, true},
+                   {g.preciounitario, true},
+                   {g.fob, true},
+                   {g.sufijos},
+                   {g.estadistica},
+                   {g.valorrelacionestadistica, true}});
     ajustarColumnas(ui.LstV, 7);
     ui.GridInf->setRowCount(static_cast<int>(vista.informacion.size()));
     fila = 0;
-    for (const auto &[codigo, valor] : vista.informacion) {
-        estilo::PonerCelda(ui.GridInf, fila, 0, codigo);
-        estilo::PonerCelda(ui.GridInf, fila, 1, valor);
-        ++fila;
-    }
+    for (const auto &[codigo, valor] : vista.informacion) ponerFila(ui.GridInf, fila++, {{codigo}, {valor}});
     ajustarColumnas(ui.GridInf, 1);
+    ui.lstVCancel->setRowCount(static_cast<int>(vista.cancelaciones.size()));
+    fila = 0;
+    for (const FilaDeCancelacion &c : vista.cancelaciones)
+        ponerFila(ui.lstVCancel, fila++,
+                  {{c.dit},
+                   {c.item},
+                   {c.subitem},
+                   {c.ncm},
+                   {c.expctit},
+                   {c.cantidad, true},
+                   {c.factorponderacion, true}});
+    ajustarColumnas(ui.lstVCancel, 3);
     ui.LstVentajas->clear();
     ui.LstVentajas->addItems(vista.ventajas);
     ui.lstCertOrig->clear();
     ui.lstCertOrig->addItems(vista.certificados);
-    ajustarColumnas(ui.lstVCancel, 3);
 }
 
 void FrmVerItem::ElegirSolapa(int indice) {

@@ -71,7 +71,7 @@ const Fila filas[] = {
     {"sysflag", "INTERNOS", "flag valor #item interno", "interno"},
     {"idrel", "INTERNOS", "interno #idroot #idsub", "interno,idroot;interno,idsub"},
     {"descargas", "INTERNOS",
-     "interno #dit #item #subitem ncm expctit #cantidad #factorponderacion ~iditem #idexportacion #idext",
+     "interno dit #item #subitem ncm expctit #cantidad #factorponderacion ~iditem #idexportacion #idext",
      "interno"},
     {"facturas", "INTERNOS", "interno #orden factura", "interno"},
     {"prorrateo", "INTERNOS", "interno codigo descripcion #valor", "interno"},

@@ -129,6 +129,20 @@ TEST_P(PantallaDeItems, AnItemShowsItsLinesItsRowsAndItsAdvantages) {
     EXPECT_EQ(ui.GrdLiq->item(0, 2)->text(), QStringLiteral("14,00"));
 }
 
+TEST_P(PantallaDeItems, TheCancellationsOfAnItemAreListed) {
+    ejecutar(
+        QStringLiteral("insert into descargas "
+                       "(interno,iditem,dit,item,subitem,ncm,expctit,cantidad,factorponderacion) values "
+                       "('IC-2026-0001','1',26001,'1','2','8413.70.10.100L','EXP-1',2.5,1)"));
+    auto &ui = mostrar().ui;
+    tecla(Qt::Key_PageDown);
+    ASSERT_EQ(ui.lstVCancel->rowCount(), 1);
+    QStringList textos;
+    for (int c = 0; c < ui.lstVCancel->columnCount(); ++c) textos << ui.lstVCancel->item(0, c)->text();
+    EXPECT_EQ(textos.join(QLatin1Char('|')).toStdString(),
+              "26001IT01000123A|1|2|8413.70.10.100L|EXP-1|02,500|1");
+}
+
 TEST_P(PantallaDeItems, EscapeWithALiquidationPendingWarnsAndStays) {
     mostrar();
     tecla(Qt::Key_PageDown);
