@@ -133,7 +133,7 @@ TEST_P(PantallaDeItems, TheCancellationsOfAnItemAreListed) {
     ejecutar(
         QStringLiteral("insert into descargas "
                        "(interno,iditem,dit,item,subitem,ncm,expctit,cantidad,factorponderacion) values "
-                       "('IC-2026-0001','1',26001,'1','2','8413.70.10.100L','EXP-1',2.5,1)"));
+                       "('IC-2026-0001','1','26001IT01000123A','1','2','8413.70.10.100L','EXP-1',2.5,1)"));
     auto &ui = mostrar().ui;
     tecla(Qt::Key_PageDown);
     ASSERT_EQ(ui.lstVCancel->rowCount(), 1);
