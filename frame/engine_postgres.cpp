@@ -90,6 +90,10 @@ QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) 
 }
 
 qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas) {
+    // The driver takes no statement at all for a mistake.
+    QStringView algo = QStringView(sql).trimmed();
+    while (algo.endsWith(QLatin1Char(';'))) algo = algo.chopped(1).trimmed();
+    if (algo.isEmpty()) return 0;
     comprobarQueEsUna(sql);
     // Not forward-only: row by row the driver would tell a failure of a later row only at the end of the
     // walk.

@@ -84,6 +84,11 @@ void comprobarArchivo(const QString &archivo) {
         rechazar(QStringLiteral(
                      "No se puede leer y escribir en el archivo %1; revise sus permisos o corrija el perfil.")
                      .arg(archivo));
+    // The log of what is being written lies beside the file.
+    if (!QFileInfo(info.absolutePath()).isWritable())
+        rechazar(QStringLiteral(
+                     "No se puede escribir en la carpeta %1, donde está el archivo %2; revise sus permisos.")
+                     .arg(info.absolutePath(), info.fileName()));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QSqlQuery>
 #include <QUuid>
+#include <algorithm>
 
 #include "frame/dialect.h"
 #include "frame/engines.h"
@@ -239,17 +240,26 @@ void Recordset::Poner(QStringView nombre, const QVariant &valor) {
                            QStringLiteral("El conjunto de registros no admite cambios."),
                            {}};
     const int c = columna(nombre);
-    celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(c)] = valor;
-    pendientes_.emplace_back(nombres_[static_cast<std::size_t>(c)], valor);
+    QVariant &celda = celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(c)];
+    const bool ya = std::any_of(pendientes_.begin(), pendientes_.end(),
+                                [c](const Pendiente &p) { return p.columna == c; });
+    if (!ya) pendientes_.push_back({c, celda});
+    celda = valor;
+}
+
+void Recordset::olvidar() {
+    for (const Pendiente &p : pendientes_)
+        celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(p.columna)] = p.antes;
+    pendientes_.clear();
 }
 
 void Recordset::Update() {
     if (pendientes_.empty()) return;
     conexion_->i_->abrir();
-    const auto &conexion = *conexion_->i_;
-    const bool servidor = conexion.datos->servidor;
+    Conexion::Interno &conexion = *conexion_->i_;
     QStringList cambios;
-    for (const auto &[nombre, valor] : pendientes_) {
+    for (const Pendiente &p : pendientes_) {
+        const QVariant &valor = Fields(p.columna).Value;
         QString texto;
         if (valor.isNull())
             texto = QStringLiteral("NULL");
@@ -257,24 +267,43 @@ void Recordset::Update() {
             texto = QLatin1Char('\'') + DoblarComillas(EsNull(valor)) + QLatin1Char('\'');
         else
             texto = numeros::aTexto(valor.toDouble());
-        cambios << QLatin1Char('"') + nombre + QLatin1String("\" = ") + texto;
+        cambios << QLatin1Char('"') + nombreDeColumna(p.columna) + QLatin1String("\" = ") + texto;
     }
-    pendientes_.clear();
     QVariant &identidad = identidades_[static_cast<std::size_t>(fila_)];
     // Written for the engine as it is: the identity is the engine's own word, and no module spells it.
-    QString sql = QStringLiteral("update %1 set %2 where ").arg(tabla_, cambios.join(QLatin1String(", ")));
+    const QString sql =
+        QStringLiteral("update %1 set %2 where ").arg(tabla_, cambios.join(QLatin1String(", ")));
     qint64 tocadas = 0;
-    if (servidor) {
-        // The row's place changes with its contents; the new one is kept for a second change.
-        motores::Filas filas;
-        sql += QStringLiteral("ctid = '%1'::tid returning ctid::text").arg(identidad.toString());
-        tocadas = conexion_->i_->correr(sql, sql, &filas);
-        if (tocadas == 1) identidad = filas.celdas.front();
-    } else {
-        sql += QStringLiteral("rowid = %1").arg(identidad.toLongLong());
-        tocadas = conexion_->i_->correr(sql, sql, nullptr);
+    try {
+        if (conexion.datos->servidor) {
+            // The place finds the row at once, the number of its line tells that it still is that row. A row
+            // that another statement wrote meanwhile has a new place; its line finds it there.
+            const QString lugar = identidad.toString().section(QLatin1Char(' '), 0, 0);
+            const QString linea = identidad.toString().section(QLatin1Char(' '), 1);
+            const QString laMisma = linea.isEmpty() ? QString() : QLatin1String(" and zfila = ") + linea;
+            const QString vuelta = QStringLiteral(" returning ctid::text");
+            const auto intentar = [&](const QString &donde) {
+                motores::Filas filas;
+                const QString texto = sql + donde + vuelta;
+                tocadas = conexion.correr(texto, texto, &filas);
+                if (tocadas == 1)
+                    identidad = QString(filas.celdas.front().toString() +
+                                        (linea.isEmpty() ? QString() : QLatin1Char(' ') + linea));
+            };
+            intentar(QStringLiteral("ctid = '%1'::tid").arg(lugar) + laMisma);
+            if (tocadas == 0 && !linea.isEmpty()) intentar(QLatin1String("zfila = ") + linea);
+        } else {
+            const QString texto = sql + QStringLiteral("rowid = %1").arg(identidad.toLongLong());
+            tocadas = conexion.correr(texto, texto, nullptr);
+        }
+    } catch (const ErrorDeStore &) {
+        olvidar();
+        throw;
     }
-    if (tocadas != 1)
+    if (tocadas != 1) {
+        olvidar();
         throw ErrorDeStore{3167, QStringLiteral("Recordset"),
                            QStringLiteral("El registro de %1 ya no está en el store.").arg(tabla_), sql};
+    }
+    pendientes_.clear();
 }

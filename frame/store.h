@@ -61,9 +61,10 @@ class Recordset {
     int filas() const { return ancho_ == 0 ? 0 : static_cast<int>(celdas_.size() / ancho_); }
     int columna(QStringView nombre) const;
     void irA(int fila) {
+        if (!pendientes_.empty()) olvidar();
         fila_ = fila;
-        if (!pendientes_.empty()) pendientes_.clear();
     }
+    void olvidar();
 
     std::vector<QString> nombres_;
     std::vector<QVariant> celdas_;
@@ -72,7 +73,11 @@ class Recordset {
     Conexion *conexion_ = nullptr;  ///< set for an updatable recordset
     QString tabla_;
     std::vector<QVariant> identidades_;  ///< one row identity a row, for Update
-    std::vector<std::pair<QString, QVariant>> pendientes_;
+    struct Pendiente {
+        int columna = 0;
+        QVariant antes;  ///< what the store holds
+    };
+    std::vector<Pendiente> pendientes_;
 };
 
 /// One statement as the trace sees it.

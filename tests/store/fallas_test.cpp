@@ -1,0 +1,308 @@
+// Stores that are missing, that cannot be read, that do not answer: one sentence that says which and what to
+// do, and nothing that should stay secret.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "siblings/StoreProfiles.h"
+#include "tests/store/servidor_falso.h"
+#include "tests/support/tienda.h"
+
+namespace {
+
+using StoreProfiles::SPMain;
+
+const char *const secreta = "s3cr'eta \\ ñ;x=1";
+
+void escribir(const QString &ruta, const QByteArray &texto) {
+    QFile f(ruta);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << ruta.toStdString();
+    f.write(texto);
+}
+
+int permisos(const QString &ruta, mode_t modo) {
+    return ::chmod(ruta.toLocal8Bit().constData(), modo);
+}
+
+/// What the first statement on an entity raises; empty when it runs.
+ErrorDeStore primeraSentencia(SPMain &sp, const QString &entidad = QStringLiteral("INTERNOS")) {
+    try {
+        Conexion &c = sp.getDataConnectionByEntity(entidad);
+        c.Sql = "select 1";
+        Recordset rs;
+        c.crearrs(rs);
+    } catch (const ErrorDeStore &e) {
+        return e;
+    }
+    return {};
+}
+
+class StoreDeArchivo : public ::testing::Test {
+ protected:
+    void SetUp() override {
+        ASSERT_TRUE(StoreProfiles::escribirPerfilDeArchivos(perfil, "Local", "."));
+        QString error;
+        ASSERT_TRUE(sp.usarPerfil(perfil, &error)) << error.toStdString();
+    }
+    std::string falla(const QString &entidad = QStringLiteral("INTERNOS")) {
+        ErrorDeStore e = primeraSentencia(sp, entidad);
+        EXPECT_EQ(e.fuente, e.descripcion.isEmpty() ? QString() : entidad);
+        return e.descripcion.replace(dir.path(), "…").toStdString();
+    }
+    QTemporaryDir dir;
+    QString perfil = dir.filePath("local.perfil.ini");
+    SPMain sp;
+};
+
+TEST_F(StoreDeArchivo, AMissingFileIsNamedAndNotMade) {
+    EXPECT_EQ(falla(),
+              "No existe el archivo …/internos.db que nombra el perfil; corrija el perfil o créelo con "
+              "DbUpgrade3.");
+    EXPECT_FALSE(QFile::exists(dir.filePath("internos.db")));
+    // Once it is there the same connection goes on.
+    escribir(dir.filePath("internos.db"), "");
+    EXPECT_EQ(falla(), "");
+}
+
+TEST_F(StoreDeArchivo, AFolderInItsPlaceIsNamed) {
+    ASSERT_TRUE(QDir(dir.path()).mkdir("internos.db"));
+    EXPECT_EQ(falla(), "…/internos.db no es un archivo; corrija el perfil.");
+}
+
+TEST_F(StoreDeArchivo, AFileThatIsNoStoreIsNamedAndLeftAsItIs) {
+    const QByteArray texto = "Esto es una planilla, no un store. " + QByteArray(5000, 'x');
+    escribir(dir.filePath("internos.db"), texto);
+    EXPECT_EQ(
+        falla(),
+        "El archivo …/internos.db no es un store legible (file is not a database); repóngalo de una copia "
+        "de seguridad o corrija el perfil.");
+    QFile f(dir.filePath("internos.db"));
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), texto);
+}
+
+TEST_F(StoreDeArchivo, ADamagedStoreIsNamed) {
+    {
+        escribir(dir.filePath("internos.db"), "");
+        Conexion &c = sp.getDataConnectionByEntity("INTERNOS");
+        for (const char *sql : {"create table a (x varchar(10))", "create table b (x varchar(10))"}) {
+            c.Sql = sql;
+            c.Ejecutar();
+        }
+        sp.CloseAllDataConnection();
+    }
+    QFile f(dir.filePath("internos.db"));
+    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+    f.seek(100);
+    f.write(QByteArray(1500, '\xA5'));
+    f.close();
+    EXPECT_EQ(
+        falla(),
+        "El archivo …/internos.db no es un store legible (database disk image is malformed); repóngalo de "
+        "una copia de seguridad o corrija el perfil.");
+}
+
+TEST_F(StoreDeArchivo, ABrokenNeighbourIsNamedAndAMissingOneIsNot) {
+    escribir(dir.filePath("internos.db"), "");
+    EXPECT_EQ(falla(), "");
+    sp.CloseAllDataConnection();
+    escribir(dir.filePath("ncm.db"), QByteArray(5000, 'x'));
+    EXPECT_EQ(
+        falla(),
+        "El archivo …/ncm.db no es un store legible (file is not a database); repóngalo de una copia de "
+        "seguridad o corrija el perfil.");
+}
+
+/// Runs `falla` as a user who owns nothing here.
+void comoNadie(StoreDeArchivo &, const std::function<std::string()> &falla) {
+    if (::geteuid() == 0 && ::setuid(65534) != 0) _exit(3);
+    std::fprintf(stderr, "%s\n", falla().c_str());
+    _exit(0);
+}
+
+TEST_F(StoreDeArchivo, AFileWithoutPermissionIsNamed) {
+    escribir(dir.filePath("internos.db"), "");
+    ASSERT_EQ(permisos(dir.path(), 0777), 0);
+    ASSERT_EQ(permisos(dir.filePath("internos.db"), 0444), 0);
+    EXPECT_EXIT(
+        comoNadie(*this, [this] { return falla(); }), ::testing::ExitedWithCode(0),
+        "No se puede leer y escribir en el archivo .*/internos.db; revise sus permisos o corrija el perfil");
+}
+
+TEST_F(StoreDeArchivo, AFolderWithoutPermissionIsNamed) {
+    escribir(dir.filePath("internos.db"), "");
+    ASSERT_EQ(permisos(dir.filePath("internos.db"), 0666), 0);
+    ASSERT_EQ(permisos(dir.path(), 0555), 0);
+    EXPECT_EXIT(
+        comoNadie(*this, [this] { return falla(); }), ::testing::ExitedWithCode(0),
+        "No se puede escribir en la carpeta .*, donde está el archivo internos.db; revise sus permisos");
+    ASSERT_EQ(permisos(dir.path(), 0700), 0);
+}
+
+TEST_F(StoreDeArchivo, AFileWithAnOddNameOpensLikeAnyOther) {
+    for (const char *nombre : {"con blanco.db", "ñandú.db", "a%20b.db", "a#b?c=d.db", "a'b.db", "a&b;c.db"}) {
+        const QString archivo = QString::fromUtf8(nombre);
+        escribir(dir.filePath(archivo), "");
+        escribir(dir.filePath("otro " + archivo), "");
+        escribir(perfil, ("[INTERNOS]\ndriver=archivo\narchivo=" + archivo +
+                          "\n[NCM]\ndriver=archivo\narchivo=otro " + archivo + "\n")
+                             .toUtf8());
+        ASSERT_TRUE(sp.usarPerfil(perfil));
+        EXPECT_EQ(falla(), "") << nombre;
+        Conexion &c = sp.getDataConnectionByEntity("NCM");
+        c.Sql = "create table vecina (x varchar(10))";
+        c.Ejecutar();
+        sp.CloseAllDataConnection();
+        Conexion &i = sp.getDataConnectionByEntity("INTERNOS");
+        i.Sql = "insert into vecina (x) values ('1')";
+        EXPECT_EQ(i.Ejecutar(), 1) << nombre;
+        sp.CloseAllDataConnection();
+        EXPECT_GT(QFile(dir.filePath("otro " + archivo)).size(), 0) << nombre;
+    }
+}
+
+// Servers
+
+class StoreDeServidor : public ::testing::Test {
+ protected:
+    void usar(const QString &host, int puerto, const QByteArray &clave = {}) {
+        const QString perfil = dir.filePath("central.perfil.ini");
+        escribir(perfil, "[INTERNOS]\ndriver=servidor\nhost=" + host.toUtf8() +
+                             "\npuerto=" + QByteArray::number(puerto) + "\nbase=zendra\nusuario=ana\n" +
+                             (clave.isEmpty() ? QByteArray() : "clave=" + clave + "\n"));
+        QString error;
+        ASSERT_TRUE(sp.usarPerfil(perfil, &error)) << error.toStdString();
+        sp.LoadParameters();
+    }
+    QTemporaryDir dir;
+    SPMain sp;
+};
+
+TEST_F(StoreDeServidor, AServerThatIsNotThereIsNamedAtTheFirstUse) {
+    ServidorFalso cerrado;
+    const int puerto = cerrado.puerto();
+    ASSERT_GT(puerto, 0);
+    cerrado.cerrar();
+    usar("127.0.0.1", puerto, secreta);
+    const ErrorDeStore e = primeraSentencia(sp);
+    EXPECT_EQ(e.fuente.toStdString(), "INTERNOS");
+    EXPECT_TRUE(e.descripcion.startsWith(
+        QStringLiteral("No se puede conectar con la base \"zendra\" del servidor 127.0.0.1:%1 (")
+            .arg(puerto)))
+        << e.descripcion.toStdString();
+    EXPECT_TRUE(e.descripcion.contains("Connection refused")) << e.descripcion.toStdString();
+    EXPECT_TRUE(e.descripcion.endsWith("); verifique que el servidor esté encendido y los datos del perfil."))
+        << e.descripcion.toStdString();
+    EXPECT_FALSE(e.descripcion.contains('\n'));
+    EXPECT_FALSE(sp.getDataConnectionByEntity("INTERNOS").abierta());
+    // Asking again tries again.
+    EXPECT_EQ(primeraSentencia(sp).descripcion, e.descripcion);
+}
+
+TEST_F(StoreDeServidor, ASocketFolderThatIsNotThereIsNamed) {
+    usar("/tmp/no-hay-servidor-aqui", 5432);
+    const ErrorDeStore e = primeraSentencia(sp);
+    EXPECT_TRUE(e.descripcion.contains("del servidor /tmp/no-hay-servidor-aqui:5432 ("))
+        << e.descripcion.toStdString();
+}
+
+TEST_F(StoreDeServidor, AWrongPasswordIsToldWithoutShowingIt) {
+    std::vector<TrazaDeSentencia> traza;
+    Conexion::fijarTraza([&](const TrazaDeSentencia &t) { traza.push_back(t); });
+    ::testing::internal::CaptureStderr();
+    ::testing::internal::CaptureStdout();
+    ServidorFalso servidor;
+    usar("127.0.0.1", servidor.puerto(), secreta);
+    const ErrorDeStore e = primeraSentencia(sp);
+    servidor.cerrar();
+    Conexion::fijarTraza({});
+    const std::string dicho =
+        ::testing::internal::GetCapturedStderr() + ::testing::internal::GetCapturedStdout();
+    // It did reach the server, every character of it.
+    EXPECT_EQ(servidor.recibida().toStdString(), secreta);
+    EXPECT_TRUE(e.descripcion.contains("password authentication failed for user \"ana\""))
+        << e.descripcion.toStdString();
+    for (const QString &texto : {e.descripcion, e.sentencia, e.fuente, QString::fromStdString(dicho)})
+        EXPECT_FALSE(texto.contains("s3cr")) << texto.toStdString();
+    EXPECT_TRUE(traza.empty());
+}
+
+TEST_F(StoreDeServidor, WithoutAPasswordInTheProfileTheServersOwnFileAnswers) {
+    ServidorFalso servidor;
+    const QString archivo = dir.filePath("pgpass");
+    escribir(archivo, "127.0.0.1:" + QByteArray::number(servidor.puerto()) + ":zendra:ana:del archivo\n");
+    ASSERT_EQ(permisos(archivo, 0600), 0);
+    const QByteArray antes = qgetenv("PGPASSFILE");
+    qputenv("PGPASSFILE", archivo.toLocal8Bit());
+    usar("127.0.0.1", servidor.puerto());
+    const ErrorDeStore e = primeraSentencia(sp);
+    qputenv("PGPASSFILE", antes);
+    if (antes.isEmpty()) qunsetenv("PGPASSFILE");
+    servidor.cerrar();
+    EXPECT_EQ(servidor.recibida().toStdString(), "del archivo");
+    EXPECT_FALSE(e.descripcion.contains("del archivo")) << e.descripcion.toStdString();
+}
+
+TEST_F(StoreDeServidor, NoPasswordAnywhereIsTold) {
+    ServidorFalso servidor;
+    qputenv("PGPASSFILE", "/nonexistent");
+    usar("127.0.0.1", servidor.puerto());
+    const ErrorDeStore e = primeraSentencia(sp);
+    qunsetenv("PGPASSFILE");
+    EXPECT_TRUE(e.descripcion.contains("no password supplied")) << e.descripcion.toStdString();
+}
+
+/// On the real server of the tests.
+class ServidorVivo : public ::testing::Test {
+ protected:
+    void SetUp() override {
+        tienda = std::make_unique<Tienda>(QStringLiteral("SQL"));
+        ctx = tienda->contexto(registro);
+    }
+    void TearDown() override {
+        ctx.reset();
+        tienda.reset();
+    }
+    std::unique_ptr<Tienda> tienda;
+    Registro registro;
+    std::unique_ptr<AppContext> ctx;
+};
+
+TEST_F(ServidorVivo, ABaseThatIsNotThereIsNamed) {
+    QFile f(tienda->perfil());
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QString base = ctx->DataManager.datos("INTERNOS")->base;
+    escribir(tienda->carpeta() + "/otra.perfil.ini",
+             QByteArray(f.readAll()).replace(base.toUtf8(), "no_hay"));
+    SPMain sp;
+    ASSERT_TRUE(sp.usarPerfil(tienda->carpeta() + "/otra.perfil.ini"));
+    const ErrorDeStore e = primeraSentencia(sp);
+    EXPECT_TRUE(e.descripcion.startsWith("No se puede conectar con la base \"no_hay\""))
+        << e.descripcion.toStdString();
+    EXPECT_TRUE(e.descripcion.contains("database \"no_hay\" does not exist")) << e.descripcion.toStdString();
+}
+
+TEST_F(ServidorVivo, AConnectionThatTheServerEndsOpensAgainAtTheNextStatement) {
+    Ejecutar(*ctx, "INTERNOS", "insert into divisas (id,imp) values ('DOL',1)");
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select pg_backend_pid() as pid", rs));
+    const QString pid = rs.Texto(u"pid");
+    Consultar(*ctx, "NCM", "select pg_terminate_backend(" + pid + ")", rs);
+    try {
+        Consultar(*ctx, "INTERNOS", "select imp from divisas", rs);
+        FAIL() << "no error";
+    } catch (const ErrorDeStore &e) {
+        EXPECT_NE(e.descripcion, QString());
+        EXPECT_EQ(e.fuente.toStdString(), "INTERNOS");
+    }
+    EXPECT_FALSE(ctx->ConnInternos->abierta());
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select imp from divisas", rs));
+    EXPECT_EQ(rs.Numero(u"imp"), 1);
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select pg_backend_pid() as pid", rs));
+    EXPECT_NE(rs.Texto(u"pid"), pid);
+}
+
+}  // namespace

@@ -1,0 +1,131 @@
+#include "tests/support/redondeo.h"
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <cmath>
+#include <random>
+
+#include "frame/numbers.h"
+#include "frame/values.h"
+#include "tests/support/tienda.h"
+
+namespace {
+
+/// The rule of rounding where the stores apply it: the same table as the program's own.
+class RedondeoDelStore : public EnAmbosStores {
+ protected:
+    void TearDown() override {
+        numeros::fijarSeparadorDecimal(antes);
+        EnAmbosStores::TearDown();
+    }
+    /// Puts the value into a numeric column, all its 17 digits.
+    void poner(double v) {
+        ejecutar("delete from divisas");
+        ejecutar("insert into divisas (id,imp) values ('X'," + QString::number(v, 'g', 17) + ")");
+    }
+    double numero(const QString &sql) {
+        Recordset rs;
+        Consultar(*ctx, "INTERNOS", sql, rs);
+        return EsNumero(rs.Fields(0).Value);
+    }
+    QChar antes = numeros::separadorDecimal();
+};
+EN_AMBOS_STORES(RedondeoDelStore);
+
+TEST_P(RedondeoDelStore, RoundFollowsTheTableUnderEitherSeparator) {
+    for (const QChar separador : {QChar(u'.'), QChar(u',')}) {
+        numeros::fijarSeparadorDecimal(separador);
+        for (const CasoDeRedondeo &c : CasosDeRedondeo()) {
+            poner(c.valor);
+            const double r = numero(QStringLiteral("select round(imp,%1) from divisas").arg(c.decimales));
+            EXPECT_EQ(r, c.esperado) << QByteArray::number(c.valor, 'g', 17).constData() << " to "
+                                     << c.decimales;
+            EXPECT_FALSE(r == 0 && std::signbit(r));
+            ejecutar(QStringLiteral("update divisas set imp = ROUND(imp,%1)").arg(c.decimales));
+            EXPECT_EQ(numero("select imp from divisas"), c.esperado);
+            EXPECT_EQ(numeros::redondear(c.valor, c.decimales), c.esperado);
+        }
+    }
+}
+
+TEST_P(RedondeoDelStore, TheStoreAndTheProgramAgreeOnManyValues) {
+    std::mt19937_64 azar(20261122);
+    std::uniform_real_distribution<double> mantisa(-1, 1);
+    std::uniform_int_distribution<int> escala(-6, 13);
+    std::uniform_int_distribution<int> forma(0, 2);
+    std::vector<double> valores;
+    QString sql = "insert into divisas (id,imp) values ";
+    for (int i = 0; i < 3000; ++i) {
+        double v = mantisa(azar) * std::pow(10.0, escala(azar));
+        // Beside a half is where they could part.
+        if (forma(azar) > 0) v = (std::floor(v * 100) + 0.5) / 100;
+        if (forma(azar) == 2) v = std::nextafter(v, 0);
+        valores.push_back(v);
+        sql += (i == 0 ? "('" : ",('") + QString::number(i) + "'," + QString::number(v, 'g', 17) + ")";
+    }
+    ejecutar(sql);
+    for (const int decimales : {0, 2, 3, 5}) {
+        Recordset rs;
+        Consultar(*ctx, "INTERNOS",
+                  QStringLiteral("select id,round(imp,%1) as r from divisas").arg(decimales), rs);
+        ASSERT_EQ(rs.RecordCount(), 3000);
+        for (; !rs.Eof(); rs.MoveNext()) {
+            const double v = valores[static_cast<std::size_t>(rs.Numero(u"id"))];
+            ASSERT_EQ(rs.Numero(u"r"), numeros::redondear(v, decimales))
+                << QByteArray::number(v, 'g', 17).constData() << " to " << decimales;
+        }
+    }
+}
+
+TEST_P(RedondeoDelStore, SqlRoundRoundsAnExpressionInsideTheStatement) {
+    ejecutar("insert into divisas (id,imp) values ('X',1.005)");
+    ejecutar("insert into divisas (id,imp) values ('Y',2)");
+    const auto redondeo = [](const char *expresion, QStringView mascara) {
+        return SqlRound("INTERNOS", QLatin1String(expresion), mascara);
+    };
+    EXPECT_EQ(valor("select " + redondeo("imp", u"00.00") + " from divisas where id = 'X'").toStdString(),
+              "1.01");
+    EXPECT_EQ(
+        valor("select " + redondeo("imp / 3", u"00.00000") + " from divisas where id = 'Y'").toStdString(),
+        "0.66667");
+    EXPECT_EQ(valor("select " + redondeo("sum(imp)", u"00.00") + " as s from divisas").toStdString(), "3.01");
+    EXPECT_EQ(ejecutar("update divisas set imp = " + redondeo("imp * 1.5", u"00.000")), 2);
+    // 1.005 by 1.5 is 1.5075, half a thousandth: up.
+    EXPECT_EQ(filas("select imp from divisas").toStdString(), "1.508\n3");
+}
+
+TEST_P(RedondeoDelStore, ANullRoundsToANull) {
+    ejecutar("insert into divisas (id) values ('X')");
+    EXPECT_EQ(valor("select round(imp,2) from divisas").toStdString(), "<null>");
+}
+
+TEST_P(RedondeoDelStore, WhatFormatWritesIsWhatTheStoreHolds) {
+    for (const QChar separador : {QChar(u'.'), QChar(u',')}) {
+        numeros::fijarSeparadorDecimal(separador);
+        for (const double v : {1.005, -2.675, 0.285, 123456.785, 99.995, -0.004, 1234567.125}) {
+            // The usual road of a field: its text, the mask, the entity's separator.
+            const QString texto = AStoreNumero(numeros::Format(v, u"00.00"),
+                                               ctx->DataManager.getDecimalSeparatorbyEntity("INTERNOS"));
+            ejecutar("delete from divisas");
+            ejecutar("insert into divisas (id,imp) values ('X'," + texto + ")");
+            EXPECT_EQ(numero("select imp from divisas"), numeros::redondear(v, 2)) << texto.toStdString();
+            poner(v);
+            EXPECT_EQ(numeros::Format(numero("select round(imp,2) from divisas"), u"00.00"),
+                      numeros::Format(v, u"00.00"));
+        }
+    }
+}
+
+TEST_P(RedondeoDelStore, DivisionIsFloatingAndRefusesZero) {
+    ejecutar("insert into divisas (id,imp) values ('X',7)");
+    EXPECT_EQ(valor("select round(imp / 2,2) from divisas").toStdString(), "3.5");
+    EXPECT_EQ(valor("select 7 / 2 from divisas").toStdString(), "3.5");
+    EXPECT_EQ(valor("select imp * 5 / 100 from divisas").toStdString(), "0.35");
+    EXPECT_EQ(valor("select count(*) / 2 from divisas").toStdString(), "0.5");
+    EXPECT_THROW(valor("select imp / 0 from divisas"), ErrorDeStore);
+    EXPECT_THROW(valor("select imp / (imp - 7) from divisas"), ErrorDeStore);
+    EXPECT_EQ(valor("select imp / null from divisas").toStdString(), "<null>");
+}
+
+}  // namespace

@@ -1,0 +1,232 @@
+// Several connections on one store, light writing, and the trace.
+#include <gtest/gtest.h>
+
+#include <QSqlQuery>
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "frame/values.h"
+#include "tests/support/tienda.h"
+
+namespace {
+
+class VariasConexiones : public EnAmbosStores {
+ protected:
+    bool esServidor() const { return std::string(GetParam()) == "SQL"; }
+    Conexion &internos() { return ctx->conexion(QStringLiteral("INTERNOS")); }
+    /// A word of the engine about itself.
+    std::string motor(const QString &sql) {
+        QSqlQuery consulta(internos().coneccion());
+        return consulta.exec(sql) && consulta.next() ? consulta.value(0).toString().toStdString() : "<error>";
+    }
+    std::string sincronia() {
+        return motor(esServidor() ? QStringLiteral("show synchronous_commit")
+                                  : QStringLiteral("PRAGMA main.synchronous"));
+    }
+    std::string ligera() const { return esServidor() ? "off" : "1"; }
+    std::string firme() const { return esServidor() ? "on" : "2"; }
+};
+EN_AMBOS_STORES(VariasConexiones);
+
+TEST_P(VariasConexiones, TwoWorkstationsSeeEachOthersRowsAtOnce) {
+    Registro otro;
+    const auto segundo = tienda->contexto(otro);
+    ejecutar("insert into interno (interno,maquina) values ('A','PC1')");
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*segundo, "INTERNOS", "select maquina from interno where interno = 'A'", rs));
+    EXPECT_EQ(rs.Texto(u"maquina").toStdString(), "PC1");
+    EXPECT_EQ(Ejecutar(*segundo, "INTERNOS", "delete from interno where interno = 'A'"), 1);
+    EXPECT_EQ(valor("select count(*) from interno").toStdString(), "0");
+    // Neither end of one closes the other.
+    segundo->DataManager.CloseAllDataConnection();
+    EXPECT_EQ(ejecutar("insert into interno (interno,maquina) values ('A','PC1')"), 1);
+}
+
+TEST_P(VariasConexiones, TwoWritersAtTheSameTimeLoseNoRowAndShareNoIdentity) {
+    constexpr int lineas = 150;
+    std::atomic<int> fallas = 0;
+    const auto escribir = [&](const char *clave) {
+        try {
+            Registro propio;
+            const auto c = tienda->contexto(propio);
+            for (int n = 0; n < lineas; ++n) {
+                Ejecutar(*c, "INTERNOS",
+                         QStringLiteral("insert into subitems (interno,cantidad) values ('%1',%2)")
+                             .arg(QLatin1String(clave))
+                             .arg(n));
+                Ejecutar(*c, "INTERNOS",
+                         QStringLiteral("update subitems set cantidad = cantidad + 1 where interno = '%1'")
+                             .arg(QLatin1String(clave)));
+            }
+        } catch (const ErrorDeStore &) {
+            ++fallas;
+        }
+    };
+    std::thread a(escribir, "A");
+    std::thread b(escribir, "B");
+    a.join();
+    b.join();
+    EXPECT_EQ(fallas, 0);
+    EXPECT_EQ(filas("select interno,count(*) from subitems group by interno").toStdString(), "A|150\nB|150");
+    EXPECT_EQ(valor("select count(distinct id) from subitems").toStdString(), "300");
+    // Line n was raised once by itself and once by each of the lines behind it.
+    // n + (150 - n) = 150 for every one.
+    EXPECT_EQ(valor("select count(*) from subitems where cantidad = 150").toStdString(), "300");
+}
+
+TEST_P(VariasConexiones, AWriterWaitsForTheOtherToEnd) {
+    ejecutar("insert into divisas (id,imp) values ('DOL',1)");
+    QSqlQuery consulta(internos().coneccion());
+    ASSERT_TRUE(consulta.exec(esServidor() ? "begin" : "begin immediate"));
+    ASSERT_TRUE(consulta.exec("update divisas set imp = 2"));
+    std::atomic<bool> termino = false;
+    bool pudo = false;
+    std::thread otro([&] {
+        Registro propio;
+        const auto c = tienda->contexto(propio);
+        try {
+            pudo = Ejecutar(*c, "INTERNOS", "update divisas set imp = imp * 10") == 1;
+        } catch (const ErrorDeStore &) {
+        }
+        termino = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_FALSE(termino);
+    ASSERT_TRUE(consulta.exec("commit"));
+    consulta.finish();
+    otro.join();
+    EXPECT_TRUE(pudo);
+    EXPECT_EQ(valor("select imp from divisas").toStdString(), "20");
+}
+
+TEST_P(VariasConexiones, AReaderDoesNotWaitForAWriter) {
+    ejecutar("insert into divisas (id,imp) values ('DOL',1)");
+    QSqlQuery consulta(internos().coneccion());
+    ASSERT_TRUE(consulta.exec(esServidor() ? "begin" : "begin immediate"));
+    ASSERT_TRUE(consulta.exec("update divisas set imp = 2"));
+    Registro propio;
+    const auto c = tienda->contexto(propio);
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*c, "INTERNOS", "select imp from divisas", rs));
+    EXPECT_EQ(rs.Numero(u"imp"), 1);
+    ASSERT_TRUE(consulta.exec("rollback"));
+}
+
+// Light writing
+
+TEST_P(VariasConexiones, LightWritingLastsAsLongAsItsOwner) {
+    {
+        EscrituraLigera una(internos());
+        EXPECT_EQ(sincronia(), ligera());
+        EXPECT_EQ(ejecutar("insert into divisas (id,imp) values ('DOL',1)"), 1);
+    }
+    EXPECT_EQ(sincronia(), firme());
+    EXPECT_EQ(valor("select imp from divisas").toStdString(), "1");
+}
+
+TEST_P(VariasConexiones, LightWritingsNestAndTheLastOffCounts) {
+    EscrituraLigera fuera(internos());
+    {
+        EscrituraLigera dentro(internos());
+        EXPECT_EQ(sincronia(), ligera());
+    }
+    EXPECT_EQ(sincronia(), ligera());
+    fuera.Terminar();
+    EXPECT_EQ(sincronia(), firme());
+    fuera.Terminar();
+    EXPECT_EQ(sincronia(), firme());
+}
+
+TEST_P(VariasConexiones, LightWritingOutlivesACloseOfAllConnections) {
+    EscrituraLigera una(internos());
+    ejecutar("insert into divisas (id,imp) values ('DOL',1)");
+    ctx->DataManager.CloseAllDataConnection();
+    EXPECT_EQ(ejecutar("update divisas set imp = 2"), 1);
+    EXPECT_EQ(sincronia(), ligera());
+    una.Terminar();
+    EXPECT_EQ(sincronia(), firme());
+}
+
+TEST_P(VariasConexiones, LightWritingEndsOnTheRoadOfAnError) {
+    try {
+        const EscrituraLigera una(internos());
+        ejecutar("update noexiste set x = 1");
+        ADD_FAILURE() << "no error";
+    } catch (const ErrorDeStore &) {
+        EXPECT_EQ(sincronia(), firme());
+    }
+}
+
+TEST_P(VariasConexiones, WhatOtherEntitiesOwnIsWrittenForGoodDuringLightWriting) {
+    const EscrituraLigera una(internos());
+    if (!esServidor()) {
+        EXPECT_EQ(motor("PRAGMA systablas.synchronous"), "2");
+        EXPECT_EQ(motor("PRAGMA main.synchronous"), "1");
+        EXPECT_EQ(motor("PRAGMA main.journal_mode"), "wal");
+    }
+    ejecutar("insert into coment (interno,coment) values ('A','x')", "SYSTABLAS");
+    EXPECT_EQ(valor("select coment from coment").toStdString(), "x");
+}
+
+TEST_P(VariasConexiones, TheEndOfLightWritingLeavesTheStoresOwnNumbersAlone) {
+    if (esServidor()) {
+        const std::string antes = motor("select sum(n_tup_ins) from pg_stat_user_tables");
+        EscrituraLigera(internos()).Terminar();
+        EXPECT_EQ(motor("select sum(n_tup_ins) from pg_stat_user_tables"), antes);
+    } else {
+        QSqlQuery(internos().coneccion()).exec("PRAGMA main.user_version=77");
+        EscrituraLigera(internos()).Terminar();
+        EXPECT_EQ(motor("PRAGMA main.user_version"), "77");
+    }
+}
+
+TEST(EscrituraLigeraSinStore, AStoreThatCannotBeOpenedRaisesAndIsNotLeftLight) {
+    QTemporaryDir dir;
+    const QString perfil = dir.filePath("a.perfil.ini");
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeArchivos(perfil, "A", "."));
+    StoreProfiles::SPMain sp;
+    ASSERT_TRUE(sp.usarPerfil(perfil));
+    Conexion &c = sp.getDataConnectionByEntity("INTERNOS");
+    EXPECT_THROW(EscrituraLigera{c}, ErrorDeStore);
+    QFile f(dir.filePath("internos.db"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.close();
+    QSqlQuery consulta(c.coneccion());
+    ASSERT_TRUE(consulta.exec("PRAGMA main.synchronous") && consulta.next());
+    EXPECT_EQ(consulta.value(0).toInt(), 2);
+}
+
+// The trace
+
+TEST_P(VariasConexiones, TheTraceTellsEveryStatementItsTimeAndItsRows) {
+    std::vector<TrazaDeSentencia> vistas;
+    Conexion::fijarTraza([&](const TrazaDeSentencia &t) { vistas.push_back(t); });
+    ejecutar("insert into divisas (id,imp) values ('DOL',1)");
+    ejecutar("insert into divisas (id,imp) values ('EUR',2)");
+    Recordset rs;
+    internos().Sql = "select top 1 [imp] from divisas order by imp desc";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "divisas"));
+    rs.Poner(u"imp", 3);
+    rs.Update();
+    ejecutar("update pais set descripcion = 'x'", "SYSTABLAS");
+    Conexion::fijarTraza({});
+    ejecutar("delete from divisas");
+
+    ASSERT_EQ(vistas.size(), 5U);
+    EXPECT_EQ(vistas[0].entidad.toStdString(), "INTERNOS");
+    EXPECT_EQ(vistas[0].sentencia.toStdString(), "insert into divisas (id,imp) values ('DOL',1)");
+    EXPECT_EQ(vistas[0].filas, 1);
+    EXPECT_EQ(vistas[2].sentencia.toStdString(), "select top 1 [imp] from divisas order by imp desc");
+    EXPECT_NE(vistas[2].traducida, vistas[2].sentencia);
+    EXPECT_TRUE(vistas[2].traducida.contains("LIMIT 1"));
+    EXPECT_EQ(vistas[2].filas, 1);
+    EXPECT_TRUE(vistas[3].sentencia.startsWith("update divisas set \"imp\" = 3 where "))
+        << vistas[3].sentencia.toStdString();
+    EXPECT_EQ(vistas[3].filas, 1);
+    EXPECT_EQ(vistas[4].entidad.toStdString(), "SYSTABLAS");
+    EXPECT_EQ(vistas[4].filas, 0);
+    for (const TrazaDeSentencia &t : vistas) EXPECT_GE(t.microsegundos, 0);
+}
+
+}  // namespace
