@@ -79,6 +79,7 @@ struct Conexion::Interno {
     }
 
     bool sigueViva() const {
+        if (!db().isOpen()) return false;
         QSqlQuery consulta(db());
         return consulta.exec(QStringLiteral("select 1"));
     }
