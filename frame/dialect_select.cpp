@@ -224,11 +224,15 @@ void cambiarSelects(Tokens &t, const Ajustes &a, bool conIdentidadDeFila) {
         const std::size_t previo = t.anterior(i);
         if (previo < t.size() && (t[previo].es(Clave::Union) || t[previo].es(Clave::All))) s.deUnion = true;
         if (primero && conIdentidadDeFila && s.from != 0) {
-            QString fila = s.alias + (a.motor == Motor::PostgreSQL ? QLatin1String(".ctid::text")
-                                                                   : QLatin1String(".rowid"));
-            // A place alone may be another row's by the time of the update.
-            if (a.motor == Motor::PostgreSQL && a.tablasOrdenadas.contains(s.tabla))
-                fila += QLatin1String(" || ' ' || ") + s.alias + QLatin1String(".zfila");
+            QString fila = s.alias + QLatin1String(".rowid");
+            if (a.motor == Motor::PostgreSQL) {
+                fila = s.alias + QLatin1String(".ctid");
+                // A place alone may be another row's by the time of the update.
+                fila = a.tablasOrdenadas.contains(s.tabla)
+                           ? QLatin1String("concat(") + fila + QLatin1String(", ") + s.alias +
+                                 QLatin1String(".zfila)")
+                           : fila + QLatin1String("::text");
+            }
             t.antes(s.from, QLatin1String(", ") + fila + QLatin1String(" as z_identidad "));
         }
         primero = false;

@@ -279,17 +279,17 @@ void Recordset::Update() {
         if (conexion.datos->servidor) {
             // The place finds the row at once, the number of its line tells that it still is that row. A row
             // that another statement wrote meanwhile has a new place; its line finds it there.
-            const QString lugar = identidad.toString().section(QLatin1Char(' '), 0, 0);
-            const QString linea = identidad.toString().section(QLatin1Char(' '), 1);
+            const QString lugarYLinea = identidad.toString();
+            const qsizetype fin = lugarYLinea.indexOf(QLatin1Char(')')) + 1;
+            const QString lugar = lugarYLinea.left(fin);
+            const QString linea = lugarYLinea.mid(fin);
             const QString laMisma = linea.isEmpty() ? QString() : QLatin1String(" and zfila = ") + linea;
             const QString vuelta = QStringLiteral(" returning ctid::text");
             const auto intentar = [&](const QString &donde) {
                 motores::Filas filas;
                 const QString texto = sql + donde + vuelta;
                 tocadas = conexion.correr(texto, texto, &filas);
-                if (tocadas == 1)
-                    identidad = QString(filas.celdas.front().toString() +
-                                        (linea.isEmpty() ? QString() : QLatin1Char(' ') + linea));
+                if (tocadas == 1) identidad = filas.celdas.front().toString() + linea;
             };
             intentar(QStringLiteral("ctid = '%1'::tid").arg(lugar) + laMisma);
             if (tocadas == 0 && !linea.isEmpty()) intentar(QLatin1String("zfila = ") + linea);

@@ -89,7 +89,8 @@ TEST(RowIdentity, IsTheLastColumnOfTheSelect) {
               "select   * , item.rowid as z_identidad from item where interno = 'X' order by itflete desc, "
               "item.rowid LIMIT 2");
     EXPECT_EQ(conIdentidadEn(dialecto::Motor::PostgreSQL, texto).toStdString(),
-              "select   * , item.ctid::text as z_identidad from item where interno = 'X' order by itflete "
+              "select   * , concat(item.ctid, item.zfila) as z_identidad from item where interno = 'X' order "
+              "by itflete "
               "desc NULLS LAST, item.zfila LIMIT 2");
 }
 
