@@ -1,0 +1,187 @@
+// The detail sheet of a position, and its licence norms.
+
+#include <gtest/gtest.h>
+
+#include "regulatory/lnapi.h"
+#include "subitems/tariffsheet.h"
+#include "tests/support/tienda.h"
+#include "tests/support/traza.h"
+
+namespace {
+
+const QString ncm = QStringLiteral("NCM");
+
+std::string texto(const SeccionDeHoja &s) {
+    QStringList lineas{s.titulo};
+    for (const LineaDeHoja &l : s.lineas) lineas << l.etiqueta + u'=' + l.valor;
+    return lineas.join(u'\n').toStdString();
+}
+
+class Hoja : public EnAmbosStores {
+ protected:
+    /// A position whose every column says its own number, apart from those that are given.
+    void posicion(const QString &letra, const std::map<int, QString> &distintas) {
+        QStringList columnas;
+        QStringList valores;
+        for (int n = 1; n <= 71; ++n) {
+            columnas << QStringLiteral("[%1]").arg(n, 3, 10, QLatin1Char('0'));
+            QString valor = QStringLiteral("c%1").arg(n);
+            if (n == 1) valor = QStringLiteral("8409.91.12");
+            if (n == 2) valor = QStringLiteral("100");
+            if (n == 3) valor = letra;
+            const auto otra = distintas.find(n);
+            if (otra != distintas.end()) valor = otra->second;
+            valores << (valor == QStringLiteral("<null>") ? QStringLiteral("null") : u'\'' + valor + u'\'');
+        }
+        ejecutar(QStringLiteral("insert into ncm (") + columnas.join(u',') + QStringLiteral(") values (") +
+                     valores.join(u',') + u')',
+                 ncm);
+    }
+    std::optional<HojaDelNomenclador> hoja(const LetrasDelNcm *letras = nullptr) {
+        return DetalleNomenclador(*ctx, QStringLiteral("8409.91.12.100G"), letras);
+    }
+};
+
+TEST_P(Hoja, HasItsSectionsWithTheirLabelsInOrder) {
+    posicion(QStringLiteral("G"), {{71, QStringLiteral("2")}});
+    const auto h = hoja();
+    ASSERT_TRUE(h.has_value());
+    ASSERT_EQ(h->secciones.size(), 4U);
+    EXPECT_EQ(
+        texto(h->secciones[0]),
+        "Detalles del Nomenclador\nUnidad Estadistica:=c12\nUnidad del Derecho Especifico:=c20\nRamo:=c13");
+    EXPECT_EQ(texto(h->secciones[1]),
+              "GRAVAMENES\nDerecho de Importación Extrazona:=c15\nDerecho de Importación intrazona:=c21\n"
+              "Arancel Externo Común:=c26\nEstadistica:=c16\nDerecho Especifico:=c17\n"
+              "Derecho de Exportación:=c18\nReintegro Extrazona:=c19\nMarca de Exento de IVA:=c48");
+    EXPECT_EQ(texto(h->secciones[2]),
+              "FUENTES\nDerecho Import. Extrazona:=c30\nEstadistica:=c31\nDerecho Especifico:=c32\n"
+              "Derecho de Exportación:=c33\nReintegro Extrazona:=c34\nDerecho de Import. Intrazona:=c35\n"
+              "Reintegro de Brasil:=c36\nReintegro de Uruguay:=c37\nReintegro de Paraguay:=c38");
+    EXPECT_EQ(texto(h->secciones[3]),
+              "POSEE\nImpuestos Internos:=c40\nEstampillado:=c41\nEiquetado:=c42\nIntervención:=c43\n"
+              "Prohibición:=c44\nAntidumping:=c45\nExención Estadística:=c46\nUsados:=c47\n"
+              "Certificado de Origen Res.763/96:=c49\nValores de Refencia:=c50\n"
+              "Certificado de Insp. Preembarque:=c51\nLealtad Comercial (Seg. Eléctrica):=c52\n"
+              "Indicador de Maximo Arancel:=c53\nLista de Exclusiones:=c54\nBien de Capital:=c55\n"
+              "Bien de Informatica/Telecom:=c56\nReg. de Adecuación:=c57\nCupo Salvaguardia:=c58\n"
+              "Formulario Informativo:=c59\nInsumos Inversiones Mineras:=c60\nSeguridad Gas:=c61\n"
+              "Seguridad Aceros:=c62\nCódigo Pago Anticipado (IMPO):=c70\n"
+              "Plazo para Ingreso de Divisas:=180 días");
+    EXPECT_EQ(
+        h->encabezado.toStdString(),
+        "Posición Arancelaria: 8409.91.12.100G\r\n-----------------------------------------\r\nc10\r\nc4");
+}
+
+TEST_P(Hoja, AColumnOfThePossessionsHoldingOnlyBlanksProducesNoLine) {
+    std::map<int, QString> vacias;
+    for (int n = 40; n <= 71; ++n) vacias[n] = n % 2 == 0 ? QStringLiteral("   ") : QStringLiteral("<null>");
+    vacias[43] = QStringLiteral("INAL");
+    vacias[48] = QString();
+    posicion(QStringLiteral("G"), vacias);
+    EXPECT_EQ(texto(hoja()->secciones[3]), "POSEE\nIntervención:=INAL");
+    // Duties and sources keep their line without a value.
+    EXPECT_EQ(hoja()->secciones[1].lineas.back().etiqueta.toStdString(), "Marca de Exento de IVA:");
+    EXPECT_EQ(hoja()->secciones[1].lineas.size(), 8U);
+}
+
+TEST_P(Hoja, AnEmptyUnitOfTheSpecificDutyReadsNoPosee) {
+    posicion(QStringLiteral("G"), {{20, QStringLiteral("<null>")}});
+    EXPECT_EQ(hoja()->secciones[0].lineas[1].valor.toStdString(), "No posee");
+}
+
+TEST_P(Hoja, ACurrencyTermOf5ShowsErrorOnTheSheet) {
+    posicion(QStringLiteral("G"), {{71, QStringLiteral("5")}});
+    EXPECT_EQ(hoja()->secciones[3].lineas.back().valor.toStdString(), "ERROR");
+}
+
+TEST(PlazosDeDivisas, DecodeByTheirCode) {
+    const std::pair<const char *, const char *> casos[] = {
+        {"1", "60 días"}, {"2", "180 días"}, {"3", "360 días"}, {"4", "210 días"}, {"8", "180 / 60"},
+        {"5", "ERROR"},   {"0", "ERROR"},    {"", "ERROR"},     {"12", "ERROR"}};
+    for (const auto &[codigo, plazo] : casos)
+        EXPECT_EQ(PlazoDeDivisas(QString::fromUtf8(codigo)).toStdString(), plazo) << codigo;
+}
+
+TEST_P(Hoja, TheFirstRowFoundWhateverItsLetterFeedsTheSheet) {
+    posicion(QStringLiteral("Z"), {{10, QStringLiteral("primera")}});
+    posicion(QStringLiteral("G"), {{10, QStringLiteral("segunda")}});
+    const Traza traza;
+    const auto h = hoja();
+    EXPECT_EQ(traza.texto(),
+              "NCM|select * from sufidos where sim in ('84  .  .  .   ','8409.  .  .   ','8409.91.  .   ',"
+              "'8409.91.12.100')\n"
+              "NCM|select * from ncm where [001] = '8409.91.12' and [002] = '100'");
+    EXPECT_TRUE(h->encabezado.contains(QStringLiteral("primera")));
+}
+
+TEST_P(Hoja, OnlyThePositionsOwnSuffixRowsAreHighlighted) {
+    posicion(QStringLiteral("G"), {});
+    ejecutar(QStringLiteral(
+                 "insert into sufidos (sim,sufijo,detalle) values ('84  .  .  .   ','AA01','Con marca'),"
+                 "('8409.91.12.100','HA01','De aluminio'),('8409.91.12.900','HA02','Ajeno')"),
+             ncm);
+    const auto h = hoja();
+    ASSERT_EQ(h->sufijos.size(), 2U);
+    EXPECT_FALSE(h->sufijos[0].resaltado);
+    EXPECT_TRUE(h->sufijos[1].resaltado);
+    EXPECT_EQ(h->sufijos[1].detalle.toStdString(), "De aluminio");
+}
+
+TEST_P(Hoja, AMissingPositionEndsWithoutASheet) {
+    EXPECT_FALSE(hoja().has_value());
+    EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(Hoja, TheLetterIsShownWhereItsLibraryIsInstalled) {
+    posicion(QStringLiteral("G"), {});
+    EXPECT_TRUE(hoja()->letra.isEmpty());
+    const LetrasDelNcm letras{[](const QString &p) { return p.right(1); },
+                              [](const QString &letra) { return QStringLiteral("texto de ") + letra; }};
+    EXPECT_EQ(hoja(&letras)->letra.toStdString(), "G");
+    EXPECT_EQ(hoja(&letras)->descripcionLetra.toStdString(), "texto de G");
+}
+
+EN_AMBOS_STORES(Hoja);
+
+class Licencias : public EnAmbosStores {
+ protected:
+    void SetUp() override {
+        EnAmbosStores::SetUp();
+        ejecutar(
+            QStringLiteral("insert into lnapiposicionesafectadas (posicion,lnapi,norma,aclaraciones) values "
+                           "('3605.00.00','LNA FOSFOROS','RES.1','1  9'),"
+                           "('3605.00.00','LNA OTRA','RES.2','2'),"
+                           "('4011.10.00','LNA NEUMATICOS','RES.3',null)"),
+            ncm);
+        ejecutar(
+            QStringLiteral("insert into lnapiaclaraciones (aclaracion,descripcion) values (1,'Sólo nueva'),"
+                           "(2,'Con ficha')"),
+            ncm);
+    }
+};
+
+TEST_P(Licencias, TheTextHasNormsAndThenNotesByDescendingNote) {
+    EXPECT_EQ(DetalleLnapi(*ctx, QStringLiteral("3605.00.00.100N")).toStdString(),
+              "(1) LNA OTRA\r\nNorma: RES.2\r\n(2) LNA FOSFOROS\r\nNorma: RES.1\r\n"
+              "---------------\r\nAclaraciones:\r\n---------------\r\n"
+              "Aclaraciones para (1)\r\n* Con ficha\r\n"
+              "Aclaraciones para (2)\r\n* Sólo nueva\r\n"
+              "* No Posee Descripción la aclaración número: 9\r\n");
+}
+
+TEST_P(Licencias, APositionInARowWithoutNotesSaysSo) {
+    EXPECT_EQ(ObtenerAclaraciones(*ctx, QStringLiteral("4011.10.00.000A")).toStdString(),
+              "Aclaraciones para (1)\r\n* No posee aclaraciones la posición\r\n");
+}
+
+TEST_P(Licencias, APositionInNoRowHasNoNotesAndNoData) {
+    EXPECT_EQ(ObtenerAclaraciones(*ctx, QStringLiteral("8409.91.12.100G")).toStdString(), "-1");
+    EXPECT_EQ(DetalleLnapi(*ctx, QStringLiteral("8409.91.12.100G")).toStdString(),
+              "SIN DATOS\r\nNorma: NO POSEE\r\n");
+    EXPECT_EQ(DetalleLnapi(*ctx, QStringLiteral("84'9")).toStdString(), "SIN DATOS\r\nNorma: NO POSEE\r\n");
+}
+
+EN_AMBOS_STORES(Licencias);
+
+}  // namespace
