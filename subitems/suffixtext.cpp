@@ -41,7 +41,7 @@ bool esToken(const Trozo &trozo, Token &token) {
     token = {t.left(largoDeFamilia).toUpper(), {}, {}, trozo.cerrado};
     if (t.size() > largoDeFamilia + 1 && t[largoDeFamilia] == u'(' && t.endsWith(u')')) {
         token.valor = t.mid(largoDeFamilia + 1, t.size() - largoDeFamilia - 2);
-        return true;
+        return !token.valor.trimmed().isEmpty();
     }
     if (t.size() != largoDeCodigo || t.contains(u'(') || t.contains(u')')) return false;
     token.codigo = t.toUpper();

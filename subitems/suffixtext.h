@@ -23,7 +23,7 @@ struct Token {
 };
 
 /// The tokens of a text, in their order. A "-" between parentheses belongs to the value. What is neither of
-/// the two forms (a reserved text, a fragment) is left out.
+/// the two forms (a reserved text, a fragment, a free value of nothing) is left out.
 std::vector<Token> Partir(const QString &texto);
 
 /// The text of the tokens, closed; empty for none.

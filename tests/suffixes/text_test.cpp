@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringList>
+
 #include "header/regime.h"
 #include "subitems/suffixtext.h"
 
@@ -49,7 +51,8 @@ TEST(TextoDeSufijos, AFinishedTextIsTokensAllClosedAndNothingElse) {
     const std::pair<const char *, bool> casos[] = {
         {"AA01-", true},         {"AA01-AB(X Y)-", true}, {"SIN SUFIJOS", true},      {"", false},
         {"AA01", false},         {"AA01-AB(X)", false},   {"##ERRORNCM##", false},    {"-", false},
-        {"AA01-basura-", false}, {"AA01--", false},       {"###CANCELADO###", false}, {"AB(X-", false}};
+        {"AA01-basura-", false}, {"AA01--", false},       {"###CANCELADO###", false}, {"AB(X-", false},
+        {"AB( )-", false}};
     for (const auto &[texto, terminado] : casos)
         EXPECT_EQ(sufijos::EsTextoTerminado(QString::fromUtf8(texto)), terminado) << texto;
 }
