@@ -1,0 +1,280 @@
+// What a save writes, and what follows it.
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+
+#include "header/automotive.h"
+#include "siblings/ArticleStore.h"
+#include "siblings/ReferenceValues.h"
+#include "subitems/linelist.h"
+#include "tests/lines/lineas.h"
+
+namespace {
+
+class Grabado : public Lineas {
+ protected:
+    std::string articulo(const QString &columnas, const QString &cual = "B-1") {
+        return filas(QStringLiteral(
+                         "select %1 from catarticulos where idcatalogo = 'CAT' and idarticulo = '%2'")
+                         .arg(columnas, cual),
+                     "CATALOGOS")
+            .toStdString();
+    }
+};
+
+TEST_P(Grabado, EveryFieldReachesItsColumn) {
+    abrirCon("IC04");
+    s.eanHabilitado = true;
+    llenarBomba();
+    CamposSubItem &c = s.campos;
+    c.TxtIdCatalogo = "CAT";
+    c.txtIdArticulo = "B-2";
+    c.TxtDescArticulos = "Bomba d'agua";
+    c.txtDescripcionMaria = "BOMBA\r\nD'AGUA";
+    c.TxtIdpais = "203";
+    c.txtIdPaisProc = "212";
+    c.TxtIdEstadoMercaderia = "2";
+    c.cboBiendeUso = "S";
+    c.TxtCodProrrateo = "EMB";
+    c.TxtInsumosTemp = "1,5";
+    c.TxtInsumCons = "2.25";
+    c.TxtCancCantidad = "3";
+    c.txtNroItem = "4";
+    c.TxtNroSubitem = "5";
+    c.TxtKgNeto = "10,129";
+    c.TxtKgBruto = "11";
+    c.txtOtros = "OTROS";
+    c.TxtFiller = "FIL";
+    c.txtCertOrig = "CO";
+    c.TxtNaladisa = "8413,70'1";
+    c.TxtCodigoEAN = "7791234567890";
+    c.TxtCanelaciones = "no se escribe";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("IdCatalogo,IdArticulo,ncm,IdUnidad,Cantidad,Preciounitario,fob,Estadistica,"
+                    "valorrelacionestadistica"),
+              "CAT|B-2|8413.70.10.100L|07|24|10.5|252|07|24");
+    EXPECT_EQ(
+        linea("IdPais,EstadoMerc,Sufijos,Biendeuso,codprorrateo,insumostemp,insumosacons,cancelaciones"),
+        "203|2|AA01-AB(X 1)-|S|EMB|1.5|2.25|");
+    // Net kilos go through "00.00": 10.129 is 10.13.
+    EXPECT_EQ(linea("cancCantidad,cancnroitem,cancnrosubitem,deresp,valorderesp,lapi,kgneto,kgbruto"),
+              "3|4|5||0|S|10.13|11");
+    EXPECT_EQ(
+        linea("descripcion,Descripcion_Maria,interno,otros,itfiller,certorig,ONCCACategoria,ONCCACortes,"
+              "IdPaisProc,naladisa,codigoean"),
+        "Bomba d agua|BOMBA D AGUA|OP 1|OTROS|FIL|CO|||212|8413.70 1|7791234567890");
+    EXPECT_EQ(grabacion.id, valor("select id from subitems where interno = 'OP 1'").toLongLong());
+}
+
+TEST_P(Grabado, TheEanCodeIsEmptyWhileItsFieldIsOff) {
+    llenarBomba();
+    s.campos.TxtCodigoEAN = "779";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(linea("codigoean"), "");
+}
+
+TEST_P(Grabado, FieldsAreEmptiedButTheCatalogue) {
+    s.campos = CamposSubItem();
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "B-1";
+    s.campos.TxtCatalogo = "Cliente";
+    s.campos.cboBiendeUso = "S";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    for (const DefinicionDeCampo &d : CamposDeSubItem()) {
+        const std::string control = d.control;
+        const std::string texto = (s.campos.*d.campo).toStdString();
+        if (control == "TxtIdCatalogo")
+            EXPECT_EQ(texto, "CAT");
+        else if (control == "cboBiendeUso")
+            EXPECT_EQ(texto, "S") << "a list is no text field";
+        else
+            EXPECT_EQ(texto, "") << control;
+    }
+    EXPECT_FALSE(s.campos.LbLapi);
+    EXPECT_EQ(s.modo, 1);
+    EXPECT_EQ(grabacion.foco.toStdString(), "txtIdArticulo");
+}
+
+TEST_P(Grabado, TheArticleStaysWithItsOption) {
+    ctx->opciones.SbtMantCodart = true;
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "B-1";
+    s.campos.TxtCatalogo = "Cliente";
+    s.campos.TxtDescCatalogo = "Bombas";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(s.campos.txtIdArticulo.toStdString(), "B-1");
+    EXPECT_EQ(s.campos.TxtCatalogo.toStdString(), "Cliente");
+    EXPECT_EQ(s.campos.TxtDescCatalogo.toStdString(), "Bombas");
+    EXPECT_EQ(s.campos.TxtPosicion.toStdString(), "");
+}
+
+TEST_P(Grabado, EverythingStaysWithItsOption) {
+    ctx->opciones.SbtMantDatos = true;
+    llenarBomba();
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(s.campos.TxtPosicion, posBomba);
+    ASSERT_TRUE(grabar()) << "the next line begins with the same values";
+    EXPECT_EQ(cuantas(), 2);
+}
+
+// Header FOB 1000; lines of 252 and 100: what is missing is 648.
+TEST_P(Grabado, TotalsFollowEveryLine) {
+    EXPECT_EQ(s.LbTotal.toStdString(), "1000.00");
+    EXPECT_EQ(s.LbTotSubitems.toStdString(), "00.00");
+    EXPECT_EQ(s.lbDIF.toStdString(), "1000.00");
+    llenarBomba();
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(s.lbDIF.toStdString(), "748.00");
+    llenarPlastico();
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(s.LbTotSubitems.toStdString(), "352.00");
+    EXPECT_EQ(s.lbDIF.toStdString(), "648.00");
+}
+
+TEST_P(Grabado, AHeaderWithoutFobShowsNoForcedDigits) {
+    ejecutar("update caratula set fobdivisas = 0.5 where interno = 'OP 1'");
+    abrirCon("IC04");
+    EXPECT_EQ(s.LbTotal.toStdString(), ".50");
+    EXPECT_EQ(s.lbDIF.toStdString(), "00.50");
+}
+
+// Catalogue
+
+TEST_P(Grabado, TheCatalogueDoesNotFollowWithoutAnOption) {
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "NUEVO";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("idarticulo", "NUEVO"), "");
+}
+
+TEST_P(Grabado, ANewArticleIsAddedAndAnExistingOneStays) {
+    ctx->opciones.MODIFCAT = 2;
+    ctx->PcName = "PC 7";
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "NUEVO";
+    s.campos.TxtDescArticulos = "Bomba nueva";
+    s.campos.TxtFiller = "F2";
+    s.campos.TxtIdpais = "203";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("descripcion,ncm,idunidad,idpais,itfiller,sufijos,biendeuso,usuario", "NUEVO"),
+              "Bomba nueva|8413.70.10.100L|07|203|F2|AA01-AB(X 1)-|N|PC 7");
+    EXPECT_EQ(articulo("preciounitario,kgneto", "NUEVO"), "<null>|<null>");
+    EXPECT_NE(articulo("fecha", "NUEVO"), "<null>");
+
+    llenarBomba();
+    s.campos.txtIdArticulo = "B-1";
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.TxtDescArticulos = "Otra cosa";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("descripcion,usuario"), "Bomba chica|OTRA PC");
+    EXPECT_TRUE(registro.mensajes.empty()) << "nothing is said of an article that stays";
+}
+
+TEST_P(Grabado, AnArticleIsReplacedWithTheOtherOptionAndKeepsItsPrice) {
+    ctx->opciones.MODARTSUB = "S";
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "B-1";
+    s.campos.TxtDescArticulos = "Otra cosa";
+    s.campos.TxtUnitario = "99";
+    s.campos.TxtFobTotal = "2376";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("descripcion,preciounitario,kgneto,cantidad"), "Otra cosa|10.5|9.8|1");
+}
+
+TEST_P(Grabado, PriceAndUnitWeightGoAlongOnlyWithTheirOption) {
+    ctx->opciones.MODARTSUB = "S";
+    ctx->opciones.VALORCAT = 2;
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "B-1";
+    s.campos.TxtUnitario = "99.5";
+    s.campos.txtKgUnitario = "7,25";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("preciounitario,kgneto"), "99.5|7.25");
+}
+
+TEST_P(Grabado, ALineOfInputsAndABlockThatIsOffLeaveTheCatalogueAlone) {
+    ctx->opciones.MODARTSUB = "S";
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "INS-1";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("idarticulo", "INS-1"), "");
+    s.ofrece[static_cast<std::size_t>(BloqueDeLinea::Catalogos)] = false;
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "OTRO";
+    ASSERT_TRUE(grabar());
+    EXPECT_EQ(articulo("idarticulo", "OTRO"), "");
+}
+
+TEST_P(Grabado, TheArticleStoreToleratesApostrophes) {
+    ArticleStore::Articulo a;
+    a.idcatalogo = "CAT";
+    a.idarticulo = "O'HIGGINS";
+    a.descripcion = "Llave d'agua";
+    EXPECT_TRUE(ArticleStore::Agregar(*ctx, a, true));
+    EXPECT_FALSE(ArticleStore::Agregar(*ctx, a, true));
+    const auto leido = ArticleStore::Leer(*ctx, "CAT", "O'HIGGINS");
+    ASSERT_TRUE(leido);
+    EXPECT_EQ(leido->descripcion.toStdString(), "Llave d'agua");
+    EXPECT_FALSE(leido->preciounitario);
+}
+
+// Reference values
+
+TEST_P(Grabado, ReferenceValuesRunOnlyUnderTheirRegime) {
+    std::vector<oReferenceValues::Consulta> consultas;
+    oReferenceValues::GetValoresCriterio = [&](const auto &c) { consultas.push_back(c); };
+    llenarBomba();
+    ASSERT_TRUE(grabar());
+    EXPECT_TRUE(consultas.empty());
+    abrirCon("IC01");
+    llenarBomba();
+    s.campos.TxtIdpais = "203";
+    ASSERT_TRUE(grabar());
+    ASSERT_EQ(consultas.size(), 1U);
+    EXPECT_EQ(consultas[0].posicion, posBomba);
+    EXPECT_EQ(consultas[0].unidad.toStdString(), "07");
+    EXPECT_EQ(consultas[0].origen.toStdString(), "203");
+    EXPECT_EQ(consultas[0].id, grabacion.id);
+    const qint64 id = grabacion.id;
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, id));
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    ASSERT_EQ(consultas.size(), 2U);
+    EXPECT_EQ(consultas[1].id, id);
+}
+
+// From key to ready on an operation of 5,000 lines.
+TEST_P(Grabado, ALineOnFiveThousandOthersTakesLessThanATenthOfASecond) {
+    ejecutar(
+        "insert into subitems (interno,ncm,idunidad,cantidad,preciounitario,fob,kgneto) "
+        "with recursive n(i) as (select 1 union all select i + 1 from n where i < 5000) "
+        "select 'OP 1','8413.70.10.100L','07',1,0.01,0.01,0 from n");
+    ASSERT_EQ(cuantas(), 5000);
+    llenarBomba();
+    grabar();  // the first one warms the store's pages
+    qint64 mejor = 1000;
+    for (int vuelta = 0; vuelta < 5; ++vuelta) {
+        llenarBomba();
+        const int lineas = cuantas() + 1;
+        QElapsedTimer reloj;
+        reloj.start();
+        ASSERT_TRUE(grabar()) << ultimoMensaje();
+        const auto fila = FilaDeSubItem(*ctx, interno, grabacion.id, lineas);
+        mejor = std::min(mejor, reloj.elapsed());
+        ASSERT_TRUE(fila);
+        EXPECT_EQ(fila->numero.toInt(), lineas);
+    }
+    EXPECT_LT(mejor, 100);
+}
+
+EN_AMBOS_STORES(Grabado);
+
+}  // namespace
