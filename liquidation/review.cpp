@@ -184,8 +184,6 @@ void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &est
                    L("'   and iditem = ") + d.iditem + L("  and idconceptos = '") + d.concepto + L("'"));
         if (estado) estado(L("Liquidando ITEM ") + d.iditem + L(" ..."));
     }
-    if (estado) estado(QStringLiteral("LISTO"));
-    k.ctx.LiquidacionPendiente = false;
     k.r.escrito = true;
 }
 
@@ -216,7 +214,7 @@ void RepartirAjustesDeCaratula(AppContext &ctx, const QString &interno, const Cl
 ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo,
                                        const std::function<void(const QString &)> &estado) {
     const Reloj reloj(ctx.dialogos);
-    const EscrituraLigera ligera(ctx.conexion(internos));
+    EscrituraLigera ligera(ctx.conexion(internos));
     Corrida k{ctx, interno, calculo, {}, {}, {}};
     if (!CargarCaratulaEnCalculadora(ctx, interno, calculo)) return k.r;
     RepartirAjustesDeCaratula(ctx, interno, calculo);
@@ -228,6 +226,12 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
     CerrarVehiculoPartes(ctx, interno, k.vehiculoPartes);
     escribirTotales(k);
     if (ctx.LiquidacionPendiente) escribirDetalle(k, estado);
+    // The mark goes only when the rows are safe.
+    ligera.Terminar();
+    if (k.r.escrito) {
+        ctx.LiquidacionPendiente = false;
+        if (estado) estado(QStringLiteral("LISTO"));
+    }
     return std::move(k.r);
 }
 

@@ -234,6 +234,26 @@ TEST_P(Recalculo, WithThePendingFlagEveryRowIsWrittenAndTheFlagGoes) {
         "Liquidando ITEM 1 ...;Liquidando ITEM 1 ...;Liquidando ITEM 2 ...;Liquidando ITEM 2 ...;LISTO");
 }
 
+TEST_P(Recalculo, TheScreenIsLetInOnceBeforeTheWritingAndThePointerComesBack) {
+    item(1);
+    item(2);
+    for (const int id : {1, 2}) filas(id, {"010", "011"});
+    int veces = 0;
+    std::string escritoAntes;
+    QList<bool> puntero;
+    ctx->dialogos.atenderEventos = [&] {
+        ++veces;
+        escritoAntes = liq(1);
+    };
+    ctx->dialogos.reloj = [&](bool activo) { puntero << activo; };
+    recalcular(false);
+    EXPECT_EQ(veces, 0);
+    recalcular(true);
+    EXPECT_EQ(veces, 1);
+    EXPECT_EQ(escritoAntes, "010|<null>|<null>|<null>|P\n011|<null>|<null>|<null>|P");
+    EXPECT_EQ(puntero, (QList<bool>{true, false, true, false}));
+}
+
 TEST_P(Recalculo, AWrittenLiquidationRunsAgainToTheSameFigures) {
     caratula({{"idsubreg", "'IT14'"}});
     insertar(QStringLiteral("sysflag"),
