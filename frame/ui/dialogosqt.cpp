@@ -15,6 +15,7 @@
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmABMClientes.h"
+#include "header/FrmListado.h"
 #include "operations/Frm_ComprobacionErrores.h"
 
 namespace {
@@ -120,6 +121,11 @@ std::optional<QString> pedirTexto(const Entrada &e) {
 
 int elegir(const Eleccion &e) {
     const SinReloj sinReloj;
+    if (e.tipo == Eleccion::Tipo::Codigos) {
+        const int fila = Pantalla<FrmListado>().Elegir(e);
+        CerrarPantalla<FrmListado>();
+        return fila;
+    }
     QDialog caja(duenio());
     caja.setWindowTitle(tituloDe(e.titulo));
     auto *columna = new QVBoxLayout(&caja);

@@ -1,0 +1,227 @@
+#include "header/FrmListado.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "frame/context.h"
+#include "frame/ui/ClCntrl.h"
+#include "frame/ui/eventos.h"
+#include "frame/ui/ventana.h"
+
+FrmListado::FrmListado() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+    Form_Load();
+    Conectar();
+}
+
+void FrmListado::Form_Load() {
+    // A model and rows of one height: a long list is measured by its first row only.
+    ui.LstCod->setUniformItemSizes(true);
+    ui.LstCod->setModel(&modelo_);
+}
+
+void FrmListado::Conectar() {
+    QWidget *v = ventana.get();
+    ClCntrl::Vincular(ui.TxtBs);
+    // The search box keeps the keyboard: the list's own keys are told to it.
+    EscucharTeclas(ui.TxtBs, [this](QKeyEvent *tecla) { return TxtBs_KeyDown(tecla); });
+    QObject::connect(ui.TxtBs, &QLineEdit::textChanged, v,
+                     [this](const QString &texto) { TxtBs_Change(texto); });
+    QObject::connect(ui.LstCod, &QListView::clicked, v, [this](const QModelIndex &fila) {
+        estado_.actual = fila.row();
+        Confirmar();
+    });
+}
+
+void FrmListado::Cargar(const Eleccion &eleccion) {
+    estado_ = EstadoDeLista(eleccion.filas, eleccion.inicial);
+    modelo_.setStringList(eleccion.filas);
+    ventana->setWindowTitle(eleccion.titulo);
+    const QSignalBlocker callado(ui.TxtBs);
+    ui.TxtBs->clear();
+    Mostrar();
+}
+
+int FrmListado::Elegir(const Eleccion &eleccion) {
+    Cargar(eleccion);
+    ui.TxtBs->setFocus();
+    return ventana->exec() == QDialog::Accepted ? estado_.actual : -1;
+}
+
+void FrmListado::TxtBs_Change(const QString &texto) {
+    estado_.Escribir(texto);
+    Mostrar();
+}
+
+bool FrmListado::TxtBs_KeyDown(const QKeyEvent *tecla) {
+    if (EsEnter(tecla)) {
+        Confirmar();
+        return true;
+    }
+    if ((tecla->modifiers() & ~Qt::KeypadModifier) != 0) return false;
+    const int alto = std::max(1, ui.LstCod->sizeHintForRow(0));
+    const int pagina = std::max(1, ui.LstCod->viewport()->height() / alto - 1);
+    bool movido = false;
+    switch (tecla->key()) {
+        case Qt::Key_Up:
+            movido = estado_.Mover(-1);
+            break;
+        case Qt::Key_Down:
+            movido = estado_.Mover(1);
+            break;
+        case Qt::Key_PageUp:
+            movido = estado_.Mover(-pagina);
+            break;
+        case Qt::Key_PageDown:
+            movido = estado_.Mover(pagina);
+            break;
+        case Qt::Key_Home:
+            movido = estado_.IrAlPrincipio();
+            break;
+        case Qt::Key_End:
+            movido = estado_.IrAlFinal();
+            break;
+        default:
+            return false;
+    }
+    if (movido) {
+        const QSignalBlocker callado(ui.TxtBs);
+        ui.TxtBs->setText(estado_.texto);
+        ui.TxtBs->end(false);
+    }
+    Mostrar();
+    return true;
+}
+
+void FrmListado::Mostrar() {
+    const QModelIndex fila = modelo_.index(estado_.actual, 0);
+    ui.LstCod->setCurrentIndex(fila);
+    if (fila.isValid())
+        ui.LstCod->scrollTo(fila);
+    else
+        ui.LstCod->clearSelection();
+}
+
+void FrmListado::Confirmar() {
+    if (estado_.actual >= 0) ventana->accept();
+}
+
+namespace {
+
+CampoDeCodigo leer(const QLineEdit *campo, const QString &clave) {
+    // A currency answers its rate as well.
+    return {
+        campo->text().trimmed(), {}, clave == QLatin1String("DIVISAS") ? QStringLiteral("Div") : QString()};
+}
+
+QString claveDe(const QLineEdit *campo) {
+    return ClaveDeEtiqueta(campo->property("tag").toString());
+}
+
+/// A coded field's handlers; they live as long as the field does.
+struct CampoVinculado {
+    QLineEdit *campo;
+    QLabel *descripcion;
+    ReglaDeCodigo regla;
+    QString resuelto;  ///< the text that was looked up last
+    QString elegido;   ///< the code that the list left
+
+    /// The service of codes brings no description: the one that the list left stands for its own code.
+    void conservarDescripcion(CampoDeCodigo &leido, bool existe) const {
+        if (existe && regla.servicio == ServicioDeCodigo::Id && descripcion != nullptr &&
+            leido.codigo.compare(elegido, Qt::CaseInsensitive) == 0)
+            leido.descripcion = descripcion->text();
+    }
+
+    void Escribir(const CampoDeCodigo &leido) {
+        if (campo->text() != leido.codigo) campo->setText(leido.codigo);
+        resuelto = leido.codigo;
+        if (descripcion != nullptr) descripcion->setText(leido.descripcion);
+        if (regla.alResolver) Manejar(Contexto(), [&] { regla.alResolver(leido); });
+    }
+
+    void Elegir() {
+        AppContext &ctx = Contexto();
+        const QString clave = claveDe(campo);
+        CampoDeCodigo fila = leer(campo, clave);
+        if (ElegirCodigo(ctx, clave, fila)) {
+            elegido = fila.codigo;
+            Escribir(fila);
+        }
+        campo->selectAll();
+    }
+
+    void Confirmar() {
+        if (CampoRellenaCeros(campo->objectName())) campo->setText(RellenarCodigo(campo->text()));
+        const QString clave = claveDe(campo);
+        CampoDeCodigo escrito = leer(campo, clave);
+        const bool existe = ConfirmarCodigo(Contexto(), clave, escrito, regla.servicio);
+        conservarDescripcion(escrito, existe);
+        Escribir(escrito);
+    }
+
+    void AlSalir() {
+        if (campo->text() == resuelto) return;
+        if (CampoRellenaCeros(campo->objectName())) campo->setText(RellenarCodigo(campo->text()));
+        const QString clave = claveDe(campo);
+        CampoDeCodigo escrito = leer(campo, clave);
+        AppContext &ctx = Contexto();
+        if (regla.servicio == ServicioDeCodigo::Descripcion) {
+            escrito.descripcion = BuscarDescripcion(ctx, clave, escrito.codigo, escrito.aux, 1);
+        } else if (const QString guardado = BuscarId(ctx, clave, escrito.codigo, escrito.aux, 1);
+                   !guardado.isEmpty()) {
+            escrito.codigo = guardado;
+            conservarDescripcion(escrito, true);
+        }
+        Escribir(escrito);
+    }
+
+    bool KeyDown(const QKeyEvent *tecla) {
+        if (campo->isReadOnly() || claveDe(campo).isEmpty()) return false;
+        if (tecla->key() == Qt::Key_F6) {
+            Elegir();
+            return true;
+        }
+        if (EsEnter(tecla)) Confirmar();
+        return false;
+    }
+};
+
+void enMayusculas(QLineEdit *campo, const QString &texto) {
+    const QString mayusculas = texto.toUpper();
+    if (mayusculas == texto) return;
+    const int cursor = campo->cursorPosition();
+    campo->setText(mayusculas);
+    campo->setCursorPosition(cursor);
+}
+
+}  // namespace
+
+void VincularCodigo(QLineEdit *campo, QLabel *descripcion, ReglaDeCodigo regla) {
+    ClCntrl::Vincular(campo);
+    const auto vinculado =
+        std::make_shared<CampoVinculado>(CampoVinculado{campo, descripcion, std::move(regla), {}, {}});
+    Escuchar(campo, [vinculado](QEvent *evento) {
+        if (evento->type() == QEvent::KeyPress)
+            return vinculado->KeyDown(static_cast<const QKeyEvent *>(evento));
+        if (evento->type() == QEvent::FocusIn) vinculado->resuelto = vinculado->campo->text();
+        // A window that covers the screen takes the keyboard too, and gives it back.
+        if (evento->type() == QEvent::FocusOut) {
+            const auto motivo = static_cast<const QFocusEvent *>(evento)->reason();
+            if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason) vinculado->AlSalir();
+        }
+        return false;
+    });
+    QObject::connect(campo, &QLineEdit::textEdited, campo,
+                     [campo](const QString &texto) { enMayusculas(campo, texto); });
+}
+
+void MostrarDescripcion(const QLineEdit *campo, QLabel *descripcion, QString *aux) {
+    const QString clave = claveDe(campo);
+    CampoDeCodigo escrito = leer(campo, clave);
+    const QString texto = BuscarDescripcion(Contexto(), clave, escrito.codigo, escrito.aux, 1);
+    if (descripcion != nullptr) descripcion->setText(texto);
+    if (aux != nullptr) *aux = texto.isEmpty() ? QString() : escrito.aux;
+}
