@@ -125,8 +125,8 @@ struct CampoVinculado {
     QLineEdit *campo;
     QLabel *descripcion;
     ReglaDeCodigo regla;
-    QString resuelto;  ///< the text that was looked up last
-    QString elegido;   ///< the code that the list left
+    bool tocado = false;  ///< the user changed it after the last look-up
+    QString elegido;      ///< the code that the list left
 
     /// The service of codes brings no description: the one that the list left stands for its own code.
     void conservarDescripcion(CampoDeCodigo &leido, bool existe) const {
@@ -137,7 +137,7 @@ struct CampoVinculado {
 
     void Escribir(const CampoDeCodigo &leido) {
         if (campo->text() != leido.codigo) campo->setText(leido.codigo);
-        resuelto = leido.codigo;
+        tocado = false;
         if (descripcion != nullptr) descripcion->setText(leido.descripcion);
         if (regla.alResolver) Manejar(Contexto(), [&] { regla.alResolver(leido); });
     }
@@ -163,7 +163,7 @@ struct CampoVinculado {
     }
 
     void AlSalir() {
-        if (campo->text() == resuelto) return;
+        if (!tocado) return;
         if (CampoRellenaCeros(campo->objectName())) campo->setText(RellenarCodigo(campo->text()));
         const QString clave = claveDe(campo);
         CampoDeCodigo escrito = leer(campo, clave);
@@ -202,20 +202,20 @@ void enMayusculas(QLineEdit *campo, const QString &texto) {
 void VincularCodigo(QLineEdit *campo, QLabel *descripcion, ReglaDeCodigo regla) {
     ClCntrl::Vincular(campo);
     const auto vinculado =
-        std::make_shared<CampoVinculado>(CampoVinculado{campo, descripcion, std::move(regla), {}, {}});
+        std::make_shared<CampoVinculado>(CampoVinculado{campo, descripcion, std::move(regla), false, {}});
     Escuchar(campo, [vinculado](QEvent *evento) {
         if (evento->type() == QEvent::KeyPress)
             return vinculado->KeyDown(static_cast<const QKeyEvent *>(evento));
-        if (evento->type() == QEvent::FocusIn) vinculado->resuelto = vinculado->campo->text();
+        if (evento->type() != QEvent::FocusOut) return false;
         // A window that covers the screen takes the keyboard too, and gives it back.
-        if (evento->type() == QEvent::FocusOut) {
-            const auto motivo = static_cast<const QFocusEvent *>(evento)->reason();
-            if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason) vinculado->AlSalir();
-        }
+        const auto motivo = static_cast<const QFocusEvent *>(evento)->reason();
+        if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason) vinculado->AlSalir();
         return false;
     });
-    QObject::connect(campo, &QLineEdit::textEdited, campo,
-                     [campo](const QString &texto) { enMayusculas(campo, texto); });
+    QObject::connect(campo, &QLineEdit::textEdited, campo, [vinculado](const QString &texto) {
+        vinculado->tocado = true;
+        enMayusculas(vinculado->campo, texto);
+    });
 }
 
 void MostrarDescripcion(const QLineEdit *campo, QLabel *descripcion, QString *aux) {
