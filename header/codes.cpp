@@ -84,7 +84,7 @@ QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const Q
             return {};
         }
         // The ports' statement brings no id: asking for it fails, and a failed look-up answers nothing.
-        const QString encontrado = rs.Texto(QString(L(s.columna)));
+        QString encontrado = rs.Texto(QString(L(s.columna)));
         completarAux(ctx, clave, codigo, aux);
         return encontrado;
     } catch (const ErrorDeStore &) {

@@ -143,6 +143,7 @@ void revisarVentajas(AppContext &ctx, const std::vector<Ventaja> &ventajas, std:
 std::vector<std::pair<QString, QString>> valores(AppContext &ctx, const Ficha &ficha) {
     const QString separador = ctx.DataManager.getDecimalSeparatorbyEntity(personal);
     std::vector<std::pair<QString, QString>> todos;
+    todos.reserve(textos.size() + numericos.size() + banderas.size());
     for (const Texto &t : textos) todos.emplace_back(L(t.columna), entreComillas((ficha.*t.campo).trimmed()));
     for (const Numero &n : numericos)
         todos.emplace_back(L(n.columna), AStoreNumero((ficha.*n.campo).trimmed(), separador));

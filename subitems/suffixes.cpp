@@ -92,15 +92,13 @@ const sufijos::Token *tokenDe(const Corrida &c, const Familia &familia) {
 std::optional<QString> pedirOpcion(const Corrida &c, const Familia &familia) {
     QStringList filas{familia.codigo + L("00 - ") + QStringLiteral("Ninguna opción")};
     for (const FilaDeSufijo &f : familia.filas) filas << f.sufijo.trimmed() + L(" - ") + f.detalle.trimmed();
-    int inicial = 0;
-    if (const sufijos::Token *token = tokenDe(c, familia)) {
-        for (int i = 0; i < filas.size(); ++i) {
-            if (TokenDeOpcion(filas[i]).compare(token->codigo, Qt::CaseInsensitive) != 0) continue;
-            return token->codigo;
-        }
-    }
+    const sufijos::Token *token = tokenDe(c, familia);
+    const auto esElToken = [token](const QString &fila) {
+        return TokenDeOpcion(fila).compare(token->codigo, Qt::CaseInsensitive) == 0;
+    };
+    if (token != nullptr && std::any_of(filas.begin(), filas.end(), esElToken)) return token->codigo;
     const int cual =
-        c.ctx.dialogos.elegir({L("SUFIJO ") + familia.codigo, filas, inicial, Eleccion::Tipo::Sufijos});
+        c.ctx.dialogos.elegir({L("SUFIJO ") + familia.codigo, filas, 0, Eleccion::Tipo::Sufijos});
     if (cual == -1) {
         c.ctx.dialogos.advertir(QStringLiteral("Carga de SUFIJOS cancelada"));
         return {};
