@@ -229,6 +229,9 @@ void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
             uno.Update();
         }
     }
-    r.ejecutar("update item set itcomext = "_L1 + SqlNumber(total(r, sumar, u"totalcomext")) +
+    // Each store adds in an order of its own, and a sum of cents carries a trace of that, which is no amount.
+    constexpr int decimalesSeguros = 8;
+    r.ejecutar("update item set itcomext = "_L1 +
+               SqlNumber(numeros::redondear(total(r, sumar, u"totalcomext"), decimalesSeguros)) +
                " where id=0 and interno = "_L1 + clave);
 }
