@@ -102,3 +102,26 @@ bool ArticleStore::ExisteCatalogo(AppContext &ctx, const QString &idcatalogo) {
         ctx, catalogos,
         L("select top 1 idcatalogo from catarticulos where idcatalogo = ") + entreComillas(idcatalogo), rs);
 }
+
+QStringList ArticleStore::Catalogos(AppContext &ctx) {
+    Recordset rs;
+    QStringList nombres;
+    Consultar(ctx, catalogos,
+              QStringLiteral("select distinct idcatalogo from catarticulos order by idcatalogo"), rs);
+    for (; !rs.Eof(); rs.MoveNext()) nombres << rs.Texto(u"idcatalogo");
+    return nombres;
+}
+
+std::vector<ArticleStore::FilaDeArticulo> ArticleStore::Articulos(AppContext &ctx,
+                                                                  const QString &idcatalogo) {
+    Recordset rs;
+    std::vector<FilaDeArticulo> articulos;
+    Consultar(ctx, catalogos,
+              L("select idarticulo,descripcion,ncm from catarticulos where idcatalogo = ") +
+                  entreComillas(idcatalogo) + L(" order by idarticulo"),
+              rs);
+    articulos.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (; !rs.Eof(); rs.MoveNext())
+        articulos.push_back({rs.Texto(u"idarticulo"), rs.Texto(u"descripcion"), rs.Texto(u"ncm")});
+    return articulos;
+}

@@ -2,7 +2,9 @@
 // The article store: catalogues of a client's articles, one record an article.
 
 #include <QString>
+#include <QStringList>
 #include <optional>
+#include <vector>
 
 struct AppContext;
 
@@ -39,5 +41,17 @@ std::optional<Articulo> Leer(AppContext &ctx, const QString &idcatalogo, const Q
 
 /// Whether the catalogue holds an article: a catalogue exists by its articles. Raises ErrorDeStore.
 bool ExisteCatalogo(AppContext &ctx, const QString &idcatalogo);
+
+/// The catalogues there are, by name. Raises ErrorDeStore.
+QStringList Catalogos(AppContext &ctx);
+
+/// An article as the lists show it.
+struct FilaDeArticulo {
+    QString idarticulo;
+    QString descripcion;
+    QString ncm;
+};
+/// The articles of a catalogue by their code. Raises ErrorDeStore.
+std::vector<FilaDeArticulo> Articulos(AppContext &ctx, const QString &idcatalogo);
 
 }  // namespace ArticleStore

@@ -113,6 +113,30 @@ void ponerDescripciones(AppContext &ctx, CamposSubItem &c) {
     c.LbDescEstado = getEstadoMercaderiaDescripcion(ctx, c.TxtIdEstadoMercaderia);
 }
 
+/// The row of `filas` that the user picks, with the search as one types; -1 when the list is left.
+int elegirDe(AppContext &ctx, const QString &titulo, const QStringList &filas) {
+    return ctx.dialogos.elegir({titulo, filas, -1, Eleccion::Tipo::Codigos});
+}
+
+bool elegirCatalogo(AppContext &ctx, SubItems &s) {
+    const QStringList catalogos = ArticleStore::Catalogos(ctx);
+    const int cual = elegirDe(ctx, QStringLiteral("Catálogos"), catalogos);
+    if (cual < 0) return false;
+    s.campos.TxtIdCatalogo = catalogos.at(cual);
+    return true;
+}
+
+bool elegirArticulo(AppContext &ctx, SubItems &s) {
+    const auto articulos = ArticleStore::Articulos(ctx, s.campos.TxtIdCatalogo);
+    QStringList filas;
+    filas.reserve(static_cast<qsizetype>(articulos.size()));
+    for (const auto &a : articulos) filas << a.idarticulo + L(" - ") + a.descripcion;
+    const int cual = elegirDe(ctx, QStringLiteral("Artículos de ") + s.campos.TxtIdCatalogo, filas);
+    if (cual < 0) return false;
+    s.campos.txtIdArticulo = articulos.at(static_cast<std::size_t>(cual)).idarticulo;
+    return BuscarArticuloSobreCat(ctx, s);
+}
+
 /// ENTER on a field with a code table.
 void codigoEnter(AppContext &ctx, SubItems &s, const DefinicionDeCampo &d) {
     QString codigo = s.campos.*d.campo;
@@ -310,20 +334,19 @@ void CantidadCambia(AppContext &ctx, SubItems &s) {
 
 Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control) {
     if (esControl(control, "TxtPosicion")) return BuscarNCM(ctx, s);
+    const CamposSubItem &c = s.campos;
     if (esControl(control, "txtIdArticulo")) {
-        if (!s.campos.txtIdArticulo.isEmpty() && !s.campos.TxtIdCatalogo.isEmpty())
+        if (!s.articuloFijo && !c.txtIdArticulo.isEmpty() && !c.TxtIdCatalogo.isEmpty())
             BuscarArticuloSobreCat(ctx, s);
-        return Veredicto::bien();
+    } else if (const DefinicionDeCampo *d = CampoDeSubItem(control); d != nullptr && *d->clave != 0) {
+        codigoEnter(ctx, s, *d);
     }
-    const DefinicionDeCampo *d = CampoDeSubItem(control);
-    if (d != nullptr && *d->clave != 0) codigoEnter(ctx, s, *d);
-    if (esControl(control, "TxtUnidad") || esControl(control, "TxtCantidad")) CantidadCambia(ctx, s);
-    if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(s);
-    if (esControl(control, "TxtUnitario") || esControl(control, "TxtFobTotal")) CalcularFob(s);
     return Veredicto::bien();
 }
 
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control) {
+    if (esControl(control, "TxtIdCatalogo")) return !s.articuloFijo && elegirCatalogo(ctx, s);
+    if (esControl(control, "txtIdArticulo")) return !s.articuloFijo && elegirArticulo(ctx, s);
     const DefinicionDeCampo *d = CampoDeSubItem(control);
     if (d == nullptr || *d->clave == 0) return false;
     CampoDeCodigo campo{s.campos.*d->campo, {}, {}};

@@ -120,11 +120,15 @@ void CalcularKgUnitario(SubItems &s);
 /// The price or the total from the other, by the mode. Sends nothing to the store.
 void CalcularFob(SubItems &s);
 
-/// ENTER on a field: the rule of that field (position, article, coded fields, quantity, price).
+/// ENTER on a field: the position (BuscarNCM), the article (BuscarArticuloSobreCat, unless it is locked), or
+/// the description of a coded field. Walking over a line with ENTER recalculates nothing.
 Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control);
-/// F6 on a coded field. The position, the catalogue and the proration code have screens of their own.
+/// F6 on a coded field, on the catalogue and on its article (which fills the line). False when nothing was
+/// chosen, while the article is locked, and for a field without a list here: the position and the proration
+/// code have screens of their own.
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control);
-/// A text was typed: figures that follow it while one types.
+/// The user changed a text: the figures that follow it (units, kilos, and the price or the total, by the
+/// mode). Not for texts that the program sets.
 void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control);
 
 /// Looks the article of TxtIdCatalogo and txtIdArticulo up in the article store and fills the line from it.

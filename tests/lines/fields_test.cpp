@@ -194,6 +194,32 @@ TEST_P(CamposDeLinea, ThePriceMakesTheTotalOrTheTotalThePrice) {
     EXPECT_EQ(s.campos.TxtUnitario.toStdString(), "33.33333") << "nothing is divided by zero";
 }
 
+TEST_P(CamposDeLinea, WalkingOverALineWithEnterChangesNoFigure) {
+    ElegirCargaPor(*ctx, s, true);
+    llenarBomba();
+    s.campos.TxtFobTotal = "251.99";  // the invoice rounds in its own way
+    s.campos.TxtUnidad = "09";
+    const CamposSubItem antes = s.campos;
+    for (const DefinicionDeCampo &d : CamposDeSubItem()) {
+        if (d.tipo != TipoDeCampo::Texto) continue;
+        EXPECT_TRUE(CampoDeLineaEnter(*ctx, s, d.control).ok) << d.control;
+    }
+    for (const DefinicionDeCampo &d : CamposDeSubItem()) {
+        if (d.tipo != TipoDeCampo::Texto) continue;
+        EXPECT_EQ(s.campos.*d.campo, antes.*d.campo) << d.control;
+    }
+}
+
+TEST_P(CamposDeLinea, ALockedArticleIsNotTakenFromTheCatalogueAgain) {
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "B-1";
+    s.articuloFijo = true;
+    s.campos.TxtDescArticulos = "a mano";
+    CampoDeLineaEnter(*ctx, s, "txtIdArticulo");
+    EXPECT_EQ(s.campos.TxtDescArticulos.toStdString(), "a mano");
+}
+
 TEST_P(CamposDeLinea, TheFieldThatFollowsDoesNotMoveTheOneThatLeads) {
     ElegirCargaPor(*ctx, s, true);
     s.campos.TxtCantidad = "3";
@@ -237,6 +263,26 @@ TEST_P(CamposDeLinea, AnUnknownArticleEmptiesTheDescriptionInSilence) {
     EXPECT_FALSE(BuscarArticuloSobreCat(*ctx, s));
     EXPECT_EQ(s.campos.LbDescCatalogo.toStdString(), "");
     EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(CamposDeLinea, CataloguesAndArticlesAreListed) {
+    ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('ABC','Z','Última')",
+             "CATALOGOS");
+    ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('CAT','A-0','Primera')",
+             "CATALOGOS");
+    registro.indices = {1, 1, -1};
+    EXPECT_TRUE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo"));
+    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
+    EXPECT_EQ(registro.elecciones.back().filas.join('|').toStdString(), "ABC|CAT");
+    EXPECT_TRUE(CampoDeLineaF6(*ctx, s, "txtIdArticulo"));
+    EXPECT_EQ(registro.elecciones.back().filas.join('|').toStdString(), "A-0 - Primera|B-1 - Bomba chica");
+    EXPECT_EQ(s.campos.txtIdArticulo.toStdString(), "B-1");
+    EXPECT_EQ(s.campos.TxtPosicion, posBomba) << "the line is filled";
+    EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo")) << "left";
+    s.articuloFijo = true;
+    registro.indices = {0};
+    EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo"));
+    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
 }
 
 // Codes

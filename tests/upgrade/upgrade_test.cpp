@@ -83,6 +83,24 @@ TEST_P(Actualizacion, AnOlderStoreGainsWhatItLacksAndKeepsItsRows) {
     EXPECT_EQ(actualizar().cambios, QStringList());
 }
 
+TEST_P(Actualizacion, AnOlderArticleStoreGainsTheColumnsOfALine) {
+    const QString catalogos = QStringLiteral("CATALOGOS");
+    ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('C','A','Bomba')",
+             catalogos);
+    const QStringList nuevas{"idunidad", "idpaisproc", "estadomerc", "biendeuso", "codigoean", "itfiller"};
+    const QString prefijo = esServidor() ? QString() : QStringLiteral("main.");
+    for (const QString &columna : nuevas)
+        motor(QStringLiteral("alter table %1catarticulos drop column %2").arg(prefijo, columna), catalogos);
+    const Resultado r = actualizar();
+    EXPECT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.cambios.size(), nuevas.size()) << r.cambios.join('\n').toStdString();
+    EXPECT_EQ(
+        filas(QStringLiteral("select idarticulo,descripcion,%1 from catarticulos").arg(nuevas.join(',')),
+              catalogos)
+            .toStdString(),
+        "A|Bomba|<null>|<null>|<null>|<null>|<null>|<null>");
+}
+
 TEST_P(Actualizacion, AStoreWithoutAVersionRowCountsAsOlder) {
     ejecutar("delete from version where propiedad = 'version'");
     const Resultado r = actualizar();
