@@ -2,7 +2,9 @@
 // store, then the very statements it sent are sent again through SQLite's C interface, on the same starting
 // files, and the two times are divided. Both are measured in one run, so the machine's speed drops out.
 //
-//   bench_replay [--lineas 1000,10000,50000] [--repeticiones 3]
+//   bench_replay [--lineas 1000,10000,50000] [--repeticiones 3] [--sentencias 20]
+//
+// With --sentencias the statements that took most of the time are listed by their form on standard error.
 #include <sqlite3.h>
 #include <sys/resource.h>
 
@@ -10,12 +12,14 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
+#include <map>
 #include <vector>
 
 #include "assembly/run.h"
@@ -202,34 +206,65 @@ double memoriaMaximaMB() {
     return static_cast<double>(uso.ru_maxrss) / 1024;
 }
 
-/// Measures `trabajo` on a copy of `semilla`, then the engine on another copy. The best of the repetitions of
-/// each.
-Medida medir(const QString &semilla, const QString &banco, int repeticiones,
+/// The statements of one form: numbers and texts left out.
+struct Forma {
+    qint64 microsegundos = 0;
+    qint64 veces = 0;
+    qint64 filas = 0;
+};
+
+QString formaDe(QString texto) {
+    static const QRegularExpression cita(QStringLiteral("'(?:[^']|'')*'"));
+    static const QRegularExpression numero(QStringLiteral("\\b[0-9]+(?:\\.[0-9]+)?\\b"));
+    return texto.replace(cita, QStringLiteral("'…'")).replace(numero, QStringLiteral("#"));
+}
+
+void listar(const std::map<QString, Forma> &formas, int cuantas) {
+    std::vector<std::pair<QString, Forma>> orden(formas.begin(), formas.end());
+    std::sort(orden.begin(), orden.end(),
+              [](const auto &a, const auto &b) { return a.second.microsegundos > b.second.microsegundos; });
+    for (std::size_t n = 0; n < orden.size() && static_cast<int>(n) < cuantas; ++n)
+        std::fprintf(stderr, "%9.1f ms %7lld times %8lld rows  %s\n",
+                     static_cast<double>(orden[n].second.microsegundos) / 1000,
+                     static_cast<long long>(orden[n].second.veces),
+                     static_cast<long long>(orden[n].second.filas), qPrintable(orden[n].first.left(200)));
+}
+
+/// Measures `trabajo` on a copy of `semilla` and the engine on another copy, in turns, so that a machine busy
+/// with something else is busy for both. The best of the repetitions of each.
+Medida medir(const QString &semilla, const QString &banco, int repeticiones, int sentenciasListadas,
              const std::function<void(AppContext &)> &trabajo) {
     Medida m;
     m.programa = m.motor = 1e18;
     std::vector<Sentencia> sentencias;
-    for (int r = 0; r < repeticiones; ++r) {
-        copiarCarpeta(semilla, banco);
-        auto ctx = abrir(banco);
-        QElapsedTimer reloj;
-        reloj.start();
-        trabajo(*ctx);
-        m.programa = std::min(m.programa, static_cast<double>(reloj.nsecsElapsed()) / 1e6);
-        fijarContexto(nullptr);
-    }
+    std::map<QString, Forma> formas;
     copiarCarpeta(semilla, banco);
     {
         auto ctx = abrir(banco);
         Conexion::fijarTraza([&](const TrazaDeSentencia &t) {
             sentencias.push_back({t.entidad, t.traducida.toUtf8()});
+            if (sentenciasListadas <= 0) return;
+            Forma &f = formas[formaDe(t.sentencia)];
+            f.microsegundos += t.microsegundos;
+            f.filas += t.filas;
+            ++f.veces;
         });
         trabajo(*ctx);
         Conexion::fijarTraza({});
         fijarContexto(nullptr);
     }
+    listar(formas, sentenciasListadas);
     m.sentencias = static_cast<qint64>(sentencias.size());
     for (int r = 0; r < repeticiones; ++r) {
+        copiarCarpeta(semilla, banco);
+        {
+            auto ctx = abrir(banco);
+            QElapsedTimer reloj;
+            reloj.start();
+            trabajo(*ctx);
+            m.programa = std::min(m.programa, static_cast<double>(reloj.nsecsElapsed()) / 1e6);
+            fijarContexto(nullptr);
+        }
         copiarCarpeta(semilla, banco);
         auto ctx = abrir(banco);
         m.motor = std::min(m.motor, repetir(*ctx, sentencias));
@@ -258,10 +293,12 @@ int main(int argc, char **argv) {
     QCoreApplication app(argc, argv);
     QStringList lineas{QStringLiteral("1000"), QStringLiteral("10000"), QStringLiteral("50000")};
     int repeticiones = 3;
+    int listadas = 0;
     const QStringList argumentos = QCoreApplication::arguments();
     for (int i = 1; i + 1 < argumentos.size(); i += 2) {
         if (argumentos[i] == QLatin1String("--lineas")) lineas = argumentos[i + 1].split(QLatin1Char(','));
         if (argumentos[i] == QLatin1String("--repeticiones")) repeticiones = argumentos[i + 1].toInt();
+        if (argumentos[i] == QLatin1String("--sentencias")) listadas = argumentos[i + 1].toInt();
     }
 
     try {
@@ -287,7 +324,7 @@ int main(int argc, char **argv) {
                 ctx->DataManager.CloseAllDataConnection();
                 fijarContexto(nullptr);
             }
-            const Medida armado = medir(semilla, banco, repeticiones, armar);
+            const Medida armado = medir(semilla, banco, repeticiones, listadas, armar);
             std::printf("| assembly, %s lines | %lld | %.0f | %.0f | %.2f | %.0f |\n", qPrintable(cuantas),
                         static_cast<long long>(armado.sentencias), armado.programa, armado.motor,
                         armado.razon(), memoriaMaximaMB());
@@ -304,7 +341,7 @@ int main(int argc, char **argv) {
                 fijarContexto(nullptr);
             }
             copiarCarpeta(banco, semilla);
-            const Medida recalculo = medir(semilla, banco, repeticiones, recalcular);
+            const Medida recalculo = medir(semilla, banco, repeticiones, listadas, recalcular);
             std::printf("| recalculation of those %d items | %lld | %.0f | %.0f | %.2f | %.0f |\n",
                         cuantas.toInt() / lineasPorGrupo / preciosPorItem,
                         static_cast<long long>(recalculo.sentencias), recalculo.programa, recalculo.motor,

@@ -262,6 +262,33 @@ void crearIndice(const Almacen &a, const QString &esquemaDe, const Tabla &t, con
     m.cambio(QStringLiteral("%1: se creó el índice %2").arg(t.entidad, propio));
 }
 
+/// SQLite, told nothing of a store, takes "iditem> 0" for a narrower search than "iditem = 5" and walks every
+/// row of the operation. What an index tells apart in a store of some size is told it once, in its own table;
+/// a store that was analysed keeps what was found.
+void ponerProporciones(const Almacen &a, const QString &entidad, Marcha &m) {
+    const auto anotar = [&](const Tabla &t, const Indice &i, const QStringList &hay) {
+        if (hay.contains(i.nombre)) return false;
+        const bool deOperacion = t.columna(u"interno") != nullptr;
+        QStringList numeros{deOperacion ? QStringLiteral("1000000") : QStringLiteral("10000")};
+        // Rows that share the first column, the first two …: an operation's lines, an item's, one or two.
+        const qsizetype columnas = i.columnas.size();
+        if (columnas > 1) numeros << QStringLiteral("2000");
+        for (qsizetype c = 2; c < columnas; ++c) numeros << QStringLiteral("20");
+        numeros << (columnas == 1 && deOperacion ? QStringLiteral("20") : QStringLiteral("2"));
+        a.ejecutar(QStringLiteral("insert into main.sqlite_stat1 (tbl, idx, stat) values ('%1', '%2', '%3')")
+                       .arg(t.nombre, i.nombre, numeros.join(QLatin1Char(' '))));
+        return true;
+    };
+    // Makes the table when it is not there.
+    a.ejecutar(QStringLiteral("analyze main.sqlite_schema"));
+    const QStringList hay = a.lista(QStringLiteral("select idx from main.sqlite_stat1"));
+    bool alguna = false;
+    for (const Tabla &t : esquema::tablas())
+        if (t.entidad == entidad)
+            for (const Indice &i : t.indices) alguna = anotar(t, i, hay) || alguna;
+    if (alguna) m.cambio(QStringLiteral("%1: se anotó qué distingue cada índice").arg(entidad));
+}
+
 void ponerEntidad(const Almacen &a, const QString &entidad, const QString &esquemaDe, Marcha &m) {
     QStringList tablas = a.tablas(esquemaDe);
     for (const Tabla &t : esquema::tablas()) {
@@ -284,6 +311,7 @@ void ponerEntidad(const Almacen &a, const QString &entidad, const QString &esque
             if (a.servidor() && generado) crearIndice(a, esquemaDe, t, i, true, indices, m);
         }
     }
+    if (!a.servidor()) ponerProporciones(a, entidad, m);
 }
 
 /// Sets one row of `version`; true when it was not so already.

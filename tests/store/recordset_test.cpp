@@ -1,0 +1,270 @@
+#include <gtest/gtest.h>
+
+#include "frame/values.h"
+#include "tests/store/conectado.h"
+
+namespace {
+
+class RecordsetDeStore : public StoreConectado {};
+EN_AMBOS_STORES(RecordsetDeStore);
+
+// The recordset
+
+TEST_P(RecordsetDeStore, FieldNamesAreMatchedWithoutRegardToCase) {
+    ejecutar("insert into subitems (interno,IdArticulo,descripcion_maria) values ('A','x','y')");
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from subitems", rs));
+    EXPECT_EQ(rs.Texto(u"idarticulo").toStdString(), "x");
+    EXPECT_EQ(rs.Texto(u"IDARTICULO").toStdString(), "x");
+    EXPECT_EQ(rs.Texto(u"IdArticulo").toStdString(), "x");
+    EXPECT_EQ(rs.Fields(u"Descripcion_Maria").Value.toString().toStdString(), "y");
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select IdArticulo as ElArticulo from subitems", rs));
+    EXPECT_EQ(rs.Texto(u"elarticulo").toStdString(), "x");
+}
+
+TEST_P(RecordsetDeStore, AnUnknownFieldRaises) {
+    ejecutar("insert into divisas (id) values ('DOL')");
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select id from divisas", rs));
+    try {
+        rs.Texto(u"imp");
+        FAIL() << "no error";
+    } catch (const ErrorDeStore &e) {
+        EXPECT_EQ(e.numero, 3265);
+        EXPECT_EQ(e.descripcion.toStdString(), "El conjunto de registros no tiene la columna imp.");
+    }
+    EXPECT_THROW(rs.Fields(1), ErrorDeStore);
+    EXPECT_THROW(rs.Fields(-1), ErrorDeStore);
+}
+
+TEST_P(RecordsetDeStore, WalkingForwardAndBackToTheFirst) {
+    for (const char *id : {"DOL", "EUR", "PES"})
+        ejecutar(QStringLiteral("insert into divisas (id) values ('%1')").arg(QLatin1String(id)));
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select id from divisas", rs));
+    QStringList vistos;
+    for (; !rs.Eof(); rs.MoveNext()) vistos << rs.Texto(u"id");
+    EXPECT_EQ(vistos.join(',').toStdString(), "DOL,EUR,PES");
+    EXPECT_THROW(rs.Texto(u"id"), ErrorDeStore);
+    rs.MoveFirst();
+    EXPECT_FALSE(rs.Eof());
+    EXPECT_EQ(rs.Texto(u"id").toStdString(), "DOL");
+    rs.Close();
+    EXPECT_TRUE(rs.Eof());
+    EXPECT_EQ(rs.columnas(), 0);
+    rs.Close();
+    rs.MoveFirst();
+    EXPECT_TRUE(rs.Eof());
+}
+
+TEST_P(RecordsetDeStore, AWriteDuringTheWalkChangesNothingOfIt) {
+    for (int n = 1; n <= 50; ++n)
+        ejecutar(QStringLiteral("insert into facturas (interno,orden,factura) values ('A',%1,'F%1')").arg(n));
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from facturas where interno = 'A'", rs));
+    int n = 0;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        ++n;
+        EXPECT_EQ(rs.Numero(u"orden"), n);
+        ejecutar("insert into facturas (interno,orden) values ('A',1000)");
+        ejecutar(QStringLiteral("delete from facturas where orden = %1").arg(n + 1));
+        ejecutar("update facturas set factura = 'otra'");
+        EXPECT_EQ(rs.Texto(u"factura"), QStringLiteral("F%1").arg(n));
+    }
+    EXPECT_EQ(n, 50);
+}
+
+TEST_P(RecordsetDeStore, ARecordsetUsedAgainHoldsOnlyTheNewRows) {
+    ejecutar("insert into divisas (id,imp) values ('DOL',1)");
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select id,imp from divisas", rs));
+    EXPECT_FALSE(Consultar(*ctx, "INTERNOS", "select descripcion from divisas where id = 'X'", rs));
+    EXPECT_EQ(rs.RecordCount(), 0);
+    EXPECT_EQ(rs.columnas(), 1);
+    // One that fails leaves no rows of the one before.
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select id from divisas", rs));
+    EXPECT_THROW(Consultar(*ctx, "INTERNOS", "select id from noexiste", rs), ErrorDeStore);
+    EXPECT_TRUE(rs.Eof());
+}
+
+TEST_P(RecordsetDeStore, NumbersTextsNullsAndDatesComeBackAlike) {
+    ejecutar(
+        "insert into caratula (interno,fobdivisas,fletedivisas,fechaalta,idsubreg,factura1) values "
+        "('A',1234.5,0,'2026-03-05 10:20:30','IC04','')");
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from caratula", rs));
+    EXPECT_EQ(rs.Fields(u"fobdivisas").Value.typeId(), QMetaType::Double);
+    EXPECT_EQ(rs.Numero(u"fobdivisas"), 1234.5);
+    EXPECT_EQ(rs.Texto(u"fobdivisas").toStdString(), "1234.5");
+    EXPECT_EQ(rs.Texto(u"fletedivisas").toStdString(), "0");
+    EXPECT_EQ(rs.Texto(u"fechaalta").toStdString(), "2026-03-05 10:20:30");
+    EXPECT_TRUE(rs.EsNulo(u"factura2"));
+    EXPECT_EQ(rs.Texto(u"factura2"), QString());
+    EXPECT_EQ(rs.Numero(u"factura2"), 0);
+    EXPECT_TRUE(rs.EsNulo(u"segurodivisas"));
+    EXPECT_EQ(rs.Numero(u"segurodivisas"), 0);
+    // The empty text is no null.
+    EXPECT_FALSE(rs.EsNulo(u"factura1"));
+    EXPECT_EQ(rs.Numero(u"idsubreg"), 0);
+    ASSERT_TRUE(
+        Consultar(*ctx, "INTERNOS", "select count(*), sum(fobdivisas), max(interno) from caratula", rs));
+    EXPECT_EQ(rs.Fields(0).Value.typeId(), QMetaType::LongLong);
+    EXPECT_EQ(EsNumero(rs.Fields(0).Value), 1);
+    EXPECT_EQ(EsNumero(rs.Fields(1).Value), 1234.5);
+    EXPECT_EQ(EsNull(rs.Fields(2).Value).toStdString(), "A");
+}
+
+TEST_P(RecordsetDeStore, ADoubleGoesAndComesBackToFifteenDigits) {
+    for (const double v : {0.1 + 0.2, 1e-7, 123456789.123456, 1e15, -7.0 / 3.0, 0.005}) {
+        ejecutar("delete from divisas");
+        ejecutar(QStringLiteral("insert into divisas (id,imp) values ('X',%1)").arg(SqlNumber(v)));
+        Recordset rs;
+        ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select imp from divisas", rs));
+        EXPECT_EQ(rs.Texto(u"imp").toStdString(), PonerPuntoDecimal(v).toStdString());
+    }
+}
+
+TEST_P(RecordsetDeStore, TheLineIdentityIsANumberThatGrows) {
+    for (int n = 0; n < 3; ++n) ejecutar("insert into subitems (interno) values ('A')");
+    ejecutar("delete from subitems where id = (select max(id) from subitems)");
+    ejecutar("insert into subitems (interno) values ('A')");
+    // Never used twice, so that what names a line never names another.
+    EXPECT_EQ(filas("select id from subitems").toStdString(), "1\n2\n4");
+}
+
+// The update of one row
+
+TEST_P(RecordsetDeStore, UpdateChangesExactlyOneOfSeveralEqualRows) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select * from groupsubitems where interno = 'A' and fob = 10";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    EXPECT_EQ(rs.RecordCount(), 2);
+    rs.MoveNext();
+    rs.Poner(u"fob", 10.01);
+    rs.Poner(u"descripcion", "D'Angelo \"2\" ñ");
+    rs.Poner(u"kgneto", QVariant());
+    EXPECT_EQ(rs.Numero(u"fob"), 10.01);
+    EXPECT_EQ(filas("select fob from groupsubitems").toStdString(), "10\n10\n25.5");
+    rs.Update();
+    EXPECT_EQ(filas("select fob,descripcion,kgneto from groupsubitems").toStdString(),
+              "10|Válvula|2\n10.01|D'Angelo \"2\" ñ|<null>\n25.5|Válvula|2");
+}
+
+TEST_P(RecordsetDeStore, TheSameRowCanBeUpdatedAgainAndAgain) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select * from groupsubitems where interno = 'A'";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    for (int n = 1; n <= 5; ++n) {
+        rs.Poner(u"fob", rs.Numero(u"fob") + 1);
+        rs.Update();
+    }
+    rs.MoveNext();
+    rs.Poner(u"fob", 0.5);
+    rs.Update();
+    rs.MoveFirst();
+    rs.Poner(u"fob", 3);
+    rs.Update();
+    EXPECT_EQ(filas("select fob from groupsubitems").toStdString(), "3\n0.5\n25.5");
+}
+
+TEST_P(RecordsetDeStore, ARowThatAnotherStatementChangedMeanwhileIsStillTheOneUpdated) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select * from groupsubitems where interno = 'A'";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    ejecutar("update groupsubitems set kgneto = 9");
+    ejecutar("insert into groupsubitems (id,idsub,interno,fob) values (2,9,'B',1)");
+    rs.MoveNext();
+    rs.Poner(u"fob", 77);
+    rs.Update();
+    EXPECT_EQ(filas("select interno,fob,kgneto from groupsubitems").toStdString(),
+              "A|10|9\nA|77|9\nA|25.5|9\nB|1|<null>");
+}
+
+TEST_P(RecordsetDeStore, AnUpdatableRecordsetShowsNoColumnOfItsOwn) {
+    sembrarGrupos();
+    Recordset simple;
+    Recordset actualizable;
+    const QString sql = "select fob,kgneto from groupsubitems where interno = 'A' order by fob desc";
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", sql, simple));
+    internos().Sql = sql;
+    ASSERT_TRUE(internos().crearrsActualizable(actualizable, "groupsubitems"));
+    EXPECT_EQ(actualizable.columnas(), 2);
+    EXPECT_EQ(simple.columnas(), 2);
+    EXPECT_EQ(actualizable.Numero(u"fob"), 25.5);
+    internos().Sql = "select top 1 * from groupsubitems where interno = 'X'";
+    EXPECT_FALSE(internos().crearrsActualizable(actualizable, "groupsubitems"));
+    EXPECT_EQ(actualizable.RecordCount(), 0);
+}
+
+TEST_P(RecordsetDeStore, TopOneUpdatesTheRowTheOrderPutsFirst) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select top 1 * from groupsubitems where interno = 'A' order by fob desc";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    EXPECT_EQ(rs.RecordCount(), 1);
+    rs.Poner(u"fob", 1);
+    rs.Update();
+    EXPECT_EQ(filas("select fob from groupsubitems").toStdString(), "10\n10\n1");
+}
+
+TEST_P(RecordsetDeStore, ARowThatIsGoneCannotBeUpdated) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select * from groupsubitems where interno = 'A'";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    ejecutar("delete from groupsubitems");
+    sembrarGrupos();
+    if (!esServidor()) ejecutar("delete from groupsubitems where fob = 10");
+    rs.Poner(u"fob", 1);
+    try {
+        rs.Update();
+        FAIL() << "no error";
+    } catch (const ErrorDeStore &e) {
+        EXPECT_EQ(e.numero, 3167);
+        EXPECT_EQ(e.descripcion.toStdString(), "El registro de groupsubitems ya no está en el store.");
+    }
+}
+
+TEST_P(RecordsetDeStore, WhatPonerSetIsForgottenOnMoving) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select * from groupsubitems where interno = 'A'";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    rs.Poner(u"fob", 99);
+    rs.MoveNext();
+    rs.Update();
+    EXPECT_EQ(filas("select fob from groupsubitems").toStdString(), "10\n10\n25.5");
+    rs.MoveFirst();
+    EXPECT_EQ(rs.Numero(u"fob"), 10);
+}
+
+TEST_P(RecordsetDeStore, AReadOnlyRecordsetTakesNoChanges) {
+    sembrarGrupos();
+    Recordset rs;
+    ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from groupsubitems", rs));
+    EXPECT_THROW(rs.Poner(u"fob", 1), ErrorDeStore);
+    Recordset cerrado;
+    EXPECT_THROW(cerrado.Poner(u"fob", 1), ErrorDeStore);
+    EXPECT_NO_THROW(cerrado.Update());
+}
+
+TEST_P(RecordsetDeStore, AFailingUpdateRaisesTheEnginesTextAndChangesNothing) {
+    sembrarGrupos();
+    Recordset rs;
+    internos().Sql = "select fob, fob * 2 as doble from groupsubitems where interno = 'A'";
+    ASSERT_TRUE(internos().crearrsActualizable(rs, "groupsubitems"));
+    rs.Poner(u"doble", 1);
+    try {
+        rs.Update();
+        FAIL() << "no error";
+    } catch (const ErrorDeStore &e) {
+        EXPECT_TRUE(e.descripcion.contains(QLatin1String("doble"))) << e.descripcion.toStdString();
+        EXPECT_EQ(e.fuente, QStringLiteral("INTERNOS"));
+    }
+    EXPECT_EQ(filas("select fob from groupsubitems").toStdString(), "10\n10\n25.5");
+}
+
+}  // namespace
