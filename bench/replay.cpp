@@ -2,8 +2,9 @@
 // store, then the very statements it sent are sent again through SQLite's C interface, on the same starting
 // files, and the two times are divided. Both are measured in one run, so the machine's speed drops out.
 //
-//   bench_replay [--lineas 1000,10000,50000] [--repeticiones 3] [--sentencias 20]
+//   bench_replay [--lineas 1000,10000,50000] [--repeticiones 3] [--sentencias 20] [--solo armado|recalculo]
 //
+// The second ratio is that of the processor's time: it holds on a machine that is busy with something else.
 // With --sentencias the statements that took most of the time are listed by their form on standard error.
 #include <sqlite3.h>
 #include <sys/resource.h>
@@ -147,57 +148,85 @@ struct Sentencia {
     QByteArray texto;
 };
 
+/// Milliseconds by the clock and of the processor; a busy machine stretches the first alone.
+struct Tiempo {
+    double reloj = 0;
+    double procesador = 0;
+    void menor(const Tiempo &otro) {
+        reloj = std::min(reloj, otro.reloj);
+        procesador = std::min(procesador, otro.procesador);
+    }
+};
+
+double procesador() {
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    const auto ms = [](const timeval &t) {
+        return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
+    };
+    return ms(uso.ru_utime) + ms(uso.ru_stime);
+}
+
+template <typename Trabajo>
+Tiempo cronometrar(Trabajo trabajo) {
+    const double antes = procesador();
+    QElapsedTimer reloj;
+    reloj.start();
+    trabajo();
+    return {static_cast<double>(reloj.nsecsElapsed()) / 1e6, procesador() - antes};
+}
+
 struct Medida {
-    double programa = 0;  ///< milliseconds
-    double motor = 0;
+    Tiempo programa{1e18, 1e18};
+    Tiempo motor{1e18, 1e18};
     qint64 sentencias = 0;
-    double razon() const { return programa / motor; }
+    double razon() const { return programa.reloj / motor.reloj; }
+    double razonDeProcesador() const { return programa.procesador / motor.procesador; }
 };
 
 /// The same statements through the C interface, with the same settings of the run.
-double repetir(AppContext &ctx, const std::vector<Sentencia> &sentencias) {
+Tiempo repetir(AppContext &ctx, const std::vector<Sentencia> &sentencias) {
     std::map<QString, sqlite3 *> motores;
     for (const Sentencia &s : sentencias) {
         if (motores.contains(s.entidad)) continue;
         const QVariant mango = ctx.conexion(s.entidad).coneccion().driver()->handle();
         motores[s.entidad] = *static_cast<sqlite3 *const *>(mango.data());
     }
-    QElapsedTimer reloj;
-    reloj.start();
-    ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(true);
-    for (const Sentencia &s : sentencias) {
-        sqlite3 *motor = motores.at(s.entidad);
-        sqlite3_stmt *preparada = nullptr;
-        if (sqlite3_prepare_v2(motor, s.texto.constData(), static_cast<int>(s.texto.size()), &preparada,
-                               nullptr) != SQLITE_OK)
-            terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
-                     QString::fromUtf8(sqlite3_errmsg(motor)));
-        int paso = SQLITE_ROW;
-        while ((paso = sqlite3_step(preparada)) == SQLITE_ROW) {
-            const int columnas = sqlite3_column_count(preparada);
-            for (int c = 0; c < columnas; ++c) {
-                switch (sqlite3_column_type(preparada, c)) {
-                    case SQLITE_FLOAT:
-                        (void)sqlite3_column_double(preparada, c);
-                        break;
-                    case SQLITE_INTEGER:
-                        (void)sqlite3_column_int64(preparada, c);
-                        break;
-                    case SQLITE_TEXT:
-                        (void)sqlite3_column_text(preparada, c);
-                        break;
-                    default:
-                        break;
+    return cronometrar([&] {
+        ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(true);
+        for (const Sentencia &s : sentencias) {
+            sqlite3 *motor = motores.at(s.entidad);
+            sqlite3_stmt *preparada = nullptr;
+            if (sqlite3_prepare_v2(motor, s.texto.constData(), static_cast<int>(s.texto.size()), &preparada,
+                                   nullptr) != SQLITE_OK)
+                terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
+                         QString::fromUtf8(sqlite3_errmsg(motor)));
+            int paso = SQLITE_ROW;
+            while ((paso = sqlite3_step(preparada)) == SQLITE_ROW) {
+                const int columnas = sqlite3_column_count(preparada);
+                for (int c = 0; c < columnas; ++c) {
+                    switch (sqlite3_column_type(preparada, c)) {
+                        case SQLITE_FLOAT:
+                            (void)sqlite3_column_double(preparada, c);
+                            break;
+                        case SQLITE_INTEGER:
+                            (void)sqlite3_column_int64(preparada, c);
+                            break;
+                        case SQLITE_TEXT:
+                            (void)sqlite3_column_text(preparada, c);
+                            break;
+                        default:
+                            break;
+                    }
                 }
             }
+            if (paso != SQLITE_DONE)
+                terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
+                         QString::fromUtf8(sqlite3_errmsg(motor)));
+            sqlite3_finalize(preparada);
         }
-        if (paso != SQLITE_DONE)
-            terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
-                     QString::fromUtf8(sqlite3_errmsg(motor)));
-        sqlite3_finalize(preparada);
-    }
-    ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(false);
-    return static_cast<double>(reloj.nsecsElapsed()) / 1e6;
+        ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(false);
+    });
 }
 
 double memoriaMaximaMB() {
@@ -235,7 +264,6 @@ void listar(const std::map<QString, Forma> &formas, int cuantas) {
 Medida medir(const QString &semilla, const QString &banco, int repeticiones, int sentenciasListadas,
              const std::function<void(AppContext &)> &trabajo) {
     Medida m;
-    m.programa = m.motor = 1e18;
     std::vector<Sentencia> sentencias;
     std::map<QString, Forma> formas;
     copiarCarpeta(semilla, banco);
@@ -259,15 +287,12 @@ Medida medir(const QString &semilla, const QString &banco, int repeticiones, int
         copiarCarpeta(semilla, banco);
         {
             auto ctx = abrir(banco);
-            QElapsedTimer reloj;
-            reloj.start();
-            trabajo(*ctx);
-            m.programa = std::min(m.programa, static_cast<double>(reloj.nsecsElapsed()) / 1e6);
+            m.programa.menor(cronometrar([&] { trabajo(*ctx); }));
             fijarContexto(nullptr);
         }
         copiarCarpeta(semilla, banco);
         auto ctx = abrir(banco);
-        m.motor = std::min(m.motor, repetir(*ctx, sentencias));
+        m.motor.menor(repetir(*ctx, sentencias));
         fijarContexto(nullptr);
     }
     return m;
@@ -289,22 +314,31 @@ void recalcular(AppContext &ctx) {
 
 }  // namespace
 
+void informar(const QString &trabajo, const Medida &m) {
+    std::printf("| %s | %lld | %.0f | %.0f | %.2f | %.2f | %.0f |\n", qPrintable(trabajo),
+                static_cast<long long>(m.sentencias), m.programa.reloj, m.motor.reloj, m.razon(),
+                m.razonDeProcesador(), memoriaMaximaMB());
+    std::fflush(stdout);
+}
+
 int main(int argc, char **argv) {
     QCoreApplication app(argc, argv);
     QStringList lineas{QStringLiteral("1000"), QStringLiteral("10000"), QStringLiteral("50000")};
     int repeticiones = 3;
     int listadas = 0;
+    QString solo;
     const QStringList argumentos = QCoreApplication::arguments();
     for (int i = 1; i + 1 < argumentos.size(); i += 2) {
         if (argumentos[i] == QLatin1String("--lineas")) lineas = argumentos[i + 1].split(QLatin1Char(','));
         if (argumentos[i] == QLatin1String("--repeticiones")) repeticiones = argumentos[i + 1].toInt();
         if (argumentos[i] == QLatin1String("--sentencias")) listadas = argumentos[i + 1].toInt();
+        if (argumentos[i] == QLatin1String("--solo")) solo = argumentos[i + 1];
     }
 
     try {
         std::printf(
-            "| work | statements | program ms | engine ms | ratio | peak memory MB "
-            "|\n|---|---|---|---|---|---|\n");
+            "| work | statements | program ms | engine ms | ratio | ratio (processor) | peak memory MB "
+            "|\n|---|---|---|---|---|---|---|\n");
         double diezMil = 0;
         for (const QString &cuantas : lineas) {
             QTemporaryDir carpeta;
@@ -324,14 +358,15 @@ int main(int argc, char **argv) {
                 ctx->DataManager.CloseAllDataConnection();
                 fijarContexto(nullptr);
             }
-            const Medida armado = medir(semilla, banco, repeticiones, listadas, armar);
-            std::printf("| assembly, %s lines | %lld | %.0f | %.0f | %.2f | %.0f |\n", qPrintable(cuantas),
-                        static_cast<long long>(armado.sentencias), armado.programa, armado.motor,
-                        armado.razon(), memoriaMaximaMB());
-            std::fflush(stdout);
-            if (cuantas == QLatin1String("10000")) diezMil = armado.programa;
-            if (cuantas == QLatin1String("50000") && diezMil > 0)
-                std::printf("| 50,000 lines over 10,000 | | | | %.2f times | |\n", armado.programa / diezMil);
+            if (solo != QLatin1String("recalculo")) {
+                const Medida armado = medir(semilla, banco, repeticiones, listadas, armar);
+                informar(QStringLiteral("assembly, %1 lines").arg(cuantas), armado);
+                if (cuantas == QLatin1String("10000")) diezMil = armado.programa.reloj;
+                if (cuantas == QLatin1String("50000") && diezMil > 0)
+                    std::printf("| 50,000 lines over 10,000 | | | | %.2f times | | |\n",
+                                armado.programa.reloj / diezMil);
+            }
+            if (solo == QLatin1String("armado")) continue;
 
             copiarCarpeta(semilla, banco);
             {
@@ -341,12 +376,9 @@ int main(int argc, char **argv) {
                 fijarContexto(nullptr);
             }
             copiarCarpeta(banco, semilla);
-            const Medida recalculo = medir(semilla, banco, repeticiones, listadas, recalcular);
-            std::printf("| recalculation of those %d items | %lld | %.0f | %.0f | %.2f | %.0f |\n",
-                        cuantas.toInt() / lineasPorGrupo / preciosPorItem,
-                        static_cast<long long>(recalculo.sentencias), recalculo.programa, recalculo.motor,
-                        recalculo.razon(), memoriaMaximaMB());
-            std::fflush(stdout);
+            informar(QStringLiteral("recalculation of those %1 items")
+                         .arg(cuantas.toInt() / lineasPorGrupo / preciosPorItem),
+                     medir(semilla, banco, repeticiones, listadas, recalcular));
         }
     } catch (const ErrorDeStore &e) {
         terminar(e.descripcion + QLatin1String("\n") + e.sentencia);
