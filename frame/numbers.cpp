@@ -1,6 +1,7 @@
 #include "frame/numbers.h"
 
 #include <QLocale>
+#include <QVarLengthArray>
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -76,6 +77,21 @@ bool porAritmetica(double positivo, int decimales, double &entero) {
     return true;
 }
 
+/// The text of `entero` hundredths, thousandths … (by `decimales`), with at least `enteros` digits ahead.
+QString conCifras(bool negativo, quint64 entero, int enteros, int decimales) {
+    constexpr int ancho = 48;
+    std::array<QChar, ancho> texto;
+    int i = ancho;
+    const bool conSigno = negativo && entero != 0;
+    for (int n = 0; n < decimales; ++n, entero /= 10)
+        texto[--i] = QChar(static_cast<char16_t>(u'0' + entero % 10));
+    if (decimales > 0) texto[--i] = separador();
+    for (int n = 0; entero != 0 || n < enteros; ++n, entero /= 10)
+        texto[--i] = QChar(static_cast<char16_t>(u'0' + entero % 10));
+    if (conSigno) texto[--i] = u'-';
+    return QString(&texto[i], ancho - i);
+}
+
 }  // namespace
 
 QChar separadorDecimal() {
@@ -115,8 +131,10 @@ QString Format(double valor, QStringView mascara) {
     // No amount of a declaration gets here; what is shown is the platform's word for it.
     if (std::isnan(valor)) return QStringLiteral("NaN");
     if (std::isinf(valor)) return valor < 0 ? QStringLiteral("-∞") : QStringLiteral("∞");
-    QByteArray cifras =
-        valor == 0 ? QByteArray(decimales + 1, '0') : redondeadoComoEntero(std::fabs(valor), decimales);
+    double entero = 0;
+    if (enteros < 16 && decimales < 16 && (valor == 0 || porAritmetica(std::fabs(valor), decimales, entero)))
+        return conCifras(valor < 0, static_cast<quint64>(entero), enteros, decimales);
+    QByteArray cifras = redondeadoComoEntero(std::fabs(valor), decimales);
     if (cifras.size() < enteros + decimales)
         cifras.prepend(QByteArray(enteros + decimales - cifras.size(), '0'));
     const bool negativo = valor < 0 && cifras.count('0') != cifras.size();
@@ -168,12 +186,11 @@ double aNumero(QStringView texto) {
     if (!esNumerico(texto)) return 0;
     texto = texto.trimmed();
     if (texto.front() == u'+') texto = texto.mid(1);
-    QByteArray plano;
-    plano.reserve(texto.size());
+    // What reads as a number is plain ASCII; nobody writes one that does not fit here.
+    QVarLengthArray<char, 64> plano;
     for (const QChar c : texto) plano.append(c == u',' ? '.' : static_cast<char>(c.unicode()));
-    if (plano.startsWith('.')) plano.prepend('0');
     double valor = 0;
-    const auto leido = std::from_chars(plano.constData(), plano.constData() + plano.size(), valor);
+    const auto leido = std::from_chars(plano.cbegin(), plano.cend(), valor);
     // Out of range: what the platform's own reading would give is infinity or zero; neither is an amount.
     return leido.ec == std::errc() ? valor : 0;
 }

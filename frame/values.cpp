@@ -36,6 +36,10 @@ QString PonerPuntoDecimal(double valor) {
 }
 
 QString AStoreNumero(const QString &valor, const QString &separador) {
+    // The usual case: nothing to replace.
+    static const QString punto = QStringLiteral(".");
+    if (separador == punto && !valor.contains(QLatin1Char(',')) && numeros::esNumerico(valor))
+        return valor.trimmed();
     // Thousands marks and all: a text counts as numeric here when it reads as one with either mark dropped.
     QString sinMarcas = valor.trimmed();
     if (!numeros::esNumerico(sinMarcas)) {

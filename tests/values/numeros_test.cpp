@@ -146,6 +146,23 @@ TEST(Format, FollowsTheTableWithAPointAndWithAComma) {
     }
 }
 
+TEST(Format, TheShortWayWritesWhatTheDigitsSay) {
+    const ConSeparador punto(u'.');
+    std::mt19937_64 azar(20261123);
+    std::uniform_real_distribution<double> mantisa(-1, 1);
+    std::uniform_int_distribution<int> escala(-6, 9);
+    for (int i = 0; i < 100000; ++i) {
+        const double v = numeros::redondear(mantisa(azar) * std::pow(10.0, escala(azar)), 3);
+        // Already rounded: what is left is the C library's own writing.
+        std::array<char, 48> buf{};
+        std::snprintf(buf.data(), buf.size(), v < 0 ? "%07.3f" : "%06.3f", v);
+        ASSERT_EQ(Format(v, u"00.000").toStdString(), buf.data());
+    }
+    EXPECT_EQ(Format(-1.5, QString(60, u'0') + QLatin1String(".00")).toStdString(),
+              "-" + std::string(59, '0') + "1.50");
+    EXPECT_EQ(Format(1.5, QStringLiteral("0.") + QString(20, u'0')).toStdString(), "1.50000000000000000000");
+}
+
 TEST(Format, AMaskWithoutIntegerDigitsShowsNoneBelowOne) {
     const ConSeparador punto(u'.');
     EXPECT_EQ(Format(0.25, u".00"), QStringLiteral(".25"));
