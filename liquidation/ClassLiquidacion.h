@@ -46,8 +46,8 @@ class ClassLiquidacion {
     QString ItemIdPais;
     QString ItemEstadoMercaderia;
     QString ItemLista;
-    bool ItemLISTA_MERCOSUR = false;
     double ItemCoeficienteExportacion = 0;
+    bool ItemLISTA_MERCOSUR = false;
     bool ItemCalcularCoeficienteExportacion = false;
     bool ItemMineria = false;
     double ItmImportacionTemporal = 0;
@@ -60,7 +60,6 @@ class ClassLiquidacion {
 
     // Nomenclature
     double NcmDerechodeImportacionExtrazona = 0;
-    bool NcmDerechodeImportacionExtrazonaForce = false;
     double NcmTasaEstadistica = 0;
     double ncmCantidadDerechoEspecifico = 0;
     double NcmDerechodeExpo = 0;
@@ -74,6 +73,7 @@ class ClassLiquidacion {
     double ncmMineriaTasaLey = 0;
     double ncmDIEMCHINAValor = 0;
     bool ncmCalculaDIEMCHINA = false;
+    bool NcmDerechodeImportacionExtrazonaForce = false;  ///< the row's own duty outranks the common tariff
     double ncmDIEMPREFPorcValor = 0;
     double ncmDIEMIndMaxArancelValor = 0;
     /// Takes the text of the additional rate; a text that is no number is 0.
