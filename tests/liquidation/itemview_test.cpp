@@ -1,7 +1,6 @@
 // What the item screen is given: the page of item 0, that of any other item, and what ends a load.
 
 #include "liquidation/itemview.h"
-#include "frame/numbers.h"
 #include "header/automotive.h"
 #include "tests/liquidation/operacion.h"
 
@@ -11,16 +10,6 @@ using L = QLatin1String;
 
 class Vista : public OperacionDePrueba {
  protected:
-    void SetUp() override {
-        antes_ = numeros::separadorDecimal();
-        OperacionDePrueba::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
-    }
-    void TearDown() override {
-        numeros::fijarSeparadorDecimal(antes_);
-        OperacionDePrueba::TearDown();
-    }
-
     VistaDeItem ver(const char *item, bool pagina = false) {
         calculo = std::make_unique<ClassLiquidacion>(*ctx, L(clave));
         return VerDetalleITEM(*ctx, L(clave), L(item), pagina, *calculo,
@@ -36,9 +25,6 @@ class Vista : public OperacionDePrueba {
     static std::string campo(const VistaDeItem &v, const char *control) {
         return v.campo(L(control)).toStdString();
     }
-
- private:
-    QChar antes_;
 };
 EN_AMBOS_STORES(Vista);
 

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "liquidation/review.h"
+#include "tests/liquidation/separador.h"
 #include "tests/support/tienda.h"
 
 /// Columns and their SQL literals.
@@ -54,4 +55,5 @@ class OperacionDePrueba : public EnAmbosStores {
 
     std::unique_ptr<ClassLiquidacion> calculo;
     QStringList estados;
+    SeparadorDePrueba separador;
 };

@@ -117,15 +117,11 @@ class ConSeparador : public CalculoDePrueba, public ::testing::WithParamInterfac
         CalculoDePrueba::SetUp();
         numeros::fijarSeparadorDecimal(QLatin1Char(GetParam()));
     }
-    void TearDown() override { numeros::fijarSeparadorDecimal(antes_); }
 
     /// The whole part, the separator under test and a five.
     static QString conComa(const char *entero) {
         return L(entero) + QLatin1Char(GetParam()) + QStringLiteral("5");
     }
-
- private:
-    QChar antes_ = numeros::separadorDecimal();
 };
 
 TEST_P(ConSeparador, ThePercentageComesBackInTheWorkstationsForm) {
@@ -151,9 +147,9 @@ TEST_P(ConSeparador, TheTextUtilityKnowsBothSeparators) {
         EXPECT_EQ(t, vuelto) << "the caller's own text changes";
     }
     QString varios = QStringLiteral("1.234,5");
-    const QString separador{QLatin1Char(GetParam())};
+    const QString signo{QLatin1Char(GetParam())};
     EXPECT_EQ(ClassLiquidacion::ReemplazarSeparadorDecimal(varios),
-              QStringLiteral("1") + separador + QStringLiteral("234") + separador + QStringLiteral("5"));
+              QStringLiteral("1") + signo + QStringLiteral("234") + signo + QStringLiteral("5"));
 }
 
 TEST_P(ConSeparador, TheAmountsAreTheSame) {
