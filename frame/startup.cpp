@@ -36,8 +36,9 @@ std::function<bool(const QString &, const QStringList &)> iniciarPrograma =
         // A sibling program lies beside this one, or where the installation put it.
         const QString ruta =
             QDir::fromNativeSeparators(QString(programa).replace(QLatin1Char('\\'), QLatin1Char('/')));
-        const QString propio = QStandardPaths::findExecutable(QFileInfo(ruta).completeBaseName(),
-                                                              {QCoreApplication::applicationDirPath()});
+        const QString propio =
+            QStandardPaths::findExecutable(QFileInfo(ruta).completeBaseName(),
+                                           {QCoreApplication::applicationDirPath(), QFileInfo(ruta).path()});
         return QProcess::startDetached(propio.isEmpty() ? ruta : propio, argumentos);
     };
 
@@ -91,8 +92,10 @@ int ControlarVersionDelStore(AppContext &ctx) {
         version = LeerVersionDelStore(ctx);
         if (version < versionMinima) {
             ctx.dialogos.informar(QStringLiteral("Se necesita actualizar la base de datos"));
-            iniciarPrograma(qEnvironmentVariable("ProgramFiles") + L("\\Zendra\\DbUpgrade3.exe"),
-                            {QStringLiteral("--perfil"), ctx.DataManager.rutaDelPerfil()});
+            const QString perfil = ctx.DataManager.rutaDelPerfil();
+            iniciarPrograma(
+                qEnvironmentVariable("ProgramFiles") + L("\\Zendra\\DbUpgrade3.exe"),
+                perfil.isEmpty() ? QStringList() : QStringList{QStringLiteral("--perfil"), perfil});
         }
     } catch (const ErrorDeStore &) {
         // Start-up goes on without the prompt.

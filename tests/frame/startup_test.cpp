@@ -4,11 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTcpServer>
+#include <QTest>
 
+#include "frame/ini.h"
 #include "tests/support/tienda.h"
 
 namespace {
@@ -135,7 +138,67 @@ TEST_P(Arranque, AnUpgradeProgramThatIsNotThereFallsUnderTheSameSilence) {
     EXPECT_EQ(registro.mensajes.size(), 1U);
 }
 
+TEST_P(Arranque, TheUpgradeProgramIsFoundWhereTheInstallationPutIt) {
+    QDir().mkpath(tienda->carpeta() + L("/Programas/Zendra"));
+    const QString marca = tienda->carpeta() + L("/marca");
+    QFile programa(tienda->carpeta() + L("/Programas/Zendra/DbUpgrade3"));
+    ASSERT_TRUE(programa.open(QIODevice::WriteOnly));
+    programa.write("#!/bin/sh\necho \"$@\" > '" + marca.toUtf8() + ".parte'\nmv '" + marca.toUtf8() +
+                   ".parte' '" + marca.toUtf8() + "'\n");
+    programa.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+    programa.close();
+    QString programas = tienda->carpeta() + L("/Programas");
+    qputenv("ProgramFiles", programas.replace(QLatin1Char('/'), QLatin1Char('\\')).toUtf8());
+    iniciarPrograma = original;
+    ejecutar(QStringLiteral("delete from version"));
+    ControlarVersionDelStore(*ctx);
+    ASSERT_TRUE(QTest::qWaitFor([&marca] { return QFile::exists(marca); }, 20000));
+    QFile escrita(marca);
+    ASSERT_TRUE(escrita.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(escrita.readAll()).trimmed(), L("--perfil ") + tienda->perfil());
+}
+
 EN_AMBOS_STORES(Arranque);
+
+TEST(ArranqueSinPerfil, AnEmptyAnswerGoesOnWithTheConfigurationBesideTheProgramAndTheStoresThere) {
+    QLocale anterior;
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
+    const Tienda tienda(QStringLiteral("ACCESS"));
+    // Two profiles to choose from, and none chosen; the stores lie in the folder "db" beside the program.
+    const QString carpeta = tienda.carpeta();
+    QDir().mkpath(carpeta + L("/db"));
+    for (const QFileInfo &store : QDir(carpeta).entryInfoList({QStringLiteral("*.db")}))
+        ASSERT_TRUE(QFile::copy(store.filePath(), carpeta + L("/db/") + store.fileName()));
+    ASSERT_TRUE(QFile::copy(tienda.perfil(), carpeta + L("/Otro.perfil.ini")));
+    ASSERT_TRUE(EscribirIni(QStringLiteral("GENERAL"), QStringLiteral("LISTADO"), QStringLiteral("1"),
+                            carpeta + L("/ZENDRA.ini")));
+    AppContext nuevo;
+    nuevo.ajustes = Ajustes(carpeta + L("/otros.ini"));
+    nuevo.ProgramFolder = carpeta + QLatin1Char('/');
+    nuevo.DataManager.carpetas = {carpeta};
+    nuevo.DataManager.elegir = [](const std::vector<PerfilEncontrado> &) { return -1; };
+    Arrancar(nuevo);
+    EXPECT_TRUE(nuevo.ProfileIniPath.isEmpty());
+    EXPECT_EQ(nuevo.ConfigFilePath, carpeta + L("/ZENDRA.ini"));
+    EXPECT_EQ(nuevo.opciones.LISTADO, 1);
+    EXPECT_EQ(LeerVersionDelStore(nuevo), versionMinima);
+    EXPECT_TRUE(nuevo.DataManager.obtenerNombreDePerfilSeleccionado().isEmpty());
+    EXPECT_TRUE(
+        TituloDelMarco(nuevo.DataManager.obtenerNombreDePerfilSeleccionado(), 3, 5, 1, QStringLiteral("PC1"))
+            .startsWith(L("Zendra Windows - v")));
+    // The upgrade program has no profile to be told.
+    Ejecutar(nuevo, QStringLiteral("INTERNOS"), QStringLiteral("delete from version"));
+    const auto original = iniciarPrograma;
+    QStringList argumentos{QStringLiteral("?")};
+    iniciarPrograma = [&argumentos](const QString &, const QStringList &a) {
+        argumentos = a;
+        return true;
+    };
+    ControlarVersionDelStore(nuevo);
+    iniciarPrograma = original;
+    EXPECT_TRUE(argumentos.isEmpty());
+    QLocale::setDefault(anterior);
+}
 
 TEST(TituloDelMarco, NamesProfileVersionAndWorkstation) {
     EXPECT_EQ(TituloDelMarco(QStringLiteral("Despachos"), 3, 4, 72, QStringLiteral("PC1")),
