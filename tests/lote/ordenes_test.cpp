@@ -1,0 +1,351 @@
+// The commands of the batch program, on the demonstration operations of both stores.
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QJsonArray>
+
+#include "frame/startup.h"
+#include "tests/lote/corrida.h"
+#include "tests/support/tienda.h"
+
+namespace {
+
+using L = QLatin1String;
+
+class Ordenes : public EnAmbosStores {
+ protected:
+    void SetUp() override {
+        EnAmbosStores::SetUp();
+        configurar("IVARIN=21\r\nIVARNI=10,5\r\n");
+    }
+    bool conDemostracion() const override { return true; }
+
+    QString en(const char *nombre) const { return tienda->carpeta() + QLatin1Char('/') + L(nombre); }
+    /// The configuration file that goes with the profile.
+    void configurar(const QByteArray &general) const {
+        const QByteArray carpeta = tienda->carpeta().toUtf8() + '/';
+        Escribir(tienda->carpeta(), QStringLiteral("Prueba.perfil.cfg"),
+                 "[BASESERVER]\r\nINTERNO=" + carpeta + "\r\nPERSONAL=" + carpeta + "\r\nNCM=" + carpeta +
+                     "\r\nESTADO=" + carpeta + "\r\n[BASELOCAL]\r\nUSUARIO=" + carpeta + "\r\n[GENERAL]\r\n" +
+                     general);
+    }
+    Corrida lote(const QStringList &orden, const char *respuestas = "", const char *opciones = "") const {
+        QStringList argumentos{"--perfil", tienda->perfil(), "--ajustes", en("lote.ini")};
+        if (*respuestas != '\0')
+            argumentos << "--respuestas"
+                       << Escribir(tienda->carpeta(), QStringLiteral("respuestas.json"), respuestas);
+        if (*opciones != '\0')
+            argumentos << "--opciones"
+                       << Escribir(tienda->carpeta(), QStringLiteral("opciones.json"), opciones);
+        const Corrida c = Lote(tienda->carpeta(), argumentos + orden);
+        EXPECT_EQ(c.errores, QString());
+        EXPECT_TRUE(c.ilegibles.isEmpty()) << c.ilegibles.join('\n').toStdString();
+        EXPECT_FALSE(c.lineas.empty());
+        EXPECT_EQ(c.resultado().value(L("resultado")).toString(), orden[0]);
+        EXPECT_EQ(c.resultado().value(L("estado")).toInt(), c.estado);
+        return c;
+    }
+    /// Sets the armed mark and arms.
+    Corrida armar(const char *clave, const char *respuestas = "", const char *opciones = "") {
+        ejecutar(L("update caratula set factura8 = 'S' where interno = '") + L(clave) + L("'"));
+        const Corrida c = lote({"armar", L(clave)}, respuestas, opciones);
+        EXPECT_EQ(c.estado, 0) << c.textos().join('\n').toStdString();
+        EXPECT_EQ(c.resultado().value(L("armado")).toString(), L("SI"));
+        return c;
+    }
+    int cuantas(const char *tabla, const char *clave, const char *cola = "") {
+        return valor(L("select count(*) as n from ") + L(tabla) + L(" where interno = '") + L(clave) +
+                     L("'") + L(cola))
+            .toInt();
+    }
+};
+
+TEST_P(Ordenes, ArmingEndsWithItsResultAndGivesTheOperationBack) {
+    const Corrida c = lote({"armar", "IC-2026-0001"});
+    EXPECT_EQ(c.estado, 0);
+    const QJsonObject r = c.resultado();
+    EXPECT_EQ(r.value(L("interno")).toString(), L("IC-2026-0001"));
+    EXPECT_EQ(r.value(L("armado")).toString(), L("SI"));
+    EXPECT_TRUE(r.value(L("corrida")).toBool());
+    // 25 lines; five pairs and one line more fold, a proration code parts none of the groups of a position.
+    EXPECT_EQ(r.value(L("grupos")).toInt(), cuantas("groupsubitems", "IC-2026-0001"));
+    EXPECT_EQ(r.value(L("items")).toInt(), cuantas("item", "IC-2026-0001", " and id<>0"));
+    EXPECT_GT(r.value(L("items")).toInt(), 0);
+    EXPECT_GT(cuantas("itemliq", "IC-2026-0001"), 0);
+    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IC-2026-0001'")), L("N"));
+    EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0) << "the lock is given back";
+}
+
+TEST_P(Ordenes, AnArmedOperationIsNotArmedAgainUnlessForced) {
+    armar("IT-2026-0003");
+    ejecutar(QStringLiteral("update item set descripcion = 'seña' where interno = 'IT-2026-0003'"));
+    Corrida c = lote({"armar", "IT-2026-0003"});
+    EXPECT_EQ(c.resultado().value(L("armado")).toString(), L("SI"));
+    EXPECT_FALSE(c.resultado().value(L("corrida")).toBool());
+    EXPECT_GT(cuantas("item", "IT-2026-0003", " and descripcion = 'seña'"), 0) << "untouched";
+    c = lote({"--forzar", "armar", "IT-2026-0003"});
+    EXPECT_TRUE(c.resultado().value(L("corrida")).toBool());
+    EXPECT_EQ(cuantas("item", "IT-2026-0003", " and descripcion = 'seña'"), 0);
+}
+
+TEST_P(Ordenes, RecalculatingWritesTheDutiesAndTellsTheTotals) {
+    armar("IC-2026-0001");
+    const Corrida c = lote({"liquidar", "IC-2026-0001"});
+    EXPECT_EQ(c.estado, 0);
+    // Item 3, screws: base 703.9494 (604.80 euros at 1.085, freight 39.08, insurance 6.82 at 1.27). Duty of
+    // 25 % 175.99, statistics of 3 % 21.12, VAT of 21 % on 901.0594: 189.22.
+    ejecutar(QStringLiteral("update caratula set factura8 = 'S' where interno = 'IC-2026-0001'"));
+    lote({"armar", "IC-2026-0001"}, "", R"({"ARMARITEM":1})");
+    const Corrida r = lote({"liquidar", "IC-2026-0001"});
+    EXPECT_EQ(filas(QStringLiteral("select idconceptos,total from itemliq where interno = 'IC-2026-0001' and "
+                                   "iditem = 3 and idconceptos in ('010','011','415') order by idconceptos"))
+                  .toStdString(),
+              "010|175.99\n011|21.12\n415|189.22");
+    const QJsonObject fin = r.resultado();
+    // What the program tells in the workstation's separator is what the totals hold.
+    EXPECT_EQ(fin.value(L("totalP")).toString().replace(',', '.').toDouble(),
+              valor(QStringLiteral("select sum(total) as t from liqcero where interno = 'IC-2026-0001' and "
+                                   "pgc = 'P'"))
+                  .toDouble());
+    EXPECT_EQ(fin.value(L("totalG")).toString(), L("00,00"));
+    EXPECT_EQ(fin.value(L("totalC")).toString(), L("00,00"));
+    EXPECT_EQ(
+        fin.value(L("conceptos")).toArray().size(),
+        valor(QStringLiteral("select count(*) as n from liqcero where interno = 'IC-2026-0001'")).toInt());
+    EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
+}
+
+TEST_P(Ordenes, AnOperationThatWasNeverArmedCannotBeRecalculated) {
+    const Corrida c = lote({"liquidar", "IC-2026-0001"});
+    EXPECT_EQ(c.estado, 1);
+    ASSERT_EQ(c.textos().size(), 1);
+    EXPECT_TRUE(c.textos()[0].contains(L("IC-2026-0001"))) << c.textos()[0].toStdString();
+    EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
+}
+
+TEST_P(Ordenes, CheckingTellsTheDifferencesAsAReport) {
+    armar("IC-2026-0001");
+    Corrida c = lote({"comprobar", "IC-2026-0001"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_FALSE(c.resultado().value(L("diferencias")).toBool());
+    EXPECT_TRUE(c.mensajes().empty());
+    ejecutar(QStringLiteral("update item set idpais = '999' where interno = 'IC-2026-0001' and id = 1"));
+    c = lote({"comprobar", "IC-2026-0001"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_TRUE(c.resultado().value(L("diferencias")).toBool());
+    ASSERT_EQ(c.mensajes().size(), 1U);
+    EXPECT_EQ(c.mensajes()[0].value(L("tipo")).toString(), L("informe"));
+    EXPECT_EQ(c.mensajes()[0].value(L("titulo")).toString(),
+              L("Zendra v3 - Reporte de Diferencias Encontradas."));
+    EXPECT_TRUE(c.textos()[0].contains(L("ITEM=999"))) << c.textos()[0].toStdString();
+}
+
+TEST_P(Ordenes, CreatingWritesHeaderAndSettingsAndRefusesAKeyThatExists) {
+    Corrida c = lote({"crear", " Ñandú/1 "});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_TRUE(c.resultado().value(L("creado")).toBool());
+    EXPECT_EQ(c.resultado().value(L("interno")).toString(), QStringLiteral("Ñandú/1"));
+    EXPECT_EQ(valor(QStringLiteral("select ONCCAHabilitado from caratula where interno = 'Ñandú/1'")),
+              L("N"));
+    EXPECT_EQ(Ajustes(en("lote.ini"))
+                  .Leer(QStringLiteral("ZENDRA"), QStringLiteral("Ñandú/1"), QStringLiteral("FLAG7")),
+              L("1"));
+    c = lote({"crear", "ÑANDÚ/1"});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_EQ(c.textos(), QStringList{QStringLiteral("El Código de interno ya existe.")});
+    EXPECT_FALSE(c.resultado().value(L("creado")).toBool());
+}
+
+TEST_P(Ordenes, DeletingAsksAndOnlyYesRemoves) {
+    for (const char *respuestas : {"", R"(["No"])", R"(["Tal vez"])"}) {
+        const Corrida c = lote({"borrar", "IT-2026-0003"}, respuestas);
+        EXPECT_EQ(c.estado, 0);
+        EXPECT_FALSE(c.resultado().value(L("borrado")).toBool());
+        EXPECT_EQ(c.textos(), QStringList{QStringLiteral("Confirma eliminar el interno IT-2026-0003")});
+    }
+    EXPECT_EQ(cuantas("caratula", "IT-2026-0003"), 1);
+    const Corrida c = lote({"borrar", "IT-2026-0003"}, R"(["Si"])");
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_TRUE(c.resultado().value(L("borrado")).toBool());
+    EXPECT_EQ(cuantas("caratula", "IT-2026-0003"), 0);
+    EXPECT_EQ(cuantas("subitems", "IT-2026-0003"), 0);
+    EXPECT_EQ(cuantas("caratula", "IC-2026-0001"), 1);
+}
+
+TEST_P(Ordenes, ListingGivesEveryOperationALine) {
+    configurar("OPERACIONESMOSTRARTODO=N\r\n");
+    for (int n = 0; n < 60; ++n)
+        ejecutar(QStringLiteral("insert into caratula (interno) values ('Z%1')").arg(n));
+    const Corrida c = lote({"listar"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_EQ(c.resultado().value(L("cantidad")).toInt(), 65) << "the fifty of the screen are the screen's";
+    ASSERT_EQ(c.mensajes().size(), 65U);
+    for (const QJsonObject &o : c.mensajes()) EXPECT_EQ(o.value(L("tipo")).toString(), L("operacion"));
+    const QJsonObject o = c.mensajes()[2];
+    EXPECT_EQ(o.value(L("interno")).toString(), L("IC-2026-0001"));
+    EXPECT_EQ(o.value(L("clase")).toString(), L("Importacion"));
+    EXPECT_EQ(o.value(L("subregimen")).toString(), L("IC04"));
+    EXPECT_EQ(o.value(L("cliente")).toString(), L("HIDRAULICA DEL PLATA S.A."));
+    EXPECT_TRUE(o.value(L("detalle")).toString().endsWith(L("Creado : lunes, 12 de enero de 2026")));
+    EXPECT_EQ(Ajustes(en("lote.ini"))
+                  .Leer(QStringLiteral("ZENDRA"), QStringLiteral("APLICACION"), QStringLiteral("INTERNO_NRO"),
+                        QStringLiteral("<nada>")),
+              L("<nada>"))
+        << "what the browser looked for last is the browser's";
+}
+
+TEST_P(Ordenes, AKeyThatIsNotThereIsToldByEveryCommandThatNeedsIt) {
+    for (const char *comando : {"armar", "liquidar", "comprobar", "borrar"}) {
+        const Corrida c = lote({L(comando), "NO-HAY"});
+        EXPECT_EQ(c.estado, 1) << comando;
+        ASSERT_EQ(c.textos().size(), 1) << comando;
+        EXPECT_TRUE(c.textos()[0].contains(L("NO-HAY"))) << c.textos()[0].toStdString();
+        EXPECT_EQ(cuantas("interno", "NO-HAY"), 0) << comando;
+    }
+}
+
+TEST_P(Ordenes, EveryMessageAndQuestionIsALineWithItsFiveMembers) {
+    const QStringList miembros{"icono", "respuesta", "texto", "tipo", "titulo"};
+    int vistos = 0;
+    for (const char *clave : {"EC-2026-0002", "DJAI-2026-0004", "ICR-2026-0005"}) {
+        for (const QJsonObject &o : armar(clave).mensajes()) {
+            EXPECT_EQ(o.keys(), miembros) << clave;
+            ++vistos;
+        }
+    }
+    EXPECT_GE(vistos, 6);
+    const std::vector<QJsonObject> liquidada = lote({"liquidar", "ICR-2026-0005"}).mensajes();
+    ASSERT_EQ(liquidada.size(), 1U);
+    EXPECT_EQ(liquidada[0].value(L("tipo")).toString(), L("pregunta"));
+    EXPECT_EQ(liquidada[0].value(L("titulo")).toString(), QStringLiteral(" Régimen Automotriz"));
+    EXPECT_EQ(liquidada[0].value(L("respuesta")).toString(), L("No"));
+    EXPECT_EQ(liquidada[0].value(L("opciones")).toArray().size(), 2);
+}
+
+TEST_P(Ordenes, AnswersAreConsumedInOrderAndBehindTheLastStandNoAndTheEmptyText) {
+    // The automotive import types its number in one box; nothing behind it asks.
+    Corrida c = armar("ICR-2026-0005", R"(["26001ICR3000123A","Si"])");
+    QStringList dichas;
+    for (const QJsonObject &o : c.mensajes())
+        if (!o.value(L("respuesta")).isNull()) dichas << o.value(L("respuesta")).toString();
+    EXPECT_EQ(dichas.join('|').toStdString(), "26001ICR3000123A");
+    c = armar("ICR-2026-0005");
+    dichas.clear();
+    for (const QJsonObject &o : c.mensajes())
+        if (!o.value(L("respuesta")).isNull()) dichas << o.value(L("respuesta")).toString();
+    EXPECT_EQ(dichas.join('|').toStdString(), "");
+    EXPECT_EQ(dichas.size(), 1);
+
+    c = armar("EC-2026-0002", R"(["Si"])");
+    ASSERT_EQ(c.mensajes().size(), 1U);
+    EXPECT_EQ(c.mensajes()[0].value(L("respuesta")).toString(), L("Si"));
+    c = armar("EC-2026-0002");
+    EXPECT_EQ(c.mensajes()[0].value(L("respuesta")).toString(), L("No"));
+}
+
+TEST_P(Ordenes, TheAutomotiveAnswerIsKeptAndNotAskedAgain) {
+    armar("ICR-2026-0005");
+    EXPECT_EQ(lote({"liquidar", "ICR-2026-0005"}, R"(["R"])").mensajes().size(), 1U);
+    EXPECT_EQ(lote({"liquidar", "ICR-2026-0005"}).mensajes().size(), 0U);
+}
+
+TEST_P(Ordenes, AnotherWorkstationsLockStopsTheWorkAndAStaleOneOfThisDoesNot) {
+    ejecutar(
+        QStringLiteral("insert into interno (interno,maquina,usuario,fecha) values ('IT-2026-0003',"
+                       "'ADUANA-7','','2026-01-12 10:30:00')"));
+    for (const char *comando : {"armar", "liquidar"}) {
+        const Corrida c = lote({L(comando), "IT-2026-0003"});
+        EXPECT_EQ(c.estado, 1) << comando;
+        EXPECT_EQ(c.textos(),
+                  QStringList{"Este interno esta abierto por la PC: ADUANA-7\r\n\r\nAccedido el lunes, 12 de "
+                              "enero de 2026"});
+    }
+    EXPECT_EQ(cuantas("item", "IT-2026-0003"), 0);
+    EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 1) << "the lock stays";
+    ejecutar(L("update interno set maquina = '") + NombreDeLaPC() + L("'"));
+    const Corrida c = lote({"armar", "IT-2026-0003"});
+    EXPECT_EQ(c.estado, 0);
+    ASSERT_FALSE(c.textos().isEmpty());
+    EXPECT_TRUE(c.textos()[0].startsWith(L("El estado de INTERNO indica que el mismo esta abierto.")));
+    EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 0);
+}
+
+TEST_P(Ordenes, AStoreThatFailsOnTheWayIsAMessageAndStatusOneAndTheLockIsGivenBack) {
+    ejecutar(QStringLiteral("alter table iteminfo rename to escondida"));
+    Corrida c = lote({"armar", "IT-2026-0003"});
+    EXPECT_EQ(c.estado, 1);
+    ASSERT_FALSE(c.mensajes().empty());
+    EXPECT_EQ(c.mensajes().back().value(L("icono")).toString(), L("critico"));
+    EXPECT_TRUE(c.textos().last().contains(L("iteminfo"))) << c.textos().last().toStdString();
+    EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 0);
+    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IT-2026-0003'")), L("S"))
+        << "still to be armed";
+    ejecutar(QStringLiteral("alter table escondida rename to iteminfo"));
+    c = lote({"armar", "IT-2026-0003"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_EQ(c.resultado().value(L("armado")).toString(), L("SI"));
+
+    ejecutar(QStringLiteral("alter table sta rename to escondida"), QStringLiteral("SYSTABLAS"));
+    c = lote({"liquidar", "IT-2026-0003"});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_FALSE(c.textos().isEmpty());
+    EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 0);
+}
+
+TEST_P(Ordenes, AKeyWithAQuoteIsToldInTheEnginesWords) {
+    for (const char *comando : {"crear", "armar", "borrar"}) {
+        const Corrida c = lote({L(comando), "O'Higgins"});
+        EXPECT_EQ(c.estado, 1) << comando;
+        ASSERT_EQ(c.textos().size(), 1) << comando;
+        EXPECT_TRUE(c.textos()[0].contains(L("syntax error"))) << c.textos()[0].toStdString();
+    }
+}
+
+TEST_P(Ordenes, SettingsElsewhereTouchNothingOfTheUsers) {
+    lote({"crear", "N1"});
+    armar("IC-2026-0001");
+    lote({"liquidar", "IC-2026-0001"});
+    lote({"borrar", "N1"}, R"(["Si"])");
+    lote({"listar"});
+    const auto archivos = [this] {
+        QStringList todos;
+        for (QDirIterator d(en("casa"), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+             d.hasNext();)
+            todos << d.next();
+        return todos;
+    };
+    EXPECT_TRUE(archivos().isEmpty()) << archivos().join('\n').toStdString();
+    EXPECT_TRUE(QFile::exists(en("lote.ini")));
+    // Without the option it is the user's own area.
+    const Corrida c = Lote(tienda->carpeta(), {"--perfil", tienda->perfil(), "crear", "N2"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_EQ(archivos().size(), 1) << archivos().join('\n').toStdString();
+}
+
+TEST_P(Ordenes, TheTraceTellsTimeRowsEntityAndText) {
+    const Corrida c = Lote(tienda->carpeta(), {"--perfil", tienda->perfil(), "--ajustes", en("lote.ini"),
+                                               "--traza", en("traza.txt"), "comprobar", "IC-2026-0001"});
+    EXPECT_EQ(c.estado, 0);
+    QFile f(en("traza.txt"));
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QStringList lineas = QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts);
+    ASSERT_FALSE(lineas.isEmpty());
+    int cabeceras = 0;
+    for (const QString &linea : lineas) {
+        const QStringList partes = linea.split('\t');
+        ASSERT_EQ(partes.size(), 4) << linea.toStdString();
+        EXPECT_GE(partes[0].toLongLong(), 0);
+        if (partes[3].startsWith(L("Select DCPaisOrigen"))) {
+            ++cabeceras;
+            EXPECT_EQ(partes[2], L("INTERNOS"));
+            EXPECT_EQ(partes[1], L("1"));
+        }
+    }
+    EXPECT_EQ(cabeceras, 1);
+}
+
+EN_AMBOS_STORES(Ordenes);
+
+}  // namespace
