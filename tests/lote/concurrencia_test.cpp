@@ -12,6 +12,12 @@ namespace {
 
 using L = QLatin1String;
 
+/// The server sums rows in the order they lie in, so the last digits of a sum are not those of another store.
+QString celda(const QVariant &v) {
+    constexpr int cifras = 12;
+    return v.typeId() == QMetaType::Double ? QString::number(v.toDouble(), 'g', cifras) : EsNull(v);
+}
+
 /// A store with the demonstration, whose operations carry many times their lines.
 struct Puesto {
     explicit Puesto(const char *etiqueta) : tienda(L(etiqueta), true), ctx(tienda.contexto(registro)) {
@@ -76,7 +82,7 @@ struct Puesto {
                     const QString columna = rs.nombreDeColumna(c);
                     const bool dada = columna == L("zfila") || columna == L("idsub") ||
                                       (columna == L("id") && L(tabla) == L("subitems"));
-                    if (!dada) celdas << EsNull(rs.Fields(c).Value);
+                    if (!dada) celdas << celda(rs.Fields(c).Value);
                 }
                 lineas << celdas.join(QLatin1Char('|'));
             }
