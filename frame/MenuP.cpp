@@ -12,6 +12,7 @@
 #include "frame/ui/iconos.h"
 #include "frame/ui/ventana.h"
 #include "operations/FrmInternoNew.h"
+#include "siblings/FrmClientes.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ struct EntradaDeMenu {
 
 const std::array<EntradaDeMenu, 7> entradas{{
     {u"Operaciones", Dibujo::Operacion, [] { Pantalla<FrmInternoNew>().Mostrar(); }},
-    {u"Clientes", Dibujo::Clientes, nullptr},
+    {u"Clientes", Dibujo::Clientes, [] { Pantalla<FrmClientes>().Mostrar(); }},
     {u"Nomenclador", Dibujo::Nomenclador, nullptr},
     {u"Catálogos", Dibujo::Catalogos, nullptr},
     {u"Configuración", Dibujo::Configuracion, nullptr},

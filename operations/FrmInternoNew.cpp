@@ -10,9 +10,11 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/iconos.h"
 #include "frame/ui/ventana.h"
+#include "header/FrmListadoDespachante.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmInternoNewFila.h"
 #include "operations/lifecycle.h"
+#include "siblings/FrmClientes.h"
 
 namespace {
 
@@ -111,10 +113,11 @@ void FrmInternoNew::Conectar() {
     // A field's own keys first: the helper would take ENTER for TAB. The filter bound last hears first.
     for (QLineEdit *campo : {ui.txtInterno, ui.txtCliente, ui.txtDespachante}) ClCntrl::Vincular(campo);
     EscucharTeclas(ui.txtInterno, [this](QKeyEvent *tecla) { return txtInterno_KeyDown(tecla); });
-    EscucharTeclas(ui.txtCliente,
-                   [this](QKeyEvent *tecla) { return filtro_KeyDown(ui.txtCliente, ui.lbCliente, tecla); });
+    EscucharTeclas(ui.txtCliente, [this](QKeyEvent *tecla) {
+        return filtro_KeyDown(ui.txtCliente, ui.lbCliente, tecla, [this] { SeleccionarCliente(); });
+    });
     EscucharTeclas(ui.txtDespachante, [this](QKeyEvent *tecla) {
-        return filtro_KeyDown(ui.txtDespachante, ui.lbDespachante, tecla);
+        return filtro_KeyDown(ui.txtDespachante, ui.lbDespachante, tecla, [this] { BuscarDespachante(); });
     });
     EscucharTeclas(ui.lstInterno, [this](QKeyEvent *tecla) { return lstInterno_KeyDown(tecla); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
@@ -180,7 +183,7 @@ void FrmInternoNew::Agrupar() {
     ui.lstInterno->expandAll();
     constexpr int anchos[] = {4, 18, 12, 30, 34};
     const int letra = ui.lstInterno->fontMetrics().averageCharWidth();
-    for (int c = flag; c < Vendedor; ++c) {
+    for (int c = flag; c < Columna::Vendedor; ++c) {
         const int sangria = c == flag && por.campo != nullptr ? 2 * ui.lstInterno->indentation() : 16;
         const int rotulo = ui.lstInterno->header()->sectionSizeHint(c);
         ui.lstInterno->setColumnWidth(c, std::max(letra * anchos[c] + sangria, rotulo));
@@ -238,15 +241,32 @@ bool FrmInternoNew::txtInterno_KeyDown(const QKeyEvent *tecla) {
     return true;
 }
 
-bool FrmInternoNew::filtro_KeyDown(QLineEdit *campo, QLabel *nombre, const QKeyEvent *tecla) {
+bool FrmInternoNew::filtro_KeyDown(QLineEdit *campo, QLabel *nombre, const QKeyEvent *tecla,
+                                   const std::function<void()> &listar) {
     if (tecla->key() == Qt::Key_F6) {
-        NoDisponible(Contexto());
+        listar();
         return true;
     }
     if (tecla->key() != Qt::Key_Delete) return false;
     campo->clear();
     nombre->clear();
     return true;
+}
+
+void FrmInternoNew::SeleccionarCliente() {
+    QString cuit;
+    QString nombre;
+    if (!::SeleccionarCliente(cuit, nombre)) return;
+    ui.txtCliente->setText(cuit);
+    ui.lbCliente->setText(nombre);
+}
+
+void FrmInternoNew::BuscarDespachante() {
+    QString cuit;
+    QString nombre;
+    if (!ListarDespachantes(cuit, nombre)) return;
+    ui.txtDespachante->setText(cuit);
+    ui.lbDespachante->setText(nombre);
 }
 
 void FrmInternoNew::Crear() {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QMenu>
 #include <QStandardItemModel>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -39,7 +40,10 @@ class FrmInternoNew {
     bool Form_KeyDown(const QKeyEvent *tecla);
     bool lstInterno_KeyDown(const QKeyEvent *tecla);
     bool txtInterno_KeyDown(const QKeyEvent *tecla);
-    bool filtro_KeyDown(QLineEdit *campo, QLabel *nombre, const QKeyEvent *tecla);
+    bool filtro_KeyDown(QLineEdit *campo, QLabel *nombre, const QKeyEvent *tecla,
+                        const std::function<void()> &listar);
+    void SeleccionarCliente();
+    void BuscarDespachante();
     void Crear();
     void Copiar();
     void Eliminar();

@@ -52,6 +52,7 @@ struct Ficha {
     QString ingbru;  ///< percent of gross income tax
     bool ExcepLAPIAEC = false;
     std::vector<Ventaja> ventajas;
+    bool operator==(const Ficha &) const = default;
 };
 
 /// The record as stored; nothing when the number is not kept. Raises ErrorDeStore.

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -37,18 +36,6 @@ class Capturas : public EnPantalla {
         // The rates of VAT that an office has in its configuration.
         ctx->opciones.IVARIN = 21;
         ctx->opciones.IVARNI = 10.5;
-    }
-    /// Saves the picture and looks for clipped texts.
-    static void foto(QWidget *ventana, const QString &nombre) {
-        QCoreApplication::processEvents();
-        const QString carpeta = CarpetaDeConstruccion() +
-                                QStringLiteral("/screenshots/%1x").arg(qRound(ventana->devicePixelRatioF()));
-        ASSERT_TRUE(QDir().mkpath(carpeta));
-        const QPixmap imagen = ventana->grab();
-        EXPECT_TRUE(imagen.save(carpeta + QLatin1Char('/') + nombre + QStringLiteral(".png")));
-        EXPECT_EQ(recortados(ventana).join(QLatin1String("; ")).toStdString(), "") << nombre.toStdString();
-        EXPECT_LE(ventana->width(), 1280) << nombre.toStdString();
-        EXPECT_LE(ventana->height(), 720) << nombre.toStdString();
     }
     void armar(const QString &interno) {
         ctx->ChequeoArmado = QStringLiteral("SI");

@@ -9,6 +9,7 @@
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
 #include "operations/FrmInternoNew.h"
+#include "siblings/FrmClientes.h"
 #include "tests/support/pantallas.h"
 
 namespace {
@@ -86,8 +87,11 @@ TEST_P(Marco, TheMenuHasItsSevenEntriesAndTheFormsUnderTheirTitle) {
 TEST_P(Marco, EntriesWithoutAScreenAreShownDisabled) {
     mostrar();
     const auto *grilla = Pantalla<MenuP>().ui.GrdMenuMain;
+    const QStringList conPantalla{QStringLiteral("Operaciones"), QStringLiteral("Clientes")};
     for (int fila = 0; fila < grilla->rowCount(); ++fila)
-        EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled), fila == 0) << fila;
+        EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled),
+                  conPantalla.contains(grilla->item(fila, 1)->text()))
+            << fila;
     const auto *formularios = Pantalla<MenuP>().ui.GridFormularios;
     for (int fila = 1; fila < formularios->rowCount(); ++fila)
         EXPECT_FALSE(formularios->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled)) << fila;
@@ -98,6 +102,14 @@ TEST_P(Marco, EnterOnTheFirstEntryShowsTheOperations) {
     tecla(Qt::Key_Return);
     ASSERT_TRUE(PantallaAbierta<FrmInternoNew>());
     EXPECT_TRUE(Pantalla<FrmInternoNew>().ventana->isVisible());
+}
+
+TEST_P(Marco, EnterOnTheSecondEntryShowsTheBookOfClients) {
+    mostrar();
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    ASSERT_TRUE(PantallaAbierta<FrmClientes>());
+    EXPECT_TRUE(Pantalla<FrmClientes>().ventana->isVisible());
 }
 
 TEST_P(Marco, TheFramesOwnMenuShowsTheOperations) {

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -129,6 +130,18 @@ QStringList recortados(QWidget *ventana) {
             }
     }
     return malos;
+}
+
+void foto(QWidget *ventana, const QString &nombre) {
+    QCoreApplication::processEvents();
+    const QString carpeta = CarpetaDeConstruccion() +
+                            QStringLiteral("/screenshots/%1x").arg(qRound(ventana->devicePixelRatioF()));
+    ASSERT_TRUE(QDir().mkpath(carpeta));
+    const QPixmap imagen = ventana->grab();
+    EXPECT_TRUE(imagen.save(carpeta + QLatin1Char('/') + nombre + QStringLiteral(".png")));
+    EXPECT_EQ(recortados(ventana).join(QLatin1String("; ")).toStdString(), "") << nombre.toStdString();
+    EXPECT_LE(ventana->width(), 1280) << nombre.toStdString();
+    EXPECT_LE(ventana->height(), 720) << nombre.toStdString();
 }
 
 QStringList ordenDeTab(QWidget *ventana) {

@@ -36,5 +36,8 @@ void conVentanaModal(const std::function<void(QWidget *)> &hacer);
 /// What a reader would not see whole: the names and texts of visible labels, buttons and headings that are
 /// narrower or lower than their text.
 QStringList recortados(QWidget *ventana);
+/// Saves a picture of the window as screenshots/<scale>x/<nombre>.png of the build folder; fails on clipped
+/// texts and on a window that is larger than 1280 by 720.
+void foto(QWidget *ventana, const QString &nombre);
 /// The names of the enabled widgets that TAB reaches from the first one, in its order, until it comes round.
 QStringList ordenDeTab(QWidget *ventana);

@@ -1,0 +1,63 @@
+#include "header/FrmListadoeX.h"
+
+#include <QAction>
+#include <QHeaderView>
+
+#include "frame/context.h"
+#include "frame/ui/ventana.h"
+
+namespace {
+
+enum Columna { ID, Descripcion };
+
+}  // namespace
+
+FrmListadoeX::FrmListadoeX() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+    ArmarMenu();
+    Conectar();
+}
+
+void FrmListadoeX::ArmarMenu() {
+    const auto boton = [this](const QString &texto, Qt::Key letra, Columna columna) {
+        QAction *accion = ui.TbBuscar->addAction(texto);
+        accion->setShortcut(QKeySequence(Qt::ALT | letra));
+        ventana->addAction(accion);
+        QObject::connect(accion, &QAction::triggered, ventana.get(), [this, columna] { Buscar(columna); });
+    };
+    boton(QStringLiteral("Buscar en &código"), Qt::Key_C, ID);
+    boton(QStringLiteral("Buscar en &descripción"), Qt::Key_D, Descripcion);
+}
+
+void FrmListadoeX::Conectar() {
+    lista_.Preparar(ui.Lst, {QStringLiteral("ID"), QStringLiteral("Descripcion")}, {},
+                    {[this] { ventana->accept(); }, {}, {}, {}});
+    ui.Lst->horizontalHeader()->setStretchLastSection(true);
+}
+
+void FrmListadoeX::Cargar(const QString &titulo, const std::vector<FilaDeListado> &filas) {
+    ventana->setWindowTitle(titulo);
+    filas_ = filas;
+    std::vector<QStringList> celdas;
+    celdas.reserve(filas.size());
+    for (const FilaDeListado &fila : filas) celdas.push_back({fila.id, fila.descripcion});
+    lista_.Cargar(celdas);
+    ui.Lst->resizeColumnsToContents();
+    ui.Lst->setFocus();
+}
+
+QString FrmListadoeX::Elegir(const QString &titulo, const std::vector<FilaDeListado> &filas) {
+    Cargar(titulo, filas);
+    if (ventana->exec() != QDialog::Accepted || lista_.Actual() < 0) return {};
+    return filas_.at(static_cast<std::size_t>(lista_.Actual())).id;
+}
+
+void FrmListadoeX::Buscar(int columna) {
+    AppContext &ctx = Contexto();
+    QStringList textos;
+    for (const FilaDeListado &fila : filas_) textos << (columna == ID ? fila.id : fila.descripcion);
+    const int fila =
+        columna == ID ? BuscarCod(ctx, textos, lista_.Actual()) : BuscarDesc(ctx, textos, lista_.Actual());
+    if (fila >= 0) lista_.Seleccionar(fila);
+    ui.Lst->setFocus();
+}
