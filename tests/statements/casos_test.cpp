@@ -1,0 +1,158 @@
+#include "tests/statements/casos.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QRegularExpression>
+#include <QStringList>
+#include <memory>
+
+#include "frame/context.h"
+#include "frame/values.h"
+#include "tests/statements/muestra.h"
+#include "tests/support/tienda.h"
+
+namespace {
+
+struct Store {
+    std::unique_ptr<Tienda> tienda;
+    Registro registro;
+    std::unique_ptr<AppContext> ctx;
+};
+
+struct Pareja {
+    Store archivos, servidor;
+};
+
+/// "{moment}" as the entity's date literal.
+QString conFechas(QString texto, const AppContext &ctx, const QString &entidad) {
+    static const QRegularExpression marca(
+        QStringLiteral("\\{(\\d{4}-\\d\\d-\\d\\d(?: \\d\\d:\\d\\d:\\d\\d)?)\\}"));
+    for (auto m = marca.match(texto); m.hasMatch(); m = marca.match(texto)) {
+        const QString fecha = m.captured(1);
+        const QDateTime momento = fecha.size() > 10
+                                      ? QDateTime::fromString(fecha, QStringLiteral("yyyy-MM-dd HH:mm:ss"))
+                                      : QDate::fromString(fecha, Qt::ISODate).startOfDay();
+        texto.replace(m.capturedStart(), m.capturedLength(),
+                      ctx.DataManager.getDateFormatbyEntity(entidad, momento));
+    }
+    return texto;
+}
+
+void llenar(Store &store, const QString &etiqueta) {
+    store.tienda = std::make_unique<Tienda>(etiqueta);
+    store.ctx = store.tienda->contexto(store.registro);
+    for (const FilaDeMuestra &fila : muestra())
+        Ejecutar(*store.ctx, QLatin1String(fila.entidad),
+                 conFechas(QString::fromUtf8(fila.texto), *store.ctx, QLatin1String(fila.entidad)));
+}
+
+Pareja &pareja() {
+    static std::unique_ptr<Pareja> una;
+    if (!una) {
+        auto nueva = std::make_unique<Pareja>();
+        llenar(nueva->archivos, QStringLiteral("ACCESS"));
+        llenar(nueva->servidor, QStringLiteral("SQL"));
+        una = std::move(nueva);
+        // While the drivers can still be loaded.
+        qAddPostRoutine([] { una.reset(); });
+    }
+    return *una;
+}
+
+QString celda(const QVariant &valor) {
+    if (valor.isNull()) return QStringLiteral("<null>");
+    return valor.typeId() == QMetaType::QString ? QLatin1Char('\'') + valor.toString() + QLatin1Char('\'')
+                                                : EsNull(valor);
+}
+
+void leer(AppContext &ctx, const QString &texto, const QString &entidad, Respuesta &r) {
+    Recordset rs;
+    Consultar(ctx, entidad, texto, rs);
+    QList<int> visibles;
+    for (int c = 0; c < rs.columnas(); ++c) {
+        if (rs.nombreDeColumna(c) == QLatin1String("zfila")) continue;
+        visibles << c;
+        // What a column without a name is called is the engine's matter.
+        const QString nombre = rs.nombreDeColumna(c).toLower();
+        static const QRegularExpression deTabla(QStringLiteral("^[a-z_0-9]+$"));
+        r.columnas << (deTabla.match(nombre).hasMatch() ? nombre : QString());
+    }
+    for (; !rs.Eof(); rs.MoveNext()) {
+        QStringList celdas;
+        for (const int c : visibles) celdas << celda(rs.Fields(c).Value);
+        r.filas << celdas.join(QLatin1Char('|'));
+    }
+}
+
+/// The table that a command writes.
+QString tablaDe(const QString &texto) {
+    static const QRegularExpression escribe(
+        QStringLiteral("^\\s*(?:update|insert\\s+into|delete\\s+from)\\s+(\\w+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    const auto m = escribe.match(texto);
+    return m.hasMatch() ? m.captured(1) : QStringLiteral("descargas");
+}
+
+Respuesta correr(AppContext &ctx, const QString &original, const QString &entidad) {
+    Respuesta r;
+    const QString texto = conFechas(original, ctx, entidad);
+    const bool lee = texto.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+    Conexion &conexion = ctx.conexion(entidad);
+    if (!lee) conexion.coneccion().transaction();
+    try {
+        if (lee) {
+            leer(ctx, texto, entidad, r);
+        } else {
+            r.tocadas = Ejecutar(ctx, entidad, texto);
+            leer(ctx, QLatin1String("select * from ") + tablaDe(texto), entidad, r);
+        }
+    } catch (const ErrorDeStore &e) {
+        r.rechazada = true;
+        r.error = e.descripcion;
+    }
+    if (!lee) conexion.coneccion().rollback();
+    return r;
+}
+
+}  // namespace
+
+QString Respuesta::sinComillas() const {
+    return filas.join(QLatin1Char('\n')).remove(QLatin1Char('\''));
+}
+
+LosDos correrEnLosDos(const QString &texto, const QString &entidad) {
+    Pareja &p = pareja();
+    LosDos r;
+    r.archivos = correr(*p.archivos.ctx, texto, entidad);
+    r.servidor = correr(*p.servidor.ctx, texto, entidad);
+    return r;
+}
+
+TEST_P(Statements, AnswerAlikeOnBothStores) {
+    const Caso &caso = GetParam();
+    const QString texto = QString::fromUtf8(caso.texto);
+    const bool lee = texto.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+    const auto [archivos, servidor] = correrEnLosDos(texto, QLatin1String(caso.entidad));
+    if (caso.espera == Espera::Rechazo) {
+        EXPECT_TRUE(archivos.rechazada) << "the file store takes it";
+        EXPECT_TRUE(servidor.rechazada) << "the server store takes it";
+        EXPECT_FALSE(archivos.error.isEmpty());
+        EXPECT_FALSE(servidor.error.isEmpty());
+        return;
+    }
+    ASSERT_FALSE(archivos.rechazada) << archivos.error.toStdString();
+    ASSERT_FALSE(servidor.rechazada) << servidor.error.toStdString();
+    EXPECT_EQ(archivos.tocadas, servidor.tocadas);
+    EXPECT_EQ(archivos.columnas.join(QLatin1Char(' ')).toStdString(),
+              servidor.columnas.join(QLatin1Char(' ')).toStdString());
+    EXPECT_EQ(archivos.filas.join(QLatin1Char('\n')).toStdString(),
+              servidor.filas.join(QLatin1Char('\n')).toStdString());
+    const qint64 cuantas = lee ? archivos.filas.size() : archivos.tocadas;
+    if (caso.espera == Espera::Filas)
+        EXPECT_GT(cuantas, 0);
+    else
+        EXPECT_EQ(cuantas, 0);
+    if (caso.respuesta == nullptr) return;
+    EXPECT_EQ((lee ? archivos.sinComillas() : QString::number(archivos.tocadas)).toStdString(),
+              caso.respuesta);
+}
