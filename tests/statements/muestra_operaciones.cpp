@@ -108,7 +108,7 @@ const FilaDeMuestra operaciones[] = {
     {"INTERNOS",
      "insert into groupsubitems "
      "(interno,ncm,preciounitario,idunidad,CANTIDAD,estadistica,valorrelacionestadistica,"
-     "fob,kgneto,codprorrateo,tipoitem) values ('OP1','9999.99.99.999Z',1,'08',1,'01',7,1,20.25,'','D')"},
+     "fob,kgneto,codprorrateo,tipoitem) values ('OP1','9999.99.99.999Z',1,'08',1,'01',7,20.25,1,'','D')"},
     {"INTERNOS",
      "insert into groupsubitems (id,idsub,interno,ncm,preciounitario,CANTIDAD,fob,kgneto,sufijos) values "
      "(1,7,'OP2','8409.91.12.100G',300,1,300,1,'AA01-')"},
