@@ -72,7 +72,6 @@ void leer(AppContext &ctx, const QString &texto, const QString &entidad, Respues
     for (int c = 0; c < rs.columnas(); ++c) {
         if (rs.nombreDeColumna(c) == QLatin1String("zfila")) continue;
         visibles << c;
-        // What a column without a name is called is the engine's matter.
         const QString nombre = rs.nombreDeColumna(c).toLower();
         static const QRegularExpression deTabla(QStringLiteral("^[a-z_0-9]+$"));
         r.columnas << (deTabla.match(nombre).hasMatch() ? nombre : QString());
@@ -143,8 +142,13 @@ TEST_P(Statements, AnswerAlikeOnBothStores) {
     ASSERT_FALSE(archivos.rechazada) << archivos.error.toStdString();
     ASSERT_FALSE(servidor.rechazada) << servidor.error.toStdString();
     EXPECT_EQ(archivos.tocadas, servidor.tocadas);
-    EXPECT_EQ(archivos.columnas.join(QLatin1Char(' ')).toStdString(),
-              servidor.columnas.join(QLatin1Char(' ')).toStdString());
+    ASSERT_EQ(archivos.columnas.size(), servidor.columnas.size());
+    // A column without a name is called after its expression by one engine and after its function by the
+    // other.
+    for (qsizetype c = 0; c < archivos.columnas.size(); ++c) {
+        if (archivos.columnas[c].isEmpty()) continue;
+        EXPECT_EQ(archivos.columnas[c].toStdString(), servidor.columnas[c].toStdString());
+    }
     EXPECT_EQ(archivos.filas.join(QLatin1Char('\n')).toStdString(),
               servidor.filas.join(QLatin1Char('\n')).toStdString());
     const qint64 cuantas = lee ? archivos.filas.size() : archivos.tocadas;
