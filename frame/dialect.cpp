@@ -14,6 +14,7 @@ QString traducirCon(const QString &texto, const Ajustes &ajustes, bool conIdenti
     cambiarNombres(t, ajustes.motor);
     if (const auto exec = cambiarExec(t)) return *exec;
     if (ajustes.motor == Motor::SQLite) cambiarConcatenaciones(t);
+    if (ajustes.motor == Motor::PostgreSQL) cambiarSumas(t);
     cambiarDivisiones(t, ajustes.motor);
     if (ajustes.motor == Motor::PostgreSQL) cambiarLike(t);
     cambiarSelects(t, ajustes, conIdentidadDeFila);

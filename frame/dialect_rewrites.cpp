@@ -173,6 +173,20 @@ void cambiarDivisiones(Tokens &t, Motor motor) {
     }
 }
 
+void cambiarSumas(Tokens &t) {
+    if (!t.tiene(Clave::Sum)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::Sum) || !t.sigue(i, Clave::Abre)) continue;
+        const std::size_t abre = t.significativo(i + 1);
+        if (!t.empiezaPrimario(abre + 1) || t.sigue(abre, Clave::Distinct) || t.sigue(abre, Clave::All))
+            continue;
+        t.antes(i, QStringLiteral("zquince("));
+        t.detras(abre, QStringLiteral("zexacto("));
+        t.antes(t.par(abre), QStringLiteral(")"));
+        t.detras(t.par(abre), QStringLiteral(")"));
+    }
+}
+
 void cambiarLike(Tokens &t) {
     if (!t.tiene(Clave::Like)) return;
     for (std::size_t i = 0; i < t.size(); ++i) {

@@ -16,6 +16,9 @@ void cambiarNombres(Tokens &t, Motor motor);
 void cambiarConcatenaciones(Tokens &t);
 /// Division is floating on both engines and refuses zero on both: PostgreSQL does the latter by itself.
 void cambiarDivisiones(Tokens &t, Motor motor);
+/// A SUM adds up exactly on the server, as the file store's own does: its total does not hang on the order in
+/// which an engine meets the rows.
+void cambiarSumas(Tokens &t);
 /// No character of a LIKE pattern escapes another on the server.
 void cambiarLike(Tokens &t);
 /// TOP becomes LIMIT, nulls sort first, and what has no order, or ties in it, takes one that both engines

@@ -49,6 +49,44 @@ void fRound(sqlite3_context *contexto, int cuantos, sqlite3_value **valores) {
                                                        cuantos > 1 ? sqlite3_value_int(valores[1]) : 0));
 }
 
+/// `valor` as its fifteen significant decimal digits say it.
+double aQuinceDigitos(double valor) {
+    // A sum of amounts is within a hair of a number with few decimals, which is then what the digits say.
+    constexpr double conPocosDecimales = 1e5;
+    constexpr double hasta = 1e9;
+    constexpr double pelo = 4e-16;
+    const double cercano = std::nearbyint(valor * conPocosDecimales) / conPocosDecimales;
+    if (std::fabs(valor) < hasta && std::fabs(cercano - valor) <= pelo * std::fabs(valor)) return cercano;
+    constexpr int todosLosDecimales = 400;
+    return numeros::redondear(valor, todosLosDecimales);
+}
+
+/// A running sum and what it lost so far, so that the order of the rows does not show in the total.
+struct Suma {
+    double total;
+    double perdido;
+    sqlite3_int64 cuantos;
+};
+
+void sumar(sqlite3_context *contexto, int, sqlite3_value **valores) {
+    if (sqlite3_value_type(valores[0]) == SQLITE_NULL) return;
+    auto *suma = static_cast<Suma *>(sqlite3_aggregate_context(contexto, sizeof(Suma)));
+    if (suma == nullptr) return sqlite3_result_error_nomem(contexto);
+    const double valor = sqlite3_value_double(valores[0]);
+    const double nuevo = suma->total + valor;
+    suma->perdido += std::fabs(suma->total) >= std::fabs(valor) ? (suma->total - nuevo) + valor
+                                                                : (valor - nuevo) + suma->total;
+    suma->total = nuevo;
+    ++suma->cuantos;
+}
+
+void terminarSuma(sqlite3_context *contexto) {
+    const auto *suma = static_cast<Suma *>(sqlite3_aggregate_context(contexto, 0));
+    if (suma == nullptr || suma->cuantos == 0) return;
+    sqlite3_result_double(
+        contexto, std::isfinite(suma->total) ? aQuinceDigitos(suma->total + suma->perdido) : suma->total);
+}
+
 void fIsnumeric(sqlite3_context *contexto, int, sqlite3_value **valores) {
     int si = 0;
     switch (sqlite3_value_type(valores[0])) {
@@ -261,6 +299,8 @@ void registrar(sqlite3 *motor) {
     for (const Funcion &f : funciones)
         sqlite3_create_function_v2(motor, f.nombre, f.argumentos, f.banderas, nullptr, f.hacer, nullptr,
                                    nullptr, nullptr);
+    sqlite3_create_function_v2(motor, "sum", 1, deterministica, nullptr, nullptr, sumar, terminarSuma,
+                               nullptr);
 }
 
 }  // namespace sqlite

@@ -27,6 +27,10 @@ const char *const funciones[] = {
   parallel safe as $$ select pg_catalog.right(texto::text, largo)::%C $$)",
     R"(create or replace function %S.substring(texto %C, desde integer, largo integer) returns %C language sql immutable
   strict parallel safe as $$ select pg_catalog.substr(texto::text, desde, largo)::%C $$)",
+    R"(create or replace function %S.left(valor double precision, largo integer) returns %C language sql immutable
+  strict parallel safe as $$ select pg_catalog.left(valor::text, largo)::%C $$)",
+    R"(create or replace function %S.right(valor double precision, largo integer) returns %C language sql immutable
+  strict parallel safe as $$ select pg_catalog.right(valor::text, largo)::%C $$)",
     R"(create or replace function %S.len(texto text) returns integer language sql immutable strict parallel safe as $$
   select pg_catalog.char_length(texto) $$)",
     R"(create or replace function %S.len(texto %C) returns integer language sql immutable strict parallel safe as $$
@@ -38,6 +42,20 @@ const char *const funciones[] = {
     R"(create or replace function %S.charindex(que %C, donde %C) returns integer language sql immutable strict
   parallel safe as $$ select pg_catalog.strpos(pg_catalog.lower(donde::text), pg_catalog.lower(que::text)) $$)",
 
+    // What a sum adds up: the fifteen digits of a number, so that neither the order of the rows nor the
+    // binary form of a cent shows in the total; of a text the longest leading number, else 0, as the file
+    // store reads one.
+    R"(create or replace function %S.zexacto(valor double precision) returns numeric language sql immutable
+  parallel safe as $$ select valor::numeric $$)",
+    R"(create or replace function %S.zexacto(texto %C) returns numeric language sql immutable parallel safe as $$
+  select case when texto is not null then coalesce(pg_catalog.substring(texto::text,
+    '^\s*([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eE][+-]?[0-9]+)?)')::numeric, 0) end $$)",
+    // The total, as a number of fifteen digits again.
+    R"(create or replace function %S.zquince(total numeric) returns double precision language sql immutable
+  parallel safe as $$ select total::double precision::numeric::double precision $$)",
+    // Of an older store: the sum that a text column had of its own.
+    "drop aggregate if exists %S.sum(%C)",
+
     // Halves away from zero on the rendering with 15 significant digits: the cast of a double to numeric
     // writes
     // exactly those 15 digits, and numeric rounds halves away from zero.
@@ -45,14 +63,9 @@ const char *const funciones[] = {
   language sql immutable strict parallel safe as $$
   select pg_catalog.round(valor::numeric, decimales)::double precision $$)",
 
-    // A number out of a text as the file store reads one inside a sum: the longest leading number, else 0.
-    R"(create or replace function %S.znumero(texto %C) returns double precision language sql immutable parallel safe as $$
-  select coalesce(pg_catalog.substring(texto::text,
-    '^\s*([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eE][+-]?[0-9]+)?)')::double precision, 0) $$)",
-    R"(create or replace function %S.zsumar(total double precision, texto %C) returns double precision language sql
-  immutable parallel safe as $$
-  select case when texto is null then total else coalesce(total, 0) + %S.znumero(texto) end $$)",
-    R"(create or replace aggregate %S.sum(%C) (sfunc = %S.zsumar, stype = double precision))",
+    R"(create or replace function %S.round(texto %C, decimales integer) returns double precision
+  language sql immutable strict parallel safe as $$
+  select pg_catalog.round(%S.zexacto(texto), decimales)::double precision $$)",
 
     // "+" joins texts.
     R"(create or replace function %S.zunir(a %C, b %C) returns %C language sql immutable strict parallel safe as $$
@@ -71,6 +84,12 @@ const char *const funciones[] = {
     "create operator %S.+ (leftarg = %C, rightarg = text, function = %S.zunir)",
     "drop operator if exists %S.+ (text, text)",
     "create operator %S.+ (leftarg = text, rightarg = text, function = %S.zunir)",
+
+    // A pattern on a number reads the number's text.
+    R"(create or replace function %S.zparecido(valor double precision, patron text) returns boolean language sql
+  immutable strict parallel safe as $$ select valor::text operator(pg_catalog.~~*) patron $$)",
+    "drop operator if exists %S.~~ (double precision, text)",
+    "create operator %S.~~ (leftarg = double precision, rightarg = text, function = %S.zparecido)",
 
     // The description of an item: those of its groups in their order, each closed by a semicolon.
     R"(create or replace function %S.groupsubitem_descripcion_select_concat(nro double precision, clave %C)

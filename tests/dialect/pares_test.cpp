@@ -94,7 +94,7 @@ const Par divisiones[] = {
      "update t set a = b / 0::double precision"},
     {"ACallAsDivisor", "update t set a = sum(fob) / sum(cantidad)",
      "update t set a = sum(fob) / zdivisor(sum(cantidad))",
-     "update t set a = sum(fob) / sum(cantidad)::double precision"},
+     "update t set a = zquince(sum(zexacto(fob))) / zquince(sum(zexacto(cantidad)))::double precision"},
     {"AParenthesisAsDivisor", "update t set a = b / ('100')", "update t set a = b / zdivisor(('100'))",
      "update t set a = b / ('100')::double precision"},
     {"ANegativeDivisor", "update t set a = b / -2", "update t set a = b / zdivisor(-2)",
@@ -108,6 +108,17 @@ const Par divisiones[] = {
     {"ACommentIsNoDivision", "update t set a = 1 /* b / c */", nullptr, nullptr},
 };
 INSTANTIATE_TEST_SUITE_P(Division, Pares, ::testing::ValuesIn(divisiones), nombreDelPar);
+
+const Par sumas[] = {
+    {"ASumIsExact", "update t set a = (select SUM ( b ) from u)", nullptr,
+     "update t set a = (select zquince(SUM (zexacto( b ))) from u)"},
+    {"ASumOfARound", "update t set a = sum(ROUND(b,2))", nullptr,
+     "update t set a = zquince(sum(zexacto(ROUND(b,2))))"},
+    {"ASumOfDistinctValuesStays", "update t set a = sum(distinct b)", nullptr, nullptr},
+    {"AColumnCalledSumStays", "update t set sum = 5", nullptr, nullptr},
+    {"ASumOfNothingStays", "update t set a = sum()", nullptr, nullptr},
+};
+INSTANTIATE_TEST_SUITE_P(Sums, Pares, ::testing::ValuesIn(sumas), nombreDelPar);
 
 const Par parecidos[] = {
     {"APatternHasNoEscape", "delete from t where a like '84%'", nullptr,

