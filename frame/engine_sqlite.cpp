@@ -156,6 +156,8 @@ qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas)
         filas->nombres.reserve(static_cast<std::size_t>(columnas));
         for (int c = 0; c < columnas; ++c)
             filas->nombres.push_back(QString::fromUtf8(sqlite3_column_name(s, c)));
+        // Most answers are one row.
+        filas->celdas.reserve(static_cast<std::size_t>(columnas));
     }
     const qint64 antes = sqlite3_total_changes64(motor);
     qint64 leidas = 0;

@@ -1,6 +1,7 @@
 #include "frame/values.h"
 
 #include <QDateTime>
+#include <cmath>
 
 #include "frame/context.h"
 #include "frame/numbers.h"
@@ -60,7 +61,11 @@ QString AStoreNumero(const QString &valor, const QString &separador) {
 
 QString SqlNumber(double valor) {
     static const QString entidad = QStringLiteral("INTERNOS");
-    return AStoreNumero(numeros::aTexto(valor), Contexto().DataManager.getDecimalSeparatorbyEntity(entidad));
+    const QString separador = Contexto().DataManager.getDecimalSeparatorbyEntity(entidad);
+    const QString texto = numeros::aTexto(valor);
+    return std::isfinite(valor) && separador.size() == 1 && separador.front() == QLatin1Char('.')
+               ? texto
+               : AStoreNumero(texto, separador);
 }
 
 QString SqlNumber(const QString &valor) {

@@ -1,5 +1,6 @@
 #include "liquidation/review.h"
 
+#include <QStringBuilder>
 #include <algorithm>
 
 #include "frame/numbers.h"
@@ -178,10 +179,11 @@ void escribirTotales(Corrida &k) {
 void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &estado) {
     k.ctx.dialogos.atenderEventos();
     for (const DetalleLiq &d : k.r.detalle) {
-        k.ejecutar(L("update itemliq set baseimp = ") + SqlNumber(d.base) + L(",porcentaje = ") +
-                   SqlNumber(d.porcentaje) + L(",total = ") + SqlNumber(d.total) + L(",pgc = '") + d.pgc +
-                   L("',motivo = '") + d.motivo + L("' where interno = '") + k.interno +
-                   L("'   and iditem = ") + d.iditem + L("  and idconceptos = '") + d.concepto + L("'"));
+        // One of these a concept: built in one go.
+        k.ejecutar(L("update itemliq set baseimp = ") % SqlNumber(d.base) % L(",porcentaje = ") %
+                   SqlNumber(d.porcentaje) % L(",total = ") % SqlNumber(d.total) % L(",pgc = '") % d.pgc %
+                   L("',motivo = '") % d.motivo % L("' where interno = '") % k.interno %
+                   L("'   and iditem = ") % d.iditem % L("  and idconceptos = '") % d.concepto % L("'"));
         if (estado) estado(L("Liquidando ITEM ") + d.iditem + L(" ..."));
     }
     k.r.escrito = true;
