@@ -61,7 +61,7 @@ QString plegarRaices(const ContextoArmado &r, const QString &donde) {
     if (!r.consultar("select idsub, cancelaciones from groupsubitems "_L1 + donde + "order by idsub asc"_L1,
                      rs))
         return {};
-    const QString raiz = rs.Texto(u"idsub");
+    QString raiz = rs.Texto(u"idsub");
     const bool cancela = rs.Texto(u"cancelaciones").trimmed() == "OK"_L1;
     QStringList plegadas;
     for (rs.MoveNext(); !rs.Eof(); rs.MoveNext()) {

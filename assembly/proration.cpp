@@ -30,7 +30,7 @@ bool igualesEnCentavos(double a, double b) {
 
 /// A number of the store for a test of equality: SqlNumber keeps 15 digits, and a sum may hold more.
 QString numeroExacto(double valor) {
-    const QString corto = SqlNumber(valor);
+    QString corto = SqlNumber(valor);
     if (numeros::aNumero(corto) == valor) return corto;
     return QString::number(valor, 'g', QLocale::FloatingPointShortest);
 }

@@ -26,8 +26,8 @@ QString PreguntarRegimenAutomotriz(AppContext &ctx, const QString &interno) {
          {QStringLiteral("Producción"), QStringLiteral("Reposición")},
          QStringLiteral("&Si"),
          QStringLiteral("&No")});
-    const QString valor = !respuesta.si ? QStringLiteral("N")
-                                        : (respuesta.opcion == 1 ? QStringLiteral("R") : QStringLiteral("P"));
+    QString valor = !respuesta.si ? QStringLiteral("N")
+                                  : (respuesta.opcion == 1 ? QStringLiteral("R") : QStringLiteral("P"));
     GuardarAEC(ctx, interno, valor);
     return valor;
 }
