@@ -167,7 +167,7 @@ Veredicto GuardarConGen(AppContext &ctx, const ValoresConGen &v) {
     e.bandera("Responder_Opciones_Obligatorio", v.chResponderOpcionesObligatorio,
               o.Responder_Opciones_Obligatorio);
     e.bandera("NoEnviarDescripcionAlITEM", v.chkNoMandarDescripcionenITEM, o.NoEnviarDescripcionAlITEM);
-    const Veredicto salida = guardarDiemChina(ctx, e, v);
+    Veredicto salida = guardarDiemChina(ctx, e, v);
     if (e.ok) return salida;
     avisarArchivo(ctx);
     return Veredicto::mal(salida.foco);
@@ -181,7 +181,7 @@ ValoresBase LeerBase(const AppContext &ctx) {
             leer("BASESERVER", "ESTADO"), leer("BASELOCAL", "USUARIO")};
 }
 
-bool GuardarBase(AppContext &ctx, ValoresBase v) {
+bool GuardarBase(AppContext &ctx, const ValoresBase &v) {
     struct Carpeta {
         const char *seccion;
         const char *clave;
@@ -198,9 +198,9 @@ bool GuardarBase(AppContext &ctx, ValoresBase v) {
         {"BASESERVER", "ESTADO", &ValoresBase::TxtEstado, "estados.mdb", &AppContext::PathEstados}};
     Escritor e{ctx.ConfigFilePath};
     for (const Carpeta &c : carpetas) {
-        v.*c.campo = TerminarEnBarra(v.*c.campo);
-        e.texto(c.clave, v.*c.campo, L(c.seccion));
-        ctx.*c.ruta = v.*c.campo + L(c.archivo);
+        const QString carpeta = TerminarEnBarra(v.*c.campo);
+        e.texto(c.clave, carpeta, L(c.seccion));
+        ctx.*c.ruta = carpeta + L(c.archivo);
     }
     if (!e.ok) avisarArchivo(ctx);
     return e.ok;

@@ -65,4 +65,4 @@ struct ValoresBase {
 ValoresBase LeerBase(const AppContext &ctx);
 /// On unload: a separator at the end of each, the five keys, and the paths of the context but that of
 /// systablas. Open connections stay as they are.
-bool GuardarBase(AppContext &ctx, ValoresBase valores);
+bool GuardarBase(AppContext &ctx, const ValoresBase &valores);

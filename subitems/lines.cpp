@@ -31,10 +31,12 @@ bool esControl(const QString &control, const char *nombre) {
 
 /// `valor` in the form of the mask when nothing is lost by it, else as it is.
 QString conForma(double valor, QStringView mascara) {
-    const QString texto = Format(valor, mascara);
-    if (aNumero(texto) == valor) return texto;
-    QString entero = numeros::aTexto(valor);
-    return ReemplazarSeparadorDecimal(entero);
+    QString texto = Format(valor, mascara);
+    if (aNumero(texto) != valor) {
+        texto = numeros::aTexto(valor);
+        ReemplazarSeparadorDecimal(texto);
+    }
+    return texto;
 }
 
 bool marcada(const Recordset &rs, QStringView columna) {
