@@ -4,11 +4,13 @@
 
 #include <QElapsedTimer>
 
-#include "header/automotive.h"
+#include "frame/numbers.h"
+#include "operations/changes.h"
 #include "siblings/ArticleStore.h"
 #include "siblings/ReferenceValues.h"
 #include "subitems/linelist.h"
 #include "tests/lines/lineas.h"
+#include "tests/support/traza.h"
 
 namespace {
 
@@ -65,6 +67,43 @@ TEST_P(Grabado, EveryFieldReachesItsColumn) {
               "IdPaisProc,naladisa,codigoean"),
         "Bomba d agua|BOMBA D AGUA|OP 1|OTROS|FIL|CO|||212|8413.70 1|7791234567890");
     EXPECT_EQ(grabacion.id, valor("select id from subitems where interno = 'OP 1'").toLongLong());
+}
+
+TEST_P(Grabado, ApostrophesInAnyFieldBreakNoStatement) {
+    s.eanHabilitado = true;
+    llenarBomba();
+    CamposSubItem &c = s.campos;
+    c.txtIdArticulo = "O'1";
+    for (QString CamposSubItem::*campo :
+         {&CamposSubItem::TxtDescArticulos, &CamposSubItem::txtDescripcionMaria, &CamposSubItem::txtOtros,
+          &CamposSubItem::TxtFiller, &CamposSubItem::txtCertOrig, &CamposSubItem::TxtCodigoEAN,
+          &CamposSubItem::TxtCancCantidad, &CamposSubItem::txtNroItem, &CamposSubItem::TxtNroSubitem,
+          &CamposSubItem::TxtCodProrrateo, &CamposSubItem::TxtIdpais})
+        c.*campo = "a'b";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("idarticulo,descripcion,descripcion_maria,otros,codprorrateo"), "O'1|a b|a b|a'b|a'b");
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("otros,certorig,cancnrosubitem"), "a'b|a'b|a'b");
+}
+
+// Under a comma: 3 x 10.335 = 31.005, rounded away from zero.
+TEST_P(Grabado, ACommaAsSeparatorWritesTheSameNumbers) {
+    numeros::fijarSeparadorDecimal(QLatin1Char(','));
+    ElegirCargaPor(*ctx, s, true);
+    llenarBomba();
+    s.campos.TxtCantidad = "3";
+    s.campos.TxtValorsobreestadistica = "3,00";
+    s.campos.TxtUnitario = "10,335";
+    CampoDeLineaCambia(*ctx, s, "TxtUnitario");
+    EXPECT_EQ(s.campos.TxtFobTotal.toStdString(), "31,01");
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("cantidad,preciounitario,fob,valorrelacionestadistica"), "3|10.335|31.01|3");
+    EXPECT_EQ(s.lbDIF.toStdString(), "968,99");
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
+    EXPECT_EQ(s.campos.TxtUnitario.toStdString(), "10,33500");
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("preciounitario,fob"), "10.335|31.01");
 }
 
 TEST_P(Grabado, TheEanCodeIsEmptyWhileItsFieldIsOff) {
@@ -225,6 +264,21 @@ TEST_P(Grabado, TheArticleStoreToleratesApostrophes) {
     ASSERT_TRUE(leido);
     EXPECT_EQ(leido->descripcion.toStdString(), "Llave d'agua");
     EXPECT_FALSE(leido->preciounitario);
+}
+
+// Changes
+
+TEST_P(Grabado, AChangeIsWrittenOnce) {
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'").toStdString(), "N");
+    {
+        Traza traza;
+        AnotarCambio(*ctx, interno);
+        EXPECT_EQ(traza.sentencias().filter("update").size(), 1);
+    }
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'").toStdString(), "S");
+    Traza traza;
+    AnotarCambio(*ctx, interno);
+    EXPECT_EQ(traza.sentencias().filter("update").size(), 0) << "typing on writes nothing more";
 }
 
 // Reference values
