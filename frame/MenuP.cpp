@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <array>
 
+#include "frame/FrmConfig.h"
 #include "frame/FrmPrincipal.h"
 #include "frame/context.h"
 #include "frame/startup.h"
@@ -27,7 +28,7 @@ const std::array<EntradaDeMenu, 7> entradas{{
     {u"Clientes", Dibujo::Clientes, [] { Pantalla<FrmClientes>().Mostrar(); }},
     {u"Nomenclador", Dibujo::Nomenclador, nullptr},
     {u"Catálogos", Dibujo::Catalogos, nullptr},
-    {u"Configuración", Dibujo::Configuracion, nullptr},
+    {u"Configuración", Dibujo::Configuracion, [] { Pantalla<FrmConfig>().Mostrar(); }},
     {u"Exportar Operaciones", Dibujo::Exportar, nullptr},
     {u"Importar Operaciones", Dibujo::Importar, nullptr},
 }};

@@ -34,7 +34,7 @@ QGroupBox { border: 1px solid #d5dede; border-radius: 6px; margin-top: 1.1em; pa
 QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 8px; padding: 0 4px; color: #006666; font-weight: 600; }
 QHeaderView::section { background: #e3eaea; border: none; border-right: 1px solid #cfd8dc; border-bottom: 1px solid #cfd8dc; padding: 5px 8px; color: #263238; font-weight: 600; }
 QAbstractItemView { background: white; alternate-background-color: #f7fafa; border: 1px solid #d5dede; selection-background-color: #006666; selection-color: white; gridline-color: #e3eaea; }
-QTableView::item { padding: 0 5px; }
+QTableView::item { border: none; padding: 0 5px; }
 QListView::item { padding: 3px 5px; }
 QAbstractItemView:focus { border: 1px solid #006666; }
 QProgressBar { border: 1px solid #cfd8dc; border-radius: 4px; background: white; text-align: center; color: #102027; }

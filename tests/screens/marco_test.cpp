@@ -87,7 +87,8 @@ TEST_P(Marco, TheMenuHasItsSevenEntriesAndTheFormsUnderTheirTitle) {
 TEST_P(Marco, EntriesWithoutAScreenAreShownDisabled) {
     mostrar();
     const auto *grilla = Pantalla<MenuP>().ui.GrdMenuMain;
-    const QStringList conPantalla{QStringLiteral("Operaciones"), QStringLiteral("Clientes")};
+    const QStringList conPantalla{QStringLiteral("Operaciones"), QStringLiteral("Clientes"),
+                                  QStringLiteral("Configuración")};
     for (int fila = 0; fila < grilla->rowCount(); ++fila)
         EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled),
                   conPantalla.contains(grilla->item(fila, 1)->text()))

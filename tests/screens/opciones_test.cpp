@@ -1,0 +1,264 @@
+// The option screens and those of the proration codes, by keyboard.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QTest>
+
+#include "assembly/FrmABMProrrateos.h"
+#include "assembly/FrmLstProrrateo.h"
+#include "frame/FrmBase.h"
+#include "frame/FrmConGen.h"
+#include "frame/FrmConfig.h"
+#include "frame/config.h"
+#include "frame/ini.h"
+#include "frame/ui/Pantalla.h"
+#include "tests/support/pantallas.h"
+
+namespace {
+
+class PantallasDeOpciones : public EnPantalla {
+ protected:
+    void SetUp() override {
+        EnPantalla::SetUp();
+        ctx->ConfigFilePath = tienda->carpeta() + QStringLiteral("/ZENDRA.ini");
+    }
+    QString leer(const char *clave, const char *seccion = "GENERAL") {
+        return LeerIni(QLatin1String(seccion), QLatin1String(clave), ctx->ConfigFilePath);
+    }
+    FrmConGen &opciones() {
+        auto &pantalla = Pantalla<FrmConGen>();
+        pantalla.Mostrar();
+        esperarVentana(pantalla.ventana.get());
+        return pantalla;
+    }
+};
+
+TEST_P(PantallasDeOpciones, TheDoorOpensBothScreensByKeyboardAndClosesOnEscape) {
+    auto &puerta = Pantalla<FrmConfig>();
+    puerta.Mostrar();
+    esperarVentana(puerta.ventana.get());
+    foto(puerta.ventana.get(), QStringLiteral("configuracion"));
+    tecla(Qt::Key_Return);
+    ASSERT_TRUE(PantallaAbierta<FrmConGen>());
+    esperarVentana(Pantalla<FrmConGen>().ventana.get());
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmConGen>());
+    esperarVentana(puerta.ventana.get());
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    ASSERT_TRUE(PantallaAbierta<FrmBase>());
+    esperarVentana(Pantalla<FrmBase>().ventana.get());
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmBase>());
+    esperarVentana(puerta.ventana.get());
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmConfig>());
+}
+
+TEST_P(PantallasDeOpciones, EscapeStoresEveryOptionIntoTheFileAndTheRun) {
+    auto &ui = opciones().ui;
+    EXPECT_EQ(ui.rutaLabel->text(), ctx->ConfigFilePath);
+    escribir(QStringLiteral("ab"));
+    teclaEn(ui.chkMostrarOperaciones, Qt::Key_Space);
+    ui.cboListado->setCurrentIndex(1);
+    ui.opARMARITEM1->setChecked(true);
+    teclaEn(ui.txtRIN, Qt::Key_Home);
+    ui.txtRIN->setText(QStringLiteral("21"));
+    foto(Pantalla<FrmConGen>().ventana.get(), QStringLiteral("opciones"));
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmConGen>());
+    EXPECT_EQ(leer("INICIALES"), QStringLiteral("AB"));
+    EXPECT_EQ(leer("OperacionesMostrarTODO"), QStringLiteral("S"));
+    EXPECT_EQ(leer("LISTADO"), QStringLiteral("1"));
+    EXPECT_EQ(leer("ARMARITEM"), QStringLiteral("1"));
+    EXPECT_EQ(leer("IVARIN"), QStringLiteral("21"));
+    EXPECT_TRUE(ctx->opciones.OperacionesMostrarTODO);
+    EXPECT_EQ(ctx->opciones.LISTADO, 1);
+    EXPECT_EQ(ctx->opciones.ARMARITEM, 1);
+    EXPECT_DOUBLE_EQ(ctx->opciones.IVARIN, 21);
+    auto &otra = opciones().ui;
+    EXPECT_TRUE(otra.chkMostrarOperaciones->isChecked());
+    EXPECT_TRUE(otra.opARMARITEM1->isChecked());
+    EXPECT_EQ(otra.cboListado->currentText(), QStringLiteral("Fecha de Creación"));
+}
+
+TEST_P(PantallasDeOpciones, AValueOfDiemChinaThatIsNoNumberKeepsTheScreenWithTheRestStored) {
+    auto &ui = opciones().ui;
+    ui.chkMostrarOperaciones->setChecked(true);
+    ui.txtIndMaxArancel->setText(QStringLiteral("mucho"));
+    tecla(Qt::Key_Escape);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto,
+              QStringLiteral("El campo Indice Maximo Arancel debe tener un valor númerico"));
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
+    ASSERT_TRUE(PantallaAbierta<FrmConGen>());
+    EXPECT_EQ(QApplication::focusWidget(), ui.txtIndMaxArancel);
+    EXPECT_EQ(leer("OperacionesMostrarTODO"), QStringLiteral("S"));
+    ui.txtIndMaxArancel->setText(QStringLiteral("35"));
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmConGen>());
+}
+
+TEST_P(PantallasDeOpciones, APreferenceThatIsNoNumberInTheFileShowsForty) {
+    EscribirIni(QStringLiteral("GENERAL"), QStringLiteral("DIEMCHINA-PREFPORC"), QStringLiteral("abc"),
+                ctx->ConfigFilePath);
+    CargarConfiguracion(*ctx);
+    EXPECT_EQ(opciones().ui.txtPrefPorc->text(), QStringLiteral("40"));
+}
+
+TEST_P(PantallasDeOpciones, WithoutTheTemporaryInputsTheirTwoBoxesAreDisabledAndClear) {
+    ctx->opciones.TempInputsAvailable = false;
+    auto &ui = opciones().ui;
+    for (const QCheckBox *casilla : {ui.chINSTEMPPerMer, ui.chINSTEMPVDE}) {
+        EXPECT_FALSE(casilla->isEnabled());
+        EXPECT_FALSE(casilla->isChecked());
+    }
+}
+
+TEST_P(PantallasDeOpciones, AFileThatCannotBeWrittenIsToldAndDoesNotHoldTheUser) {
+    ctx->ConfigFilePath = tienda->carpeta() + QStringLiteral("/no/existe/ZENDRA.ini");
+    opciones();
+    tecla(Qt::Key_Escape);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_TRUE(registro.mensajes[0].texto.contains(ctx->ConfigFilePath));
+    EXPECT_FALSE(PantallaAbierta<FrmConGen>());
+}
+
+TEST_P(PantallasDeOpciones, TheFoldersAreStoredWithTheirClosingSeparator) {
+    auto &base = Pantalla<FrmBase>();
+    base.Mostrar();
+    esperarVentana(base.ventana.get());
+    escribir(QStringLiteral("/datos/internos"));
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), base.ui.TxtPersonal);
+    foto(base.ventana.get(), QStringLiteral("ubicaciones"));
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmBase>());
+    const QString carpeta = leer("INTERNO", "BASESERVER");
+    EXPECT_TRUE(carpeta.startsWith(QLatin1String("/datos/internos")));
+    EXPECT_EQ(ctx->PathInternos, carpeta + QStringLiteral("internos.mdb"));
+}
+
+class PantallasDeProrrateo : public EnPantalla {
+ protected:
+    const QString interno = QStringLiteral("IC-2026-0001");
+    void SetUp() override {
+        EnPantalla::SetUp();
+        ejecutar(QStringLiteral("delete from prorrateo"));
+    }
+    FrmABMProrrateos &abrirCodigos() {
+        auto &pantalla = Pantalla<FrmABMProrrateos>();
+        pantalla.Abrir(interno);
+        pantalla.ventana->show();
+        esperarVentana(pantalla.ventana.get());
+        return pantalla;
+    }
+    void cargar(const char *codigo, const char *valor) {
+        ejecutar(QStringLiteral("insert into prorrateo (interno,codigo,descripcion,valor) values ('") +
+                 interno + QStringLiteral("','") + QLatin1String(codigo) + QStringLiteral("','X',") +
+                 QLatin1String(valor) + QLatin1Char(')'));
+    }
+};
+
+TEST_P(PantallasDeProrrateo, WithoutCodesTheScreenGoesStraightToEntryAndKeysThem) {
+    auto &ui = abrirCodigos().ui;
+    EXPECT_EQ(ui.Sb->text(), QStringLiteral("[F11] Agregar - [ESC] Cancelar"));
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo);
+    escribir(QStringLiteral("emb"));
+    EXPECT_EQ(ui.TxtCodigo->text(), QStringLiteral("EMB"));
+    tecla(Qt::Key_Return);
+    escribir(QStringLiteral("embalaje"));
+    tecla(Qt::Key_Return);
+    escribir(QStringLiteral("125"));
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(filas(QStringLiteral("select codigo,descripcion,valor from prorrateo")),
+              QStringLiteral("EMB|EMBALAJE|125"));
+    ASSERT_EQ(ui.Lst->rowCount(), 1);
+    EXPECT_EQ(ui.Lst->item(0, 2)->text(), QStringLiteral("125,00"));
+    EXPECT_TRUE(ui.TxtCodigo->text().isEmpty());
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo);
+    foto(Pantalla<FrmABMProrrateos>().ventana.get(), QStringLiteral("prorrateos"));
+    tecla(Qt::Key_Escape);
+    EXPECT_EQ(ui.Sb->text(), QStringLiteral("[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"));
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(Pantalla<FrmABMProrrateos>().ventana->isVisible());
+    EXPECT_DOUBLE_EQ(ctx->TotalProrrateado, 125);
+}
+
+TEST_P(PantallasDeProrrateo, EachRefusalHasItsWordsAndItsField) {
+    auto &ui = abrirCodigos().ui;
+    struct Caso {
+        const char16_t *codigo, *valor, *mensaje;
+        QLineEdit *foco;
+    };
+    cargar("A", "1");
+    for (const Caso &caso :
+         {Caso{u" ", u"1", u"Debe ingresar un valor en el campo CODIGO", ui.TxtCodigo},
+          Caso{u"B", u"x", u"Debe ingresar un dato Númerico en el campo VALOR", ui.TxtValor},
+          Caso{u"B", u"0", u"El dato en el campo VALOR debe ser MAYOR A 0 (cero)", nullptr},
+          Caso{u"A", u"1", u"El codigo ya Existe", nullptr}}) {
+        registro.mensajes.clear();
+        ui.TxtCodigo->setText(QString::fromUtf16(caso.codigo));
+        ui.TxtValor->setText(QString::fromUtf16(caso.valor));
+        ui.TxtDescripcion->setFocus();
+        tecla(Qt::Key_F11);
+        ASSERT_EQ(registro.mensajes.size(), 1U);
+        EXPECT_EQ(registro.mensajes[0].texto, QString::fromUtf16(caso.mensaje));
+        if (caso.foco != nullptr) {
+            EXPECT_EQ(QApplication::focusWidget(), caso.foco);
+        }
+    }
+}
+
+TEST_P(PantallasDeProrrateo, ANegativeValuePasses) {
+    auto &ui = abrirCodigos().ui;
+    ui.TxtCodigo->setText(QStringLiteral("NEG"));
+    ui.TxtValor->setText(QStringLiteral("-5"));
+    tecla(Qt::Key_F11);
+    EXPECT_TRUE(registro.mensajes.empty());
+    EXPECT_EQ(ui.Lst->rowCount(), 1);
+}
+
+TEST_P(PantallasDeProrrateo, ACodeIsDeletedAlthoughLinesCarryIt) {
+    cargar("EMB", "10");
+    ejecutar(QStringLiteral("update subitems set codprorrateo = 'EMB' where interno = 'IC-2026-0001'"));
+    auto &ui = abrirCodigos().ui;
+    EXPECT_EQ(ui.Sb->text(), QStringLiteral("[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"));
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(valor(QStringLiteral("select count(*) from prorrateo")), QStringLiteral("0"));
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo) << "an empty list goes to entry";
+}
+
+TEST_P(PantallasDeProrrateo, InsertPassesFromTheListToEntryAndEscapeBack) {
+    cargar("EMB", "10");
+    auto &ui = abrirCodigos().ui;
+    tecla(Qt::Key_Insert);
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo);
+    tecla(Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), ui.Lst);
+    EXPECT_TRUE(Pantalla<FrmABMProrrateos>().ventana->isVisible());
+}
+
+TEST_P(PantallasDeProrrateo, ThePickListHandsTheCodeBackAndAnEmptyOneNothing) {
+    FrmLstProrrateo lista;
+    conVentanaModal([](QWidget *modal) { QTest::keyClick(modal->focusWidget(), Qt::Key_Return); });
+    EXPECT_TRUE(lista.Elegir(interno).isEmpty());
+    cargar("A", "10");
+    cargar("B", "20.5");
+    conVentanaModal([&lista](QWidget *modal) {
+        EXPECT_EQ(lista.ui.Lst->item(1, 2)->text(), QStringLiteral("20,50"));
+        foto(modal, QStringLiteral("prorrateos-lista"));
+        QTest::keyClick(lista.ui.Lst, Qt::Key_Down);
+        QTest::keyClick(lista.ui.Lst, Qt::Key_Return);
+    });
+    EXPECT_EQ(lista.Elegir(interno), QStringLiteral("B"));
+    conVentanaModal([](QWidget *modal) { QTest::keyClick(modal, Qt::Key_Escape); });
+    EXPECT_TRUE(lista.Elegir(interno).isEmpty());
+}
+
+EN_AMBOS_STORES(PantallasDeOpciones);
+EN_AMBOS_STORES(PantallasDeProrrateo);
+
+}  // namespace
