@@ -51,11 +51,14 @@ void cargarUbicaciones(AppContext &ctx) {
     }
 }
 
-double leerTasa(const QString &texto) {
+double leerTasa(const AppContext &ctx, const char *clave) {
+    const QString texto = LeerIni(general, L(clave), ctx.ConfigFilePath);
     QString limpio = texto;
     if (limpio.isEmpty()) return 0;
     ClassLiquidacion::ReemplazarSeparadorDecimal(limpio);
-    if (!numeros::esNumerico(limpio)) throw QStringLiteral("No coinciden los tipos");
+    if (!numeros::esNumerico(limpio))
+        throw QStringLiteral("No coinciden los tipos: %1=%2 no es un número; corríjalo en %3.")
+            .arg(L(clave), texto, ctx.ConfigFilePath);
     return numeros::aNumero(limpio);
 }
 
@@ -99,8 +102,8 @@ void cargarOpciones(AppContext &ctx) {
     o.CancelManual = ctx.ajustes.Leer(general, QStringLiteral("OBJ"), QStringLiteral("CancelManual"),
                                       QStringLiteral("N")) == L("S");
     o.LISTADO = static_cast<int>(numero("LISTADO", 0));
-    o.IVARIN = leerTasa(leer("IVARIN"));
-    o.IVARNI = leerTasa(leer("IVARNI"));
+    o.IVARIN = leerTasa(ctx, "IVARIN");
+    o.IVARNI = leerTasa(ctx, "IVARNI");
     o.DEVICENAME = leer("DEVICENAME");
     o.DRIVERNAME = leer("DRIVERNAME");
     o.PORT = leer("PORT");

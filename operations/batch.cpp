@@ -265,23 +265,9 @@ int listar(AppContext &ctx, const SalidaDeObjetos &salida, QJsonObject &resultad
     return bien;
 }
 
-/// Work on stores of another version would end in the middle.
-bool versionAdecuada(AppContext &ctx) {
-    const int version = LeerVersionDelStore(ctx);
-    if (version >= versionMinima) return true;
-    ctx.dialogos.critico(
-        QStringLiteral("Los stores del perfil %1 son de la versión %2 y se necesita la %3; actualícelos con "
-                       "DbUpgrade3 --perfil %1.")
-            .arg(ctx.DataManager.rutaDelPerfil())
-            .arg(version)
-            .arg(versionMinima));
-    return false;
-}
-
 int correr(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
            const SalidaDeObjetos &salida, QJsonObject &resultado) {
     const QString &c = orden.comando;
-    if (!versionAdecuada(ctx)) return falla;
     if (c == L("listar")) return listar(ctx, salida, resultado);
     if (c == L("crear")) {
         const bool hecho = CrearInterno(ctx, orden.clave);
@@ -346,6 +332,26 @@ bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTa
         }
     }
     return true;
+}
+
+bool VersionAdecuada(AppContext &ctx) {
+    // What cannot be reached or read tells so by itself.
+    Recordset rs;
+    Consultar(ctx, internos, QStringLiteral("select 1 as uno"), rs);
+    int version = 0;
+    try {
+        version = LeerVersionDelStore(ctx);
+    } catch (const ErrorDeStore &) {
+        // Without a table of versions it is no store of ours, or one of long ago.
+    }
+    if (version >= versionMinima) return true;
+    ctx.dialogos.critico(
+        QStringLiteral(
+            "Los stores del perfil %1 son anteriores a la versión %2, que se necesita; actualícelos "
+            "con DbUpgrade3 --perfil %1.")
+            .arg(ctx.DataManager.rutaDelPerfil())
+            .arg(versionMinima));
+    return false;
 }
 
 int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,

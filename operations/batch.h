@@ -35,8 +35,12 @@ bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTa
 /// Hears what the order answers besides its result: an operation of the list at a time.
 using SalidaDeObjetos = std::function<void(const QJsonObject &)>;
 
+/// Whether the stores of the profile are of a version that the program works with; a message tells when they
+/// are not, since work on them would end in the middle. Raises ErrorDeStore for a store out of reach.
+bool VersionAdecuada(AppContext &ctx);
+
 /// Runs the order; `resultado` takes the last line's members. An operation that is written is locked like a
-/// screen would, and released at the end. Refuses stores that are too old. Answers the exit status.
+/// screen would, and released at the end. Answers the exit status.
 int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
              const SalidaDeObjetos &salida, QJsonObject &resultado);
 

@@ -171,11 +171,14 @@ int main(int argc, char **argv) {
     QJsonObject resultado;
     try {
         if (!ctx.DataManager.usarPerfil(pedido.perfil, &error)) throw ErrorDeStore{0, {}, error, {}};
-        Arrancar(ctx);
-        EleccionDelTablero tablero = lote::TableroInicial(ctx);
-        lote::AplicarOpciones(opciones, ctx, tablero, error);
-        const auto escribir = [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); };
-        estado = lote::Ejecutar(ctx, pedido.orden, tablero, escribir, resultado);
+        ctx.DataManager.LoadParameters();
+        if (lote::VersionAdecuada(ctx)) {
+            Arrancar(ctx);
+            EleccionDelTablero tablero = lote::TableroInicial(ctx);
+            lote::AplicarOpciones(opciones, ctx, tablero, error);
+            const auto escribir = [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); };
+            estado = lote::Ejecutar(ctx, pedido.orden, tablero, escribir, resultado);
+        }
     } catch (const ErrorDeStore &e) {
         ctx.dialogos.critico(e.descripcion);
     } catch (const QString &texto) {

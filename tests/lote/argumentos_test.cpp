@@ -141,9 +141,19 @@ TEST_F(Argumentos, AServerThatIsNotThereSaysWhich) {
 
 class Version : public EnAmbosStores {};
 
+TEST_P(Version, AConfigurationThatCannotBeReadSaysWhichFileAndWhatToDo) {
+    Escribir(tienda->carpeta(), QStringLiteral("Prueba.perfil.cfg"), "[GENERAL]\r\nIVARIN=veintiuno\r\n");
+    const Corrida c = Lote(tienda->carpeta(), {"--perfil", tienda->perfil(), "--ajustes",
+                                               tienda->carpeta() + "/a.ini", "listar"});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_EQ(c.textos(), QStringList{QStringLiteral("No coinciden los tipos: IVARIN=veintiuno no es un "
+                                                     "número; corríjalo en %1/Prueba.perfil.cfg.")
+                                          .arg(tienda->carpeta())});
+}
+
 TEST_P(Version, StoresOfAnotherVersionAreLeftAloneAndTheUpgradeIsNamed) {
     for (const char *cambio : {"update version set valor = '329' where propiedad = 'version'",
-                               "delete from version where propiedad = 'version'"}) {
+                               "delete from version where propiedad = 'version'", "drop table version"}) {
         ejecutar(L(cambio));
         for (const QStringList &orden : {QStringList{"listar"}, {"crear", "A1"}, {"armar", "A1"}}) {
             const Corrida c = Lote(
@@ -158,6 +168,16 @@ TEST_P(Version, StoresOfAnotherVersionAreLeftAloneAndTheUpgradeIsNamed) {
         }
     }
     EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), L("0"));
+}
+
+TEST_P(Version, StoresWithoutTablesAreToldTheSameWay) {
+    ejecutar(QStringLiteral("drop table version"));
+    ejecutar(QStringLiteral("drop table control_fecha"), QStringLiteral("NCM"));
+    const Corrida c = Lote(tienda->carpeta(), {"--perfil", tienda->perfil(), "--ajustes",
+                                               tienda->carpeta() + "/a.ini", "listar"});
+    EXPECT_EQ(c.estado, 1);
+    ASSERT_EQ(c.textos().size(), 1);
+    EXPECT_TRUE(c.textos()[0].contains(L("DbUpgrade3 --perfil"))) << c.textos()[0].toStdString();
 }
 
 EN_AMBOS_STORES(Version);
