@@ -121,7 +121,7 @@ QString TextoNomenclador(AppContext &ctx) {
 
 QString TextoFechaDatosLNAPI(AppContext &ctx) {
     Recordset rs;
-    const QString cabeza = QStringLiteral("Fecha:  ");
+    QString cabeza = QStringLiteral("Fecha:  ");
     if (!Consultar(ctx, ncm, QStringLiteral("select fecha from LNAPIFechaDeDatos"), rs)) return cabeza;
     return cabeza + enForma(rs.Fields(u"fecha").Value, false);
 }

@@ -97,7 +97,7 @@ QString NuevoInterno(AppContext &ctx) {
                                  QStringLiteral("Ingrese el nuevo número de INTERNO/CARPETA"),
                                  40,
                                  {}});
-    const QString clave = escrito.value_or(QString()).trimmed();
+    QString clave = escrito.value_or(QString()).trimmed();
     if (clave.isEmpty() || !CrearInterno(ctx, clave)) return {};
     return clave;
 }

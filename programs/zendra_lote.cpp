@@ -83,7 +83,8 @@ bool leerRespuestas(const QString &archivo, QStringList &respuestas, QString &er
         error = QStringLiteral("El archivo %1 debe ser una lista de textos; corríjalo.").arg(archivo);
         return false;
     }
-    for (const QJsonValue &v : documento.array()) {
+    const QJsonArray lista = documento.array();
+    for (const auto &v : lista) {
         if (!v.isString()) {
             error = QStringLiteral("El archivo %1 debe ser una lista de textos; corríjalo.").arg(archivo);
             return false;
