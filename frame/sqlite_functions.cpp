@@ -29,6 +29,8 @@ int cotejo(void *, int largoA, const void *a, int largoB, const void *b) {
 }
 
 QString texto(sqlite3_value *valor) {
+    // SQLite itself would write a whole floating number as "3.0".
+    if (sqlite3_value_type(valor) == SQLITE_FLOAT) return numeros::aTexto(sqlite3_value_double(valor));
     return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_value_text(valor)),
                              sqlite3_value_bytes(valor));
 }

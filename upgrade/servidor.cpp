@@ -20,7 +20,8 @@ const char *const funciones[] = {
     R"(create or replace function %S.isnumeric(valor timestamp) returns integer language sql immutable
   parallel safe as $$ select 0 $$)",
 
-    // Cuts and measures of texts that keep comparing without regard to case.
+    // Cuts and measures of texts that keep comparing without regard to case. The text of a number has fifteen
+    // digits at most and no exponent, as everywhere in the program.
     R"(create or replace function %S.left(texto %C, largo integer) returns %C language sql immutable strict
   parallel safe as $$ select pg_catalog.left(texto::text, largo)::%C $$)",
     R"(create or replace function %S.right(texto %C, largo integer) returns %C language sql immutable strict
@@ -28,17 +29,21 @@ const char *const funciones[] = {
     R"(create or replace function %S.substring(texto %C, desde integer, largo integer) returns %C language sql immutable
   strict parallel safe as $$ select pg_catalog.substr(texto::text, desde, largo)::%C $$)",
     R"(create or replace function %S.left(valor double precision, largo integer) returns %C language sql immutable
-  strict parallel safe as $$ select pg_catalog.left(valor::text, largo)::%C $$)",
+  strict parallel safe as $$ select pg_catalog.left(valor::numeric::text, largo)::%C $$)",
     R"(create or replace function %S.right(valor double precision, largo integer) returns %C language sql immutable
-  strict parallel safe as $$ select pg_catalog.right(valor::text, largo)::%C $$)",
+  strict parallel safe as $$ select pg_catalog.right(valor::numeric::text, largo)::%C $$)",
+    R"(create or replace function %S.substring(valor double precision, desde integer, largo integer) returns %C
+  language sql immutable strict parallel safe as $$ select pg_catalog.substr(valor::numeric::text, desde, largo)::%C $$)",
     R"(create or replace function %S.len(texto text) returns integer language sql immutable strict parallel safe as $$
   select pg_catalog.char_length(texto) $$)",
     R"(create or replace function %S.len(texto %C) returns integer language sql immutable strict parallel safe as $$
   select pg_catalog.char_length(texto::text) $$)",
     R"(create or replace function %S.len(valor double precision) returns integer language sql immutable strict
-  parallel safe as $$ select pg_catalog.char_length(valor::text) $$)",
+  parallel safe as $$ select pg_catalog.char_length(valor::numeric::text) $$)",
     R"(create or replace function %S.charindex(que text, donde text) returns integer language sql immutable strict
   parallel safe as $$ select pg_catalog.strpos(pg_catalog.lower(donde), pg_catalog.lower(que)) $$)",
+    R"(create or replace function %S.charindex(que text, donde double precision) returns integer language sql
+  immutable strict parallel safe as $$ select pg_catalog.strpos(donde::numeric::text, que) $$)",
     R"(create or replace function %S.charindex(que %C, donde %C) returns integer language sql immutable strict
   parallel safe as $$ select pg_catalog.strpos(pg_catalog.lower(donde::text), pg_catalog.lower(que::text)) $$)",
 
@@ -87,7 +92,7 @@ const char *const funciones[] = {
 
     // A pattern on a number reads the number's text.
     R"(create or replace function %S.zparecido(valor double precision, patron text) returns boolean language sql
-  immutable strict parallel safe as $$ select valor::text operator(pg_catalog.~~*) patron $$)",
+  immutable strict parallel safe as $$ select valor::numeric::text operator(pg_catalog.~~*) patron $$)",
     "drop operator if exists %S.~~ (double precision, text)",
     "create operator %S.~~ (leftarg = double precision, rightarg = text, function = %S.zparecido)",
 
@@ -131,11 +136,11 @@ QStringList comparaciones() {
                    << QStringLiteral(
                           "create or replace function %S.%1(a %C, b double precision) returns boolean "
                           "language sql immutable strict parallel safe as $$ select a operator(%T.%2) "
-                          "(b::text)::%C $$")
+                          "(b::numeric::text)::%C $$")
                           .arg(funcion, nombre)
                    << QStringLiteral(
                           "create or replace function %S.%1(a double precision, b %C) returns boolean "
-                          "language sql immutable strict parallel safe as $$ select (a::text)::%C "
+                          "language sql immutable strict parallel safe as $$ select (a::numeric::text)::%C "
                           "operator(%T.%2) b $$")
                           .arg(funcion, nombre);
     }

@@ -109,7 +109,8 @@ Respuesta correr(AppContext &ctx, const QString &original, const QString &entida
         r.rechazada = true;
         r.error = e.descripcion;
     }
-    if (!lee) conexion.coneccion().rollback();
+    // A refused command ends the server's connection, and the transaction with it.
+    if (!lee && conexion.abierta()) conexion.coneccion().rollback();
     return r;
 }
 

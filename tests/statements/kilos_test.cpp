@@ -113,6 +113,13 @@ const Caso kilos[] = {
      "update groupsubitems set valorrelacionestadistica = 0 where estadistica = '01' and id = 1 and interno "
      "= 'OP1'",
      Espera::Filas, "INTERNOS", "2"},
+    {"MeasureAndKilosOfTheGroups",
+     "update groupsubitems set kgneto = ROUND(((fob * 5) / 300),2), valorrelacionestadistica = ROUND(((fob * "
+     "5) / 300),2) where estadistica = '01' and valorrelacionestadistica = 0 and id = 1 and interno = 'OP1'",
+     Espera::Filas, "INTERNOS", "1"},
+    {"LargestMeasureForTheResidual",
+     "select top 1 * from groupsubitems where interno = 'OP1' and id = 1 and estadistica = '01' and "
+     "valorrelacionestadistica > 0.01 order by valorrelacionestadistica desc"},
     {"EmptyGroupsByItem",
      "select id,COUNT(*) as cant from groupsubitems where kgneto = 0 and (estadistica = '01' or deresp = "
      "'01' or idunidad "
