@@ -124,22 +124,27 @@ std::vector<Casilla> casillas() {
              bandera(&O::NoEnviarDescripcionAlITEM)}};
 }
 
-TEST_F(OpcionesEnPantalla, EachBoxReachesItsKeyAndItsMemberAloneAndComesBack) {
-    for (const Casilla &una : casillas()) {
-        SCOPED_TRACE(una.clave);
+// Each box has a number of its own from 1 on; in the n-th save it is ticked when the n-th bit of its number
+// is set. No two boxes go through the saves alike, so a key or a member that listened to another box would
+// show.
+TEST_F(OpcionesEnPantalla, EachBoxReachesItsKeyAndItsMemberAndComesBack) {
+    const std::vector<Casilla> todas = casillas();
+    constexpr unsigned guardadas = 5;
+    ASSERT_LT(todas.size(), 1U << guardadas);
+    for (unsigned n = 0; n < guardadas; ++n) {
+        const auto tildada = [n](std::size_t i) { return (((i + 1) >> n) & 1U) != 0; };
         ValoresConGen v = LeerConGen(ctx, {});
-        for (const Casilla &otra : casillas()) v.*otra.control = false;
-        v.*una.control = true;
+        for (std::size_t i = 0; i < todas.size(); ++i) v.*todas[i].control = tildada(i);
         ASSERT_TRUE(GuardarConGen(ctx, v).ok);
-        EXPECT_TRUE(una.puesta(ctx.opciones));
-        for (const Casilla &otra : casillas())
-            EXPECT_EQ(clave(otra.clave), otra.control == una.control ? "S" : "N") << otra.clave;
+        for (std::size_t i = 0; i < todas.size(); ++i) {
+            EXPECT_EQ(clave(todas[i].clave), tildada(i) ? "S" : "N") << todas[i].clave;
+            EXPECT_EQ(todas[i].puesta(ctx.opciones), tildada(i)) << todas[i].clave;
+        }
+        ctx.opciones = Opciones();
         CargarConfiguracion(ctx);
         const ValoresConGen leido = LeerConGen(ctx, {});
-        for (const Casilla &otra : casillas()) {
-            EXPECT_EQ(leido.*otra.control, otra.control == una.control) << otra.clave;
-            EXPECT_EQ(otra.puesta(ctx.opciones), otra.control == una.control) << otra.clave;
-        }
+        for (std::size_t i = 0; i < todas.size(); ++i)
+            EXPECT_EQ(leido.*todas[i].control, tildada(i)) << todas[i].clave;
     }
 }
 
