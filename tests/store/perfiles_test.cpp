@@ -18,7 +18,7 @@ class Perfiles : public ::testing::Test {
     void SetUp() override { sp.carpetas = {uno.path(), dos.path()}; }
 
     static QString escribir(const QTemporaryDir &donde, const QString &nombre, const QByteArray &texto) {
-        const QString ruta = donde.filePath(nombre);
+        QString ruta = donde.filePath(nombre);
         QFile f(ruta);
         EXPECT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(texto);
