@@ -39,7 +39,7 @@ constexpr std::array<const char *, 6> formasDeFecha{
 QDateTime momentoEntreNumerales(QStringView vista) {
     const QString dentro = vista.mid(1, vista.size() - 2).trimmed().toString();
     for (const char *forma : formasDeFecha) {
-        const QDateTime momento = QDateTime::fromString(dentro, QLatin1String(forma));
+        QDateTime momento = QDateTime::fromString(dentro, QLatin1String(forma));
         if (momento.isValid()) return momento;
     }
     return {};
