@@ -80,7 +80,7 @@ void FrmCliente::Conectar() {
     const int letra = ui.GrdVentajas->fontMetrics().averageCharWidth();
     ui.GrdVentajas->setColumnWidth(0, letra * 24);
     ui.GrdVentajas->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
-    ui.GrdVentajas->setColumnWidth(2, letra * 16);
+    ui.GrdVentajas->setColumnWidth(2, letra * 20);
     ui.GrdVentajas->setColumnWidth(3, letra * 20);
 
     QObject::connect(ui.cmdAgregarVentaja, &QPushButton::clicked, v, [this] { cmdAgregarVentaja_Click(); });

@@ -51,7 +51,7 @@ void FrmClientes::Conectar() {
     ui.Lst->setColumnWidth(Nombre, letra * 38);
     ui.Lst->setColumnWidth(Cuit, letra * 16);
     ui.Lst->horizontalHeader()->setSectionResizeMode(Domicilio, QHeaderView::Stretch);
-    ui.Lst->setColumnWidth(Correo, letra * 32);
+    ui.Lst->setColumnWidth(Correo, letra * 42);
     EscucharTeclas(ventana.get(), [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
 }
 
@@ -97,8 +97,6 @@ void FrmClientes::Mostrar() {
 
 void FrmClientes::Elegir(const QString &cuit) {
     buscado_ = cuit;
-    // A book that stood open to be kept becomes the modal one.
-    ventana->hide();
     Preparar(true);
     ventana->exec();
 }
@@ -136,6 +134,8 @@ void FrmClientes::Eliminar() {
 }
 
 bool SeleccionarCliente(QString &cuit, QString &nombre, const QString &buscado) {
+    // A book that stands open to be kept gives way to the modal one.
+    CerrarPantalla<FrmClientes>();
     Pantalla<FrmClientes>().Elegir(buscado);
     CerrarPantalla<FrmClientes>();
     if (ClientBook::Elegido().codigo.isEmpty()) return false;

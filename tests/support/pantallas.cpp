@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -52,6 +53,17 @@ void tecla(int tecla, Qt::KeyboardModifiers con) {
     // Through the window, as the platform sends it, so that shortcuts and mnemonics work.
     QTest::keyClick(foco->window()->windowHandle(), static_cast<Qt::Key>(tecla), con);
     QCoreApplication::processEvents();
+}
+
+void atajo(int letra) {
+    tecla(letra, Qt::AltModifier);
+    hasta([] {
+        const QWidget *ventana = QApplication::activeWindow();
+        if (ventana == nullptr) return true;
+        const auto botones = ventana->findChildren<QAbstractButton *>();
+        return std::none_of(botones.begin(), botones.end(),
+                            [](const QAbstractButton *boton) { return boton->isDown(); });
+    });
 }
 
 void teclaEn(QWidget *campo, int cual, Qt::KeyboardModifiers con) {

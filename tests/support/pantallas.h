@@ -1,10 +1,14 @@
 #pragma once
 // Screens over fresh stores, driven by key events.
 
+#include <QApplication>
+#include <QDialog>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 
+#include "frame/ui/Pantalla.h"
 #include "tests/support/tienda.h"
 
 /// The demonstration data behind the screens; every screen is gone after each test.
@@ -24,6 +28,8 @@ class EnPantalla : public EnAmbosStores {
 void esperarVentana(QWidget *ventana);
 /// A key to the widget that has the focus in the active window.
 void tecla(int tecla, Qt::KeyboardModifiers con = Qt::NoModifier);
+/// ALT with a letter: the button's press is seen for a moment before it is let go, so it waits for that.
+void atajo(int letra);
 /// The same to one widget, which takes the focus first.
 void teclaEn(QWidget *campo, int tecla, Qt::KeyboardModifiers con = Qt::NoModifier);
 /// Types a text into the widget that has the focus.
@@ -32,6 +38,23 @@ void escribir(const QString &texto);
 void hasta(const std::function<bool()> &listo);
 /// Calls `hacer` with the next modal window, as soon as one stands.
 void conVentanaModal(const std::function<void(QWidget *)> &hacer);
+
+/// Calls `hacer` with screen T as soon as it stands as the modal window in hand; a screen that `hacer` leaves
+/// open fails the test and is closed.
+template <class T>
+void conPantallaModal(const std::function<void(T &)> &hacer) {
+    QTimer::singleShot(5, qApp, [hacer] {
+        if (!PantallaAbierta<T>() || QApplication::activeModalWidget() != Pantalla<T>().ventana.get()) {
+            conPantallaModal<T>(hacer);
+            return;
+        }
+        esperarVentana(Pantalla<T>().ventana.get());
+        hacer(Pantalla<T>());
+        if (!PantallaAbierta<T>() || !Pantalla<T>().ventana->isVisible()) return;
+        ADD_FAILURE() << "the screen was left open";
+        Pantalla<T>().ventana->done(0);
+    });
+}
 
 /// What a reader would not see whole: the names and texts of visible labels, buttons and headings that are
 /// narrower or lower than their text.

@@ -1,0 +1,381 @@
+// The book of clients, by keyboard.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+#include "frame/ui/Pantalla.h"
+#include "header/FrmListado.h"
+#include "siblings/FrmCliente.h"
+#include "siblings/FrmClientes.h"
+#include "tests/support/pantallas.h"
+
+namespace {
+
+const QString personal = QStringLiteral("PERSONAL");
+
+QString enMano(const QTableWidget *grilla, int columna) {
+    const int fila = grilla->currentRow();
+    return fila < 0 ? QString() : grilla->item(fila, columna)->text();
+}
+
+class LibroEnPantalla : public EnPantalla {
+ protected:
+    FrmClientes &mostrar() {
+        auto &libro = Pantalla<FrmClientes>();
+        libro.Mostrar();
+        esperarVentana(libro.ventana.get());
+        return libro;
+    }
+    /// Opens a record by a key of the list and drives it.
+    static void enLaFicha(int cual, const std::function<void(FrmCliente &)> &hacer,
+                          Qt::KeyboardModifiers con = Qt::NoModifier) {
+        conPantallaModal<FrmCliente>(hacer);
+        tecla(cual, con);
+        EXPECT_FALSE(PantallaAbierta<FrmCliente>());
+        esperarVentana(Pantalla<FrmClientes>().ventana.get());
+    }
+    /// ENTER as many times.
+    static void enter(int veces) {
+        for (int i = 0; i < veces; ++i) tecla(Qt::Key_Return);
+    }
+    QString ventajas(const QString &cuit) {
+        return filas(QLatin1String("select idventaja,idsubregimen,ncm from ventajasrel where cuit = '") +
+                         cuit + QLatin1String("' order by idventaja"),
+                     personal);
+    }
+};
+
+TEST_P(LibroEnPantalla, ANewClientIsKeyedWithEveryColumnByEnterAlone) {
+    auto &libro = mostrar();
+    enLaFicha(Qt::Key_Insert, [this](FrmCliente &ficha) {
+        EXPECT_EQ(ficha.ventana->windowTitle(), QStringLiteral("Agregar cliente"));
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtCuit);
+        escribir(QStringLiteral("30-12345678-1"));
+        enter(1);
+        escribir(QStringLiteral("PEÑA D'ONOFRIO S.A."));
+        enter(1);
+        escribir(QStringLiteral("a@b.example"));
+        enter(1);
+        escribir(QStringLiteral("Calle 1"));
+        enter(1);
+        for (const char *porcentaje : {"1,5", "2", "3"}) {
+            escribir(QString(QLatin1String(porcentaje)));
+            enter(1);
+        }
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.chkEximGan);
+        tecla(Qt::Key_Space);
+        enter(1);
+        escribir(QStringLiteral("40"));
+        enter(1);
+        escribir(QStringLiteral("41"));
+        enter(1);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.chkIvaReduccion);
+        tecla(Qt::Key_Space);
+        enter(1);
+        escribir(QStringLiteral("50"));
+        enter(1);
+        escribir(QStringLiteral("51"));
+        enter(1);
+        tecla(Qt::Key_Space);
+        enter(1);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.chkExcepLAPIAEC);
+        tecla(Qt::Key_Space);
+        enter(1);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
+        escribir(QStringLiteral("vehiculopartes"));
+        EXPECT_EQ(ficha.ui.LbVentaja->text(), QStringLiteral("Partes del régimen automotriz"));
+        enter(1);
+        escribir(QStringLiteral("ic04"));
+        enter(1);
+        EXPECT_EQ(ficha.ui.LbSubReg->text(), QStringLiteral("Importación definitiva para consumo"));
+        escribir(QStringLiteral("8708"));
+        enter(2);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja) << "ready for the next one";
+        EXPECT_EQ(enMano(ficha.ui.GrdVentajas, 0), QStringLiteral("VEHICULOPARTES"));
+        enter(4);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.cmdGuardar) << "nothing to add goes on";
+        enter(1);
+    });
+    EXPECT_EQ(enMano(libro.ui.Lst, 1), QStringLiteral("30123456781")) << "the new client is in hand";
+    EXPECT_EQ(
+        filas(QStringLiteral("select * from clientes where cuit = '30123456781'"), personal),
+        QStringLiteral("30123456781|PEÑA D'ONOFRIO S.A.|Calle 1|a@b.example|1.5|2|S|40|41|S|50|51|S|3|S"));
+    EXPECT_EQ(ventajas(QStringLiteral("30123456781")), QStringLiteral("VEHICULOPARTES|IC04|8708"));
+    EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(LibroEnPantalla, TheListIsSearchedByNameAndByNumberAsOneTypes) {
+    auto &libro = mostrar();
+    EXPECT_EQ(libro.ui.Lst->rowCount(), 8);
+    EXPECT_EQ(QApplication::focusWidget(), libro.ui.txtBuscar);
+    escribir(QStringLiteral("tej"));
+    EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("TEJEDURIA LOS ALERCES S.A."));
+    tecla(Qt::Key_Tab);
+    escribir(QStringLiteral("307145"));
+    EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("AUTOPARTES QUILMES S.A."));
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmClientes>());
+}
+
+TEST_P(LibroEnPantalla, PickingAnswersTheClientAndEscapeNone) {
+    QString cuit;
+    QString nombre;
+    conPantallaModal<FrmClientes>([](FrmClientes &) {
+        escribir(QStringLiteral("bod"));
+        tecla(Qt::Key_Return);
+    });
+    EXPECT_TRUE(SeleccionarCliente(cuit, nombre));
+    EXPECT_EQ(cuit, QStringLiteral("30693201582"));
+    EXPECT_EQ(nombre, QStringLiteral("BODEGA PIEDRA CHICA S.R.L."));
+    conPantallaModal<FrmClientes>([](FrmClientes &) { tecla(Qt::Key_Escape); });
+    EXPECT_FALSE(SeleccionarCliente(cuit, nombre));
+    EXPECT_EQ(cuit, QStringLiteral("30693201582")) << "left as it was";
+}
+
+TEST_P(LibroEnPantalla, ANumberThatWasNotFoundStartsTheNewClient) {
+    QString cuit;
+    QString nombre;
+    conPantallaModal<FrmClientes>([](FrmClientes &libro) {
+        conPantallaModal<FrmCliente>([](FrmCliente &ficha) {
+            EXPECT_EQ(ficha.ui.TxtCuit->text(), QStringLiteral("30123456781"));
+            EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtNombre);
+            escribir(QStringLiteral("NUEVO S.A."));
+            atajo(Qt::Key_G);
+        });
+        tecla(Qt::Key_Insert);
+        esperarVentana(libro.ventana.get());
+        tecla(Qt::Key_Return);
+    });
+    EXPECT_TRUE(SeleccionarCliente(cuit, nombre, QStringLiteral("30123456781")));
+    EXPECT_EQ(cuit, QStringLiteral("30123456781"));
+    EXPECT_EQ(nombre, QStringLiteral("NUEVO S.A."));
+}
+
+TEST_P(LibroEnPantalla, ABookThatStandsOpenServesToPickToo) {
+    mostrar();
+    QString cuit;
+    QString nombre;
+    conPantallaModal<FrmClientes>([](FrmClientes &) { tecla(Qt::Key_Return); });
+    EXPECT_TRUE(SeleccionarCliente(cuit, nombre));
+    EXPECT_EQ(nombre, QStringLiteral("AGRO DEL LITORAL COOP. LTDA."));
+}
+
+TEST_P(LibroEnPantalla, EnterF6AndShiftEnterOpenTheRecordForAChange) {
+    auto &libro = mostrar();
+    escribir(QStringLiteral("auto"));
+    for (const auto &[cual, con] :
+         {std::pair(Qt::Key_Return, Qt::NoModifier), std::pair(Qt::Key_F6, Qt::NoModifier),
+          std::pair(Qt::Key_Return, Qt::ShiftModifier)})
+        enLaFicha(
+            cual,
+            [](FrmCliente &ficha) {
+                EXPECT_EQ(ficha.ventana->windowTitle(), QStringLiteral("Modificar cliente"));
+                EXPECT_EQ(ficha.ui.TxtCuit->text(), QStringLiteral("30714560200"));
+                EXPECT_FALSE(ficha.ui.TxtCuit->isEnabled());
+                tecla(Qt::Key_Escape);
+            },
+            con);
+    enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
+        ficha.ui.TxtNombre->clear();
+        escribir(QStringLiteral("ZARATE AUTOPARTES"));
+        atajo(Qt::Key_G);
+    });
+    EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("ZARATE AUTOPARTES")) << "in hand at its new place";
+    EXPECT_EQ(libro.ui.Lst->currentRow(), 7);
+    EXPECT_TRUE(registro.preguntas.empty());
+}
+
+TEST_P(LibroEnPantalla, AWrongTaxNumberIsRefusedAndItsFieldIsShown) {
+    mostrar();
+    enLaFicha(Qt::Key_Insert, [this](FrmCliente &ficha) {
+        escribir(QStringLiteral("30123456782"));
+        ficha.ui.TxtNombre->setText(QStringLiteral("X"));
+        atajo(Qt::Key_G);
+        ASSERT_EQ(registro.mensajes.size(), 1U);
+        EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
+        EXPECT_EQ(registro.mensajes[0].titulo, QStringLiteral("Clientes"));
+        EXPECT_EQ(
+            registro.mensajes[0].texto,
+            QStringLiteral("El dígito verificador del CUIT 30123456782 no es correcto, revise el número."));
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtCuit);
+        EXPECT_EQ(ficha.ui.TxtCuit->selectedText(), QStringLiteral("30123456782"));
+        tecla(Qt::Key_Escape);
+    });
+    EXPECT_EQ(valor(QStringLiteral("select count(*) from clientes"), personal), QStringLiteral("8"));
+}
+
+TEST_P(LibroEnPantalla, EveryFaultTakesTheFocusToItsField) {
+    mostrar();
+    enLaFicha(Qt::Key_F6, [this](FrmCliente &ficha) {
+        struct Caso {
+            QLineEdit *campo;
+            const char *malo;
+        };
+        const auto &ui = ficha.ui;
+        for (const Caso &caso :
+             {Caso{ui.TxtNombre, ""}, Caso{ui.TxtEmail, "sin arroba"}, Caso{ui.TxtRegalias, "x"},
+              Caso{ui.TxtAjxVinc, "101"}, Caso{ui.TxtEximGan, "-1"}, Caso{ui.TxtEximGanTemp, "mucho"},
+              Caso{ui.TxtIvaReduccion, "200"}, Caso{ui.TxtIvaReduccionTemp, "q"}, Caso{ui.TxtIngBru, "y"}}) {
+            const QString bueno = caso.campo->text();
+            caso.campo->setText(QLatin1String(caso.malo));
+            ui.cmdGuardar->setFocus();
+            registro.mensajes.clear();
+            atajo(Qt::Key_G);
+            EXPECT_EQ(registro.mensajes.size(), 1U) << caso.campo->objectName().toStdString();
+            EXPECT_EQ(QApplication::focusWidget(), caso.campo) << caso.campo->objectName().toStdString();
+            caso.campo->setText(bueno);
+        }
+        tecla(Qt::Key_Escape);
+    });
+    EXPECT_TRUE(registro.preguntas.empty()) << "with every text as it was there is nothing to ask";
+}
+
+TEST_P(LibroEnPantalla, EscapeWithChangesAsksAndStoresOnYesOnly) {
+    mostrar();
+    for (const bool guardar : {false, true}) {
+        registro.respuestas.push_back(guardar);
+        enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
+            ficha.ui.TxtDomicilio->setFocus();
+            ficha.ui.TxtDomicilio->clear();
+            escribir(QStringLiteral("Otro 1"));
+            tecla(Qt::Key_Escape);
+        });
+        EXPECT_EQ(
+            valor(QStringLiteral("select domicilio from clientes where cuit = '30504123770'"), personal),
+            guardar ? QStringLiteral("Otro 1") : QStringLiteral("Bv. Oroño 95, Rosario"));
+    }
+    ASSERT_EQ(registro.preguntas.size(), 2U);
+    EXPECT_EQ(registro.preguntas[0].texto,
+              QStringLiteral("Los cambios del cliente no están guardados.\r\n¿Desea guardarlos?"));
+    EXPECT_FALSE(registro.preguntas[0].porDefectoNo);
+}
+
+TEST_P(LibroEnPantalla, ClosingTheRecordsWindowAsksLikeEscape) {
+    mostrar();
+    enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
+        ficha.ui.TxtNombre->setText(QStringLiteral("Z"));
+        ficha.ventana->close();
+    });
+    EXPECT_EQ(registro.preguntas.size(), 1U);
+    EXPECT_EQ(valor(QStringLiteral("select nombre from clientes where cuit = '30504123770'"), personal),
+              QStringLiteral("AGRO DEL LITORAL COOP. LTDA."));
+}
+
+TEST_P(LibroEnPantalla, APercentageWithoutItsMarkIsDimmedAndKept) {
+    mostrar();
+    escribir(QStringLiteral("auto"));
+    enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
+        EXPECT_TRUE(ficha.ui.TxtEximGan->isEnabled());
+        EXPECT_FALSE(ficha.ui.TxtIvaReduccion->isEnabled());
+        ficha.ui.chkEximGan->setFocus();
+        tecla(Qt::Key_Space);
+        EXPECT_FALSE(ficha.ui.TxtEximGan->isEnabled());
+        atajo(Qt::Key_G);
+    });
+    EXPECT_EQ(filas(QStringLiteral("select eximgan,eximganvalor from clientes where cuit = '30714560200'"),
+                    personal),
+              QStringLiteral("N|50"));
+}
+
+TEST_P(LibroEnPantalla, AdvantagesAreChangedAndTakenAwayInTheirGrid) {
+    mostrar();
+    escribir(QStringLiteral("auto"));
+    enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
+        ficha.ui.GrdVentajas->setFocus();
+        tecla(Qt::Key_Return);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
+        EXPECT_EQ(ficha.ui.TxtVentaja->text(), QStringLiteral("VEHICULOPARTES"));
+        EXPECT_EQ(ficha.ui.TxtNcm->text(), QStringLiteral("8708"));
+        ficha.ui.TxtNcm->setFocus();
+        escribir(QStringLiteral("8409"));
+        enter(2);
+        EXPECT_EQ(ficha.ui.GrdVentajas->rowCount(), 2) << "changed, not added";
+        ficha.ui.GrdVentajas->setFocus();
+        tecla(Qt::Key_End);
+        tecla(Qt::Key_Delete);
+        EXPECT_EQ(ficha.ui.GrdVentajas->rowCount(), 1);
+        tecla(Qt::Key_Insert);
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
+        atajo(Qt::Key_G);
+    });
+    EXPECT_EQ(ventajas(QStringLiteral("30714560200")), QStringLiteral("VEHICULOPARTES||8409"));
+}
+
+TEST_P(LibroEnPantalla, AnAdvantageThatIsNotKeptIsRefusedAtOnce) {
+    mostrar();
+    enLaFicha(Qt::Key_F6, [this](FrmCliente &ficha) {
+        const int habia = ficha.ui.GrdVentajas->rowCount();
+        ficha.ui.TxtVentaja->setFocus();
+        escribir(QStringLiteral("NADA"));
+        enter(4);
+        ASSERT_EQ(registro.mensajes.size(), 1U);
+        EXPECT_TRUE(registro.mensajes[0].texto.startsWith(QStringLiteral("La ventaja NADA no existe")));
+        EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
+        EXPECT_EQ(ficha.ui.GrdVentajas->rowCount(), habia);
+        tecla(Qt::Key_Escape);
+    });
+}
+
+TEST_P(LibroEnPantalla, F6ListsTheCatalogueOfAdvantages) {
+    conDialogosDeVerdad();
+    mostrar();
+    enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
+        ficha.ui.TxtVentaja->setFocus();
+        conPantallaModal<FrmListado>([](FrmListado &) {
+            escribir(QStringLiteral("partes"));
+            tecla(Qt::Key_Return);
+        });
+        tecla(Qt::Key_F6);
+        EXPECT_EQ(ficha.ui.TxtVentaja->text(), QStringLiteral("VEHICULOPARTES"));
+        esperarVentana(ficha.ventana.get());
+        ficha.ui.TxtVentaja->clear();
+        tecla(Qt::Key_Escape);
+    });
+}
+
+TEST_P(LibroEnPantalla, DeleteInTheListAsksAndTakesTheClient) {
+    ejecutar(QStringLiteral("delete from caratula where cuitcliente = '30714560200'"));
+    auto &libro = mostrar();
+    escribir(QStringLiteral("auto"));
+    tecla(Qt::Key_Delete);
+    EXPECT_TRUE(registro.preguntas.empty()) << "in the box the key only edits";
+    libro.ui.Lst->setFocus();
+    tecla(Qt::Key_Delete);
+    ASSERT_EQ(registro.preguntas.size(), 1U);
+    EXPECT_EQ(registro.preguntas[0].titulo, QStringLiteral("Eliminar cliente"));
+    EXPECT_TRUE(registro.preguntas[0].porDefectoNo);
+    EXPECT_EQ(libro.ui.Lst->rowCount(), 8) << "No keeps it";
+    registro.respuestas.push_back(true);
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(libro.ui.Lst->rowCount(), 7);
+    EXPECT_EQ(ventajas(QStringLiteral("30714560200")), QString());
+}
+
+TEST_P(LibroEnPantalla, AClientUsedByAnOperationIsToldInTheQuestion) {
+    auto &libro = mostrar();
+    escribir(QStringLiteral("hidr"));
+    teclaEn(libro.ui.Lst, Qt::Key_Delete);
+    ASSERT_EQ(registro.preguntas.size(), 1U);
+    EXPECT_TRUE(registro.preguntas[0].texto.contains(QStringLiteral("está usado por una operación")));
+    EXPECT_EQ(registro.preguntas[0].icono, Icono::Exclamacion);
+    EXPECT_EQ(libro.ui.Lst->rowCount(), 8);
+}
+
+TEST_P(LibroEnPantalla, AnErrorOfTheStoreIsAMessageAndTheRecordStays) {
+    mostrar();
+    enLaFicha(Qt::Key_F6, [this](FrmCliente &ficha) {
+        ejecutar(QStringLiteral("drop table clientes"), personal);
+        ficha.ui.TxtNombre->setText(QStringLiteral("Z"));
+        atajo(Qt::Key_G);
+        ASSERT_FALSE(registro.mensajes.empty());
+        EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+        EXPECT_TRUE(ficha.ventana->isVisible());
+        tecla(Qt::Key_Escape);
+    });
+}
+
+EN_AMBOS_STORES(LibroEnPantalla);
+
+}  // namespace
