@@ -8,6 +8,7 @@
 #include "frame/ui/ventana.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/handover.h"
+#include "subitems/FrmSubItems.h"
 
 namespace {
 
@@ -41,10 +42,10 @@ void FrmDetalleInterno::Conectar() {
         QObject::connect(boton, &QAbstractButton::clicked, v, hacer);
     };
     alPulsar(ui.cmdITEM, [this] { cmdITEM_Click(); });
+    alPulsar(ui.CmdSubItems, [this] { CmdSubItems_Click(); });
     alPulsar(ui.CmdTransMaria, [this] { CmdTransMaria_Click(); });
-    for (QPushButton *boton :
-         {ui.cmdCaratula, ui.CmdSubItems, ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal,
-          ui.cmdCertOrig, ui.cmdExportar, ui.cmdExportINS, ui.Command1, ui.Command4})
+    for (QPushButton *boton : {ui.cmdCaratula, ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal,
+                               ui.cmdCertOrig, ui.cmdExportar, ui.cmdExportINS, ui.Command1, ui.Command4})
         alPulsar(boton, [] { NoDisponible(Contexto()); });
     alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
     alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });
@@ -131,6 +132,12 @@ EleccionDelTablero FrmDetalleInterno::LeerEleccion() const {
     return e;
 }
 
+BanderasDeOperacion FrmDetalleInterno::LeerBanderas() const {
+    BanderasDeOperacion banderas{};
+    for (std::size_t n = 0; n < CkFlag.size(); ++n) banderas.at(n) = CkFlag.at(n)->isChecked() ? 1 : 0;
+    return banderas;
+}
+
 bool FrmDetalleInterno::Form_KeyDown(const QKeyEvent *tecla) {
     if (tecla->key() != Qt::Key_Escape) return false;
     CerrarInterno();
@@ -144,11 +151,9 @@ void FrmDetalleInterno::Form_GotFocus() {
 void FrmDetalleInterno::CerrarInterno() {
     AppContext &ctx = Contexto();
     const bool guardado = Manejar(ctx, [&] {
-        BanderasDeOperacion banderas{};
-        for (std::size_t n = 0; n < CkFlag.size(); ++n) banderas.at(n) = CkFlag.at(n)->isChecked() ? 1 : 0;
         std::optional<int> coeficiente;
         if (ui.ChCOEF->isEnabled()) coeficiente = ui.ChCOEF->isChecked() ? 1 : 0;
-        GuardarYLiberar(ctx, interno_, banderas, coeficiente);
+        GuardarYLiberar(ctx, interno_, LeerBanderas(), coeficiente);
     });
     if (guardado) Form_Unload();
 }
@@ -204,6 +209,15 @@ void FrmDetalleInterno::AbrirItems() {
         TomarFoco();
     };
     items.Mostrar(interno_);
+}
+
+void FrmDetalleInterno::CmdSubItems_Click() {
+    auto &lineas = Pantalla<FrmSubItems>();
+    lineas.alCerrar = [this] {
+        VerDatos();
+        TomarFoco();
+    };
+    lineas.Mostrar(interno_, LeerBanderas());
 }
 
 void FrmDetalleInterno::CmdTransMaria_Click() {

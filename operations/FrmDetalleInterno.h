@@ -34,6 +34,7 @@ class FrmDetalleInterno {
     /// Goes on where the run's screen has closed.
     void SeguirArmado();
     void AbrirItems();
+    void CmdSubItems_Click();
     void CmdTransMaria_Click();
     void opDJAI_MezclarDescripciones_Click();
     void opDJAI_Usar_Descripcion_Catalogo_Click();
@@ -41,6 +42,7 @@ class FrmDetalleInterno {
     void HabilitarBotones(const EstadoDeOperacion &estado);
     void ElegirOpcionDJAI(const EstadoDeOperacion &estado);
     EleccionDelTablero LeerEleccion() const;
+    BanderasDeOperacion LeerBanderas() const;
 
     std::array<QCheckBox *, 8> CkFlag{};
     QString interno_;

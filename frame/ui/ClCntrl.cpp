@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPalette>
+#include <QPlainTextEdit>
 
 #include "frame/numbers.h"
 #include "frame/ui/eventos.h"
@@ -67,6 +68,7 @@ void ClCntrl::Vincular(QWidget *campo) {
             case QEvent::FocusIn:
                 colorear(campo, true);
                 if (auto *linea = qobject_cast<QLineEdit *>(campo)) linea->selectAll();
+                if (auto *plano = qobject_cast<QPlainTextEdit *>(campo)) plano->selectAll();
                 return false;
             case QEvent::FocusOut:
                 colorear(campo, false);
@@ -87,6 +89,8 @@ void ClCntrl::alCambiar(QWidget *campo, std::function<void()> hacer) {
         QObject::connect(linea, &QLineEdit::textChanged, linea, cambio);
     else if (auto *combo = qobject_cast<QComboBox *>(campo))
         QObject::connect(combo, &QComboBox::currentTextChanged, combo, cambio);
+    else if (auto *plano = qobject_cast<QPlainTextEdit *>(campo))
+        QObject::connect(plano, &QPlainTextEdit::textChanged, plano, cambio);
 }
 
 bool &ClCntrl::banderaDeCambios() {

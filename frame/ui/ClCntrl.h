@@ -16,7 +16,7 @@ class QWidget;
 /// beginning "BB" keeps its colour.
 namespace ClCntrl {
 
-/// Binds one field: a line edit, a list or a combo box.
+/// Binds one field: a line edit, a box of several lines, a list or a combo box.
 void Vincular(QWidget *campo);
 
 /// Hears every text change of a bound field while the shared change flag is on (the operation must then be

@@ -18,6 +18,7 @@ QLabel[papel="subtitulo"] { font-weight: 600; color: #263238; }
 QLabel[papel="rotulo"] { color: #546e7a; }
 QLabel[papel="dato"] { color: #102027; font-weight: 600; }
 QLabel[papel="importe"] { color: #102027; font-size: 12pt; font-weight: 600; }
+QLabel[papel="marca"] { color: white; background: #b3261e; border-radius: 3px; padding: 1px 6px; font-weight: 600; }
 QLabel[papel="ayuda"] { color: #37474f; background: #e3eaea; border-top: 1px solid #cfd8dc; padding: 5px 14px; }
 QLabel[estado="bien"] { color: #1b7a3d; font-weight: 600; }
 QLabel[estado="falta"] { color: #b3261e; font-weight: 600; }

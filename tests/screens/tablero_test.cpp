@@ -218,8 +218,8 @@ TEST_P(Tablero, TheOrderOfItemsComesFromTheOption) {
 
 TEST_P(Tablero, AButtonWithoutItsScreenSaysSo) {
     auto &tablero = abrir(importacion);
-    for (QPushButton *boton : {tablero.ui.cmdCaratula, tablero.ui.CmdSubItems, tablero.ui.CmdPresupuesto,
-                               tablero.ui.Command1, tablero.ui.Command4}) {
+    for (QPushButton *boton :
+         {tablero.ui.cmdCaratula, tablero.ui.CmdPresupuesto, tablero.ui.Command1, tablero.ui.Command4}) {
         registro.mensajes.clear();
         teclaEn(boton, Qt::Key_Space);
         ASSERT_EQ(registro.mensajes.size(), 1U) << boton->text().toStdString();

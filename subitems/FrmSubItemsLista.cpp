@@ -1,0 +1,137 @@
+// The list of lines beside their entry.
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTableWidget>
+#include <algorithm>
+
+#include "frame/context.h"
+#include "frame/ui/estilo.h"
+#include "frame/ui/eventos.h"
+#include "frame/ui/ventana.h"
+#include "subitems/FrmSubItems.h"
+
+namespace {
+
+enum Columna { numero, posicion, unidad, cantidad, kgneto, preciounitario, fob, identificador, articulo };
+
+bool esNumero(int columna) {
+    return columna >= cantidad && columna <= identificador;
+}
+
+}  // namespace
+
+void FrmSubItems::ConectarLista() {
+    QTableWidget *grilla = ui.LstArticulos;
+    ListaConBusqueda::Acciones acciones;
+    acciones.tomar = acciones.modificar = [this] { LstArticulos_Enter(); };
+    acciones.agregar = [this] { cmdNuevo_Click(); };
+    acciones.eliminar = [this] { cmdEliminar_Click(); };
+    lista_.Preparar(grilla, ColumnasDeSubItems(), {}, std::move(acciones));
+    EscucharTeclas(grilla, [this, grilla](const QKeyEvent *tecla) {
+        if (tecla->key() != Qt::Key_Space || grilla->currentRow() < 0) return false;
+        QTableWidgetItem *celda = grilla->item(grilla->currentRow(), numero);
+        celda->setCheckState(celda->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+        return true;
+    });
+}
+
+void FrmSubItems::CargarLista() {
+    const auto lineas = GetRsSubtiems(Contexto(), s_.interno);
+    QTableWidget *grilla = ui.LstArticulos;
+    const int enMano = grilla->currentRow();
+    grilla->setUpdatesEnabled(false);
+    grilla->setRowCount(static_cast<int>(lineas.size()));
+    int fila = 0;
+    for (const FilaSubItem &linea : lineas) PonerFila(fila++, linea);
+    grilla->resizeColumnsToContents();
+    grilla->horizontalHeader()->setSectionResizeMode(articulo, QHeaderView::Stretch);
+    grilla->setUpdatesEnabled(true);
+    lista_.Seleccionar(std::min(std::max(enMano, 0), grilla->rowCount() - 1));
+}
+
+void FrmSubItems::PonerFila(int fila, const FilaSubItem &linea) {
+    QTableWidget *grilla = ui.LstArticulos;
+    const QStringList celdas = linea.celdas();
+    for (int columna = 0; columna < celdas.size(); ++columna)
+        estilo::PonerCelda(grilla, fila, columna, celdas.at(columna), esNumero(columna));
+    grilla->item(fila, numero)->setCheckState(Qt::Unchecked);
+    if (!linea.marcada) return;
+    for (int columna = 0; columna < celdas.size(); ++columna)
+        grilla->item(fila, columna)->setForeground(estilo::acento());
+}
+
+void FrmSubItems::ActualizarLinea(qint64 id, bool nueva) {
+    AppContext &ctx = Contexto();
+    QTableWidget *grilla = ui.LstArticulos;
+    const bool descendente = ctx.opciones.SbtMostrarAsc;
+    int fila = FilaDeId(id);
+    if (nueva) fila = descendente ? 0 : grilla->rowCount();
+    if (fila < 0) return;
+    const int numeroDeLinea = nueva ? grilla->rowCount() + 1 : grilla->item(fila, numero)->text().toInt();
+    const auto linea = FilaDeSubItem(ctx, s_.interno, id, numeroDeLinea);
+    if (!linea) return;
+    if (nueva) grilla->insertRow(fila);
+    PonerFila(fila, *linea);
+    lista_.Seleccionar(fila);
+}
+
+qint64 FrmSubItems::IdDeFila(int fila) const {
+    const QTableWidgetItem *celda = ui.LstArticulos->item(fila, identificador);
+    return celda == nullptr ? 0 : celda->text().toLongLong();
+}
+
+int FrmSubItems::FilaDeId(qint64 id) const {
+    for (int fila = 0; fila < ui.LstArticulos->rowCount(); ++fila)
+        if (IdDeFila(fila) == id) return fila;
+    return -1;
+}
+
+std::vector<qint64> FrmSubItems::IdsMarcados() const {
+    std::vector<qint64> ids;
+    for (int fila = 0; fila < ui.LstArticulos->rowCount(); ++fila)
+        if (ui.LstArticulos->item(fila, numero)->checkState() == Qt::Checked) ids.push_back(IdDeFila(fila));
+    return ids;
+}
+
+void FrmSubItems::LstArticulos_Enter() {
+    AppContext &ctx = Contexto();
+    const qint64 id = IdDeFila(lista_.Actual());
+    Leer();
+    Manejar(ctx, [&] {
+        if (BuscarSubItem(ctx, s_, id)) return;
+        ctx.dialogos.advertir(
+            QStringLiteral("El subitem ya no está en la operación, otro puesto lo eliminó."));
+        CargarLista();
+    });
+    Escribir(false);
+    if (s_.modo == 2) PonerFocoEnPrimero();
+}
+
+void FrmSubItems::cmdEliminar_Click() {
+    AppContext &ctx = Contexto();
+    const std::vector<qint64> marcados = IdsMarcados();
+    Leer();
+    Manejar(ctx, [&] {
+        bool cambio = false;
+        if (!marcados.empty())
+            cambio = lpEliminar(ctx, s_, marcados) > 0;
+        else if (lista_.Actual() >= 0)
+            cambio = EliminarSubItem(ctx, s_, IdDeFila(lista_.Actual()));
+        if (cambio) CargarLista();
+    });
+    Escribir(false);
+}
+
+void FrmSubItems::IrALaListaYVolver() {
+    if (ui.LstArticulos->hasFocus()) {
+        if (antesDeLaLista_ != nullptr && antesDeLaLista_->isEnabled())
+            antesDeLaLista_->setFocus();
+        else
+            PonerFocoEnPrimero();
+        return;
+    }
+    antesDeLaLista_ = ventana->focusWidget();
+    ui.LstArticulos->setFocus();
+    if (lista_.Actual() < 0 && ui.LstArticulos->rowCount() > 0) lista_.Seleccionar(0);
+}
