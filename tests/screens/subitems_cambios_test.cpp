@@ -1,0 +1,334 @@
+// Changing and deleting lines, the inputs link, and what the dashboard hides.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "frame/ui/Pantalla.h"
+#include "tests/screens/subitems_pantalla.h"
+
+namespace {
+
+const QString importacion = QStringLiteral("IC-2026-0001");
+
+class LineasCargadas : public EnLineas {
+ protected:
+    void conEnlace() {
+        insumos::crearEnlace = [this] {
+            insumos::Enlace e;
+            e.EstadoConexion = [] { return true; };
+            e.Mostrar = [this] {
+                insumos::Eleccion una;
+                una.CATNRO = QStringLiteral("INS01");
+                una.PRDNRO = QStringLiteral("P-1");
+                una.PRDDES = QStringLiteral("Bomba");
+                una.PRDNCM = bomba;
+                una.PRDUNI = QStringLiteral("07");
+                una.PRDPRE = QStringLiteral("10,5");
+                una.PRDPAI = QStringLiteral("203");
+                una.PRDSUF = QStringLiteral("AA01-AB(X 1)-ZB(000750)-");
+                return std::optional(una);
+            };
+            e.AgregarInsumo = [this](const insumos::Toma &, double &cif) {
+                cif = 12.75;
+                return acepta;
+            };
+            e.EliminarInsumo = [this](const QString &, const QString &, const QString &, qint64) {
+                return acepta;
+            };
+            return e;
+        };
+        ejecutar("update caratula set idsubreg = 'EC02' where interno = 'OP 1'");
+    }
+    bool acepta = true;
+};
+
+TEST_P(LineasCargadas, TheListShowsEveryLineAndTheTotals) {
+    auto &pantalla = lineas(importacion);
+    auto &ui = pantalla.ui;
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 25);
+    EXPECT_EQ(celda(pantalla, 0, 0), "0001");
+    EXPECT_EQ(celda(pantalla, 24, 0), "0025");
+    EXPECT_EQ(celda(pantalla, 0, 1), "8413.70.10.100L");
+    EXPECT_EQ(celda(pantalla, 0, 3), "24.00");
+    EXPECT_EQ(celda(pantalla, 0, 5), "118.40000");
+    EXPECT_EQ(celda(pantalla, 0, 8), "NP-0750");
+    EXPECT_EQ(celda(pantalla, 0, 9), "NP-88120");
+    EXPECT_EQ(ui.LbTotal->text(), QStringLiteral("35950.00"));
+    EXPECT_EQ(ui.LbTotSubitems->text(), QStringLiteral("35950.00"));
+    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("00.00"));
+    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva"));
+}
+
+TEST_P(LineasCargadas, F9EnterAndF11ChangeALine) {
+    auto &pantalla = lineas(importacion);
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    EXPECT_EQ(QApplication::focusWidget(), ui.LstArticulos);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Modifica la línea 0002"));
+    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("NP-1100"));
+    EXPECT_FALSE(ui.txtIdArticulo->isEnabled()) << "a change writes no column of the article";
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtDescArticulos);
+    EXPECT_EQ(ui.TxtCodProrrateo->text(), QStringLiteral("EMB"));
+    EXPECT_EQ(ui.TxtFobTotal->text(), QStringLiteral("2340.00"));
+    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("ALEMANIA"));
+    llenar(ui.TxtFobTotal, QStringLiteral("2400"));
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+    // 2400 / 16
+    EXPECT_EQ(filas("select preciounitario,fob,idarticulo,kgbruto from subitems where interno = "
+                    "'IC-2026-0001' and idarticulo = 'NP-1100'")
+                  .toStdString(),
+              "150|2400|NP-1100|207.25");
+    EXPECT_EQ(celda(pantalla, 1, 0), "0002");
+    EXPECT_EQ(celda(pantalla, 1, 6), "2400.00");
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 25);
+    // 35950 - 35950 - 60
+    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("-60.00"));
+    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_TRUE(ui.txtIdArticulo->isEnabled());
+}
+
+TEST_P(LineasCargadas, WalkingOverALineWithEnterChangesNothingOfIt) {
+    auto &pantalla = lineas(importacion);
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Return);
+    QStringList antes;
+    const auto campos = ui.cuerpo_FrmSubItems->findChildren<QLineEdit *>();
+    for (const QLineEdit *campo : campos) antes << campo->objectName() + QLatin1Char('=') + campo->text();
+    for (int n = 0; n < 60 && QApplication::focusWidget() != ui.cmdGrabar; ++n)
+        tecla(QApplication::focusWidget() == ui.txtDescripcionMaria ? Qt::Key_Tab : Qt::Key_Return);
+    QStringList despues;
+    for (const QLineEdit *campo : campos) despues << campo->objectName() + QLatin1Char('=') + campo->text();
+    EXPECT_EQ(despues.join(QLatin1Char('\n')).toStdString(), antes.join(QLatin1Char('\n')).toStdString());
+    EXPECT_EQ(QApplication::focusWidget(), ui.cmdGrabar);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva")) << "ENTER on the button saves";
+}
+
+TEST_P(LineasCargadas, InsertLeavesTheChangeForANewLine) {
+    auto &pantalla = lineas(importacion);
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Return);
+    tecla(Qt::Key_Insert);
+    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(ui.TxtPosicion->text(), QString());
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo);
+    EXPECT_EQ(cuantas(importacion), 25);
+}
+
+// A suffix "SIN SUFIJOS" passes ModificarSubItems.
+TEST_P(LineasCargadas, ALineWithoutSuffixesPassesAChange) {
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    teclearHortalizas(pantalla);
+    tecla(Qt::Key_F11);
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(ui.txtSufijos->text(), QStringLiteral("SIN SUFIJOS"));
+    llenar(ui.TxtFobTotal, QStringLiteral("150"));
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+    EXPECT_EQ(linea("fob,preciounitario,sufijos"), "150|30|SIN SUFIJOS");
+}
+
+TEST_P(LineasCargadas, DeleteAsksAndTakesTheLineInHand) {
+    auto &pantalla = lineas(importacion);
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Home);
+    tecla(Qt::Key_Delete);
+    ASSERT_EQ(registro.preguntas.size(), 1U);
+    EXPECT_EQ(registro.preguntas[0].texto, QStringLiteral("Confirma eliminar SUBITEM seleccinado."));
+    EXPECT_EQ(cuantas(importacion), 25) << "No keeps it";
+    registro.respuestas = {true};
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(cuantas(importacion), 24);
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 24);
+    EXPECT_EQ(celda(pantalla, 0, 8), "NP-1100");
+    EXPECT_EQ(celda(pantalla, 0, 0), "0001") << "the lines are numbered again";
+    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("2841.60"));
+    EXPECT_EQ(QApplication::focusWidget(), ui.LstArticulos);
+}
+
+TEST_P(LineasCargadas, DeletingTheLineInChangeGoesBackToANewOne) {
+    auto &pantalla = lineas(importacion);
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Return);
+    tecla(Qt::Key_F9);
+    registro.respuestas = {true};
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(pantalla.ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(pantalla.ui.TxtPosicion->text(), QString());
+}
+
+TEST_P(LineasCargadas, SpaceChecksLinesAndDeleteTakesThemAllAfterOneQuestion) {
+    auto &pantalla = lineas(importacion);
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Space);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Space);
+    tecla(Qt::Key_End);
+    registro.respuestas = {true};
+    tecla(Qt::Key_Delete);
+    ASSERT_EQ(registro.preguntas.size(), 1U);
+    EXPECT_EQ(registro.preguntas[0].texto,
+              QStringLiteral("Confirma eliminar el o los subitems seleccionado"));
+    EXPECT_EQ(cuantas(importacion), 23);
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 23);
+    EXPECT_EQ(celda(pantalla, 0, 8), "NP-1100") << "the first and the third are gone";
+    // 35950 - 2841.60 - 2048.00
+    EXPECT_EQ(ui.LbTotSubitems->text(), QStringLiteral("31060.40"));
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'IC-2026-0001'"), QStringLiteral("S"));
+}
+
+TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
+    conEnlace();
+    auto &pantalla = lineas();
+    tecla(Qt::Key_F8);
+    llenar(pantalla.ui.TxtCantidad, QStringLiteral("24"));
+    llenar(pantalla.ui.TxtFobTotal, QStringLiteral("252"));
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(linea("idcatalogo,idarticulo,insumostemp,cancelaciones"), "INS01|P-1|12.75|OK");
+    acepta = false;
+    registro.respuestas = {true};
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(ultimoMensaje(), "Error en eliminar la relacion con insumos");
+    EXPECT_EQ(cuantas(), 1);
+    EXPECT_EQ(pantalla.ui.LstArticulos->rowCount(), 1);
+}
+
+// On an inputs regime, an insert that the link refuses leaves no row, and the user sees no separate message.
+TEST_P(LineasCargadas, ALineThatTheLinkRefusesLeavesNoRowAndNoMessage) {
+    conEnlace();
+    acepta = false;
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    EXPECT_TRUE(ui.cmdInsumos->isVisible());
+    tecla(Qt::Key_F8);
+    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("P-1"));
+    EXPECT_FALSE(ui.txtIdArticulo->isEnabled());
+    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtCantidad);
+    llenar(ui.TxtCantidad, QStringLiteral("24"));
+    llenar(ui.TxtFobTotal, QStringLiteral("252"));
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(cuantas(), 0);
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 0);
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+    EXPECT_EQ(ui.TxtCantidad->text(), QStringLiteral("24")) << "the line is still there to be mended";
+}
+
+TEST_P(LineasCargadas, WithoutTheLinkF8DoesNothing) {
+    auto &pantalla = lineas();
+    EXPECT_FALSE(pantalla.ui.cmdInsumos->isVisible());
+    tecla(Qt::Key_F8);
+    EXPECT_EQ(pantalla.ui.txtIdArticulo->text(), QString());
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+}
+
+TEST_P(LineasCargadas, EachFlagOfTheDashboardHidesItsBlock) {
+    struct Caso {
+        const char *bandera;
+        std::vector<const char *> controles;
+    };
+    const std::array<Caso, 8> casos{
+        {{"catalogues", {"TxtIdCatalogo", "txtIdArticulo", "LbDescCatalogo"}},
+         {"statistical quantity", {"TxtValorsobreestadistica"}},
+         {"origin", {"TxtIdpais", "rotuloPais"}},
+         {"condition", {"TxtIdEstadoMercaderia", "rotuloEstado"}},
+         {"proration", {"TxtCodProrrateo", "rotuloCodProrrateo"}},
+         {"capital goods", {"cboBiendeUso", "rotuloBiendeUso"}},
+         {"kilos", {"txtKgUnitario", "TxtKgNeto", "TxtKgBruto"}},
+         {"cancellations", {"TxtCanelaciones", "TxtCancCantidad", "txtNroItem", "TxtNroSubitem"}}}};
+    for (std::size_t oculto = 0; oculto < casos.size(); ++oculto) {
+        std::array<int, 8> banderas{1, 1, 1, 1, 1, 1, 1, 1};
+        banderas.at(oculto) = 0;
+        auto &pantalla = lineas(importacion, banderas);
+        for (std::size_t n = 0; n < casos.size(); ++n)
+            for (const char *control : casos.at(n).controles)
+                EXPECT_EQ(pantalla.ventana->findChild<QWidget *>(QLatin1String(control))->isVisible(),
+                          n != oculto)
+                    << control << " without " << casos.at(oculto).bandera;
+        tecla(Qt::Key_Escape);
+    }
+}
+
+TEST_P(LineasCargadas, WithoutCataloguesTheFirstFieldIsTheDescriptionAndAfterASaveThePosition) {
+    auto &pantalla = lineas(QStringLiteral("OP 1"), {0, 1, 1, 1, 1, 1, 1, 1});
+    EXPECT_EQ(QApplication::focusWidget(), pantalla.ui.TxtDescArticulos);
+    nuevaBomba(pantalla);
+    EXPECT_EQ(QApplication::focusWidget(), pantalla.ui.TxtPosicion);
+}
+
+TEST_P(LineasCargadas, F7ShowsTheSuffixesOfTheLine) {
+    auto &pantalla = lineas(importacion);
+    QStringList visto;
+    pantalla.verSufijos = [&](const QString &posicion, const QString &sufijos) {
+        visto << posicion << sufijos;
+    };
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Return);
+    tecla(Qt::Key_F7);
+    EXPECT_EQ(visto.join(QLatin1Char(' ')).toStdString(),
+              "8413.70.10.100L AA01-AB(NORDPUMPEN NP 0750)-ZB(000750)-");
+}
+
+TEST_P(LineasCargadas, ALineThatAnotherWorkstationDeletedIsTold) {
+    auto &pantalla = lineas(importacion);
+    ejecutar("delete from subitems where interno = 'IC-2026-0001' and idarticulo = 'NP-0750'");
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(ultimoMensaje(), "El subitem ya no está en la operación, otro puesto lo eliminó.");
+    EXPECT_EQ(pantalla.ui.LstArticulos->rowCount(), 24);
+    EXPECT_EQ(pantalla.ui.lbModo->text(), QStringLiteral("Línea nueva"));
+}
+
+// Pictures, and the order of TAB.
+
+TEST_P(LineasCargadas, PictureOfAnImport) {
+    auto &pantalla = lineas(importacion);
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    llenarYSeguir(pantalla.ui.TxtPosicion, pantalla.ui.TxtPosicion->text());
+    foto(pantalla.ventana.get(), QStringLiteral("subitems-importacion"));
+}
+
+TEST_P(LineasCargadas, PictureOfAnExport) {
+    auto &pantalla = lineas(QStringLiteral("EC-2026-0002"));
+    auto &ui = pantalla.ui;
+    llenarYSeguir(ui.TxtIdCatalogo, QStringLiteral("PIEDRACH"));
+    llenarYSeguir(ui.txtIdArticulo, QStringLiteral("MALB23"));
+    llenarYSeguir(ui.TxtCantidad, QStringLiteral("750"));
+    foto(pantalla.ventana.get(), QStringLiteral("subitems-exportacion"));
+}
+
+TEST_P(LineasCargadas, PictureWithEveryBlockHidden) {
+    auto &pantalla = lineas(importacion, {0, 0, 0, 0, 0, 0, 0, 0});
+    foto(pantalla.ventana.get(), QStringLiteral("subitems-minimo"));
+}
+
+TEST_P(LineasCargadas, TabFollowsTheOrderOfTheWork) {
+    auto &pantalla = lineas(QStringLiteral("EC-2026-0002"));
+    EXPECT_EQ(
+        ordenDeTab(pantalla.ventana.get()).join(QLatin1Char(' ')).toStdString(),
+        "TxtIdCatalogo txtIdArticulo TxtDescArticulos txtDescripcionMaria txtOtros TxtPosicion TxtUnidad "
+        "TxtCantidad TxtFobTotal txtKgUnitario TxtKgNeto TxtKgBruto TxtValorsobreestadistica TxtIdpais "
+        "txtIdPaisProc TxtIdEstadoMercaderia cboBiendeUso TxtCodProrrateo txtSufijos TxtNaladisa "
+        "TxtCodigoEAN TxtFiller txtCertOrig TxtInsumosTemp TxtInsumCons TxtCanelaciones TxtCancCantidad "
+        "txtNroItem TxtNroSubitem cmdGrabar LstArticulos cmdEliminar cmdVerSufijos cmdNuevo");
+}
+
+EN_AMBOS_STORES(LineasCargadas);
+
+}  // namespace
