@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QTextCursor>
 
 #include "frame/numbers.h"
 #include "frame/ui/eventos.h"
@@ -72,6 +73,9 @@ void ClCntrl::Vincular(QWidget *campo) {
                 return false;
             case QEvent::FocusOut:
                 colorear(campo, false);
+                // A box of several lines would go on showing what was selected.
+                if (auto *plano = qobject_cast<QPlainTextEdit *>(campo))
+                    plano->moveCursor(QTextCursor::Start);
                 return false;
             case QEvent::KeyPress:
                 return alApretar(campo, static_cast<QKeyEvent *>(evento));

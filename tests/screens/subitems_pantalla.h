@@ -32,6 +32,8 @@ class EnLineas : public EnPantalla {
     int cuantas(const QString &interno = QStringLiteral("OP 1"));
     static std::string celda(const FrmSubItems &pantalla, int fila, int columna);
 
+    /// What the suffix engine tells of a position that asks for none.
+    const std::string sinSufijos = "No se encontro Sufijo en el nomenclador";
     const QString bomba = QStringLiteral("8413.70.10.100L");      ///< unit 07; suffixes AA, AB, ZB
     const QString hortaliza = QStringLiteral("0709.60.00.000X");  ///< unit 01, no suffixes, no specific duty
     const QString leche = QStringLiteral("0402.21.10.110X");      ///< unit 01, specific duty in kilograms
