@@ -83,6 +83,8 @@ void estilo::Aplicar(QApplication &aplicacion) {
     paleta.setColor(QPalette::PlaceholderText, QColor(0x90, 0xa4, 0xae));
     for (const auto papel : {QPalette::Text, QPalette::ButtonText, QPalette::WindowText})
         paleta.setColor(QPalette::Disabled, papel, QColor(0x90, 0xa4, 0xae));
+    // A field that does not lead, or is not asked for, is no empty one.
+    paleta.setColor(QPalette::Disabled, QPalette::Base, QColor(0xee, 0xf2, 0xf2));
     QApplication::setPalette(paleta);
     aplicacion.setStyleSheet(QString::fromUtf8(hoja));
 }
