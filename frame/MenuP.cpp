@@ -14,6 +14,7 @@
 #include "frame/ui/ventana.h"
 #include "operations/FrmInternoNew.h"
 #include "siblings/FrmClientes.h"
+#include "subitems/FrmConsultas.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ struct EntradaDeMenu {
 const std::array<EntradaDeMenu, 7> entradas{{
     {u"Operaciones", Dibujo::Operacion, [] { Pantalla<FrmInternoNew>().Mostrar(); }},
     {u"Clientes", Dibujo::Clientes, [] { Pantalla<FrmClientes>().Mostrar(); }},
-    {u"Nomenclador", Dibujo::Nomenclador, nullptr},
+    {u"Nomenclador", Dibujo::Nomenclador, [] { Pantalla<FrmConsultas>().Mostrar(); }},
     {u"Catálogos", Dibujo::Catalogos, nullptr},
     {u"Configuración", Dibujo::Configuracion, [] { Pantalla<FrmConfig>().Mostrar(); }},
     {u"Exportar Operaciones", Dibujo::Exportar, nullptr},

@@ -8,6 +8,7 @@
 #include "frame/ui/ventana.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/handover.h"
+#include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
 
 namespace {
@@ -44,8 +45,9 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.cmdITEM, [this] { cmdITEM_Click(); });
     alPulsar(ui.CmdSubItems, [this] { CmdSubItems_Click(); });
     alPulsar(ui.CmdTransMaria, [this] { CmdTransMaria_Click(); });
+    alPulsar(ui.Command4, [] { Pantalla<FrmConsultas>().Mostrar(); });
     for (QPushButton *boton : {ui.cmdCaratula, ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal,
-                               ui.cmdCertOrig, ui.cmdExportar, ui.cmdExportINS, ui.Command1, ui.Command4})
+                               ui.cmdCertOrig, ui.cmdExportar, ui.cmdExportINS, ui.Command1})
         alPulsar(boton, [] { NoDisponible(Contexto()); });
     alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
     alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });

@@ -9,6 +9,7 @@
 #include <QTextCursor>
 
 #include "frame/numbers.h"
+#include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 
 namespace {
@@ -108,9 +109,8 @@ bool &ClCntrl::bloqueoDeNavegacion() {
 }
 
 QColor ClCntrl::colorF6() {
-    // 14083326, with blue in the high byte.
     constexpr int color = 14083326;
-    return {color & 0xff, (color >> 8) & 0xff, (color >> 16) & 0xff};
+    return estilo::ColorDePlataforma(color);
 }
 
 QColor ClCntrl::colorEnFoco() {

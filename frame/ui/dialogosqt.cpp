@@ -17,6 +17,7 @@
 #include "header/FrmABMClientes.h"
 #include "header/FrmListado.h"
 #include "operations/Frm_ComprobacionErrores.h"
+#include "subitems/FrmCargaSufijos.h"
 
 namespace {
 
@@ -124,6 +125,11 @@ int elegir(const Eleccion &e) {
     if (e.tipo == Eleccion::Tipo::Codigos) {
         const int fila = Pantalla<FrmListado>().Elegir(e);
         CerrarPantalla<FrmListado>();
+        return fila;
+    }
+    if (e.tipo == Eleccion::Tipo::Sufijos) {
+        const int fila = Pantalla<FrmCargaSufijos>().Elegir(e);
+        CerrarPantalla<FrmCargaSufijos>();
         return fila;
     }
     QDialog caja(duenio());

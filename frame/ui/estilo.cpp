@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTableView>
 #include <QTableWidget>
 
 namespace {
@@ -99,22 +100,30 @@ void estilo::PintarEstado(QLabel *etiqueta, const QString &texto) {
     etiqueta->style()->polish(etiqueta);
 }
 
+QColor estilo::ColorDePlataforma(int numero) {
+    return {numero & 0xff, (numero >> 8) & 0xff, (numero >> 16) & 0xff};
+}
+
 void estilo::PrepararGrilla(QTableWidget *grilla, const QStringList &columnas) {
     if (!columnas.isEmpty()) {
         grilla->setColumnCount(static_cast<int>(columnas.size()));
         grilla->setHorizontalHeaderLabels(columnas);
     }
     grilla->horizontalHeader()->setVisible(!columnas.isEmpty());
-    grilla->horizontalHeader()->setHighlightSections(false);
-    grilla->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    grilla->verticalHeader()->setVisible(false);
-    grilla->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grilla->setSelectionBehavior(QAbstractItemView::SelectRows);
-    grilla->setSelectionMode(QAbstractItemView::SingleSelection);
-    grilla->setAlternatingRowColors(true);
-    grilla->setTabKeyNavigation(false);
-    grilla->setWordWrap(false);
-    grilla->setShowGrid(false);
+    PrepararVista(grilla);
+}
+
+void estilo::PrepararVista(QTableView *vista) {
+    vista->horizontalHeader()->setHighlightSections(false);
+    vista->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    vista->verticalHeader()->setVisible(false);
+    vista->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    vista->setSelectionBehavior(QAbstractItemView::SelectRows);
+    vista->setSelectionMode(QAbstractItemView::SingleSelection);
+    vista->setAlternatingRowColors(true);
+    vista->setTabKeyNavigation(false);
+    vista->setWordWrap(false);
+    vista->setShowGrid(false);
 }
 
 void estilo::PonerCelda(QTableWidget *grilla, int fila, int columna, const QString &texto, bool numero) {

@@ -8,6 +8,7 @@
 class QApplication;
 class QDialog;
 class QLabel;
+class QTableView;
 class QTableWidget;
 
 namespace estilo {
@@ -25,7 +26,12 @@ void Aplicar(QApplication &aplicacion);
 /// A label that tells a state: its colour follows the text (complete, missing, or neither).
 void PintarEstado(QLabel *etiqueta, const QString &texto);
 
-/// A read-only table of whole rows, with these headings (none: no heading).
+/// The colour behind a number of the platform: blue in the highest byte, then green, then red.
+QColor ColorDePlataforma(int numero);
+
+/// A read-only table of whole rows, over a model of its own.
+void PrepararVista(QTableView *vista);
+/// The same as a grid of cells, with these headings (none: no heading).
 void PrepararGrilla(QTableWidget *grilla, const QStringList &columnas);
 /// A cell of such a table; numbers stand to the right.
 void PonerCelda(QTableWidget *grilla, int fila, int columna, const QString &texto, bool numero = false);

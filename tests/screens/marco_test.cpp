@@ -10,6 +10,7 @@
 #include "frame/ui/Pantalla.h"
 #include "operations/FrmInternoNew.h"
 #include "siblings/FrmClientes.h"
+#include "subitems/FrmConsultas.h"
 #include "tests/support/pantallas.h"
 
 namespace {
@@ -88,7 +89,7 @@ TEST_P(Marco, EntriesWithoutAScreenAreShownDisabled) {
     mostrar();
     const auto *grilla = Pantalla<MenuP>().ui.GrdMenuMain;
     const QStringList conPantalla{QStringLiteral("Operaciones"), QStringLiteral("Clientes"),
-                                  QStringLiteral("Configuración")};
+                                  QStringLiteral("Nomenclador"), QStringLiteral("Configuración")};
     for (int fila = 0; fila < grilla->rowCount(); ++fila)
         EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled),
                   conPantalla.contains(grilla->item(fila, 1)->text()))
@@ -111,6 +112,15 @@ TEST_P(Marco, EnterOnTheSecondEntryShowsTheBookOfClients) {
     tecla(Qt::Key_Return);
     ASSERT_TRUE(PantallaAbierta<FrmClientes>());
     EXPECT_TRUE(Pantalla<FrmClientes>().ventana->isVisible());
+}
+
+TEST_P(Marco, EnterOnTheThirdEntryShowsTheSearchOfTheNomenclature) {
+    mostrar();
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    ASSERT_TRUE(PantallaAbierta<FrmConsultas>());
+    EXPECT_TRUE(Pantalla<FrmConsultas>().ventana->isVisible());
 }
 
 TEST_P(Marco, TheFramesOwnMenuShowsTheOperations) {

@@ -9,6 +9,7 @@
 #include "liquidation/FrmVerItem.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
+#include "subitems/FrmConsultas.h"
 #include "tests/support/pantallas.h"
 
 namespace {
@@ -218,13 +219,23 @@ TEST_P(Tablero, TheOrderOfItemsComesFromTheOption) {
 
 TEST_P(Tablero, AButtonWithoutItsScreenSaysSo) {
     auto &tablero = abrir(importacion);
-    for (QPushButton *boton :
-         {tablero.ui.cmdCaratula, tablero.ui.CmdPresupuesto, tablero.ui.Command1, tablero.ui.Command4}) {
+    for (QPushButton *boton : {tablero.ui.cmdCaratula, tablero.ui.CmdPresupuesto, tablero.ui.Command1}) {
         registro.mensajes.clear();
         teclaEn(boton, Qt::Key_Space);
         ASSERT_EQ(registro.mensajes.size(), 1U) << boton->text().toStdString();
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
     }
+}
+
+TEST_P(Tablero, TheButtonOfTheNomenclatureShowsItsSearch) {
+    auto &tablero = abrir(importacion);
+    teclaEn(tablero.ui.Command4, Qt::Key_Space);
+    ASSERT_TRUE(PantallaAbierta<FrmConsultas>());
+    esperarVentana(Pantalla<FrmConsultas>().ventana.get());
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmConsultas>());
+    EXPECT_TRUE(PantallaAbierta<FrmDetalleInterno>());
+    EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(Tablero, TheFocusTakesTheCoefficientFlagAway) {

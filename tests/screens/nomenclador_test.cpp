@@ -1,0 +1,556 @@
+// The screens of the nomenclature by keyboard: positions by their beginning, the search by position and by
+// words, the detail sheet.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTest>
+
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/estilo.h"
+#include "subitems/FrmConsultas.h"
+#include "subitems/FrmDetalleNomenclador.h"
+#include "subitems/FrmPosicion.h"
+#include "subitems/FrmSufijos.h"
+#include "tests/support/pantallas.h"
+#include "tests/support/tiempos.h"
+#include "tests/support/traza.h"
+
+namespace {
+
+const QString ncm = QStringLiteral("NCM");
+const QString motor = QStringLiteral("8409.91.12.100G");
+
+std::string textoDe(const QTableWidget *grilla) {
+    QStringList lineas;
+    for (int fila = 0; fila < grilla->rowCount(); ++fila)
+        lineas << grilla->item(fila, 0)->text() + u'|' + grilla->item(fila, 1)->text();
+    return lineas.join(u'\n').toStdString();
+}
+
+std::string textoDe(const QTableView *vista) {
+    QStringList lineas;
+    for (int fila = 0; fila < vista->model()->rowCount(); ++fila)
+        lineas << vista->model()->index(fila, 0).data().toString() + u'|' +
+                      vista->model()->index(fila, 1).data().toString();
+    return lineas.join(u'\n').toStdString();
+}
+
+std::string textoDe(const QListWidget *lista) {
+    QStringList lineas;
+    for (int fila = 0; fila < lista->count(); ++fila) lineas << lista->item(fila)->text();
+    return lineas.join(u' ').toStdString();
+}
+
+/// Sets a column of the engine part's position.
+QString fijar(const char *columna, const char *valor) {
+    return QStringLiteral("update ncm set [%1] = '%2' where [001] = '8409.91.12' and [002] = '100'")
+        .arg(QString::fromUtf8(columna), QString::fromUtf8(valor));
+}
+
+class Posiciones : public EnPantalla {
+ protected:
+    /// Opens the search and does `hacer` in it; what it answered.
+    static std::string elegir(const std::function<void(FrmPosicion &)> &hacer, const QString &buscado = {}) {
+        bool vista = false;
+        conVentanaModal([&](QWidget *modal) {
+            vista = true;
+            auto &pantalla = Pantalla<FrmPosicion>();
+            ASSERT_EQ(modal, pantalla.ventana.get());
+            esperarVentana(modal);
+            hacer(pantalla);
+            if (modal->isVisible()) tecla(Qt::Key_Escape);
+        });
+        const QString elegida = ElegirPosicion(buscado);
+        EXPECT_TRUE(vista);
+        return elegida.toStdString();
+    }
+    static void buscar(const char *texto) {
+        escribir(QString::fromUtf8(texto));
+        tecla(Qt::Key_Return);
+    }
+};
+
+TEST_P(Posiciones, ADotOfTheTextStandsForAnythingInTheMiddle) {
+    ejecutar(QStringLiteral("insert into ncm ([001],[002],[003]) values ('8471.60.09','000','Z')"), ncm);
+    elegir([](FrmPosicion &p) {
+        const Traza traza;
+        buscar("84.09");
+        EXPECT_TRUE(traza.sentencias().value(0).contains(QLatin1String("where [001] like '84%09%'")))
+            << traza.texto();
+        EXPECT_EQ(textoDe(p.ui.LstNCM),
+                  "8409.91.12.100G 8409.91.12.900A 8409.91.20.000W 8409.99.12.100C 8409.99.69.000Z "
+                  "8471.60.09.000Z");
+    });
+}
+
+TEST_P(Posiciones, WhatIsFoundIsListedWithTheFirstRowInHand) {
+    elegir([](FrmPosicion &p) {
+        EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm);
+        buscar("8409.91");
+        EXPECT_EQ(QApplication::focusWidget(), p.ui.LstNCM);
+        EXPECT_EQ(p.ui.LstNCM->currentRow(), 0);
+        EXPECT_EQ(p.ui.lbCantidad->text(), QStringLiteral("3 posiciones"));
+        EXPECT_EQ(p.ui.LbDescripcion->text().count(u'\n'), 1) << "own description, then the first level";
+        EXPECT_EQ(p.ui.LstSufijos->rowCount(), 5);
+        EXPECT_EQ(p.ui.LstSufijos->item(0, 0)->text(), QStringLiteral("AA01"));
+        EXPECT_FALSE(p.ui.LstSufijos->item(0, 1)->text().isEmpty());
+    });
+}
+
+TEST_P(Posiciones, EveryArrowShowsTheRowItGoesTo) {
+    const QString propia = valor(QStringLiteral("select [010] from ncm where [001] = '8409.91.12' and "
+                                                "[002] = '900'"),
+                                 ncm);
+    elegir([&](FrmPosicion &p) {
+        buscar("8409.91");
+        const QString primera = p.ui.LbDescripcion->text();
+        tecla(Qt::Key_Down);
+        EXPECT_TRUE(p.ui.LbDescripcion->text().startsWith(propia))
+            << p.ui.LbDescripcion->text().toStdString();
+        EXPECT_EQ(p.ui.LstSufijos->rowCount(), 3) << "its own suffixes are gone";
+        tecla(Qt::Key_Up);
+        EXPECT_EQ(p.ui.LbDescripcion->text(), primera);
+        tecla(Qt::Key_Right);
+        EXPECT_TRUE(p.ui.LbDescripcion->text().startsWith(propia));
+        tecla(Qt::Key_Left);
+        EXPECT_EQ(p.ui.LbDescripcion->text(), primera);
+        tecla(Qt::Key_Left);
+        EXPECT_EQ(p.ui.LstNCM->currentRow(), 0) << "left stops at the first row";
+        tecla(Qt::Key_End);
+        tecla(Qt::Key_Right);
+        EXPECT_EQ(p.ui.LstNCM->currentRow(), 2) << "right stops at the last row";
+        tecla(Qt::Key_Home);
+        EXPECT_EQ(p.ui.LbDescripcion->text(), primera);
+    });
+}
+
+TEST_P(Posiciones, EnterChoosesThePositionWithItsUnitsAndFlags) {
+    for (const auto &[columna, valor] :
+         {std::pair("012", "07"), std::pair("020", "01"), std::pair("059", " * "), std::pair("052", "*"),
+          std::pair("044", "*"), std::pair("019", "2.5")})
+        ejecutar(fijar(columna, valor), ncm);
+    EXPECT_EQ(elegir([](FrmPosicion &p) {
+                  buscar("8409.91");
+                  EXPECT_EQ(
+                      p.ui.lbUnidades->text(),
+                      QStringLiteral("Unidad estadística: 07   ·   Derecho específico: 01   ·   LAPI   ·   "
+                                     "Reintegro   ·   Seguridad eléctrica   ·   Prohibición"));
+                  tecla(Qt::Key_Return);
+                  EXPECT_FALSE(p.ventana->isVisible());
+              }),
+              motor.toStdString());
+    EXPECT_EQ(ctx->posicion.posicion, motor);
+    EXPECT_EQ(ctx->posicion.estadistica, QStringLiteral("07"));
+    EXPECT_EQ(ctx->posicion.deresp, QStringLiteral("01"));
+    EXPECT_TRUE(ctx->posicion.lapi && ctx->posicion.seguridad && ctx->posicion.prohibicion &&
+                ctx->posicion.reintegro);
+    for (const auto &[columna, valor] : {std::pair("020", ""), std::pair("059", ""), std::pair("052", ""),
+                                         std::pair("044", ""), std::pair("019", "0")})
+        ejecutar(fijar(columna, valor), ncm);
+    elegir([](FrmPosicion &p) {
+        buscar("8409.91");
+        EXPECT_EQ(p.ui.lbUnidades->text(),
+                  QStringLiteral("Unidad estadística: 07   ·   Derecho específico: No posee"));
+        tecla(Qt::Key_Return);
+    });
+    EXPECT_FALSE(ctx->posicion.lapi || ctx->posicion.seguridad || ctx->posicion.prohibicion ||
+                 ctx->posicion.reintegro);
+}
+
+TEST_P(Posiciones, EscapeLeavesTheChosenPositionEmpty) {
+    ctx->posicion.posicion = motor;
+    EXPECT_EQ(elegir([](FrmPosicion &p) {
+                  buscar("8409.91");
+                  tecla(Qt::Key_Down);
+                  tecla(Qt::Key_Escape);
+                  EXPECT_FALSE(p.ventana->isVisible());
+              }),
+              "");
+    EXPECT_EQ(ctx->posicion.posicion, QString());
+    elegir([](FrmPosicion &) { tecla(Qt::Key_Escape); });
+    EXPECT_EQ(ctx->posicion.posicion, QString()) << "from the search box too";
+    EXPECT_FALSE(PantallaAbierta<FrmPosicion>());
+}
+
+TEST_P(Posiciones, NothingFoundIsToldAndTheBoxKeepsTheKeyboard) {
+    elegir([this](FrmPosicion &p) {
+        buscar("8409");
+        EXPECT_TRUE(registro.mensajes.empty());
+        p.ui.TxtNcm->setFocus();
+        buscar("zz");
+        ASSERT_EQ(registro.mensajes.size(), 1U);
+        EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("Posición no encontrada."));
+        EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+        EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm);
+        EXPECT_EQ(p.ui.LstNCM->count(), 0);
+        EXPECT_EQ(p.ui.LbDescripcion->text(), QString());
+        EXPECT_EQ(p.ui.LstSufijos->rowCount(), 0);
+    });
+}
+
+TEST_P(Posiciones, TheSearchFromOutsideHasItsOwnWordsForNothing) {
+    elegir([](FrmPosicion &p) { EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm); }, QStringLiteral("zz"));
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("Posición no Encontrada."));
+    EXPECT_EQ(elegir(
+                  [](FrmPosicion &p) {
+                      EXPECT_EQ(QApplication::focusWidget(), p.ui.LstNCM);
+                      tecla(Qt::Key_Return);
+                  },
+                  QStringLiteral("8409.99.12")),
+              "8409.99.12.100C");
+}
+
+TEST_P(Posiciones, ABlankTextSearchesNothing) {
+    elegir([this](FrmPosicion &p) {
+        const Traza traza;
+        tecla(Qt::Key_Return);
+        buscar("   ");
+        EXPECT_EQ(traza.texto(), "");
+        EXPECT_TRUE(registro.mensajes.empty());
+        EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm);
+    });
+}
+
+class ConsultaDelNomenclador : public EnPantalla {
+ protected:
+    static FrmConsultas &mostrar() {
+        auto &consultas = Pantalla<FrmConsultas>();
+        consultas.Mostrar();
+        esperarVentana(consultas.ventana.get());
+        return consultas;
+    }
+    static FrmConsultas &porPosicion(const QString &texto) {
+        auto &consultas = mostrar();
+        escribir(texto);
+        tecla(Qt::Key_Return);
+        return consultas;
+    }
+    static FrmConsultas &porPalabras(const QString &texto) {
+        auto &consultas = mostrar();
+        consultas.ui.TxtDescripcion->setFocus();
+        escribir(texto);
+        tecla(Qt::Key_Return);
+        return consultas;
+    }
+    /// ENTER on the row in hand, then `hacer` on the sheet; true when there was one.
+    template <class T>
+    static void enLaVentana(int cual, const std::function<void(T &)> &hacer) {
+        bool vista = false;
+        conVentanaModal([&](QWidget *modal) {
+            vista = true;
+            auto &pantalla = Pantalla<T>();
+            ASSERT_EQ(modal, pantalla.ventana.get());
+            esperarVentana(modal);
+            hacer(pantalla);
+            tecla(Qt::Key_Escape);
+            EXPECT_FALSE(modal->isVisible());
+        });
+        tecla(cual);
+        EXPECT_TRUE(vista);
+        EXPECT_FALSE(PantallaAbierta<T>());
+    }
+    static void enLaHoja(const std::function<void(FrmDetalleNomenclador &)> &hacer) {
+        enLaVentana<FrmDetalleNomenclador>(Qt::Key_Return, hacer);
+    }
+    std::string mensajes() const {
+        QStringList textos;
+        for (const Mensaje &m : registro.mensajes) textos << m.texto;
+        return textos.join(u'|').toStdString();
+    }
+};
+
+TEST_P(ConsultaDelNomenclador, ACommaInThePositionIsADot) {
+    auto &consultas = porPosicion(QStringLiteral("8409,91"));
+    const QString propia = valor(QStringLiteral("select [010] from ncm where [001] = '8409.91.20'"), ncm);
+    const QString superior = valor(QStringLiteral("select [004] from ncm where [001] = '8409.91.20'"), ncm);
+    const QAbstractItemModel &filas = *consultas.ui.LstResult->model();
+    ASSERT_EQ(filas.rowCount(), 3);
+    EXPECT_EQ(filas.index(0, 0).data().toString(), motor);
+    EXPECT_EQ(filas.index(2, 0).data().toString(), QStringLiteral("8409.91.20.000W"));
+    EXPECT_EQ(filas.index(2, 1).data().toString(), propia + QLatin1String(" - - ") + superior);
+    EXPECT_EQ(consultas.ui.lbCantidad->text(), QStringLiteral("3 posiciones encontradas"));
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.LstResult);
+    EXPECT_EQ(consultas.ui.LstResult->currentIndex().row(), 0);
+    EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(ConsultaDelNomenclador, AnEmptyPositionIsAskedFor) {
+    auto &consultas = mostrar();
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(mensajes(), "Debe ingresar una posición");
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtSIM);
+}
+
+TEST_P(ConsultaDelNomenclador, ThreeCharactersAreEnoughForWordsAndTwoAreNot) {
+    auto &consultas = porPalabras(QStringLiteral("pi"));
+    EXPECT_EQ(mensajes(), "Debe ingresar al menos 3 caracteres para buscar una posición");
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtDescripcion);
+    EXPECT_EQ(consultas.ui.LstResult->model()->rowCount(), 0);
+    registro.mensajes.clear();
+    porPalabras(QStringLiteral("PIS"));
+    EXPECT_EQ(mensajes(), "");
+    EXPECT_GT(consultas.ui.LstResult->model()->rowCount(), 0) << "whatever the case";
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.LstResult);
+}
+
+TEST_P(ConsultaDelNomenclador, WordsJoinBothLevelsWithAnotherSeparator) {
+    ejecutar(fijar("010", "Bielas de prueba"), ncm);
+    ejecutar(fijar("004", "Partes de motores"), ncm);
+    auto &consultas = porPalabras(QStringLiteral("las de prue"));
+    EXPECT_EQ(textoDe(consultas.ui.LstResult), "8409.91.12.100G|Bielas de prueba -- Partes de motores");
+    EXPECT_EQ(consultas.ui.lbCantidad->text(), QStringLiteral("1 posición encontrada"));
+    CerrarPantalla<FrmConsultas>();
+    EXPECT_EQ(textoDe(porPosicion(QStringLiteral("8409.91.12.1")).ui.LstResult), "")
+        << "the first key alone is compared";
+    CerrarPantalla<FrmConsultas>();
+    EXPECT_TRUE(QString::fromStdString(textoDe(porPosicion(QStringLiteral("8409.91.12")).ui.LstResult))
+                    .startsWith(QLatin1String("8409.91.12.100G|Bielas de prueba - - Partes de motores\n")));
+}
+
+TEST_P(ConsultaDelNomenclador, EachFieldMakesItsOwnButtonTheDefault) {
+    auto &consultas = mostrar();
+    EXPECT_TRUE(consultas.ui.CmdBuscar->isDefault());
+    tecla(Qt::Key_Down);
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtDescripcion);
+    EXPECT_TRUE(consultas.ui.Command1->isDefault());
+    EXPECT_FALSE(consultas.ui.CmdBuscar->isDefault());
+    tecla(Qt::Key_Up);
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtSIM);
+    EXPECT_TRUE(consultas.ui.CmdBuscar->isDefault());
+}
+
+TEST_P(ConsultaDelNomenclador, NothingFoundEmptiesTheResultAndKeepsTheField) {
+    auto &consultas = porPosicion(QStringLiteral("8409"));
+    EXPECT_GT(consultas.ui.LstResult->model()->rowCount(), 0);
+    porPosicion(QStringLiteral("zzzz"));
+    EXPECT_EQ(consultas.ui.LstResult->model()->rowCount(), 0);
+    EXPECT_EQ(consultas.ui.lbCantidad->text(), QStringLiteral("0 posiciones encontradas"));
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtSIM);
+    EXPECT_EQ(consultas.ui.TxtSIM->selectedText(), QStringLiteral("zzzz"));
+    EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(ConsultaDelNomenclador, AClickOnAHeadingSortsAndKeepsTheRowInHand) {
+    auto &consultas = porPosicion(QStringLiteral("84"));
+    QTableView *vista = consultas.ui.LstResult;
+    tecla(Qt::Key_Down);
+    const QString enMano = vista->currentIndex().siblingAtColumn(0).data().toString();
+    QHeaderView *titulos = vista->horizontalHeader();
+    const QPoint enLaDescripcion(titulos->sectionViewportPosition(1) + 40, titulos->height() / 2);
+    QTest::mouseClick(titulos->viewport(), Qt::LeftButton, Qt::NoModifier, enLaDescripcion);
+    const auto textos = [vista](int columna) {
+        QStringList lista;
+        for (int fila = 0; fila < vista->model()->rowCount(); ++fila)
+            lista << vista->model()->index(fila, columna).data().toString();
+        return lista;
+    };
+    const auto ordenados = [](QStringList lista, bool alReves) {
+        std::stable_sort(lista.begin(), lista.end(), [](const QString &a, const QString &b) {
+            return QString::localeAwareCompare(a, b) < 0;
+        });
+        if (alReves) std::reverse(lista.begin(), lista.end());
+        return lista;
+    };
+    EXPECT_EQ(textos(1), ordenados(textos(1), false));
+    EXPECT_EQ(vista->currentIndex().siblingAtColumn(0).data().toString(), enMano);
+    tecla(Qt::Key_F2);
+    EXPECT_EQ(textos(0), ordenados(textos(0), false));
+    tecla(Qt::Key_F2);
+    EXPECT_EQ(textos(0), ordenados(textos(0), true)) << "the same key again turns the order round";
+    EXPECT_EQ(vista->currentIndex().siblingAtColumn(0).data().toString(), enMano);
+    tecla(Qt::Key_F3);
+    EXPECT_EQ(textos(1), ordenados(textos(1), false));
+    tecla(Qt::Key_End);
+    EXPECT_EQ(vista->currentIndex().row(), vista->model()->rowCount() - 1);
+    tecla(Qt::Key_Home);
+    EXPECT_EQ(vista->currentIndex().row(), 0);
+}
+
+TEST_P(ConsultaDelNomenclador, EnterAndTheDoubleClickShowTheSheetOfTheRow) {
+    auto &consultas = porPosicion(QStringLiteral("8409.91"));
+    tecla(Qt::Key_Down);
+    const auto mirar = [](FrmDetalleNomenclador &hoja) {
+        EXPECT_EQ(hoja.ventana->windowTitle(), QStringLiteral("Detalles del Nomenclador"));
+        EXPECT_TRUE(hoja.ui.LbEncabezado->text().startsWith(QLatin1String(
+            "Posición Arancelaria: 8409.91.12.900A\n-----------------------------------------\n")))
+            << hoja.ui.LbEncabezado->text().toStdString();
+    };
+    enLaHoja(mirar);
+    esperarVentana(consultas.ventana.get());
+    EXPECT_EQ(QApplication::focusWidget(), consultas.ui.LstResult);
+    bool vista = false;
+    conVentanaModal([&](QWidget *modal) {
+        vista = true;
+        mirar(Pantalla<FrmDetalleNomenclador>());
+        modal->close();
+    });
+    const QPoint punto = consultas.ui.LstResult->visualRect(consultas.ui.LstResult->currentIndex()).center();
+    QTest::mouseClick(consultas.ui.LstResult->viewport(), Qt::LeftButton, Qt::NoModifier, punto);
+    QTest::mouseDClick(consultas.ui.LstResult->viewport(), Qt::LeftButton, Qt::NoModifier, punto);
+    EXPECT_TRUE(vista);
+}
+
+TEST_P(ConsultaDelNomenclador, TheSheetTellsEachSectionInItsOrder) {
+    for (const auto &[columna, valor] :
+         {std::pair("012", "07"), std::pair("020", ""), std::pair("013", "General"),
+          std::pair("015", "14.00"), std::pair("021", "0.00")})
+        ejecutar(fijar(columna, valor), ncm);
+    porPosicion(QStringLiteral("8409.91.12"));
+    enLaHoja([](FrmDetalleNomenclador &hoja) {
+        EXPECT_EQ(textoDe(hoja.ui.GrdDetalles),
+                  "Unidad Estadistica:|07\nUnidad del Derecho Especifico:|No posee\nRamo:|General\n|");
+        const QString gravamenes = QString::fromStdString(textoDe(hoja.ui.GrdGravamenes));
+        EXPECT_TRUE(gravamenes.startsWith(QLatin1String(
+            "Derecho de Importación Extrazona:|14.00\nDerecho de Importación intrazona:|0.00\n")))
+            << gravamenes.toStdString();
+        EXPECT_EQ(hoja.ui.GrdGravamenes->rowCount(), 9);
+        EXPECT_EQ(hoja.ui.GrdFuentes->rowCount(), 10);
+        EXPECT_EQ(hoja.ui.marcoGravamenes->title(), QStringLiteral("GRAVAMENES"));
+        EXPECT_EQ(hoja.ui.marcoFuentes->title(), QStringLiteral("FUENTES"));
+        EXPECT_EQ(hoja.ui.marcoPosee->title(), QStringLiteral("POSEE"));
+        EXPECT_TRUE(hoja.ui.LbLetra->isHidden()) << "no library of line reports";
+    });
+}
+
+TEST_P(ConsultaDelNomenclador, AnUnknownTermForForeignCurrencyShowsError) {
+    ejecutar(fijar("071", "5"), ncm);
+    porPosicion(QStringLiteral("8409.91.12"));
+    enLaHoja([](FrmDetalleNomenclador &hoja) {
+        EXPECT_TRUE(QString::fromStdString(textoDe(hoja.ui.GrdPosee))
+                        .endsWith(QLatin1String("Plazo para Ingreso de Divisas:|ERROR\n|")))
+            << textoDe(hoja.ui.GrdPosee);
+    });
+}
+
+TEST_P(ConsultaDelNomenclador, AColumnOfBlanksGivesNoLineOfWhatThePositionHas) {
+    ejecutar(fijar("043", "SENASA"), ncm);
+    porPosicion(QStringLiteral("8409.91.12"));
+    enLaHoja([](FrmDetalleNomenclador &hoja) {
+        EXPECT_NE(textoDe(hoja.ui.GrdPosee).find("Intervención:|SENASA"), std::string::npos);
+    });
+    ejecutar(fijar("043", "   "), ncm);
+    enLaHoja([](FrmDetalleNomenclador &hoja) {
+        EXPECT_EQ(textoDe(hoja.ui.GrdPosee).find("Intervención:"), std::string::npos);
+    });
+}
+
+TEST_P(ConsultaDelNomenclador, ThePositionsOwnSuffixesAndTheEndOfEachSectionAreHighlighted) {
+    porPosicion(QStringLiteral("8409.91.12"));
+    enLaHoja([](FrmDetalleNomenclador &hoja) {
+        // 14085590 = 214 * 65536 + 237 * 256 + 214: blue, green and red.
+        const QColor verde(214, 237, 214);
+        EXPECT_EQ(estilo::ColorDePlataforma(colorResaltado), verde);
+        QStringList resaltados;
+        QStringList llanos;
+        for (int fila = 0; fila < hoja.ui.GrdSufijos->rowCount(); ++fila) {
+            const QTableWidgetItem *celda = hoja.ui.GrdSufijos->item(fila, 0);
+            (celda->background().color() == verde ? resaltados : llanos) << celda->text();
+        }
+        EXPECT_EQ(resaltados.join(u' ').toStdString(), "HA01 HA02");
+        EXPECT_EQ(llanos.join(u' ').toStdString(), "AA01 AA02 AB");
+        for (QTableWidget *grilla :
+             {hoja.ui.GrdDetalles, hoja.ui.GrdGravamenes, hoja.ui.GrdFuentes, hoja.ui.GrdPosee}) {
+            const int ultima = grilla->rowCount() - 1;
+            EXPECT_EQ(grilla->item(ultima, 0)->background().color(), verde);
+            EXPECT_EQ(grilla->item(ultima, 1)->background().color(), verde);
+            if (ultima > 0) EXPECT_NE(grilla->item(0, 0)->background().color(), verde);
+        }
+        EXPECT_EQ(hoja.ui.GrdSufijos->horizontalHeaderItem(0)->text(), QStringLiteral("SUFIJO"));
+        EXPECT_EQ(hoja.ui.GrdSufijos->horizontalHeaderItem(1)->text(), QStringLiteral("DETALLE"));
+        EXPECT_GE(hoja.ui.GrdSufijos->columnWidth(1), 600) << "9000 units";
+    });
+}
+
+TEST_P(ConsultaDelNomenclador, AnotherLetterFeedsTheSheetAndAnUnknownPositionShowsNone) {
+    bool vista = false;
+    conVentanaModal([&](QWidget *modal) {
+        vista = true;
+        EXPECT_TRUE(Pantalla<FrmDetalleNomenclador>().ui.LbEncabezado->text().startsWith(
+            QLatin1String("Posición Arancelaria: 8409.91.12.100X\n")));
+        modal->close();
+    });
+    VerDetalleNomenclador(QStringLiteral("8409.91.12.100X"));
+    EXPECT_TRUE(vista);
+    VerDetalleNomenclador(QStringLiteral("9999.99.99.999Z"));
+    EXPECT_FALSE(PantallaAbierta<FrmDetalleNomenclador>());
+    EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(ConsultaDelNomenclador, TheLibraryOfLineReportsTellsTheLetterOnTheSheet) {
+    const LetrasDelNcm letras{[](const QString &) { return QStringLiteral("B"); },
+                              [](const QString &letra) { return QStringLiteral("Licencia ") + letra; }};
+    conVentanaModal([](QWidget *modal) {
+        auto &hoja = Pantalla<FrmDetalleNomenclador>();
+        EXPECT_EQ(hoja.ui.LbLetra->text(), QStringLiteral("B - Licencia B"));
+        EXPECT_TRUE(hoja.ui.LbLetra->isVisible());
+        modal->close();
+    });
+    VerDetalleNomenclador(motor, &letras);
+}
+
+TEST_P(ConsultaDelNomenclador, F6ShowsTheSuffixesOfTheRow) {
+    porPosicion(QStringLiteral("8409.91"));
+    enLaVentana<FrmSufijos>(Qt::Key_F6, [](FrmSufijos &sufijos) {
+        EXPECT_EQ(sufijos.ui.LbPosicion->text(), motor);
+        EXPECT_EQ(sufijos.ui.Grid->rowCount(), 5);
+    });
+}
+
+TEST_P(ConsultaDelNomenclador, EscapeClosesTheSearch) {
+    porPosicion(QStringLiteral("8409.91"));
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmConsultas>());
+}
+
+TEST_P(ConsultaDelNomenclador, AFaultOfTheStoreIsToldAndTheScreenStays) {
+    auto &consultas = mostrar();
+    ejecutar(QStringLiteral("drop table ncm"), ncm);
+    escribir(QStringLiteral("8409"));
+    tecla(Qt::Key_Return);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+    EXPECT_TRUE(consultas.ventana->isVisible());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_P(ConsultaDelNomenclador, WordsOverThirtyThousandPositionsAreShownInUnder150Ms) {
+    constexpr int posiciones = 30000;
+    constexpr int porVez = 500;
+    for (int desde = 0; desde < posiciones; desde += porVez) {
+        QStringList valores;
+        for (int i = desde; i < desde + porVez; ++i)
+            valores << QStringLiteral("('%1.%2.%3','%4','A','Manufacturas y sus partes','%5, artículo %6')")
+                           .arg(1000 + i / 1000)
+                           .arg(i / 10 % 100, 2, 10, QLatin1Char('0'))
+                           .arg(i % 10 * 10, 2, 10, QLatin1Char('0'))
+                           .arg(i % 9 * 100, 3, 10, QLatin1Char('0'))
+                           .arg(i % 7 == 0 ? QStringLiteral("Contrapesos de fundición")
+                                           : QStringLiteral("Los demás"))
+                           .arg(i);
+        ejecutar(
+            QStringLiteral("insert into ncm ([001],[002],[003],[004],[010]) values ") + valores.join(u','),
+            ncm);
+    }
+    auto &consultas = mostrar();
+    const double mejor = MejorTiempo(
+        [&] {
+            consultas.ui.TxtDescripcion->setFocus();
+            escribir(QStringLiteral("CONTRAPESOS"));
+            tecla(Qt::Key_Return);
+        },
+        5);
+    // 30000 / 7 = 4285.7: the first of each seven begins with 0.
+    EXPECT_EQ(consultas.ui.LstResult->model()->rowCount(), 4286);
+    EXPECT_LT(mejor, 150);
+}
+
+EN_AMBOS_STORES(Posiciones);
+EN_AMBOS_STORES(ConsultaDelNomenclador);
+
+}  // namespace
