@@ -18,10 +18,10 @@ void resaltar(QTableWidget *grilla, int fila) {
         grilla->item(fila, columna)->setBackground(estilo::ColorDePlataforma(colorResaltado));
 }
 
-bool esNumero(const QString &texto) {
-    bool numero = false;
-    texto.trimmed().toDouble(&numero);
-    return numero;
+/// As high as its rows, so that they are all seen.
+void ajustarAlto(QTableWidget *grilla) {
+    grilla->setMinimumHeight(grilla->rowCount() * grilla->verticalHeader()->defaultSectionSize() +
+                             2 * grilla->frameWidth() + 4);
 }
 
 }  // namespace
@@ -64,7 +64,9 @@ void FrmDetalleNomenclador::Cargar(const HojaDelNomenclador &hoja) {
     ui.LbLetra->setVisible(!letra.isEmpty());
     CargarSufijos(hoja.sufijos);
     for (std::size_t n = 0; n < std::min(secciones_.size(), hoja.secciones.size()); ++n)
-        CargarSeccion(secciones_.at(n), hoja.secciones[n]);
+        CargarSeccion(secciones_.at(n), hoja.secciones[n], secciones_.at(n) == ui.GrdGravamenes);
+    ajustarAlto(ui.GrdDetalles);
+    ajustarAlto(ui.GrdGravamenes);
     ui.GrdDetalles->setFocus();
 }
 
@@ -79,13 +81,13 @@ void FrmDetalleNomenclador::CargarSufijos(const std::vector<SufijoDeHoja> &sufij
     }
 }
 
-void FrmDetalleNomenclador::CargarSeccion(QTableWidget *grilla, const SeccionDeHoja &seccion) {
+void FrmDetalleNomenclador::CargarSeccion(QTableWidget *grilla, const SeccionDeHoja &seccion, bool cifras) {
     const int lineas = static_cast<int>(seccion.lineas.size());
     grilla->setRowCount(lineas + 1);
     for (int fila = 0; fila < lineas; ++fila) {
         const LineaDeHoja &linea = seccion.lineas[static_cast<std::size_t>(fila)];
         estilo::PonerCelda(grilla, fila, 0, linea.etiqueta);
-        estilo::PonerCelda(grilla, fila, 1, linea.valor, esNumero(linea.valor));
+        estilo::PonerCelda(grilla, fila, 1, linea.valor, cifras);
         grilla->item(fila, 1)->setToolTip(linea.valor);
     }
     // The section closes with a row in the colour of the highlighted ones.

@@ -21,7 +21,7 @@ class FrmDetalleNomenclador {
  private:
     void Form_Load();
     void CargarSufijos(const std::vector<SufijoDeHoja> &sufijos);
-    static void CargarSeccion(QTableWidget *grilla, const SeccionDeHoja &seccion);
+    static void CargarSeccion(QTableWidget *grilla, const SeccionDeHoja &seccion, bool cifras);
 
     std::array<QTableWidget *, 4> secciones_;
 };

@@ -127,7 +127,7 @@ void FrmPosicion::MostrarFila() {
     std::vector<QStringList> celdas;
     celdas.reserve(datos.sufijos.size());
     for (const FilaDeSufijo &s : datos.sufijos) celdas.push_back({s.sufijo, s.detalle});
-    sufijos_.Cargar(celdas);
+    sufijos_.Cargar(celdas, -1);
 }
 
 void FrmPosicion::Seleccionar() {

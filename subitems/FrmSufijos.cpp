@@ -20,7 +20,7 @@ void FrmSufijos::Form_Load() {
     linea_.Preparar(ui.Grid2, columnas, {}, {});
     const int letra = ui.Grid->fontMetrics().averageCharWidth();
     ui.Grid->setColumnWidth(0, letra * 12);
-    ui.Grid2->setColumnWidth(0, letra * 18);
+    ui.Grid2->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     for (QTableWidget *grilla : {ui.Grid, ui.Grid2}) grilla->horizontalHeader()->setStretchLastSection(true);
 }
 
@@ -34,7 +34,7 @@ void FrmSufijos::Cargar(const QString &posicion, const QString &sufijos) {
     catalogo_.Cargar(catalogo);
     std::vector<QStringList> linea;
     for (const SufijoDeLinea &s : datos.linea) linea.push_back({s.token, s.detalle});
-    linea_.Cargar(linea);
+    linea_.Cargar(linea, -1);
     ui.txtLNAPINcm->setText(LeerMarcasNcm(ctx, posicion).lapi
                                 ? QStringLiteral("La posición lleva la marca de licencia")
                                 : QStringLiteral("La posición no lleva la marca de licencia"));

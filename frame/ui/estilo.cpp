@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPainter>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTableWidget>
 
@@ -50,6 +52,20 @@ QToolBar { border: none; spacing: 4px; padding: 0; }
 QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 5px 9px; }
 QToolButton:hover, QToolButton:focus { border-color: #006666; background: white; }
 )";
+
+/// A sheet that speaks of cells keeps a cell's own colour from being painted; here it is, under the text.
+class FondoDeCelda : public QStyledItemDelegate {
+ public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *pintor, const QStyleOptionViewItem &celda,
+               const QModelIndex &indice) const override {
+        const QVariant fondo = indice.data(Qt::BackgroundRole);
+        if (fondo.isValid() && !celda.state.testFlag(QStyle::State_Selected))
+            pintor->fillRect(celda.rect, qvariant_cast<QBrush>(fondo));
+        QStyledItemDelegate::paint(pintor, celda, indice);
+    }
+};
 
 }  // namespace
 
@@ -124,6 +140,7 @@ void estilo::PrepararVista(QTableView *vista) {
     vista->setTabKeyNavigation(false);
     vista->setWordWrap(false);
     vista->setShowGrid(false);
+    vista->setItemDelegate(new FondoDeCelda(vista));
 }
 
 void estilo::PonerCelda(QTableWidget *grilla, int fila, int columna, const QString &texto, bool numero) {
