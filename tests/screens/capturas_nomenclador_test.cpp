@@ -37,6 +37,21 @@ TEST_P(CapturasDelNomenclador, Positions) {
     tecla(Qt::Key_Return);
     foto(posiciones.ventana.get(), QStringLiteral("posicion"));
     EXPECT_EQ(orden(posiciones.ventana.get(), posiciones.ui.TxtNcm), "TxtNcm LstNCM LstSufijos");
+    // Real descriptions run to some hundred characters in each level.
+    const QString larga =
+        QStringLiteral("Los demás aparatos con dispositivo de regulación, incluidas sus partes; ")
+            .repeated(6);
+    ejecutar(
+        QStringLiteral("update ncm set [010] = '%1', [004] = '%1' where [001] = '8409.91.12'").arg(larga),
+        QStringLiteral("NCM"));
+    posiciones.ui.TxtNcm->setFocus();
+    escribir(QStringLiteral("8409.91.12"));
+    tecla(Qt::Key_Return);
+    foto(posiciones.ventana.get(), QStringLiteral("posicion-larga"));
+    auto &hoja = Pantalla<FrmDetalleNomenclador>();
+    hoja.Cargar(*DetalleNomenclador(*ctx, motor));
+    mostrar(hoja.ventana.get());
+    foto(hoja.ventana.get(), QStringLiteral("hoja-nomenclador-larga"));
 }
 
 TEST_P(CapturasDelNomenclador, TheSearch) {
