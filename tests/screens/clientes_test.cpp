@@ -10,6 +10,7 @@
 #include "siblings/FrmCliente.h"
 #include "siblings/FrmClientes.h"
 #include "tests/support/pantallas.h"
+#include "tests/support/tiempos.h"
 
 namespace {
 
@@ -117,6 +118,33 @@ TEST_P(LibroEnPantalla, TheListIsSearchedByNameAndByNumberAsOneTypes) {
     EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("AUTOPARTES QUILMES S.A."));
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmClientes>());
+}
+
+TEST_P(LibroEnPantalla, FiveThousandClientsOpenAndAreSearchedAsOneTypes) {
+    for (int lote = 0; lote < 5; ++lote) {
+        QStringList filas;
+        for (int n = 0; n < 1000; ++n) {
+            const QString numero = QString::number(lote * 1000 + n).rightJustified(5, QLatin1Char('0'));
+            filas << QStringLiteral("('300000%1','CLIENTE %1')").arg(numero);
+        }
+        ejecutar(QLatin1String("insert into clientes (cuit,nombre) values ") + filas.join(QLatin1Char(',')),
+                 personal);
+    }
+    const double abrir = MejorTiempo(
+        [this] {
+            CerrarPantalla<FrmClientes>();
+            mostrar();
+        },
+        3);
+    EXPECT_LT(abrir, 400);
+    auto &libro = Pantalla<FrmClientes>();
+    EXPECT_EQ(libro.ui.Lst->rowCount(), 5008);
+    const double escribiendo = MejorTiempo([&] {
+        libro.ui.txtBuscar->clear();
+        escribir(QStringLiteral("cliente 04998"));
+    });
+    EXPECT_LT(escribiendo, 200) << "thirteen letters";
+    EXPECT_EQ(enMano(libro.ui.Lst, 1), QStringLiteral("30000004998"));
 }
 
 TEST_P(LibroEnPantalla, PickingAnswersTheClientAndEscapeNone) {

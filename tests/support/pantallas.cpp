@@ -101,6 +101,8 @@ void conVentanaModal(const std::function<void(QWidget *)> &hacer) {
             conVentanaModal(hacer);
             return;
         }
+        // Shown is not yet in hand: the keyboard comes a moment later.
+        esperarVentana(modal);
         hacer(modal);
     });
 }
