@@ -53,9 +53,12 @@ void FrmSubItems::CargarLista() {
 void FrmSubItems::PonerFila(int fila, const FilaSubItem &linea) {
     QTableWidget *grilla = ui.LstArticulos;
     const QStringList celdas = linea.celdas();
+    const QTableWidgetItem *antes = grilla->item(fila, numero);
+    const Qt::CheckState marca =
+        antes != nullptr && IdDeFila(fila) == linea.id ? antes->checkState() : Qt::Unchecked;
     for (int columna = 0; columna < celdas.size(); ++columna)
         estilo::PonerCelda(grilla, fila, columna, celdas.at(columna), esNumero(columna));
-    grilla->item(fila, numero)->setCheckState(Qt::Unchecked);
+    grilla->item(fila, numero)->setCheckState(marca);
     if (!linea.marcada) return;
     for (int columna = 0; columna < celdas.size(); ++columna)
         grilla->item(fila, columna)->setForeground(estilo::acento());

@@ -133,4 +133,6 @@ void ClCntrl::BuscarCBO(QComboBox *combo, const QString &texto) {
 void ClCntrl::VaciarTxt(QWidget *formulario) {
     const auto campos = formulario->findChildren<QLineEdit *>();
     for (QLineEdit *campo : campos) campo->clear();
+    const auto planos = formulario->findChildren<QPlainTextEdit *>();
+    for (QPlainTextEdit *plano : planos) plano->clear();
 }

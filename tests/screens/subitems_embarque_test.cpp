@@ -1,0 +1,186 @@
+// Whole shipments keyed line by line, and the lists as windows.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <algorithm>
+
+#include "frame/ui/Pantalla.h"
+#include "header/FrmListado.h"
+#include "tests/screens/subitems_pantalla.h"
+
+namespace {
+
+class Embarque : public EnLineas {
+ protected:
+    std::string lineasDe(const QString &interno) { return linea(columnas, interno); }
+    /// One row of `columnas`, keyed in the order of the screen.
+    static void teclear(FrmSubItems &pantalla, const QStringList &v) {
+        auto &ui = pantalla.ui;
+        llenar(ui.TxtIdCatalogo, v[0]);
+        llenar(ui.txtIdArticulo, v[1]);
+        llenar(ui.TxtDescArticulos, v[4]);
+        llenar(ui.txtDescripcionMaria, v[5]);
+        llenar(ui.txtOtros, v[2]);
+        llenarYSeguir(ui.TxtPosicion, v[3]);
+        llenarYSeguir(ui.TxtUnidad, v[6]);
+        llenarYSeguir(ui.TxtCantidad, v[7]);
+        llenarYSeguir(ui.TxtUnitario, v[8]);
+        llenarYSeguir(ui.TxtKgNeto, v[20]);
+        llenarYSeguir(ui.TxtKgBruto, v[21]);
+        if (ui.TxtValorsobreestadistica->focusPolicy() == Qt::StrongFocus)
+            llenarYSeguir(ui.TxtValorsobreestadistica, v[11]);
+        if (ui.FramDerEsp->isEnabled()) llenarYSeguir(ui.TxtDerEsp, v[13]);
+        llenarYSeguir(ui.TxtIdpais, v[14]);
+        llenarYSeguir(ui.txtIdPaisProc, v[15]);
+        llenarYSeguir(ui.TxtIdEstadoMercaderia, v[16]);
+        irA(ui.cboBiendeUso);
+        // Letters typed as fast as here would be searched for as one word.
+        tecla(v[18] == QLatin1String("S") ? Qt::Key_End : Qt::Key_Home);
+        llenarYSeguir(ui.TxtCodProrrateo, v[19]);
+        if (v[17] != QLatin1String("SIN SUFIJOS")) llenar(ui.txtSufijos, v[17]);
+        tecla(Qt::Key_F11);
+    }
+    static constexpr const char *columnas =
+        "idcatalogo,idarticulo,otros,ncm,descripcion,descripcion_maria,idunidad,cantidad,preciounitario,fob,"
+        "estadistica,valorrelacionestadistica,deresp,valorderesp,idpais,idpaisproc,estadomerc,sufijos,"
+        "biendeuso,codprorrateo,kgneto,kgbruto,lapi";
+
+    void tecleaDeNuevo(const QString &interno) {
+        ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"), QStringLiteral("CARGASBTPOR"),
+                             QStringLiteral("U"));
+        // A text that was never keyed is empty, not absent.
+        QString antes = QString::fromStdString(lineasDe(interno)).replace(QLatin1String("<null>"), QString());
+        // Nor does the entry leave the suffixes without a word.
+        antes.replace(QLatin1String("|2||N|"), QLatin1String("|2|SIN SUFIJOS|N|"));
+        antes.replace(QLatin1String("|2||S|"), QLatin1String("|2|SIN SUFIJOS|S|"));
+        ejecutar(QStringLiteral("delete from subitems where interno = '%1'").arg(interno));
+        auto &pantalla = lineas(interno);
+        int fila = 0;
+        const auto renglones = antes.split(QLatin1Char('\n'));
+        for (const QString &renglon : renglones) {
+            teclear(pantalla, renglon.split(QLatin1Char('|')));
+            ASSERT_EQ(pantalla.ui.LstArticulos->rowCount(), ++fila)
+                << renglon.toStdString() << ": " << ultimoMensaje();
+        }
+        EXPECT_EQ(lineasDe(interno), antes.toStdString());
+        for (const Mensaje &m : registro.mensajes) EXPECT_EQ(m.texto.toStdString(), sinSufijos);
+        EXPECT_TRUE(registro.elecciones.empty());
+        EXPECT_EQ(pantalla.ui.lbDIF->text(), QStringLiteral("00.00"));
+    }
+};
+
+TEST_P(Embarque, TheImportKeyedAgainHasTheSameTwentyFiveLines) {
+    tecleaDeNuevo(QStringLiteral("IC-2026-0001"));
+}
+
+TEST_P(Embarque, TheExportKeyedAgainHasTheSameLines) {
+    tecleaDeNuevo(QStringLiteral("EC-2026-0002"));
+}
+
+TEST_P(Embarque, AListOfCodesIsChosenFromByKeys) {
+    conDialogosDeVerdad();
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    irA(ui.TxtIdpais);
+    conVentanaModal([](QWidget *modal) {
+        esperarVentana(modal);
+        escribir(QStringLiteral("bras"));
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
+    esperarVentana(pantalla.ventana.get());
+    EXPECT_EQ(ui.TxtIdpais->text(), QStringLiteral("203"));
+    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdpais);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), ui.txtIdPaisProc);
+}
+
+TEST_P(Embarque, AnArticleIsChosenFromTheListOfItsCatalogueByKeys) {
+    conDialogosDeVerdad();
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    const auto elegir = [&](const QString &comienzo) {
+        conVentanaModal([comienzo](QWidget *modal) {
+            esperarVentana(modal);
+            escribir(comienzo);
+            tecla(Qt::Key_Return);
+        });
+        tecla(Qt::Key_F6);
+        esperarVentana(pantalla.ventana.get());
+    };
+    elegir(QStringLiteral("hid"));
+    EXPECT_EQ(ui.TxtIdCatalogo->text(), QStringLiteral("HIDPLATA"));
+    tecla(Qt::Key_Return);
+    elegir(QStringLiteral("np-11"));
+    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("NP-1100"));
+    EXPECT_EQ(ui.TxtPosicion->text(), bomba);
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'"), QStringLiteral("S"))
+        << "what a list fills is a change too";
+}
+
+TEST_P(Embarque, SuffixesThatAreMissingAreAskedForBySavingAndGivingUpWritesNothing) {
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    teclearBomba(pantalla);
+    ui.txtSufijos->selectAll();
+    tecla(Qt::Key_Delete);
+    tecla(Qt::Key_F11);
+    ASSERT_EQ(registro.elecciones.size(), 1U);
+    EXPECT_EQ(registro.elecciones[0].titulo, QStringLiteral("SUFIJO AA"));
+    EXPECT_EQ(ultimoMensaje(), "Carga de SUFIJOS cancelada");
+    EXPECT_EQ(cuantas(), 0);
+    EXPECT_EQ(QApplication::focusWidget(), ui.txtSufijos);
+    registro.mensajes.clear();
+    registro.indices = {1};
+    registro.textos = {QStringLiteral("Nord 1"), QStringLiteral("750")};
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+    EXPECT_EQ(linea("sufijos"), "AA01-AB(NORD 1)-ZB(000750)-");
+}
+
+TEST_P(Embarque, TheArticleIsWhatTheQuestionForItsFamilyOffers) {
+    ctx->opciones.SbtNroArtAI = true;
+    auto &pantalla = lineas();
+    llenar(pantalla.ui.txtIdArticulo, QStringLiteral("B-7"));
+    teclearBomba(pantalla);
+    pantalla.ui.txtSufijos->selectAll();
+    tecla(Qt::Key_Delete);
+    registro.indices = {1};
+    registro.textos = {QStringLiteral("x"), QStringLiteral("1")};
+    tecla(Qt::Key_F11);
+    ASSERT_FALSE(registro.entradas.empty());
+    EXPECT_EQ(registro.entradas[0].inicial, QStringLiteral("B-7"));
+}
+
+TEST_P(Embarque, TheListTakesHomeEndAndLetters) {
+    auto &pantalla = lineas(QStringLiteral("IC-2026-0001"));
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_End);
+    EXPECT_EQ(ui.LstArticulos->currentRow(), 24);
+    tecla(Qt::Key_Home);
+    EXPECT_EQ(ui.LstArticulos->currentRow(), 0);
+    tecla(Qt::Key_PageDown);
+    EXPECT_GT(ui.LstArticulos->currentRow(), 2);
+    escribir(QStringLiteral("0003"));
+    EXPECT_EQ(ui.LstArticulos->currentRow(), 2);
+    tecla(Qt::Key_F9);
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo) << "and back to the field";
+}
+
+TEST_P(Embarque, ACheckedLineStaysCheckedWhenItIsChanged) {
+    auto &pantalla = lineas(QStringLiteral("IC-2026-0001"));
+    auto &ui = pantalla.ui;
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Space);
+    tecla(Qt::Key_Return);
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(ultimoMensaje(), "<ninguno>");
+    EXPECT_EQ(ui.LstArticulos->item(0, 0)->checkState(), Qt::Checked);
+}
+
+EN_AMBOS_STORES(Embarque);
+
+}  // namespace
