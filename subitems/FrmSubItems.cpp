@@ -13,7 +13,8 @@
 #include "header/FrmListado.h"
 #include "header/regime.h"
 #include "operations/changes.h"
-#include "subitems/positions.h"
+#include "subitems/FrmPosicion.h"
+#include "subitems/FrmSufijos.h"
 
 namespace {
 
@@ -46,16 +47,6 @@ bool ponerTexto(QWidget *control, QString texto) {
     return true;
 }
 
-/// The positions that begin as the text does, in the list of codes.
-QString elegirDeLaLista(const QString &buscado) {
-    AppContext &ctx = Contexto();
-    const auto posiciones = BuscarPosiciones(ctx, buscado);
-    if (posiciones.empty()) return {};
-    const int cual = ctx.dialogos.elegir({QStringLiteral("Posiciones arancelarias"),
-                                          TextosDePosiciones(posiciones), -1, Eleccion::Tipo::Codigos});
-    return cual < 0 ? QString() : posiciones.at(static_cast<std::size_t>(cual)).ncm;
-}
-
 }  // namespace
 
 FrmSubItems::FrmSubItems() : ventana(HacerDialogo()) {
@@ -65,8 +56,6 @@ FrmSubItems::FrmSubItems() : ventana(HacerDialogo()) {
 }
 
 void FrmSubItems::Form_Load() {
-    elegirPosicion = elegirDeLaLista;
-    verSufijos = [](const QString &, const QString &) { NoDisponible(Contexto()); };
     ui.cboBiendeUso->addItem(QStringLiteral("No"), QStringLiteral("N"));
     ui.cboBiendeUso->addItem(QStringLiteral("Sí"), QStringLiteral("S"));
     for (const DefinicionDeCampo &d : CamposDeSubItem())
@@ -279,7 +268,9 @@ bool FrmSubItems::Campo_F6(const Campo &campo) {
     if (*campo.definicion->clave != 0) return false;
     Trabajar([&] {
         if (campo.control == ui.TxtPosicion) {
-            const QString elegida = elegirPosicion(s_.campos.TxtPosicion);
+            // The search goes by the first key alone.
+            constexpr int largoDeClave = 10;
+            const QString elegida = ElegirPosicion(s_.campos.TxtPosicion.left(largoDeClave));
             if (elegida.isEmpty()) return;
             s_.campos.TxtPosicion = elegida;
             BuscarNCM(ctx, s_);
@@ -335,5 +326,5 @@ void FrmSubItems::cmdInsumos_Click() {
 
 void FrmSubItems::cmdVerSufijos_Click() {
     Leer();
-    Manejar(Contexto(), [&] { verSufijos(s_.campos.TxtPosicion, s_.campos.txtSufijos); });
+    VerSufijos(s_.campos.TxtPosicion, s_.campos.txtSufijos);
 }

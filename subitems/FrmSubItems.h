@@ -23,11 +23,6 @@ class FrmSubItems {
     void Mostrar(const QString &interno, const std::array<int, 8> &banderas);
     std::function<void()> alCerrar;
 
-    /// The search of positions behind F6: what was typed goes in, the chosen position comes out, or empty.
-    std::function<QString(const QString &buscado)> elegirPosicion;
-    /// Shows what the position demands and what the line's text holds of it.
-    std::function<void(const QString &posicion, const QString &sufijos)> verSufijos;
-
     Ui::FrmSubItems ui;
     std::unique_ptr<QDialog> ventana;
 

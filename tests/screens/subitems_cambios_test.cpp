@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "frame/ui/Pantalla.h"
+#include "subitems/FrmSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
 
 namespace {
@@ -276,15 +277,17 @@ TEST_P(LineasCargadas, WithoutCataloguesTheFirstFieldIsTheDescriptionAndAfterASa
 
 TEST_P(LineasCargadas, F7ShowsTheSuffixesOfTheLine) {
     auto &pantalla = lineas(importacion);
-    QStringList visto;
-    pantalla.verSufijos = [&](const QString &posicion, const QString &sufijos) {
-        visto << posicion << sufijos;
-    };
     tecla(Qt::Key_F9);
     tecla(Qt::Key_Return);
+    QStringList visto;
+    conPantallaModal<FrmSufijos>([&](FrmSufijos &sufijos) {
+        for (int fila = 0; fila < sufijos.ui.Grid2->rowCount(); ++fila)
+            visto << sufijos.ui.Grid2->item(fila, 0)->text();
+        tecla(Qt::Key_Escape);
+    });
     tecla(Qt::Key_F7);
-    EXPECT_EQ(visto.join(QLatin1Char(' ')).toStdString(),
-              "8413.70.10.100L AA01-AB(NORDPUMPEN NP 0750)-ZB(000750)-");
+    EXPECT_EQ(visto.join(QLatin1Char(' ')).toStdString(), "AA01 AB(NORDPUMPEN NP 0750) ZB(000750)");
+    EXPECT_EQ(pantalla.ui.lbModo->text(), QStringLiteral("Modifica la línea 0001"));
 }
 
 TEST_P(LineasCargadas, ALineThatAnotherWorkstationDeletedIsTold) {

@@ -7,6 +7,7 @@
 
 #include "frame/ui/Pantalla.h"
 #include "header/FrmListado.h"
+#include "subitems/FrmCargaSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
 
 namespace {
@@ -138,6 +139,30 @@ TEST_P(Embarque, SuffixesThatAreMissingAreAskedForBySavingAndGivingUpWritesNothi
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
     EXPECT_EQ(linea("sufijos"), "AA01-AB(NORD 1)-ZB(000750)-");
+}
+
+TEST_P(Embarque, TheSuffixesOfANewLineAreKeyedInTheirWindows) {
+    conDialogosDeVerdad();
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    llenarYSeguir(ui.TxtPosicion, bomba);
+    irA(ui.txtSufijos);
+    // The next window is waited for just ahead of the ENTER that brings it.
+    const auto responder = [](const QString &texto, const std::function<void()> &despues) {
+        conVentanaModal([texto, despues](QWidget *modal) {
+            esperarVentana(modal);
+            escribir(texto);
+            despues();
+            tecla(Qt::Key_Return);
+        });
+    };
+    conPantallaModal<FrmCargaSufijos>([&](FrmCargaSufijos &) {
+        tecla(Qt::Key_Down);
+        responder(QStringLiteral("Nord 1"), [=] { responder(QStringLiteral("750"), [] {}); });
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
+    EXPECT_EQ(ui.txtSufijos->text(), QStringLiteral("AA01-AB(NORD 1)-ZB(000750)-"));
 }
 
 TEST_P(Embarque, TheArticleIsWhatTheQuestionForItsFamilyOffers) {

@@ -8,6 +8,7 @@
 #include "frame/ui/Pantalla.h"
 #include "header/automotive.h"
 #include "operations/FrmDetalleInterno.h"
+#include "subitems/FrmPosicion.h"
 #include "tests/screens/subitems_pantalla.h"
 #include "tests/support/tiempos.h"
 
@@ -119,20 +120,21 @@ TEST_P(LineasNuevas, F6ListsCataloguesArticlesPositionsUnitsAndCountries) {
 TEST_P(LineasNuevas, F6OnThePositionTakesTheChoiceAndItsUnits) {
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
-    QString buscado;
-    pantalla.elegirPosicion = [&](const QString &texto) {
-        buscado = texto;
-        return leche;
-    };
-    llenar(ui.TxtPosicion, QStringLiteral("0402"));
+    llenar(ui.TxtPosicion, QStringLiteral("0402.21.10.190Y"));
+    conPantallaModal<FrmPosicion>([this](FrmPosicion &busqueda) {
+        EXPECT_EQ(busqueda.ui.TxtNcm->text(), QStringLiteral("0402.21.10"));
+        EXPECT_EQ(busqueda.ui.LstNCM->currentItem()->text(), leche);
+        tecla(Qt::Key_Return);
+    });
     tecla(Qt::Key_F6);
-    EXPECT_EQ(buscado, QStringLiteral("0402"));
+    EXPECT_FALSE(PantallaAbierta<FrmPosicion>());
     EXPECT_EQ(ui.TxtPosicion->text(), leche);
     EXPECT_EQ(ui.LbCodigoEstadistica->text(), QStringLiteral("01"));
     EXPECT_EQ(ui.LbIdDerEsp->text(), QStringLiteral("01"));
     EXPECT_TRUE(ui.FramDerEsp->isEnabled());
     EXPECT_TRUE(ui.txtNCMDesc->toPlainText().contains(QStringLiteral("Posición NCM: 0402.21.10.110X")));
-    pantalla.elegirPosicion = [](const QString &) { return QString(); };
+    esperarVentana(pantalla.ventana.get());
+    conPantallaModal<FrmPosicion>([](FrmPosicion &) { tecla(Qt::Key_Escape); });
     tecla(Qt::Key_F6);
     EXPECT_EQ(ui.TxtPosicion->text(), leche) << "leaving the search changes nothing";
 }
@@ -140,11 +142,7 @@ TEST_P(LineasNuevas, F6OnThePositionTakesTheChoiceAndItsUnits) {
 TEST_P(LineasNuevas, F6OnTheProrationCodeTakesItFromItsList) {
     auto &pantalla = lineas(QStringLiteral("IC-2026-0001"));
     irA(pantalla.ui.TxtCodProrrateo);
-    conVentanaModal([](QWidget *modal) {
-        EXPECT_EQ(modal, Pantalla<FrmLstProrrateo>().ventana.get());
-        esperarVentana(modal);
-        tecla(Qt::Key_Return);
-    });
+    conPantallaModal<FrmLstProrrateo>([](FrmLstProrrateo &) { tecla(Qt::Key_Return); });
     tecla(Qt::Key_F6);
     EXPECT_EQ(pantalla.ui.TxtCodProrrateo->text(), QStringLiteral("EMB"));
     EXPECT_FALSE(PantallaAbierta<FrmLstProrrateo>());
