@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -125,10 +126,32 @@ TEST_F(Campos, APrefixFindsItsRowWithoutRegardToCase) {
     EXPECT_EQ(caja.currentIndex(), 1);
 }
 
+TEST_F(Campos, ABoxOfSeveralLinesIsSelectedInHandAndHeardWhenItChanges) {
+    QPlainTextEdit varias(QStringLiteral("c\nd"), &formulario);
+    varias.setProperty("tag", "NOENTER");
+    int cambios = 0;
+    ClCntrl::Vincular(&varias);
+    ClCntrl::alCambiar(&varias, [&] { ++cambios; });
+    varias.show();
+    varias.setFocus();
+    EXPECT_EQ(varias.textCursor().selectedText().size(), 3);
+    EXPECT_EQ(varias.palette().color(QPalette::Base), ClCntrl::colorEnFoco());
+    uno.setFocus();
+    EXPECT_FALSE(varias.textCursor().hasSelection());
+    varias.setPlainText(QStringLiteral("e"));
+    EXPECT_EQ(cambios, 0);
+    ClCntrl::banderaDeCambios() = true;
+    varias.setPlainText(QStringLiteral("f"));
+    EXPECT_EQ(cambios, 1);
+    ClCntrl::banderaDeCambios() = false;
+}
+
 TEST_F(Campos, EveryTextOfAFormIsEmptied) {
     uno.setText(QStringLiteral("a"));
     tres.setText(QStringLiteral("b"));
+    QPlainTextEdit varias(QStringLiteral("c\nd"), &formulario);
     ClCntrl::VaciarTxt(&formulario);
+    EXPECT_TRUE(varias.toPlainText().isEmpty());
     EXPECT_TRUE(uno.text().isEmpty());
     EXPECT_TRUE(tres.text().isEmpty());
 }

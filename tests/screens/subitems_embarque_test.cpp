@@ -14,39 +14,7 @@ namespace {
 
 class Embarque : public EnLineas {
  protected:
-    std::string lineasDe(const QString &interno) { return linea(columnas, interno); }
-    /// One row of `columnas`, keyed in the order of the screen.
-    static void teclear(FrmSubItems &pantalla, const QStringList &v) {
-        auto &ui = pantalla.ui;
-        llenar(ui.TxtIdCatalogo, v[0]);
-        llenar(ui.txtIdArticulo, v[1]);
-        llenar(ui.TxtDescArticulos, v[4]);
-        llenar(ui.txtDescripcionMaria, v[5]);
-        llenar(ui.txtOtros, v[2]);
-        llenarYSeguir(ui.TxtPosicion, v[3]);
-        llenarYSeguir(ui.TxtUnidad, v[6]);
-        llenarYSeguir(ui.TxtCantidad, v[7]);
-        llenarYSeguir(ui.TxtUnitario, v[8]);
-        llenarYSeguir(ui.TxtKgNeto, v[20]);
-        llenarYSeguir(ui.TxtKgBruto, v[21]);
-        if (ui.TxtValorsobreestadistica->focusPolicy() == Qt::StrongFocus)
-            llenarYSeguir(ui.TxtValorsobreestadistica, v[11]);
-        if (ui.FramDerEsp->isEnabled()) llenarYSeguir(ui.TxtDerEsp, v[13]);
-        llenarYSeguir(ui.TxtIdpais, v[14]);
-        llenarYSeguir(ui.txtIdPaisProc, v[15]);
-        llenarYSeguir(ui.TxtIdEstadoMercaderia, v[16]);
-        irA(ui.cboBiendeUso);
-        // Letters typed as fast as here would be searched for as one word.
-        tecla(v[18] == QLatin1String("S") ? Qt::Key_End : Qt::Key_Home);
-        llenarYSeguir(ui.TxtCodProrrateo, v[19]);
-        if (v[17] != QLatin1String("SIN SUFIJOS")) llenar(ui.txtSufijos, v[17]);
-        tecla(Qt::Key_F11);
-    }
-    static constexpr const char *columnas =
-        "idcatalogo,idarticulo,otros,ncm,descripcion,descripcion_maria,idunidad,cantidad,preciounitario,fob,"
-        "estadistica,valorrelacionestadistica,deresp,valorderesp,idpais,idpaisproc,estadomerc,sufijos,"
-        "biendeuso,codprorrateo,kgneto,kgbruto,lapi";
-
+    std::string lineasDe(const QString &interno) { return linea(columnasDeLinea, interno); }
     void tecleaDeNuevo(const QString &interno) {
         ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"), QStringLiteral("CARGASBTPOR"),
                              QStringLiteral("U"));
@@ -60,7 +28,7 @@ class Embarque : public EnLineas {
         int fila = 0;
         const auto renglones = antes.split(QLatin1Char('\n'));
         for (const QString &renglon : renglones) {
-            teclear(pantalla, renglon.split(QLatin1Char('|')));
+            teclearLinea(pantalla, renglon.split(QLatin1Char('|')));
             ASSERT_EQ(pantalla.ui.LstArticulos->rowCount(), ++fila)
                 << renglon.toStdString() << ": " << ultimoMensaje();
         }
@@ -193,6 +161,58 @@ TEST_P(Embarque, TheListTakesHomeEndAndLetters) {
     EXPECT_EQ(ui.LstArticulos->currentRow(), 2);
     tecla(Qt::Key_F9);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo) << "and back to the field";
+}
+
+TEST_P(Embarque, TheMarksOfThePositionStandBesideIt) {
+    ejecutar(
+        "update ncm set [059] = '*', [052] = '*', [044] = '*', [019] = 0 where [001] = '0709.60.00' and "
+        "[002] = '000' and [003] = 'X'",
+        "NCM");
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    const auto marcas = [&ui] {
+        QStringList vistas;
+        for (const QLabel *marca : {ui.LbLapi, ui.lbSegElect, ui.lbProhibicion, ui.lbREINT})
+            if (marca->isVisible()) vistas << marca->text();
+        return vistas.join(QLatin1Char(' ')).toStdString();
+    };
+    EXPECT_EQ(marcas(), "");
+    llenarYSeguir(ui.TxtPosicion, hortaliza);
+    EXPECT_EQ(marcas(), "LAPI SEG. ELÉCTRICA PROHIBICIÓN");
+    EXPECT_EQ(recortados(pantalla.ventana.get()).join(QLatin1String("; ")).toStdString(), "");
+    EXPECT_TRUE(ui.txtNCMDesc->toPlainText().contains(QStringLiteral("Posee LAPI: Si")));
+    llenarYSeguir(ui.TxtPosicion, bomba);
+    EXPECT_EQ(marcas(), "REINTEGRO");
+}
+
+TEST_P(Embarque, TheKeysOfTheScreenWorkFromTheBoxOfSeveralLinesToo) {
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    teclearBomba(pantalla);
+    irA(ui.txtDescripcionMaria);
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(cuantas(), 1);
+    irA(ui.txtDescripcionMaria);
+    tecla(Qt::Key_F9);
+    EXPECT_EQ(QApplication::focusWidget(), ui.LstArticulos);
+    tecla(Qt::Key_F9);
+    EXPECT_EQ(QApplication::focusWidget(), ui.txtDescripcionMaria);
+    escribir(QStringLiteral("x"));
+    tecla(Qt::Key_Insert);
+    EXPECT_EQ(ui.txtDescripcionMaria->toPlainText(), QString());
+    irA(ui.txtDescripcionMaria);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmSubItems>());
+}
+
+TEST_P(Embarque, AHiddenFieldThatFailsIsToldAndTheFocusStays) {
+    auto &pantalla = lineas(QStringLiteral("OP 1"), {1, 0, 1, 1, 1, 1, 1, 1});
+    auto &ui = pantalla.ui;
+    llenarYSeguir(ui.TxtPosicion, bomba);
+    llenar(ui.TxtFiller, QString());
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(ultimoMensaje(), "Debe ingresar un valor mayor a cero en CANTIDA ESTADISTICA");
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtFiller);
 }
 
 TEST_P(Embarque, ACheckedLineStaysCheckedWhenItIsChanged) {

@@ -41,6 +41,33 @@ void EnLineas::llenarYSeguir(QWidget *campo, const QString &texto) {
     tecla(Qt::Key_Return);
 }
 
+void EnLineas::teclearLinea(FrmSubItems &pantalla, const QStringList &v) {
+    auto &ui = pantalla.ui;
+    llenar(ui.TxtIdCatalogo, v[0]);
+    llenar(ui.txtIdArticulo, v[1]);
+    llenar(ui.TxtDescArticulos, v[4]);
+    llenar(ui.txtDescripcionMaria, v[5]);
+    llenar(ui.txtOtros, v[2]);
+    llenarYSeguir(ui.TxtPosicion, v[3]);
+    llenarYSeguir(ui.TxtUnidad, v[6]);
+    llenarYSeguir(ui.TxtCantidad, v[7]);
+    llenarYSeguir(ui.TxtUnitario, v[8]);
+    llenarYSeguir(ui.TxtKgNeto, v[20]);
+    llenarYSeguir(ui.TxtKgBruto, v[21]);
+    if (ui.TxtValorsobreestadistica->focusPolicy() == Qt::StrongFocus)
+        llenarYSeguir(ui.TxtValorsobreestadistica, v[11]);
+    if (ui.FramDerEsp->isEnabled()) llenarYSeguir(ui.TxtDerEsp, v[13]);
+    llenarYSeguir(ui.TxtIdpais, v[14]);
+    llenarYSeguir(ui.txtIdPaisProc, v[15]);
+    llenarYSeguir(ui.TxtIdEstadoMercaderia, v[16]);
+    irA(ui.cboBiendeUso);
+    // Letters typed as fast as here would be searched for as one word.
+    tecla(v[18] == QLatin1String("S") ? Qt::Key_End : Qt::Key_Home);
+    llenarYSeguir(ui.TxtCodProrrateo, v[19]);
+    if (v[17] != QLatin1String("SIN SUFIJOS")) llenar(ui.txtSufijos, v[17]);
+    tecla(Qt::Key_F11);
+}
+
 void EnLineas::teclearBomba(FrmSubItems &pantalla) {
     auto &ui = pantalla.ui;
     llenarYSeguir(ui.TxtPosicion, bomba);

@@ -20,6 +20,13 @@ class EnLineas : public EnPantalla {
     static void llenar(QWidget *campo, const QString &texto);
     /// The same, and ENTER.
     static void llenarYSeguir(QWidget *campo, const QString &texto);
+    /// The columns of a stored line that are keyed, in the order that `teclearLinea` takes their values.
+    static constexpr const char *columnasDeLinea =
+        "idcatalogo,idarticulo,otros,ncm,descripcion,descripcion_maria,idunidad,cantidad,preciounitario,fob,"
+        "estadistica,valorrelacionestadistica,deresp,valorderesp,idpais,idpaisproc,estadomerc,sufijos,"
+        "biendeuso,codprorrateo,kgneto,kgbruto,lapi";
+    /// Keys one line of those values, priced by unit, in the order of the screen, and saves it.
+    static void teclearLinea(FrmSubItems &pantalla, const QStringList &v);
     /// 24 pumps for 2841.60 in all, without catalogue, suffixes told; ready to be saved.
     void teclearBomba(FrmSubItems &pantalla);
     /// 5 units of a position measured in kilograms, for 100 in all, 40 kilos net and 45 gross.
