@@ -6,6 +6,7 @@
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
+#include "header/FrmCaratula.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/handover.h"
 #include "subitems/FrmConsultas.h"
@@ -46,8 +47,9 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.CmdSubItems, [this] { CmdSubItems_Click(); });
     alPulsar(ui.CmdTransMaria, [this] { CmdTransMaria_Click(); });
     alPulsar(ui.Command4, [] { Pantalla<FrmConsultas>().Mostrar(); });
-    for (QPushButton *boton : {ui.cmdCaratula, ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal,
-                               ui.cmdCertOrig, ui.cmdExportar, ui.cmdExportINS, ui.Command1})
+    alPulsar(ui.cmdCaratula, [this] { cmdCaratula_Click(); });
+    for (QPushButton *boton : {ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal, ui.cmdCertOrig,
+                               ui.cmdExportar, ui.cmdExportINS, ui.Command1})
         alPulsar(boton, [] { NoDisponible(Contexto()); });
     alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
     alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });
@@ -211,6 +213,16 @@ void FrmDetalleInterno::AbrirItems() {
         TomarFoco();
     };
     items.Mostrar(interno_);
+}
+
+void FrmDetalleInterno::cmdCaratula_Click() {
+    auto &caratula = Pantalla<FrmCaratula>();
+    caratula.alCerrar = [this] {
+        VerDatos();
+        // The next step of the work.
+        ui.CmdSubItems->setFocus();
+    };
+    caratula.Mostrar(interno_);
 }
 
 void FrmDetalleInterno::CmdSubItems_Click() {

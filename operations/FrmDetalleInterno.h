@@ -34,6 +34,7 @@ class FrmDetalleInterno {
     /// Goes on where the run's screen has closed.
     void SeguirArmado();
     void AbrirItems();
+    void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();
     void opDJAI_MezclarDescripciones_Click();

@@ -8,6 +8,7 @@
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmListado.h"
@@ -19,33 +20,6 @@
 namespace {
 
 using L = QLatin1String;
-
-QString textoDe(const QWidget *control) {
-    if (const auto *linea = qobject_cast<const QLineEdit *>(control)) return linea->text();
-    if (const auto *plano = qobject_cast<const QPlainTextEdit *>(control)) return plano->toPlainText();
-    if (const auto *combo = qobject_cast<const QComboBox *>(control)) return combo->currentData().toString();
-    if (const auto *etiqueta = qobject_cast<const QLabel *>(control)) return etiqueta->text();
-    return {};
-}
-
-/// False when the control shows it already, and then keeps its cursor.
-bool ponerTexto(QWidget *control, QString texto) {
-    if (qobject_cast<QPlainTextEdit *>(control) != nullptr) texto.replace(L("\r\n"), L("\n"));
-    if (textoDe(control) == texto) return false;
-    if (auto *linea = qobject_cast<QLineEdit *>(control)) {
-        linea->setText(texto);
-        // The beginning is what one reads.
-        linea->setCursorPosition(0);
-        if (linea->hasFocus()) linea->selectAll();
-    } else if (auto *plano = qobject_cast<QPlainTextEdit *>(control)) {
-        plano->setPlainText(texto);
-    } else if (auto *combo = qobject_cast<QComboBox *>(control)) {
-        combo->setCurrentIndex(combo->findData(texto));
-    } else if (auto *etiqueta = qobject_cast<QLabel *>(control)) {
-        etiqueta->setText(texto);
-    }
-    return true;
-}
 
 }  // namespace
 
@@ -151,7 +125,7 @@ void FrmSubItems::OfrecerBloques() {
 void FrmSubItems::Leer() {
     for (const Campo &campo : campos_)
         if (campo.definicion->tipo != TipoDeCampo::Descripcion)
-            s_.campos.*campo.definicion->campo = textoDe(campo.control);
+            s_.campos.*campo.definicion->campo = campos::TextoDe(campo.control);
 }
 
 void FrmSubItems::Escribir(bool anotar) {
@@ -159,7 +133,7 @@ void FrmSubItems::Escribir(bool anotar) {
     const bool activa = std::exchange(ClCntrl::banderaDeCambios(), false);
     bool cambio = false;
     for (const Campo &campo : campos_) {
-        const bool escrito = ponerTexto(campo.control, s_.campos.*campo.definicion->campo);
+        const bool escrito = campos::PonerTexto(campo.control, s_.campos.*campo.definicion->campo);
         cambio = cambio || (escrito && campo.definicion->tipo != TipoDeCampo::Descripcion);
     }
     EscribirEstado();

@@ -219,7 +219,7 @@ TEST_P(Tablero, TheOrderOfItemsComesFromTheOption) {
 
 TEST_P(Tablero, AButtonWithoutItsScreenSaysSo) {
     auto &tablero = abrir(importacion);
-    for (QPushButton *boton : {tablero.ui.cmdCaratula, tablero.ui.CmdPresupuesto, tablero.ui.Command1}) {
+    for (QPushButton *boton : {tablero.ui.CmdPresupuesto, tablero.ui.Command1}) {
         registro.mensajes.clear();
         teclaEn(boton, Qt::Key_Space);
         ASSERT_EQ(registro.mensajes.size(), 1U) << boton->text().toStdString();

@@ -1,0 +1,15 @@
+#pragma once
+// The text of a field, whatever widget shows it.
+
+#include <QString>
+
+class QWidget;
+
+namespace campos {
+
+/// What a field holds: its text; of a combo box the data of its row, of a tick box "S" or "N".
+QString TextoDe(const QWidget *campo);
+/// Puts a text into a field. False when the field shows it already, and then keeps its cursor.
+bool PonerTexto(QWidget *campo, QString texto);
+
+}  // namespace campos
