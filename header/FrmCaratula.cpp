@@ -213,7 +213,7 @@ bool FrmCaratula::Campo_Enter(const Campo &campo) {
     // What ENTER has looked at, leaving the field does not look at again; amounts and dates take their form.
     Campo_LostFocus(campo);
     alEntrar_ = campos::TextoDe(campo.control);
-    if (v.ok && v.foco.isEmpty()) return campo.control == ui.TxtFactura && !ui.TxtFactura->isVisible();
+    if (v.ok && v.foco.isEmpty()) return false;
     PonerFoco(v.foco);
     return true;
 }
