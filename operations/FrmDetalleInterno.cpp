@@ -1,5 +1,7 @@
 #include "operations/FrmDetalleInterno.h"
 
+#include <utility>
+
 #include "assembly/FrmArmarItem.h"
 #include "assembly/run.h"
 #include "frame/ui/Pantalla.h"
@@ -164,7 +166,9 @@ void FrmDetalleInterno::CerrarInterno() {
 
 void FrmDetalleInterno::Form_Unload() {
     Contexto().DataManager.CloseAllDataConnection();
+    const auto avisar = std::move(alCerrar);
     CerrarPantalla<FrmDetalleInterno>();
+    if (avisar) avisar();
 }
 
 void FrmDetalleInterno::cmdITEM_Click() {

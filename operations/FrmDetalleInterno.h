@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 #include <memory>
 
 #include "operations/lifecycle.h"
@@ -19,6 +20,8 @@ class FrmDetalleInterno {
     void VerDatos();
     void TomarFoco();
     const QString &Interno() const { return interno_; }
+    /// Called when the screen has closed.
+    std::function<void()> alCerrar;
 
     Ui::FrmDetalleInterno ui;
     std::unique_ptr<QDialog> ventana;

@@ -12,6 +12,7 @@
 #include "frame/ui/ventana.h"
 #include "header/FrmListadoDespachante.h"
 #include "operations/FrmAbrir.h"
+#include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNewFila.h"
 #include "operations/lifecycle.h"
 #include "siblings/FrmClientes.h"
@@ -312,5 +313,11 @@ void FrmInternoNew::Eliminar() {
 
 void FrmInternoNew::Ver() {
     const QString interno = InternoSeleccionado();
-    if (!interno.trimmed().isEmpty()) AbrirInterno(interno);
+    if (interno.trimmed().isEmpty()) return;
+    AbrirInterno(interno);
+    if (!PantallaAbierta<FrmDetalleInterno>()) return;
+    // What was keyed there is to be seen here.
+    Pantalla<FrmDetalleInterno>().alCerrar = [] {
+        if (PantallaAbierta<FrmInternoNew>()) Pantalla<FrmInternoNew>().BuscarInternos();
+    };
 }

@@ -49,9 +49,9 @@ void FrmClientes::Conectar() {
         {[this] { Tomar(); }, [this] { Modificar(); }, [this] { Agregar(); }, [this] { Eliminar(); }});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();
     ui.Lst->setColumnWidth(Nombre, letra * 38);
-    ui.Lst->setColumnWidth(Cuit, letra * 16);
+    ui.Lst->setColumnWidth(Cuit, letra * 20);
     ui.Lst->horizontalHeader()->setSectionResizeMode(Domicilio, QHeaderView::Stretch);
-    ui.Lst->setColumnWidth(Correo, letra * 42);
+    ui.Lst->setColumnWidth(Correo, letra * 44);
     EscucharTeclas(ventana.get(), [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
 }
 

@@ -76,6 +76,11 @@ void FrmSubItems::ActualizarLinea(qint64 id, bool nueva) {
     if (!linea) return;
     if (nueva) grilla->insertRow(fila);
     PonerFila(fila, *linea);
+    // The line may be wider than those before it; the others need no second look.
+    for (int columna = 0; columna < grilla->columnCount(); ++columna)
+        grilla->setColumnWidth(
+            columna, std::max(grilla->columnWidth(columna),
+                              grilla->sizeHintForIndex(grilla->model()->index(fila, columna)).width() + 1));
     lista_.Seleccionar(fila);
 }
 

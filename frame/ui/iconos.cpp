@@ -24,8 +24,11 @@ void flecha(QPainter &p, bool haciaArriba) {
 
 void pagina(QPainter &p, const QRectF &r) {
     p.drawRoundedRect(r, 1.5, 1.5);
-    for (qreal y = r.top() + 4.5; y < r.bottom() - 2; y += 3.5)
+    const int renglones = static_cast<int>((r.height() - 6.5) / 3.5) + 1;
+    for (int n = 0; n < renglones; ++n) {
+        const qreal y = r.top() + 4.5 + n * 3.5;
         p.drawLine(QPointF(r.left() + 3, y), QPointF(r.right() - 3, y));
+    }
 }
 
 void dibujar(QPainter &p, Dibujo dibujo) {

@@ -227,6 +227,11 @@ void EmbarquePorTeclado::teclearLineas() {
         ++lineas;
         ASSERT_EQ(pantalla.ui.LstArticulos->rowCount(), lineas)
             << leidos.join(QLatin1String(" / ")).toStdString();
+        const QTableWidget *lista = pantalla.ui.LstArticulos;
+        for (int columna = 0; columna < lista->columnCount(); ++columna)
+            EXPECT_GE(lista->columnWidth(columna),
+                      lista->sizeHintForIndex(lista->model()->index(lineas - 1, columna)).width())
+                << "column " << columna << " cuts its text";
     }
     EXPECT_EQ(pantalla.ui.lbDIF->text(), QStringLiteral("00,00"));
     tecla(Qt::Key_Escape);

@@ -68,6 +68,19 @@ TEST_P(Navegador, EnterOnARowOpensTheOperation) {
               QStringLiteral("PC1"));
 }
 
+TEST_P(Navegador, TheListIsFreshAndOnTheSameRowWhenTheOperationIsLeft) {
+    auto &navegador = mostrar();
+    tecla(Qt::Key_Return);
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Return);
+    esperarVentana(Pantalla<FrmDetalleInterno>().ventana.get());
+    ejecutar(QStringLiteral("update caratula set factura7 = 'OTRO NOMBRE' where interno = 'EC-2026-0002'"));
+    tecla(Qt::Key_Escape);
+    EXPECT_EQ(navegador.InternoSeleccionado(), cinco.at(1));
+    EXPECT_EQ(navegador.ui.lstInterno->currentIndex().siblingAtColumn(4).data().toString(),
+              QStringLiteral("OTRO NOMBRE"));
+}
+
 TEST_P(Navegador, ADoubleClickOnARowOpensTheOperation) {
     auto &navegador = mostrar();
     tecla(Qt::Key_Return);
