@@ -80,6 +80,7 @@ class EmbarquePorTeclado : public EnPantalla {
     void teclearCaratula();
     void teclearProrrateo();
     void teclearLinea(FrmSubItems &pantalla, const CamposSubItem &q, bool conListas);
+    void preguntarSufijos(FrmSubItems &pantalla, const QString &esperado);
     void teclearLineas();
     void armar(const QString &interno);
     std::string deLaOperacion(QString sql, const QString &interno) {
@@ -165,6 +166,29 @@ void EmbarquePorTeclado::teclearProrrateo() {
     tecla(Qt::Key_Space);
 }
 
+/// The suffixes asked for one by one in their windows: the coded family from its list, the free values typed.
+void EmbarquePorTeclado::preguntarSufijos(FrmSubItems &pantalla, const QString &esperado) {
+    auto &ui = pantalla.ui;
+    teclear(ui.txtSufijos, {});
+    irA(ui.txtSufijos);
+    // The next window is waited for just ahead of the ENTER that brings it.
+    const auto responder = [](const QString &texto, const std::function<void()> &despues) {
+        conVentanaModal([texto, despues](QWidget *modal) {
+            esperarVentana(modal);
+            escribir(texto);
+            despues();
+            tecla(Qt::Key_Return);
+        });
+    };
+    conPantallaModal<FrmCargaSufijos>([&](FrmCargaSufijos &) {
+        tecla(Qt::Key_Down);
+        responder(QStringLiteral("Nordpumpen NP 0750"), [=] { responder(QStringLiteral("750"), [] {}); });
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
+    EXPECT_EQ(ui.txtSufijos->text(), esperado);
+}
+
 /// Keys one line. With lists, its country, proration code and suffixes are taken from their lists.
 void EmbarquePorTeclado::teclearLinea(FrmSubItems &pantalla, const CamposSubItem &q, bool conListas) {
     auto &ui = pantalla.ui;
@@ -185,6 +209,7 @@ void EmbarquePorTeclado::teclearLinea(FrmSubItems &pantalla, const CamposSubItem
         tecla(Qt::Key_F6);
         EXPECT_EQ(ui.TxtCodProrrateo->text(), q.TxtCodProrrateo);
     }
+    if (conListas) preguntarSufijos(pantalla, q.txtSufijos);
     for (const DefinicionDeCampo &d : CamposDeSubItem()) {
         auto *campo = pantalla.ventana->findChild<QWidget *>(QLatin1String(d.control));
         if (campo == nullptr || d.tipo == TipoDeCampo::Descripcion || !campo->isVisible() ||
