@@ -178,7 +178,7 @@ QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
     }
     if (perfiles.empty()) {
         for (const QString &carpeta : carpetas) {
-            const QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
+            QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
             if (QDir().mkpath(carpeta + QStringLiteral("/db")) &&
                 escribirPerfilDeArchivos(ruta, nombreDeFamilia, carpeta + QStringLiteral("/db"))) {
                 usarPerfil(ruta);

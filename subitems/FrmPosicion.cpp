@@ -138,7 +138,7 @@ void FrmPosicion::Seleccionar() {
 }
 
 QString ElegirPosicion(const QString &buscado) {
-    const QString elegida = Pantalla<FrmPosicion>().Elegir(buscado);
+    QString elegida = Pantalla<FrmPosicion>().Elegir(buscado);
     CerrarPantalla<FrmPosicion>();
     return elegida;
 }
