@@ -108,9 +108,10 @@ QSqlDatabase abrirArchivo(const Conexion::Datos &datos, const QString &nombre) {
     sqlite3_db_config(motor, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(motor, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     try {
+        // A long run writes the same pages over and over: they are folded back into the file seldom.
         mandar(motor, QStringLiteral(
                           "PRAGMA temp_store=MEMORY; PRAGMA cache_size=-65536; PRAGMA main.journal_mode=WAL; "
-                          "PRAGMA main.synchronous=FULL; PRAGMA wal_autocheckpoint=4000"));
+                          "PRAGMA main.synchronous=FULL; PRAGMA wal_autocheckpoint=20000"));
         // A look inside: a file that is no store of ours says so here, and not in the middle of the work.
         mandar(motor, QStringLiteral("select count(*) from main.sqlite_master"));
     } catch (const ErrorDeStore &e) {
