@@ -8,6 +8,8 @@
 #include "frame/ui/iconos.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int ladoDeMarca = 20;
@@ -26,7 +28,7 @@ FrmArmarItem::FrmArmarItem() : ventana(HacerDialogo()) {
 }
 
 void FrmArmarItem::Form_Load() {
-    ui.lbEstado->setText(QStringLiteral("0"));
+    ui.lbEstado->setText(u"0"_s);
     for (std::size_t n = 0; n < marcas_.size(); ++n) {
         textos_.at(n)->setText(TextosDePasos().at(static_cast<int>(n)));
         marcas_.at(n)->setPixmap(Imagen(Dibujo::PasoPendiente, ladoDeMarca, ventana->devicePixelRatioF()));
@@ -64,8 +66,8 @@ void FrmArmarItem::Mostrar(const QString &interno, const OpcionesDeArmado &opcio
 }
 
 void FrmArmarItem::Form_Activate() {
-    if (ui.lbEstado->text() != QLatin1String("0")) return;
-    ui.lbEstado->setText(QStringLiteral("1"));
+    if (ui.lbEstado->text() != "0"_L1) return;
+    ui.lbEstado->setText(u"1"_s);
     AppContext &ctx = Contexto();
     const auto anterior = ctx.dialogos.avance;
     ctx.dialogos.avance = [this, anterior](const Avance &avance) {
@@ -79,7 +81,7 @@ void FrmArmarItem::Form_Activate() {
     if (seCierra)
         Form_Unload();
     else
-        ui.lbTeclas->setText(QStringLiteral("El armado no terminó.   ESC  cerrar"));
+        ui.lbTeclas->setText(u"El armado no terminó.   ESC  cerrar"_s);
 }
 
 bool FrmArmarItem::Form_KeyDown(const QKeyEvent *tecla) {

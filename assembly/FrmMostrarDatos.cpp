@@ -7,11 +7,13 @@
 
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 FrmMostrarDatos::FrmMostrarDatos() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
     ui.TxtDatos->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    mnucopiar = ui.barraDeMenu->addAction(QStringLiteral("&Copiar"));
-    mnucerrar = ui.barraDeMenu->addAction(QStringLiteral("Ce&rrar"));
+    mnucopiar = ui.barraDeMenu->addAction(u"&Copiar"_s);
+    mnucerrar = ui.barraDeMenu->addAction(u"Ce&rrar"_s);
     Conectar();
 }
 

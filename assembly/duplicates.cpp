@@ -4,7 +4,8 @@
 
 #include "assembly/run.h"
 #include "assembly/sql_text.h"
-#include "frame/values.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +50,7 @@ QString filtro(const ContextoArmado &r, const Recordset &candidato) {
         texto += columna.toString() + " = "_L1 + EnComillas(DoblarComillas(candidato.Texto(columna))) +
                  " and \r\n"_L1;
     }
-    const QString precio = SqlNumber(candidato.Numero(u"preciounitario"));
+    const QString precio = SqlNumber(r.ctx, candidato.Numero(u"preciounitario"));
     return texto + "preciounitario between ("_L1 + precio + " - "_L1 + tolerancia + ") and ("_L1 + precio +
            " + "_L1 + tolerancia + ") "_L1;
 }
@@ -86,7 +87,7 @@ void fundir(const ContextoArmado &r, const QString &donde, const QString &raiz) 
     Recordset rs;
     const bool hay = r.consultar(
         "select count(preciounitario) as reg,interno,ncm,descripcion,"_L1 +
-            SqlRound(u"INTERNOS"_s, u"(sum(fob) / sum(cantidad))"_s, u"00.00000") +
+            SqlRound(r.ctx, u"INTERNOS"_s, u"(sum(fob) / sum(cantidad))"_s, u"00.00000") +
             " as unitario,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,sum(cantidad) as "
             "sumcantidad,estadistica,sum(valorrelacionestadistica) as "
             "valorestadistica,deresp,sum(valorderesp) as "
@@ -103,10 +104,12 @@ void fundir(const ContextoArmado &r, const QString &donde, const QString &raiz) 
         rs);
     if (!hay) return;
 
-    const auto texto = [&rs](QStringView columna) {
+    const auto texto = [&r, &rs](QStringView columna) {
         return ",'"_L1 + DoblarComillas(rs.Texto(columna)) + '\''_L1;
     };
-    const auto numero = [&rs](QStringView columna) { return ','_L1 + SqlNumber(rs.Numero(columna)); };
+    const auto numero = [&r, &rs](QStringView columna) {
+        return ','_L1 + SqlNumber(r.ctx, rs.Numero(columna));
+    };
     r.ejecutar("delete from groupsubitems "_L1 + donde);
     r.ejecutar(
         "INSERT INTO "

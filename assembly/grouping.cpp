@@ -4,8 +4,9 @@
 
 #include "assembly/run.h"
 #include "assembly/sql_text.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 
 using namespace Qt::StringLiterals;
 
@@ -174,13 +175,15 @@ constexpr std::array<Clausula, 13> elGrupo{{
 }};
 
 template <std::size_t N>
-QString comparar(const Recordset &grupo, const std::array<Clausula, N> &clausulas, bool conDescripcion) {
+QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::array<Clausula, N> &clausulas,
+                 bool conDescripcion) {
     QString texto;
     for (const Clausula &c : clausulas) {
         if (c.valor == Clausula::Valor::Descripcion && !conDescripcion) continue;
         texto += QLatin1StringView(c.antes);
         if (c.valor == Clausula::Valor::Precio)
-            texto += SqlNumber(numeros::Format(grupo.Numero(c.columna), u"00.00000"));
+            texto += SqlNumber(r.ctx,
+                               numeros::Format(grupo.Numero(c.columna), u"00.00000", r.ctx.SeparadorDecimal));
         else
             texto += DoblarComillas(grupo.Texto(c.columna));
         texto += QLatin1StringView(c.despues);
@@ -196,7 +199,7 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
     const bool hay = r.consultar(
         "select id,"_L1 + (r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1) +
             " as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller from subitems where interno = "_L1 +
-            clave + ' '_L1 + comparar(grupo, lineasDelGrupo, conDescripcion),
+            clave + ' '_L1 + comparar(r, grupo, lineasDelGrupo, conDescripcion),
         lineas);
     if (!hay) return;
 
@@ -222,7 +225,7 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
                  DoblarComillas(catalogo) + "' "_L1;
     else
         texto += ", idarticulo = 'agrupado!' "_L1;
-    r.ejecutar(texto + " where interno = "_L1 + clave + ' '_L1 + comparar(grupo, elGrupo, conDescripcion));
+    r.ejecutar(texto + " where interno = "_L1 + clave + ' '_L1 + comparar(r, grupo, elGrupo, conDescripcion));
 }
 
 }  // namespace
@@ -230,7 +233,7 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
 void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegadas) {
     if (!r.go_InputsLink.EnviarGrupoIdSub) return;
     if (r.go_InputsLink.EnviarGrupoIdSub(r.interno, raiz, plegadas.join('|'_L1))) return;
-    throw ErrorDeStore{
+    throw Falla{
         0, u"go_InputsLink.EnviarGrupoIdSub"_s, u"Error en enviar vinculación de subitems a insumos"_s, {}};
 }
 

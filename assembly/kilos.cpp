@@ -1,15 +1,18 @@
 #include <cmath>
 
 #include "assembly/run.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 using numeros::Format;
 
-const QString tablaDeGrupos = QStringLiteral("groupsubitems");
+const QString tablaDeGrupos = u"groupsubitems"_s;
 constexpr double piso = 0.01;
 
 double centavos(double valor) {
@@ -26,17 +29,17 @@ double uno(ContextoArmado &r, const QString &sql, QStringView columna) {
 }
 
 /// A number as the user of this workstation writes it.
-QString paraLeer(double valor) {
+QString paraLeer(const ContextoArmado &r, double valor) {
     QString texto = numeros::aTexto(valor);
-    return ReemplazarSeparadorDecimal(texto);
+    return ReemplazarSeparadorDecimal(texto, r.ctx.SeparadorDecimal);
 }
 
 double sumaDeKilos(ContextoArmado &r) {
-    return uno(r, L("select sum(kgneto) as total from groupsubitems where interno = ") + clave(r), u"total");
+    return uno(r, "select sum(kgneto) as total from groupsubitems where interno = "_L1 + clave(r), u"total");
 }
 
 void barra(ContextoArmado &r, int porciento) {
-    r.ctx.dialogos.avance({Avance::Tipo::Barra, 0, QStringLiteral("Pb1"), porciento, 100, {}});
+    r.ctx.dialogos.avance({Avance::Tipo::Barra, 0, u"Pb1"_s, porciento, 100, {}});
     r.ctx.dialogos.atenderEventos();
 }
 
@@ -44,8 +47,8 @@ void barra(ContextoArmado &r, int porciento) {
 /// more than the floor. Works on cents, so that it ends.
 void tomarDeLosPesados(ContextoArmado &r, double pedido) {
     while (pedido > 0) {
-        r.internos().Sql = L("select top 1 * from groupsubitems where interno = ") + clave(r) +
-                           L(" and kgneto > 0.01 order by kgneto desc");
+        r.internos().Sql = "select top 1 * from groupsubitems where interno = "_L1 + clave(r) +
+                           " and kgneto > 0.01 order by kgneto desc"_L1;
         Recordset fila;
         if (!r.internos().crearrsActualizable(fila, tablaDeGrupos)) return;
         const double kilos = centavos(fila.Numero(u"kgneto"));
@@ -61,12 +64,12 @@ void tomarDeLosPesados(ContextoArmado &r, double pedido) {
 /// Rows that got nothing are lifted to the floor, and the heaviest ones pay.
 void aplicarPiso(ContextoArmado &r) {
     const double n = uno(
-        r, L("select count(1) as cantidad from groupsubitems where kgneto <= 0 and interno = ") + clave(r),
+        r, "select count(1) as cantidad from groupsubitems where kgneto <= 0 and interno = "_L1 + clave(r),
         u"cantidad");
     if (n < 1) return;
     const double pedido = centavos(n * piso);
-    r.internos().Sql = L("select * from groupsubitems where flgkg = '*' and interno = ") + clave(r) +
-                       L(" and kgneto >  ") + SqlNumber(pedido) + L(" order by kgneto desc");
+    r.internos().Sql = "select * from groupsubitems where flgkg = '*' and interno = "_L1 + clave(r) +
+                       " and kgneto >  "_L1 + SqlNumber(r.ctx, pedido) + " order by kgneto desc"_L1;
     Recordset pesada;
     if (r.internos().crearrsActualizable(pesada, tablaDeGrupos)) {
         pesada.Poner(u"kgneto", centavos(pesada.Numero(u"kgneto") - pedido));
@@ -74,8 +77,8 @@ void aplicarPiso(ContextoArmado &r) {
     } else {
         tomarDeLosPesados(r, pedido);
     }
-    r.ejecutar(L("update groupsubitems set kgneto = 0.01  where interno = ") + clave(r) +
-               L(" and kgneto <= 0"));
+    r.ejecutar("update groupsubitems set kgneto = 0.01  where interno = "_L1 + clave(r) +
+               " and kgneto <= 0"_L1);
 }
 
 /// The heaviest spread row takes what is missing; false when none is heavy enough.
@@ -83,13 +86,13 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
     const double diferencia = centavos(kilos - centavos(sumaDeKilos(r)));
     if (diferencia == 0) return true;
     const double valor = std::fabs(diferencia);
-    r.internos().Sql = L("select top 2 * from groupsubitems where flgkg = '*' and interno = ") + clave(r) +
-                       L(" and kgneto > ") + SqlNumber(valor) + L(" order by kgneto desc");
+    r.internos().Sql = "select top 2 * from groupsubitems where flgkg = '*' and interno = "_L1 + clave(r) +
+                       " and kgneto > "_L1 + SqlNumber(r.ctx, valor) + " order by kgneto desc"_L1;
     Recordset fila;
     if (!r.internos().crearrsActualizable(fila, tablaDeGrupos)) {
-        r.ctx.dialogos.advertir(QStringLiteral("Error al redondear prorrateo, no se encontro subitems con "
-                                               "kilos mayor a %1\r\nNo se puede continuar..")
-                                    .arg(paraLeer(valor)));
+        r.ctx.dialogos.advertir(
+            u"Error al redondear prorrateo, no se encontro subitems con "
+            "kilos mayor a %1\r\nNo se puede continuar.."_s.arg(paraLeer(r, valor)));
         return false;
     }
     fila.Poner(u"kgneto", centavos(fila.Numero(u"kgneto") + diferencia));
@@ -99,27 +102,27 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
 
 void llevarAItems(ContextoArmado &r, double kilos) {
     const L si("01");
-    r.ejecutar(L("update groupsubitems set valorrelacionestadistica = kgneto where interno = ") + clave(r) +
-               L(" and estadistica = '01'"));
-    r.ejecutar(L("update groupsubitems set valorderesp = kgneto where interno = ") + clave(r) +
-               L(" and deresp = '01'"));
+    r.ejecutar("update groupsubitems set valorrelacionestadistica = kgneto where interno = "_L1 + clave(r) +
+               " and estadistica = '01'"_L1);
+    r.ejecutar("update groupsubitems set valorderesp = kgneto where interno = "_L1 + clave(r) +
+               " and deresp = '01'"_L1);
     barra(r, 80);
     Recordset rs;
-    for (r.consultar(L("select id,estadistica,deresp,") +
-                         SqlRound(QStringLiteral("INTERNOS"), QStringLiteral("sum(kgneto)"), u"00.00") +
-                         L(" as totalkg from groupsubitems where interno = ") + clave(r) +
-                         L(" group by id,estadistica,deresp"),
+    for (r.consultar("select id,estadistica,deresp,"_L1 +
+                         SqlRound(r.ctx, u"INTERNOS"_s, u"sum(kgneto)"_s, u"00.00") +
+                         " as totalkg from groupsubitems where interno = "_L1 + clave(r) +
+                         " group by id,estadistica,deresp"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext()) {
-        const QString total = SqlNumber(rs.Numero(u"TotalKg"));
-        r.ejecutar(L("update item set totalkneto = ") + total + L(" ") +
-                   (rs.Texto(u"estadistica") == si ? L(", valorrelacionestadistica = ") + total + L(" ")
+        const QString total = SqlNumber(r.ctx, rs.Numero(u"TotalKg"));
+        r.ejecutar("update item set totalkneto = "_L1 + total + " "_L1 +
+                   (rs.Texto(u"estadistica") == si ? ", valorrelacionestadistica = "_L1 + total + " "_L1
                                                    : QString()) +
-                   (rs.Texto(u"deresp") == si ? L(", valorderesp = ") + total + L(" ") : QString()) +
-                   L(" where interno = ") + clave(r) + L(" and id = ") + SqlNumber(rs.Numero(u"ID")));
+                   (rs.Texto(u"deresp") == si ? ", valorderesp = "_L1 + total + " "_L1 : QString()) +
+                   " where interno = "_L1 + clave(r) + " and id = "_L1 + SqlNumber(r.ctx, rs.Numero(u"ID")));
     }
-    r.ejecutar(L("update item set totalkneto = ") + SqlNumber(kilos) + L(" where interno = ") + clave(r) +
-               L(" and id = 0"));
+    r.ejecutar("update item set totalkneto = "_L1 + SqlNumber(r.ctx, kilos) + " where interno = "_L1 +
+               clave(r) + " and id = 0"_L1);
 }
 
 /// Which measure of an item is the kilo.
@@ -142,14 +145,14 @@ Medida medidaDe(const Recordset &rs) {
 /// The measure of the item's groups that pass `prueba`. Groups of one item may differ in their units: those
 /// that name the kilo count, in whatever order the store gives them.
 MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &id) {
-    const QString entidad = QStringLiteral("INTERNOS");
+    const QString entidad = u"INTERNOS"_s;
     Recordset rs;
     MedidaLeida m;
-    m.hay = r.consultar(L("select estadistica,deresp,") +
-                            SqlRound(entidad, QStringLiteral("sum(valorrelacionestadistica)"), u"00.00") +
-                            L(" as est,") + SqlRound(entidad, QStringLiteral("sum(valorderesp)"), u"00.00") +
-                            L(" as esp from groupsubitems where ") + prueba + L(" and id = ") + id +
-                            L(" and interno= ") + clave(r) + L(" group by estadistica,deresp"),
+    m.hay = r.consultar("select estadistica,deresp,"_L1 +
+                            SqlRound(r.ctx, entidad, u"sum(valorrelacionestadistica)"_s, u"00.00") +
+                            " as est,"_L1 + SqlRound(r.ctx, entidad, u"sum(valorderesp)"_s, u"00.00") +
+                            " as esp from groupsubitems where "_L1 + prueba + " and id = "_L1 + id +
+                            " and interno= "_L1 + clave(r) + " group by estadistica,deresp"_L1,
                         rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         m.medida = medidaDe(rs);
@@ -161,22 +164,20 @@ MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &
 }
 
 void escribirKilos(ContextoArmado &r, double kilos, const QString &id) {
-    r.ejecutar(L("update item set totalkneto = ") + SqlNumber(kilos) + L(" where id = ") + id +
-               L(" and interno = ") + clave(r));
+    r.ejecutar("update item set totalkneto = "_L1 + SqlNumber(r.ctx, kilos) + " where id = "_L1 + id +
+               " and interno = "_L1 + clave(r));
 }
 
 enum class Hallazgo { Ninguno, Informar, Cortar };
 
 /// One item whose measure is the kilo: do some of its groups have it and others not?
 Hallazgo revisarMedida(ContextoArmado &r, const QString &id) {
-    const MedidaLeida a =
-        leerMedida(r, QStringLiteral("(valorrelacionestadistica > 0 or valorderesp > 0)"), id);
+    const MedidaLeida a = leerMedida(r, u"(valorrelacionestadistica > 0 or valorderesp > 0)"_s, id);
     if (a.medida != Medida::Ninguna) escribirKilos(r, a.valor, id);
-    static const QString ceroEstadistica = QStringLiteral("valorrelacionestadistica = 0");
-    static const QString ceroEspecifica = QStringLiteral("valorderesp = 0");
+    static const QString ceroEstadistica = u"valorrelacionestadistica = 0"_s;
+    static const QString ceroEspecifica = u"valorderesp = 0"_s;
     // A mark that no row holds: with both measures there is no empty group.
-    static const QString ninguna =
-        QStringLiteral("(valorrelacionestadistica = 123456 or valorderesp = 123456)");
+    static const QString ninguna = u"(valorrelacionestadistica = 123456 or valorderesp = 123456)"_s;
     const QString &prueba = a.medida == Medida::Estadistica
                                 ? ceroEstadistica
                                 : (a.medida == Medida::Especifica ? ceroEspecifica : ninguna);
@@ -187,8 +188,8 @@ Hallazgo revisarMedida(ContextoArmado &r, const QString &id) {
     return b.valor == 0 && a.valor != 0 ? Hallazgo::Informar : Hallazgo::Ninguno;
 }
 
-QString alaDerecha(double valor) {
-    return Format(valor, u"00.00").rightJustified(10);
+QString alaDerecha(const ContextoArmado &r, double valor) {
+    return Format(valor, u"00.00", r.ctx.SeparadorDecimal).rightJustified(10);
 }
 
 }  // namespace
@@ -196,41 +197,42 @@ QString alaDerecha(double valor) {
 void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
     barra(r, 10);
     double fobTotal =
-        uno(r, L("select sum(fob) as total from groupsubitems where interno = ") + clave(r), u"total");
+        uno(r, "select sum(fob) as total from groupsubitems where interno = "_L1 + clave(r), u"total");
     const double dados = sumaDeKilos(r);
     // Sums of cents carry a trace of the binary arithmetic, which is no kilo.
     constexpr int decimalesSeguros = 8;
     if (kilos < numeros::redondear(dados, decimalesSeguros)) {
-        r.ctx.dialogos.advertir(QStringLiteral("El kilo a prorratear (%1) debe ser mayor a %2")
-                                    .arg(paraLeer(kilos), paraLeer(dados)));
+        r.ctx.dialogos.advertir(
+            u"El kilo a prorratear (%1) debe ser mayor a %2"_s.arg(paraLeer(r, kilos), paraLeer(r, dados)));
         return;
     }
     const double resto = centavos(kilos - dados);
     barra(r, 20);
-    r.ejecutar(L("update groupsubitems set flgkg = '*' where interno = ") + clave(r) +
-               L(" and (kgneto <= 0 or kgneto is null)"));
-    r.ejecutar(L("update groupsubitems set flgkg = '' where (flgkg is null or flgkg<>'*') and interno = ") +
+    r.ejecutar("update groupsubitems set flgkg = '*' where interno = "_L1 + clave(r) +
+               " and (kgneto <= 0 or kgneto is null)"_L1);
+    r.ejecutar("update groupsubitems set flgkg = '' where (flgkg is null or flgkg<>'*') and interno = "_L1 +
                clave(r));
     barra(r, 30);
     Recordset rs;
-    r.consultar(L("select sum(fob) as fobtotal,count(fob) as cantidad from groupsubitems where interno = ") +
-                    clave(r) + L(" and (kgneto <= 0 or kgneto is null)"),
+    r.consultar("select sum(fob) as fobtotal,count(fob) as cantidad from groupsubitems where interno = "_L1 +
+                    clave(r) + " and (kgneto <= 0 or kgneto is null)"_L1,
                 rs);
     if (rs.Numero(u"Cantidad") == 0) {
         r.ctx.dialogos.informar(
-            QStringLiteral("No hay registros para prorratear!\r\nya que todos los articulos tienen cargado "
-                           "kilo neto.\r\nSi desea prorratear debe poner los "
-                           "kilos en 0 (cero)\r\nEn Carga de Subitems"),
-            QStringLiteral("PRORRATEO DE KILOS NETO.."));
+            u"No hay registros para prorratear!\r\nya que todos los articulos tienen cargado "
+            "kilo neto.\r\nSi desea prorratear debe poner los "
+            "kilos en 0 (cero)\r\nEn Carga de Subitems"_s,
+            u"PRORRATEO DE KILOS NETO.."_s);
         return;
     }
     if (rs.Numero(u"FobTotal") != 0) fobTotal = rs.Numero(u"FobTotal");
     barra(r, 40);
-    r.ejecutar(L("Update groupsubitems set kgneto = ") +
-               SqlRound(QStringLiteral("INTERNOS"),
-                        L("((fob * ") + SqlNumber(resto) + L(") / ") + SqlNumber(fobTotal) + L(")"),
-                        u"00.00") +
-               L(" where interno = ") + clave(r) + L(" and kgneto <= 0 and flgkg='*'"));
+    r.ejecutar(
+        "Update groupsubitems set kgneto = "_L1 +
+        SqlRound(r.ctx, u"INTERNOS"_s,
+                 "((fob * "_L1 + SqlNumber(r.ctx, resto) + ") / "_L1 + SqlNumber(r.ctx, fobTotal) + ")"_L1,
+                 u"00.00") +
+        " where interno = "_L1 + clave(r) + " and kgneto <= 0 and flgkg='*'"_L1);
     barra(r, 50);
     aplicarPiso(r);
     barra(r, 70);
@@ -241,32 +243,32 @@ void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
 
 QString VerificarIntegridad(ContextoArmado &r) {
     Recordset rs;
-    for (r.consultar(L("select id from item where (estadistica<>'01' and deresp<>'01') and totalkneto > 0 "
-                       "and interno = ") +
+    for (r.consultar("select id from item where (estadistica<>'01' and deresp<>'01') and totalkneto > 0 "
+                     "and interno = "_L1 +
                          clave(r),
                      rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString id = rs.Texto(u"ID");
         if (uno(r,
-                L("select count(*) as cant from groupsubitems where kgneto = 0 and id = ") + id +
-                    L(" and interno = ") + clave(r),
+                "select count(*) as cant from groupsubitems where kgneto = 0 and id = "_L1 + id +
+                    " and interno = "_L1 + clave(r),
                 u"cant") > 0) {
             MostrarSubItems(r, id.toLongLong());
-            return QStringLiteral("NO");
+            return u"NO"_s;
         }
     }
-    r.consultar(L("select id from item where (estadistica='01' or deresp = '01') and interno = ") + clave(r) +
-                    L(" and (valorrelacionestadistica > 0 or valorderesp > 0)"),
+    r.consultar("select id from item where (estadistica='01' or deresp = '01') and interno = "_L1 + clave(r) +
+                    " and (valorrelacionestadistica > 0 or valorderesp > 0)"_L1,
                 rs);
     const int total = rs.RecordCount();
     barra(r, 0);
-    QString respuesta = QStringLiteral("SI");
+    QString respuesta = u"SI"_s;
     for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
         const QString id = rs.Texto(u"ID");
         const Hallazgo hallazgo = revisarMedida(r, id);
         if (hallazgo != Hallazgo::Ninguno) {
             MostrarSubItems(r, id.toLongLong());
-            respuesta = QStringLiteral("NO");
+            respuesta = u"NO"_s;
         }
         if (hallazgo == Hallazgo::Cortar) break;
         barra(r, n * 100 / total);
@@ -275,34 +277,33 @@ QString VerificarIntegridad(ContextoArmado &r) {
 }
 
 void MostrarSubItems(ContextoArmado &r, qint64 iditem) {
-    QStringList lineas{
-        QStringLiteral("Verificación de Subitem's:"),
-        QStringLiteral("--------------------------"),
-        {},
-        QStringLiteral("Los siguientes subitem's deberán tener cargados todos kilogramos o ninguno."),
-        QStringLiteral("Por favor revise los campos ESTADÍSTICA si es 01, DERECHO ESPECIFICO si es 01"),
-        QStringLiteral("y Kilogramos Neto."),
-        {},
-        QStringLiteral("UE = UNIDAD ESTADISTICA, UDE = UNIDAD DE DERECHO ESPECIFICO"),
-        {},
-        QStringLiteral("NCM             UD   CANTIDAD PRE. UNIT. UE   CANT. UE UDE  CANT UDE.    KG NETO"),
-        QStringLiteral("--------------- -- ---------- ---------- -- ---------- --- ---------- ----------")};
+    QStringList lineas{u"Verificación de Subitem's:"_s,
+                       u"--------------------------"_s,
+                       {},
+                       u"Los siguientes subitem's deberán tener cargados todos kilogramos o ninguno."_s,
+                       u"Por favor revise los campos ESTADÍSTICA si es 01, DERECHO ESPECIFICO si es 01"_s,
+                       u"y Kilogramos Neto."_s,
+                       {},
+                       u"UE = UNIDAD ESTADISTICA, UDE = UNIDAD DE DERECHO ESPECIFICO"_s,
+                       {},
+                       u"NCM             UD   CANTIDAD PRE. UNIT. UE   CANT. UE UDE  CANT UDE.    KG NETO"_s,
+                       u"--------------- -- ---------- ---------- -- ---------- --- ---------- ----------"_s};
     Recordset rs;
-    for (r.consultar(L("select "
-                       "ncm,idunidad,cantidad,preciounitario,estadistica,valorrelacionestadistica,deresp,"
-                       "valorderesp,kgneto from groupsubitems where id = ") +
-                         QString::number(iditem) + L(" and interno = ") + clave(r),
+    for (r.consultar("select "
+                     "ncm,idunidad,cantidad,preciounitario,estadistica,valorrelacionestadistica,deresp,"
+                     "valorderesp,kgneto from groupsubitems where id = "_L1 +
+                         QString::number(iditem) + " and interno = "_L1 + clave(r),
                      rs);
          !rs.Eof(); rs.MoveNext())
         lineas << QStringList{rs.Texto(u"ncm").leftJustified(15),
                               rs.Texto(u"idunidad").leftJustified(2),
-                              alaDerecha(rs.Numero(u"cantidad")),
-                              alaDerecha(rs.Numero(u"preciounitario")),
+                              alaDerecha(r, rs.Numero(u"cantidad")),
+                              alaDerecha(r, rs.Numero(u"preciounitario")),
                               rs.Texto(u"estadistica").leftJustified(2),
-                              alaDerecha(rs.Numero(u"valorrelacionestadistica")),
+                              alaDerecha(r, rs.Numero(u"valorrelacionestadistica")),
                               rs.Texto(u"deresp").leftJustified(3),
-                              alaDerecha(rs.Numero(u"valorderesp")),
-                              alaDerecha(rs.Numero(u"kgneto"))}
+                              alaDerecha(r, rs.Numero(u"valorderesp")),
+                              alaDerecha(r, rs.Numero(u"kgneto"))}
                       .join(QLatin1Char(' '));
-    r.ctx.dialogos.informe({{}, lineas.join(L("\r\n")), false});
+    r.ctx.dialogos.informe({{}, lineas.join("\r\n"_L1), false});
 }

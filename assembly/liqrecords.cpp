@@ -1,8 +1,11 @@
 #include <array>
 
 #include "assembly/run.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,29 +32,28 @@ Listas elegirListas(ContextoArmado &r) {
     if (r.esDJAI()) return {};
     const QString &regimen = r.idsubreg;
     if (esUnaDe(regimen, {"LAPI", "IC34", "EC02"}) || empieza(regimen, "RE"))
-        return {L("501"), L("501"), L("501")};
-    if (!r.cstaimpexp.startsWith(L("I"))) {
-        const QString exportacion = QStringLiteral("020,501,601,611");
+        return {"501"_L1, "501"_L1, "501"_L1};
+    if (!r.cstaimpexp.startsWith("I"_L1)) {
+        const QString exportacion = u"020,501,601,611"_s;
         return {exportacion, exportacion, exportacion};
     }
-    Listas listas{L("010,015,011,016,032,059,061,062,415,417,422,424,500,852,854,856,866"),
-                  L("015,010,011,032,415,500,061,062"), L("020,500")};
-    if (empieza(regimen, "IC")) listas.general += L(",900,065,417");
-    if (empieza(regimen, "IG")) listas.general += L(",900,065");
-    if (esUnaDe(regimen, {"ZFE1", "ZFE3", "ZFE5", "ZFET", "ZFTR"})) listas.general += L(",900");
+    Listas listas{"010,015,011,016,032,059,061,062,415,417,422,424,500,852,854,856,866"_L1,
+                  "015,010,011,032,415,500,061,062"_L1, "020,500"_L1};
+    if (empieza(regimen, "IC")) listas.general += ",900,065,417"_L1;
+    if (empieza(regimen, "IG")) listas.general += ",900,065"_L1;
+    if (esUnaDe(regimen, {"ZFE1", "ZFE3", "ZFE5", "ZFET", "ZFTR"})) listas.general += ",900"_L1;
     if (empieza(regimen, "IDA4")) {
         // Without a comma, so that the last two codes run together; the list is replaced right away.
-        listas.general += L("010");
-        listas.general = listas.bienUso = QStringLiteral("500");
+        listas.general += "010"_L1;
+        listas.general = listas.bienUso = u"500"_s;
         r.opciones.ChMulta = r.ctx.CalcularMulta =
-            r.ctx.dialogos.preguntar({QStringLiteral("Desea calcular multas?"), {}, Icono::Pregunta, false});
+            r.ctx.dialogos.preguntar({u"Desea calcular multas?"_s, {}, Icono::Pregunta, false});
         // The dashboard stands behind the run's screen: its box follows.
-        r.ctx.dialogos.avance(
-            {Avance::Tipo::Etiqueta, 0, QStringLiteral("ChMulta"), r.opciones.ChMulta ? 1 : 0, 1, {}});
+        r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, u"ChMulta"_s, r.opciones.ChMulta ? 1 : 0, 1, {}});
     }
     if (r.opciones.ChMulta) {
-        listas.general += L(",041");
-        listas.bienUso += L(",041");
+        listas.general += ",041"_L1;
+        listas.bienUso += ",041"_L1;
     }
     return listas;
 }
@@ -62,16 +64,16 @@ struct FilasDelItem {
     QString iditem;
 
     void poner(const QString &cambios, const char *donde) const {
-        r.ejecutar(L("update itemliq set ") + cambios + L(" where ") + L(donde) + L(" and interno = '") +
-                   r.interno + L("' and iditem = ") + iditem);
+        r.ejecutar("update itemliq set "_L1 + cambios + " where "_L1 + L(donde) + " and interno = '"_L1 +
+                   r.interno + "' and iditem = "_L1 + iditem);
     }
     void pgcGarantizado() const {
-        r.ejecutar(L("update itemliq set pgc = 'G' where interno = '") + r.interno + L("' and iditem = ") +
+        r.ejecutar("update itemliq set pgc = 'G' where interno = '"_L1 + r.interno + "' and iditem = "_L1 +
                    iditem);
     }
     void ventaja(const char *codigo) const {
-        r.ejecutar(L("insert into itemventaja (iditem,interno,idventaja) values (") + iditem + L(",'") +
-                   r.interno + L("','") + L(codigo) + L("')"));
+        r.ejecutar("insert into itemventaja (iditem,interno,idventaja) values ("_L1 + iditem + ",'"_L1 +
+                   r.interno + "','"_L1 + L(codigo) + "')"_L1);
     }
 };
 
@@ -82,31 +84,31 @@ constexpr const char *ganancias = "idconceptos in ('424','856')";
 /// declaration.
 void ponerIvaAdicional(const FilasDelItem &filas, const QString &idsubreg, double ivareduccion,
                        double factor) {
-    const QString f = SqlNumber(factor);
+    const QString f = SqlNumber(filas.r.ctx, factor);
     if (ivareduccion > 0 && !empieza(idsubreg, "TR") && !empieza(idsubreg, "IT") && !idsubreg.isEmpty()) {
         if (ivareduccion >= 100) {
             // Not zero, so that the row stays alive.
-            filas.poner(QStringLiteral("porcentaje = 0.00001"), adicionales);
+            filas.poner(u"porcentaje = 0.00001"_s, adicionales);
         } else {
-            const QString reduccion = SqlNumber(ivareduccion);
-            filas.poner(QStringLiteral("porcentajeb = '5', porcentaje='10'"), adicionales);
-            filas.poner(L("porcentaje = ") + SqlRound(QStringLiteral("INTERNOS"),
-                                                      L("(porcentaje * ") + f + L(") - ((") + reduccion +
-                                                          L(" * (porcentaje * ") + f + L(")) / 100)"),
+            const QString reduccion = SqlNumber(filas.r.ctx, ivareduccion);
+            filas.poner(u"porcentajeb = '5', porcentaje='10'"_s, adicionales);
+            filas.poner("porcentaje = "_L1 + SqlRound(filas.r.ctx, u"INTERNOS"_s,
+                                                      "(porcentaje * "_L1 + f + ") - (("_L1 + reduccion +
+                                                          " * (porcentaje * "_L1 + f + ")) / 100)"_L1,
                                                       u"00.000"),
                         adicionales);
-            filas.poner(L("porcentajeb = ") + SqlRound(QStringLiteral("INTERNOS"),
-                                                       L("((porcentajeb) * ") + f + L(") - ((") + reduccion +
-                                                           L(" * (porcentajeb * ") + f + L(")) / 100)"),
+            filas.poner("porcentajeb = "_L1 + SqlRound(filas.r.ctx, u"INTERNOS"_s,
+                                                       "((porcentajeb) * "_L1 + f + ") - (("_L1 + reduccion +
+                                                           " * (porcentajeb * "_L1 + f + ")) / 100)"_L1,
                                                        u"00.000"),
                         adicionales);
         }
         if (!empieza(idsubreg, "DIR") && !empieza(idsubreg, "IDA")) filas.ventaja("IVAADREDUCCION");
     } else if (empieza(idsubreg, "TR")) {
-        filas.poner(QStringLiteral("porcentajeb = '20', porcentaje='20'"), adicionales);
+        filas.poner(u"porcentajeb = '20', porcentaje='20'"_s, adicionales);
     } else {
-        filas.poner(QStringLiteral("porcentajeb = '5', porcentaje='10'"), adicionales);
-        filas.poner(L("porcentaje = porcentaje * ") + f + L(", porcentajeb = porcentajeb * ") + f,
+        filas.poner(u"porcentajeb = '5', porcentaje='10'"_s, adicionales);
+        filas.poner("porcentaje = porcentaje * "_L1 + f + ", porcentajeb = porcentajeb * "_L1 + f,
                     adicionales);
     }
 }
@@ -114,17 +116,18 @@ void ponerIvaAdicional(const FilasDelItem &filas, const QString &idsubreg, doubl
 /// Concepts 424 and 856: advance income tax. An exclusion of exactly 100 becomes 200 and stays so for the
 /// later items.
 void ponerGanancias(const FilasDelItem &filas, const QString &idsubreg, double &eximgan, double factor) {
-    const QString f = SqlNumber(factor);
+    const QString f = SqlNumber(filas.r.ctx, factor);
     if (eximgan > 0 && !empieza(idsubreg, "DIR") && !empieza(idsubreg, "IDA")) {
         if (eximgan == 100) eximgan = 200;
-        filas.poner(L("porcentaje = ") + SqlRound(QStringLiteral("INTERNOS"),
-                                                  L("(3 * ") + f + L(") - ((") + SqlNumber(eximgan) +
-                                                      L(" * 3 * ") + f + L(") / 100)"),
-                                                  u"00.00"),
-                    ganancias);
+        filas.poner(
+            "porcentaje = "_L1 + SqlRound(filas.r.ctx, u"INTERNOS"_s,
+                                          "(3 * "_L1 + f + ") - (("_L1 + SqlNumber(filas.r.ctx, eximgan) +
+                                              " * 3 * "_L1 + f + ") / 100)"_L1,
+                                          u"00.00"),
+            ganancias);
         filas.ventaja("GANANEXIMICION");
     } else {
-        filas.poner(L("porcentaje = 3 * ") + f, ganancias);
+        filas.poner("porcentaje = 3 * "_L1 + f, ganancias);
     }
 }
 
@@ -132,14 +135,14 @@ void ponerGanancias(const FilasDelItem &filas, const QString &idsubreg, double &
 
 void LeerCliente(ContextoArmado &r) {
     Recordset rs;
-    if (!r.consultar(L("select cuit, "
-                       "eximgan,eximganvalor,eximganvalortemp,ivaareduccion,ivaareduccionvalor,cvdi,"
-                       "ivaareduccionvalortemp,ingbru,ExcepLAPIAEC from "
-                       "clientes where cuit = '") +
-                         r.cuitcliente + L("'"),
-                     rs, QStringLiteral("PERSONAL")))
+    if (!r.consultar("select cuit, "
+                     "eximgan,eximganvalor,eximganvalortemp,ivaareduccion,ivaareduccionvalor,cvdi,"
+                     "ivaareduccionvalortemp,ingbru,ExcepLAPIAEC from "
+                     "clientes where cuit = '"_L1 +
+                         r.cuitcliente + "'"_L1,
+                     rs, u"PERSONAL"_s))
         return;
-    const auto si = [&rs](QStringView columna) { return rs.Texto(columna).toUpper() == L("S"); };
+    const auto si = [&rs](QStringView columna) { return rs.Texto(columna).toUpper() == "S"_L1; };
     const bool temporal = empieza(r.idsubreg, "TG");
     r.ClienteCuit = rs.Texto(u"Cuit");
     r.ingbru = rs.Numero(u"INGBRU");
@@ -153,39 +156,38 @@ void LeerCliente(ContextoArmado &r) {
 void GenerarLiq(ContextoArmado &r, const QString &conceptos, const QString &iditem, double &eximgan,
                 double ivareduccion, bool cvdi, double porcentajeiva, double /*sbtrei*/, double &ingbru,
                 const QString &itfiller) {
-    const QString lista = L("('") + QString(conceptos).replace(QLatin1Char(','), L("','")) + L("')");
+    const QString lista = "('"_L1 + QString(conceptos).replace(QLatin1Char(','), "','"_L1) + "')"_L1;
     const FilasDelItem filas{r, iditem};
-    r.ejecutar(L("insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,porcentaje) select distinct "
-                 "CTAXPOG,") +
-               iditem + L(",ctax,'") + r.interno + L("',ltaxabr,porcentaje from tax where ctax in ") + lista);
-    r.ejecutar(L("update itemliq set porcentaje = '0',baseimp = '0', total = '0' where interno = '") +
-               r.interno + L("' and iditem = ") + iditem + L(" and idconceptos in ") + lista);
-    if (porcentajeiva == 10.5)
-        filas.poner(QStringLiteral("porcentaje = 10.5"), "idconceptos in ('415','852')");
+    r.ejecutar(
+        "insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,porcentaje) select distinct "
+        "CTAXPOG,"_L1 +
+        iditem + ",ctax,'"_L1 + r.interno + "',ltaxabr,porcentaje from tax where ctax in "_L1 + lista);
+    r.ejecutar("update itemliq set porcentaje = '0',baseimp = '0', total = '0' where interno = '"_L1 +
+               r.interno + "' and iditem = "_L1 + iditem + " and idconceptos in "_L1 + lista);
+    if (porcentajeiva == 10.5) filas.poner(u"porcentaje = 10.5"_s, "idconceptos in ('415','852')");
     if (ingbru > 0) {
         if (!cvdi) ingbru = 1.5;
-        filas.poner(L("porcentaje = ") + SqlNumber(ingbru), "idconceptos = '900'");
+        filas.poner("porcentaje = "_L1 + SqlNumber(r.ctx, ingbru), "idconceptos = '900'");
     }
     const double factor = cvdi ? 1 : 2;
     ponerIvaAdicional(filas, r.idsubreg, ivareduccion, factor);
     ponerGanancias(filas, r.idsubreg, eximgan, factor);
-    if (r.ctx.decreto.alguno()) filas.poner(QStringLiteral("porcentaje = 11"), "idconceptos = '424'");
+    if (r.ctx.decreto.alguno()) filas.poner(u"porcentaje = 11"_s, "idconceptos = '424'");
     if (empieza(r.idsubreg, "TR")) {
-        filas.poner(QStringLiteral("porcentaje = 11"), "idconceptos = '424'");
+        filas.poner(u"porcentaje = 11"_s, "idconceptos = '424'");
         filas.pgcGarantizado();
     }
-    if (r.idsubreg == L("IT04")) filas.pgcGarantizado();
-    if (empieza(r.idsubreg, "EC") && itfiller.toUpper() == L("M")) filas.ventaja("MUESTRAEXPO");
+    if (r.idsubreg == "IT04"_L1) filas.pgcGarantizado();
+    if (empieza(r.idsubreg, "EC") && itfiller.toUpper() == "M"_L1) filas.ventaja("MUESTRAEXPO");
 }
 
 void ArmarRegistrosDeLiquidacion(ContextoArmado &r) {
     Listas listas = elegirListas(r);
     if (!r.esDJAI())
-        GenerarLiq(r, listas.itemCero, QStringLiteral("0"), r.eximgan, r.ivareduccion, r.cvdi, 0, 0, r.ingbru,
-                   {});
+        GenerarLiq(r, listas.itemCero, u"0"_s, r.eximgan, r.ivareduccion, r.cvdi, 0, 0, r.ingbru, {});
     const bool digitalizacion = r.opciones.chkCalcularServicioDigitalizacion;
     Recordset items;
-    for (r.consultar(L("select * from item where interno = '") + r.interno + L("' and id<>0"), items);
+    for (r.consultar("select * from item where interno = '"_L1 + r.interno + "' and id<>0"_L1, items);
          !items.Eof(); items.MoveNext()) {
         const QString id = items.Texto(u"id");
         const QString itfiller = items.Texto(u"itfiller");
@@ -194,20 +196,20 @@ void ArmarRegistrosDeLiquidacion(ContextoArmado &r) {
         const auto generar = [&](const QString &conceptos, double iva) {
             GenerarLiq(r, conceptos, id, r.eximgan, r.ivareduccion, r.cvdi, iva, sbtrei, r.ingbru, itfiller);
         };
-        r.ctx.dialogos.avance({Avance::Tipo::Etiqueta, 0, QStringLiteral("lbITM"), 0, 0,
-                               QStringLiteral("Creando liquidación Item: %1").arg(id)});
+        r.ctx.dialogos.avance(
+            {Avance::Tipo::Etiqueta, 0, u"lbITM"_s, 0, 0, u"Creando liquidación Item: %1"_s.arg(id)});
         r.ctx.dialogos.atenderEventos();
-        if (id == L("1") && digitalizacion) generar(QStringLiteral("520"), 21);
-        if (items.Texto(u"Biendeuso") == L("S")) {
+        if (id == "1"_L1 && digitalizacion) generar(u"520"_s, 21);
+        if (items.Texto(u"Biendeuso") == "S"_L1) {
             // The code stays in the list for every later capital good of the run.
-            if (estado == L("1")) listas.bienUso += L(",601");
+            if (estado == "1"_L1) listas.bienUso += ",601"_L1;
             generar(listas.bienUso, 21);
         } else {
-            generar(esUnaDe(estado, {"2", "4", "6"}) ? listas.general : listas.general + L(",601,611"), 0);
+            generar(esUnaDe(estado, {"2", "4", "6"}) ? listas.general : listas.general + ",601,611"_L1, 0);
         }
     }
-    r.ejecutar(L("update itemliq set valor = 0 where interno = '") + r.interno + L("'"));
+    r.ejecutar("update itemliq set valor = 0 where interno = '"_L1 + r.interno + "'"_L1);
     if (r.ctx.decreto.alguno())
-        r.ejecutar(L("update itemliq set pgc = 'G' where idconceptos not in ('900','500') and interno = '") +
-                   r.interno + L("'"));
+        r.ejecutar("update itemliq set pgc = 'G' where idconceptos not in ('900','500') and interno = '"_L1 +
+                   r.interno + "'"_L1);
 }

@@ -5,6 +5,7 @@
 
 #include "assembly/run.h"
 #include "assembly/sql_text.h"
+#include "subitems/SuffixChecker.h"
 
 using namespace Qt::StringLiterals;
 
@@ -126,7 +127,7 @@ Fase RevalidarSufijos(ContextoArmado &r) {
         const QString sufijos = pares.Texto(u"sufijos");
         auto conocido = requisitos.constFind(posicion);
         if (conocido == requisitos.constEnd())
-            conocido = requisitos.insert(posicion, r.ctx.SuffixChecker.Requisitos(posicion));
+            conocido = requisitos.insert(posicion, SuffixCheckerClass(r.ctx).Requisitos(posicion));
         const int respuesta = SuffixCheckerClass::Cumple(*conocido, sufijos);
         if (respuesta != 0) {
             if (informe.isEmpty()) informe = cabezaDelInforme();

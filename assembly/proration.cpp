@@ -6,37 +6,36 @@
 
 #include "assembly/run.h"
 #include "assembly/sql_text.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 
 using namespace Qt::StringLiterals;
+
+using numeros::iguales;
+using numeros::redondear;
 
 namespace {
 
 constexpr QStringView centavos = u"00.00";
 constexpr QStringView unitario = u"00.00000";
+constexpr int decimalesDeImporte = 2;
+constexpr int decimalesDeUnitario = 5;
+constexpr int decimalesDeDiferencia = 3;
 
-QString redondeo(const QString &expresion, QStringView mascara) {
-    return SqlRound(u"INTERNOS"_s, expresion, mascara);
-}
-
-double conMascara(double valor, QStringView mascara) {
-    return numeros::aNumero(numeros::Format(valor, mascara));
-}
-
-bool igualesEnCentavos(double a, double b) {
-    return numeros::Format(a, centavos) == numeros::Format(b, centavos);
+QString redondeo(const ContextoArmado &r, const QString &expresion, QStringView mascara) {
+    return SqlRound(r.ctx, u"INTERNOS"_s, expresion, mascara);
 }
 
 /// A number of the store for a test of equality: SqlNumber keeps 15 digits, and a sum may hold more.
-QString numeroExacto(double valor) {
-    QString corto = SqlNumber(valor);
+QString numeroExacto(const ContextoArmado &r, double valor) {
+    QString corto = SqlNumber(r.ctx, valor);
     if (numeros::aNumero(corto) == valor) return corto;
     return QString::number(valor, 'g', QLocale::FloatingPointShortest);
 }
 
 double cociente(double a, double b) {
-    if (b == 0) throw ErrorDeStore{11, u"ArmarItem"_s, u"División por cero"_s, {}};
+    if (b == 0) throw Falla{11, u"ArmarItem"_s, u"División por cero"_s, {}};
     return a / b;
 }
 
@@ -49,32 +48,36 @@ double total(const ContextoArmado &r, const QString &sql, QStringView columna) {
 
 void repartirEntreTodos(ContextoArmado &r) {
     const QString clave = EnComillas(r.interno);
-    const double objetivo = conMascara(r.fobdivisas + r.valoraprorratear, centavos);
+    const double objetivo = redondear(r.fobdivisas + r.valoraprorratear, decimalesDeImporte);
     Recordset grupos;
-    r.consultar("select distinct idsub,fob,cantidad,fob + ((  "_L1 + redondeo(u"fob"_s, centavos) + " * "_L1 +
-                    SqlNumber(r.valoraprorratear) + ") / "_L1 + SqlNumber(r.fobdivisas) +
-                    ") as valor from groupsubitems where interno = "_L1 + clave,
+    r.consultar("select distinct idsub,fob,cantidad,fob + ((  "_L1 + redondeo(r, u"fob"_s, centavos) +
+                    " * "_L1 + SqlNumber(r.ctx, r.valoraprorratear) + ") / "_L1 +
+                    SqlNumber(r.ctx, r.fobdivisas) + ") as valor from groupsubitems where interno = "_L1 +
+                    clave,
                 grupos);
     for (; !grupos.Eof(); grupos.MoveNext()) {
-        const QString valor = SqlNumber(numeros::Format(grupos.Numero(u"valor"), centavos));
+        const QString valor =
+            SqlNumber(r.ctx, numeros::Format(grupos.Numero(u"valor"), centavos, r.ctx.SeparadorDecimal));
         r.ejecutar("update groupsubitems set fob = "_L1 + valor + ", preciounitario = "_L1 +
-                   redondeo(valor + "/cantidad"_L1, unitario) + "  where interno = "_L1 + clave +
+                   redondeo(r, valor + "/cantidad"_L1, unitario) + "  where interno = "_L1 + clave +
                    " and  idsub = "_L1 + grupos.Texto(u"idsub"));
     }
-    r.ejecutar("update groupsubitems set fob = "_L1 + redondeo(u"fob"_s, centavos) + " where interno = "_L1 +
-               clave);
+    r.ejecutar("update groupsubitems set fob = "_L1 + redondeo(r, u"fob"_s, centavos) +
+               " where interno = "_L1 + clave);
     const double suma =
         total(r, "select sum(fob) as total from groupsubitems where interno = "_L1 + clave, u"total");
-    if (!igualesEnCentavos(suma, objetivo)) {
-        const double diferencia = conMascara(objetivo - conMascara(suma, centavos), u"00.000");
+    if (!iguales(suma, objetivo, decimalesDeImporte)) {
+        const double diferencia =
+            redondear(objetivo - redondear(suma, decimalesDeImporte), decimalesDeDiferencia);
         Recordset uno;
         Conexion &internos = r.internos();
         internos.Sql = "select * from groupsubitems WHERE INTERNO = "_L1 + clave + " and fob >"_L1 +
                        PonerPuntoDecimal(std::abs(diferencia));
         if (internos.crearrsActualizable(uno, u"groupsubitems"_s)) {
-            const double fob = conMascara(uno.Numero(u"fob"), centavos) + diferencia;
+            const double fob = redondear(uno.Numero(u"fob"), decimalesDeImporte) + diferencia;
             uno.Poner(u"fob", fob);
-            uno.Poner(u"preciounitario", conMascara(cociente(fob, uno.Numero(u"cantidad")), unitario));
+            uno.Poner(u"preciounitario",
+                      redondear(cociente(fob, uno.Numero(u"cantidad")), decimalesDeUnitario));
             uno.Update();
         }
     }
@@ -109,27 +112,27 @@ void repartirCodigo(const ContextoArmado &r, const QString &codigo, double valor
     r.consultar("select sum(fob) as valor from groupsubitems where"_L1 + donde, suma);
     if (suma.EsNulo(u"valor")) return;
     Recordset grupos;
-    r.consultar("select distinct fob,cantidad,fob + (("_L1 + redondeo(u"fob"_s, centavos) + " * "_L1 +
-                    SqlNumber(valor) + ") / "_L1 + SqlNumber(suma.Numero(u"valor")) +
+    r.consultar("select distinct fob,cantidad,fob + (("_L1 + redondeo(r, u"fob"_s, centavos) + " * "_L1 +
+                    SqlNumber(r.ctx, valor) + ") / "_L1 + SqlNumber(r.ctx, suma.Numero(u"valor")) +
                     ") as valor from groupsubitems where"_L1 + donde,
                 grupos);
     for (; !grupos.Eof(); grupos.MoveNext()) {
-        const QString nuevo = SqlNumber(grupos.Numero(u"valor"));
+        const QString nuevo = SqlNumber(r.ctx, grupos.Numero(u"valor"));
         r.ejecutar("update groupsubitems set fob = "_L1 + nuevo + ", preciounitario = "_L1 +
-                   redondeo(nuevo + "/cantidad"_L1, unitario) + " where fob = "_L1 +
-                   numeroExacto(grupos.Numero(u"fob")) + " and cantidad = "_L1 +
-                   numeroExacto(grupos.Numero(u"cantidad")) + " and"_L1 + donde);
+                   redondeo(r, nuevo + "/cantidad"_L1, unitario) + " where fob = "_L1 +
+                   numeroExacto(r, grupos.Numero(u"fob")) + " and cantidad = "_L1 +
+                   numeroExacto(r, grupos.Numero(u"cantidad")) + " and"_L1 + donde);
     }
 }
 
 void ajustarCodigos(ContextoArmado &r, double suma) {
     const QString clave = EnComillas(r.interno);
     const double hay = total(r,
-                             "select sum("_L1 + redondeo(u"fob"_s, centavos) +
+                             "select sum("_L1 + redondeo(r, u"fob"_s, centavos) +
                                  ") as total from groupsubitems where interno = "_L1 + clave,
                              u"total");
-    if (igualesEnCentavos(r.fobdivisas + suma, hay)) return;
-    const double diferencia = conMascara(hay - (r.fobdivisas + suma), centavos);
+    if (iguales(r.fobdivisas + suma, hay, decimalesDeImporte)) return;
+    const double diferencia = redondear(hay - (r.fobdivisas + suma), decimalesDeImporte);
     Recordset uno;
     Conexion &internos = r.internos();
     internos.Sql = "select * from groupsubitems WHERE INTERNO = "_L1 + clave +
@@ -164,7 +167,7 @@ Fase repartirPorCodigos(ContextoArmado &r) {
         if (suma == 0 && ultimo > 0) suma = ultimo;
         ajustarCodigos(r, suma);
     }
-    r.FobDeclarado = conMascara(r.fobdivisas + suma, centavos);
+    r.FobDeclarado = redondear(r.fobdivisas + suma, decimalesDeImporte);
     return Fase::Sigue;
 }
 
@@ -176,14 +179,14 @@ void ajustarItems(const ContextoArmado &r, QLatin1StringView columna, QLatin1Str
     const QString clave = EnComillas(r.interno);
     const double suma =
         total(r, "select sum("_L1 + columna + ") as total from item where interno = "_L1 + clave, u"total");
-    if (igualesEnCentavos(suma, importe)) return;
+    if (iguales(suma, importe, decimalesDeImporte)) return;
     Recordset uno;
     Conexion &internos = r.internos();
     internos.Sql =
         "select top 2 * from item where interno = "_L1 + clave + " order by "_L1 + enOrden + " desc"_L1;
     if (!internos.crearrsActualizable(uno, u"item"_s)) return;
     const QString nombre = QString(enOrden);
-    uno.Poner(nombre, uno.Numero(nombre) - conMascara(suma - importe, centavos));
+    uno.Poner(nombre, uno.Numero(nombre) - redondear(suma - importe, decimalesDeImporte));
     uno.Update();
 }
 
@@ -198,8 +201,9 @@ Fase ProrratearValor(ContextoArmado &r) {
 void ProrratearFleteYSeguro(ContextoArmado &r) {
     const QString clave = EnComillas(r.interno);
     const auto porFob = [&r](double importe) {
-        return redondeo("(FobTotal * "_L1 + SqlNumber(importe) + ")/"_L1 + SqlNumber(r.FobDeclarado),
-                        centavos);
+        return redondeo(
+            r, "(FobTotal * "_L1 + SqlNumber(r.ctx, importe) + ")/"_L1 + SqlNumber(r.ctx, r.FobDeclarado),
+            centavos);
     };
     r.ejecutar("update item set itFLETE = "_L1 + porFob(r.fletedivisas) + "  where interno = "_L1 + clave);
     ajustarItems(r, "itFLETE"_L1, "itflete"_L1, r.fletedivisas);
@@ -211,18 +215,20 @@ void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
     const QString clave = EnComillas(r.interno);
     r.ejecutar(
         "update ITEM set ItComExt = "_L1 +
-        redondeo("("_L1 + SqlNumber(comision) + " * FobTotal) / "_L1 + SqlNumber(fobdeclarado), centavos) +
+        redondeo(r,
+                 "("_L1 + SqlNumber(r.ctx, comision) + " * FobTotal) / "_L1 + SqlNumber(r.ctx, fobdeclarado),
+                 centavos) +
         " where id<>0 and interno = "_L1 + clave);
     const QString sumar =
         "select sum(itcomext) as totalcomext from item where id<>0 and interno = "_L1 + clave;
-    const double diferencia = conMascara(comision - total(r, sumar, u"totalcomext"), centavos);
+    const double diferencia = redondear(comision - total(r, sumar, u"totalcomext"), decimalesDeImporte);
     if (diferencia != 0) {
         Conexion &internos = r.internos();
-        internos.Sql = diferencia < 0
-                           ? "select top 1 * from item where id<>0 and interno = "_L1 + clave +
-                                 " and itcomext> "_L1 + SqlNumber(diferencia) + " order by itcomext desc"_L1
-                           : "select top 1 * from item where id<>0 and interno = "_L1 + clave +
-                                 " order by itcomext asc"_L1;
+        internos.Sql = diferencia < 0 ? "select top 1 * from item where id<>0 and interno = "_L1 + clave +
+                                            " and itcomext> "_L1 + SqlNumber(r.ctx, diferencia) +
+                                            " order by itcomext desc"_L1
+                                      : "select top 1 * from item where id<>0 and interno = "_L1 + clave +
+                                            " order by itcomext asc"_L1;
         Recordset uno;
         if (internos.crearrsActualizable(uno, u"item"_s)) {
             uno.Poner(u"itcomext", uno.Numero(u"itcomext") + diferencia);
@@ -232,6 +238,6 @@ void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
     // Each store adds in an order of its own, and a sum of cents carries a trace of that, which is no amount.
     constexpr int decimalesSeguros = 8;
     r.ejecutar("update item set itcomext = "_L1 +
-               SqlNumber(numeros::redondear(total(r, sumar, u"totalcomext"), decimalesSeguros)) +
+               SqlNumber(r.ctx, numeros::redondear(total(r, sumar, u"totalcomext"), decimalesSeguros)) +
                " where id=0 and interno = "_L1 + clave);
 }

@@ -4,8 +4,10 @@
 #include <array>
 
 #include "assembly/sql_text.h"
-#include "frame/values.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 #include "header/automotive.h"
+#include "header/changes.h"
 #include "header/regime.h"
 
 using namespace Qt::StringLiterals;
@@ -168,7 +170,7 @@ void armarItems(ContextoArmado &r) {
     MarcarCorriendo(r, PasoArmado::GenerarItems);
     r.paso = 14;
     r.ejecutar("delete from item where interno = "_L1 + EnComillas(r.interno));
-    r.ejecutar("update groupsubitems set fob = "_L1 + SqlRound(u"INTERNOS"_s, u"fob"_s, u"00.00") +
+    r.ejecutar("update groupsubitems set fob = "_L1 + SqlRound(r.ctx, u"INTERNOS"_s, u"fob"_s, u"00.00") +
                " where interno = "_L1 + EnComillas(r.interno));
     DividirItemsGrandes(r);
     GenerarItems(r);
@@ -227,7 +229,7 @@ void correr(ContextoArmado &r) {
     cerrarCorrida(r);
 }
 
-void mostrarFalla(const ContextoArmado &r, const ErrorDeStore &e) {
+void mostrarFalla(const ContextoArmado &r, const Falla &e) {
     r.ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.fuente + " [ArmarItem.Generar]:"_L1 +
                                QString::number(r.paso) + " : "_L1 + e.descripcion,
                            {}, true);
@@ -355,7 +357,7 @@ bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &op
     const auto conManejador = [&](const auto &hacer) {
         try {
             hacer();
-        } catch (const ErrorDeStore &e) {
+        } catch (const Falla &e) {
             mostrarFalla(r, e);
             seCierra = false;
         }
@@ -367,10 +369,4 @@ bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &op
     // Not left to a destructor: that the disk took everything may fail, and the user has to hear of it.
     conManejador([&] { r.internos().escrituraLigera(false); });
     return seCierra;
-}
-
-void MarcarArmado(AppContext &ctx, const QString &interno, bool pendiente) {
-    Ejecutar(ctx, u"INTERNOS"_s,
-             "update caratula set factura8 = '"_L1 + (pendiente ? "S"_L1 : "N"_L1) + "' where interno = "_L1 +
-                 EnComillas(interno));
 }

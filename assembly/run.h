@@ -110,9 +110,9 @@ void MarcarCorriendo(ContextoArmado &r, PasoArmado paso);
 void MarcarHecho(ContextoArmado &r, PasoArmado paso);
 
 /// Fills `r` from the header of its operation, and lets a forced description overrule the choice of the
-/// dashboard. Raises ErrorDeStore, also when the operation has no header.
+/// dashboard. Raises Falla, also when the operation has no header.
 void LeerCaratula(ContextoArmado &r);
-/// Sets the decree flags of the context and writes their rows. Raises ErrorDeStore.
+/// Sets the decree flags of the context and writes their rows. Raises Falla.
 void FijarDecreto(ContextoArmado &r);
 
 /// The one long run. Its result stands in ctx.ChequeoArmado, which the caller has set to "SI"; an unexpected
@@ -122,10 +122,7 @@ void FijarDecreto(ContextoArmado &r);
 bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones,
              const EnlaceDeInsumos &enlace = {});
 
-/// Writes the armed mark: 'S' (must be armed again) when `pendiente`, else 'N'. Raises ErrorDeStore.
-void MarcarArmado(AppContext &ctx, const QString &interno, bool pendiente);
-
-// Phases, in the order of the run. Each raises ErrorDeStore on a failing statement.
+// Phases, in the order of the run. Each raises Falla on a failing statement.
 // normalise.cpp
 void NormalizarLineas(ContextoArmado &r);
 Fase ControlarDescripciones(ContextoArmado &r);
@@ -133,7 +130,7 @@ Fase RevalidarSufijos(ContextoArmado &r);
 // grouping.cpp
 void AgruparLineas(ContextoArmado &r);
 /// Tells the input-records service that `plegadas` were folded into the line `raiz`. Without the service
-/// nothing happens; its refusal raises ErrorDeStore with source "go_InputsLink.EnviarGrupoIdSub".
+/// nothing happens; its refusal raises Falla with source "go_InputsLink.EnviarGrupoIdSub".
 void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegadas);
 void AplicarDatosComunesAGrupos(ContextoArmado &r);
 void MezclarDescripcionITEM(ContextoArmado &r, const QString &descripcion);

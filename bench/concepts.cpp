@@ -13,25 +13,22 @@
 #include "header/automotive.h"
 #include "liquidation/ClassLiquidacion.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double minimo = 1e6;
 
-const std::array<QString, 26> codigos{
-    QStringLiteral("010"), QStringLiteral("011"), QStringLiteral("015"), QStringLiteral("016"),
-    QStringLiteral("020"), QStringLiteral("032"), QStringLiteral("041"), QStringLiteral("059"),
-    QStringLiteral("061"), QStringLiteral("062"), QStringLiteral("065"), QStringLiteral("415"),
-    QStringLiteral("417"), QStringLiteral("422"), QStringLiteral("424"), QStringLiteral("500"),
-    QStringLiteral("501"), QStringLiteral("520"), QStringLiteral("601"), QStringLiteral("611"),
-    QStringLiteral("852"), QStringLiteral("854"), QStringLiteral("856"), QStringLiteral("866"),
-    QStringLiteral("900"), QStringLiteral("FCV")};
+const std::array<QString, 26> codigos{u"010"_s, u"011"_s, u"015"_s, u"016"_s, u"020"_s, u"032"_s, u"041"_s,
+                                      u"059"_s, u"061"_s, u"062"_s, u"065"_s, u"415"_s, u"417"_s, u"422"_s,
+                                      u"424"_s, u"500"_s, u"501"_s, u"520"_s, u"601"_s, u"611"_s, u"852"_s,
+                                      u"854"_s, u"856"_s, u"866"_s, u"900"_s, u"FCV"_s};
 
 struct Fila {
     QString porcentaje;
     double base;
 };
-const std::array<Fila, 3> filas{
-    {{QStringLiteral("Vacio"), 0}, {QStringLiteral("10.5"), 0}, {QStringLiteral("12"), 512.34}}};
+const std::array<Fila, 3> filas{{{u"Vacio"_s, 0}, {u"10.5"_s, 0}, {u"12"_s, 512.34}}};
 
 void cargar(ClassLiquidacion &c, const char *regimen) {
     c.CaratulaSubRegimen = QLatin1String(regimen);
@@ -40,7 +37,7 @@ void cargar(ClassLiquidacion &c, const char *regimen) {
     c.FOBTotalITEM = 12345.67;
     c.FLETETotalITEM = 321.09;
     c.SEGUROTotalITEM = 45.6;
-    c.ItemIdPais = QStringLiteral("101");
+    c.ItemIdPais = u"101"_s;
     c.NcmDerechodeImportacionExtrazona = 20;
     c.NcmTasaEstadistica = 3;
     c.NcmDerechodeExpo = 10;
@@ -61,8 +58,7 @@ double medir(ClassLiquidacion &c, const QString &codigo, int vueltas, double &su
         const Fila &fila = filas[i % filas.size()];
         QString porcentaje = fila.porcentaje;
         double base = fila.base;
-        suma += c.ObtenerValorConcepto(codigo, porcentaje, 0, base, QStringLiteral("10.5"), fila.base,
-                                       fila.base != 0);
+        suma += c.ObtenerValorConcepto(codigo, porcentaje, 0, base, u"10.5"_s, fila.base, fila.base != 0);
     }
     return vueltas * 1e9 / static_cast<double>(reloj.nsecsElapsed());
 }
@@ -74,15 +70,15 @@ int main(int argc, char **argv) {
     int vueltas = 200000;
     const QStringList argumentos = QCoreApplication::arguments();
     for (int i = 1; i + 1 < argumentos.size(); i += 2)
-        if (argumentos[i] == QLatin1String("--vueltas")) vueltas = std::max(1, argumentos[i + 1].toInt());
+        if (argumentos[i] == "--vueltas"_L1) vueltas = std::max(1, argumentos[i + 1].toInt());
 
     const QTemporaryDir dir;
     AppContext ctx;
-    ctx.ajustes = Ajustes(dir.filePath(QStringLiteral("ajustes.ini")));
+    ctx.ajustes = Ajustes(dir.filePath(u"ajustes.ini"_s));
     ctx.opciones.IVARIN = 21;
     ctx.opciones.IVARNI = 10.5;
-    const QString clave = QStringLiteral("BANCO");
-    GuardarAEC(ctx, clave, QStringLiteral("N"));
+    const QString clave = u"BANCO"_s;
+    GuardarAEC(ctx, clave, u"N"_s);
 
     double suma = 0;
     bool alcanza = true;

@@ -28,6 +28,8 @@
 #include "liquidation/review.h"
 #include "upgrade/upgrade.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int posiciones = 125;
@@ -41,41 +43,37 @@ constexpr int lineasPorGrupo = 5;
 
 void sql(QSqlDatabase db, const QString &texto) {
     QSqlQuery consulta(db);
-    if (!consulta.exec(texto)) terminar(texto + QLatin1String(": ") + consulta.lastError().text());
+    if (!consulta.exec(texto)) terminar(texto + ": "_L1 + consulta.lastError().text());
 }
 
 QString posicion(int i) {
-    return QStringLiteral("9901.%1.%2.100A")
-        .arg(i / 100, 2, 10, QLatin1Char('0'))
-        .arg(i % 100, 2, 10, QLatin1Char('0'));
+    return u"9901.%1.%2.100A"_s.arg(i / 100, 2, 10, QLatin1Char('0')).arg(i % 100, 2, 10, QLatin1Char('0'));
 }
 
 /// An import of `lineas` lines: five lines a group, four groups an item, freight, insurance, a value and
 /// kilos to spread, and a client with every kind of percentage.
 void sembrar(AppContext &ctx, int lineas) {
-    QSqlDatabase ncm = ctx.conexion(QStringLiteral("NCM")).coneccion();
-    sql(ncm, QStringLiteral("BEGIN"));
+    QSqlDatabase ncm = ctx.conexion(u"NCM"_s).coneccion();
+    sql(ncm, u"BEGIN"_s);
     for (int i = 0; i < posiciones; ++i) {
         const QString p = posicion(i);
         sql(ncm,
-            QStringLiteral("insert into ncm "
-                           "(\"001\",\"002\",\"003\",\"010\",\"012\",\"015\",\"016\",\"017\",\"018\",\"019\","
-                           "\"020\",\"023\",\"026\",\"028\",\"048\",\"053\",\"059\") values "
-                           "('%1','%2','%3','Prueba','07','%4','3','0',"
-                           "'5','2.5','','1.5','14','','2','2','')")
-                .arg(p.left(10), p.mid(11, 3), p.mid(14, 1))
+            u"insert into ncm "
+            "(\"001\",\"002\",\"003\",\"010\",\"012\",\"015\",\"016\",\"017\",\"018\",\"019\","
+            "\"020\",\"023\",\"026\",\"028\",\"048\",\"053\",\"059\") values "
+            "('%1','%2','%3','Prueba','07','%4','3','0',"
+            "'5','2.5','','1.5','14','','2','2','')"_s.arg(p.left(10), p.mid(11, 3), p.mid(14, 1))
                 .arg(2 + i % 18));
     }
-    sql(ncm, QStringLiteral("COMMIT"));
+    sql(ncm, u"COMMIT"_s);
 
-    QSqlDatabase personal = ctx.conexion(QStringLiteral("PERSONAL")).coneccion();
+    QSqlDatabase personal = ctx.conexion(u"PERSONAL"_s).coneccion();
     sql(personal,
-        QStringLiteral(
-            "insert into clientes (cuit,nombre,eximgan,eximganvalor,ivaareduccion,ivaareduccionvalor,cvdi,"
-            "ingbru) values ('30999999995','Cliente','N',0,'S',50,'S',2.5)"));
+        u"insert into clientes (cuit,nombre,eximgan,eximganvalor,ivaareduccion,ivaareduccionvalor,cvdi,"
+        "ingbru) values ('30999999995','Cliente','N',0,'S',50,'S',2.5)"_s);
 
-    QSqlDatabase internos = ctx.conexion(QStringLiteral("INTERNOS")).coneccion();
-    sql(internos, QStringLiteral("BEGIN"));
+    QSqlDatabase internos = ctx.conexion(u"INTERNOS"_s).coneccion();
+    sql(internos, u"BEGIN"_s);
     const int grupos = lineas / lineasPorGrupo;
     double fob = 0;
     double kilos = 0;
@@ -89,12 +87,11 @@ void sembrar(AppContext &ctx, int lineas) {
         const double kg = grupo % 3 == 0 ? 0 : cantidad * 0.4;
         kilos += grupo % 3 == 0 ? 1 : kg;
         sql(internos,
-            QStringLiteral(
-                "insert into subitems "
-                "(interno,idcatalogo,idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,"
-                "fob,estadistica,valorrelacionestadistica,idpais,estadomerc,sufijos,kgneto,kgbruto,lapi) "
-                "values "
-                "('BANCO','C','A%1','%2','Artículo de prueba','07',%3,%4,%5,'07',%3,'%6','2','',%7,0,'N')")
+            u"insert into subitems "
+            "(interno,idcatalogo,idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,"
+            "fob,estadistica,valorrelacionestadistica,idpais,estadomerc,sufijos,kgneto,kgbruto,lapi) "
+            "values "
+            "('BANCO','C','A%1','%2','Artículo de prueba','07',%3,%4,%5,'07',%3,'%6','2','',%7,0,'N')"_s
                 .arg(grupo)
                 .arg(posicion(item % posiciones))
                 .arg(cantidad)
@@ -104,20 +101,18 @@ void sembrar(AppContext &ctx, int lineas) {
                 .arg(kg));
     }
     sql(internos,
-        QStringLiteral(
-            "insert into caratula (interno,fechaalta,idsubreg,idaduana,cuitcliente,cuitdespaduana,fobdivisas,"
-            "fobcoddivisas,fobdivcambio,fletedivisas,fletecoddivisas,fletedivcambio,segurodivisas,"
-            "segurocoddivisas,segurodivcambio,valoraprorratear,dckgneto,dccomext,factura8) values "
-            "('BANCO','2026-01-05 "
-            "10:00:00','IC04','001','30999999995','20123456786',%1,'DOL',1,%2,'DOL',1,%3,"
-            "'DOL',1,%4,%5,%6,'S')")
-            .arg(fob, 0, 'f', 2)
+        u"insert into caratula (interno,fechaalta,idsubreg,idaduana,cuitcliente,cuitdespaduana,fobdivisas,"
+        "fobcoddivisas,fobdivcambio,fletedivisas,fletecoddivisas,fletedivcambio,segurodivisas,"
+        "segurocoddivisas,segurodivcambio,valoraprorratear,dckgneto,dccomext,factura8) values "
+        "('BANCO','2026-01-05 "
+        "10:00:00','IC04','001','30999999995','20123456786',%1,'DOL',1,%2,'DOL',1,%3,"
+        "'DOL',1,%4,%5,%6,'S')"_s.arg(fob, 0, 'f', 2)
             .arg(fob * 0.05, 0, 'f', 2)
             .arg(fob * 0.01, 0, 'f', 2)
             .arg(fob * 0.02, 0, 'f', 2)
             .arg(kilos + 100, 0, 'f', 2)
             .arg(fob * 0.003, 0, 'f', 2));
-    sql(internos, QStringLiteral("COMMIT"));
+    sql(internos, u"COMMIT"_s);
 }
 
 void copiarCarpeta(const QString &de, const QString &a) {
@@ -132,9 +127,9 @@ void copiarCarpeta(const QString &de, const QString &a) {
 /// A context on the stores of `carpeta`, started as a program would.
 std::unique_ptr<AppContext> abrir(const QString &carpeta) {
     auto ctx = std::make_unique<AppContext>();
-    ctx->ajustes = Ajustes(carpeta + QStringLiteral("/ajustes.ini"));
+    ctx->ajustes = Ajustes(carpeta + u"/ajustes.ini"_s);
     QString error;
-    if (!ctx->DataManager.usarPerfil(carpeta + QStringLiteral("/banco.perfil.ini"), &error)) terminar(error);
+    if (!ctx->DataManager.usarPerfil(carpeta + u"/banco.perfil.ini"_s, &error)) terminar(error);
     fijarContexto(ctx.get());
     Arrancar(*ctx);
     ctx->dialogos.mensaje = [](const Mensaje &m) {
@@ -193,14 +188,13 @@ Tiempo repetir(AppContext &ctx, const std::vector<Sentencia> &sentencias) {
         motores[s.entidad] = *static_cast<sqlite3 *const *>(mango.data());
     }
     return cronometrar([&] {
-        ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(true);
+        ctx.conexion(u"INTERNOS"_s).escrituraLigera(true);
         for (const Sentencia &s : sentencias) {
             sqlite3 *motor = motores.at(s.entidad);
             sqlite3_stmt *preparada = nullptr;
             if (sqlite3_prepare_v2(motor, s.texto.constData(), static_cast<int>(s.texto.size()), &preparada,
                                    nullptr) != SQLITE_OK)
-                terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
-                         QString::fromUtf8(sqlite3_errmsg(motor)));
+                terminar(QString::fromUtf8(s.texto) + ": "_L1 + QString::fromUtf8(sqlite3_errmsg(motor)));
             int paso = SQLITE_ROW;
             while ((paso = sqlite3_step(preparada)) == SQLITE_ROW) {
                 const int columnas = sqlite3_column_count(preparada);
@@ -221,11 +215,10 @@ Tiempo repetir(AppContext &ctx, const std::vector<Sentencia> &sentencias) {
                 }
             }
             if (paso != SQLITE_DONE)
-                terminar(QString::fromUtf8(s.texto) + QLatin1String(": ") +
-                         QString::fromUtf8(sqlite3_errmsg(motor)));
+                terminar(QString::fromUtf8(s.texto) + ": "_L1 + QString::fromUtf8(sqlite3_errmsg(motor)));
             sqlite3_finalize(preparada);
         }
-        ctx.conexion(QStringLiteral("INTERNOS")).escrituraLigera(false);
+        ctx.conexion(u"INTERNOS"_s).escrituraLigera(false);
     });
 }
 
@@ -243,9 +236,9 @@ struct Forma {
 };
 
 QString formaDe(QString texto) {
-    static const QRegularExpression cita(QStringLiteral("'(?:[^']|'')*'"));
-    static const QRegularExpression numero(QStringLiteral("\\b[0-9]+(?:\\.[0-9]+)?\\b"));
-    return texto.replace(cita, QStringLiteral("'…'")).replace(numero, QStringLiteral("#"));
+    static const QRegularExpression cita(u"'(?:[^']|'')*'"_s);
+    static const QRegularExpression numero(u"\\b[0-9]+(?:\\.[0-9]+)?\\b"_s);
+    return texto.replace(cita, u"'…'"_s).replace(numero, u"#"_s);
 }
 
 void listar(const std::map<QString, Forma> &formas, int cuantas) {
@@ -299,17 +292,17 @@ Medida medir(const QString &semilla, const QString &banco, int repeticiones, int
 }
 
 void armar(AppContext &ctx) {
-    ctx.ChequeoArmado = QStringLiteral("SI");
+    ctx.ChequeoArmado = u"SI"_s;
     OpcionesDeArmado opciones;
     opciones.ARMARITEM = 1;
-    if (!Generar(ctx, QStringLiteral("BANCO"), opciones) || ctx.ChequeoArmado != QLatin1String("SI"))
-        terminar(QStringLiteral("the assembly did not end"));
+    if (!Generar(ctx, u"BANCO"_s, opciones) || ctx.ChequeoArmado != "SI"_L1)
+        terminar(u"the assembly did not end"_s);
 }
 
 void recalcular(AppContext &ctx) {
     ctx.LiquidacionPendiente = true;
-    ClassLiquidacion calculo(ctx, QStringLiteral("BANCO"));
-    RecalcularOperacion(ctx, QStringLiteral("BANCO"), calculo);
+    ClassLiquidacion calculo(ctx, u"BANCO"_s);
+    RecalcularOperacion(ctx, u"BANCO"_s, calculo);
 }
 
 }  // namespace
@@ -323,16 +316,16 @@ void informar(const QString &trabajo, const Medida &m) {
 
 int main(int argc, char **argv) {
     QCoreApplication app(argc, argv);
-    QStringList lineas{QStringLiteral("1000"), QStringLiteral("10000"), QStringLiteral("50000")};
+    QStringList lineas{u"1000"_s, u"10000"_s, u"50000"_s};
     int repeticiones = 3;
     int listadas = 0;
     QString solo;
     const QStringList argumentos = QCoreApplication::arguments();
     for (int i = 1; i + 1 < argumentos.size(); i += 2) {
-        if (argumentos[i] == QLatin1String("--lineas")) lineas = argumentos[i + 1].split(QLatin1Char(','));
-        if (argumentos[i] == QLatin1String("--repeticiones")) repeticiones = argumentos[i + 1].toInt();
-        if (argumentos[i] == QLatin1String("--sentencias")) listadas = argumentos[i + 1].toInt();
-        if (argumentos[i] == QLatin1String("--solo")) solo = argumentos[i + 1];
+        if (argumentos[i] == "--lineas"_L1) lineas = argumentos[i + 1].split(QLatin1Char(','));
+        if (argumentos[i] == "--repeticiones"_L1) repeticiones = argumentos[i + 1].toInt();
+        if (argumentos[i] == "--sentencias"_L1) listadas = argumentos[i + 1].toInt();
+        if (argumentos[i] == "--solo"_L1) solo = argumentos[i + 1];
     }
 
     try {
@@ -342,14 +335,13 @@ int main(int argc, char **argv) {
         double diezMil = 0;
         for (const QString &cuantas : lineas) {
             QTemporaryDir carpeta;
-            const QString semilla = carpeta.path() + QStringLiteral("/semilla");
-            const QString banco = carpeta.path() + QStringLiteral("/banco");
+            const QString semilla = carpeta.path() + u"/semilla"_s;
+            const QString banco = carpeta.path() + u"/banco"_s;
             QDir().mkpath(semilla);
-            const QString perfil = semilla + QStringLiteral("/banco.perfil.ini");
+            const QString perfil = semilla + u"/banco.perfil.ini"_s;
             // Relative files: the copy of the folder is a profile of its own.
-            if (!StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Banco"),
-                                                         QStringLiteral(".")))
-                terminar(QStringLiteral("no profile"));
+            if (!StoreProfiles::escribirPerfilDeArchivos(perfil, u"Banco"_s, u"."_s))
+                terminar(u"no profile"_s);
             const auto hecho = actualizacion::CargarDemostracion(perfil);
             if (!hecho.ok) terminar(hecho.error);
             {
@@ -358,15 +350,15 @@ int main(int argc, char **argv) {
                 ctx->DataManager.CloseAllDataConnection();
                 fijarContexto(nullptr);
             }
-            if (solo != QLatin1String("recalculo")) {
+            if (solo != "recalculo"_L1) {
                 const Medida armado = medir(semilla, banco, repeticiones, listadas, armar);
-                informar(QStringLiteral("assembly, %1 lines").arg(cuantas), armado);
-                if (cuantas == QLatin1String("10000")) diezMil = armado.programa.reloj;
-                if (cuantas == QLatin1String("50000") && diezMil > 0)
+                informar(u"assembly, %1 lines"_s.arg(cuantas), armado);
+                if (cuantas == "10000"_L1) diezMil = armado.programa.reloj;
+                if (cuantas == "50000"_L1 && diezMil > 0)
                     std::printf("| 50,000 lines over 10,000 | | | | %.2f times | | |\n",
                                 armado.programa.reloj / diezMil);
             }
-            if (solo == QLatin1String("armado")) continue;
+            if (solo == "armado"_L1) continue;
 
             copiarCarpeta(semilla, banco);
             {
@@ -376,12 +368,12 @@ int main(int argc, char **argv) {
                 fijarContexto(nullptr);
             }
             copiarCarpeta(banco, semilla);
-            informar(QStringLiteral("recalculation of those %1 items")
-                         .arg(cuantas.toInt() / lineasPorGrupo / preciosPorItem),
-                     medir(semilla, banco, repeticiones, listadas, recalcular));
+            informar(
+                u"recalculation of those %1 items"_s.arg(cuantas.toInt() / lineasPorGrupo / preciosPorItem),
+                medir(semilla, banco, repeticiones, listadas, recalcular));
         }
-    } catch (const ErrorDeStore &e) {
-        terminar(e.descripcion + QLatin1String("\n") + e.sentencia);
+    } catch (const Falla &e) {
+        terminar(e.descripcion + "\n"_L1 + e.sentencia);
     }
     return 0;
 }

@@ -51,6 +51,6 @@ QString ArchivoDelPerfil(const QString &ProfileIniPath);
 /// exists; else ZENDRA.ini in `carpetaDelPrograma`.
 QString BuscarArchivoDeConfiguracion(const QString &ProfileIniPath, const QString &carpetaDelPrograma);
 
-/// Finds the file, fills paths and options of `ctx` and writes the settings area's BASES. Raises a QString
-/// (the platform's error text) when IVARIN or IVARNI is not a number, leaving the options after it unread.
+/// Finds the file, fills paths and options of `ctx` and writes the settings area's BASES. Raises Falla when
+/// IVARIN or IVARNI is not a number, leaving the options after it unread.
 void CargarConfiguracion(AppContext &ctx);

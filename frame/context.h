@@ -6,13 +6,12 @@
 #include <QStringList>
 #include <memory>
 
+#include "frame/base/numbers.h"
 #include "frame/config.h"
 #include "frame/dialogs.h"
 #include "frame/settings.h"
-#include "frame/store.h"
-#include "siblings/ListadoCodigos.h"
-#include "siblings/StoreProfiles.h"
-#include "siblings/SuffixChecker.h"
+#include "frame/store/StoreProfiles.h"
+#include "frame/store/store.h"
 
 /// The five decree flags of a temporary operation, "S" or "N"; set by the assembly, read by the calculator.
 struct MotivoDecreto {
@@ -43,11 +42,11 @@ struct AppContext {
     Conexion *ConnInternos = nullptr;
     Conexion *ConnCatalogos = nullptr;
     Conexion *ConnSystablas = nullptr;
-    QString TodayInternos;  ///< date literal; not refreshed at midnight
-    SuffixCheckerClass SuffixChecker;
-    ListadoCodigosClass CodeListings{&DataManager};
+    QString TodayInternos;   ///< date literal; not refreshed at midnight
     QString DateKeyPattern;  ///< "yyyyMMdd"
     QString PcName;          ///< identity in lock rows
+    /// The workstation's decimal separator, "." or ",": what numbers are shown with and read back.
+    QChar SeparadorDecimal = numeros::separadorDelSistema();
     QString NomenclatureDate;
 
     QString ProgramFolder;  ///< with its closing separator
@@ -79,7 +78,7 @@ struct AppContext {
 AppContext &Contexto();
 void fijarContexto(AppContext *contexto);
 
-/// A read in two lines: opens `rs` with `sql` on `entidad`; true when it holds a row. Raises ErrorDeStore.
+/// A read in two lines: opens `rs` with `sql` on `entidad`; true when it holds a row. Raises Falla.
 bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Recordset &rs);
-/// A write: the number of rows touched. Raises ErrorDeStore.
+/// A write: the number of rows touched. Raises Falla.
 qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql);

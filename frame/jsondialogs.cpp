@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -19,19 +21,19 @@ struct Guion {
 
 bool esSi(const QString &respuesta) {
     const QString limpia = respuesta.trimmed().toLower();
-    return limpia == L("si") || limpia == QStringLiteral("sí") || limpia == L("s") || limpia == L("yes");
+    return limpia == "si"_L1 || limpia == u"sí"_s || limpia == "s"_L1 || limpia == "yes"_L1;
 }
 
 QString nombreDe(Icono icono) {
     switch (icono) {
         case Icono::Informacion:
-            return QStringLiteral("informacion");
+            return u"informacion"_s;
         case Icono::Exclamacion:
-            return QStringLiteral("exclamacion");
+            return u"exclamacion"_s;
         case Icono::Critico:
-            return QStringLiteral("critico");
+            return u"critico"_s;
         case Icono::Pregunta:
-            return QStringLiteral("pregunta");
+            return u"pregunta"_s;
         case Icono::Ninguno:
             break;
     }
@@ -39,16 +41,13 @@ QString nombreDe(Icono icono) {
 }
 
 QJsonObject linea(const char *tipo, Icono icono, const QString &titulo, const QString &texto) {
-    return {{QStringLiteral("tipo"), L(tipo)},
-            {QStringLiteral("icono"), nombreDe(icono)},
-            {QStringLiteral("titulo"), titulo},
-            {QStringLiteral("texto"), texto}};
+    return {{u"tipo"_s, L(tipo)}, {u"icono"_s, nombreDe(icono)}, {u"titulo"_s, titulo}, {u"texto"_s, texto}};
 }
 
 RespuestaConOpciones elegida(const QString &respuesta) {
     const QString limpia = respuesta.trimmed().toUpper();
-    if (limpia == L("R") || limpia == L("OPREP")) return {true, 1};
-    if (limpia == L("P") || limpia == L("OPPRO")) return {true, 0};
+    if (limpia == "R"_L1 || limpia == "OPREP"_L1) return {true, 1};
+    if (limpia == "P"_L1 || limpia == "OPPRO"_L1) return {true, 0};
     return {esSi(respuesta), 0};
 }
 
@@ -60,7 +59,7 @@ QString LineaJson(const QJsonObject &objeto) {
 
 Dialogos DialogosJson(SalidaDeLineas salida, const QStringList &respuestas) {
     auto guion = std::make_shared<Guion>(Guion{std::move(salida), respuestas});
-    const QString claveRespuesta = QStringLiteral("respuesta");
+    const QString claveRespuesta = u"respuesta"_s;
     Dialogos d;
     d.mensaje = [guion, claveRespuesta](const Mensaje &m) {
         QJsonObject o = linea("mensaje", m.icono, m.titulo, m.texto);
@@ -70,7 +69,7 @@ Dialogos DialogosJson(SalidaDeLineas salida, const QStringList &respuestas) {
     d.preguntar = [guion, claveRespuesta](const Pregunta &p) {
         const bool si = esSi(guion->siguiente());
         QJsonObject o = linea("pregunta", p.icono, p.titulo, p.texto);
-        o[claveRespuesta] = si ? L("Si") : L("No");
+        o[claveRespuesta] = si ? "Si"_L1 : "No"_L1;
         guion->escribir(o);
         return si;
     };
@@ -91,9 +90,8 @@ Dialogos DialogosJson(SalidaDeLineas salida, const QStringList &respuestas) {
     d.preguntarConOpciones = [guion, claveRespuesta](const PreguntaConOpciones &p) {
         const RespuestaConOpciones respuesta = elegida(guion->siguiente());
         QJsonObject o = linea("pregunta", Icono::Pregunta, p.titulo, p.texto);
-        o[QStringLiteral("opciones")] = QJsonArray::fromStringList(p.opciones);
-        o[claveRespuesta] =
-            respuesta.si ? L("Si, ") + p.opciones.value(respuesta.opcion) : QStringLiteral("No");
+        o[u"opciones"_s] = QJsonArray::fromStringList(p.opciones);
+        o[claveRespuesta] = respuesta.si ? "Si, "_L1 + p.opciones.value(respuesta.opcion) : u"No"_s;
         guion->escribir(o);
         return respuesta;
     };

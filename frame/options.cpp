@@ -1,27 +1,29 @@
 #include "frame/options.h"
 
+#include "frame/base/ini.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/ini.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString general = QStringLiteral("GENERAL");
-const QString zendra = QStringLiteral("ZENDRA");
-const QString obj = QStringLiteral("OBJ");
-const QString enlace = QStringLiteral("oInputsLink");
-const QString config = QStringLiteral("CONFIG");
+const QString general = u"GENERAL"_s;
+const QString zendra = u"ZENDRA"_s;
+const QString obj = u"OBJ"_s;
+const QString enlace = u"oInputsLink"_s;
+const QString config = u"CONFIG"_s;
 
 QString letra(bool si) {
-    return si ? QStringLiteral("S") : QStringLiteral("N");
+    return si ? u"S"_s : u"N"_s;
 }
 
-QString conSeparador(double valor) {
+QString conSeparador(const AppContext &ctx, double valor) {
     QString texto = numeros::aTexto(valor);
-    return ReemplazarSeparadorDecimal(texto);
+    return ReemplazarSeparadorDecimal(texto, ctx.SeparadorDecimal);
 }
 
 /// Writes keys into the configuration file and remembers whether all could be written.
@@ -52,9 +54,9 @@ struct Escritor {
 };
 
 void avisarArchivo(const AppContext &ctx) {
-    ctx.dialogos.critico(QStringLiteral("No se pudo escribir el archivo de configuración %1: revise que la "
-                                        "carpeta exista y permita guardar.")
-                             .arg(ctx.ConfigFilePath));
+    ctx.dialogos.critico(
+        u"No se pudo escribir el archivo de configuración %1: revise que la "
+        "carpeta exista y permita guardar."_s.arg(ctx.ConfigFilePath));
 }
 
 void guardarImpresora(Escritor &e, Opciones &o, const QString &impresora) {
@@ -69,18 +71,18 @@ void guardarImpresora(Escritor &e, Opciones &o, const QString &impresora) {
 void guardarInsumos(AppContext &ctx, const ValoresConGen &v) {
     const bool hay = ctx.opciones.TempInputsAvailable;
     ctx.opciones.RestarPerMer = hay && v.chINSTEMPPerMer;
-    ctx.ajustes.Guardar(zendra, obj, QStringLiteral("INSTMP.RestarPerMer"), letra(ctx.opciones.RestarPerMer));
-    ctx.ajustes.Guardar(enlace, config, QStringLiteral("opVDE"), letra(hay && v.chINSTEMPVDE));
+    ctx.ajustes.Guardar(zendra, obj, u"INSTMP.RestarPerMer"_s, letra(ctx.opciones.RestarPerMer));
+    ctx.ajustes.Guardar(enlace, config, u"opVDE"_s, letra(hay && v.chINSTEMPVDE));
 }
 
 Veredicto guardarDiemChina(AppContext &ctx, Escritor &e, const ValoresConGen &v) {
     if (!numeros::esNumerico(v.txtIndMaxArancel)) {
-        ctx.dialogos.advertir(QStringLiteral("El campo Indice Maximo Arancel debe tener un valor númerico"));
-        return Veredicto::mal(QStringLiteral("txtIndMaxArancel"));
+        ctx.dialogos.advertir(u"El campo Indice Maximo Arancel debe tener un valor númerico"_s);
+        return Veredicto::mal(u"txtIndMaxArancel"_s);
     }
     if (!numeros::esNumerico(v.txtPrefPorc)) {
-        ctx.dialogos.advertir(QStringLiteral("El campo Preferencia Porcentual debe tener un valor númerico"));
-        return Veredicto::mal(QStringLiteral("txtPrefPorc"));
+        ctx.dialogos.advertir(u"El campo Preferencia Porcentual debe tener un valor númerico"_s);
+        return Veredicto::mal(u"txtPrefPorc"_s);
     }
     e.texto("DIEMCHINA-IndMaxArancel", v.txtIndMaxArancel.trimmed());
     e.texto("DIEMCHINA-PrefPorc", v.txtPrefPorc.trimmed());
@@ -104,19 +106,19 @@ ValoresConGen LeerConGen(const AppContext &ctx, const QStringList &impresoras) {
     v.Check3 = o.VALORCAT == 2;
     v.Check4 = o.FlgIdArtTOOtros;
     v.opARMARITEM1 = o.ARMARITEM == 1;
-    v.chVfySbtDup = o.VrySbtDup == L("S");
+    v.chVfySbtDup = o.VrySbtDup == "S"_L1;
     v.chSbtNroArtAI = o.SbtNroArtAI;
     v.Chk_NoCalcularLiquidacion = o.NOCALCLIQU;
     v.insumosHabilitados = o.TempInputsAvailable;
     if (v.insumosHabilitados) {
-        v.chINSTEMPPerMer = ctx.ajustes.Leer(zendra, obj, QStringLiteral("INSTMP.RestarPerMer")) == L("S");
-        v.chINSTEMPVDE = ctx.ajustes.Leer(enlace, config, QStringLiteral("opVDE")) == L("S");
+        v.chINSTEMPPerMer = ctx.ajustes.Leer(zendra, obj, u"INSTMP.RestarPerMer"_s) == "S"_L1;
+        v.chINSTEMPVDE = ctx.ajustes.Leer(enlace, config, u"opVDE"_s) == "S"_L1;
     }
     if (impresoras.contains(o.DEVICENAME)) v.LstImpresoras = o.DEVICENAME;
     // A rate that the file does not tell stays blank, so that ESC writes none.
-    if (!leer("IVARIN").trimmed().isEmpty()) v.txtRIN = conSeparador(o.IVARIN);
-    if (!leer("IVARNI").trimmed().isEmpty()) v.TxtRNI = conSeparador(o.IVARNI);
-    v.chFlgArtModSub = o.MODARTSUB == L("S");
+    if (!leer("IVARIN").trimmed().isEmpty()) v.txtRIN = conSeparador(ctx, o.IVARIN);
+    if (!leer("IVARNI").trimmed().isEmpty()) v.TxtRNI = conSeparador(ctx, o.IVARNI);
+    v.chFlgArtModSub = o.MODARTSUB == "S"_L1;
     v.chSbtMantCodart = o.SbtMantCodart;
     v.chSbtMantDatos = o.SbtMantDatos;
     v.chSbtMostrarAsc = o.SbtMostrarAsc;
@@ -128,8 +130,8 @@ ValoresConGen LeerConGen(const AppContext &ctx, const QStringList &impresoras) {
     v.chkMostrarOperaciones = o.OperacionesMostrarTODO;
     v.chResponderOpcionesObligatorio = o.Responder_Opciones_Obligatorio;
     v.chkNoMandarDescripcionenITEM = o.NoEnviarDescripcionAlITEM;
-    v.txtIndMaxArancel = conSeparador(o.DIEMCHINA_IndMaxArancel);
-    v.txtPrefPorc = conSeparador(o.DIEMCHINA_PrefPorc);
+    v.txtIndMaxArancel = conSeparador(ctx, o.DIEMCHINA_IndMaxArancel);
+    v.txtPrefPorc = conSeparador(ctx, o.DIEMCHINA_PrefPorc);
     return v;
 }
 
@@ -161,7 +163,7 @@ Veredicto GuardarConGen(AppContext &ctx, const ValoresConGen &v) {
     e.bandera("SbtForzarNroArtAI", v.chkSBTForzarARTenAI, o.SbtForzarNroArtAI);
     e.bandera("VendedorOrderxNombre", v.chVendedorxNombre, o.VendedorOrderxNombre);
     o.CancelManual = v.chCANCSinStock;
-    ctx.ajustes.Guardar(general, obj, QStringLiteral("CancelManual"), letra(v.chCANCSinStock));
+    ctx.ajustes.Guardar(general, obj, u"CancelManual"_s, letra(v.chCANCSinStock));
     e.bandera("SbtFuncionCargaPor", v.chSbtFuncionCargaPor, o.SbtFuncionCargaPor);
     e.bandera("OperacionesMostrarTODO", v.chkMostrarOperaciones, o.OperacionesMostrarTODO);
     e.bandera("Responder_Opciones_Obligatorio", v.chResponderOpcionesObligatorio,

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "frame/verdict.h"
+#include "frame/base/verdict.h"
 
 struct AppContext;
 

@@ -4,28 +4,29 @@
 #include <QUrl>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// QSettings splits names at "/" and "\": what is outside plain letters is written by its code.
 QString nombre(const QString &texto) {
     // An empty part would vanish from the path.
-    return texto.isEmpty() ? QStringLiteral("%") : QString::fromLatin1(QUrl::toPercentEncoding(texto));
+    return texto.isEmpty() ? u"%"_s : QString::fromLatin1(QUrl::toPercentEncoding(texto));
 }
 
 QString camino(const QString &aplicacion, const QString &seccion, const QString &clave) {
     // The first part becomes a section of the file, and a section "GENERAL" would come back as "General".
-    return QLatin1String("Ajustes/") + nombre(aplicacion) + QLatin1Char('/') + nombre(seccion) +
-           QLatin1Char('/') + nombre(clave);
+    return "Ajustes/"_L1 + nombre(aplicacion) + QLatin1Char('/') + nombre(seccion) + QLatin1Char('/') +
+           nombre(clave);
 }
 
 }  // namespace
 
 Ajustes::Ajustes(const QString &archivo)
     : archivo_(archivo),
-      area_(archivo.isEmpty()
-                ? std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                              QStringLiteral("Zendra"), QStringLiteral("ajustes"))
-                : std::make_shared<QSettings>(archivo, QSettings::IniFormat)) {}
+      area_(archivo.isEmpty() ? std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                                            u"Zendra"_s, u"ajustes"_s)
+                              : std::make_shared<QSettings>(archivo, QSettings::IniFormat)) {}
 
 QString Ajustes::Leer(const QString &aplicacion, const QString &seccion, const QString &clave,
                       const QString &defecto) const {

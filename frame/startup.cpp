@@ -9,15 +9,17 @@
 #include <QStandardPaths>
 #include <QSysInfo>
 
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
-const QString ncm = QStringLiteral("NCM");
+const QString internos = u"INTERNOS"_s;
+const QString ncm = u"NCM"_s;
 
 /// A store that tells no version counts as old.
 constexpr int sinVersion = 300;
@@ -47,17 +49,16 @@ void Arrancar(AppContext &ctx) {
         ctx.ProgramFolder =
             QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     if (ctx.DataManager.rutaDelPerfil().isEmpty())
-        ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(QStringLiteral("ZENDRA3"));
+        ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(u"ZENDRA3"_s);
     else
         ctx.ProfileIniPath = ctx.DataManager.rutaDelPerfil();
     ctx.DataManager.LoadParameters();
     ctx.ConnNcm = &ctx.conexion(ncm);
     ctx.ConnInternos = &ctx.conexion(internos);
-    ctx.ConnCatalogos = &ctx.conexion(QStringLiteral("CATALOGOS"));
-    ctx.ConnSystablas = &ctx.conexion(QStringLiteral("SYSTABLAS"));
+    ctx.ConnCatalogos = &ctx.conexion(u"CATALOGOS"_s);
+    ctx.ConnSystablas = &ctx.conexion(u"SYSTABLAS"_s);
     ctx.TodayInternos = ctx.DataManager.getDateFormatbyEntity(internos, QDate::currentDate().startOfDay());
-    ctx.SuffixChecker.SetDataManager(&ctx.DataManager);
-    ctx.DateKeyPattern = QStringLiteral("yyyyMMdd");
+    ctx.DateKeyPattern = u"yyyyMMdd"_s;
     const Reloj reloj(ctx.dialogos);
     CargarConfiguracion(ctx);
     ctx.NomenclatureDate = LeerFechaDelNomenclador(ctx);
@@ -66,22 +67,20 @@ void Arrancar(AppContext &ctx) {
 QString LeerFechaDelNomenclador(AppContext &ctx) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, ncm, QStringLiteral("select max(fecha) as vfecha from control_fecha"), rs) ||
-        rs.EsNulo(u"vfecha"))
+    if (!Consultar(ctx, ncm, u"select max(fecha) as vfecha from control_fecha"_s, rs) || rs.EsNulo(u"vfecha"))
         return {};
     return enForma(rs.Fields(u"vfecha").Value, true);
 }
 
 QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc) {
-    return (perfil.isEmpty() ? QString() : L("[") + perfil + L("] ")) + L("Zendra Windows - v") +
-           numeros::Format(mayor, u"0") + QLatin1Char('.') + numeros::Format(menor, u"0") + QLatin1Char('.') +
-           numeros::Format(revision, u"000") + L(" - PC [") + pc + L("]");
+    return (perfil.isEmpty() ? QString() : "["_L1 + perfil + "] "_L1) + "Zendra Windows - v"_L1 +
+           QString::number(mayor) + QLatin1Char('.') + QString::number(menor) + QLatin1Char('.') +
+           QString::number(revision).rightJustified(3, '0'_L1) + " - PC ["_L1 + pc + "]"_L1;
 }
 
 int LeerVersionDelStore(AppContext &ctx) {
     Recordset rs;
-    if (!Consultar(ctx, internos, QStringLiteral("select valor from version where propiedad = 'version'"),
-                   rs))
+    if (!Consultar(ctx, internos, u"select valor from version where propiedad = 'version'"_s, rs))
         return sinVersion;
     return static_cast<int>(rs.Numero(u"Valor"));
 }
@@ -91,13 +90,12 @@ int ControlarVersionDelStore(AppContext &ctx) {
     try {
         version = LeerVersionDelStore(ctx);
         if (version < versionMinima) {
-            ctx.dialogos.informar(QStringLiteral("Se necesita actualizar la base de datos"));
+            ctx.dialogos.informar(u"Se necesita actualizar la base de datos"_s);
             const QString perfil = ctx.DataManager.rutaDelPerfil();
-            iniciarPrograma(
-                qEnvironmentVariable("ProgramFiles") + L("\\Zendra\\DbUpgrade3.exe"),
-                perfil.isEmpty() ? QStringList() : QStringList{QStringLiteral("--perfil"), perfil});
+            iniciarPrograma(qEnvironmentVariable("ProgramFiles") + "\\Zendra\\DbUpgrade3.exe"_L1,
+                            perfil.isEmpty() ? QStringList() : QStringList{u"--perfil"_s, perfil});
         }
-    } catch (const ErrorDeStore &) {
+    } catch (const Falla &) {
         // Start-up goes on without the prompt.
         return version;
     }
@@ -105,24 +103,24 @@ int ControlarVersionDelStore(AppContext &ctx) {
 }
 
 QString TextoDeVersion(int mayor, int menor, int revision) {
-    return QStringLiteral("%1.%2.%3").arg(mayor).arg(menor).arg(revision);
+    return u"%1.%2.%3"_s.arg(mayor).arg(menor).arg(revision);
 }
 
 QString TextoFechaZendra() {
-    return enForma(QStringLiteral("Generado 21-11-2026"), true);
+    return enForma(u"Generado 21-11-2026"_s, true);
 }
 
 QString TextoNomenclador(AppContext &ctx) {
     Recordset rs;
-    if (!Consultar(ctx, ncm, QStringLiteral("select fecha from control_fecha order by fecha desc"), rs))
-        return QStringLiteral("Leyendo Fecha....");
+    if (!Consultar(ctx, ncm, u"select fecha from control_fecha order by fecha desc"_s, rs))
+        return u"Leyendo Fecha...."_s;
     return enForma(rs.Fields(u"fecha").Value, true);
 }
 
 QString TextoFechaDatosLNAPI(AppContext &ctx) {
     Recordset rs;
-    QString cabeza = QStringLiteral("Fecha:  ");
-    if (!Consultar(ctx, ncm, QStringLiteral("select fecha from LNAPIFechaDeDatos"), rs)) return cabeza;
+    QString cabeza = u"Fecha:  "_s;
+    if (!Consultar(ctx, ncm, u"select fecha from LNAPIFechaDeDatos"_s, rs)) return cabeza;
     return cabeza + enForma(rs.Fields(u"fecha").Value, false);
 }
 

@@ -6,15 +6,15 @@
 #include "frame/context.h"
 
 /// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already,
-/// through usarPerfil). Raises ErrorDeStore or QString (a text for the user); nothing is retried.
+/// through usarPerfil). Raises Falla; nothing is retried.
 void Arrancar(AppContext &ctx);
 
-/// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises ErrorDeStore.
+/// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises Falla.
 QString LeerFechaDelNomenclador(AppContext &ctx);
 QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc);
 /// The oldest version of the stores the program works with.
 constexpr int versionMinima = 330;
-/// The store's version, 300 when it tells none. Raises ErrorDeStore.
+/// The store's version, 300 when it tells none. Raises Falla.
 int LeerVersionDelStore(AppContext &ctx);
 /// The same, with the message and the start of the upgrade program below the oldest. A failure is dropped
 /// silently.

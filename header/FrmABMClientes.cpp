@@ -3,6 +3,8 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 FrmABMClientes::FrmABMClientes() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
     Conectar();
@@ -16,7 +18,7 @@ void FrmABMClientes::Conectar() {
 void FrmABMClientes::Cargar(const PreguntaConOpciones &p) {
     ventana->setWindowTitle(p.titulo);
     QString texto = p.texto;
-    ui.LbPregunta->setText(texto.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    ui.LbPregunta->setText(texto.replace("\r\n"_L1, "\n"_L1));
     ui.FramDestino->setTitle(p.marco);
     ui.opPRO->setText(p.opciones.value(0));
     ui.opREP->setText(p.opciones.value(1));

@@ -5,21 +5,23 @@
 #include <QTimer>
 #include <utility>
 
-#include "assembly/FrmABMProrrateos.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
+#include "header/FrmABMProrrateos.h"
+#include "header/FrmClientes.h"
 #include "header/FrmListadoDespachante.h"
 #include "header/FrmLstDiv.h"
 #include "header/FrmLstVendedores.h"
 #include "header/FrmNewVendedor.h"
+#include "header/changes.h"
 #include "header/fieldrules.h"
 #include "header/invoices.h"
 #include "header/regime.h"
-#include "operations/changes.h"
-#include "siblings/FrmClientes.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -59,7 +61,7 @@ void FrmCaratula::Form_Load() {
         if (control == nullptr) continue;
         if (auto *linea = qobject_cast<QLineEdit *>(control); linea != nullptr && d.maximo > 0)
             linea->setMaxLength(d.maximo);
-        campos_.push_back({&d, nombre, control, ventana->findChild<QWidget *>(L("rotulo_") + nombre)});
+        campos_.push_back({&d, nombre, control, ventana->findChild<QWidget *>("rotulo_"_L1 + nombre)});
     }
 }
 
@@ -70,7 +72,7 @@ void FrmCaratula::Conectar() {
     ClCntrl::Vincular(ui.LstFact);
     EscucharTeclas(ui.LstFact, [this](QKeyEvent *tecla) { return LstFact_KeyDown(tecla); });
     QObject::connect(ui.txtPorc, &QLineEdit::textEdited, v,
-                     [this] { Trabajar([this] { PorcentajeTecla(c_); }); });
+                     [this] { Trabajar([this] { PorcentajeTecla(Contexto(), c_); }); });
     QObject::connect(ui.CmdProrrat, &QPushButton::clicked, v, [this] { CmdProrrat_Click(); });
     QObject::connect(ui.cmdComentario, &QPushButton::clicked, v, [this] { cmdComentario_Click(); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
@@ -100,7 +102,7 @@ void FrmCaratula::ConectarCampo(const Campo &campo) {
     if (linea == nullptr) return;
     EscucharTeclas(linea, [this, campo](QKeyEvent *tecla) { return Campo_KeyDown(campo, tecla); });
     QObject::connect(linea, &QLineEdit::textEdited, linea,
-                     [this, campo] { Trabajar([&] { CampoCambia(c_, campo.nombre); }); });
+                     [this, campo] { Trabajar([&] { CampoCambia(Contexto(), c_, campo.nombre); }); });
     Escuchar(linea, [this, campo, linea](QEvent *evento) {
         if (evento->type() == QEvent::FocusIn) alEntrar_ = linea->text();
         if (evento->type() == QEvent::FocusOut) {
@@ -129,7 +131,7 @@ void FrmCaratula::Mostrar(const QString &interno) {
         CerrarPantalla<FrmCaratula>();
         return;
     }
-    ventana->setWindowTitle(QStringLiteral("Carátula - Operación ") + interno);
+    ventana->setWindowTitle(u"Carátula - Operación "_s + interno);
     ventana->setModal(true);
     EscribirOpciones();
     Escribir();

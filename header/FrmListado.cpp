@@ -10,6 +10,8 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 FrmListado::FrmListado() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
     Form_Load();
@@ -112,8 +114,7 @@ namespace {
 
 CampoDeCodigo leer(const QLineEdit *campo, const QString &clave) {
     // A currency answers its rate as well.
-    return {
-        campo->text().trimmed(), {}, clave == QLatin1String("DIVISAS") ? QStringLiteral("Div") : QString()};
+    return {campo->text().trimmed(), {}, clave == "DIVISAS"_L1 ? u"Div"_s : QString()};
 }
 
 QString claveDe(const QLineEdit *campo) {

@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "frame/dialogs.h"
+#include "frame/picklist.h"
 #include "header/codes.h"
-#include "header/picklist.h"
 #include "ui_FrmListado.h"
 
 class QKeyEvent;

@@ -6,6 +6,8 @@
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Columna { Cuit, Nombre };
@@ -27,8 +29,8 @@ void FrmListadoDespachante::Form_Load() {
 }
 
 void FrmListadoDespachante::Conectar() {
-    lista_.Preparar(ui.Lst, {QStringLiteral("Cuit"), QStringLiteral("Nombre")},
-                    {{ui.txtBuscar, Nombre}, {ui.txtBuscarPorCuit, Cuit}}, {[this] { Tomar(); }, {}, {}, {}});
+    lista_.Preparar(ui.Lst, {u"Cuit"_s, u"Nombre"_s}, {{ui.txtBuscar, Nombre}, {ui.txtBuscarPorCuit, Cuit}},
+                    {[this] { Tomar(); }, {}, {}, {}});
     ui.Lst->setColumnWidth(Cuit, ui.Lst->fontMetrics().averageCharWidth() * 18);
     ui.Lst->horizontalHeader()->setSectionResizeMode(Nombre, QHeaderView::Stretch);
 }

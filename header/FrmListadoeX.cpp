@@ -6,6 +6,8 @@
 #include "frame/context.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Columna { ID, Descripcion };
@@ -25,13 +27,12 @@ void FrmListadoeX::ArmarMenu() {
         ventana->addAction(accion);
         QObject::connect(accion, &QAction::triggered, ventana.get(), [this, columna] { Buscar(columna); });
     };
-    boton(QStringLiteral("Buscar en &código"), Qt::Key_C, ID);
-    boton(QStringLiteral("Buscar en &descripción"), Qt::Key_D, Descripcion);
+    boton(u"Buscar en &código"_s, Qt::Key_C, ID);
+    boton(u"Buscar en &descripción"_s, Qt::Key_D, Descripcion);
 }
 
 void FrmListadoeX::Conectar() {
-    lista_.Preparar(ui.Lst, {QStringLiteral("ID"), QStringLiteral("Descripcion")}, {},
-                    {[this] { ventana->accept(); }, {}, {}, {}});
+    lista_.Preparar(ui.Lst, {u"ID"_s, u"Descripcion"_s}, {}, {[this] { ventana->accept(); }, {}, {}, {}});
     ui.Lst->horizontalHeader()->setStretchLastSection(true);
 }
 

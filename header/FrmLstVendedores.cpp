@@ -10,6 +10,8 @@
 #include "frame/ui/ventana.h"
 #include "header/FrmNewVendedor.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Columna { Nombre, Codigo, Domicilio, nivel };
@@ -31,19 +33,16 @@ void FrmLstVendedores::ArmarMenu() {
         accion->setToolTip(ayuda);
         QObject::connect(accion, &QAction::triggered, ventana.get(), [this, hacer] { (this->*hacer)(); });
     };
-    boton(Dibujo::Crear, QStringLiteral("Agregar"), QStringLiteral("Agregar un vendedor (Insert)"),
-          &FrmLstVendedores::Agregar);
-    boton(Dibujo::Formulario, QStringLiteral("Modificar"),
-          QStringLiteral("Modificar el vendedor elegido (F6)"), &FrmLstVendedores::Modificar);
-    boton(Dibujo::Borrar, QStringLiteral("Eliminar"), QStringLiteral("Eliminar el vendedor elegido (Supr)"),
+    boton(Dibujo::Crear, u"Agregar"_s, u"Agregar un vendedor (Insert)"_s, &FrmLstVendedores::Agregar);
+    boton(Dibujo::Formulario, u"Modificar"_s, u"Modificar el vendedor elegido (F6)"_s,
+          &FrmLstVendedores::Modificar);
+    boton(Dibujo::Borrar, u"Eliminar"_s, u"Eliminar el vendedor elegido (Supr)"_s,
           &FrmLstVendedores::Eliminar);
 }
 
 void FrmLstVendedores::Conectar() {
     lista_.Preparar(
-        ui.Lst,
-        {QStringLiteral("Nombre"), QStringLiteral("Codigo"), QStringLiteral("Domicilio"),
-         QStringLiteral("nivel")},
+        ui.Lst, {u"Nombre"_s, u"Codigo"_s, u"Domicilio"_s, u"nivel"_s},
         {{ui.txtBuscar, Nombre}, {ui.txtBuscarPorCodigo, Codigo}},
         {[this] { LstC(); }, [this] { Modificar(); }, [this] { Agregar(); }, [this] { Eliminar(); }});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();

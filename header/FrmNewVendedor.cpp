@@ -5,6 +5,8 @@
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 FrmNewVendedor::FrmNewVendedor() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
     Form_Load();
@@ -29,8 +31,7 @@ void FrmNewVendedor::Conectar() {
 void FrmNewVendedor::Cargar(const Vendedor &vendedor, bool editando) {
     vendedor_ = vendedor;
     editando_ = editando;
-    ventana->setWindowTitle(editando ? QStringLiteral("Modificar vendedor")
-                                     : QStringLiteral("Agregar vendedor"));
+    ventana->setWindowTitle(editando ? u"Modificar vendedor"_s : u"Agregar vendedor"_s);
     ui.TxtCodigo->setText(vendedor.codigo);
     // The code names the row that is changed.
     ui.TxtCodigo->setEnabled(!editando);
@@ -54,8 +55,7 @@ QString FrmNewVendedor::Modificar(const QString &codigo) {
     AppContext &ctx = Contexto();
     const auto vendedor = CargarVendedor(ctx, codigo);
     if (!vendedor) {
-        ctx.dialogos.advertir(
-            QStringLiteral("El vendedor %1 ya no está en la base, otro puesto lo eliminó.").arg(codigo));
+        ctx.dialogos.advertir(u"El vendedor %1 ya no está en la base, otro puesto lo eliminó."_s.arg(codigo));
         return {};
     }
     Cargar(*vendedor, true);

@@ -2,10 +2,12 @@
 
 #include "frame/context.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString aplicacion = QStringLiteral("ZENDRA");
-const QString seccion = QStringLiteral("AEC");
+const QString aplicacion = u"ZENDRA"_s;
+const QString seccion = u"AEC"_s;
 
 }  // namespace
 
@@ -19,15 +21,14 @@ void GuardarAEC(AppContext &ctx, const QString &interno, const QString &valor) {
 
 QString PreguntarRegimenAutomotriz(AppContext &ctx, const QString &interno) {
     const RespuestaConOpciones respuesta = ctx.dialogos.preguntarConOpciones(
-        {QStringLiteral("Se han encontrado posiciones arancelarias pertenecientes al régimen "
-                        "automotriz\r\n¿Desea calcular Arancel Externo Común?"),
-         QStringLiteral(" Régimen Automotriz"),
-         QStringLiteral("Destino del repuesto"),
-         {QStringLiteral("Producción"), QStringLiteral("Reposición")},
-         QStringLiteral("&Si"),
-         QStringLiteral("&No")});
-    QString valor = !respuesta.si ? QStringLiteral("N")
-                                  : (respuesta.opcion == 1 ? QStringLiteral("R") : QStringLiteral("P"));
+        {u"Se han encontrado posiciones arancelarias pertenecientes al régimen "
+         "automotriz\r\n¿Desea calcular Arancel Externo Común?"_s,
+         u" Régimen Automotriz"_s,
+         u"Destino del repuesto"_s,
+         {u"Producción"_s, u"Reposición"_s},
+         u"&Si"_s,
+         u"&No"_s});
+    QString valor = !respuesta.si ? u"N"_s : (respuesta.opcion == 1 ? u"R"_s : u"P"_s);
     GuardarAEC(ctx, interno, valor);
     return valor;
 }

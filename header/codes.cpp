@@ -4,9 +4,12 @@
 #include <array>
 #include <optional>
 
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "header/ListadoCodigos.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,19 +49,19 @@ constexpr Servicio descripcion{"descripcion", "BUSCARDESCRIPCION", &Tabla::entid
 constexpr Servicio identidad{"id", "BuscarId", &Tabla::entidadId};
 
 QString sentencia(const Tabla &t, const Servicio &s, const QString &codigo) {
-    if (L(t.tabla) == L("PUERTOS"))
-        return L("SELECT LPOR as descripcion FROM PUERTOS where cpor = '") + codigo + L("'");
-    return L("select ") + L(s.columna) + L(" from ") + L(t.tabla) + L(" where id ='") + codigo + L("'");
+    if (L(t.tabla) == "PUERTOS"_L1)
+        return "SELECT LPOR as descripcion FROM PUERTOS where cpor = '"_L1 + codigo + "'"_L1;
+    return "select "_L1 + L(s.columna) + " from "_L1 + L(t.tabla) + " where id ='"_L1 + codigo + "'"_L1;
 }
 
 void completarAux(AppContext &ctx, const QString &clave, const QString &codigo, QString &aux) {
     Recordset rs;
-    if (clave == L("SUBREG") && Consultar(ctx, QStringLiteral("SYSTABLAS"),
-                                          L("select cstaimpexp from sta where id = '") + codigo + L("'"), rs))
+    if (clave == "SUBREG"_L1 &&
+        Consultar(ctx, u"SYSTABLAS"_s, "select cstaimpexp from sta where id = '"_L1 + codigo + "'"_L1, rs))
         aux = rs.Texto(u"cstaimpexp");
-    if (aux == L("Div") && Consultar(ctx, QStringLiteral("INTERNOS"),
-                                     L("select * from divisas where id = '") + codigo + L("'"), rs))
-        aux = numeros::Format(rs.Numero(u"imp"), u"00.000000");
+    if (aux == "Div"_L1 &&
+        Consultar(ctx, u"INTERNOS"_s, "select * from divisas where id = '"_L1 + codigo + "'"_L1, rs))
+        aux = numeros::Format(rs.Numero(u"imp"), u"00.000000", ctx.SeparadorDecimal);
 }
 
 QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const QString &codigo, QString &aux,
@@ -69,25 +72,24 @@ QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const Q
     for (const Tabla &t : tablas)
         if (clave == L(t.clave)) tabla = &t;
     if (tabla == nullptr || tabla->*s.entidad == nullptr) return {};
-    if (clave == L("DIVISAS")) aux = QStringLiteral("Div");
+    if (clave == "DIVISAS"_L1) aux = u"Div"_s;
     try {
         Recordset rs;
         if (!Consultar(ctx, L(tabla->*s.entidad), sentencia(*tabla, s, codigo), rs)) {
             if (silencio != 1)
                 ctx.dialogos.advertir(
-                    L("CODIGO INEXISTENTE DE ") + clave +
-                        QStringLiteral(
-                            "\r\n\r\nNo se enconto DESCRIPCIÓN para esta CLAVE\r\n\r\n[CARATULA.") +
+                    "CODIGO INEXISTENTE DE "_L1 + clave +
+                        u"\r\n\r\nNo se enconto DESCRIPCIÓN para esta CLAVE\r\n\r\n[CARATULA."_s +
                         L(s.marca) + QLatin1Char('.') + clave + QLatin1Char(']'),
-                    L("Buscar ") + clave);
-            if (aux == L("Div")) aux.clear();
+                    "Buscar "_L1 + clave);
+            if (aux == "Div"_L1) aux.clear();
             return {};
         }
         // The ports' statement brings no id: asking for it fails, and a failed look-up answers nothing.
         QString encontrado = rs.Texto(QString(L(s.columna)));
         completarAux(ctx, clave, codigo, aux);
         return encontrado;
-    } catch (const ErrorDeStore &) {
+    } catch (const Falla &) {
         return {};
     }
 }
@@ -98,8 +100,8 @@ std::optional<FilaDeCodigo> elegirFila(AppContext &ctx, const QString &clave) {
     ListaDeCodigos lista;
     try {
         const Reloj reloj(ctx.dialogos);
-        lista = ctx.CodeListings.Listado(clave);
-    } catch (const ErrorDeStore &) {
+        lista = ListadoCodigosClass(ctx).Listado(clave);
+    } catch (const Falla &) {
         return {};
     }
     const int cual = ctx.dialogos.elegir({lista.titulo, lista.vistas(), -1, Eleccion::Tipo::Codigos});
@@ -112,13 +114,13 @@ std::optional<FilaDeCodigo> elegirFila(AppContext &ctx, const QString &clave) {
 /// What the answer's rule says of `aux`.
 void auxDeFila(AppContext &ctx, const QString &clave, const FilaDeCodigo &fila, QString &aux) {
     constexpr int dondeEmpiezaElNombreDelPuerto = 6;
-    if (clave == L("PUERTO")) {
+    if (clave == "PUERTO"_L1) {
         aux = fila.devuelto.mid(dondeEmpiezaElNombreDelPuerto).trimmed();
         return;
     }
     try {
         completarAux(ctx, clave, fila.codigo, aux);
-    } catch (const ErrorDeStore &) {
+    } catch (const Falla &) {
         aux.clear();
     }
 }
@@ -195,32 +197,32 @@ QString ClaveDeEtiqueta(const QString &etiqueta) {
 
 QString ControlDivisa(AppContext &ctx, const QString &divisa, const QString &valor) {
     if (divisa.isEmpty()) return valor;
-    const QString internos = QStringLiteral("INTERNOS");
+    const QString internos = u"INTERNOS"_s;
     Recordset rs;
-    if (!Consultar(ctx, internos, L("select [imp] from divisas where id = '") + divisa + L("'"), rs)) {
-        ctx.dialogos.advertir(QStringLiteral("No se encontro codigo de DIVISAS en base."));
+    if (!Consultar(ctx, internos, "select [imp] from divisas where id = '"_L1 + divisa + "'"_L1, rs)) {
+        ctx.dialogos.advertir(u"No se encontro codigo de DIVISAS en base."_s);
         return valor;
     }
-    const QString guardado = numeros::Format(rs.Numero(u"imp"), u"0.000000");
-    const QString ingresado = numeros::Format(valor, u"0.000000");
+    const QString guardado = numeros::Format(rs.Numero(u"imp"), u"0.000000", ctx.SeparadorDecimal);
+    const QString ingresado = numeros::Format(valor, u"0.000000", ctx.SeparadorDecimal);
     if (guardado == ingresado) return valor;
     if (!ctx.dialogos.preguntar(
-            {L("El valor ingresado por usted es ") + ingresado +
-                 L(" este valor no corresponde al que tiene guardado en la tabla de Divisas que es ") +
-                 guardado + L(", desea guardar el nuevo valor como predeterminado."),
+            {"El valor ingresado por usted es "_L1 + ingresado +
+                 " este valor no corresponde al que tiene guardado en la tabla de Divisas que es "_L1 +
+                 guardado + ", desea guardar el nuevo valor como predeterminado."_L1,
              {},
              Icono::Pregunta,
              false}))
         return valor;
     const qint64 cambiadas =
         Ejecutar(ctx, internos,
-                 L("update divisas set imp = ") +
+                 "update divisas set imp = "_L1 +
                      AStoreNumero(valor, ctx.DataManager.getDecimalSeparatorbyEntity(internos)) +
-                     L(" where id = '") + divisa + L("'"));
+                     " where id = '"_L1 + divisa + "'"_L1);
     if (cambiadas > 0)
-        ctx.dialogos.informar(QStringLiteral("Valor Guardado Correctamente."));
+        ctx.dialogos.informar(u"Valor Guardado Correctamente."_s);
     else
-        ctx.dialogos.advertir(QStringLiteral("No se puede guardar valor"));
+        ctx.dialogos.advertir(u"No se puede guardar valor"_s);
     return valor;
 }
 

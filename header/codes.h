@@ -54,7 +54,7 @@ QString ClaveDeEtiqueta(const QString &etiqueta);
 
 /// A rate field lost the focus: when the typed rate is not the currency's stored one (both as "0.000000"),
 /// asks whether to store it as the default. Answers the rate to keep in the field, always the typed one. An
-/// empty currency sends nothing; a currency that is not kept is told. Raises ErrorDeStore.
+/// empty currency sends nothing; a currency that is not kept is told. Raises Falla.
 QString ControlDivisa(AppContext &ctx, const QString &divisa, const QString &valor);
 
 /// Descriptions for labels: never a message.

@@ -1,19 +1,21 @@
 #include "header/comments.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/values.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString systablas = QStringLiteral("SYSTABLAS");
+const QString systablas = u"SYSTABLAS"_s;
 
 }  // namespace
 
 QString LeerComentario(AppContext &ctx, const QString &interno) {
     Recordset rs;
-    return Consultar(ctx, systablas, L("select * from coment where interno = '") + interno + L("'"), rs)
+    return Consultar(ctx, systablas, "select * from coment where interno = '"_L1 + interno + "'"_L1, rs)
                ? rs.Texto(u"coment")
                : QString();
 }
@@ -23,17 +25,17 @@ bool GrabarComentario(AppContext &ctx, const QString &interno, const QString &te
         const QString comentario = DoblarComillas(texto);
         Recordset rs;
         Consultar(ctx, systablas,
-                  L("select count(*) as cont from coment where interno = '") + interno + L("'"), rs);
+                  "select count(*) as cont from coment where interno = '"_L1 + interno + "'"_L1, rs);
         if (rs.Eof() || rs.Numero(u"cont") == 0)
             Ejecutar(ctx, systablas,
-                     L("insert into coment(interno,coment) values ('") + interno + L("','") + comentario +
-                         L("')"));
+                     "insert into coment(interno,coment) values ('"_L1 + interno + "','"_L1 + comentario +
+                         "')"_L1);
         else
             Ejecutar(
                 ctx, systablas,
-                L("update coment set coment = '") + comentario + L("' where interno = '") + interno + L("'"));
+                "update coment set coment = '"_L1 + comentario + "' where interno = '"_L1 + interno + "'"_L1);
         return true;
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         ctx.dialogos.critico(e.descripcion);
         return false;
     }

@@ -5,7 +5,7 @@
 
 struct AppContext;
 
-/// What TxtCom shows; empty without a comment. Raises ErrorDeStore.
+/// What TxtCom shows; empty without a comment. Raises Falla.
 QString LeerComentario(AppContext &ctx, const QString &interno);
 
 /// Grabar, run when the screen closes. False when the store failed (its words were shown).

@@ -1,14 +1,16 @@
 #include "header/fieldrules.h"
 
+#include "frame/base/dates.h"
+#include "frame/base/numbers.h"
 #include "frame/context.h"
-#include "frame/dates.h"
-#include "frame/numbers.h"
+#include "header/changes.h"
 #include "header/codes.h"
 #include "header/invoices.h"
 #include "header/parties.h"
 #include "header/regime.h"
 #include "header/visibility.h"
-#include "operations/changes.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,65 +37,69 @@ bool esNombre(const QString &nombre, const char *control) {
     return nombre.compare(L(control), Qt::CaseInsensitive) == 0;
 }
 
-QString cotizacion(const QString &aux) {
-    return Format(aux, QString(L(mascaraDeCotizacion)));
+QString cotizacion(const AppContext &ctx, const QString &aux) {
+    return Format(aux, QString(L(mascaraDeCotizacion)), ctx.SeparadorDecimal);
 }
 
 /// The rate of a currency goes into its field when the currency is another than the one seen last, or when
 /// the field has none: a rate that was typed on purpose stays.
-void tomarCotizacion(Caratula &c, const DefinicionDeControl &d, const QString &divisa, const QString &aux) {
+void tomarCotizacion(const AppContext &ctx, Caratula &c, const DefinicionDeControl &d, const QString &divisa,
+                     const QString &aux) {
     const QString nombre = L(d.nombre);
     QString &rate = c[d.descripcion].texto;
     const bool otra = c.divisaVista[nombre].compare(divisa, Qt::CaseInsensitive) != 0;
     if (!aux.isEmpty() && (otra || aNumero(rate) == 0)) {
-        rate = cotizacion(aux);
-        CampoCambia(c, L(d.descripcion));
+        rate = cotizacion(ctx, aux);
+        CampoCambia(ctx, c, L(d.descripcion));
     }
     c.divisaVista[nombre] = divisa;
 }
 
 bool conDescripcion(const DefinicionDeControl &d) {
-    return *d.descripcion != 0 && L(d.clave) != L("DIVISAS");
+    return *d.descripcion != 0 && L(d.clave) != "DIVISAS"_L1;
 }
 
-void tomarCodigo(Caratula &c, const DefinicionDeControl &d, const CampoDeCodigo &campo) {
+void tomarCodigo(const AppContext &ctx, Caratula &c, const DefinicionDeControl &d,
+                 const CampoDeCodigo &campo) {
     c.poner(d.nombre, campo.codigo);
     if (conDescripcion(d)) c.poner(d.descripcion, campo.descripcion);
-    if (L(d.clave) == L("DIVISAS")) tomarCotizacion(c, d, campo.codigo, campo.aux);
+    if (L(d.clave) == "DIVISAS"_L1) tomarCotizacion(ctx, c, d, campo.codigo, campo.aux);
 }
 
 /// ENTER on a field with a code table.
 void codigoEnter(AppContext &ctx, Caratula &c, const DefinicionDeControl &d) {
     const L clave(d.clave);
     QString codigo = c.texto(d.nombre);
-    if (clave == L("PAIS") || clave == L("BANCOS") || clave == L("DIVISAS")) codigo = RellenarCodigo(codigo);
+    if (clave == "PAIS"_L1 || clave == "BANCOS"_L1 || clave == "DIVISAS"_L1) codigo = RellenarCodigo(codigo);
     CampoDeCodigo campo{codigo, {}, {}};
     // A country or a bank without a description beside it is only looked up for its code.
     const bool soloId = *d.descripcion == 0;
     const bool existe =
         ConfirmarCodigo(ctx, clave, campo, soloId ? ServicioDeCodigo::Id : ServicioDeCodigo::Descripcion);
     if (!existe) campo.aux.clear();
-    tomarCodigo(c, d, campo);
+    tomarCodigo(ctx, c, d, campo);
 }
 
 bool revisarSN(AppContext &ctx, Caratula &c, const char *control) {
     const QString &texto = c.texto(control);
-    if (texto.isEmpty() || texto.compare(L("S"), Qt::CaseInsensitive) == 0 ||
-        texto.compare(L("N"), Qt::CaseInsensitive) == 0)
+    if (texto.isEmpty() || texto.compare("S"_L1, Qt::CaseInsensitive) == 0 ||
+        texto.compare("N"_L1, Qt::CaseInsensitive) == 0)
         return true;
     c.poner(control, {});
-    ctx.dialogos.advertir(QStringLiteral("No ingresó valores válidos (S/N)"));
+    ctx.dialogos.advertir(u"No ingresó valores válidos (S/N)"_s);
     return false;
 }
 
 /// The client's percentages fill what is added to the value and what is spread over the lines.
-void fobEnter(Caratula &c) {
+void fobEnter(const AppContext &ctx, Caratula &c) {
     const QString &texto = c.texto("Txtfobdivisas");
     if (!esNumerico(texto)) return;
     const double fob = aNumero(texto);
     constexpr double ciento = 100;
-    if (c.regalias > 0) c.poner("TxtAjustIncluir", Format(fob * c.regalias / ciento, u"00.00"));
-    if (c.ajxvinc_4102 > 0) c.poner("TxtProrratear", Format(fob * c.ajxvinc_4102 / ciento, u"00.00"));
+    if (c.regalias > 0)
+        c.poner("TxtAjustIncluir", Format(fob * c.regalias / ciento, u"00.00", ctx.SeparadorDecimal));
+    if (c.ajxvinc_4102 > 0)
+        c.poner("TxtProrratear", Format(fob * c.ajxvinc_4102 / ciento, u"00.00", ctx.SeparadorDecimal));
     HabilitarProrrateo(c);
 }
 
@@ -117,7 +123,7 @@ void vendedorEnter(AppContext &ctx, Caratula &c) {
 void RegimenEnter(AppContext &ctx, Caratula &c) {
     if (c.regimen().isEmpty()) return;
     CampoDeCodigo campo{c.regimen(), {}, c.cstaimpexp};
-    ConfirmarCodigo(ctx, QStringLiteral("SUBREG"), campo);
+    ConfirmarCodigo(ctx, u"SUBREG"_s, campo);
     c.poner("TxtSubRegDesc", campo.descripcion);
     c.cstaimpexp = campo.aux;
     Mostrar(ctx, c, c.regimen());
@@ -153,7 +159,7 @@ void TomarVendedor(Caratula &c, const QString &codigo, const QString &nombre) {
 }
 
 QString ClaveDeMotivos(const Caratula &c) {
-    return c.cstaimpexp == L("E") ? QStringLiteral("MOTIVOSTEMPE") : QStringLiteral("MOTIVOSTEMPI");
+    return c.cstaimpexp == "E"_L1 ? u"MOTIVOSTEMPE"_s : u"MOTIVOSTEMPI"_s;
 }
 
 void TomarMotivo(Caratula &c, const QString &elegido) {
@@ -161,7 +167,8 @@ void TomarMotivo(Caratula &c, const QString &elegido) {
     c.poner("TxtPlazoaut", elegido.section(QLatin1Char('|'), 1, 1));
 }
 
-void RecalcularDolar(Caratula &c, const char *importe, const char *tipoDeCambio, const char *etiqueta) {
+void RecalcularDolar(const AppContext &ctx, Caratula &c, const char *importe, const char *tipoDeCambio,
+                     const char *etiqueta) {
     const QString &valor = c.texto(importe);
     const QString &cambio = c.texto(tipoDeCambio);
     if (!esNumerico(valor) || !esNumerico(cambio)) {
@@ -170,11 +177,11 @@ void RecalcularDolar(Caratula &c, const char *importe, const char *tipoDeCambio,
     }
     // To text and back: what the eye sees is what is used.
     const double producto = aNumero(numeros::aTexto(aNumero(valor) * aNumero(cambio)));
-    c.poner(etiqueta, producto != 0 ? Format(producto, u"00.00") : QStringLiteral("0"));
+    c.poner(etiqueta, producto != 0 ? Format(producto, u"00.00", ctx.SeparadorDecimal) : u"0"_s);
 }
 
-void RecalcularDolares(Caratula &c) {
-    for (const Importe &i : importes) RecalcularDolar(c, i.importe, i.cotizacion, i.dolares);
+void RecalcularDolares(const AppContext &ctx, Caratula &c) {
+    for (const Importe &i : importes) RecalcularDolar(ctx, c, i.importe, i.cotizacion, i.dolares);
 }
 
 void HabilitarProrrateo(Caratula &c) {
@@ -192,13 +199,13 @@ Veredicto CampoEnter(AppContext &ctx, Caratula &c, const QString &nombre) {
     } else if (esNombre(nombre, "Txtidvendedor")) {
         vendedorEnter(ctx, c);
     } else if (esNombre(nombre, "Txtfobdivisas")) {
-        fobEnter(c);
+        fobEnter(ctx, c);
     } else if (esNombre(nombre, "TxtFactura")) {
         const QString factura = c.texto("TxtFactura");
         // Another invoice may follow: the field keeps the focus until it is left empty.
         if (!factura.isEmpty()) {
             Agregar_Facturas(ctx, c, factura);
-            return Veredicto::mal(QStringLiteral("TxtFactura"));
+            return Veredicto::mal(u"TxtFactura"_s);
         }
     } else if (esNombre(nombre, "TxtDCRegalias") || esNombre(nombre, "txtDCStandard")) {
         const DefinicionDeControl *d = DefinicionDe(nombre);
@@ -220,21 +227,21 @@ bool CampoF6(AppContext &ctx, Caratula &c, const QString &nombre) {
     const DefinicionDeControl *d = DefinicionDe(nombre);
     if (d == nullptr || *d->clave == 0) return false;
     const L clave(d->clave);
-    CampoDeCodigo campo{c.texto(d->nombre), {}, clave == L("DIVISAS") ? QStringLiteral("Div") : QString()};
+    CampoDeCodigo campo{c.texto(d->nombre), {}, clave == "DIVISAS"_L1 ? u"Div"_s : QString()};
     if (!ElegirCodigo(ctx, clave, campo)) return false;
-    tomarCodigo(c, *d, campo);
-    if (clave == L("SUBREG")) RegimenEnter(ctx, c);
+    tomarCodigo(ctx, c, *d, campo);
+    if (clave == "SUBREG"_L1) RegimenEnter(ctx, c);
     return true;
 }
 
-void CampoCambia(Caratula &c, const QString &nombre) {
+void CampoCambia(const AppContext &ctx, Caratula &c, const QString &nombre) {
     for (const Importe &i : importes)
         if (esNombre(nombre, i.importe) || esNombre(nombre, i.cotizacion))
-            RecalcularDolar(c, i.importe, i.cotizacion, i.dolares);
+            RecalcularDolar(ctx, c, i.importe, i.cotizacion, i.dolares);
     if (esNombre(nombre, "TxtProrratear")) HabilitarProrrateo(c);
 }
 
-void PorcentajeTecla(Caratula &c) {
+void PorcentajeTecla(const AppContext &ctx, Caratula &c) {
     const QString &porcentaje = c.texto("txtPorc");
     if (porcentaje.isEmpty()) return;
     if (!esNumerico(porcentaje)) {
@@ -250,18 +257,19 @@ void PorcentajeTecla(Caratula &c) {
     const QString &prorratear = c.texto("TxtProrratear");
     double base = aNumero(fob) + aNumero(flete);
     if (esNumerico(prorratear) || c.totalProrrateado > 0) base += aNumero(prorratear) + c.totalProrrateado;
-    const QString dolares = Format(numeros::PorcentajeRedondeado(base, tasa), u"00.00");
+    const QString dolares = Format(numeros::PorcentajeRedondeado(base, tasa), u"00.00", ctx.SeparadorDecimal);
     const QString &cambio = c.texto("TxtDivValorSeguro");
     if (esNumerico(cambio) && aNumero(cambio) > 0)
-        c.poner("Txtsegurodivisas", Format(aNumero(dolares) / aNumero(cambio), u"00.00"));
+        c.poner("Txtsegurodivisas",
+                Format(aNumero(dolares) / aNumero(cambio), u"00.00", ctx.SeparadorDecimal));
     c.poner("TxtDolSeguro", dolares);
 }
 
 void CampoPierdeFoco(AppContext &ctx, Caratula &c, const QString &nombre) {
     for (const char *importe : conFormaDeImporte) {
         if (!esNombre(nombre, importe) || !esNumerico(c.texto(importe))) continue;
-        c.poner(importe, Format(c.texto(importe), u"00.00"));
-        CampoCambia(c, nombre);
+        c.poner(importe, Format(c.texto(importe), u"00.00", ctx.SeparadorDecimal));
+        CampoCambia(ctx, c, nombre);
     }
     for (const Importe &i : importes) {
         if (!esNombre(nombre, i.cotizacion)) continue;
@@ -270,14 +278,14 @@ void CampoPierdeFoco(AppContext &ctx, Caratula &c, const QString &nombre) {
     }
     if (esNombre(nombre, "TxtPlazoaut"))
         if (const auto fecha = fechas::Leer(c.texto("TxtPlazoaut")))
-            c.poner("TxtPlazoaut", fecha->toString(QStringLiteral("dd-MM-yyyy")));
+            c.poner("TxtPlazoaut", fecha->toString(u"dd-MM-yyyy"_s));
 }
 
 void CasillaTildada(AppContext &ctx, const QString &nombre) {
     if (esNombre(nombre, "chkDCForzarEstMerc"))
-        ctx.dialogos.advertir(QStringLiteral(
-            "Advertencia!: Esta opción establece a todos los articulos el mismo Estado de Mercaderia"));
+        ctx.dialogos.advertir(
+            u"Advertencia!: Esta opción establece a todos los articulos el mismo Estado de Mercaderia"_s);
     if (esNombre(nombre, "chkDCForzarPaisOrigen"))
-        ctx.dialogos.advertir(QStringLiteral(
-            "Advertencia!: Esta opción establece a todos los articulos el mismo Pais de Origen"));
+        ctx.dialogos.advertir(
+            u"Advertencia!: Esta opción establece a todos los articulos el mismo Pais de Origen"_s);
 }

@@ -1,10 +1,10 @@
 #pragma once
 // What the fields of the header do as one types: the handlers of FrmCaratula without the widgets. `nombre` is
-// the control's name. Each raises ErrorDeStore.
+// the control's name. Each raises Falla.
 
 #include <QString>
 
-#include "frame/verdict.h"
+#include "frame/base/verdict.h"
 #include "header/record.h"
 
 /// ENTER on a field: its look-up, its check or its derived figures. ok: the focus moves on; else it goes to
@@ -17,10 +17,10 @@ Veredicto CampoEnter(AppContext &ctx, Caratula &c, const QString &nombre);
 bool CampoF6(AppContext &ctx, Caratula &c, const QString &nombre);
 
 /// A text changed: dollar labels and the button of the proration codes.
-void CampoCambia(Caratula &c, const QString &nombre);
+void CampoCambia(const AppContext &ctx, Caratula &c, const QString &nombre);
 
 /// A key was released in txtPorc: the insurance from its percentage.
-void PorcentajeTecla(Caratula &c);
+void PorcentajeTecla(const AppContext &ctx, Caratula &c);
 
 /// The field lost the focus: amounts take their form, rates are held against the table (and the operation is
 /// marked as changed), dates take their form.
@@ -45,7 +45,8 @@ QString ClaveDeMotivos(const Caratula &c);
 void TomarMotivo(Caratula &c, const QString &elegido);
 
 /// Derived figures; a label is empty while its figures are not numbers.
-void RecalcularDolar(Caratula &c, const char *importe, const char *cotizacion, const char *etiqueta);
-void RecalcularDolares(Caratula &c);
+void RecalcularDolar(const AppContext &ctx, Caratula &c, const char *importe, const char *cotizacion,
+                     const char *etiqueta);
+void RecalcularDolares(const AppContext &ctx, Caratula &c);
 /// CmdProrrat is enabled unless a value to prorate other than zero stands in TxtProrratear.
 void HabilitarProrrateo(Caratula &c);

@@ -2,8 +2,10 @@
 
 #include <cstdlib>
 
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/values.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -11,11 +13,11 @@ using L = QLatin1String;
 
 constexpr qsizetype largoDeCuit = 11;
 
-const QString personal = QStringLiteral("PERSONAL");
+const QString personal = u"PERSONAL"_s;
 
 bool leerVendedor(AppContext &ctx, const QString &codigo, QString &nombre) {
     Recordset rs;
-    if (!Consultar(ctx, personal, L("select nombre from vendedor where codigo = '") + codigo + L("'"), rs))
+    if (!Consultar(ctx, personal, "select nombre from vendedor where codigo = '"_L1 + codigo + "'"_L1, rs))
         return false;
     nombre = rs.Texto(u"nombre");
     return true;
@@ -58,13 +60,12 @@ bool CUITValido(const QString &cuit) {
 bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre) {
     nombre.clear();
     if (cuit.size() != largoDeCuit) {
-        ctx.dialogos.advertir(QStringLiteral("Cuit Invalido"));
+        ctx.dialogos.advertir(u"Cuit Invalido"_s);
         return false;
     }
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("PERSONAL"),
-                   L("select nombre from despadu where cuit = '") + cuit + L("'"), rs)) {
-        ctx.dialogos.advertir(QStringLiteral("No se encontró el CUIT Ingresado"));
+    if (!Consultar(ctx, u"PERSONAL"_s, "select nombre from despadu where cuit = '"_L1 + cuit + "'"_L1, rs)) {
+        ctx.dialogos.advertir(u"No se encontró el CUIT Ingresado"_s);
         return false;
     }
     nombre = rs.Texto(u"nombre").trimmed();
@@ -72,23 +73,23 @@ bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre) {
 }
 
 QString BuscarNombre(AppContext &ctx, const QString &tabla, const QString &codigo) {
-    if (tabla == L("clientes"))
-        return leerNombre(ctx, L("select nombre from clientes where cuit = '") + codigo + L("'"));
-    if (tabla == L("despadu"))
-        return leerNombre(ctx, L("select nombre from despadu where cuit = '") + codigo + L("'"));
-    if (tabla == L("vendedor"))
-        return leerNombre(ctx, L("select nombre from vendedor where codigo = '") + codigo + L("'"));
+    if (tabla == "clientes"_L1)
+        return leerNombre(ctx, "select nombre from clientes where cuit = '"_L1 + codigo + "'"_L1);
+    if (tabla == "despadu"_L1)
+        return leerNombre(ctx, "select nombre from despadu where cuit = '"_L1 + codigo + "'"_L1);
+    if (tabla == "vendedor"_L1)
+        return leerNombre(ctx, "select nombre from vendedor where codigo = '"_L1 + codigo + "'"_L1);
     return {};
 }
 
 BusquedaDeCliente BuscarCliente(AppContext &ctx, const QString &cuit, ClienteDeCaratula &cliente) {
     if (cuit.isEmpty()) {
-        ctx.dialogos.advertir(QStringLiteral("Falta ingresar CUIT como parametro"));
+        ctx.dialogos.advertir(u"Falta ingresar CUIT como parametro"_s);
         return BusquedaDeCliente::FaltaCuit;
     }
     Recordset rs;
     if (!Consultar(ctx, personal,
-                   L("select nombre,regalias,ajxvinc_4102 from clientes where cuit = '") + cuit + L("'"), rs))
+                   "select nombre,regalias,ajxvinc_4102 from clientes where cuit = '"_L1 + cuit + "'"_L1, rs))
         return BusquedaDeCliente::NoEncontrado;
     cliente = {cuit, rs.Texto(u"nombre"), rs.Numero(u"regalias"), rs.Numero(u"ajxvinc_4102")};
     return BusquedaDeCliente::Encontrado;
@@ -98,13 +99,12 @@ bool BuscarVendedor(AppContext &ctx, const QString &codigo, QString &nombre,
                     const std::function<void(const QString &)> &agregar) {
     nombre.clear();
     if (codigo.isEmpty()) {
-        ctx.dialogos.advertir(QStringLiteral("Falta Codigo de Vendedor para realizar la busqueda."));
+        ctx.dialogos.advertir(u"Falta Codigo de Vendedor para realizar la busqueda."_s);
         return false;
     }
     if (leerVendedor(ctx, codigo, nombre)) return true;
     if (!ctx.dialogos.preguntar(
-            {QStringLiteral(
-                 "No se encontro este codigo en la lista de VENDEDORES.\r\nDesea AGREGARLO a la lista"),
+            {u"No se encontro este codigo en la lista de VENDEDORES.\r\nDesea AGREGARLO a la lista"_s,
              {},
              Icono::Pregunta,
              false}))
@@ -122,11 +122,10 @@ std::vector<Vendedor> CargarVendedores(AppContext &ctx, OrdenDeVendedores orden)
     std::vector<Vendedor> vendedores;
     Recordset rs;
     if (!Consultar(ctx, personal,
-                   orden == OrdenDeVendedores::Nombre
-                       ? QStringLiteral("select * from vendedor order by nombre")
-                       : QStringLiteral("select * from vendedor order by codigo"),
+                   orden == OrdenDeVendedores::Nombre ? u"select * from vendedor order by nombre"_s
+                                                      : u"select * from vendedor order by codigo"_s,
                    rs)) {
-        ctx.dialogos.informar(QStringLiteral("No hay vendedores en la Base"));
+        ctx.dialogos.informar(u"No hay vendedores en la Base"_s);
         return vendedores;
     }
     vendedores.reserve(static_cast<std::size_t>(rs.RecordCount()));
@@ -144,55 +143,55 @@ QStringList CodigosDeVendedores(const std::vector<Vendedor> &vendedores) {
 
 std::optional<Vendedor> CargarVendedor(AppContext &ctx, const QString &codigo) {
     Recordset rs;
-    if (!Consultar(ctx, personal, L("select * from vendedor where codigo = '") + codigo + L("'"), rs))
+    if (!Consultar(ctx, personal, "select * from vendedor where codigo = '"_L1 + codigo + "'"_L1, rs))
         return {};
     return vendedorDe(rs);
 }
 
 GuardadoDeVendedor GuardarVendedor(AppContext &ctx, const Vendedor &v, bool editando) {
     if (v.codigo.trimmed().isEmpty()) {
-        ctx.dialogos.advertir(QStringLiteral("Falta el código del vendedor, ingréselo para guardar."));
+        ctx.dialogos.advertir(u"Falta el código del vendedor, ingréselo para guardar."_s);
         return GuardadoDeVendedor::FaltaCodigo;
     }
     if (v.nombre.trimmed().isEmpty()) {
-        ctx.dialogos.advertir(QStringLiteral("Falta el nombre del vendedor, ingréselo para guardar."));
+        ctx.dialogos.advertir(u"Falta el nombre del vendedor, ingréselo para guardar."_s);
         return GuardadoDeVendedor::FaltaNombre;
     }
     const QString nombre = DoblarComillas(v.nombre);
     const QString domicilio = DoblarComillas(v.domicilio);
     if (editando) {
         Ejecutar(ctx, personal,
-                 L("update vendedor set nombre = '") + nombre + L("', domicilio = '") + domicilio +
-                     L("', paisdelexportador = '") + v.paisdelexportador + L("' where codigo = '") +
-                     v.codigo + L("'"));
+                 "update vendedor set nombre = '"_L1 + nombre + "', domicilio = '"_L1 + domicilio +
+                     "', paisdelexportador = '"_L1 + v.paisdelexportador + "' where codigo = '"_L1 +
+                     v.codigo + "'"_L1);
         return GuardadoDeVendedor::Guardado;
     }
     Recordset rs;
     if (Consultar(ctx, personal,
-                  L("select count(1) as cont from vendedor where codigo = '") + v.codigo + L("'"), rs) &&
+                  "select count(1) as cont from vendedor where codigo = '"_L1 + v.codigo + "'"_L1, rs) &&
         rs.Numero(u"cont") > 0) {
-        ctx.dialogos.advertir(QStringLiteral("El codigo ya existe.!"));
+        ctx.dialogos.advertir(u"El codigo ya existe.!"_s);
         return GuardadoDeVendedor::CodigoRepetido;
     }
     Ejecutar(ctx, personal,
-             L("insert into vendedor (codigo,nombre,domicilio, paisdelexportador) values ('") + v.codigo +
-                 L("','") + nombre + L("','") + domicilio + L("','") + v.paisdelexportador + L("')"));
-    ctx.dialogos.informar(QStringLiteral("Datos ingresados correctamente."));
+             "insert into vendedor (codigo,nombre,domicilio, paisdelexportador) values ('"_L1 + v.codigo +
+                 "','"_L1 + nombre + "','"_L1 + domicilio + "','"_L1 + v.paisdelexportador + "')"_L1);
+    ctx.dialogos.informar(u"Datos ingresados correctamente."_s);
     return GuardadoDeVendedor::Guardado;
 }
 
 qint64 EliminarVendedor(AppContext &ctx, const QString &codigo) {
-    return Ejecutar(ctx, personal, L("delete from vendedor where codigo = '") + codigo + L("'"));
+    return Ejecutar(ctx, personal, "delete from vendedor where codigo = '"_L1 + codigo + "'"_L1);
 }
 
 std::vector<PaisDeLista> CargarPais(AppContext &ctx) {
     std::vector<PaisDeLista> paises;
     Recordset rs;
-    Consultar(ctx, QStringLiteral("SYSTABLAS"), QStringLiteral("select * from PAIS order by id"), rs);
+    Consultar(ctx, u"SYSTABLAS"_s, u"select * from PAIS order by id"_s, rs);
     paises.reserve(static_cast<std::size_t>(rs.RecordCount()));
     for (; !rs.Eof(); rs.MoveNext()) {
         const QString id = rs.Texto(u"ID");
-        paises.push_back({id, id + L(" - ") + rs.Texto(u"Descripcion")});
+        paises.push_back({id, id + " - "_L1 + rs.Texto(u"Descripcion")});
     }
     return paises;
 }
@@ -200,7 +199,7 @@ std::vector<PaisDeLista> CargarPais(AppContext &ctx) {
 std::vector<Despachante> CargarDespachantes(AppContext &ctx) {
     std::vector<Despachante> despachantes;
     Recordset rs;
-    Consultar(ctx, personal, QStringLiteral("select cuit,nombre from despadu order by nombre"), rs);
+    Consultar(ctx, personal, u"select cuit,nombre from despadu order by nombre"_s, rs);
     for (; !rs.Eof(); rs.MoveNext()) despachantes.push_back({rs.Texto(u"cuit"), rs.Texto(u"nombre")});
     return despachantes;
 }

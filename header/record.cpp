@@ -2,14 +2,16 @@
 
 #include <stdexcept>
 
-#include "assembly/prorationcodes.h"
+#include "frame/base/dates.h"
+#include "frame/base/numbers.h"
 #include "frame/context.h"
-#include "frame/dates.h"
-#include "frame/numbers.h"
 #include "header/fieldrules.h"
 #include "header/invoices.h"
+#include "header/prorationcodes.h"
 #include "header/regime.h"
 #include "header/visibility.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -85,7 +87,7 @@ const std::vector<ColumnaDeCarga> columnas{
     {"fechaembarque", "txtFechaEmbarque", Carga::Fecha},
 };
 
-void cargarColumna(Caratula &c, const Recordset &rs, const ColumnaDeCarga &columna) {
+void cargarColumna(const AppContext &ctx, Caratula &c, const Recordset &rs, const ColumnaDeCarga &columna) {
     const QString nombre = L(columna.columna);
     QString &texto = c[columna.control].texto;
     const QString valor = rs.Texto(nombre);
@@ -94,20 +96,22 @@ void cargarColumna(Caratula &c, const Recordset &rs, const ColumnaDeCarga &colum
             texto = valor;
             break;
         case Carga::Numero:
-            texto = numeros::Format(rs.Numero(nombre), columna.mascara);
+            texto = numeros::Format(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal);
             break;
         case Carga::NoCero:
-            texto = rs.Numero(nombre) != 0 ? numeros::Format(rs.Numero(nombre), columna.mascara) : QString();
+            texto = rs.Numero(nombre) != 0
+                        ? numeros::Format(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal)
+                        : QString();
             break;
         case Carga::SoN:
-            texto = valor == L("S") || valor == L("N") ? valor : QString();
+            texto = valor == "S"_L1 || valor == "N"_L1 ? valor : QString();
             break;
         case Carga::Marca:
-            texto = valor == L("S") ? QStringLiteral("S") : QStringLiteral("N");
+            texto = valor == "S"_L1 ? u"S"_s : u"N"_s;
             break;
         case Carga::Fecha: {
             const auto fecha = fechas::Leer(valor);
-            texto = fecha ? fecha->toString(QStringLiteral("dd/MM/yyyy")) : valor;
+            texto = fecha ? fecha->toString(u"dd/MM/yyyy"_s) : valor;
             break;
         }
         case Carga::SinoVacio:
@@ -222,7 +226,7 @@ Caratula CaratulaVacia(const QString &interno) {
     c.interno = interno;
     for (const DefinicionDeControl &d : ControlesDeCaratula()) {
         ControlDeCaratula control;
-        if (d.tipo == T::Casilla) control.texto = QStringLiteral("N");
+        if (d.tipo == T::Casilla) control.texto = u"N"_s;
         c.controles[QString(L(d.nombre))] = control;
     }
     for (const char *oculto :
@@ -230,36 +234,36 @@ Caratula CaratulaVacia(const QString &interno) {
         c[oculto].visible = false;
     for (const QString &oculto : ControlesDJAI()) c.control(oculto).visible = false;
     c["LstFact"].habilitado = c["ChFacturas"].habilitado = false;
-    c.poner("txtDCStandard", QStringLiteral("N"));
-    c.poner("TxtDCRegalias", QStringLiteral("N"));
+    c.poner("txtDCStandard", u"N"_s);
+    c.poner("TxtDCRegalias", u"N"_s);
     return c;
 }
 
 bool CargarCaratula(AppContext &ctx, Caratula &c) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("INTERNOS"),
-                   L("select * from caratula where interno = '") + c.interno + L("'"), rs)) {
-        ctx.dialogos.advertir(QStringLiteral("No se encontro Interno en base de datos"));
+    if (!Consultar(ctx, u"INTERNOS"_s, "select * from caratula where interno = '"_L1 + c.interno + "'"_L1,
+                   rs)) {
+        ctx.dialogos.advertir(u"No se encontro Interno en base de datos"_s);
         return false;
     }
     for (const ColumnaDeCarga &columna : columnas) {
         const QString nombre = L(columna.control);
-        if (*columna.columna != 0) cargarColumna(c, rs, columna);
+        if (*columna.columna != 0) cargarColumna(ctx, c, rs, columna);
         // A rate that is stored is not filled again from the table of currencies.
         const DefinicionDeControl *d = DefinicionDe(nombre);
-        if (L(d->clave) == L("DIVISAS")) c.divisaVista[nombre] = c.control(nombre).texto;
+        if (L(d->clave) == "DIVISAS"_L1) c.divisaVista[nombre] = c.control(nombre).texto;
         if (!columna.conEnter) continue;
-        if (nombre == L("TxtCUITCliente") && c.control(nombre).texto.isEmpty()) continue;
+        if (nombre == "TxtCUITCliente"_L1 && c.control(nombre).texto.isEmpty()) continue;
         CampoEnter(ctx, c, nombre);
     }
     for (const char *nombre : {"txtDCStandard", "TxtDCRegalias"})
-        if (c.texto(nombre).isEmpty()) c.poner(nombre, QStringLiteral("N"));
+        if (c.texto(nombre).isEmpty()) c.poner(nombre, u"N"_s);
     c.cboOpcionIVA = OpcionIVAIndice(rs.Texto(u"OpcionesIVA"));
     c.cboOpcionesGanancias = OpcionGananciasIndice(rs.Texto(u"OpcionesGanancias"));
     c.totalProrrateado = TotalizarProrrateos(ctx, c.interno);
     RefrescarFacturas(ctx, c);
-    RecalcularDolares(c);
+    RecalcularDolares(ctx, c);
     HabilitarProrrateo(c);
     return true;
 }

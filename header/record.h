@@ -80,7 +80,7 @@ Caratula CaratulaVacia(const QString &interno);
 
 /// CargarCaratula: fills the state in the order of the columns, through the ENTER rules of the coded fields,
 /// with descriptions, visibility, invoices and the total of the proration codes. False with a message when
-/// there is no row. The screen keeps the change flag off meanwhile. Raises ErrorDeStore.
+/// there is no row. The screen keeps the change flag off meanwhile. Raises Falla.
 bool CargarCaratula(AppContext &ctx, Caratula &c);
 
 /// How ESC ended.

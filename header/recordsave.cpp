@@ -1,17 +1,19 @@
 #include <utility>
 
+#include "frame/base/dates.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/dates.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
 #include "header/record.h"
 #include "header/regime.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
+const QString internos = u"INTERNOS"_s;
 
 constexpr qsizetype largoDeFactura1 = 80;
 constexpr qsizetype largoDeDescripcionDJAI = 400;
@@ -43,19 +45,18 @@ struct Revision {
 Fin revisarPartes(Revision &r) {
     if (!r.vacio("TxtCierreVenta") && !fechas::EsFecha(r.c.texto("TxtCierreVenta")))
         return r.mal("TxtCierreVenta",
-                     QStringLiteral("El valor ingresado en el campo CIERRE DE VENTA no es una FECHA valida. "
-                                    "Corrija el Valor o deje vacio el campo."),
+                     u"El valor ingresado en el campo CIERRE DE VENTA no es una FECHA valida. "
+                     "Corrija el Valor o deje vacio el campo."_s,
                      Fin::Queda);
     if (r.vacio("TxtCuitAduana"))
-        return r.mal("TxtCuitAduana", QStringLiteral("Debe ingresar el CUIT de DESPACHANTE"), Fin::Queda);
+        return r.mal("TxtCuitAduana", u"Debe ingresar el CUIT de DESPACHANTE"_s, Fin::Queda);
     if (r.c["Txtidvendedor"].visible && r.vacio("Txtidvendedor") && !EsDeclaracionDJAI(r.c.regimen()))
-        return r.mal("Txtidvendedor", QStringLiteral("Debe seleccionar vendedor"), Fin::Queda);
+        return r.mal("Txtidvendedor", u"Debe seleccionar vendedor"_s, Fin::Queda);
     if (r.c["Txtidcondventa"].visible && r.vacio("Txtidcondventa"))
-        return r.mal("Txtidcondventa", QStringLiteral("Debe ingresar Condición de venta"), Fin::Preguntar);
+        return r.mal("Txtidcondventa", u"Debe ingresar Condición de venta"_s, Fin::Preguntar);
     if (r.ctx.opciones.Responder_Opciones_Obligatorio && r.activo("cboOpcionIVA") &&
         r.activo("cboOpcionesGanancias") && (r.c.cboOpcionIVA < 0 || r.c.cboOpcionesGanancias < 0))
-        return r.mal("cboOpcionIVA", QStringLiteral("Debe seleccionar alguna opción en IVA y Ganancias"),
-                     Fin::Queda);
+        return r.mal("cboOpcionIVA", u"Debe seleccionar alguna opción en IVA y Ganancias"_s, Fin::Queda);
     return Fin::Sigue;
 }
 
@@ -64,9 +65,8 @@ Fin revisarEmbarque(Revision &r) {
     const auto fecha = fechas::Leer(r.c.texto("txtFechaEmbarque"));
     if (!fecha)
         return r.mal("txtFechaEmbarque",
-                     QStringLiteral("Debe ingresar una fecha válida en Fecha de Embarque (dd/mm/yyyy)"),
-                     Fin::Preguntar);
-    r.c.poner("txtFechaEmbarque", fecha->toString(QStringLiteral("dd/MM/yyyy")));
+                     u"Debe ingresar una fecha válida en Fecha de Embarque (dd/mm/yyyy)"_s, Fin::Preguntar);
+    r.c.poner("txtFechaEmbarque", fecha->toString(u"dd/MM/yyyy"_s));
     return Fin::Sigue;
 }
 
@@ -105,21 +105,20 @@ Fin revisarImporte(Revision &r, const Importe &i) {
 
 /// Freight and insurance: an empty one counts as 0, and two regimes declare neither.
 Fin revisarAccesorio(Revision &r, const Importe &i) {
-    if (r.vacio(i.importe)) r.c.poner(i.importe, QStringLiteral("0"));
+    if (r.vacio(i.importe)) r.c.poner(i.importe, u"0"_s);
     return r.sinImportes() ? Fin::Sigue : revisarImporte(r, i);
 }
 
 Fin revisarDJAI(Revision &r) {
     if (!EsDeclaracionDJAI(r.c.regimen())) return Fin::Sigue;
     if (r.activo("txtDJAIFechaArriboAprox") && !fechas::EsFecha(r.c.texto("txtDJAIFechaArriboAprox")))
-        return r.mal("txtDJAIFechaArriboAprox",
-                     QStringLiteral("Fecha de Arribo Aproximado debe tener una fecha válida"), Fin::Queda);
+        return r.mal("txtDJAIFechaArriboAprox", u"Fecha de Arribo Aproximado debe tener una fecha válida"_s,
+                     Fin::Queda);
     if (r.activo("txtDJAIFechaEmbarqueAprox") && !fechas::EsFecha(r.c.texto("txtDJAIFechaEmbarqueAprox")))
         return r.mal("txtDJAIFechaEmbarqueAprox",
-                     QStringLiteral("Fecha de Embarque Aproximado debe tener una fecha válida"), Fin::Queda);
-    if (r.c.texto("chkDJAI_ForzarDescripcionMercaderia") == L("S") && r.vacio("txtDJAI_ForzarDescripcion"))
-        return r.mal("txtDJAI_ForzarDescripcion", QStringLiteral("Debe escribir descripcion de mercaderia"),
-                     Fin::Queda);
+                     u"Fecha de Embarque Aproximado debe tener una fecha válida"_s, Fin::Queda);
+    if (r.c.texto("chkDJAI_ForzarDescripcionMercaderia") == "S"_L1 && r.vacio("txtDJAI_ForzarDescripcion"))
+        return r.mal("txtDJAI_ForzarDescripcion", u"Debe escribir descripcion de mercaderia"_s, Fin::Queda);
     QString descripcion = r.c.texto("txtDJAI_ForzarDescripcion");
     r.c.poner("txtDJAI_ForzarDescripcion", descripcion.replace(QLatin1Char('\''), QLatin1Char(' ')));
     return Fin::Sigue;
@@ -134,8 +133,7 @@ Fin revisar(Revision &r) {
     if (fin == Fin::Sigue) fin = revisarDJAI(r);
     if (fin == Fin::Sigue) fin = revisarAccesorio(r, seguro);
     if (fin == Fin::Sigue && r.c["cboFacilidadPago"].visible && r.vacio("cboFacilidadPago"))
-        return r.mal("cboFacilidadPago", QStringLiteral("Debe seleccionar S/N en Facilidad de Pago"),
-                     Fin::Queda);
+        return r.mal("cboFacilidadPago", u"Debe seleccionar S/N en Facilidad de Pago"_s, Fin::Queda);
     return fin;
 }
 
@@ -153,7 +151,7 @@ class Actualizacion {
         poner(columna, entreComillas(valor(control).replace(QLatin1Char('\''), QLatin1Char(' '))));
     }
     void numero(const char *columna, const char *control, QStringView mascara) {
-        poner(columna, deStore(numeros::Format(valor(control), mascara)));
+        poner(columna, deStore(numeros::Format(valor(control), mascara, ctx_.SeparadorDecimal)));
     }
     /// The column never shown goes back as it came.
     void numeroOculto(const char *columna, const char *control) {
@@ -161,22 +159,21 @@ class Actualizacion {
     }
     void positivo(const char *columna, const char *control, QStringView mascara) {
         const double v = numeros::aNumero(valor(control));
-        poner(columna, deStore(v > 0 ? numeros::Format(v, mascara) : QStringLiteral("0")));
+        poner(columna, deStore(v > 0 ? numeros::Format(v, mascara, ctx_.SeparadorDecimal) : u"0"_s));
     }
     void marca(const char *columna, const char *control) {
-        poner(columna, valor(control) == L("S") ? QStringLiteral("'S'") : QStringLiteral("'N'"));
+        poner(columna, valor(control) == "S"_L1 ? u"'S'"_s : u"'N'"_s);
     }
     void mayusculas(const char *columna, const char *control) {
         poner(columna, entreComillas(valor(control).toUpper()));
     }
     void fecha(const char *columna, const char *control) {
         const auto dia = fechas::Leer(valor(control));
-        poner(columna, dia ? ctx_.DataManager.getDateFormatbyEntity(internos, dia->startOfDay())
-                           : QStringLiteral("null"));
+        poner(columna, dia ? ctx_.DataManager.getDateFormatbyEntity(internos, dia->startOfDay()) : u"null"_s);
     }
     void poner(const char *columna, const QString &valorSql) {
         if (!partes_.isEmpty()) partes_ += QLatin1Char(',');
-        partes_ += L(columna) + L(" = ") + valorSql;
+        partes_ += L(columna) + " = "_L1 + valorSql;
     }
     /// What a control writes: a hidden one writes empty, and so 0 as a number.
     QString valor(const char *control) const {
@@ -187,7 +184,7 @@ class Actualizacion {
         return QLatin1Char('\'') + texto + QLatin1Char('\'');
     }
     QString sentencia() const {
-        return L("update caratula set ") + partes_ + L(" where interno = '") + c_.interno + L("'");
+        return "update caratula set "_L1 + partes_ + " where interno = '"_L1 + c_.interno + "'"_L1;
     }
 
  private:
@@ -284,17 +281,17 @@ qint64 escribir(AppContext &ctx, const Caratula &c) {
     ponerDatosComunes(a, c);
     ponerDJAI(a, c);
     const QString embarque = a.valor("txtFechaEmbarque").trimmed();
-    a.poner("fechaembarque", embarque.isEmpty() ? QStringLiteral("null") : a.entreComillas(embarque));
+    a.poner("fechaembarque", embarque.isEmpty() ? u"null"_s : a.entreComillas(embarque));
     a.texto("anexo_vendedor", "txtAnexo_Vendedor");
     return Ejecutar(ctx, internos, a.sentencia());
 }
 
 /// The last check, on every road out of the screen.
 SalidaDeCaratula salir(AppContext &ctx, const Caratula &c, bool guardada) {
-    const bool exportacion = Left(c.regimen(), 2).compare(L("EC"), Qt::CaseInsensitive) == 0;
+    const bool exportacion = Left(c.regimen(), 2).compare("EC"_L1, Qt::CaseInsensitive) == 0;
     if (c["TxtFactura"].activo() && c.LstFact.isEmpty() && !exportacion) {
-        ctx.dialogos.advertir(QStringLiteral("Faltan Facturas."));
-        return {false, guardada, QStringLiteral("TxtFactura")};
+        ctx.dialogos.advertir(u"Faltan Facturas."_s);
+        return {false, guardada, u"TxtFactura"_s};
     }
     return {true, guardada, {}};
 }
@@ -323,19 +320,17 @@ SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c) {
         const Fin fin = revisar(revision);
         if (fin == Fin::Queda) return {false, false, revision.foco};
         if (fin == Fin::Preguntar)
-            return salirPreguntando(ctx, c,
-                                    QStringLiteral("desea SALIR de la caratula, sin guardar la información?"),
+            return salirPreguntando(ctx, c, u"desea SALIR de la caratula, sin guardar la información?"_s,
                                     revision.foco);
         seccion = 13;  // the number of the step in hand, for the error's box
         if (escribir(ctx, c) == 0)
-            return salirPreguntando(
-                ctx, c, QStringLiteral("Los datos no pueden ser guardados, desea SALIR de caratula?"), {});
+            return salirPreguntando(ctx, c, u"Los datos no pueden ser guardados, desea SALIR de caratula?"_s,
+                                    {});
         return salir(ctx, c, true);
-    } catch (const ErrorDeStore &e) {
-        ctx.dialogos.critico(
-            QString::number(e.numero) +
-            QStringLiteral(" - seccion[ZENDRA.FrmCaratula.CmdGuardar Linea %1 ]::").arg(seccion) +
-            e.descripcion);
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(QString::number(e.numero) +
+                             u" - seccion[ZENDRA.FrmCaratula.CmdGuardar Linea %1 ]::"_s.arg(seccion) +
+                             e.descripcion);
         return {false, false, {}};
     }
 }

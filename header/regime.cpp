@@ -5,6 +5,8 @@
 
 #include "frame/context.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <std::size_t N>
@@ -14,36 +16,36 @@ bool esta(const std::array<QLatin1String, N> &lista, QStringView codigo) {
 
 using L = QLatin1String;
 
-const std::array<L, 17> temporales{L("IT01"), L("IT03"), L("IT04"), L("IT05"), L("IT06"), L("IT07"),
-                                   L("IT11"), L("IT13"), L("IT14"), L("IT15"), L("IT16"), L("IT17"),
-                                   L("ET01"), L("ET02"), L("ETA1"), L("ETE1"), L("ETE2")};
+const std::array<L, 17> temporales{"IT01"_L1, "IT03"_L1, "IT04"_L1, "IT05"_L1, "IT06"_L1, "IT07"_L1,
+                                   "IT11"_L1, "IT13"_L1, "IT14"_L1, "IT15"_L1, "IT16"_L1, "IT17"_L1,
+                                   "ET01"_L1, "ET02"_L1, "ETA1"_L1, "ETE1"_L1, "ETE2"_L1};
 
 // RnaE06 is spelled in mixed case, and only so.
-const std::array<L, 23> conInsumos{L("EC02"), L("EC03"), L("EC04"), L("EC05"), L("EC06"), L("EC16"),
-                                   L("EG02"), L("EG03"), L("IC81"), L("IC82"), L("IC83"), L("DIR6"),
-                                   L("IC06"), L("IC26"), L("IC36"), L("IG06"), L("IT06"), L("RnaE06"),
-                                   L("TG06"), L("TG16"), L("TR06"), L("MARE"), L("IDT4")};
+const std::array<L, 23> conInsumos{"EC02"_L1, "EC03"_L1, "EC04"_L1, "EC05"_L1, "EC06"_L1, "EC16"_L1,
+                                   "EG02"_L1, "EG03"_L1, "IC81"_L1, "IC82"_L1, "IC83"_L1, "DIR6"_L1,
+                                   "IC06"_L1, "IC26"_L1, "IC36"_L1, "IG06"_L1, "IT06"_L1, "RnaE06"_L1,
+                                   "TG06"_L1, "TG16"_L1, "TR06"_L1, "MARE"_L1, "IDT4"_L1};
 
 const std::array<L, 42> conSolapa{
-    L("EC02"), L("EC04"), L("EC06"), L("EC07"), L("EC08"), L("EC09"), L("ECR1"), L("ECR2"), L("EG02"),
-    L("EG07"), L("ET01"), L("ET02"), L("ETA1"), L("ETE1"), L("ETE2"), L("IC31"), L("IC33"), L("IC34"),
-    L("IC35"), L("IC41"), L("IC44"), L("IC45"), L("IC83"), L("ICR1"), L("ICR2"), L("ICR3"), L("ICR4"),
-    L("ICRF"), L("IG34"), L("IG35"), L("IG83"), L("RR01"), L("ZFE1"), L("ZFE2"), L("ZFE3"), L("ZFE4"),
-    L("ZFE5"), L("ZFE6"), L("ZFER"), L("ZFET"), L("ZFRE"), L("ZFTR")};
+    "EC02"_L1, "EC04"_L1, "EC06"_L1, "EC07"_L1, "EC08"_L1, "EC09"_L1, "ECR1"_L1, "ECR2"_L1, "EG02"_L1,
+    "EG07"_L1, "ET01"_L1, "ET02"_L1, "ETA1"_L1, "ETE1"_L1, "ETE2"_L1, "IC31"_L1, "IC33"_L1, "IC34"_L1,
+    "IC35"_L1, "IC41"_L1, "IC44"_L1, "IC45"_L1, "IC83"_L1, "ICR1"_L1, "ICR2"_L1, "ICR3"_L1, "ICR4"_L1,
+    "ICRF"_L1, "IG34"_L1, "IG35"_L1, "IG83"_L1, "RR01"_L1, "ZFE1"_L1, "ZFE2"_L1, "ZFE3"_L1, "ZFE4"_L1,
+    "ZFE5"_L1, "ZFE6"_L1, "ZFER"_L1, "ZFET"_L1, "ZFRE"_L1, "ZFTR"_L1};
 
 struct Opcion {
     QLatin1String codigo;
     const char16_t *texto;
 };
-const std::array<Opcion, 4> opcionesIVA{{{L("NOCONTESTA"), u"<No contestar>"},
-                                         {L("NO_VALIDA"), u"Ninguno"},
-                                         {L("IVAAD1"), u"Uso o Consumo Particular"},
-                                         {L("IVAAD2"), u"Importación definitiva de cosas muebles"}}};
-const std::array<Opcion, 5> opcionesGanancias{{{L("NOCONTESTA"), u"<No contestar>"},
-                                               {L("NO_VALIDA"), u"Ninguno"},
-                                               {L("COMERC"), u"Comercial"},
-                                               {L("BDEUSO"), u"Bien de Uso"},
-                                               {L("USOPAR"), u"Uso Particular"}}};
+const std::array<Opcion, 4> opcionesIVA{{{"NOCONTESTA"_L1, u"<No contestar>"},
+                                         {"NO_VALIDA"_L1, u"Ninguno"},
+                                         {"IVAAD1"_L1, u"Uso o Consumo Particular"},
+                                         {"IVAAD2"_L1, u"Importación definitiva de cosas muebles"}}};
+const std::array<Opcion, 5> opcionesGanancias{{{"NOCONTESTA"_L1, u"<No contestar>"},
+                                               {"NO_VALIDA"_L1, u"Ninguno"},
+                                               {"COMERC"_L1, u"Comercial"},
+                                               {"BDEUSO"_L1, u"Bien de Uso"},
+                                               {"USOPAR"_L1, u"Uso Particular"}}};
 
 template <std::size_t N>
 QString codigoDe(const std::array<Opcion, N> &opciones, int indice) {
@@ -69,47 +71,44 @@ int indiceDe(const std::array<Opcion, N> &opciones, const QString &codigo) {
 QString DireccionRegimen(AppContext &ctx, const QString &codigo) {
     if (codigo.isEmpty()) return {};
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("SYSTABLAS"),
-                   QStringLiteral("select cstaimpexp from sta where id = '") + codigo + QStringLiteral("'"),
-                   rs))
+    if (!Consultar(ctx, u"SYSTABLAS"_s, u"select cstaimpexp from sta where id = '"_s + codigo + u"'"_s, rs))
         return {};
     return rs.Texto(u"cstaimpexp");
 }
 
 bool EsIC0oIG(QStringView codigo) {
-    return Left(codigo, 3) == L("IC0") || Left(codigo, 2) == L("IG");
+    return Left(codigo, 3) == "IC0"_L1 || Left(codigo, 2) == "IG"_L1;
 }
 bool EsTransito(QStringView codigo) {
-    return Left(codigo, 2) == L("TR");
+    return Left(codigo, 2) == "TR"_L1;
 }
 bool EsExportacionConsumo(QStringView codigo) {
-    return Left(codigo, 2) == L("EC") || Left(codigo, 2) == L("EG");
+    return Left(codigo, 2) == "EC"_L1 || Left(codigo, 2) == "EG"_L1;
 }
 bool EsDirectoOZona(QStringView codigo) {
-    return Left(codigo, 3) == L("DIR") || Left(codigo, 3) == L("IG0") || Left(codigo, 3) == L("ZFE");
+    return Left(codigo, 3) == "DIR"_L1 || Left(codigo, 3) == "IG0"_L1 || Left(codigo, 3) == "ZFE"_L1;
 }
 bool PreguntaOpcionesImpositivas(QStringView codigo) {
-    return Left(codigo, 1) == L("I") || Left(codigo, 4) == L("LAPI") || Left(codigo, 4) == L("DJAI");
+    return Left(codigo, 1) == "I"_L1 || Left(codigo, 4) == "LAPI"_L1 || Left(codigo, 4) == "DJAI"_L1;
 }
 bool EsDeclaracionDJAI(QStringView codigo) {
-    return codigo == L("DJAI");
+    return codigo == "DJAI"_L1;
 }
 bool EsDeclaracionLAPI(QStringView codigo) {
-    return codigo == L("LAPI");
+    return codigo == "LAPI"_L1;
 }
 bool EsEC16(QStringView codigo) {
-    return codigo == L("EC16");
+    return codigo == "EC16"_L1;
 }
 
 bool RegimenUsaHojaValor(QStringView codigo) {
     const QStringView uno = Left(codigo, 1);
-    if (uno == L("I") || uno == L("T") || uno == L("D") || uno == L("R") || codigo == L("LAPI")) return true;
-    return Left(codigo, 2) == L("ZF") && Left(codigo, 4) != L("ZFTR") && Left(codigo, 4) != L("ZFRE");
+    if (uno == "I"_L1 || uno == "T"_L1 || uno == "D"_L1 || uno == "R"_L1 || codigo == "LAPI"_L1) return true;
+    return Left(codigo, 2) == "ZF"_L1 && Left(codigo, 4) != "ZFTR"_L1 && Left(codigo, 4) != "ZFRE"_L1;
 }
 
 QString TipoDeclaracion(QStringView codigo) {
-    return Left(codigo, 2).compare(L("TG"), Qt::CaseInsensitive) == 0 ? QStringLiteral("T")
-                                                                      : QStringLiteral("P");
+    return Left(codigo, 2).compare("TG"_L1, Qt::CaseInsensitive) == 0 ? u"T"_s : u"P"_s;
 }
 
 bool EsRegimenTemporal(QStringView codigo) {
@@ -142,17 +141,17 @@ int OpcionGananciasIndice(const QString &codigo) {
 }
 
 bool SufijoContieneArticulo(const QString &posicion, const QString &sufijos, const QString &articulo) {
-    static const std::array<L, 8> automotrices{L("8407"), L("8408"), L("8701"), L("8702"),
-                                               L("8703"), L("8704"), L("8706"), L("8707")};
-    if (posicion == L("8409.91.12.100G") || posicion == L("8409.99.12.100C") ||
+    static const std::array<L, 8> automotrices{"8407"_L1, "8408"_L1, "8701"_L1, "8702"_L1,
+                                               "8703"_L1, "8704"_L1, "8706"_L1, "8707"_L1};
+    if (posicion == "8409.91.12.100G"_L1 || posicion == "8409.99.12.100C"_L1 ||
         esta(automotrices, QStringView(posicion).left(4)))
         return true;
     QString valor = articulo;
     for (const char marca : {'-', '(', ')'}) valor.replace(QLatin1Char(marca), QLatin1Char(' '));
-    while (valor.contains(L("  "))) valor.replace(L("  "), L(" "));
+    while (valor.contains("  "_L1)) valor.replace("  "_L1, " "_L1);
     valor = valor.trimmed().toUpper();
     const QString texto = sufijos.toUpper();
-    return texto.contains(L("AI(") + valor + L(")")) || texto.contains(L("AB(") + valor + L(")"));
+    return texto.contains("AI("_L1 + valor + ")"_L1) || texto.contains("AB("_L1 + valor + ")"_L1);
 }
 
 QString NormalizarTexto(const QString &texto) {

@@ -7,7 +7,7 @@
 struct AppContext;
 
 /// `cstaimpexp` of the code in the table sta: "I" or "E"; empty for a missing row, a null, or an empty code
-/// (which sends nothing to the store). Raises ErrorDeStore.
+/// (which sends nothing to the store). Raises Falla.
 QString DireccionRegimen(AppContext &ctx, const QString &codigo);
 
 bool EsIC0oIG(QStringView codigo);

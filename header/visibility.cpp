@@ -3,6 +3,8 @@
 #include "frame/context.h"
 #include "header/regime.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -61,21 +63,20 @@ void mostrarDJAI(Caratula &c, const QString &regimen) {
 }  // namespace
 
 const QStringList &ControlesDJAI() {
-    static const QStringList nombres{
-        QStringLiteral("txtDJAIFechaEmbarqueAprox"), QStringLiteral("txtDJAIFechaArriboAprox"),
-        QStringLiteral("chkDJAI_ForzarDescripcionMercaderia"), QStringLiteral("txtDJAI_ForzarDescripcion")};
+    static const QStringList nombres{u"txtDJAIFechaEmbarqueAprox"_s, u"txtDJAIFechaArriboAprox"_s,
+                                     u"chkDJAI_ForzarDescripcionMercaderia"_s,
+                                     u"txtDJAI_ForzarDescripcion"_s};
     return nombres;
 }
 
 std::optional<QStringList> ControlesQueQuita(AppContext &ctx, const QString &regimen) {
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("USUARIO"),
-                   L("select * from dest where subreg = '") + regimen + L("'"), rs))
+    if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = '"_L1 + regimen + "'"_L1, rs))
         return {};
     QStringList quita;
     for (int n = 0; n < rs.columnas(); ++n) {
         const QString nombre = rs.nombreDeColumna(n);
-        if (nombre.compare(L("subreg"), Qt::CaseInsensitive) != 0 && rs.Texto(nombre).trimmed() == L("x"))
+        if (nombre.compare("subreg"_L1, Qt::CaseInsensitive) != 0 && rs.Texto(nombre).trimmed() == "x"_L1)
             quita << nombre;
     }
     return quita;
@@ -114,7 +115,7 @@ void MostrarRegimen(Caratula &c, const QString &regimen, const std::optional<QSt
 }
 
 void MostrarDireccion(Caratula &c) {
-    const bool exporta = c.cstaimpexp == L("E");
+    const bool exporta = c.cstaimpexp == "E"_L1;
     mostrarYHabilitar(c, "txtDCBancos");
     for (const char *nombre : {"TxtAduana2", "TxtIdpais", "txtDCComiExt"})
         mostrarYHabilitar(c, nombre, exporta);
@@ -126,7 +127,7 @@ void MostrarDireccion(Caratula &c) {
     }
     mostrarYHabilitar(c, "txtFechaEmbarque", !exporta);
     const QString &regimen = c.regimen();
-    if (Left(regimen, 3) == L("DIR") || Left(regimen, 3) == L("IG0")) mostrar(c, "txtDCBancos");
+    if (Left(regimen, 3) == "DIR"_L1 || Left(regimen, 3) == "IG0"_L1) mostrar(c, "txtDCBancos");
     mostrarDJAI(c, regimen);
 }
 

@@ -8,7 +8,7 @@
 #include "header/record.h"
 
 /// The columns of the regime's row of `dest` that hold "x", in the row's order: the controls it drops.
-/// Nothing when the regime has no row. Raises ErrorDeStore.
+/// Nothing when the regime has no row. Raises Falla.
 std::optional<QStringList> ControlesQueQuita(AppContext &ctx, const QString &regimen);
 
 /// Mostrar, as a pure rule: what the regime shows, given what its row of `dest` drops. Without a row all
@@ -19,7 +19,7 @@ void MostrarRegimen(Caratula &c, const QString &regimen, const std::optional<QSt
 /// What ENTER on the regime adds behind Mostrar, by the direction letter.
 void MostrarDireccion(Caratula &c);
 
-/// Mostrar(regimen) with the row read from the store. Raises ErrorDeStore.
+/// Mostrar(regimen) with the row read from the store. Raises Falla.
 void Mostrar(AppContext &ctx, Caratula &c, const QString &regimen);
 
 /// The controls of a DJAI.

@@ -4,11 +4,13 @@
 #include <array>
 #include <cmath>
 
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
 #include "header/automotive.h"
 #include "header/regime.h"
+
+using namespace Qt::StringLiterals;
 
 using numeros::PorcentajeRedondeado;
 using numeros::redondear;
@@ -30,16 +32,16 @@ constexpr std::array<int, 129> paisesConTope{
 const L china("310");
 const L si("S");
 
-const QString desbordamiento = QStringLiteral("Desbordamiento");
-const QString divisionPorCero = QStringLiteral("División por cero");
+const QString desbordamiento = u"Desbordamiento"_s;
+const QString divisionPorCero = u"División por cero"_s;
 
 }  // namespace
 
 QString ZonaDePais(const QString &codigo) {
     const QString limpio = codigo.trimmed();
     if (limpio.isEmpty()) return {};
-    if (limpio == L("225") || limpio == L("221")) return QStringLiteral("M");
-    return limpio == L("203") ? QStringLiteral("B") : QStringLiteral("E");
+    if (limpio == "225"_L1 || limpio == "221"_L1) return u"M"_s;
+    return limpio == "203"_L1 ? u"B"_s : u"E"_s;
 }
 
 bool PaisConTopeArancelario(const QString &codigo) {
@@ -61,12 +63,12 @@ void ClassLiquidacion::fijarNcmDerechoAdicional(const QString &tasa) {
     derechoAdicional_ = numeros::aNumero(tasa);
 }
 
-QString ClassLiquidacion::Obtener_Sep_Decim() {
-    return QString(numeros::separadorDecimal());
+QString ClassLiquidacion::Obtener_Sep_Decim() const {
+    return QString(ctx_.SeparadorDecimal);
 }
 
-QString ClassLiquidacion::ReemplazarSeparadorDecimal(QString &texto) {
-    return ::ReemplazarSeparadorDecimal(texto);
+QString ClassLiquidacion::ReemplazarSeparadorDecimal(QString &texto) const {
+    return ::ReemplazarSeparadorDecimal(texto, ctx_.SeparadorDecimal);
 }
 
 void ClassLiquidacion::avisar(const QString &descripcion) const {
@@ -114,7 +116,7 @@ void ClassLiquidacion::CalcularDerechos(double porcentaje) {
         importeEspecifico_ = especifico;
         return;
     }
-    if (ZonaDePais(ItemIdPais) != L("E")) {
+    if (ZonaDePais(ItemIdPais) != "E"_L1) {
         NcmDerechodeImportacionExtrazona = 0;
         return;
     }
@@ -147,7 +149,7 @@ void ClassLiquidacion::aplicarReglaBrasil() {
 }
 
 void ClassLiquidacion::sumarConRegimenAutomotriz(const QString &zona) {
-    if (zona == L("B")) {
+    if (zona == "B"_L1) {
         aplicarReglaBrasil();
         return;
     }
@@ -157,9 +159,9 @@ void ClassLiquidacion::sumarConRegimenAutomotriz(const QString &zona) {
 }
 
 void ClassLiquidacion::sumarDerechos() {
-    if (CalculoAEC == L("R")) {
+    if (CalculoAEC == "R"_L1) {
         const QString zona = ZonaDePais(ItemIdPais);
-        if (zona != L("M") && ncm_AEC == L("*")) {
+        if (zona != "M"_L1 && ncm_AEC == "*"_L1) {
             sumarConRegimenAutomotriz(zona);
         } else if (!ItemLISTA_MERCOSUR) {
             if (importeDIEM_ == 0)
@@ -169,7 +171,7 @@ void ClassLiquidacion::sumarDerechos() {
         }
         return;
     }
-    if (CalculoAEC == L("P")) return;
+    if (CalculoAEC == "P"_L1) return;
     if (es314()) {
         aplicarReglaBrasil();
     } else if (!ItemLISTA_MERCOSUR) {
@@ -188,9 +190,9 @@ void ClassLiquidacion::CalcularBaseIVA() {
     if (ItemMineria) NcmDerechodeImportacionExtrazona = NcmTasaEstadistica = 0;
     CalcularDerechos(NcmDerechodeImportacionExtrazona);
     CalculoAEC = LeerAEC(ctx_, interno_);
-    if (CalculoAEC.isEmpty() && ncm_AEC == L("*")) {
+    if (CalculoAEC.isEmpty() && ncm_AEC == "*"_L1) {
         PreguntarRegimenAutomotriz(ctx_, interno_);
-        CalculoAEC = LeerAEC(ctx_, interno_, QStringLiteral("N"));
+        CalculoAEC = LeerAEC(ctx_, interno_, u"N"_s);
     }
     baseIVAAdicional_ = derechoAutomotriz_ = 0;
     sumarDerechos();
@@ -200,9 +202,9 @@ void ClassLiquidacion::CalcularBaseIVA() {
         if (ncmMineriaTasaLey > 0 && ItemMineria) baseIVA_ += porcentajeDe(ncmMineriaTasaLey);
     }
     const MotivoDecreto &d = ctx_.decreto;
-    if (d.d1439_96 == si || d.d1439_96A1 == si || CaratulaSubRegimen == L("IC81"))
+    if (d.d1439_96 == si || d.d1439_96A1 == si || CaratulaSubRegimen == "IC81"_L1)
         baseIVA_ += porcentajeDe(derechoAdicional_);
-    if ((d.d1330_04A6 == si || d.d1330_04A7 == si || d.d1330_04A8 == si) && CaratulaSubRegimen == L("IT14"))
+    if ((d.d1330_04A6 == si || d.d1330_04A7 == si || d.d1330_04A8 == si) && CaratulaSubRegimen == "IT14"_L1)
         baseIVA_ += porcentajeDe(derechoAdicional_);
     if (!std::isfinite(baseIVA_) || !std::isfinite(baseIVAAdicional_)) {
         baseIVA_ = 0;
@@ -222,7 +224,7 @@ double ClassLiquidacion::ObtenerBaseIVA() {
 }
 
 double ClassLiquidacion::tasaIVA(const QString &porcentaje) const {
-    if (porcentaje != L("Vacio")) return numeros::aNumero(porcentaje);
+    if (porcentaje != "Vacio"_L1) return numeros::aNumero(porcentaje);
     if (ncmExencionReduccionIVA == 0) return 0;
     return ncmExencionReduccionIVA == 1 ? ctx_.opciones.IVARNI : ctx_.opciones.IVARIN;
 }
@@ -249,13 +251,13 @@ void ClassLiquidacion::GetMarcaImpuestosInternos(const QString &ncm) {
     impInternoTasaNominal_ = impInternoTasaEfectiva_ = 0;
     try {
         Recordset rs;
-        if (!Consultar(ctx_, QStringLiteral("USUARIO"),
-                       L("select decreto, tasa_nominal from impuestos_internos where ncm = '") + ncm + L("'"),
+        if (!Consultar(ctx_, u"USUARIO"_s,
+                       "select decreto, tasa_nominal from impuestos_internos where ncm = '"_L1 + ncm + "'"_L1,
                        rs))
             return;
         impInternoDecreto_ = rs.Texto(u"decreto").trimmed();
         impInternoTasaNominal_ = rs.Numero(u"tasa_nominal");
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         avisar(e.descripcion);
     }
 }

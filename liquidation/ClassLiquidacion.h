@@ -96,7 +96,7 @@ class ClassLiquidacion {
     /// The total of a concept. `porcentaje` "Vacio" asks for its default, and may be replaced; `valor` is not
     /// used; `base` goes in and out; a `baseManual` other than 0 lets `base` stand; `sinCoeficiente` leaves
     /// the export coefficient out of concept 020. ObtenerLqPorc tells the percentage to keep. Concepts 601
-    /// and 611 set AppContext::LiquidacionPendiente. Raises ErrorDeStore on an overflow and on a division by
+    /// and 611 set AppContext::LiquidacionPendiente. Raises Falla on an overflow and on a division by
     /// zero (020 with a rate of -100 and a coefficient to be worked out, 417 with a nominal rate of 100).
     double ObtenerValorConcepto(const QString &concepto, QString &porcentaje, double valor, double &base,
                                 const QString &porcentajeB, double baseManual, bool sinCoeficiente);
@@ -111,9 +111,9 @@ class ClassLiquidacion {
     /// none.
     void GetMarcaImpuestosInternos(const QString &ncm);
 
-    static QString Obtener_Sep_Decim();
-    static QString ObtenerDecimal() { return Obtener_Sep_Decim(); }
-    static QString ReemplazarSeparadorDecimal(QString &texto);
+    QString Obtener_Sep_Decim() const;
+    QString ObtenerDecimal() const { return Obtener_Sep_Decim(); }
+    QString ReemplazarSeparadorDecimal(QString &texto) const;
 
     /// The band of the last base seen: 1 to 79999, 2 from 80000 to 99999, 3 from 100000; in the gaps between
     /// them it keeps what it was.

@@ -9,7 +9,9 @@
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
-#include "operations/consistency.h"
+#include "liquidation/consistency.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,7 +33,7 @@ void ponerFila(QTableWidget *grilla, int fila, const std::vector<Celda> &celdas)
     for (const Celda &celda : celdas) estilo::PonerCelda(grilla, fila, columna++, celda.texto, celda.numero);
 }
 
-const QStringList cero{QStringLiteral("0")};
+const QStringList cero{u"0"_s};
 
 }  // namespace
 
@@ -42,20 +44,13 @@ FrmVerItem::FrmVerItem() : ventana(HacerDialogo()) {
 }
 
 void FrmVerItem::Form_Load() {
-    estilo::PrepararGrilla(ui.GrdLiq,
-                           {QStringLiteral("Nro"), QStringLiteral("Concepto"), QStringLiteral("Porc. %"),
-                            QStringLiteral("Base Imp."), QStringLiteral("Total"), QStringLiteral("PGC"),
-                            QStringLiteral("Motivo")});
-    estilo::PrepararGrilla(ui.LstV,
-                           {QStringLiteral("Artículo"), QStringLiteral("NCM"), QStringLiteral("Descripción"),
-                            QStringLiteral("Unidad"), QStringLiteral("Cantidad"), QStringLiteral("Unitario"),
-                            QStringLiteral("FOB"), QStringLiteral("Sufijos"), QStringLiteral("Est."),
-                            QStringLiteral("Cant. est.")});
-    estilo::PrepararGrilla(ui.GridInf, {QStringLiteral("Info"), QStringLiteral("Valor")});
-    estilo::PrepararGrilla(
-        ui.lstVCancel,
-        {QStringLiteral("DIT"), QStringLiteral("Item"), QStringLiteral("SubItem"), QStringLiteral("NCM"),
-         QStringLiteral("Expediente"), QStringLiteral("Cantidad"), QStringLiteral("Factor")});
+    estilo::PrepararGrilla(ui.GrdLiq, {u"Nro"_s, u"Concepto"_s, u"Porc. %"_s, u"Base Imp."_s, u"Total"_s,
+                                       u"PGC"_s, u"Motivo"_s});
+    estilo::PrepararGrilla(ui.LstV, {u"Artículo"_s, u"NCM"_s, u"Descripción"_s, u"Unidad"_s, u"Cantidad"_s,
+                                     u"Unitario"_s, u"FOB"_s, u"Sufijos"_s, u"Est."_s, u"Cant. est."_s});
+    estilo::PrepararGrilla(ui.GridInf, {u"Info"_s, u"Valor"_s});
+    estilo::PrepararGrilla(ui.lstVCancel, {u"DIT"_s, u"Item"_s, u"SubItem"_s, u"NCM"_s, u"Expediente"_s,
+                                           u"Cantidad"_s, u"Factor"_s});
 }
 
 void FrmVerItem::Conectar() {
@@ -91,15 +86,14 @@ void FrmVerItem::Conectar() {
 void FrmVerItem::Mostrar(const QString &interno) {
     AppContext &ctx = Contexto();
     interno_ = interno;
-    ventana->setWindowTitle(QStringLiteral("Items y liquidación - Operación ") + interno);
+    ventana->setWindowTitle(u"Items y liquidación - Operación "_s + interno);
     calculo_ = std::make_unique<ClassLiquidacion>(ctx, interno);
     ventana->setModal(true);
     ui.sTab->setCurrentIndex(liquidacion);
     MostrarVentana(ventana.get());
     Manejar(ctx, [&] { items_ = ItemsDeOperacion(ctx, interno); });
     ui.Scr->setRange(0, std::max(0, static_cast<int>(items_.size()) - 1));
-    ui.lbCantidadItems->setText(
-        QStringLiteral("de %1").arg(std::max(0, static_cast<int>(items_.size()) - 1)));
+    ui.lbCantidadItems->setText(u"de %1"_s.arg(std::max(0, static_cast<int>(items_.size()) - 1)));
     VerDetalle(items_.value(0, cero.first()));
     ElegirSolapa(liquidacion);
 }
@@ -127,8 +121,7 @@ void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion) {
     ui.TxtItem->setText(vista.item);
     if (ui.TxtItem->hasFocus()) ui.TxtItem->selectAll();
     for (const auto &[control, texto] : vista.campos) {
-        const bool deLiquidacion =
-            control == QLatin1String("LbBaseImp") || control == QLatin1String("LbBaseIVA");
+        const bool deLiquidacion = control == "LbBaseImp"_L1 || control == "LbBaseIVA"_L1;
         if (deLiquidacion && !conLiquidacion) continue;
         if (auto *campo = ventana->findChild<QLineEdit *>(control)) {
             campo->setText(texto);
@@ -138,8 +131,7 @@ void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion) {
         }
     }
     const bool deOperacion = vista.item == cero.first();
-    ui.lbNCM->setText(deOperacion ? QStringLiteral("Operación completa")
-                                  : vista.campo(QStringLiteral("LbPos")));
+    ui.lbNCM->setText(deOperacion ? u"Operación completa"_s : vista.campo(u"LbPos"_s));
     ui.lbAutoliq->setVisible(vista.lbAutoliq);
     ui.LbLapi->setVisible(vista.LbLapi);
     ui.lbCancelacion->setVisible(vista.esCancelacion);
@@ -260,9 +252,9 @@ void FrmVerItem::Form_Escape() {
     if (enCorrida_) return;
     AppContext &ctx = Contexto();
     if (ctx.LiquidacionPendiente) {
-        ctx.dialogos.advertir(QStringLiteral(
-            "Se modifico algun concepto de liquidación, \r\ndebe ir al item 0 (cero) para calcular y "
-            "actualizar los totales."));
+        ctx.dialogos.advertir(
+            u"Se modifico algun concepto de liquidación, \r\ndebe ir al item 0 (cero) para calcular y "
+            "actualizar los totales."_s);
         return;
     }
     const auto despues = std::move(alCerrar);

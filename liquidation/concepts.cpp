@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/numbers.h"
 #include "liquidation/ClassLiquidacion.h"
+
+using namespace Qt::StringLiterals;
 
 using numeros::aNumero;
 using numeros::PorcentajeRedondeado;
@@ -15,23 +18,21 @@ namespace {
 
 using L = QLatin1String;
 
-const QString cero = QStringLiteral("0");
+const QString cero = u"0"_s;
 
 bool esVacio(const QString &texto) {
-    return texto == L("Vacio");
+    return texto == "Vacio"_L1;
 }
 
 /// A rate as the platform writes it: the workstation's separator.
-QString comoTexto(double numero) {
+QString comoTexto(double numero, QChar separador) {
     QString texto = numeros::aTexto(numero);
-    if (numeros::separadorDecimal() != QLatin1Char('.'))
-        texto.replace(QLatin1Char('.'), numeros::separadorDecimal());
-    return texto;
+    return ReemplazarSeparadorDecimal(texto, separador);
 }
 
 /// A fault inside a rule has no handler here: it reaches the routine that asked for the concept.
 [[noreturn]] void fallar(int numero, const char *descripcion) {
-    throw ErrorDeStore{numero, QStringLiteral("ClassLiquidacion"), QString::fromUtf8(descripcion), {}};
+    throw Falla{numero, u"ClassLiquidacion"_s, QString::fromUtf8(descripcion), {}};
 }
 [[noreturn]] void divisionPorCero() {
     fallar(11, "División por cero");
@@ -53,7 +54,7 @@ struct Conceptos {
     /// The rate; "Vacio" takes `defecto` first.
     double tasa(double defecto) {
         if (!esVacio(porcentaje)) return aNumero(porcentaje);
-        porcentaje = comoTexto(defecto);
+        porcentaje = comoTexto(defecto, c.ctx_.SeparadorDecimal);
         return defecto;
     }
     double nada() {
@@ -95,7 +96,7 @@ struct Conceptos {
     // 415 and 852: VAT, on its own base or on that of the automotive rule.
     double iva(double baseDelConcepto) {
         const double t = c.tasaIVA(porcentaje);
-        porcentaje = comoTexto(t);
+        porcentaje = comoTexto(t, c.ctx_.SeparadorDecimal);
         return sobre(manual() ? base : baseDelConcepto, t);
     }
 
@@ -119,7 +120,7 @@ struct Conceptos {
         return t;
     }
     double ganancias() {
-        if (!manual() && c.CaratulaSubRegimen == L("IT04")) porcentaje = QStringLiteral("11");
+        if (!manual() && c.CaratulaSubRegimen == "IT04"_L1) porcentaje = u"11"_s;
         const double t = tasaDeGanancias();
         return sobre(manual() ? base : c.baseIVA_, t);
     }
@@ -150,7 +151,7 @@ struct Conceptos {
     // 520: digitalisation service, a fixed fee.
     double digitalizacion() {
         constexpr double importe = 22.14;
-        porcentaje = QStringLiteral("100");
+        porcentaje = u"100"_s;
         c.LqPorc = 100;
         base = importe;
         return importe;
@@ -162,7 +163,7 @@ struct Conceptos {
     // 065: specific minimum for country 310.
     double minimoChina() {
         if (manual()) return sobreLaManual();
-        if (c.ItemIdPais.trimmed() != L("310")) return nada();
+        if (c.ItemIdPais.trimmed() != "310"_L1) return nada();
         base = c.LqPorc = 0;
         return c.importeDIEMChina_;
     }
@@ -218,7 +219,7 @@ struct Conceptos {
     }
     double reintegro() {
         const QString zona = ZonaDePais(c.ItemIdPais);
-        c.LqPorc = zona == L("B") || zona == L("M") ? c.ncmReintFijoIntraZona : c.ncmReintegroFijo;
+        c.LqPorc = zona == "B"_L1 || zona == "M"_L1 ? c.ncmReintFijoIntraZona : c.ncmReintegroFijo;
         return PorcentajeRedondeado(base, c.LqPorc);
     }
     double reintegroSinCoeficiente() {
@@ -248,11 +249,11 @@ struct Conceptos {
         if (resto == 0) divisionPorCero();
         c.impInternoTasaEfectiva_ = c.impInternoTasaNominal_ * 100 / resto;
         double total = 0;
-        if (c.impInternoDecreto_ == L("SINDEC"))
+        if (c.impInternoDecreto_ == "SINDEC"_L1)
             total = c.baseIVA_ * 1.3 * c.impInternoTasaEfectiva_ / 100;
-        else if (c.impInternoDecreto_ == L("DEC290_00"))
+        else if (c.impInternoDecreto_ == "DEC290_00"_L1)
             total = c.baseIVA_ * c.impInternoTasaEfectiva_ / 100;
-        porcentaje = comoTexto(c.impInternoTasaNominal_);
+        porcentaje = comoTexto(c.impInternoTasaNominal_, c.ctx_.SeparadorDecimal);
         base = c.baseIVA_;
         c.LqPorc = c.impInternoTasaNominal_;
         return total;
@@ -344,7 +345,7 @@ double ClassLiquidacion::ObtenerValorConcepto(const QString &concepto, QString &
     }
     const double total =
         Conceptos{*this, porcentaje, base, porcentajeB, baseManual, sinCoeficiente}.responder(
-            codigo, concepto == L("FCV"));
+            codigo, concepto == "FCV"_L1);
     if (!std::isfinite(total)) fallar(6, "Desbordamiento");
     return total;
 }

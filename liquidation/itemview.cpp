@@ -1,23 +1,17 @@
 #include "liquidation/itemview.h"
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "header/codes.h"
 #include "header/regime.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
-
-QString conMascara(double valor) {
-    return numeros::Format(valor, u"00.00");
-}
-
-/// A plain number, with the workstation's separator.
-QString comoNumero(double valor) {
-    return numeros::aTexto(valor).replace(QLatin1Char('.'), numeros::separadorDecimal());
-}
+const QString internos = u"INTERNOS"_s;
 
 /// A page while it is filled.
 struct Pagina {
@@ -27,34 +21,42 @@ struct Pagina {
 
     void poner(const char *control, const QString &texto) const { v.campos.emplace_back(L(control), texto); }
     void monto(const char *control, double valor) const { poner(control, conMascara(valor)); }
+    QString conMascara(double valor, QStringView mascara = u"00.00") const {
+        return numeros::Format(valor, mascara, ctx.SeparadorDecimal);
+    }
+    /// A plain number, with the workstation's separator.
+    QString comoNumero(double valor) const {
+        QString texto = numeros::aTexto(valor);
+        return ReemplazarSeparadorDecimal(texto, ctx.SeparadorDecimal);
+    }
     bool consultar(const QString &sql, Recordset &rs) const { return Consultar(ctx, internos, sql, rs); }
 };
 
 void leerGrupos(const Pagina &p) {
     Recordset rs;
-    for (p.consultar(L("select "
-                       "idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,fob,sufijos,estadistica,"
-                       "valorrelacionestadistica from groupsubitems where id = ") +
-                         p.v.item + L(" and interno = '") + p.interno + L("'  ORDER BY idsub"),
+    for (p.consultar("select "
+                     "idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,fob,sufijos,estadistica,"
+                     "valorrelacionestadistica from groupsubitems where id = "_L1 +
+                         p.v.item + " and interno = '"_L1 + p.interno + "'  ORDER BY idsub"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.grupos.push_back({rs.Texto(u"idarticulo"), rs.Texto(u"ncm"),
-                              p.v.idsubreg == L("DJAI") ? rs.Texto(u"Descripcion").trimmed() : QString(),
-                              rs.Texto(u"idunidad"), conMascara(rs.Numero(u"cantidad")),
-                              numeros::Format(rs.Numero(u"preciounitario"), u"00.00000"),
-                              conMascara(rs.Numero(u"fob")), rs.Texto(u"sufijos"), rs.Texto(u"estadistica"),
-                              conMascara(rs.Numero(u"valorrelacionestadistica"))});
+                              p.v.idsubreg == "DJAI"_L1 ? rs.Texto(u"Descripcion").trimmed() : QString(),
+                              rs.Texto(u"idunidad"), p.conMascara(rs.Numero(u"cantidad")),
+                              p.conMascara(rs.Numero(u"preciounitario"), u"00.00000"),
+                              p.conMascara(rs.Numero(u"fob")), rs.Texto(u"sufijos"), rs.Texto(u"estadistica"),
+                              p.conMascara(rs.Numero(u"valorrelacionestadistica"))});
 }
 
 void leerCertificados(const Pagina &p) {
     const QString grupos =
-        L(" select idsub from groupsubitems where interno = '") + p.interno + L("' and id = ") + p.v.item;
+        " select idsub from groupsubitems where interno = '"_L1 + p.interno + "' and id = "_L1 + p.v.item;
     Recordset rs;
-    for (p.consultar(L("select certorig from subitems where interno = '") + p.interno +
-                         L("' and  (certorig is not null and certorig<>'') and  id in ( select * from ( ") +
-                         grupos + L(" Union  select idsub from idrel where interno = '") + p.interno +
-                         L("' and idroot in (  select idsub from groupsubitems where interno = '") +
-                         p.interno + L("'  and id = ") + p.v.item + L(")) as tino ) "),
+    for (p.consultar("select certorig from subitems where interno = '"_L1 + p.interno +
+                         "' and  (certorig is not null and certorig<>'') and  id in ( select * from ( "_L1 +
+                         grupos + " Union  select idsub from idrel where interno = '"_L1 + p.interno +
+                         "' and idroot in (  select idsub from groupsubitems where interno = '"_L1 +
+                         p.interno + "'  and id = "_L1 + p.v.item + ")) as tino ) "_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.certificados << rs.Texto(u"certorig");
@@ -62,32 +64,32 @@ void leerCertificados(const Pagina &p) {
 
 void leerListas(const Pagina &p) {
     Recordset rs;
-    for (p.consultar(L("select * from iteminfo where iditem = ") + p.v.item + L(" and interno = '") +
-                         p.interno + L("'"),
+    for (p.consultar("select * from iteminfo where iditem = "_L1 + p.v.item + " and interno = '"_L1 +
+                         p.interno + "'"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.informacion.emplace_back(rs.Texto(u"idinfo"), rs.Texto(u"valor"));
-    for (p.consultar(L("select * from itemventaja where iditem = ") + p.v.item + L(" and interno ='") +
-                         p.interno + L("' order by idventaja"),
+    for (p.consultar("select * from itemventaja where iditem = "_L1 + p.v.item + " and interno ='"_L1 +
+                         p.interno + "' order by idventaja"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString ventaja = rs.Texto(u"idventaja");
         p.v.ventajas << ventaja;
-        if (ventaja == L("AUTOLIQLIBREEXP") || ventaja == L("AUTOLIQLIBREIMP")) p.v.lbAutoliq = true;
+        if (ventaja == "AUTOLIQLIBREEXP"_L1 || ventaja == "AUTOLIQLIBREIMP"_L1) p.v.lbAutoliq = true;
     }
 }
 
 void leerCancelaciones(const Pagina &p) {
     Recordset rs;
-    for (p.consultar(L("select dit,item,subitem,ncm,expctit,cantidad,factorponderacion from descargas where "
-                       "interno = '") +
-                         p.interno + L("' and iditem =  ") + p.v.item + L(" order by dit, item, subitem"),
+    for (p.consultar("select dit,item,subitem,ncm,expctit,cantidad,factorponderacion from descargas where "
+                     "interno = '"_L1 +
+                         p.interno + "' and iditem =  "_L1 + p.v.item + " order by dit, item, subitem"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.cancelaciones.push_back({rs.Texto(u"dit"), rs.Texto(u"item"), rs.Texto(u"subitem"),
                                      rs.Texto(u"ncm"), rs.Texto(u"expctit"),
-                                     numeros::Format(rs.Numero(u"cantidad"), u"00.000"),
-                                     comoNumero(rs.Numero(u"factorponderacion"))});
+                                     p.conMascara(rs.Numero(u"cantidad"), u"00.000"),
+                                     p.comoNumero(rs.Numero(u"factorponderacion"))});
 }
 
 void ponerDatos(const Pagina &p, const Recordset &item) {
@@ -106,7 +108,7 @@ void ponerDatos(const Pagina &p, const Recordset &item) {
     p.monto("TxtTotKgNeto", item.Numero(u"totalkneto"));
     p.monto("TxtKgBruto", item.Numero(u"totalkbruto"));
     const QString unidad = item.Texto(u"idunidad");
-    p.poner("TxtCantidad", (conMascara(item.Numero(u"Cantidad")) + QLatin1Char(' ') + unidad +
+    p.poner("TxtCantidad", (p.conMascara(item.Numero(u"Cantidad")) + QLatin1Char(' ') + unidad +
                             QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad))
                                .trimmed());
     codigo("TxtUnidEst", u"estadistica");
@@ -114,18 +116,18 @@ void ponerDatos(const Pagina &p, const Recordset &item) {
     codigo("TxtDerEsp", u"deresp");
     p.monto("TxtValorDerEsp", item.Numero(u"valorderesp"));
     p.monto("txtItComExt", item.Numero(u"itcomext"));
-    p.poner("TxtCOEF", comoNumero(item.Numero(u"cofexp")));
+    p.poner("TxtCOEF", p.comoNumero(item.Numero(u"cofexp")));
     p.monto("TxtAjusteInc", item.Numero(u"ajusteinc"));
     p.monto("txtAjusteDed", item.Numero(u"ajusteded"));
-    const QStringView mascara = p.v.item == L("0") ? QStringView(u"00.000000") : QStringView(u"00.00");
-    p.poner("OLDTxtInsCons", numeros::Format(item.Numero(u"insumostemp"), mascara));
-    p.poner("txtConsumo", numeros::Format(item.Numero(u"insumosacons"), mascara));
+    const QStringView mascara = p.v.item == "0"_L1 ? QStringView(u"00.000000") : QStringView(u"00.00");
+    p.poner("OLDTxtInsCons", p.conMascara(item.Numero(u"insumostemp"), mascara));
+    p.poner("txtConsumo", p.conMascara(item.Numero(u"insumosacons"), mascara));
     codigo("TxtCodPror", u"codprorrateo");
     codigo("TxtReg", u"regalias");
     codigo("TxtStan", u"standard");
     codigo("txtTipoItem", u"tipoitem");
     codigo("txtItemAsociado", u"ItemAsociado");
-    p.poner("chkMineria", item.Texto(u"Mineria") == L("S") ? QStringLiteral("S") : QStringLiteral("N"));
+    p.poner("chkMineria", item.Texto(u"Mineria") == "S"_L1 ? u"S"_s : u"N"_s);
     p.poner("cboOpcionIVA", OpcionIVATexto(OpcionIVAIndice(item.Texto(u"OpcionesIVA"))));
     p.poner("cboOpcionesGanancias",
             OpcionGananciasTexto(OpcionGananciasIndice(item.Texto(u"OpcionesGanancias"))));
@@ -136,9 +138,9 @@ void ponerDatos(const Pagina &p, const Recordset &item) {
         {"txtEOC", u"ONCCAMeccoorgbio"}, {"txtRes3106", u"ONCCAres3106"},
         {"txtSisProd", u"ONCCAsispro"},  {"txtMatadero", u"ONCCAMatadero"}};
     for (const auto &[control, columna] : oncca) codigo(control, columna);
-    p.v.LbLapi = item.Texto(u"LAPI") == L("S");
-    p.v.esCancelacion = item.Texto(u"cancelaciones") == L("OK");
-    p.v.bienDeUso = item.Texto(u"Biendeuso") == L("S");
+    p.v.LbLapi = item.Texto(u"LAPI") == "S"_L1;
+    p.v.esCancelacion = item.Texto(u"cancelaciones") == "OK"_L1;
+    p.v.bienDeUso = item.Texto(u"Biendeuso") == "S"_L1;
 }
 
 void ponerImportes(const Pagina &p, ClassLiquidacion &c, double baseImponible, double baseIVA) {
@@ -162,19 +164,20 @@ void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
     }
     p.v.recalculada = recalcular;
     Recordset rs;
-    p.consultar(L("select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
-                  "interno = '") +
-                    p.interno + L("' and id<>0"),
-                rs);
+    p.consultar(
+        "select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
+        "interno = '"_L1 +
+            p.interno + "' and id<>0"_L1,
+        rs);
     c.FOBTotalITEM = rs.Numero(u"fob");
     c.FLETETotalITEM = rs.Numero(u"flete");
     c.SEGUROTotalITEM = rs.Numero(u"seguro");
     c.AJUSTEINCLUIRtotalITEM = r.sumaAjusteInc;
     c.AJUSTEDEDUCIRtotalITEM = r.sumaAjusteDed;
     ponerImportes(p, c, r.sumaBaseImponible, r.sumaBaseIVA);
-    p.v.lbTOTALG = conMascara(r.totalP);
-    p.v.lbTOTGAR = comoNumero(r.totalG);
-    p.v.lbTOTCOB = comoNumero(r.totalC);
+    p.v.lbTOTALG = p.conMascara(r.totalP);
+    p.v.lbTOTGAR = p.comoNumero(r.totalG);
+    p.v.lbTOTCOB = p.comoNumero(r.totalC);
     p.v.grilla = std::move(r.grilla);
 }
 
@@ -184,9 +187,8 @@ bool verItem(const Pagina &p, const Recordset &item, ClassLiquidacion &c) {
     const CargaDePosicion carga = CargarItemEnCalculadora(p.ctx, p.interno, item, c, true, lapi);
     if (carga != CargaDePosicion::Encontrada) {
         p.v.aviso = carga == CargaDePosicion::MalFormada
-                        ? QStringLiteral("Estructura de NCM incorrecta")
-                        : QStringLiteral("La Posición ") + PosicionDeItem(item) +
-                              QStringLiteral(" no esta en el nomenclador");
+                        ? u"Estructura de NCM incorrecta"_s
+                        : u"La Posición "_s + PosicionDeItem(item) + u" no esta en el nomenclador"_s;
         p.ctx.dialogos.advertir(p.v.aviso);
         return false;
     }
@@ -207,7 +209,7 @@ QString VistaDeItem::campo(const QString &control) const {
 QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno) {
     QStringList numeros;
     Recordset rs;
-    for (Consultar(ctx, internos, L("select id from item where interno = '") + interno + L("' order by id"),
+    for (Consultar(ctx, internos, "select id from item where interno = '"_L1 + interno + "' order by id"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext())
         numeros << rs.Texto(u"id");
@@ -225,10 +227,10 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
     v.idsubreg = calculo.CaratulaSubRegimen;
     v.cantidadDeItems = static_cast<int>(ItemsDeOperacion(ctx, interno).size()) - 1;
     Recordset fila;
-    if (!p.consultar(L("select * from item where interno = '") + interno + L("' and id = ") + item, fila))
+    if (!p.consultar("select * from item where interno = '"_L1 + interno + "' and id = "_L1 + item, fila))
         return v;
     const bool recalcular = paginaDeLiquidacion || ctx.LiquidacionPendiente;
-    if (item == L("0")) {
+    if (item == "0"_L1) {
         leerListas(p);
         verItemCero(p, recalcular, calculo, estado);
     } else {

@@ -49,7 +49,7 @@ QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno);
 
 /// Loads a page. Item "0" spreads the header's adjustments, and with the liquidation page wanted, or with the
 /// liquidation pending, runs the recalculation of the operation (`estado` hears its progress); without a run
-/// it shows the totals of the last one. Any other item reads its stored rows. Raises ErrorDeStore.
+/// it shows the totals of the last one. Any other item reads its stored rows. Raises Falla.
 VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
                            bool paginaDeLiquidacion, ClassLiquidacion &calculo,
                            const std::function<void(const QString &)> &estado = {});

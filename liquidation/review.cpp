@@ -3,10 +3,13 @@
 #include <QStringBuilder>
 #include <algorithm>
 
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 #include "header/automotive.h"
 #include "liquidation/vehiculopartes.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,10 +17,10 @@ using L = QLatin1String;
 using numeros::aNumero;
 using numeros::Format;
 
-const QString internos = QStringLiteral("INTERNOS");
+const QString internos = u"INTERNOS"_s;
 
-QString conMascara(double valor) {
-    return Format(valor, u"00.00");
+QString conMascara(const AppContext &ctx, double valor) {
+    return Format(valor, u"00.00", ctx.SeparadorDecimal);
 }
 
 /// One concept code of the operation, in order of first appearance.
@@ -50,8 +53,8 @@ double totalDe(Corrida &k, const Recordset &fila, const QString &codigo) {
     const double valor = fila.Numero(u"Valor");
     const bool vacio = fila.EsNulo(u"Porcentaje");
     const bool ordinario = vacio || porcentaje == 0 ||
-                           (k.calculo.ItemLISTA_MERCOSUR && codigo != L("424") && codigo != L("422"));
-    QString texto = vacio ? QStringLiteral("Vacio") : fila.Texto(u"Porcentaje");
+                           (k.calculo.ItemLISTA_MERCOSUR && codigo != "424"_L1 && codigo != "422"_L1);
+    QString texto = vacio ? u"Vacio"_s : fila.Texto(u"Porcentaje");
     if (!ordinario) {
         k.base = baseGuardada;
         return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, fila.Texto(u"PorcentajeB"),
@@ -63,8 +66,8 @@ double totalDe(Corrida &k, const Recordset &fila, const QString &codigo) {
         return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, {}, 0, false);
     k.base = baseGuardada;
     if (porcentaje != 0 && baseGuardada != 0)
-        return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, QStringLiteral("0"), 0, false);
-    texto = QStringLiteral("Vacio");
+        return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, u"0"_s, 0, false);
+    texto = u"Vacio"_s;
     return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, {}, 0, false);
 }
 
@@ -72,30 +75,30 @@ void sumarAlResumen(Corrida &k, const DetalleLiq &d) {
     const auto ya = std::find_if(k.resumen.begin(), k.resumen.end(),
                                  [&d](const Resumen &r) { return r.concepto == d.concepto; });
     if (ya != k.resumen.end())
-        ya->total = conMascara(aNumero(ya->total) + aNumero(d.total));
+        ya->total = conMascara(k.ctx, aNumero(ya->total) + aNumero(d.total));
     else
         k.resumen.push_back({d.concepto, d.total, d.pgc});
 }
 
 void recalcularConceptos(Corrida &k, const QString &id) {
     Recordset filas;
-    for (k.consultar(L("select * from itemliq where iditem> 0 and interno = '") + k.interno +
-                         L("' and iditem = ") + id + L(" ORDER BY idconceptos"),
+    for (k.consultar("select * from itemliq where iditem> 0 and interno = '"_L1 + k.interno +
+                         "' and iditem = "_L1 + id + " ORDER BY idconceptos"_L1,
                      filas);
          !filas.Eof(); filas.MoveNext()) {
         const QString codigo = filas.Texto(u"idconceptos").trimmed();
         const double total = totalDe(k, filas, codigo);
         const double porcentaje = k.calculo.ObtenerLqPorc();
-        if (codigo == L("020") && id != L("0"))
-            k.ejecutar(L("update item set COFEXP = ") +
-                       PonerPuntoDecimal(k.calculo.ItemCoeficienteExportacion) + L(" where interno = '") +
-                       k.interno + L("' and id = ") + id);
+        if (codigo == "020"_L1 && id != "0"_L1)
+            k.ejecutar("update item set COFEXP = "_L1 +
+                       PonerPuntoDecimal(k.calculo.ItemCoeficienteExportacion) + " where interno = '"_L1 +
+                       k.interno + "' and id = "_L1 + id);
         DetalleLiq d{codigo,
-                     conMascara(total),
-                     conMascara(porcentaje),
+                     conMascara(k.ctx, total),
+                     conMascara(k.ctx, porcentaje),
                      id,
-                     filas.EsNulo(u"pgc") ? QStringLiteral("P") : filas.Texto(u"pgc").trimmed(),
-                     conMascara(k.base),
+                     filas.EsNulo(u"pgc") ? u"P"_s : filas.Texto(u"pgc").trimmed(),
+                     conMascara(k.ctx, k.base),
                      filas.Texto(u"motivo").trimmed()};
         sumarAlResumen(k, d);
         k.r.detalle.push_back(std::move(d));
@@ -105,8 +108,7 @@ void recalcularConceptos(Corrida &k, const QString &id) {
 void recalcularItem(Corrida &k, const Recordset &item) {
     const QString id = item.Texto(u"ID");
     const CargaDePosicion carga = CargarItemEnCalculadora(k.ctx, k.interno, item, k.calculo, false, k.lapi);
-    if (carga == CargaDePosicion::MalFormada)
-        k.ctx.dialogos.advertir(QStringLiteral("Estructura de NCM incorrecta"));
+    if (carga == CargaDePosicion::MalFormada) k.ctx.dialogos.advertir(u"Estructura de NCM incorrecta"_s);
     if (carga == CargaDePosicion::Encontrada)
         RevisarVehiculoPartes(k.ctx, k.interno, id, k.lapi, k.calculo, k.vehiculoPartes);
     k.r.sumaAjusteInc += item.Numero(u"ajusteinc");
@@ -118,57 +120,56 @@ void recalcularItem(Corrida &k, const Recordset &item) {
 
 QString filaDeTotal(const Corrida &k, const QString &codigo, const QString &concepto, const QString &valor,
                     const QString &pgc) {
-    return L("insert into liqcero (idconcepto,concepto,valor,interno,pgc) values ('") + codigo + L("','") +
-           DoblarComillas(concepto) + L("',") + SqlNumber(valor) + L(",'") + k.interno + L("','") + pgc +
-           L("')");
+    return "insert into liqcero (idconcepto,concepto,valor,interno,pgc) values ('"_L1 + codigo + "','"_L1 +
+           DoblarComillas(concepto) + "',"_L1 + SqlNumber(k.ctx, valor) + ",'"_L1 + k.interno + "','"_L1 +
+           pgc + "')"_L1;
 }
 
 void sumarPorPago(ResultadoRecalculo &r, const QString &pgc, double importe) {
-    if (pgc == L("P")) r.totalP += importe;
-    if (pgc == L("G")) r.totalG += importe;
-    if (pgc == L("C")) r.totalC += importe;
+    if (pgc == "P"_L1) r.totalP += importe;
+    if (pgc == "G"_L1) r.totalG += importe;
+    if (pgc == "C"_L1) r.totalC += importe;
 }
 
 /// One concept's line of the operation, in the grid and in liqcero.
 void escribirTotal(Corrida &k, const Resumen &s) {
     Recordset rs;
     const bool hay =
-        k.consultar(L("select LTAXABR as descripcion from tax where ctax = '") + s.concepto + L("'"), rs);
+        k.consultar("select LTAXABR as descripcion from tax where ctax = '"_L1 + s.concepto + "'"_L1, rs);
     const QString descripcion = hay ? rs.Texto(u"descripcion") : QString();
     const double total = aNumero(s.total);
     const auto mostrar = [&k](const QString &numero, const QString &concepto, const QString &importe,
                               const QString &pgc) {
         k.r.grilla.push_back({numero, concepto, {}, {}, importe, pgc, {}});
     };
-    if (!hay && s.concepto == L("FCV")) {
-        const QString convergencia = QStringLiteral("Factor de Convergencia");
-        mostrar({}, L("(") + s.concepto + L(") ") + convergencia, conMascara(total), s.pgc);
-        if (k.ejecutar(L("insert into liqcero (idconcepto,concepto,valor,interno) values ('") + s.concepto +
-                       L("','") + convergencia + L("',") + SqlNumber(s.total) + L(",'") + k.interno +
-                       L("')")) > 0)
+    if (!hay && s.concepto == "FCV"_L1) {
+        const QString convergencia = u"Factor de Convergencia"_s;
+        mostrar({}, "("_L1 + s.concepto + ") "_L1 + convergencia, conMascara(k.ctx, total), s.pgc);
+        if (k.ejecutar("insert into liqcero (idconcepto,concepto,valor,interno) values ('"_L1 + s.concepto +
+                       "','"_L1 + convergencia + "',"_L1 + SqlNumber(k.ctx, s.total) + ",'"_L1 + k.interno +
+                       "')"_L1) > 0)
             sumarPorPago(k.r, s.pgc, total);
-    } else if (s.concepto == L("500") || s.concepto == L("501")) {
+    } else if (s.concepto == "500"_L1 || s.concepto == "501"_L1) {
         // The fee of the customs system: once an operation, whatever its items hold.
         constexpr double arancel = 10;
-        const QString enGrilla = QStringLiteral("10.00");  // this text under either separator
-        const QString nombre =
-            s.concepto == L("501") ? QStringLiteral("ARANCEL SIM EXPO") : QStringLiteral("ARANCEL SIM IMPO");
-        mostrar(s.concepto, hay ? descripcion : nombre, enGrilla, QStringLiteral("P"));
-        k.ejecutar(filaDeTotal(k, s.concepto, nombre, QStringLiteral("10"), QStringLiteral("P")));
+        const QString enGrilla = u"10.00"_s;  // this text under either separator
+        const QString nombre = s.concepto == "501"_L1 ? u"ARANCEL SIM EXPO"_s : u"ARANCEL SIM IMPO"_s;
+        mostrar(s.concepto, hay ? descripcion : nombre, enGrilla, u"P"_s);
+        k.ejecutar(filaDeTotal(k, s.concepto, nombre, u"10"_s, u"P"_s));
         k.r.totalP += arancel;
     } else if (total > 0) {
-        mostrar(s.concepto, descripcion, conMascara(total), s.pgc);
+        mostrar(s.concepto, descripcion, conMascara(k.ctx, total), s.pgc);
         k.ejecutar(filaDeTotal(k, s.concepto, descripcion, s.total, s.pgc));
         sumarPorPago(k.r, s.pgc, total);
     }
 }
 
 void escribirTotales(Corrida &k) {
-    k.ejecutar(L("delete from liqcero where interno = '") + k.interno + L("'"));
+    k.ejecutar("delete from liqcero where interno = '"_L1 + k.interno + "'"_L1);
     for (const Resumen &s : k.resumen) escribirTotal(k, s);
     const auto reservado = [&k](const char *codigo, double valor) {
-        k.ejecutar(L("insert into liqcero (idconcepto,valor,interno) values ('") + L(codigo) + L("',") +
-                   PonerPuntoDecimal(valor) + L(",'") + k.interno + L("')"));
+        k.ejecutar("insert into liqcero (idconcepto,valor,interno) values ('"_L1 + L(codigo) + "',"_L1 +
+                   PonerPuntoDecimal(valor) + ",'"_L1 + k.interno + "')"_L1);
     };
     reservado("###baseiva", k.r.sumaBaseIVA);
     reservado("###baseimp", k.r.sumaBaseImponible);
@@ -180,11 +181,12 @@ void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &est
     k.ctx.dialogos.atenderEventos();
     for (const DetalleLiq &d : k.r.detalle) {
         // One of these a concept: built in one go.
-        k.ejecutar(L("update itemliq set baseimp = ") % SqlNumber(d.base) % L(",porcentaje = ") %
-                   SqlNumber(d.porcentaje) % L(",total = ") % SqlNumber(d.total) % L(",pgc = '") % d.pgc %
-                   L("',motivo = '") % d.motivo % L("' where interno = '") % k.interno %
-                   L("'   and iditem = ") % d.iditem % L("  and idconceptos = '") % d.concepto % L("'"));
-        if (estado) estado(L("Liquidando ITEM ") + d.iditem + L(" ..."));
+        k.ejecutar("update itemliq set baseimp = "_L1 % SqlNumber(k.ctx, d.base) % ",porcentaje = "_L1 %
+                   SqlNumber(k.ctx, d.porcentaje) % ",total = "_L1 % SqlNumber(k.ctx, d.total) %
+                   ",pgc = '"_L1 % d.pgc % "',motivo = '"_L1 % d.motivo % "' where interno = '"_L1 %
+                   k.interno % "'   and iditem = "_L1 % d.iditem % "  and idconceptos = '"_L1 % d.concepto %
+                   "'"_L1);
+        if (estado) estado("Liquidando ITEM "_L1 + d.iditem + " ..."_L1);
     }
     k.r.escrito = true;
 }
@@ -195,15 +197,16 @@ void repartirAjuste(AppContext &ctx, const QString &interno, const ClassLiquidac
     if (importe == 0) return;
     Recordset rs;
     for (Consultar(ctx, internos,
-                   L("select id,(FOBtotal * ") + SqlNumber(importe) + L(") / (") +
-                       SqlNumber(calculo.CaratulaFobTotalSinG) +
-                       L(") as valor from item where id<>0 and interno = '") + interno + L("' and ") +
+                   "select id,(FOBtotal * "_L1 + SqlNumber(ctx, importe) + ") / ("_L1 +
+                       SqlNumber(ctx, calculo.CaratulaFobTotalSinG) +
+                       ") as valor from item where id<>0 and interno = '"_L1 + interno + "' and "_L1 +
                        L(tipo),
                    rs);
          !rs.Eof(); rs.MoveNext())
         Ejecutar(ctx, internos,
-                 L("update item set ") + L(columna) + L(" = ") + SqlNumber(conMascara(rs.Numero(u"valor"))) +
-                     L(" where id = ") + rs.Texto(u"ID") + L(" and interno = '") + interno + L("'"));
+                 "update item set "_L1 + L(columna) + " = "_L1 +
+                     SqlNumber(ctx, conMascara(ctx, rs.Numero(u"valor"))) + " where id = "_L1 +
+                     rs.Texto(u"ID") + " and interno = '"_L1 + interno + "'"_L1);
 }
 
 }  // namespace
@@ -222,7 +225,7 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
     RepartirAjustesDeCaratula(ctx, interno, calculo);
     ctx.CalculoAEC = LeerAEC(ctx, interno);
     Recordset items;
-    for (k.consultar(L("select * from item where interno = '") + interno + L("' and id<>0"), items);
+    for (k.consultar("select * from item where interno = '"_L1 + interno + "' and id<>0"_L1, items);
          !items.Eof(); items.MoveNext())
         recalcularItem(k, items);
     CerrarVehiculoPartes(ctx, interno, k.vehiculoPartes);
@@ -232,19 +235,19 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
     ligera.Terminar();
     if (k.r.escrito) {
         ctx.LiquidacionPendiente = false;
-        if (estado) estado(QStringLiteral("LISTO"));
+        if (estado) estado(u"LISTO"_s);
     }
     return std::move(k.r);
 }
 
 ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno) {
     ResultadoRecalculo r;
-    const std::pair<QLatin1String, double *> reservados[] = {{L("###baseiva"), &r.sumaBaseIVA},
-                                                             {L("###baseimp"), &r.sumaBaseImponible},
-                                                             {L("###ajded"), &r.sumaAjusteDed},
-                                                             {L("###ajinc"), &r.sumaAjusteInc}};
+    const std::pair<QLatin1String, double *> reservados[] = {{"###baseiva"_L1, &r.sumaBaseIVA},
+                                                             {"###baseimp"_L1, &r.sumaBaseImponible},
+                                                             {"###ajded"_L1, &r.sumaAjusteDed},
+                                                             {"###ajinc"_L1, &r.sumaAjusteInc}};
     Recordset rs;
-    for (Consultar(ctx, internos, L("select * from liqcero where interno = '") + interno + L("'"), rs);
+    for (Consultar(ctx, internos, "select * from liqcero where interno = '"_L1 + interno + "'"_L1, rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString codigo = rs.Texto(u"idconcepto");
         const double valor = rs.Numero(u"valor");
@@ -255,7 +258,7 @@ ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno) 
             continue;
         }
         const QString pgc = rs.Texto(u"pgc");
-        r.grilla.push_back({codigo, rs.Texto(u"concepto"), {}, {}, conMascara(valor), pgc, {}});
+        r.grilla.push_back({codigo, rs.Texto(u"concepto"), {}, {}, conMascara(ctx, valor), pgc, {}});
         sumarPorPago(r, pgc, valor);
     }
     return r;
@@ -265,13 +268,14 @@ std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &inter
     std::vector<FilaLiq> filas;
     Recordset rs;
     for (Consultar(ctx, internos,
-                   L("select idconceptos,conceptos,") +
-                       SqlRound(internos, QStringLiteral("porcentaje"), u"00.00") +
-                       L(",baseimp,total,pgc,motivo from itemliq where total>0 and interno = '") + interno +
-                       L("' and iditem = ") + item + L(" order by idconceptos"),
+                   "select idconceptos,conceptos,"_L1 + SqlRound(ctx, internos, u"porcentaje"_s, u"00.00") +
+                       ",baseimp,total,pgc,motivo from itemliq where total>0 and interno = '"_L1 + interno +
+                       "' and iditem = "_L1 + item + " order by idconceptos"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext()) {
-        const auto numero = [&rs](int columna) { return conMascara(EsNumero(rs.Fields(columna).Value)); };
+        const auto numero = [&ctx, &rs](int columna) {
+            return conMascara(ctx, EsNumero(rs.Fields(columna).Value));
+        };
         filas.push_back({rs.Texto(u"idconceptos"), rs.Texto(u"conceptos"), numero(2), numero(3), numero(4),
                          rs.Texto(u"pgc"), rs.Texto(u"motivo")});
     }

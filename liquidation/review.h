@@ -27,14 +27,14 @@ struct ResultadoRecalculo {
 };
 
 /// Loads the header values of the calculator from caratula, groups and items, and the operation's decree
-/// flags. False when the operation is not there. Raises ErrorDeStore.
+/// flags. False when the operation is not there. Raises Falla.
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo);
 
 /// How the position of an item was met.
 enum class CargaDePosicion { Encontrada, NoEsta, MalFormada };
 /// Loads item and position values of the row in hand of `item` into the calculator. `paraVer` is the item
 /// screen's own reading, where a percentage kept in the 010 row also forces the duty. When the position is
-/// not met, all that hangs on it, `lapi` too, stays as the item before left it. Raises ErrorDeStore.
+/// not met, all that hangs on it, `lapi` too, stays as the item before left it. Raises Falla.
 CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
                                         ClassLiquidacion &calculo, bool paraVer, bool &lapi);
 
@@ -43,18 +43,18 @@ QString PosicionDeItem(const Recordset &item);
 
 /// Spreads the header's two adjustments over the items by FOB, to the cent and without settling the residual;
 /// items of type G take none, and a header's adjustment of 0 changes nothing. Part of every load of item 0.
-/// Raises ErrorDeStore, also when there is an adjustment and the items' FOB is 0.
+/// Raises Falla, also when there is an adjustment and the items' FOB is 0.
 void RepartirAjustesDeCaratula(AppContext &ctx, const QString &interno, const ClassLiquidacion &calculo);
 
 /// The whole run for item 0: header adjustments spread, every item recalculated, liqcero rebuilt. `estado`
 /// hears "Liquidando ITEM n ..." and "LISTO". Writes itemliq back only when ctx.LiquidacionPendiente is set,
-/// and clears it then. Raises ErrorDeStore.
+/// and clears it then. Raises Falla.
 ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo,
                                        const std::function<void(const QString &)> &estado = {});
 
 /// What the last run left in liqcero, with no detail: what item 0 shows when it is loaded without a run.
-/// Raises ErrorDeStore.
+/// Raises Falla.
 ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno);
 
-/// The stored rows of one item with a total above 0, for the grid. Raises ErrorDeStore.
+/// The stored rows of one item with a total above 0, for the grid. Raises Falla.
 std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &interno, const QString &item);

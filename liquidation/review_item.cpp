@@ -1,15 +1,17 @@
 // What one recalculation reads ahead of the concepts: the header, the item, the position and its rates.
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "header/regime.h"
 #include "liquidation/review.h"
 #include "subitems/nomenclature.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
+const QString internos = u"INTERNOS"_s;
 
 double suma(AppContext &ctx, const QString &sql) {
     Recordset rs;
@@ -18,8 +20,7 @@ double suma(AppContext &ctx, const QString &sql) {
 
 /// A number of the nomenclature, kept as text with either separator.
 double numeroDe(const Recordset &rs, QStringView columna) {
-    QString texto = rs.Texto(columna);
-    return numeros::aNumero(ClassLiquidacion::ReemplazarSeparadorDecimal(texto));
+    return numeros::aNumero(rs.Texto(columna));
 }
 
 /// The percentage kept in a row of the item, where the row is; null when it holds none.
@@ -32,8 +33,8 @@ TasaGuardada tasaGuardada(AppContext &ctx, const QString &interno, const QString
     Recordset rs;
     TasaGuardada t;
     t.hay = Consultar(ctx, internos,
-                      L("select porcentaje from itemliq where idconceptos = '") + L(concepto) +
-                          L("' and interno = '") + interno + L("' and iditem = ") + id + L(cola),
+                      "select porcentaje from itemliq where idconceptos = '"_L1 + L(concepto) +
+                          "' and interno = '"_L1 + interno + "' and iditem = "_L1 + id + L(cola),
                       rs);
     if (t.hay) t.porcentaje = rs.Numero(u"Porcentaje");
     return t;
@@ -50,7 +51,7 @@ const char *tasaDelDecreto(const MotivoDecreto &d) {
 }
 
 QString derechoAdicional(AppContext &ctx, const QString &interno, const QString &id, const QString &regimen) {
-    if (regimen != L("IC81") && !EsRegimenTemporal(regimen)) return QStringLiteral("0");
+    if (regimen != "IC81"_L1 && !EsRegimenTemporal(regimen)) return u"0"_s;
     const TasaGuardada manual = tasaGuardada(ctx, interno, id, "016", " and valor = 1");
     return manual.hay ? numeros::aTexto(manual.porcentaje) : QString(L(tasaDelDecreto(ctx.decreto)));
 }
@@ -58,16 +59,16 @@ QString derechoAdicional(AppContext &ctx, const QString &interno, const QString 
 void leerDecretos(AppContext &ctx, const QString &interno) {
     MotivoDecreto d;
     Recordset rs;
-    for (Consultar(ctx, internos, L("select flag,valor from sysflag where interno = '") + interno + L("'"),
+    for (Consultar(ctx, internos, "select flag,valor from sysflag where interno = '"_L1 + interno + "'"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString flag = rs.Texto(u"flag");
         const QString valor = rs.Texto(u"valor");
-        if (flag == L("1439/96")) d.d1439_96 = valor;
-        if (flag == L("1439/96A1")) d.d1439_96A1 = valor;
-        if (flag == L("D1330/04A6")) d.d1330_04A6 = valor;
-        if (flag == L("D1330/04A7")) d.d1330_04A7 = valor;
-        if (flag == L("D1330/04A8")) d.d1330_04A8 = valor;
+        if (flag == "1439/96"_L1) d.d1439_96 = valor;
+        if (flag == "1439/96A1"_L1) d.d1439_96A1 = valor;
+        if (flag == "D1330/04A6"_L1) d.d1330_04A6 = valor;
+        if (flag == "D1330/04A7"_L1) d.d1330_04A7 = valor;
+        if (flag == "D1330/04A8"_L1) d.d1330_04A8 = valor;
     }
     ctx.decreto = d;
 }
@@ -100,7 +101,7 @@ void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, 
 
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c) {
     Recordset rs;
-    if (!Consultar(ctx, internos, L("select * from caratula where interno = '") + interno + L("'"), rs))
+    if (!Consultar(ctx, internos, "select * from caratula where interno = '"_L1 + interno + "'"_L1, rs))
         return false;
     c.CaratulaSubRegimen = rs.Texto(u"idsubreg");
     c.CaratulaFobTotal = c.CaratulaFobTotalSinG = rs.Numero(u"fobdivisas");
@@ -115,15 +116,15 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     c.CaratulaDivisasFlete = rs.Numero(u"fletedivcambio");
     c.CaratulaDivisasSeguro = rs.Numero(u"segurodivcambio");
     c.CaratulaFobTotal =
-        suma(ctx, L("select sum(fob) as total from groupsubitems where interno = '") + interno + L("'"));
-    c.CaratulaFobTotalSinG = suma(ctx, L("select sum(fobtotal) as total from item where interno = '") +
-                                           interno + L("' and tipoitem <> 'G'"));
+        suma(ctx, "select sum(fob) as total from groupsubitems where interno = '"_L1 + interno + "'"_L1);
+    c.CaratulaFobTotalSinG = suma(ctx, "select sum(fobtotal) as total from item where interno = '"_L1 +
+                                           interno + "' and tipoitem <> 'G'"_L1);
     leerDecretos(ctx, interno);
     return true;
 }
 
 QString PosicionDeItem(const Recordset &item) {
-    return item.EsNulo(u"NCM") ? QStringLiteral("0000.00.00.000D") : item.Texto(u"NCM");
+    return item.EsNulo(u"NCM") ? u"0000.00.00.000D"_s : item.Texto(u"NCM");
 }
 
 CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
@@ -131,9 +132,9 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     const QString id = item.Texto(u"ID");
     Recordset rs;
     Consultar(ctx, internos,
-              L("select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
-                "interno = '") +
-                  interno + (id == L("0") ? QStringLiteral("' and id <> 0") : L("' and id = ") + id),
+              "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
+              "interno = '"_L1 +
+                  interno + (id == "0"_L1 ? u"' and id <> 0"_s : "' and id = "_L1 + id),
               rs);
     c.FOBTotalITEM = rs.Numero(u"vfob");
     c.FLETETotalITEM = rs.Numero(u"flete");
@@ -141,7 +142,7 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     c.AJUSTEINCLUIRtotalITEM = item.Numero(u"ajusteinc");
     c.AJUSTEDEDUCIRtotalITEM = item.Numero(u"ajusteded");
     c.ItemLista = item.Texto(u"Lista");
-    c.ItemLISTA_MERCOSUR = c.ItemLista.toUpper() == L("MERCOSUR");
+    c.ItemLISTA_MERCOSUR = c.ItemLista.toUpper() == "MERCOSUR"_L1;
     c.fijarItemCantidad(item.Numero(u"Cantidad"));
     c.ItemIdPais = item.Texto(u"Idpais");
     c.ItmComsionesExt = item.Numero(u"itcomext");
@@ -151,8 +152,8 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     c.ItemEstadoMercaderia = item.Texto(u"estadomerc").left(1);
     c.ItemCantidadDerechoEspecifico = item.Numero(u"valorderesp");
     c.ItemCalcularCoeficienteExportacion =
-        c.CaratulaSubRegimen.left(1).toUpper() == L("E") && ctx.CalcularCoeficiente;
-    c.ItemMineria = item.Texto(u"Mineria") == L("S");
+        c.CaratulaSubRegimen.left(1).toUpper() == "E"_L1 && ctx.CalcularCoeficiente;
+    c.ItemMineria = item.Texto(u"Mineria") == "S"_L1;
     c.ncmMineriaTasaLey = 1;
 
     const QString ncm = PosicionDeItem(item);
@@ -161,22 +162,21 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     const QString digitos = ncm.right(ncm.size() == 15 ? 4 : 3).left(3);
     Recordset posicion;
     const bool hay =
-        Consultar(ctx, QStringLiteral("NCM"),
-                  L("select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi "
-                    "from ncm where [001] = '") +
-                      ncm.left(10) + L("' and [002] = '") + digitos + L("'"),
+        Consultar(ctx, u"NCM"_s,
+                  "select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi "
+                  "from ncm where [001] = '"_L1 +
+                      ncm.left(10) + "' and [002] = '"_L1 + digitos + "'"_L1,
                   posicion);
     // Everything that hangs on the position stays as the item before left it.
     if (!hay) return CargaDePosicion::NoEsta;
     cargarPosicion(ctx, interno, id, ncm, posicion, c, paraVer);
-    lapi = posicion.Texto(u"lapi") == L("*");
+    lapi = posicion.Texto(u"lapi") == "*"_L1;
     c.CalculoAEC = ctx.CalculoAEC;
     c.ncmDIEMPREFPorcValor = ctx.opciones.DIEMCHINA_PrefPorc;
     c.ncmDIEMIndMaxArancelValor = ctx.opciones.DIEMCHINA_IndMaxArancel;
     Recordset diem;
-    c.ncmCalculaDIEMCHINA =
-        Consultar(ctx, QStringLiteral("SYSTABLAS"),
-                  L("select diem from DIEMCHINA where ncm = '") + ncm.left(10) + L("'"), diem);
+    c.ncmCalculaDIEMCHINA = Consultar(
+        ctx, u"SYSTABLAS"_s, "select diem from DIEMCHINA where ncm = '"_L1 + ncm.left(10) + "'"_L1, diem);
     if (c.ncmCalculaDIEMCHINA) c.ncmDIEMCHINAValor = diem.Numero(u"diem");
     return CargaDePosicion::Encontrada;
 }

@@ -1,21 +1,23 @@
 #include "liquidation/vehiculopartes.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
+const QString internos = u"INTERNOS"_s;
 
 void agregar(AppContext &ctx, const QString &interno, const QString &id) {
     Recordset rs;
     if (Consultar(ctx, internos,
-                  L("select idventaja from itemventaja where iditem = ") + id +
-                      L(" and idventaja = 'VEHICULOPARTES' and interno = '") + interno + L("'"),
+                  "select idventaja from itemventaja where iditem = "_L1 + id +
+                      " and idventaja = 'VEHICULOPARTES' and interno = '"_L1 + interno + "'"_L1,
                   rs))
         return;
     Ejecutar(ctx, internos,
-             L("insert into itemventaja (iditem,idventaja,interno) values (") + id +
-                 L(",'VEHICULOPARTES','") + interno + L("')"));
+             "insert into itemventaja (iditem,idventaja,interno) values ("_L1 + id +
+                 ",'VEHICULOPARTES','"_L1 + interno + "')"_L1);
 }
 
 /// A position that has an automotive mark of another kind, or comes from inside the zone.
@@ -23,22 +25,22 @@ void fueraDelRegimen(AppContext &ctx, const QString &interno, const QString &id,
                      ClassLiquidacion &c, VehiculoPartes &m) {
     const QString &regimen = c.CaratulaSubRegimen;
     const QString z = ZonaDePais(c.ItemIdPais);
-    if (regimen == L("ICR1") && lapi) m.advertir = true;
-    if (z == L("B")) {
+    if (regimen == "ICR1"_L1 && lapi) m.advertir = true;
+    if (z == "B"_L1) {
         if (!ctx.opciones.QUINDELRAF) return;
         if (Ejecutar(ctx, internos,
-                     L("UPDATE item set lista = 'MERCOSUR' where id = ") + id + L(" and interno = '") +
-                         interno + L("' and (itmodif<>'S' or itmodif is null)")) > 0)
+                     "UPDATE item set lista = 'MERCOSUR' where id = "_L1 + id + " and interno = '"_L1 +
+                         interno + "' and (itmodif<>'S' or itmodif is null)"_L1) > 0)
             c.ItemLISTA_MERCOSUR = true;
         return;
     }
-    if (regimen == L("ICR3") || regimen == L("ICR1") || !lapi) return;
+    if (regimen == "ICR3"_L1 || regimen == "ICR1"_L1 || !lapi) return;
     if (!m.preguntado) {
         m.preguntado = true;
         m.respuesta =
-            ctx.dialogos.preguntar({QStringLiteral("ADVERTENCIA: Hay Posiciones arancelarias con LAPI pero "
-                                                   "no pertenecen\r\nal régimen automotriz, desea agregarle "
-                                                   "igual la ventaja VEHICULOPARTES?"),
+            ctx.dialogos.preguntar({u"ADVERTENCIA: Hay Posiciones arancelarias con LAPI pero "
+                                    "no pertenecen\r\nal régimen automotriz, desea agregarle "
+                                    "igual la ventaja VEHICULOPARTES?"_s,
                                     {},
                                     Icono::Pregunta,
                                     false});
@@ -51,16 +53,16 @@ void fueraDelRegimen(AppContext &ctx, const QString &interno, const QString &id,
 void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QString &iditem, bool lapi,
                            ClassLiquidacion &c, VehiculoPartes &memoria) {
     const QString &regimen = c.CaratulaSubRegimen;
-    if (regimen.startsWith(L("DIR")) || regimen.startsWith(L("IDA"))) return;
+    if (regimen.startsWith("DIR"_L1) || regimen.startsWith("IDA"_L1)) return;
     const bool automotriz =
-        c.CalculoAEC == L("P") || c.CalculoAEC == L("R") || c.ItemLista == L("314/R.AUTOMOTRIZ");
-    if (automotriz && regimen.startsWith(L("IC"))) {
-        if (ZonaDePais(c.ItemIdPais) != L("M") && c.ncm_AEC == L("*")) {
+        c.CalculoAEC == "P"_L1 || c.CalculoAEC == "R"_L1 || c.ItemLista == "314/R.AUTOMOTRIZ"_L1;
+    if (automotriz && regimen.startsWith("IC"_L1)) {
+        if (ZonaDePais(c.ItemIdPais) != "M"_L1 && c.ncm_AEC == "*"_L1) {
             if (lapi) agregar(ctx, interno, iditem);
         } else if (!c.ncm_AEC.trimmed().isEmpty()) {
             fueraDelRegimen(ctx, interno, iditem, lapi, c, memoria);
         }
-    } else if (regimen.startsWith(L("ICR")) && lapi) {
+    } else if (regimen.startsWith("ICR"_L1) && lapi) {
         agregar(ctx, interno, iditem);
     }
 }
@@ -69,8 +71,8 @@ void CerrarVehiculoPartes(AppContext &ctx, const QString &interno, const Vehicul
     if (!memoria.advertir) return;
     Ejecutar(
         ctx, internos,
-        L("delete from itemventaja where interno = '") + interno + L("' and idventaja = 'VEHICULOPARTES'"));
+        "delete from itemventaja where interno = '"_L1 + interno + "' and idventaja = 'VEHICULOPARTES'"_L1);
     ctx.dialogos.advertir(
-        QStringLiteral("ADVERTENCIA: Hay posiciones con LAPI\r\npero que no estan en el Regimen "
-                       "Automotriz.\r\n\r\nVerifique el subregimen del despacho."));
+        u"ADVERTENCIA: Hay posiciones con LAPI\r\npero que no estan en el Regimen "
+        "Automotriz.\r\n\r\nVerifique el subregimen del despacho."_s);
 }

@@ -11,7 +11,7 @@ struct VehiculoPartes {
 };
 
 /// Adds the advantage to an item where the regime, the zone and the licence mark say so; may set the item's
-/// list to MERCOSUR. `lapi` is the position's licence mark. Raises ErrorDeStore.
+/// list to MERCOSUR. `lapi` is the position's licence mark. Raises Falla.
 void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QString &iditem, bool lapi,
                            ClassLiquidacion &calculo, VehiculoPartes &memoria);
 /// The closing warning of a run, with the removal of the advantage from every item, when it is due.

@@ -14,13 +14,15 @@
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString zendra = QStringLiteral("ZENDRA");
-const QString flags = QStringLiteral("FLAGS");
+const QString zendra = u"ZENDRA"_s;
+const QString flags = u"FLAGS"_s;
 
 /// What a status label shows while its state is not known.
-const QString sinDato = QStringLiteral("—");
+const QString sinDato = u"—"_s;
 
 }  // namespace
 
@@ -36,8 +38,7 @@ void FrmDetalleInterno::Form_Load() {
     const AppContext &ctx = Contexto();
     (ctx.opciones.ARMARITEM == 1 ? ui.opOrdenxNCM : ui.opOrdenxCarga)->setChecked(true);
     ui.chkCalcularServicioDigitalizacion->setChecked(
-        ctx.ajustes.Leer(zendra, flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
-                         QStringLiteral("N")) == QLatin1String("S"));
+        ctx.ajustes.Leer(zendra, flags, u"CALCULAR_SERVICIO_DIGITALIZACION"_s, u"N"_s) == "S"_L1);
 }
 
 void FrmDetalleInterno::Conectar() {
@@ -66,7 +67,7 @@ void FrmDetalleInterno::Conectar() {
 
 void FrmDetalleInterno::Cargar(const QString &interno, const BanderasDeOperacion &banderas) {
     interno_ = interno;
-    ventana->setWindowTitle(QStringLiteral("Operación ") + interno);
+    ventana->setWindowTitle(u"Operación "_s + interno);
     ui.LbInterno->setText(interno);
     for (std::size_t n = 0; n < CkFlag.size(); ++n) CkFlag.at(n)->setChecked(banderas.at(n) != 0);
 }
@@ -119,9 +120,9 @@ void FrmDetalleInterno::HabilitarBotones(const EstadoDeOperacion &e) {
 void FrmDetalleInterno::ElegirOpcionDJAI(const EstadoDeOperacion &e) {
     ui.opDJAI_MezclarDescripciones->setEnabled(e.mezclarHabilitado);
     QRadioButton *elegida = ui.opDJAI_No_Usar_Descripcion;
-    if (e.opcionDJAI == QLatin1String("MARIA")) elegida = ui.opDJAI_Usar_Descripcion_Maria;
-    if (e.opcionDJAI == QLatin1String("CATALOGO")) elegida = ui.opDJAI_Usar_Descripcion_Catalogo;
-    if (e.opcionDJAI == QLatin1String("MEZCLA")) elegida = ui.opDJAI_MezclarDescripciones;
+    if (e.opcionDJAI == "MARIA"_L1) elegida = ui.opDJAI_Usar_Descripcion_Maria;
+    if (e.opcionDJAI == "CATALOGO"_L1) elegida = ui.opDJAI_Usar_Descripcion_Catalogo;
+    if (e.opcionDJAI == "MEZCLA"_L1) elegida = ui.opDJAI_MezclarDescripciones;
     elegida->setChecked(true);
 }
 
@@ -131,10 +132,10 @@ EleccionDelTablero FrmDetalleInterno::LeerEleccion() const {
     e.ChMulta = ui.ChMulta->isChecked();
     e.ChCOEF = ui.ChCOEF->isChecked();
     e.chkCalcularServicioDigitalizacion = ui.chkCalcularServicioDigitalizacion->isChecked();
-    if (ui.opDJAI_No_Usar_Descripcion->isChecked()) e.opcionDJAI = QStringLiteral("NO");
-    if (ui.opDJAI_Usar_Descripcion_Maria->isChecked()) e.opcionDJAI = QStringLiteral("MARIA");
-    if (ui.opDJAI_Usar_Descripcion_Catalogo->isChecked()) e.opcionDJAI = QStringLiteral("CATALOGO");
-    if (ui.opDJAI_MezclarDescripciones->isChecked()) e.opcionDJAI = QStringLiteral("MEZCLA");
+    if (ui.opDJAI_No_Usar_Descripcion->isChecked()) e.opcionDJAI = u"NO"_s;
+    if (ui.opDJAI_Usar_Descripcion_Maria->isChecked()) e.opcionDJAI = u"MARIA"_s;
+    if (ui.opDJAI_Usar_Descripcion_Catalogo->isChecked()) e.opcionDJAI = u"CATALOGO"_s;
+    if (ui.opDJAI_MezclarDescripciones->isChecked()) e.opcionDJAI = u"MEZCLA"_s;
     return e;
 }
 
@@ -184,8 +185,8 @@ void FrmDetalleInterno::cmdITEM_Click() {
         }
         auto &armado = Pantalla<FrmArmarItem>();
         armado.alCambiarTablero = [this](const Avance &avance) {
-            if (avance.control == QLatin1String("ChCOEF")) ui.ChCOEF->setChecked(avance.valor != 0);
-            if (avance.control == QLatin1String("LbSubregimen")) ui.LbSubregimen->setText(avance.texto);
+            if (avance.control == "ChCOEF"_L1) ui.ChCOEF->setChecked(avance.valor != 0);
+            if (avance.control == "LbSubregimen"_L1) ui.LbSubregimen->setText(avance.texto);
         };
         armado.alCerrar = [this] { SeguirArmado(); };
         armado.Mostrar(interno_, opciones);
@@ -194,7 +195,7 @@ void FrmDetalleInterno::cmdITEM_Click() {
 
 void FrmDetalleInterno::SeguirArmado() {
     AppContext &ctx = Contexto();
-    if (ctx.ChequeoArmado == QLatin1String("SI")) {
+    if (ctx.ChequeoArmado == "SI"_L1) {
         AbrirItems();
         return;
     }
@@ -245,9 +246,8 @@ void FrmDetalleInterno::CmdTransMaria_Click() {
 
 void FrmDetalleInterno::opDJAI_MezclarDescripciones_Click() {
     AppContext &ctx = Contexto();
-    if (ctx.DataManager.getDataConnectionTAG(QStringLiteral("INTERNOS")) == QLatin1String("SQL")) return;
-    ctx.dialogos.informar(
-        QStringLiteral("DJAI - MEZCLAR DESCRIPCIONES - Opción valida para Zendra v3 SQL Server"));
+    if (ctx.DataManager.getDataConnectionTAG(u"INTERNOS"_s) == "SQL"_L1) return;
+    ctx.dialogos.informar(u"DJAI - MEZCLAR DESCRIPCIONES - Opción valida para Zendra v3 SQL Server"_s);
     // A group of options lets none be taken away while it is exclusive.
     ui.opDJAI_MezclarDescripciones->setAutoExclusive(false);
     ui.opDJAI_MezclarDescripciones->setChecked(false);
@@ -256,6 +256,6 @@ void FrmDetalleInterno::opDJAI_MezclarDescripciones_Click() {
 
 void FrmDetalleInterno::opDJAI_Usar_Descripcion_Catalogo_Click() {
     Contexto().dialogos.informar(
-        QStringLiteral("Esta opción REEMPLAZA el campo DESCRIPCION_MARIA por DESCRIPCION (del catálogo) en "
-                       "la carga de subitems."));
+        u"Esta opción REEMPLAZA el campo DESCRIPCION_MARIA por DESCRIPCION (del catálogo) en "
+        "la carga de subitems."_s);
 }

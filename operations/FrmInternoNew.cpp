@@ -10,12 +10,14 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/iconos.h"
 #include "frame/ui/ventana.h"
+#include "header/FrmClientes.h"
 #include "header/FrmListadoDespachante.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNewFila.h"
 #include "operations/lifecycle.h"
-#include "siblings/FrmClientes.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,12 +25,8 @@ namespace {
 enum Columna { flag, Interno, SubRegimen, Despachante, Cliente, Vendedor };
 
 const QStringList &titulos() {
-    static const QStringList textos{{},
-                                    QStringLiteral("Interno"),
-                                    QStringLiteral("SubRegimen"),
-                                    QStringLiteral("Despachante"),
-                                    QStringLiteral("Cliente"),
-                                    QStringLiteral("Vendedor")};
+    static const QStringList textos{{},           u"Interno"_s, u"SubRegimen"_s, u"Despachante"_s,
+                                    u"Cliente"_s, u"Vendedor"_s};
     return textos;
 }
 
@@ -44,8 +42,8 @@ constexpr Agrupacion agrupaciones[] = {{u"", nullptr},
                                        {u"Vendedor", &FilaDeInterno::Vendedor}};
 
 Dibujo dibujoDe(const QString &tipo) {
-    if (tipo == QLatin1String("Importacion")) return Dibujo::Importar;
-    return tipo == QLatin1String("Exportacion") ? Dibujo::Exportar : Dibujo::Otros;
+    if (tipo == "Importacion"_L1) return Dibujo::Importar;
+    return tipo == "Exportacion"_L1 ? Dibujo::Exportar : Dibujo::Otros;
 }
 
 QList<QStandardItem *> celdasDe(const FilaDeInterno &fila, const QIcon &icono) {
@@ -75,8 +73,7 @@ void FrmInternoNew::Form_Load() {
     const auto [desde, hasta] = PeriodoInicial(QDate::currentDate());
     ui.DTP_Desde->setDate(desde);
     ui.DTP_Hasta->setDate(hasta);
-    ui.txtInterno->setText(ctx.ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("APLICACION"),
-                                            QStringLiteral("INTERNO_NRO")));
+    ui.txtInterno->setText(ctx.ajustes.Leer(u"ZENDRA"_s, u"APLICACION"_s, u"INTERNO_NRO"_s));
     ui.lstInterno->setModel(&modelo_);
     ui.lstInterno->setItemDelegate(new FilaConDetalle(ui.lstInterno));
     ui.lstInterno->setUniformRowHeights(false);
@@ -90,21 +87,21 @@ void FrmInternoNew::Form_Load() {
 }
 
 void FrmInternoNew::ArmarMenu() {
-    botonCrear = ui.TbMenu->addAction(IconoDe(Dibujo::Crear), QStringLiteral("Crear"));
-    botonCopiar = ui.TbMenu->addAction(IconoDe(Dibujo::Copiar), QStringLiteral("Copiar"));
-    botonEliminar = ui.TbMenu->addAction(IconoDe(Dibujo::Borrar), QStringLiteral("Eliminar"));
+    botonCrear = ui.TbMenu->addAction(IconoDe(Dibujo::Crear), u"Crear"_s);
+    botonCopiar = ui.TbMenu->addAction(IconoDe(Dibujo::Copiar), u"Copiar"_s);
+    botonEliminar = ui.TbMenu->addAction(IconoDe(Dibujo::Borrar), u"Eliminar"_s);
     ui.TbMenu->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    botonCrear->setToolTip(QStringLiteral("Crear una operación (Insert)"));
-    botonCopiar->setToolTip(QStringLiteral("Copiar la operación elegida (F6)"));
-    botonEliminar->setToolTip(QStringLiteral("Eliminar la operación elegida (Supr)"));
+    botonCrear->setToolTip(u"Crear una operación (Insert)"_s);
+    botonCopiar->setToolTip(u"Copiar la operación elegida (F6)"_s);
+    botonEliminar->setToolTip(u"Eliminar la operación elegida (Supr)"_s);
     popup = std::make_unique<QMenu>();
-    MnuInsertar = popup->addAction(QStringLiteral("&Insertar"));
-    MnuVer = popup->addAction(QStringLiteral("&Ver"));
-    MnuEliminar = popup->addAction(QStringLiteral("&Eliminar"));
+    MnuInsertar = popup->addAction(u"&Insertar"_s);
+    MnuVer = popup->addAction(u"&Ver"_s);
+    MnuEliminar = popup->addAction(u"&Eliminar"_s);
     popup->addSeparator();
-    MnuTodo = popup->addAction(QStringLiteral("&Todo"));
-    MnuPendientes = popup->addAction(QStringLiteral("&Pendientes"));
-    MnuTransferidos = popup->addAction(QStringLiteral("T&ransferidos"));
+    MnuTodo = popup->addAction(u"&Todo"_s);
+    MnuPendientes = popup->addAction(u"&Pendientes"_s);
+    MnuTransferidos = popup->addAction(u"T&ransferidos"_s);
     // Operations carry no mark of their transfer that these could choose by.
     for (QAction *sinUso : {MnuTodo, MnuPendientes, MnuTransferidos}) sinUso->setEnabled(false);
 }
@@ -171,7 +168,7 @@ void FrmInternoNew::Agrupar() {
         QStandardItem *&grupo = grupos[fila.*por.campo];
         if (grupo == nullptr) {
             const QString nombre = fila.*por.campo;
-            grupo = new QStandardItem(nombre.isEmpty() ? QStringLiteral("(sin dato)") : nombre);
+            grupo = new QStandardItem(nombre.isEmpty() ? u"(sin dato)"_s : nombre);
             grupo->setData(true, rolGrupo);
             modelo_.appendRow(grupo);
         }

@@ -4,13 +4,16 @@
 #include <map>
 
 #include "assembly/run.h"
+#include "frame/base/numbers.h"
 #include "frame/jsondialogs.h"
-#include "frame/numbers.h"
 #include "frame/startup.h"
+#include "header/changes.h"
+#include "liquidation/consistency.h"
 #include "liquidation/review.h"
 #include "operations/browser.h"
-#include "operations/consistency.h"
 #include "operations/lifecycle.h"
+
+using namespace Qt::StringLiterals;
 
 namespace lote {
 
@@ -18,10 +21,10 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
-const QString zendra = QStringLiteral("ZENDRA");
-const QString flags = QStringLiteral("FLAGS");
-const QString sinDescripciones = QStringLiteral("NO");
+const QString internos = u"INTERNOS"_s;
+const QString zendra = u"ZENDRA"_s;
+const QString flags = u"FLAGS"_s;
+const QString sinDescripciones = u"NO"_s;
 
 /// Reads a JSON value into one option; false when it is of another kind.
 using Poner = std::function<bool(const QJsonValue &, AppContext &, EleccionDelTablero &)>;
@@ -33,8 +36,8 @@ bool leerFlag(const QJsonValue &v, bool &donde) {
         return true;
     }
     const QString texto = v.toString();
-    if (!v.isString() || (texto != L("S") && texto != L("N"))) return false;
-    donde = texto == L("S");
+    if (!v.isString() || (texto != "S"_L1 && texto != "N"_L1)) return false;
+    donde = texto == "S"_L1;
     return true;
 }
 
@@ -52,7 +55,7 @@ Poner letra(QString Opciones::*miembro) {
     return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
         bool si = false;
         if (!leerFlag(v, si)) return false;
-        ctx.opciones.*miembro = si ? QStringLiteral("S") : QStringLiteral("N");
+        ctx.opciones.*miembro = si ? u"S"_s : u"N"_s;
         return true;
     };
 }
@@ -116,9 +119,8 @@ bool ponerVersion(const QJsonValue &v, AppContext &, EleccionDelTablero &) {
 
 bool ponerDescripcion(const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
     const QString modo = v.toString();
-    if (!v.isString() || !QStringList{QString(), QStringLiteral("NO"), QStringLiteral("MARIA"),
-                                      QStringLiteral("CATALOGO"), QStringLiteral("MEZCLA")}
-                              .contains(modo))
+    if (!v.isString() ||
+        !QStringList{QString(), u"NO"_s, u"MARIA"_s, u"CATALOGO"_s, u"MEZCLA"_s}.contains(modo))
         return false;
     t.opcionDJAI = modo.isEmpty() ? sinDescripciones : modo;
     return true;
@@ -126,62 +128,62 @@ bool ponerDescripcion(const QJsonValue &v, AppContext &, EleccionDelTablero &t) 
 
 const std::map<QString, Poner> &opcionesConocidas() {
     static const std::map<QString, Poner> todas{
-        {QStringLiteral("QUINDEL"), flag(&Opciones::QUINDEL)},
-        {QStringLiteral("QUINDELRAF"), flag(&Opciones::QUINDELRAF)},
-        {QStringLiteral("NROSUFIJ"), texto(&Opciones::NROSUFIJ)},
-        {QStringLiteral("MODIFCAT"), nivel(&Opciones::MODIFCAT)},
-        {QStringLiteral("VALORCAT"), nivel(&Opciones::VALORCAT)},
-        {QStringLiteral("PRIMR100"), nivel(&Opciones::PRIMR100)},
-        {QStringLiteral("GROUPBYART"), flag(&Opciones::GROUPBYART)},
-        {QStringLiteral("ARMARITEM"), ponerOrden},
-        {QStringLiteral("MODARTSUB"), letra(&Opciones::MODARTSUB)},
-        {QStringLiteral("VrySbtDup"), letra(&Opciones::VrySbtDup)},
-        {QStringLiteral("SbtMantCodart"), flag(&Opciones::SbtMantCodart)},
-        {QStringLiteral("SbtMantDatos"), flag(&Opciones::SbtMantDatos)},
-        {QStringLiteral("SbtMostrarAsc"), flag(&Opciones::SbtMostrarAsc)},
-        {QStringLiteral("FlgIdArtTOOtros"), flag(&Opciones::FlgIdArtTOOtros)},
-        {QStringLiteral("SbtNroArtAI"), flag(&Opciones::SbtNroArtAI)},
-        {QStringLiteral("NOCALCLIQU"), flag(&Opciones::NOCALCLIQU)},
-        {QStringLiteral("EnviarComExt"), flag(&Opciones::EnviarComExt)},
-        {QStringLiteral("SbtForzarNroArtAI"), flag(&Opciones::SbtForzarNroArtAI)},
-        {QStringLiteral("VendedorOrderxNombre"), flag(&Opciones::VendedorOrderxNombre)},
-        {QStringLiteral("SbtFuncionCargaPor"), flag(&Opciones::SbtFuncionCargaPor)},
-        {QStringLiteral("Responder_Opciones_Obligatorio"), flag(&Opciones::Responder_Opciones_Obligatorio)},
-        {QStringLiteral("OperacionesMostrarTODO"), flag(&Opciones::OperacionesMostrarTODO)},
-        {QStringLiteral("NoEnviarDescripcionAlITEM"), flag(&Opciones::NoEnviarDescripcionAlITEM)},
-        {QStringLiteral("CancelManual"), flag(&Opciones::CancelManual)},
-        {QStringLiteral("LISTADO"), entero(&Opciones::LISTADO)},
-        {QStringLiteral("IVARIN"), numero(&Opciones::IVARIN)},
-        {QStringLiteral("IVARNI"), numero(&Opciones::IVARNI)},
-        {QStringLiteral("DIEMCHINA-IndMaxArancel"), numero(&Opciones::DIEMCHINA_IndMaxArancel)},
-        {QStringLiteral("DIEMCHINA-PrefPorc"), numero(&Opciones::DIEMCHINA_PrefPorc)},
-        {QStringLiteral("DEVICENAME"), texto(&Opciones::DEVICENAME)},
-        {QStringLiteral("DRIVERNAME"), texto(&Opciones::DRIVERNAME)},
-        {QStringLiteral("PORT"), texto(&Opciones::PORT)},
-        {QStringLiteral("VERSION"), ponerVersion},
-        {QStringLiteral("opOrdenxCarga"), ponerOrdenDeCarga},
-        {QStringLiteral("opOrdenxNCM"), control(&EleccionDelTablero::opOrdenxNCM)},
-        {QStringLiteral("ChMulta"), control(&EleccionDelTablero::ChMulta)},
-        {QStringLiteral("ChCOEF"), control(&EleccionDelTablero::ChCOEF)},
-        {QStringLiteral("chkCalcularServicioDigitalizacion"),
+        {u"QUINDEL"_s, flag(&Opciones::QUINDEL)},
+        {u"QUINDELRAF"_s, flag(&Opciones::QUINDELRAF)},
+        {u"NROSUFIJ"_s, texto(&Opciones::NROSUFIJ)},
+        {u"MODIFCAT"_s, nivel(&Opciones::MODIFCAT)},
+        {u"VALORCAT"_s, nivel(&Opciones::VALORCAT)},
+        {u"PRIMR100"_s, nivel(&Opciones::PRIMR100)},
+        {u"GROUPBYART"_s, flag(&Opciones::GROUPBYART)},
+        {u"ARMARITEM"_s, ponerOrden},
+        {u"MODARTSUB"_s, letra(&Opciones::MODARTSUB)},
+        {u"VrySbtDup"_s, letra(&Opciones::VrySbtDup)},
+        {u"SbtMantCodart"_s, flag(&Opciones::SbtMantCodart)},
+        {u"SbtMantDatos"_s, flag(&Opciones::SbtMantDatos)},
+        {u"SbtMostrarAsc"_s, flag(&Opciones::SbtMostrarAsc)},
+        {u"FlgIdArtTOOtros"_s, flag(&Opciones::FlgIdArtTOOtros)},
+        {u"SbtNroArtAI"_s, flag(&Opciones::SbtNroArtAI)},
+        {u"NOCALCLIQU"_s, flag(&Opciones::NOCALCLIQU)},
+        {u"EnviarComExt"_s, flag(&Opciones::EnviarComExt)},
+        {u"SbtForzarNroArtAI"_s, flag(&Opciones::SbtForzarNroArtAI)},
+        {u"VendedorOrderxNombre"_s, flag(&Opciones::VendedorOrderxNombre)},
+        {u"SbtFuncionCargaPor"_s, flag(&Opciones::SbtFuncionCargaPor)},
+        {u"Responder_Opciones_Obligatorio"_s, flag(&Opciones::Responder_Opciones_Obligatorio)},
+        {u"OperacionesMostrarTODO"_s, flag(&Opciones::OperacionesMostrarTODO)},
+        {u"NoEnviarDescripcionAlITEM"_s, flag(&Opciones::NoEnviarDescripcionAlITEM)},
+        {u"CancelManual"_s, flag(&Opciones::CancelManual)},
+        {u"LISTADO"_s, entero(&Opciones::LISTADO)},
+        {u"IVARIN"_s, numero(&Opciones::IVARIN)},
+        {u"IVARNI"_s, numero(&Opciones::IVARNI)},
+        {u"DIEMCHINA-IndMaxArancel"_s, numero(&Opciones::DIEMCHINA_IndMaxArancel)},
+        {u"DIEMCHINA-PrefPorc"_s, numero(&Opciones::DIEMCHINA_PrefPorc)},
+        {u"DEVICENAME"_s, texto(&Opciones::DEVICENAME)},
+        {u"DRIVERNAME"_s, texto(&Opciones::DRIVERNAME)},
+        {u"PORT"_s, texto(&Opciones::PORT)},
+        {u"VERSION"_s, ponerVersion},
+        {u"opOrdenxCarga"_s, ponerOrdenDeCarga},
+        {u"opOrdenxNCM"_s, control(&EleccionDelTablero::opOrdenxNCM)},
+        {u"ChMulta"_s, control(&EleccionDelTablero::ChMulta)},
+        {u"ChCOEF"_s, control(&EleccionDelTablero::ChCOEF)},
+        {u"chkCalcularServicioDigitalizacion"_s,
          control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
-        {QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
+        {u"CALCULAR_SERVICIO_DIGITALIZACION"_s,
          control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
-        {QStringLiteral("DJAI_USAR_DESCRIPCION"), ponerDescripcion},
+        {u"DJAI_USAR_DESCRIPCION"_s, ponerDescripcion},
     };
     return todas;
 }
 
 bool existe(AppContext &ctx, const QString &clave) {
     Recordset rs;
-    return Consultar(ctx, internos, L("select interno from caratula where interno = '") + clave + L("'"), rs);
+    return Consultar(ctx, internos, "select interno from caratula where interno = '"_L1 + clave + "'"_L1, rs);
 }
 
 double contar(AppContext &ctx, const QString &tabla, const QString &clave, const char *cola = "") {
     Recordset rs;
     Consultar(
         ctx, internos,
-        L("select count(*) as valor from ") + tabla + L(" where interno = '") + clave + L("'") + L(cola), rs);
+        "select count(*) as valor from "_L1 + tabla + " where interno = '"_L1 + clave + "'"_L1 + L(cola), rs);
     return rs.Numero(u"valor");
 }
 
@@ -192,21 +194,20 @@ int armar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJso
     bool entera = true;
     if (paso == PasoDeArmado::Armar) {
         entera = Generar(ctx, orden.clave, opciones);
-        if (ctx.ChequeoArmado != L("SI")) ArmadoFallido(ctx, orden.clave);
+        if (ctx.ChequeoArmado != "SI"_L1) ArmadoFallido(ctx, orden.clave);
     } else {
-        ctx.ChequeoArmado = paso == PasoDeArmado::YaArmado ? QStringLiteral("SI") : QStringLiteral("NO");
+        ctx.ChequeoArmado = paso == PasoDeArmado::YaArmado ? u"SI"_s : u"NO"_s;
     }
-    resultado[QStringLiteral("armado")] = ctx.ChequeoArmado;
-    resultado[QStringLiteral("corrida")] = paso == PasoDeArmado::Armar;
-    resultado[QStringLiteral("items")] = contar(ctx, QStringLiteral("item"), orden.clave, " and id<>0");
-    resultado[QStringLiteral("grupos")] = contar(ctx, QStringLiteral("groupsubitems"), orden.clave);
+    resultado[u"armado"_s] = ctx.ChequeoArmado;
+    resultado[u"corrida"_s] = paso == PasoDeArmado::Armar;
+    resultado[u"items"_s] = contar(ctx, u"item"_s, orden.clave, " and id<>0");
+    resultado[u"grupos"_s] = contar(ctx, u"groupsubitems"_s, orden.clave);
     return entera ? bien : falla;
 }
 
 int liquidar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJsonObject &resultado) {
-    if (contar(ctx, QStringLiteral("item"), orden.clave) == 0) {
-        ctx.dialogos.critico(
-            QStringLiteral("El interno %1 no tiene items; ármelo antes de liquidarlo.").arg(orden.clave));
+    if (contar(ctx, u"item"_s, orden.clave) == 0) {
+        ctx.dialogos.critico(u"El interno %1 no tiene items; ármelo antes de liquidarlo."_s.arg(orden.clave));
         return falla;
     }
     ctx.CalcularCoeficiente = t.ChCOEF;
@@ -215,16 +216,14 @@ int liquidar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, Q
     const ResultadoRecalculo r = RecalcularOperacion(ctx, orden.clave, calculo);
     QJsonArray grilla;
     for (const FilaLiq &f : r.grilla)
-        grilla.append(QJsonObject{{QStringLiteral("numero"), f.numero},
-                                  {QStringLiteral("concepto"), f.concepto},
-                                  {QStringLiteral("total"), f.total},
-                                  {QStringLiteral("pgc"), f.pgc}});
-    resultado[QStringLiteral("totalP")] = numeros::Format(r.totalP, u"00.00");
-    resultado[QStringLiteral("totalG")] = numeros::Format(r.totalG, u"00.00");
-    resultado[QStringLiteral("totalC")] = numeros::Format(r.totalC, u"00.00");
-    resultado[QStringLiteral("baseImponible")] = numeros::Format(r.sumaBaseImponible, u"00.00");
-    resultado[QStringLiteral("baseIVA")] = numeros::Format(r.sumaBaseIVA, u"00.00");
-    resultado[QStringLiteral("conceptos")] = grilla;
+        grilla.append(QJsonObject{
+            {u"numero"_s, f.numero}, {u"concepto"_s, f.concepto}, {u"total"_s, f.total}, {u"pgc"_s, f.pgc}});
+    resultado[u"totalP"_s] = numeros::Format(r.totalP, u"00.00", ctx.SeparadorDecimal);
+    resultado[u"totalG"_s] = numeros::Format(r.totalG, u"00.00", ctx.SeparadorDecimal);
+    resultado[u"totalC"_s] = numeros::Format(r.totalC, u"00.00", ctx.SeparadorDecimal);
+    resultado[u"baseImponible"_s] = numeros::Format(r.sumaBaseImponible, u"00.00", ctx.SeparadorDecimal);
+    resultado[u"baseIVA"_s] = numeros::Format(r.sumaBaseIVA, u"00.00", ctx.SeparadorDecimal);
+    resultado[u"conceptos"_s] = grilla;
     return bien;
 }
 
@@ -239,7 +238,7 @@ int conLaOperacion(AppContext &ctx, const Orden &orden, const std::function<int(
     } catch (...) {
         try {
             GuardarYLiberar(ctx, orden.clave, banderas, std::nullopt);
-        } catch (const ErrorDeStore &) {
+        } catch (const Falla &) {
             // The store is gone; the first failure is the one to tell.
         }
         throw;
@@ -253,45 +252,45 @@ int listar(AppContext &ctx, const SalidaDeObjetos &salida, QJsonObject &resultad
     ctx.opciones.OperacionesMostrarTODO = true;
     const std::vector<FilaDeInterno> filas = LeerInternos(ctx, {});
     for (const FilaDeInterno &f : filas)
-        salida({{QStringLiteral("tipo"), QStringLiteral("operacion")},
-                {QStringLiteral("interno"), f.Interno},
-                {QStringLiteral("clase"), f.tipo},
-                {QStringLiteral("subregimen"), f.SubRegimen},
-                {QStringLiteral("cliente"), f.Cliente},
-                {QStringLiteral("despachante"), f.Despachante},
-                {QStringLiteral("vendedor"), f.Vendedor},
-                {QStringLiteral("detalle"), f.detalle}});
-    resultado[QStringLiteral("cantidad")] = static_cast<int>(filas.size());
+        salida({{u"tipo"_s, u"operacion"_s},
+                {u"interno"_s, f.Interno},
+                {u"clase"_s, f.tipo},
+                {u"subregimen"_s, f.SubRegimen},
+                {u"cliente"_s, f.Cliente},
+                {u"despachante"_s, f.Despachante},
+                {u"vendedor"_s, f.Vendedor},
+                {u"detalle"_s, f.detalle}});
+    resultado[u"cantidad"_s] = static_cast<int>(filas.size());
     return bien;
 }
 
 int correr(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
            const SalidaDeObjetos &salida, QJsonObject &resultado) {
     const QString &c = orden.comando;
-    if (c == L("listar")) return listar(ctx, salida, resultado);
-    if (c == L("crear")) {
+    if (c == "listar"_L1) return listar(ctx, salida, resultado);
+    if (c == "crear"_L1) {
         const bool hecho = CrearInterno(ctx, orden.clave);
-        resultado[QStringLiteral("creado")] = hecho;
+        resultado[u"creado"_s] = hecho;
         return hecho ? bien : falla;
     }
     if (!existe(ctx, orden.clave)) {
-        ctx.dialogos.critico(QStringLiteral("No se encontró el interno %1; revise la clave o créelo primero.")
-                                 .arg(orden.clave));
+        ctx.dialogos.critico(
+            u"No se encontró el interno %1; revise la clave o créelo primero."_s.arg(orden.clave));
         return falla;
     }
-    if (c == L("borrar")) {
+    if (c == "borrar"_L1) {
         // The screen's own question: without a "Si" among the answers nothing is removed.
         const bool confirmado = ConfirmarEliminacion(ctx, orden.clave);
         const bool hecho = confirmado && EliminarSinPreguntar(ctx, orden.clave);
-        resultado[QStringLiteral("borrado")] = hecho;
+        resultado[u"borrado"_s] = hecho;
         return hecho || !confirmado ? bien : falla;
     }
-    if (c == L("comprobar")) {
-        resultado[QStringLiteral("diferencias")] = ComprobarInterno(ctx, orden.clave);
+    if (c == "comprobar"_L1) {
+        resultado[u"diferencias"_s] = ComprobarInterno(ctx, orden.clave);
         return bien;
     }
     return conLaOperacion(ctx, orden, [&] {
-        return c == L("armar") ? armar(ctx, orden, tablero, resultado)
+        return c == "armar"_L1 ? armar(ctx, orden, tablero, resultado)
                                : liquidar(ctx, orden, tablero, resultado);
     });
 }
@@ -299,9 +298,8 @@ int correr(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tabler
 }  // namespace
 
 const QStringList &Comandos() {
-    static const QStringList todos{QStringLiteral("armar"),     QStringLiteral("liquidar"),
-                                   QStringLiteral("comprobar"), QStringLiteral("crear"),
-                                   QStringLiteral("borrar"),    QStringLiteral("listar")};
+    static const QStringList todos{u"armar"_s, u"liquidar"_s, u"comprobar"_s,
+                                   u"crear"_s, u"borrar"_s,   u"listar"_s};
     return todos;
 }
 
@@ -309,10 +307,9 @@ EleccionDelTablero TableroInicial(AppContext &ctx) {
     EleccionDelTablero t;
     t.opOrdenxNCM = ctx.opciones.ARMARITEM == 1;
     t.chkCalcularServicioDigitalizacion =
-        ctx.ajustes.Leer(zendra, flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
-                         QStringLiteral("N")) == L("S");
+        ctx.ajustes.Leer(zendra, flags, u"CALCULAR_SERVICIO_DIGITALIZACION"_s, u"N"_s) == "S"_L1;
     // With nothing kept, the dashboard starts on "no descriptions".
-    const QString guardada = ctx.ajustes.Leer(zendra, flags, QStringLiteral("DJAI_USAR_DESCRIPCION"));
+    const QString guardada = ctx.ajustes.Leer(zendra, flags, u"DJAI_USAR_DESCRIPCION"_s);
     t.opcionDJAI = guardada.isEmpty() ? sinDescripciones : guardada;
     return t;
 }
@@ -322,12 +319,11 @@ bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTa
     for (auto o = opciones.constBegin(); o != opciones.constEnd(); ++o) {
         const auto conocida = opcionesConocidas().find(o.key());
         if (conocida == opcionesConocidas().end()) {
-            error = QStringLiteral("La opción \"%1\" no existe; revise el archivo de opciones.").arg(o.key());
+            error = u"La opción \"%1\" no existe; revise el archivo de opciones."_s.arg(o.key());
             return false;
         }
         if (!conocida->second(o.value(), ctx, tablero)) {
-            error = QStringLiteral("La opción \"%1\" no admite ese valor; revise el archivo de opciones.")
-                        .arg(o.key());
+            error = u"La opción \"%1\" no admite ese valor; revise el archivo de opciones."_s.arg(o.key());
             return false;
         }
     }
@@ -337,30 +333,28 @@ bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTa
 bool VersionAdecuada(AppContext &ctx) {
     // What cannot be reached or read tells so by itself.
     Recordset rs;
-    Consultar(ctx, internos, QStringLiteral("select 1 as uno"), rs);
+    Consultar(ctx, internos, u"select 1 as uno"_s, rs);
     int version = 0;
     try {
         version = LeerVersionDelStore(ctx);
-    } catch (const ErrorDeStore &) {
+    } catch (const Falla &) {
         // Without a table of versions it is no store of ours, or one of long ago.
     }
     if (version >= versionMinima) return true;
     ctx.dialogos.critico(
-        QStringLiteral(
-            "Los stores del perfil %1 son anteriores a la versión %2, que se necesita; actualícelos "
-            "con DbUpgrade3 --perfil %1.")
-            .arg(ctx.DataManager.rutaDelPerfil())
+        u"Los stores del perfil %1 son anteriores a la versión %2, que se necesita; actualícelos "
+        "con DbUpgrade3 --perfil %1."_s.arg(ctx.DataManager.rutaDelPerfil())
             .arg(versionMinima));
     return false;
 }
 
 int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
              const SalidaDeObjetos &salida, QJsonObject &resultado) {
-    resultado[QStringLiteral("resultado")] = orden.comando;
-    if (!orden.clave.isEmpty()) resultado[QStringLiteral("interno")] = orden.clave;
+    resultado[u"resultado"_s] = orden.comando;
+    if (!orden.clave.isEmpty()) resultado[u"interno"_s] = orden.clave;
     try {
         return correr(ctx, orden, tablero, salida, resultado);
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         ctx.dialogos.critico(e.descripcion);
         return falla;
     }

@@ -36,7 +36,7 @@ bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTa
 using SalidaDeObjetos = std::function<void(const QJsonObject &)>;
 
 /// Whether the stores of the profile are of a version that the program works with; a message tells when they
-/// are not, since work on them would end in the middle. Raises ErrorDeStore for a store out of reach.
+/// are not, since work on them would end in the middle. Raises Falla for a store out of reach.
 bool VersionAdecuada(AppContext &ctx);
 
 /// Runs the order; `resultado` takes the last line's members. An operation that is written is locked like a

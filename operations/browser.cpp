@@ -2,53 +2,57 @@
 
 #include <QDateTime>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "frame/startup.h"
 #include "header/codes.h"
 #include "operations/lifecycle.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
+const QString internos = u"INTERNOS"_s;
 
-QString importe(const Recordset &rs, QStringView monto, QStringView divisa) {
-    return numeros::Format(rs.Numero(monto), u"00.00") + L(" (") + rs.Texto(divisa) + L(")");
+QString importe(const AppContext &ctx, const Recordset &rs, QStringView monto, QStringView divisa) {
+    return numeros::Format(rs.Numero(monto), u"00.00", ctx.SeparadorDecimal) + " ("_L1 + rs.Texto(divisa) +
+           ")"_L1;
 }
 
 QString detalleDe(AppContext &ctx, const Recordset &rs) {
     const QString aduana = rs.Texto(u"idaduana");
     const QDateTime alta = AFecha(rs.Fields(u"fechaalta").Value);
-    return L("Aduana: (") + aduana + L(") ") + getAduanaDescripcion(ctx, aduana) + L(" - Cond Venta: ") +
-           rs.Texto(u"idcondiciondeventa") + L("\r\nFOB : ") + importe(rs, u"fobdivisas", u"fobcoddivisas") +
-           L(" - Flete : ") + importe(rs, u"fletedivisas", u"fletecoddivisas") + L(" - Seguro : ") +
-           importe(rs, u"segurodivisas", u"segurocoddivisas") + L("\r\nCreado : ") +
+    return "Aduana: ("_L1 + aduana + ") "_L1 + getAduanaDescripcion(ctx, aduana) + " - Cond Venta: "_L1 +
+           rs.Texto(u"idcondiciondeventa") + "\r\nFOB : "_L1 +
+           importe(ctx, rs, u"fobdivisas", u"fobcoddivisas") + " - Flete : "_L1 +
+           importe(ctx, rs, u"fletedivisas", u"fletecoddivisas") + " - Seguro : "_L1 +
+           importe(ctx, rs, u"segurodivisas", u"segurocoddivisas") + "\r\nCreado : "_L1 +
            (alta.isValid() ? FechaLarga(alta) : rs.Texto(u"fechaalta"));
 }
 
 QString tipoDe(const QString &direccion) {
-    if (direccion == L("I")) return QStringLiteral("Importacion");
-    return direccion == L("E") ? QStringLiteral("Exportacion") : QStringLiteral("Otros");
+    if (direccion == "I"_L1) return u"Importacion"_s;
+    return direccion == "E"_L1 ? u"Exportacion"_s : u"Otros"_s;
 }
 
 }  // namespace
 
 QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
     QStringList condiciones;
-    if (!f.txtCliente.isEmpty()) condiciones << L(" cuitcliente = '") + f.txtCliente + L("' ");
-    if (!f.txtDespachante.isEmpty()) condiciones << L(" cuitdespaduana = '") + f.txtDespachante + L("' ");
+    if (!f.txtCliente.isEmpty()) condiciones << " cuitcliente = '"_L1 + f.txtCliente + "' "_L1;
+    if (!f.txtDespachante.isEmpty()) condiciones << " cuitdespaduana = '"_L1 + f.txtDespachante + "' "_L1;
     if (f.chkFiltroFecha)
-        condiciones << L(" ( FechaAlta between ") +
+        condiciones << " ( FechaAlta between "_L1 +
                            ctx.DataManager.getDateFormatbyEntity(internos, f.desde.startOfDay()) +
-                           L(" and ") + ctx.DataManager.getDateFormatbyEntity(internos, f.hasta.endOfDay()) +
-                           L(" )");
+                           " and "_L1 + ctx.DataManager.getDateFormatbyEntity(internos, f.hasta.endOfDay()) +
+                           " )"_L1;
     if (!f.txtInterno.trimmed().isEmpty())
-        condiciones << L(" interno like '") + f.txtInterno.trimmed() + L("%' ");
-    return (ctx.opciones.OperacionesMostrarTODO ? L("select * from caratula ")
-                                                : L("select top 50 * from caratula ")) +
-           (condiciones.isEmpty() ? QString() : L(" where ") + condiciones.join(L("and "))) +
-           (ctx.opciones.LISTADO != 0 ? L(" order by fechaalta desc,interno") : L(" order by interno"));
+        condiciones << " interno like '"_L1 + f.txtInterno.trimmed() + "%' "_L1;
+    return (ctx.opciones.OperacionesMostrarTODO ? "select * from caratula "_L1
+                                                : "select top 50 * from caratula "_L1) +
+           (condiciones.isEmpty() ? QString() : " where "_L1 + condiciones.join("and "_L1)) +
+           (ctx.opciones.LISTADO != 0 ? " order by fechaalta desc,interno"_L1 : " order by interno"_L1);
 }
 
 std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos &filtro) {
@@ -66,8 +70,7 @@ std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos 
 
 std::vector<FilaDeInterno> BuscarInternos(AppContext &ctx, const FiltroDeInternos &filtro) {
     std::vector<FilaDeInterno> filas = LeerInternos(ctx, filtro);
-    ctx.ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("APLICACION"), QStringLiteral("INTERNO_NRO"),
-                        filtro.txtInterno);
+    ctx.ajustes.Guardar(u"ZENDRA"_s, u"APLICACION"_s, u"INTERNO_NRO"_s, filtro.txtInterno);
     return filas;
 }
 

@@ -18,10 +18,10 @@ struct FilaDeInterno {
 };
 /// The statement of the search, as sent.
 QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &filtro);
-/// The rows of the search, in order. Raises ErrorDeStore.
+/// The rows of the search, in order. Raises Falla.
 std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos &filtro);
 /// The same for the screen, which finds what it looked for last (INTERNO_NRO) at its next start. Raises
-/// ErrorDeStore.
+/// Falla.
 std::vector<FilaDeInterno> BuscarInternos(AppContext &ctx, const FiltroDeInternos &filtro);
 /// First and last day of the month of `hoy`.
 std::pair<QDate, QDate> PeriodoInicial(const QDate &hoy);

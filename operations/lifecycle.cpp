@@ -4,18 +4,20 @@
 
 #include "frame/startup.h"
 #include "header/regime.h"
-#include "operations/inputslink.h"
-#include "siblings/oOperationCopy.h"
+#include "operations/oOperationCopy.h"
+#include "subitems/inputslink.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString internos = QStringLiteral("INTERNOS");
-const QString zendra = QStringLiteral("ZENDRA");
+const QString internos = u"INTERNOS"_s;
+const QString zendra = u"ZENDRA"_s;
 
 QString bandera(int n) {
-    return L("FLAG") + QString::number(n);
+    return "FLAG"_L1 + QString::number(n);
 }
 
 /// The tables of an operation, in the order of their removal.
@@ -40,18 +42,17 @@ QString fechaLarga(const Recordset &rs) {
 void liberarInsumos(AppContext &ctx, const QString &clave) {
     Recordset rs;
     for (Consultar(ctx, internos,
-                   L("select cancelaciones,idcatalogo,idarticulo,id from subitems where interno = '") +
-                       clave + L("'"),
+                   "select cancelaciones,idcatalogo,idarticulo,id from subitems where interno = '"_L1 +
+                       clave + "'"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext()) {
-        if (rs.Texto(u"cancelaciones") != L("OK")) continue;
+        if (rs.Texto(u"cancelaciones") != "OK"_L1) continue;
         if (!insumos::crearEnlace)
-            throw ErrorDeStore{
-                429,
-                QStringLiteral("oInputsLink.clInputsLink"),
-                QStringLiteral("No se puede crear el enlace de insumos: la operación tiene líneas con "
-                               "insumos tomados y la biblioteca no está instalada."),
-                {}};
+            throw Falla{429,
+                        u"oInputsLink.clInputsLink"_s,
+                        u"No se puede crear el enlace de insumos: la operación tiene líneas con "
+                        "insumos tomados y la biblioteca no está instalada."_s,
+                        {}};
         const insumos::Enlace enlace = insumos::crearEnlace();
         enlace.EliminarInsumo(clave, rs.Texto(u"idCatalogo"), rs.Texto(u"IdArticulo"),
                               static_cast<qint64>(rs.Numero(u"ID")));
@@ -59,9 +60,9 @@ void liberarInsumos(AppContext &ctx, const QString &clave) {
 }
 
 void borrarAjustes(AppContext &ctx, const QString &clave) {
-    ctx.ajustes.Borrar(zendra, QStringLiteral("PROCESOS"), clave);
+    ctx.ajustes.Borrar(zendra, u"PROCESOS"_s, clave);
     for (int n = 0; n < 8; ++n) ctx.ajustes.Borrar(zendra, clave, bandera(n));
-    ctx.ajustes.Borrar(zendra, clave, QStringLiteral("COEFEXPO"));
+    ctx.ajustes.Borrar(zendra, clave, u"COEFEXPO"_s);
 }
 
 }  // namespace
@@ -71,32 +72,29 @@ std::function<insumos::Enlace()> insumos::crearEnlace;
 bool CrearInterno(AppContext &ctx, const QString &clave) {
     try {
         Recordset rs;
-        if (Consultar(ctx, internos, L("select interno from caratula where interno = '") + clave + L("'"),
+        if (Consultar(ctx, internos, "select interno from caratula where interno = '"_L1 + clave + "'"_L1,
                       rs)) {
-            ctx.dialogos.advertir(QStringLiteral("El Código de interno ya existe."));
+            ctx.dialogos.advertir(u"El Código de interno ya existe."_s);
             return false;
         }
         if (Ejecutar(ctx, internos,
-                     L("insert into caratula (interno, fechaalta, ONCCAHabilitado) values ('") + clave +
-                         L("',") +
+                     "insert into caratula (interno, fechaalta, ONCCAHabilitado) values ('"_L1 + clave +
+                         "',"_L1 +
                          ctx.DataManager.getDateFormatbyEntity(internos, QDate::currentDate().startOfDay()) +
-                         L(",'N')")) == 0)
+                         ",'N')"_L1) == 0)
             return false;
-        for (int n = 0; n < 8; ++n) ctx.ajustes.Guardar(zendra, clave, bandera(n), QStringLiteral("1"));
-        ctx.ajustes.Guardar(zendra, clave, QStringLiteral("COEFEXPO"), QStringLiteral("0"));
+        for (int n = 0; n < 8; ++n) ctx.ajustes.Guardar(zendra, clave, bandera(n), u"1"_s);
+        ctx.ajustes.Guardar(zendra, clave, u"COEFEXPO"_s, u"0"_s);
         return true;
-    } catch (const ErrorDeStore &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + L(" - ") + e.descripcion);
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
         return false;
     }
 }
 
 QString NuevoInterno(AppContext &ctx) {
-    const auto escrito =
-        ctx.dialogos.pedirTexto({QStringLiteral("Crear nuevo interno"),
-                                 QStringLiteral("Ingrese el nuevo número de INTERNO/CARPETA"),
-                                 40,
-                                 {}});
+    const auto escrito = ctx.dialogos.pedirTexto(
+        {u"Crear nuevo interno"_s, u"Ingrese el nuevo número de INTERNO/CARPETA"_s, 40, {}});
     QString clave = escrito.value_or(QString()).trimmed();
     if (clave.isEmpty() || !CrearInterno(ctx, clave)) return {};
     return clave;
@@ -106,24 +104,25 @@ bool ComprobarBloqueo(AppContext &ctx, const QString &interno) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   L("select interno,maquina,fecha from interno where interno = '") + interno + L("'"), rs))
+                   "select interno,maquina,fecha from interno where interno = '"_L1 + interno + "'"_L1, rs))
         return true;
     if (rs.Texto(u"maquina").trimmed().toUpper() != ctx.PcName.trimmed().toUpper()) {
-        ctx.dialogos.informar(L("Este interno esta abierto por la PC: ") + rs.Texto(u"maquina") +
-                              L("\r\n\r\nAccedido el ") + fechaLarga(rs));
+        ctx.dialogos.informar("Este interno esta abierto por la PC: "_L1 + rs.Texto(u"maquina") +
+                              "\r\n\r\nAccedido el "_L1 + fechaLarga(rs));
         return false;
     }
-    ctx.dialogos.critico(L("El estado de INTERNO indica que el mismo esta abierto.\r\n\r\nSe procedera a "
-                           "cambiar el estado.\r\n\r\nUltimo Acceso: ") +
-                         fechaLarga(rs));
-    Ejecutar(ctx, internos, L("delete from interno where interno = '") + interno + L("'"));
+    ctx.dialogos.critico(
+        "El estado de INTERNO indica que el mismo esta abierto.\r\n\r\nSe procedera a "
+        "cambiar el estado.\r\n\r\nUltimo Acceso: "_L1 +
+        fechaLarga(rs));
+    Ejecutar(ctx, internos, "delete from interno where interno = '"_L1 + interno + "'"_L1);
     return true;
 }
 
 BanderasDeOperacion LeerBanderas(AppContext &ctx, const QString &interno) {
     BanderasDeOperacion banderas{};
     for (int n = 0; n < 8; ++n) {
-        const QString valor = ctx.ajustes.Leer(zendra, interno, bandera(n), QStringLiteral("1"));
+        const QString valor = ctx.ajustes.Leer(zendra, interno, bandera(n), u"1"_s);
         banderas[static_cast<std::size_t>(n)] = valor.isEmpty() ? 1 : valor.toInt();
     }
     return banderas;
@@ -131,9 +130,9 @@ BanderasDeOperacion LeerBanderas(AppContext &ctx, const QString &interno) {
 
 void TomarBloqueo(AppContext &ctx, const QString &interno) {
     Ejecutar(ctx, internos,
-             L("insert into interno (interno,maquina,usuario,fecha) values ('") + interno + L("','") +
-                 ctx.PcName + L("','',") +
-                 ctx.DataManager.getDateFormatbyEntity(internos, QDateTime::currentDateTime()) + L(")"));
+             "insert into interno (interno,maquina,usuario,fecha) values ('"_L1 + interno + "','"_L1 +
+                 ctx.PcName + "','',"_L1 +
+                 ctx.DataManager.getDateFormatbyEntity(internos, QDateTime::currentDateTime()) + ")"_L1);
 }
 
 Apertura AbrirSinPantalla(AppContext &ctx, const QString &interno) {
@@ -151,13 +150,12 @@ void GuardarYLiberar(AppContext &ctx, const QString &interno, const BanderasDeOp
     for (int n = 0; n < 8; ++n)
         ctx.ajustes.Guardar(zendra, interno, bandera(n),
                             QString::number(banderas[static_cast<std::size_t>(n)]));
-    if (coefexpo)
-        ctx.ajustes.Guardar(zendra, interno, QStringLiteral("COEFEXPO"), QString::number(*coefexpo));
-    Ejecutar(ctx, internos, L("delete from interno where interno = '") + interno + L("'"));
+    if (coefexpo) ctx.ajustes.Guardar(zendra, interno, u"COEFEXPO"_s, QString::number(*coefexpo));
+    Ejecutar(ctx, internos, "delete from interno where interno = '"_L1 + interno + "'"_L1);
 }
 
 bool ConfirmarEliminacion(AppContext &ctx, const QString &interno) {
-    return ctx.dialogos.preguntar({L("Confirma eliminar el interno ") + interno, {}, Icono::Pregunta, false});
+    return ctx.dialogos.preguntar({"Confirma eliminar el interno "_L1 + interno, {}, Icono::Pregunta, false});
 }
 
 bool EliminarInterno(AppContext &ctx, const QString &interno) {
@@ -168,7 +166,7 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
     const Reloj reloj(ctx.dialogos);
     if (interno.trimmed().isEmpty()) return false;
     const auto barra = [&ctx](int valor) {
-        ctx.dialogos.avance({Avance::Tipo::Barra, 0, QStringLiteral("Pb"), valor, 20, {}});
+        ctx.dialogos.avance({Avance::Tipo::Barra, 0, u"Pb"_s, valor, 20, {}});
     };
     try {
         int paso = 0;
@@ -176,14 +174,14 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
         liberarInsumos(ctx, interno);
         for (const TablaDeOperacion &t : tablas) {
             Ejecutar(ctx, L(t.entidad),
-                     L("delete from ") + L(t.tabla) + L(" where interno = '") + interno + L("'"));
+                     "delete from "_L1 + L(t.tabla) + " where interno = '"_L1 + interno + "'"_L1);
             barra(++paso);
         }
         borrarAjustes(ctx, interno);
         barra(20);
         return true;
-    } catch (const ErrorDeStore &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + L(" - ") + e.descripcion);
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
         return false;
     }
 }
@@ -194,8 +192,7 @@ QString CopiarInterno(AppContext &ctx, const QString &interno) {
 
 QString getTypeOPfromSubReg(AppContext &ctx, const QString &idsubreg) {
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("SYSTABLAS"),
-                   L("select CSTAIMPEXP from STA where id = '") + idsubreg + L("'"), rs))
+    if (!Consultar(ctx, u"SYSTABLAS"_s, "select CSTAIMPEXP from STA where id = '"_L1 + idsubreg + "'"_L1, rs))
         return {};
     return rs.Texto(u"cstaimpexp");
 }

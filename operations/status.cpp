@@ -3,28 +3,29 @@
 #include <algorithm>
 
 #include "assembly/run.h"
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
+#include "header/changes.h"
 #include "header/parties.h"
 #include "header/regime.h"
-#include "operations/changes.h"
 #include "subitems/nomenclature.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
-using numeros::Format;
 
-const QString internos = QStringLiteral("INTERNOS");
-const QString zendra = QStringLiteral("ZENDRA");
-const QString flags = QStringLiteral("FLAGS");
-const QString claveDJAI = QStringLiteral("DJAI_USAR_DESCRIPCION");
-const QString claveDigitalizacion = QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION");
+const QString internos = u"INTERNOS"_s;
+const QString zendra = u"ZENDRA"_s;
+const QString flags = u"FLAGS"_s;
+const QString claveDJAI = u"DJAI_USAR_DESCRIPCION"_s;
+const QString claveDigitalizacion = u"CALCULAR_SERVICIO_DIGITALIZACION"_s;
 
-const QString completo = QStringLiteral("COMPLETO!");
-const QString incompleto = QStringLiteral("INCOMPLETO");
+const QString completo = u"COMPLETO!"_s;
+const QString incompleto = u"INCOMPLETO"_s;
 
 QString donde(const QString &interno) {
-    return L(" where interno = '") + interno + L("'");
+    return " where interno = '"_L1 + interno + "'"_L1;
 }
 
 double contar(AppContext &ctx, const QString &sql) {
@@ -58,16 +59,15 @@ bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) 
     const QString regimen = c.Texto(u"idsubreg");
     if (c.Numero(u"fobdivisas") == 0) return false;
     Recordset dest;
-    if (!Consultar(ctx, QStringLiteral("USUARIO"),
-                   L("select * from dest where subreg = '") + regimen + L("'"), dest))
+    if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = '"_L1 + regimen + "'"_L1, dest))
         return false;
     if (regimen.isEmpty()) return false;
-    if (falta(c, "factura5") && regimen.endsWith(L("06"))) return false;
+    if (falta(c, "factura5") && regimen.endsWith("06"_L1)) return false;
     if (falta(c, "idaduana") || falta(c, "cuitcliente") || falta(c, "cuitdespaduana")) return false;
     if (falta(c, "idvendedor") && conserva(dest, "Txtidvendedor") && !EsDeclaracionDJAI(regimen))
         return false;
     if (faltaAlguno(c, {"fobdivisas", "fobcoddivisas", "fobdivcambio"})) return false;
-    if (tipo == L("I") && !EsDeclaracionLAPI(regimen) && !EsDeclaracionDJAI(regimen) &&
+    if (tipo == "I"_L1 && !EsDeclaracionLAPI(regimen) && !EsDeclaracionDJAI(regimen) &&
         faltaAlguno(c, {"fletedivisas", "fletecoddivisas", "fletedivcambio", "segurodivisas",
                         "segurocoddivisas", "segurodivcambio"}))
         return false;
@@ -76,39 +76,39 @@ bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) 
 
 void estadoDeItems(AppContext &ctx, const QString &interno, EstadoDeOperacion &e) {
     Recordset rs;
-    Consultar(ctx, internos, L("select count(1) as cont from item") + donde(interno), rs);
+    Consultar(ctx, internos, "select count(1) as cont from item"_L1 + donde(interno), rs);
     const bool generado = rs.Numero(u"cont") > 0;
-    e.LbEstadoItem = generado ? QStringLiteral("GENERADO!") : QStringLiteral("SIN GENERAR");
+    e.LbEstadoItem = generado ? u"GENERADO!"_s : u"SIN GENERAR"_s;
     e.frmOrdenarVisible = !generado;
     const bool djai = EsDeclaracionDJAI(e.idsubreg);
     e.framDJAIVisible = !generado && djai;
     if (djai) e.opcionDJAI = ctx.ajustes.Leer(zendra, flags, claveDJAI);
-    e.mezclarHabilitado = ctx.DataManager.getDataConnectionTAG(internos) == L("SQL");
+    e.mezclarHabilitado = ctx.DataManager.getDataConnectionTAG(internos) == "SQL"_L1;
 }
 
 QString estadoDeBultos(AppContext &ctx, const QString &interno) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   L("select factura9,BULNRO,BULCOD,BULTIP,BULPES,BULDES from caratula") + donde(interno),
+                   "select factura9,BULNRO,BULCOD,BULTIP,BULPES,BULDES from caratula"_L1 + donde(interno),
                    rs))
         return incompleto;
-    if (rs.Texto(u"factura9").trimmed() != L("1")) return incompleto;
-    const bool aGranel = rs.Texto(u"BULCOD") == L("32") && rs.Texto(u"BULTIP") == L("A");
+    if (rs.Texto(u"factura9").trimmed() != "1"_L1) return incompleto;
+    const bool aGranel = rs.Texto(u"BULCOD") == "32"_L1 && rs.Texto(u"BULTIP") == "A"_L1;
     const bool pesoYTipo = !falta(rs, "BULTIP") && rs.Numero(u"bulpes") != 0;
     const bool resto = !falta(rs, "bulnro") && !falta(rs, "BULCOD") && !falta(rs, "buldes");
-    return pesoYTipo && (aGranel || resto) ? QStringLiteral("COMPLETO") : incompleto;
+    return pesoYTipo && (aGranel || resto) ? u"COMPLETO"_s : incompleto;
 }
 
 void habilitar(EstadoDeOperacion &e) {
-    const bool generado = e.LbEstadoItem == L("GENERADO!");
-    const bool bultos = e.LbEstadoBultos == L("COMPLETO") && e.Completo;
+    const bool generado = e.LbEstadoItem == "GENERADO!"_L1;
+    const bool bultos = e.LbEstadoBultos == "COMPLETO"_L1 && e.Completo;
     e.cmdITEM = e.LbEstadoCaratula == completo && e.LbEstadoSubItem == completo;
-    e.frmOrdenar = e.LbEstadoItem == L("SIN GENERAR") && e.Completo;
-    e.CmdBultos = e.cmdCertOrig = generado && (e.tipo != L("E") || e.Completo);
+    e.frmOrdenar = e.LbEstadoItem == "SIN GENERAR"_L1 && e.Completo;
+    e.CmdBultos = e.cmdCertOrig = generado && (e.tipo != "E"_L1 || e.Completo);
     e.CmdTransMaria = e.cmdExportar = e.cmdExportINS = e.CmdPrint = bultos;
     e.CmdHojaVal = RegimenUsaHojaValor(e.idsubreg) && e.Completo;
     // This one has no packages.
-    if (e.idsubreg == L("IDA4") && e.Completo)
+    if (e.idsubreg == "IDA4"_L1 && e.Completo)
         e.cmdExportar = e.CmdTransMaria = e.cmdExportINS = e.CmdPrint = generado;
 }
 
@@ -118,35 +118,32 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
     const Reloj reloj(ctx.dialogos);
     EstadoDeOperacion e;
     Recordset c;
-    if (!Consultar(ctx, internos, L("select * from caratula") + donde(interno), c)) return e;
+    if (!Consultar(ctx, internos, "select * from caratula"_L1 + donde(interno), c)) return e;
     e.existe = true;
     e.idsubreg = c.Texto(u"idsubreg");
     e.LbSubregimen = e.idsubreg;
     e.tipo = DireccionRegimen(ctx, e.idsubreg);
-    if (e.tipo.isEmpty()) e.tipo = QStringLiteral("N");
+    if (e.tipo.isEmpty()) e.tipo = u"N"_s;
     e.marca = TipoDeclaracion(e.idsubreg);
-    e.ChCOEF = e.tipo == L("E");
+    e.ChCOEF = e.tipo == "E"_L1;
     e.LbAduana = c.Texto(u"idaduana");
     const QString despachante = c.Texto(u"cuitdespaduana");
     const QString cliente = c.Texto(u"cuitcliente");
-    e.LbDespa = (despachante + QLatin1Char(' ') + BuscarNombre(ctx, QStringLiteral("despadu"), despachante))
-                    .trimmed();
-    e.LbCliente =
-        (cliente + QLatin1Char(' ') + BuscarNombre(ctx, QStringLiteral("clientes"), cliente)).trimmed();
+    e.LbDespa = (despachante + QLatin1Char(' ') + BuscarNombre(ctx, u"despadu"_s, despachante)).trimmed();
+    e.LbCliente = (cliente + QLatin1Char(' ') + BuscarNombre(ctx, u"clientes"_s, cliente)).trimmed();
     e.LbItem = numeros::aTexto(
-        contar(ctx, L("select count(*) as valor from item where id<>0 and interno = '") + interno + L("'")));
+        contar(ctx, "select count(*) as valor from item where id<>0 and interno = '"_L1 + interno + "'"_L1));
     e.LbSubItem =
-        numeros::aTexto(contar(ctx, L("select count(*) as valor from groupsubitems") + donde(interno)));
+        numeros::aTexto(contar(ctx, "select count(*) as valor from groupsubitems"_L1 + donde(interno)));
 
     const bool caratula = caratulaCompleta(ctx, c, e.tipo);
     e.LbEstadoCaratula = caratula ? completo : incompleto;
     e.Completo = caratula;
     if (caratula) {
         Recordset rs;
-        Consultar(ctx, internos, L("select sum(fob) as total from subitems") + donde(interno), rs);
+        Consultar(ctx, internos, "select sum(fob) as total from subitems"_L1 + donde(interno), rs);
         const double total = rs.Numero(u"total");
-        const bool iguales =
-            Format(total, u"00.00") == Format(c.Numero(u"fobdivisas"), u"00.00") && total > 0;
+        const bool iguales = numeros::iguales(total, c.Numero(u"fobdivisas"), 2) && total > 0;
         e.LbEstadoSubItem = iguales ? completo : incompleto;
         e.Completo = iguales;
         if (iguales) estadoDeItems(ctx, interno, e);
@@ -158,27 +155,26 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
 
 PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const EleccionDelTablero &eleccion,
                             OpcionesDeArmado &opciones) {
-    const bool esServidor = ctx.DataManager.getDataConnectionTAG(internos) == L("SQL");
-    if (eleccion.opcionDJAI == L("MEZCLA") && !esServidor) {
+    const bool esServidor = ctx.DataManager.getDataConnectionTAG(internos) == "SQL"_L1;
+    if (eleccion.opcionDJAI == "MEZCLA"_L1 && !esServidor) {
         ctx.dialogos.advertir(
-            QStringLiteral("No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES porque no tiene Zendra 3 "
-                           "version SQL Server"));
+            u"No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES porque no tiene Zendra 3 "
+            "version SQL Server"_s);
         return PasoDeArmado::NoSigue;
     }
     Recordset rs;
-    Consultar(ctx, internos, L("select idsubreg,factura8 from caratula") + donde(interno), rs);
-    if (rs.Eof() || rs.Texto(u"factura8") != L("S")) return PasoDeArmado::YaArmado;
+    Consultar(ctx, internos, "select idsubreg,factura8 from caratula"_L1 + donde(interno), rs);
+    if (rs.Eof() || rs.Texto(u"factura8") != "S"_L1) return PasoDeArmado::YaArmado;
     const QString regimen = rs.Texto(u"idsubreg");
     ctx.CalcularDigitalizacion = eleccion.chkCalcularServicioDigitalizacion;
-    ctx.ajustes.Guardar(
-        zendra, flags, claveDigitalizacion,
-        eleccion.chkCalcularServicioDigitalizacion ? QStringLiteral("S") : QStringLiteral("N"));
+    ctx.ajustes.Guardar(zendra, flags, claveDigitalizacion,
+                        eleccion.chkCalcularServicioDigitalizacion ? u"S"_s : u"N"_s);
     opciones.sinDescripcion = ctx.opciones.NoEnviarDescripcionAlITEM;
     opciones.modo = ModoDescripcion::Ninguno;
     if (EsDeclaracionDJAI(regimen)) {
         if (eleccion.opcionDJAI.isEmpty() && !ctx.opciones.NoEnviarDescripcionAlITEM) {
             ctx.dialogos.advertir(
-                QStringLiteral("Debe seleccionar una opción de Descripcion DJAI para el armado de item"));
+                u"Debe seleccionar una opción de Descripcion DJAI para el armado de item"_s);
             return PasoDeArmado::NoSigue;
         }
         struct Modo {
@@ -195,15 +191,15 @@ PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const Elecc
             opciones.modo = m.modo;
             opciones.sinDescripcion = m.sinDescripcion;
         }
-        const QString guardada = eleccion.opcionDJAI == L("NO") ? QString() : eleccion.opcionDJAI;
+        const QString guardada = eleccion.opcionDJAI == "NO"_L1 ? QString() : eleccion.opcionDJAI;
         ctx.ajustes.Guardar(zendra, flags, claveDJAI, guardada);
     }
     ctx.opciones.ARMARITEM = opciones.ARMARITEM = eleccion.opOrdenxNCM ? 1 : 2;
     ctx.CalcularMulta = opciones.ChMulta = eleccion.ChMulta;
     opciones.chkCalcularServicioDigitalizacion = eleccion.chkCalcularServicioDigitalizacion;
     opciones.ChCOEF = eleccion.ChCOEF;
-    if (DireccionRegimen(ctx, regimen) == L("E")) ctx.CalcularCoeficiente = eleccion.ChCOEF;
-    ctx.ChequeoArmado = QStringLiteral("SI");
+    if (DireccionRegimen(ctx, regimen) == "E"_L1) ctx.CalcularCoeficiente = eleccion.ChCOEF;
+    ctx.ChequeoArmado = u"SI"_s;
     return PasoDeArmado::Armar;
 }
 
@@ -214,19 +210,19 @@ void ArmadoFallido(AppContext &ctx, const QString &interno) {
 int InformarNcmMayorFob(AppContext &ctx, const QString &interno) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   L("select ncm, fobtotal From item where interno='") + interno +
-                       L("' and id <> 0 order by fobtotal DESC"),
+                   "select ncm, fobtotal From item where interno='"_L1 + interno +
+                       "' and id <> 0 order by fobtotal DESC"_L1,
                    rs)) {
-        ctx.dialogos.informar(QStringLiteral("No se encuentra el Interno con sus items armados "),
-                              QStringLiteral("Informar NCM de mayor FOB en Items"));
+        ctx.dialogos.informar(u"No se encuentra el Interno con sus items armados "_s,
+                              u"Informar NCM de mayor FOB en Items"_s);
         return -1;
     }
     for (; !rs.Eof(); rs.MoveNext()) {
         const QString ncm = rs.Texto(u"ncm");
         Recordset plazo;
-        if (!Consultar(ctx, QStringLiteral("NCM"),
-                       L("select [071] From NCM where [001]='") + ncm.left(10) + L("' and [002]='") +
-                           ncm.mid(11, 2) + L("' and [003]='") + ncm.right(1) + L("'"),
+        if (!Consultar(ctx, u"NCM"_s,
+                       "select [071] From NCM where [001]='"_L1 + ncm.left(10) + "' and [002]='"_L1 +
+                           ncm.mid(11, 2) + "' and [003]='"_L1 + ncm.right(1) + "'"_L1,
                        plazo))
             continue;
         const QString codigo = plazo.Texto(u"071").left(1);

@@ -22,7 +22,7 @@ struct EstadoDeOperacion {
     QString opcionDJAI;  ///< "MARIA", "CATALOGO", "MEZCLA" or empty
     bool mezclarHabilitado = false;
 };
-/// Raises ErrorDeStore.
+/// Raises Falla.
 EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno);
 
 /// Result of the assembly sequence up to the point where the run's screen opens.

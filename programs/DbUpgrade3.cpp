@@ -12,8 +12,10 @@
 #include <QTextStream>
 #include <QUuid>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/store/StoreProfiles.h"
 #include "upgrade/upgrade.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,9 +49,7 @@ void mostrarProgreso(const QString &que, qint64 hecho, qint64 total) {
     }();
     if (reloj.elapsed() < pausa) return;
     reloj.restart();
-    salida() << (total > 0 ? QStringLiteral("  %1 (%2 %)").arg(que).arg(hecho * 100 / total)
-                           : QStringLiteral("  ") + que)
-             << Qt::endl;
+    salida() << (total > 0 ? u"  %1 (%2 %)"_s.arg(que).arg(hecho * 100 / total) : u"  "_s + que) << Qt::endl;
 }
 
 struct Servidor {
@@ -64,36 +64,31 @@ QString crearBase(const Servidor &s) {
     const QString conexion = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QString error;
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), conexion);
+        QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, conexion);
         db.setHostName(s.host);
         db.setPort(s.puerto);
         db.setUserName(s.usuario);
-        db.setDatabaseName(QStringLiteral("postgres"));
+        db.setDatabaseName(u"postgres"_s);
         if (!db.open()) {
             error =
-                QStringLiteral(
-                    "No se puede conectar con el servidor %1:%2 (%3). Verifique que esté encendido y que el "
-                    "usuario sea correcto.")
-                    .arg(s.host)
+                u"No se puede conectar con el servidor %1:%2 (%3). Verifique que esté encendido y que el "
+                "usuario sea correcto."_s.arg(s.host)
                     .arg(s.puerto)
                     .arg(db.lastError().databaseText().simplified());
         } else {
             QSqlQuery q(db);
-            q.prepare(QStringLiteral("select 1 from pg_database where datname = ?"));
+            q.prepare(u"select 1 from pg_database where datname = ?"_s);
             q.addBindValue(s.base);
             QString nombre = s.base;
-            nombre.replace(QLatin1Char('"'), QLatin1String("\"\""));
+            nombre.replace(QLatin1Char('"'), "\"\""_L1);
             if (q.exec() && !q.next()) {
                 const QString crear =
-                    QStringLiteral("create database \"%1\" template template0 encoding 'UTF8'").arg(nombre);
+                    u"create database \"%1\" template template0 encoding 'UTF8'"_s.arg(nombre);
                 // The order by code point of the file store, where the server's system knows it.
-                if (!q.exec(crear + QStringLiteral(" lc_collate 'C.UTF-8' lc_ctype 'C.UTF-8'")) &&
-                    !q.exec(crear))
+                if (!q.exec(crear + u" lc_collate 'C.UTF-8' lc_ctype 'C.UTF-8'"_s) && !q.exec(crear))
                     error =
-                        QStringLiteral(
-                            "No se puede crear la base %1 (%2). Pida a quien administra el servidor que la "
-                            "cree.")
-                            .arg(s.base, q.lastError().databaseText().simplified());
+                        u"No se puede crear la base %1 (%2). Pida a quien administra el servidor que la "
+                        "cree."_s.arg(s.base, q.lastError().databaseText().simplified());
             }
         }
         db.close();
@@ -104,13 +99,9 @@ QString crearBase(const Servidor &s) {
 
 /// Tells what a load did; the number of rows it did not understand does not make it a failure.
 int contar(const QString &archivo, const actualizacion::ResultadoCsv &r) {
-    for (const QString &aviso : r.avisos)
-        salida() << QStringLiteral("  %1, %2").arg(archivo, aviso) << Qt::endl;
+    for (const QString &aviso : r.avisos) salida() << u"  %1, %2"_s.arg(archivo, aviso) << Qt::endl;
     if (!r.ok) return falla(r.error);
-    salida() << QStringLiteral("%1: %2 filas cargadas, %3 avisos.")
-                    .arg(archivo)
-                    .arg(r.cargadas)
-                    .arg(r.avisos.size())
+    salida() << u"%1: %2 filas cargadas, %3 avisos."_s.arg(archivo).arg(r.cargadas).arg(r.avisos.size())
              << Qt::endl;
     return bien;
 }
@@ -119,109 +110,93 @@ int contar(const QString &archivo, const actualizacion::ResultadoCsv &r) {
 
 int main(int argc, char **argv) {
     QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("DbUpgrade3"));
+    QCoreApplication::setApplicationName(u"DbUpgrade3"_s);
 
     QCommandLineParser args;
     args.setApplicationDescription(
-        QStringLiteral("Crea los stores de un perfil, los lleva a la versión %1 y carga tablas en ellos.")
-            .arg(actualizacion::versionDelStore));
-    const QCommandLineOption ayuda({QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("ayuda")},
-                                   QStringLiteral("Muestra esta ayuda."));
-    const QCommandLineOption perfil(QStringLiteral("perfil"),
-                                    QStringLiteral("El perfil; sin él, el único que haya."),
-                                    QStringLiteral("ARCHIVO"));
+        u"Crea los stores de un perfil, los lleva a la versión %1 y carga tablas en ellos."_s.arg(
+            actualizacion::versionDelStore));
+    const QCommandLineOption ayuda({u"h"_s, u"help"_s, u"ayuda"_s}, u"Muestra esta ayuda."_s);
+    const QCommandLineOption perfil(u"perfil"_s, u"El perfil; sin él, el único que haya."_s, u"ARCHIVO"_s);
     const QCommandLineOption archivos(
-        QStringLiteral("crear-archivos"),
-        QStringLiteral("Escribe antes un perfil de stores de archivo en esa carpeta."),
-        QStringLiteral("CARPETA"));
+        u"crear-archivos"_s, u"Escribe antes un perfil de stores de archivo en esa carpeta."_s, u"CARPETA"_s);
     const QCommandLineOption enServidor(
-        QStringLiteral("crear-servidor"),
-        QStringLiteral("Escribe antes un perfil de servidor: host,puerto,base,usuario."),
-        QStringLiteral("DATOS"));
-    const QCommandLineOption demostracion(
-        QStringLiteral("demostracion"),
-        QStringLiteral("Carga los datos de demostración en las tablas vacías."));
-    const QCommandLineOption cargar(QStringLiteral("cargar"),
-                                    QStringLiteral("Carga un CSV con encabezado en una tabla."),
-                                    QStringLiteral("TABLA=ARCHIVO"));
-    const QCommandLineOption nomenclador(QStringLiteral("nomenclador"),
-                                         QStringLiteral("Carga un nomenclador en CSV con encabezado."),
-                                         QStringLiteral("ARCHIVO"));
-    const QCommandLineOption unidad(QStringLiteral("unidad"),
-                                    QStringLiteral("Unidad estadística para lo que el nomenclador no diga."),
-                                    QStringLiteral("CODIGO"));
-    const QCommandLineOption reemplazar(QStringLiteral("reemplazar"),
-                                        QStringLiteral("Vacía cada tabla antes de cargarla."));
+        u"crear-servidor"_s, u"Escribe antes un perfil de servidor: host,puerto,base,usuario."_s, u"DATOS"_s);
+    const QCommandLineOption demostracion(u"demostracion"_s,
+                                          u"Carga los datos de demostración en las tablas vacías."_s);
+    const QCommandLineOption cargar(u"cargar"_s, u"Carga un CSV con encabezado en una tabla."_s,
+                                    u"TABLA=ARCHIVO"_s);
+    const QCommandLineOption nomenclador(u"nomenclador"_s, u"Carga un nomenclador en CSV con encabezado."_s,
+                                         u"ARCHIVO"_s);
+    const QCommandLineOption unidad(u"unidad"_s, u"Unidad estadística para lo que el nomenclador no diga."_s,
+                                    u"CODIGO"_s);
+    const QCommandLineOption reemplazar(u"reemplazar"_s, u"Vacía cada tabla antes de cargarla."_s);
     args.addOptions(
         {ayuda, perfil, archivos, enServidor, demostracion, cargar, nomenclador, unidad, reemplazar});
     if (!args.parse(QCoreApplication::arguments())) {
         const QStringList desconocidas = args.unknownOptionNames();
-        return malUso(desconocidas.isEmpty()
-                          ? QStringLiteral("A una opción le falta su valor; vea DbUpgrade3 --ayuda.")
-                          : QStringLiteral("No se conoce la opción \"%1\"; vea DbUpgrade3 --ayuda.")
-                                .arg(desconocidas.front()));
+        return malUso(
+            desconocidas.isEmpty()
+                ? u"A una opción le falta su valor; vea DbUpgrade3 --ayuda."_s
+                : u"No se conoce la opción \"%1\"; vea DbUpgrade3 --ayuda."_s.arg(desconocidas.front()));
     }
     if (args.isSet(ayuda)) {
         // Qt's own words around the options.
         salida() << args.helpText()
-                        .replace(QStringLiteral("Usage:"), QStringLiteral("Uso:"))
-                        .replace(QStringLiteral("[options]"), QStringLiteral("[opciones]"))
-                        .replace(QStringLiteral("Options:"), QStringLiteral("Opciones:"))
+                        .replace(u"Usage:"_s, u"Uso:"_s)
+                        .replace(u"[options]"_s, u"[opciones]"_s)
+                        .replace(u"Options:"_s, u"Opciones:"_s)
                  << Qt::endl;
         return bien;
     }
     if (!args.positionalArguments().isEmpty())
-        return malUso(QStringLiteral("No se entiende \"%1\"; vea DbUpgrade3 --ayuda.")
-                          .arg(args.positionalArguments().front()));
+        return malUso(
+            u"No se entiende \"%1\"; vea DbUpgrade3 --ayuda."_s.arg(args.positionalArguments().front()));
     if (args.isSet(archivos) && args.isSet(enServidor))
-        return malUso(QStringLiteral("--crear-archivos y --crear-servidor no van juntos; elija uno."));
+        return malUso(u"--crear-archivos y --crear-servidor no van juntos; elija uno."_s);
     if (args.isSet(unidad) && !args.isSet(nomenclador))
-        return malUso(QStringLiteral("--unidad sólo sirve con --nomenclador."));
+        return malUso(u"--unidad sólo sirve con --nomenclador."_s);
     for (const QString &par : args.values(cargar))
         if (par.indexOf(QLatin1Char('=')) <= 0)
-            return malUso(QStringLiteral("\"%1\" no sirve; --cargar lleva TABLA=ARCHIVO.").arg(par));
+            return malUso(u"\"%1\" no sirve; --cargar lleva TABLA=ARCHIVO."_s.arg(par));
 
     QString ruta = args.value(perfil);
     if (args.isSet(archivos)) {
         const QString carpeta = QDir(args.value(archivos)).absolutePath();
-        if (ruta.isEmpty()) ruta = carpeta + QStringLiteral("/zendra.perfil.ini");
-        if (!QDir().mkpath(carpeta) ||
-            !StoreProfiles::escribirPerfilDeArchivos(ruta, QStringLiteral("Local"), carpeta))
+        if (ruta.isEmpty()) ruta = carpeta + u"/zendra.perfil.ini"_s;
+        if (!QDir().mkpath(carpeta) || !StoreProfiles::escribirPerfilDeArchivos(ruta, u"Local"_s, carpeta))
             return falla(
-                QStringLiteral("No se puede escribir el perfil %1; revise los permisos de su carpeta.")
-                    .arg(ruta));
-        salida() << QStringLiteral("Perfil: %1").arg(ruta) << Qt::endl;
+                u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta));
+        salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
     } else if (args.isSet(enServidor)) {
         const QStringList datos = args.value(enServidor).split(QLatin1Char(','));
         bool numero = false;
         const Servidor s{datos.value(0).trimmed(), datos.value(1).trimmed().toInt(&numero),
                          datos.value(2).trimmed(), datos.value(3).trimmed()};
         if (datos.size() != 4 || !numero || s.host.isEmpty() || s.base.isEmpty() || s.usuario.isEmpty())
-            return malUso(QStringLiteral("--crear-servidor lleva host,puerto,base,usuario."));
+            return malUso(u"--crear-servidor lleva host,puerto,base,usuario."_s);
         const QString local = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-        if (ruta.isEmpty()) ruta = local + QStringLiteral("/servidor.perfil.ini");
+        if (ruta.isEmpty()) ruta = local + u"/servidor.perfil.ini"_s;
         const QString carpeta = QFileInfo(ruta).absolutePath();
         if (const QString error = crearBase(s); !error.isEmpty()) return falla(error);
-        if (!QDir().mkpath(carpeta) ||
-            !StoreProfiles::escribirPerfilDeServidor(ruta, QStringLiteral("Servidor"), s.host, s.puerto,
-                                                     s.base, s.usuario, carpeta))
+        if (!QDir().mkpath(carpeta) || !StoreProfiles::escribirPerfilDeServidor(
+                                           ruta, u"Servidor"_s, s.host, s.puerto, s.base, s.usuario, carpeta))
             return falla(
-                QStringLiteral("No se puede escribir el perfil %1; revise los permisos de su carpeta.")
-                    .arg(ruta));
-        salida() << QStringLiteral("Perfil: %1").arg(ruta) << Qt::endl;
+                u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta));
+        salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
     } else if (ruta.isEmpty()) {
         StoreProfiles::SPMain manager;
         manager.elegir = [](const std::vector<PerfilEncontrado> &) { return -1; };
-        ruta = manager.seleccionarPerfil(QStringLiteral("Zendra"));
-        if (ruta.isEmpty()) return malUso(QStringLiteral("Hay varios perfiles; indique uno con --perfil."));
-        salida() << QStringLiteral("Perfil: %1").arg(ruta) << Qt::endl;
+        ruta = manager.seleccionarPerfil(u"Zendra"_s);
+        if (ruta.isEmpty()) return malUso(u"Hay varios perfiles; indique uno con --perfil."_s);
+        salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
     }
 
     const actualizacion::Resultado hecho = actualizacion::Actualizar(ruta, mostrarProgreso);
     if (!hecho.ok) return falla(hecho.error);
     for (const QString &cambio : hecho.cambios) salida() << cambio << Qt::endl;
-    salida() << (hecho.cambios.isEmpty() ? QStringLiteral("Los stores ya estaban en la versión %1.")
-                                         : QStringLiteral("Los stores están en la versión %1."))
+    salida() << (hecho.cambios.isEmpty() ? u"Los stores ya estaban en la versión %1."_s
+                                         : u"Los stores están en la versión %1."_s)
                     .arg(actualizacion::versionDelStore)
              << Qt::endl;
 
@@ -229,7 +204,7 @@ int main(int argc, char **argv) {
         const actualizacion::Resultado demo = actualizacion::CargarDemostracion(ruta, {});
         if (!demo.ok) return falla(demo.error);
         for (const QString &cambio : demo.cambios) salida() << cambio << Qt::endl;
-        salida() << QStringLiteral("Datos de demostración cargados.") << Qt::endl;
+        salida() << u"Datos de demostración cargados."_s << Qt::endl;
     }
     int estado = bien;
     for (const QString &par : args.values(cargar)) {

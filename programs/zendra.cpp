@@ -5,13 +5,15 @@
 #include <QTranslator>
 #include <QWindow>
 
-#include "frame/FrmPerfiles.h"
-#include "frame/FrmPrincipal.h"
+#include "desktop/FrmPerfiles.h"
+#include "desktop/FrmPrincipal.h"
+#include "desktop/dialogosqt.h"
 #include "frame/context.h"
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
-#include "frame/ui/dialogosqt.h"
 #include "frame/ui/estilo.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,7 +41,7 @@ int correr(AppContext &ctx) {
     try {
         Arrancar(ctx);
         Pantalla<FrmPrincipal>().Mostrar();
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         return fallar(ctx, e.descripcion);
     } catch (const QString &texto) {
         return fallar(ctx, texto);
@@ -51,12 +53,12 @@ int correr(AppContext &ctx) {
 
 int main(int argc, char **argv) {
     QApplication aplicacion(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Zendra"));
+    QApplication::setApplicationName(u"Zendra"_s);
     QApplication::setApplicationVersion(TextoDeVersion());
     QApplication::setQuitOnLastWindowClosed(false);
     elegirLocale();
     QTranslator textosDeQt;
-    if (textosDeQt.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (textosDeQt.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&textosDeQt);
     estilo::Aplicar(aplicacion);
     AppContext &ctx = Contexto();

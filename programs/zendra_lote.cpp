@@ -12,6 +12,8 @@
 #include "frame/startup.h"
 #include "operations/batch.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the command line asked for.
@@ -22,22 +24,21 @@ struct Pedido {
 
 bool leerPedido(const QStringList &argumentos, Pedido &pedido, QString &error) {
     QCommandLineParser linea;
-    const QCommandLineOption perfil(QStringLiteral("perfil"), QString(), QStringLiteral("archivo"));
-    const QCommandLineOption ajustes(QStringLiteral("ajustes"), QString(), QStringLiteral("archivo"));
-    const QCommandLineOption opciones(QStringLiteral("opciones"), QString(), QStringLiteral("archivo"));
-    const QCommandLineOption respuestas(QStringLiteral("respuestas"), QString(), QStringLiteral("archivo"));
-    const QCommandLineOption traza(QStringLiteral("traza"), QString(), QStringLiteral("archivo"));
-    const QCommandLineOption forzar(QStringLiteral("forzar"));
+    const QCommandLineOption perfil(u"perfil"_s, QString(), u"archivo"_s);
+    const QCommandLineOption ajustes(u"ajustes"_s, QString(), u"archivo"_s);
+    const QCommandLineOption opciones(u"opciones"_s, QString(), u"archivo"_s);
+    const QCommandLineOption respuestas(u"respuestas"_s, QString(), u"archivo"_s);
+    const QCommandLineOption traza(u"traza"_s, QString(), u"archivo"_s);
+    const QCommandLineOption forzar(u"forzar"_s);
     linea.addOptions({perfil, ajustes, opciones, respuestas, traza, forzar});
-    const QString uso = QStringLiteral(
-        "Use: zendra_lote --perfil ARCHIVO [--ajustes ARCHIVO] [--opciones ARCHIVO.json] [--respuestas "
+    const QString uso =
+        u"Use: zendra_lote --perfil ARCHIVO [--ajustes ARCHIVO] [--opciones ARCHIVO.json] [--respuestas "
         "ARCHIVO.json] [--traza ARCHIVO] [--forzar] "
-        "armar|liquidar|comprobar|crear|borrar CLAVE | listar");
+        "armar|liquidar|comprobar|crear|borrar CLAVE | listar"_s;
     if (!linea.parse(argumentos)) {
         const QStringList desconocidas = linea.unknownOptionNames();
-        error = (desconocidas.isEmpty()
-                     ? QStringLiteral("A una opción le falta su valor. ")
-                     : QStringLiteral("No existe la opción --%1. ").arg(desconocidas.front())) +
+        error = (desconocidas.isEmpty() ? u"A una opción le falta su valor. "_s
+                                        : u"No existe la opción --%1. "_s.arg(desconocidas.front())) +
                 uso;
         return false;
     }
@@ -45,33 +46,31 @@ bool leerPedido(const QStringList &argumentos, Pedido &pedido, QString &error) {
     pedido = {linea.value(perfil),   linea.value(ajustes),
               linea.value(opciones), linea.value(respuestas),
               linea.value(traza),    {resto.value(0), resto.value(1).trimmed(), linea.isSet(forzar)}};
-    const bool listar = pedido.orden.comando == QLatin1String("listar");
+    const bool listar = pedido.orden.comando == "listar"_L1;
     if (pedido.perfil.isEmpty())
-        error = QStringLiteral("Falta --perfil. ") + uso;
+        error = u"Falta --perfil. "_s + uso;
     else if (!lote::Comandos().contains(pedido.orden.comando))
-        error = QStringLiteral("No existe el comando \"%1\". ").arg(pedido.orden.comando) + uso;
+        error = u"No existe el comando \"%1\". "_s.arg(pedido.orden.comando) + uso;
     else if (resto.size() != (listar ? 1 : 2) || (!listar && pedido.orden.clave.isEmpty()))
-        error = QStringLiteral("El comando %1 lleva %2. ")
-                    .arg(pedido.orden.comando, listar ? QStringLiteral("ninguna clave")
-                                                      : QStringLiteral("la clave de una operación")) +
+        error = u"El comando %1 lleva %2. "_s.arg(
+                    pedido.orden.comando, listar ? u"ninguna clave"_s : u"la clave de una operación"_s) +
                 uso;
     else if (pedido.orden.clave.size() > 40)
-        error = QStringLiteral("La clave de una operación tiene 40 caracteres como máximo.");
+        error = u"La clave de una operación tiene 40 caracteres como máximo."_s;
     return error.isEmpty();
 }
 
 bool leerJson(const QString &archivo, QJsonDocument &documento, QString &error) {
     QFile f(archivo);
     if (!f.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("No se puede leer el archivo %1; revise la ruta y los permisos.").arg(archivo);
+        error = u"No se puede leer el archivo %1; revise la ruta y los permisos."_s.arg(archivo);
         return false;
     }
     QJsonParseError falla{};
     documento = QJsonDocument::fromJson(f.readAll(), &falla);
     if (falla.error == QJsonParseError::NoError) return true;
-    error = QStringLiteral("El archivo %1 no es JSON válido (falla en el byte %2); corríjalo.")
-                .arg(archivo)
-                .arg(falla.offset);
+    error =
+        u"El archivo %1 no es JSON válido (falla en el byte %2); corríjalo."_s.arg(archivo).arg(falla.offset);
     return false;
 }
 
@@ -80,13 +79,13 @@ bool leerRespuestas(const QString &archivo, QStringList &respuestas, QString &er
     QJsonDocument documento;
     if (!leerJson(archivo, documento, error)) return false;
     if (!documento.isArray()) {
-        error = QStringLiteral("El archivo %1 debe ser una lista de textos; corríjalo.").arg(archivo);
+        error = u"El archivo %1 debe ser una lista de textos; corríjalo."_s.arg(archivo);
         return false;
     }
     const QJsonArray lista = documento.array();
     for (const auto &v : lista) {
         if (!v.isString()) {
-            error = QStringLiteral("El archivo %1 debe ser una lista de textos; corríjalo.").arg(archivo);
+            error = u"El archivo %1 debe ser una lista de textos; corríjalo."_s.arg(archivo);
             return false;
         }
         respuestas << v.toString();
@@ -99,8 +98,7 @@ bool leerOpciones(const QString &archivo, QJsonObject &opciones, QString &error)
     QJsonDocument documento;
     if (!leerJson(archivo, documento, error)) return false;
     if (!documento.isObject()) {
-        error =
-            QStringLiteral("El archivo %1 debe ser un objeto JSON con las opciones; corríjalo.").arg(archivo);
+        error = u"El archivo %1 debe ser un objeto JSON con las opciones; corríjalo."_s.arg(archivo);
         return false;
     }
     opciones = documento.object();
@@ -122,7 +120,7 @@ void escribirLinea(const QString &texto) {
 
 int main(int argc, char **argv) {
     QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("zendra_lote"));
+    QCoreApplication::setApplicationName(u"zendra_lote"_s);
     // The program's own default, whatever an environment without a locale says.
     if (QLocale::system().language() == QLocale::C)
         QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
@@ -148,30 +146,25 @@ int main(int argc, char **argv) {
         if (!lote::AplicarOpciones(opciones, prueba, tablero, error)) return negar(error);
     }
     if (!QFile::exists(pedido.perfil))
-        return negar(QStringLiteral("No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3.")
-                         .arg(pedido.perfil));
+        return negar(
+            u"No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3."_s.arg(pedido.perfil));
 
     QFile traza(pedido.traza);
     if (!pedido.traza.isEmpty()) {
         if (!traza.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return negar(
-                QStringLiteral("No se puede escribir la traza en %1; elija otra ruta.").arg(pedido.traza));
+            return negar(u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(pedido.traza));
         Conexion::fijarTraza([&traza](const TrazaDeSentencia &t) {
             QString texto = t.sentencia;
-            texto.replace(QLatin1String("\r\n"), QLatin1String(" "))
-                .replace(QLatin1Char('\n'), QLatin1Char(' '));
-            traza.write(QStringLiteral("%1\t%2\t%3\t%4\n")
-                            .arg(t.microsegundos)
-                            .arg(t.filas)
-                            .arg(t.entidad, texto)
-                            .toUtf8());
+            texto.replace("\r\n"_L1, " "_L1).replace(QLatin1Char('\n'), QLatin1Char(' '));
+            traza.write(
+                u"%1\t%2\t%3\t%4\n"_s.arg(t.microsegundos).arg(t.filas).arg(t.entidad, texto).toUtf8());
         });
     }
 
     int estado = lote::falla;
     QJsonObject resultado;
     try {
-        if (!ctx.DataManager.usarPerfil(pedido.perfil, &error)) throw ErrorDeStore{0, {}, error, {}};
+        if (!ctx.DataManager.usarPerfil(pedido.perfil, &error)) throw Falla{0, {}, error, {}};
         ctx.DataManager.LoadParameters();
         if (lote::VersionAdecuada(ctx)) {
             Arrancar(ctx);
@@ -180,13 +173,13 @@ int main(int argc, char **argv) {
             const auto escribir = [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); };
             estado = lote::Ejecutar(ctx, pedido.orden, tablero, escribir, resultado);
         }
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         ctx.dialogos.critico(e.descripcion);
     } catch (const QString &texto) {
         ctx.dialogos.critico(texto);
     }
-    if (resultado.isEmpty()) resultado[QStringLiteral("resultado")] = pedido.orden.comando;
-    resultado[QStringLiteral("estado")] = estado;
+    if (resultado.isEmpty()) resultado[u"resultado"_s] = pedido.orden.comando;
+    resultado[u"estado"_s] = estado;
     escribirLinea(LineaJson(resultado));
     Conexion::fijarTraza({});
     fijarContexto(nullptr);

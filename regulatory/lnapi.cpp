@@ -1,15 +1,17 @@
 #include "regulatory/lnapi.h"
 
+#include "frame/base/position.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/values.h"
-#include "subitems/nomenclature.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 
-const QString finDeLinea = QStringLiteral("\r\n");
-const QString noPosee = QStringLiteral("NO POSEE");
+const QString finDeLinea = u"\r\n"_s;
+const QString noPosee = u"NO POSEE"_s;
 
 QString claveDe(const QString &posicion) {
     return DoblarComillas(CortarPosicion(posicion).c001);
@@ -20,9 +22,9 @@ QString claveDe(const QString &posicion) {
 std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posicion) {
     std::vector<NormaLnapi> normas;
     Recordset rs;
-    Consultar(ctx, QStringLiteral("NCM"),
-              L("select lnapi, norma From LNAPIPosicionesAfectadas where posicion='") + claveDe(posicion) +
-                  L("' ORDER BY aclaraciones DESC"),
+    Consultar(ctx, u"NCM"_s,
+              "select lnapi, norma From LNAPIPosicionesAfectadas where posicion='"_L1 + claveDe(posicion) +
+                  "' ORDER BY aclaraciones DESC"_L1,
               rs);
     for (; !rs.Eof(); rs.MoveNext()) normas.push_back({rs.Texto(u"lnapi"), rs.Texto(u"norma")});
     return normas;
@@ -30,30 +32,30 @@ std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posici
 
 QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero) {
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("NCM"),
-                   L("select descripcion From LNAPIAclaraciones where aclaracion=") + numero, rs))
-        return QStringLiteral("No Posee Descripción la aclaración número: ") + numero;
+    if (!Consultar(ctx, u"NCM"_s, "select descripcion From LNAPIAclaraciones where aclaracion="_L1 + numero,
+                   rs))
+        return u"No Posee Descripción la aclaración número: "_s + numero;
     return rs.Texto(u"descripcion");
 }
 
 QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion) {
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("NCM"),
-                   L("select aclaraciones From LNAPIPosicionesAfectadas where posicion='") +
-                       claveDe(posicion) + L("' ORDER BY aclaraciones DESC"),
+    if (!Consultar(ctx, u"NCM"_s,
+                   "select aclaraciones From LNAPIPosicionesAfectadas where posicion='"_L1 +
+                       claveDe(posicion) + "' ORDER BY aclaraciones DESC"_L1,
                    rs))
-        return QStringLiteral("-1");
+        return u"-1"_s;
     QString texto;
     for (int numero = 1; !rs.Eof(); rs.MoveNext(), ++numero) {
-        texto += L("Aclaraciones para (") + QString::number(numero) + L(")") + finDeLinea;
+        texto += "Aclaraciones para ("_L1 + QString::number(numero) + ")"_L1 + finDeLinea;
         const QString aclaraciones = rs.Texto(u"aclaraciones");
         if (aclaraciones.isEmpty()) {
-            texto += QStringLiteral("* No posee aclaraciones la posición") + finDeLinea;
+            texto += u"* No posee aclaraciones la posición"_s + finDeLinea;
             continue;
         }
         const QStringList piezas = aclaraciones.split(QLatin1Char(' '), Qt::SkipEmptyParts);
         for (const QString &pieza : piezas)
-            texto += L("* ") + ObtenerDescripcionAclaracion(ctx, pieza) + finDeLinea;
+            texto += "* "_L1 + ObtenerDescripcionAclaracion(ctx, pieza) + finDeLinea;
     }
     return texto;
 }
@@ -63,17 +65,16 @@ QString DetalleLnapi(AppContext &ctx, const QString &posicion, const LetrasDelNc
     const std::vector<NormaLnapi> normas = ObtenerNormaLnapi(ctx, posicion);
     if (normas.empty()) {
         const QString letra = letras != nullptr && letras->letra ? letras->letra(posicion) : QString();
-        const QString dato = letra == noPosee && letras->descripcion ? letras->descripcion(letra)
-                                                                     : QStringLiteral("SIN DATOS");
-        texto = dato + finDeLinea + L("Norma: ") + noPosee + finDeLinea;
+        const QString dato =
+            letra == noPosee && letras->descripcion ? letras->descripcion(letra) : u"SIN DATOS"_s;
+        texto = dato + finDeLinea + "Norma: "_L1 + noPosee + finDeLinea;
     }
     int numero = 0;
     for (const NormaLnapi &n : normas)
-        texto += QLatin1Char('(') + QString::number(++numero) + L(") ") + n.lnapi + finDeLinea +
-                 L("Norma: ") + n.norma + finDeLinea;
+        texto += QLatin1Char('(') + QString::number(++numero) + ") "_L1 + n.lnapi + finDeLinea +
+                 "Norma: "_L1 + n.norma + finDeLinea;
     const QString aclaraciones = ObtenerAclaraciones(ctx, posicion);
-    const QString raya = QStringLiteral("---------------") + finDeLinea;
-    if (aclaraciones != L("-1"))
-        texto += raya + QStringLiteral("Aclaraciones:") + finDeLinea + raya + aclaraciones;
+    const QString raya = u"---------------"_s + finDeLinea;
+    if (aclaraciones != "-1"_L1) texto += raya + u"Aclaraciones:"_s + finDeLinea + raya + aclaraciones;
     return texto;
 }

@@ -4,7 +4,7 @@
 #include <QString>
 #include <vector>
 
-#include "subitems/tariffsheet.h"
+#include "regulatory/letters.h"
 
 struct AppContext;
 
@@ -14,16 +14,16 @@ struct NormaLnapi {
     QString norma;
 };
 
-/// The licences of the position's first 10 characters; empty when there is none. Raises ErrorDeStore.
+/// The licences of the position's first 10 characters; empty when there is none. Raises Falla.
 std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posicion);
 
-/// The text of a note; a sentence that says so when it has none. Raises ErrorDeStore.
+/// The text of a note; a sentence that says so when it has none. Raises Falla.
 QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero);
 
 /// The notes of every row of the position, one a line; "-1" when the position is in no row. Raises
-/// ErrorDeStore.
+/// Falla.
 QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion);
 
 /// The text that the screen of suffixes shows: licences and norms, then the notes. `letras` tells the licence
-/// letter of a position without norm, where the library of line reports is installed. Raises ErrorDeStore.
+/// letter of a position without norm, where the library of line reports is installed. Raises Falla.
 QString DetalleLnapi(AppContext &ctx, const QString &posicion, const LetrasDelNcm *letras = nullptr);

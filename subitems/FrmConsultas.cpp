@@ -16,6 +16,8 @@
 #include "subitems/FrmSufijos.h"
 #include "subitems/tariffsearch.h"
 
+using namespace Qt::StringLiterals;
+
 /// The rows of a search as the grid shows them: a word may find most of the nomenclature, and no cell is made
 /// for a row that is not seen.
 class ModeloDeConsulta : public QAbstractTableModel {
@@ -46,7 +48,7 @@ class ModeloDeConsulta : public QAbstractTableModel {
         if (orientacion != Qt::Horizontal) return {};
         if (papel == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
         if (papel != Qt::DisplayRole) return {};
-        return columna == Posicion ? QStringLiteral("Posición") : QStringLiteral("Descripción");
+        return columna == Posicion ? u"Posición"_s : u"Descripción"_s;
     }
     void sort(int columna, Qt::SortOrder orden) override {
         if (columna < 0) return;
@@ -191,8 +193,8 @@ void FrmConsultas::Command1_Click() {
 void FrmConsultas::MostrarResultado(QLineEdit *campo) {
     const std::size_t filas = modelo_->filas().size();
     ui.LstResult->horizontalHeader()->setSortIndicator(ModeloDeConsulta::Posicion, Qt::AscendingOrder);
-    ui.lbCantidad->setText(filas == 1 ? QStringLiteral("1 posición encontrada")
-                                      : QStringLiteral("%1 posiciones encontradas").arg(filas));
+    ui.lbCantidad->setText(filas == 1 ? u"1 posición encontrada"_s
+                                      : u"%1 posiciones encontradas"_s.arg(filas));
     if (filas == 0) {
         campo->setFocus();
         campo->selectAll();

@@ -8,6 +8,8 @@
 #include "frame/ui/estilo.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The sheet's units in a point of the screen.
@@ -46,7 +48,7 @@ void FrmDetalleNomenclador::Form_Load() {
         grilla->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
         bajas(grilla);
     }
-    estilo::PrepararGrilla(ui.GrdSufijos, {QStringLiteral("SUFIJO"), QStringLiteral("DETALLE")});
+    estilo::PrepararGrilla(ui.GrdSufijos, {u"SUFIJO"_s, u"DETALLE"_s});
     ui.GrdSufijos->setAlternatingRowColors(false);
     bajas(ui.GrdSufijos);
     QHeaderView *titulos = ui.GrdSufijos->horizontalHeader();
@@ -57,10 +59,10 @@ void FrmDetalleNomenclador::Form_Load() {
 
 void FrmDetalleNomenclador::Cargar(const HojaDelNomenclador &hoja) {
     QString encabezado = hoja.encabezado;
-    ui.LbEncabezado->setText(encabezado.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    ui.LbEncabezado->setText(encabezado.replace("\r\n"_L1, "\n"_L1));
     QStringList letra{hoja.letra, hoja.descripcionLetra};
     letra.removeAll(QString());
-    ui.LbLetra->setText(letra.join(QLatin1String(" - ")));
+    ui.LbLetra->setText(letra.join(" - "_L1));
     ui.LbLetra->setVisible(!letra.isEmpty());
     CargarSufijos(hoja.sufijos);
     for (std::size_t n = 0; n < std::min(secciones_.size(), hoja.secciones.size()); ++n)

@@ -11,20 +11,22 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Units and flags of the position in hand, in one line.
 QString textoDeUnidades(const PosicionElegida &p) {
     const auto valor = [](const QString &texto) {
-        return texto.trimmed().isEmpty() ? QStringLiteral("No posee") : texto.trimmed();
+        return texto.trimmed().isEmpty() ? u"No posee"_s : texto.trimmed();
     };
-    QStringList partes{QStringLiteral("Unidad estadística: ") + valor(p.estadistica),
-                       QStringLiteral("Derecho específico: ") + valor(p.deresp)};
-    if (p.lapi) partes << QStringLiteral("LAPI");
-    if (p.reintegro) partes << QStringLiteral("Reintegro");
-    if (p.seguridad) partes << QStringLiteral("Seguridad eléctrica");
-    if (p.prohibicion) partes << QStringLiteral("Prohibición");
-    return partes.join(QStringLiteral("   ·   "));
+    QStringList partes{u"Unidad estadística: "_s + valor(p.estadistica),
+                       u"Derecho específico: "_s + valor(p.deresp)};
+    if (p.lapi) partes << u"LAPI"_s;
+    if (p.reintegro) partes << u"Reintegro"_s;
+    if (p.seguridad) partes << u"Seguridad eléctrica"_s;
+    if (p.prohibicion) partes << u"Prohibición"_s;
+    return partes.join(u"   ·   "_s);
 }
 
 }  // namespace
@@ -36,7 +38,7 @@ FrmPosicion::FrmPosicion() : ventana(HacerDialogo()) {
 }
 
 void FrmPosicion::Form_Load() {
-    sufijos_.Preparar(ui.LstSufijos, {QStringLiteral("Sufijo"), QStringLiteral("Detalle")}, {}, {});
+    sufijos_.Preparar(ui.LstSufijos, {u"Sufijo"_s, u"Detalle"_s}, {}, {});
     ui.LstSufijos->setColumnWidth(0, ui.LstSufijos->fontMetrics().averageCharWidth() * 12);
     ui.LstSufijos->horizontalHeader()->setStretchLastSection(true);
     ui.LstNCM->setMinimumWidth(ui.LstNCM->fontMetrics().averageCharWidth() * 24);
@@ -77,8 +79,8 @@ bool FrmPosicion::Buscar(const QString &texto, OrigenDeBusqueda origen) {
         ui.LstNCM->addItems(TextosDePosiciones(posiciones));
         ui.LstNCM->setCurrentRow(0);
     }
-    ui.lbCantidad->setText(posiciones.size() == 1 ? QStringLiteral("1 posición")
-                                                  : QStringLiteral("%1 posiciones").arg(posiciones.size()));
+    ui.lbCantidad->setText(posiciones.size() == 1 ? u"1 posición"_s
+                                                  : u"%1 posiciones"_s.arg(posiciones.size()));
     ui.LstNCM->setFocus();
     MostrarFila();
     return true;
@@ -122,7 +124,7 @@ void FrmPosicion::MostrarFila() {
     if (fila == nullptr) return;
     DatosDePosicion datos;
     Manejar(ctx, [&] { datos = MostrarDatos(ctx, fila->text()); });
-    ui.LbDescripcion->setText(datos.descripcion.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    ui.LbDescripcion->setText(datos.descripcion.replace("\r\n"_L1, "\n"_L1));
     ui.lbUnidades->setText(datos.encontrada ? textoDeUnidades(ctx.posicion) : QString());
     std::vector<QStringList> celdas;
     celdas.reserve(datos.sufijos.size());

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "assembly/FrmLstProrrateo.h"
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -12,10 +11,13 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmListado.h"
+#include "header/FrmLstProrrateo.h"
+#include "header/changes.h"
 #include "header/regime.h"
-#include "operations/changes.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmSufijos.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,8 +32,8 @@ FrmSubItems::FrmSubItems() : ventana(HacerDialogo()) {
 }
 
 void FrmSubItems::Form_Load() {
-    ui.cboBiendeUso->addItem(QStringLiteral("No"), QStringLiteral("N"));
-    ui.cboBiendeUso->addItem(QStringLiteral("Sí"), QStringLiteral("S"));
+    ui.cboBiendeUso->addItem(u"No"_s, u"N"_s);
+    ui.cboBiendeUso->addItem(u"Sí"_s, u"S"_s);
     for (const DefinicionDeCampo &d : CamposDeSubItem())
         if (auto *control = ventana->findChild<QWidget *>(L(d.control))) campos_.push_back({&d, control});
 }
@@ -91,7 +93,7 @@ void FrmSubItems::ConectarCodigo(const Campo &campo) {
 void FrmSubItems::Mostrar(const QString &interno, const std::array<int, 8> &banderas) {
     AppContext &ctx = Contexto();
     ClCntrl::banderaDeCambios() = false;
-    ventana->setWindowTitle(QStringLiteral("Carga de subitems - Operación ") + interno);
+    ventana->setWindowTitle(u"Carga de subitems - Operación "_s + interno);
     ventana->setModal(true);
     Manejar(ctx, [&] {
         AbrirSubItems(ctx, s_, interno, banderas);
@@ -160,9 +162,8 @@ void FrmSubItems::EscribirEstado() {
     ui.LbTotSubitems->setText(s_.LbTotSubitems);
     ui.lbDIF->setText(s_.lbDIF);
     const int fila = s_.modo == 2 ? FilaDeId(s_.id) : -1;
-    ui.lbModo->setText(fila < 0
-                           ? QStringLiteral("Línea nueva")
-                           : QStringLiteral("Modifica la línea ") + ui.LstArticulos->item(fila, 0)->text());
+    ui.lbModo->setText(fila < 0 ? u"Línea nueva"_s
+                                : u"Modifica la línea "_s + ui.LstArticulos->item(fila, 0)->text());
 }
 
 void FrmSubItems::Trabajar(const std::function<void()> &hacer) {

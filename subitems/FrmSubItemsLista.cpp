@@ -11,6 +11,8 @@
 #include "frame/ui/ventana.h"
 #include "subitems/FrmSubItems.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum Columna { numero, posicion, unidad, cantidad, kgneto, preciounitario, fob, identificador, articulo };
@@ -108,8 +110,7 @@ void FrmSubItems::LstArticulos_Enter() {
     Leer();
     Manejar(ctx, [&] {
         if (BuscarSubItem(ctx, s_, id)) return;
-        ctx.dialogos.advertir(
-            QStringLiteral("El subitem ya no está en la operación, otro puesto lo eliminó."));
+        ctx.dialogos.advertir(u"El subitem ya no está en la operación, otro puesto lo eliminó."_s);
         CargarLista();
     });
     Escribir(false);

@@ -9,13 +9,15 @@
 #include "subitems/nomenclature.h"
 #include "subitems/suffixes.h"
 
+using namespace Qt::StringLiterals;
+
 FrmSufijos::FrmSufijos() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
     Form_Load();
 }
 
 void FrmSufijos::Form_Load() {
-    const QStringList columnas{QStringLiteral("Sufijo"), QStringLiteral("Detalle")};
+    const QStringList columnas{u"Sufijo"_s, u"Detalle"_s};
     catalogo_.Preparar(ui.Grid, columnas, {}, {});
     linea_.Preparar(ui.Grid2, columnas, {}, {});
     const int letra = ui.Grid->fontMetrics().averageCharWidth();
@@ -36,10 +38,10 @@ void FrmSufijos::Cargar(const QString &posicion, const QString &sufijos) {
     for (const SufijoDeLinea &s : datos.linea) linea.push_back({s.token, s.detalle});
     linea_.Cargar(linea, -1);
     ui.txtLNAPINcm->setText(LeerMarcasNcm(ctx, posicion).lapi
-                                ? QStringLiteral("La posición lleva la marca de licencia")
-                                : QStringLiteral("La posición no lleva la marca de licencia"));
+                                ? u"La posición lleva la marca de licencia"_s
+                                : u"La posición no lleva la marca de licencia"_s);
     QString licencia = DetalleLnapi(ctx, posicion);
-    ui.txtLNAPI->setPlainText(licencia.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    ui.txtLNAPI->setPlainText(licencia.replace("\r\n"_L1, "\n"_L1));
     ui.Grid->setFocus();
 }
 

@@ -11,7 +11,7 @@ class FrmSufijos {
  public:
     FrmSufijos();
 
-    /// Fills the screen, without showing it; `sufijos` is the line's text, or empty. Raises ErrorDeStore.
+    /// Fills the screen, without showing it; `sufijos` is the line's text, or empty. Raises Falla.
     void Cargar(const QString &posicion, const QString &sufijos);
 
     Ui::FrmSufijos ui;

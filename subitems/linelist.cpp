@@ -1,34 +1,36 @@
 #include "subitems/linelist.h"
 
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
 using numeros::Format;
 
-const QString internos = QStringLiteral("INTERNOS");
+const QString internos = u"INTERNOS"_s;
 
 QString numeroDeLinea(int numero) {
     constexpr int ancho = 4;
-    return QStringLiteral("%1").arg(numero, ancho, 10, QLatin1Char('0'));
+    return u"%1"_s.arg(numero, ancho, 10, QLatin1Char('0'));
 }
 
-FilaSubItem leerFila(const Recordset &rs, int numero) {
+FilaSubItem leerFila(const AppContext &ctx, const Recordset &rs, int numero) {
     FilaSubItem f;
     f.id = static_cast<qint64>(rs.Numero(u"id"));
     f.numero = numeroDeLinea(numero);
     f.NCM = rs.Texto(u"ncm");
     f.idunidad = rs.Texto(u"idunidad");
-    f.Cantidad = Format(rs.Numero(u"cantidad"), u"00.00");
-    f.kgneto = Format(rs.Numero(u"kgneto"), u"00.00");
-    f.preciounitario = Format(rs.Numero(u"preciounitario"), u"00.00000");
-    f.Fob = Format(rs.Numero(u"fob"), u"00.00");
+    f.Cantidad = Format(rs.Numero(u"cantidad"), u"00.00", ctx.SeparadorDecimal);
+    f.kgneto = Format(rs.Numero(u"kgneto"), u"00.00", ctx.SeparadorDecimal);
+    f.preciounitario = Format(rs.Numero(u"preciounitario"), u"00.00000", ctx.SeparadorDecimal);
+    f.Fob = Format(rs.Numero(u"fob"), u"00.00", ctx.SeparadorDecimal);
     f.idarticulo = rs.Texto(u"idarticulo");
     f.factura_nro = rs.Texto(u"factura_nro");
-    f.marcada = rs.Texto(u"cancelaciones") == L("OK");
+    f.marcada = rs.Texto(u"cancelaciones") == "OK"_L1;
     return f;
 }
 
@@ -40,19 +42,17 @@ QStringList FilaSubItem::celdas() const {
 }
 
 const QStringList &ColumnasDeSubItems() {
-    static const QStringList columnas{QStringLiteral("Línea"),    QStringLiteral("NCM"),
-                                      QStringLiteral("Unidad"),   QStringLiteral("Cantidad"),
-                                      QStringLiteral("Kg Neto"),  QStringLiteral("Precio Unitario"),
-                                      QStringLiteral("Fob"),      QStringLiteral("Id"),
-                                      QStringLiteral("Artículo"), QStringLiteral("Factura")};
+    static const QStringList columnas{
+        u"Línea"_s,           u"NCM"_s, u"Unidad"_s, u"Cantidad"_s, u"Kg Neto"_s,
+        u"Precio Unitario"_s, u"Fob"_s, u"Id"_s,     u"Artículo"_s, u"Factura"_s};
     return columnas;
 }
 
 QString SentenciaSubItems(const QString &interno, bool descendente, const QString &condicion) {
-    return L("select interno,estadomerc,sufijos,idpais,kgneto,id,ncm,idunidad,cantidad,preciounitario,fob,"
-             "idarticulo,cancelaciones, itfiller, descripcion as descr, descripcion_maria, idcatalogo, "
-             "naladisa, factura_nro from subitems as a where interno = '") +
-           interno + condicion + (descendente ? L(" order by a.id desc") : L(" order by a.id asc"));
+    return "select interno,estadomerc,sufijos,idpais,kgneto,id,ncm,idunidad,cantidad,preciounitario,fob,"
+           "idarticulo,cancelaciones, itfiller, descripcion as descr, descripcion_maria, idcatalogo, "
+           "naladisa, factura_nro from subitems as a where interno = '"_L1 +
+           interno + condicion + (descendente ? " order by a.id desc"_L1 : " order by a.id asc"_L1);
 }
 
 std::vector<FilaSubItem> GetRsSubtiems(AppContext &ctx, const QString &interno, const QString &condicion) {
@@ -63,15 +63,15 @@ std::vector<FilaSubItem> GetRsSubtiems(AppContext &ctx, const QString &interno, 
     const int total = rs.RecordCount();
     filas.reserve(static_cast<std::size_t>(total));
     for (int n = 0; !rs.Eof(); rs.MoveNext(), ++n)
-        filas.push_back(leerFila(rs, descendente ? total - n : n + 1));
+        filas.push_back(leerFila(ctx, rs, descendente ? total - n : n + 1));
     return filas;
 }
 
 std::optional<FilaSubItem> FilaDeSubItem(AppContext &ctx, const QString &interno, qint64 id,
                                          int cantidadDeLineas) {
     Recordset rs;
-    if (!Consultar(ctx, internos, SentenciaSubItems(interno, false, L("' and id = ") + QString::number(id)),
+    if (!Consultar(ctx, internos, SentenciaSubItems(interno, false, "' and id = "_L1 + QString::number(id)),
                    rs))
         return {};
-    return leerFila(rs, cantidadDeLineas);
+    return leerFila(ctx, rs, cantidadDeLineas);
 }

@@ -32,12 +32,12 @@ const QStringList &ColumnasDeSubItems();
 QString SentenciaSubItems(const QString &interno, bool descendente,
                           const QString &condicion = QStringLiteral("'"));
 
-/// The operation's lines, in the order that the option SbtMostrarAsc asks for. Raises ErrorDeStore.
+/// The operation's lines, in the order that the option SbtMostrarAsc asks for. Raises Falla.
 std::vector<FilaSubItem> GetRsSubtiems(AppContext &ctx, const QString &interno,
                                        const QString &condicion = QStringLiteral("'"));
 
 /// One line as its row, for a list that is already on the screen; `cantidadDeLineas` numbers a line just
 /// added (the list grows by one row at its end, or at its head when it is descending). Nothing when the line
-/// is not there. Raises ErrorDeStore.
+/// is not there. Raises Falla.
 std::optional<FilaSubItem> FilaDeSubItem(AppContext &ctx, const QString &interno, qint64 id,
                                          int cantidadDeLineas);

@@ -2,14 +2,16 @@
 
 #include <map>
 
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
 #include "header/codes.h"
 #include "header/regime.h"
-#include "siblings/ArticleStore.h"
+#include "subitems/ArticleStore.h"
 #include "subitems/nomenclature.h"
 #include "subitems/suffixes.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,32 +21,32 @@ using numeros::aNumero;
 using numeros::esNumerico;
 using numeros::Format;
 
-const QString internos = QStringLiteral("INTERNOS");
-const QString zendra = QStringLiteral("ZENDRA");
-const QString flags = QStringLiteral("FLAGS");
-const QString claveCargaPor = QStringLiteral("CARGASBTPOR");
-const QString kilogramo = QStringLiteral("01");
+const QString internos = u"INTERNOS"_s;
+const QString zendra = u"ZENDRA"_s;
+const QString flags = u"FLAGS"_s;
+const QString claveCargaPor = u"CARGASBTPOR"_s;
+const QString kilogramo = u"01"_s;
 
 bool esControl(const QString &control, const char *nombre) {
     return control.compare(L(nombre), Qt::CaseInsensitive) == 0;
 }
 
 /// `valor` in the form of the mask when nothing is lost by it, else as it is.
-QString conForma(double valor, QStringView mascara) {
-    QString texto = Format(valor, mascara);
+QString conForma(const AppContext &ctx, double valor, QStringView mascara) {
+    QString texto = Format(valor, mascara, ctx.SeparadorDecimal);
     if (aNumero(texto) != valor) {
         texto = numeros::aTexto(valor);
-        ReemplazarSeparadorDecimal(texto);
+        ReemplazarSeparadorDecimal(texto, ctx.SeparadorDecimal);
     }
     return texto;
 }
 
 bool marcada(const Recordset &rs, QStringView columna) {
-    return rs.Texto(columna).trimmed() == L("*");
+    return rs.Texto(columna).trimmed() == "*"_L1;
 }
 
 QString condicionDe(const ClavesNcm &k) {
-    return L("[001] = '") + k.c001 + L("' and [002] = '") + k.c002 + L("' and [003] = '") + k.c003 + L("'");
+    return "[001] = '"_L1 + k.c001 + "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1;
 }
 
 /// The upper levels of the description, one a line.
@@ -52,26 +54,25 @@ QString nivelesSuperiores(AppContext &ctx, const ClavesNcm &k) {
     Recordset rs;
     QString texto;
     if (!Consultar(
-            ctx, QStringLiteral("NCM"),
-            L("select [004], [005], [006], [007], [008], [009], [010] from ncm where ") + condicionDe(k), rs))
+            ctx, u"NCM"_s,
+            "select [004], [005], [006], [007], [008], [009], [010] from ncm where "_L1 + condicionDe(k), rs))
         return texto;
     for (int n = 0; n < rs.columnas(); ++n) {
         const QString nivel = EsNull(rs.Fields(n).Value).trimmed();
-        if (!nivel.isEmpty()) texto += L("\r\n  ") + nivel;
+        if (!nivel.isEmpty()) texto += "\r\n  "_L1 + nivel;
     }
     return texto;
 }
 
 QString bloqueDeTexto(AppContext &ctx, const Recordset &rs, const ClavesNcm &k) {
-    return QStringLiteral(
-               "  Información de la Posición\r\n  ----------------------------\r\n"
-               "  Posición NCM: ") +
+    return u"  Información de la Posición\r\n  ----------------------------\r\n"
+           "  Posición NCM: "_s +
            rs.Texto(u"001") + QLatin1Char('.') + rs.Texto(u"002") + rs.Texto(u"003") +
-           L("\r\n  Unidad Estadistica: ") + rs.Texto(u"012") + L("\r\n  Unidad Der. Esp.: ") +
-           rs.Texto(u"020") + L("\r\n  Posee LAPI: ") + (marcada(rs, u"059") ? L("Si") : L("No")) +
-           QStringLiteral("\r\n  Derecho de Importación ExtraZona: ") + rs.Texto(u"015") +
-           QStringLiteral("\r\n  Derecho de Exportación: ") + rs.Texto(u"018") +
-           L("\r\n  Reintegro Extrazona: ") + rs.Texto(u"019") + nivelesSuperiores(ctx, k);
+           "\r\n  Unidad Estadistica: "_L1 + rs.Texto(u"012") + "\r\n  Unidad Der. Esp.: "_L1 +
+           rs.Texto(u"020") + "\r\n  Posee LAPI: "_L1 + (marcada(rs, u"059") ? "Si"_L1 : "No"_L1) +
+           u"\r\n  Derecho de Importación ExtraZona: "_s + rs.Texto(u"015") +
+           u"\r\n  Derecho de Exportación: "_s + rs.Texto(u"018") + "\r\n  Reintegro Extrazona: "_L1 +
+           rs.Texto(u"019") + nivelesSuperiores(ctx, k);
 }
 
 /// The factor from one unit to another; nothing when the pair is not kept.
@@ -80,32 +81,31 @@ std::optional<double> pase(AppContext &ctx, const QString &unidad, const QString
     Recordset rs;
     if (!Consultar(
             ctx, internos,
-            L("select pase from unidrel where unid1 = '") + unidad + L("' and unid2 = '") + hacia + L("'"),
+            "select pase from unidrel where unid1 = '"_L1 + unidad + "' and unid2 = '"_L1 + hacia + "'"_L1,
             rs))
         return {};
     QString factor = rs.Texto(u"pase");
-    return aNumero(ReemplazarSeparadorDecimal(factor));
+    return aNumero(ReemplazarSeparadorDecimal(factor, ctx.SeparadorDecimal));
 }
 
 void leerCaratula(AppContext &ctx, SubItems &s) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   L("select idsubreg,fobdivisas,ONCCAHabilitado from caratula where interno = '") +
-                       s.interno + L("'"),
+                   "select idsubreg,fobdivisas,ONCCAHabilitado from caratula where interno = '"_L1 +
+                       s.interno + "'"_L1,
                    rs))
         return;
     s.idsubreg = rs.Texto(u"idsubreg");
     s.fobdivisas = rs.Numero(u"fobdivisas");
-    s.ONCCAHabilitado = rs.Texto(u"ONCCAHabilitado") == L("S");
+    s.ONCCAHabilitado = rs.Texto(u"ONCCAHabilitado") == "S"_L1;
 }
 
 bool llevaEan(AppContext &ctx, const QString &regimen) {
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("SYSTABLAS"),
-                   L("select item from EAN where subreg = '") + regimen + L("'"), rs))
+    if (!Consultar(ctx, u"SYSTABLAS"_s, "select item from EAN where subreg = '"_L1 + regimen + "'"_L1, rs))
         return false;
     const QString item = rs.Texto(u"item").trimmed();
-    return !item.isEmpty() && item.compare(L("N"), Qt::CaseInsensitive) != 0;
+    return !item.isEmpty() && item.compare("N"_L1, Qt::CaseInsensitive) != 0;
 }
 
 void ponerDescripciones(AppContext &ctx, CamposSubItem &c) {
@@ -122,7 +122,7 @@ int elegirDe(AppContext &ctx, const QString &titulo, const QStringList &filas) {
 
 bool elegirCatalogo(AppContext &ctx, SubItems &s) {
     const QStringList catalogos = ArticleStore::Catalogos(ctx);
-    const int cual = elegirDe(ctx, QStringLiteral("Catálogos"), catalogos);
+    const int cual = elegirDe(ctx, u"Catálogos"_s, catalogos);
     if (cual < 0) return false;
     s.campos.TxtIdCatalogo = catalogos.at(cual);
     return true;
@@ -132,8 +132,8 @@ bool elegirArticulo(AppContext &ctx, SubItems &s) {
     const auto articulos = ArticleStore::Articulos(ctx, s.campos.TxtIdCatalogo);
     QStringList filas;
     filas.reserve(static_cast<qsizetype>(articulos.size()));
-    for (const auto &a : articulos) filas << a.idarticulo + L(" - ") + a.descripcion;
-    const int cual = elegirDe(ctx, QStringLiteral("Artículos de ") + s.campos.TxtIdCatalogo, filas);
+    for (const auto &a : articulos) filas << a.idarticulo + " - "_L1 + a.descripcion;
+    const int cual = elegirDe(ctx, u"Artículos de "_s + s.campos.TxtIdCatalogo, filas);
     if (cual < 0) return false;
     s.campos.txtIdArticulo = articulos.at(static_cast<std::size_t>(cual)).idarticulo;
     return BuscarArticuloSobreCat(ctx, s);
@@ -142,7 +142,7 @@ bool elegirArticulo(AppContext &ctx, SubItems &s) {
 /// ENTER on a field with a code table.
 void codigoEnter(AppContext &ctx, SubItems &s, const DefinicionDeCampo &d) {
     QString codigo = s.campos.*d.campo;
-    if (L(d.clave) == L("PAIS")) codigo = RellenarCodigo(codigo);
+    if (L(d.clave) == "PAIS"_L1) codigo = RellenarCodigo(codigo);
     CampoDeCodigo campo{codigo, {}, {}};
     ConfirmarCodigo(ctx, L(d.clave), campo);
     s.campos.*d.campo = campo.codigo;
@@ -209,7 +209,7 @@ void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const s
     s.interno = interno;
     for (std::size_t n = 0; n < banderas.size(); ++n) s.ofrece.at(n) = banderas.at(n) != 0;
     s.opcionesDeFob = ctx.opciones.SbtFuncionCargaPor;
-    if (s.opcionesDeFob) s.opFobUnitario = ctx.ajustes.Leer(zendra, flags, claveCargaPor) == L("U");
+    if (s.opcionesDeFob) s.opFobUnitario = ctx.ajustes.Leer(zendra, flags, claveCargaPor) == "U"_L1;
     leerCaratula(ctx, s);
     s.eanHabilitado = llevaEan(ctx, s.idsubreg);
     if (insumos::crearEnlace) s.enlace = insumos::crearEnlace();
@@ -218,7 +218,7 @@ void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const s
 
 void ElegirCargaPor(AppContext &ctx, SubItems &s, bool unitario) {
     s.opFobUnitario = unitario;
-    ctx.ajustes.Guardar(zendra, flags, claveCargaPor, unitario ? QStringLiteral("U") : QStringLiteral("F"));
+    ctx.ajustes.Guardar(zendra, flags, claveCargaPor, unitario ? u"U"_s : u"F"_s);
 }
 
 void VaciarCampos(const AppContext &ctx, SubItems &s) {
@@ -251,13 +251,13 @@ bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
     c.TxtPosicion = eleccion->PRDNCM;
     c.TxtUnidad = eleccion->PRDUNI;
     c.TxtUnitario = eleccion->PRDPRE;
-    ReemplazarSeparadorDecimal(c.TxtUnitario);
+    ReemplazarSeparadorDecimal(c.TxtUnitario, ctx.SeparadorDecimal);
     c.TxtIdpais = eleccion->PRDPAI;
     s.articuloFijo = true;
     s.VincularDatos = true;
     s.marcaERR = eleccion->ERR;
     BuscarNCM(ctx, s);
-    CampoDeLineaEnter(ctx, s, QStringLiteral("TxtUnidad"));
+    CampoDeLineaEnter(ctx, s, u"TxtUnidad"_s);
     c.LbDescPais = getPaisDescripcion(ctx, c.TxtIdpais);
     c.txtSufijos = eleccion->PRDSUF;
     return true;
@@ -265,20 +265,20 @@ bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
 
 Veredicto BuscarNCM(AppContext &ctx, SubItems &s) {
     CamposSubItem &c = s.campos;
-    const QString foco = QStringLiteral("TxtPosicion");
+    const QString foco = u"TxtPosicion"_s;
     const qsizetype largo = c.TxtPosicion.size();
     if (largo != 15 && largo != 14 && largo != 10) {
-        ctx.dialogos.advertir(QStringLiteral("Longitud erronea del Posición"));
+        ctx.dialogos.advertir(u"Longitud erronea del Posición"_s);
         return Veredicto::mal(foco);
     }
     const ClavesNcm k = CortarPosicion(c.TxtPosicion);
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("NCM"),
-                   L("select [001],[002],[003],[004],[010],[012],[015],[018],[019],[020],[052],[044],[043],"
-                     "[059] from ncm where ") +
+    if (!Consultar(ctx, u"NCM"_s,
+                   "select [001],[002],[003],[004],[010],[012],[015],[018],[019],[020],[052],[044],[043],"
+                   "[059] from ncm where "_L1 +
                        condicionDe(k),
                    rs)) {
-        ctx.dialogos.advertir(QStringLiteral("POSICIÓN INEXISTENTE, en el Nomenclador"));
+        ctx.dialogos.advertir(u"POSICIÓN INEXISTENTE, en el Nomenclador"_s);
         return Veredicto::mal(foco);
     }
     c.LbCodigoEstadistica = rs.Texto(u"012").trimmed();
@@ -299,39 +299,41 @@ void CalcularUnidades(AppContext &ctx, SubItems &s) {
     if (!esNumerico(c.TxtCantidad)) return;
     const double cantidad = aNumero(c.TxtCantidad);
     if (const auto factor = pase(ctx, c.TxtUnidad, c.LbCodigoEstadistica))
-        c.TxtValorsobreestadistica = Format(cantidad * *factor, u"00.00");
+        c.TxtValorsobreestadistica = Format(cantidad * *factor, u"00.00", ctx.SeparadorDecimal);
     else if (c.TxtUnidad == kilogramo && c.LbCodigoEstadistica == kilogramo)
-        c.TxtValorsobreestadistica = Format(cantidad, u"00.00");
+        c.TxtValorsobreestadistica = Format(cantidad, u"00.00", ctx.SeparadorDecimal);
     if (const auto factor = pase(ctx, c.TxtUnidad, kilogramo))
-        c.TxtKgNeto = Format(cantidad * *factor, u"00.00");
+        c.TxtKgNeto = Format(cantidad * *factor, u"00.00", ctx.SeparadorDecimal);
 }
 
-void CalcularKgUnitario(SubItems &s) {
+void CalcularKgUnitario(const AppContext &ctx, SubItems &s) {
     CamposSubItem &c = s.campos;
     for (const char *sinPeso : {"08", "02", "07"})
         if (c.TxtUnidad == L(sinPeso)) return;
     if (!esNumerico(c.txtKgUnitario) || aNumero(c.txtKgUnitario) <= 0 || !esNumerico(c.TxtCantidad)) return;
-    const QString kilos = Format(aNumero(c.TxtCantidad) * aNumero(c.txtKgUnitario), u"00.00");
+    const QString kilos =
+        Format(aNumero(c.TxtCantidad) * aNumero(c.txtKgUnitario), u"00.00", ctx.SeparadorDecimal);
     c.TxtKgNeto = kilos;
     if (c.LbCodigoEstadistica == kilogramo) c.TxtValorsobreestadistica = kilos;
     if (s.FramDerEsp && c.LbIdDerEsp == kilogramo) c.TxtDerEsp = kilos;
 }
 
-void CalcularFob(SubItems &s) {
+void CalcularFob(const AppContext &ctx, SubItems &s) {
     CamposSubItem &c = s.campos;
     if (!esNumerico(c.TxtCantidad)) return;
     const double cantidad = aNumero(c.TxtCantidad);
     if (s.opFobUnitario) {
-        if (esNumerico(c.TxtUnitario)) c.TxtFobTotal = Format(aNumero(c.TxtUnitario) * cantidad, u"00.00");
+        if (esNumerico(c.TxtUnitario))
+            c.TxtFobTotal = Format(aNumero(c.TxtUnitario) * cantidad, u"00.00", ctx.SeparadorDecimal);
     } else if (esNumerico(c.TxtFobTotal) && cantidad != 0) {
-        c.TxtUnitario = Format(aNumero(c.TxtFobTotal) / cantidad, u"00.00000");
+        c.TxtUnitario = Format(aNumero(c.TxtFobTotal) / cantidad, u"00.00000", ctx.SeparadorDecimal);
     }
 }
 
 void CantidadCambia(AppContext &ctx, SubItems &s) {
     CalcularUnidades(ctx, s);
-    CalcularKgUnitario(s);
-    CalcularFob(s);
+    CalcularKgUnitario(ctx, s);
+    CalcularFob(ctx, s);
 }
 
 Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control) {
@@ -361,9 +363,9 @@ bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control) {
 
 void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control) {
     if (esControl(control, "TxtCantidad") || esControl(control, "TxtUnidad")) CantidadCambia(ctx, s);
-    if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(s);
+    if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(ctx, s);
     // Only the field that leads moves the other one.
-    if (esControl(control, s.opFobUnitario ? "TxtUnitario" : "TxtFobTotal")) CalcularFob(s);
+    if (esControl(control, s.opFobUnitario ? "TxtUnitario" : "TxtFobTotal")) CalcularFob(ctx, s);
 }
 
 bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {
@@ -374,7 +376,7 @@ bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {
         s.descripcionDefecto.clear();
         return false;
     }
-    c.LbDescCatalogo = articulo->idarticulo + L(" - ") + articulo->descripcion;
+    c.LbDescCatalogo = articulo->idarticulo + " - "_L1 + articulo->descripcion;
     s.descripcionDefecto = articulo->descripcion;
     c.TxtDescArticulos = articulo->descripcion;
     c.txtDescripcionMaria = articulo->Descripcion_Maria;
@@ -384,13 +386,13 @@ bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {
     c.txtIdPaisProc = articulo->idpaisproc;
     c.TxtIdEstadoMercaderia = articulo->estadomerc;
     c.txtSufijos = articulo->sufijos;
-    c.cboBiendeUso = articulo->biendeuso == L("S") ? QStringLiteral("S") : QStringLiteral("N");
+    c.cboBiendeUso = articulo->biendeuso == "S"_L1 ? u"S"_s : u"N"_s;
     c.txtOtros = articulo->otros;
     c.TxtFiller = articulo->itfiller;
     c.TxtNaladisa = articulo->naladisa;
     if (s.eanHabilitado) c.TxtCodigoEAN = articulo->codigoean;
-    c.TxtUnitario = Format(articulo->preciounitario.value_or(0), u"00.00000");
-    c.txtKgUnitario = Format(articulo->kgneto.value_or(0), u"00.00");
+    c.TxtUnitario = Format(articulo->preciounitario.value_or(0), u"00.00000", ctx.SeparadorDecimal);
+    c.txtKgUnitario = Format(articulo->kgneto.value_or(0), u"00.00", ctx.SeparadorDecimal);
     ponerDescripciones(ctx, c);
     if (!c.TxtPosicion.isEmpty()) BuscarNCM(ctx, s);
     CantidadCambia(ctx, s);
@@ -407,7 +409,7 @@ void ActuSufijos(AppContext &ctx, SubItems &s) {
 bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   L("select * from subitems where interno = '") + s.interno + L("' and id = ") +
+                   "select * from subitems where interno = '"_L1 + s.interno + "' and id = "_L1 +
                        QString::number(id),
                    rs))
         return false;
@@ -453,10 +455,10 @@ bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     for (const Columna &columna : columnas) {
         const QString nombre = L(columna.nombre);
         c.*columna.campo =
-            columna.mascara == nullptr ? rs.Texto(nombre) : conForma(rs.Numero(nombre), columna.mascara);
+            columna.mascara == nullptr ? rs.Texto(nombre) : conForma(ctx, rs.Numero(nombre), columna.mascara);
     }
-    c.cboBiendeUso = rs.Texto(u"biendeuso") == L("S") ? QStringLiteral("S") : QStringLiteral("N");
-    c.LbLapi = rs.Texto(u"lapi") == L("S");
+    c.cboBiendeUso = rs.Texto(u"biendeuso") == "S"_L1 ? u"S"_s : u"N"_s;
+    c.LbLapi = rs.Texto(u"lapi") == "S"_L1;
     s.SBTREI = rs.Numero(u"sbtrei");
     s.FramDerEsp = !c.LbIdDerEsp.isEmpty();
     s.descripcionDefecto = c.TxtDescArticulos;
@@ -473,11 +475,11 @@ void RefrescarTotales(AppContext &ctx, SubItems &s) {
     Recordset rs;
     const double total =
         Consultar(ctx, internos,
-                  L("select sum(fob) as total from subitems where interno = '") + s.interno + L("'"), rs)
+                  "select sum(fob) as total from subitems where interno = '"_L1 + s.interno + "'"_L1, rs)
             ? rs.Numero(u"total")
             : 0;
     // "##.00": no digit is forced before the separator.
-    s.LbTotal = Format(s.fobdivisas, u".00");
-    s.LbTotSubitems = Format(total, u"00.00");
-    s.lbDIF = Format(s.fobdivisas - total, u"00.00");
+    s.LbTotal = Format(s.fobdivisas, u".00", ctx.SeparadorDecimal);
+    s.LbTotSubitems = Format(total, u"00.00", ctx.SeparadorDecimal);
+    s.lbDIF = Format(s.fobdivisas - total, u"00.00", ctx.SeparadorDecimal);
 }

@@ -1,14 +1,14 @@
 #pragma once
 // The entry of invoiced lines as FrmSubItems holds it: its fields, and every rule behind its keys. The screen
 // copies its widgets into the state, calls the routine of the event, and copies the state back. Every routine
-// raises ErrorDeStore unless told.
+// raises Falla unless told.
 
 #include <QString>
 #include <array>
 #include <vector>
 
-#include "frame/verdict.h"
-#include "operations/inputslink.h"
+#include "frame/base/verdict.h"
+#include "subitems/inputslink.h"
 
 struct AppContext;
 
@@ -116,9 +116,9 @@ void CantidadCambia(AppContext &ctx, SubItems &s);
 /// the pair.
 void CalcularUnidades(AppContext &ctx, SubItems &s);
 /// Net kilos (and what is measured in them) from the unit weight. Sends nothing to the store.
-void CalcularKgUnitario(SubItems &s);
+void CalcularKgUnitario(const AppContext &ctx, SubItems &s);
 /// The price or the total from the other, by the mode. Sends nothing to the store.
-void CalcularFob(SubItems &s);
+void CalcularFob(const AppContext &ctx, SubItems &s);
 
 /// ENTER on a field: the position (BuscarNCM), the article (BuscarArticuloSobreCat, unless it is locked), or
 /// the description of a coded field. Walking over a line with ENTER recalculates nothing.

@@ -1,16 +1,19 @@
 #include <utility>
 
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/sqltext.h"
+#include "header/changes.h"
 #include "header/regime.h"
-#include "operations/changes.h"
-#include "siblings/ArticleStore.h"
-#include "siblings/ReferenceValues.h"
+#include "subitems/ArticleStore.h"
+#include "subitems/ReferenceValues.h"
 #include "subitems/lines.h"
 #include "subitems/nomenclature.h"
 #include "subitems/suffixes.h"
 #include "subitems/suffixtext.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,8 +22,8 @@ using numeros::aNumero;
 using numeros::esNumerico;
 using numeros::Format;
 
-const QString internos = QStringLiteral("INTERNOS");
-const QString kilogramo = QStringLiteral("01");
+const QString internos = u"INTERNOS"_s;
+const QString kilogramo = u"01"_s;
 
 /// One save: its state and what tells a new line from a change.
 struct Corrida {
@@ -47,42 +50,39 @@ bool mayorQueCero(const QString &texto) {
 }
 
 bool iguales(const QString &a, const QString &b) {
-    if (esNumerico(a) && esNumerico(b)) return Format(aNumero(a), u"00.00") == Format(aNumero(b), u"00.00");
+    if (esNumerico(a) && esNumerico(b)) return numeros::iguales(aNumero(a), aNumero(b), 2);
     return a == b;
 }
 
 bool esDeInsumos(const CamposSubItem &c) {
-    return c.TxtIdCatalogo.contains(L("INS")) || c.txtIdArticulo.contains(L("INS"));
+    return c.TxtIdCatalogo.contains("INS"_L1) || c.txtIdArticulo.contains("INS"_L1);
 }
 
 /// Checks 1 to 3: the units on the screen are those of the nomenclature.
 Veredicto revisarUnidades(const Corrida &r) {
     const CamposSubItem &c = r.campos();
-    if (c.LbCodigoEstadistica.isEmpty())
-        return r.mal("TxtPosicion", QStringLiteral("Falta unidad estadistica"));
+    if (c.LbCodigoEstadistica.isEmpty()) return r.mal("TxtPosicion", u"Falta unidad estadistica"_s);
     const ClavesNcm k = CortarPosicion(c.TxtPosicion);
     Recordset rs;
-    const bool hay = Consultar(r.ctx, QStringLiteral("NCM"),
-                               L("select [012],[020] from ncm where [001] = '") + k.c001 +
-                                   L("' and [002] = '") + k.c002 + L("' and [003] = '") + k.c003 + L("'"),
+    const bool hay = Consultar(r.ctx, u"NCM"_s,
+                               "select [012],[020] from ncm where [001] = '"_L1 + k.c001 +
+                                   "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1,
                                rs);
-    if (!hay && r.cambio)
-        return r.mal("TxtPosicion", QStringLiteral("No se encontro la posición ") + c.TxtPosicion);
+    if (!hay && r.cambio) return r.mal("TxtPosicion", u"No se encontro la posición "_s + c.TxtPosicion);
     const QString estadistica = hay ? rs.Texto(u"012").trimmed() : QString();
     const QString deresp = hay ? rs.Texto(u"020").trimmed() : QString();
-    if (estadistica.isEmpty() && r.cambio)
-        return r.mal("TxtPosicion", QStringLiteral("Error: no hay unidad estadistica"));
+    if (estadistica.isEmpty() && r.cambio) return r.mal("TxtPosicion", u"Error: no hay unidad estadistica"_s);
     if (c.LbCodigoEstadistica != estadistica)
-        return r.mal("TxtPosicion", L("Error en Codigo de Estadistica debe ser [ ") + estadistica + L(" ]"));
-    const QString pista =
-        QStringLiteral("\r\nPara refrescar las unidades del ncm presione ENTER en el campo posición");
+        return r.mal("TxtPosicion", "Error en Codigo de Estadistica debe ser [ "_L1 + estadistica + " ]"_L1);
+    const QString pista = u"\r\nPara refrescar las unidades del ncm presione ENTER en el campo posición"_s;
     if (deresp.isEmpty() && !c.LbIdDerEsp.isEmpty())
-        return r.mal("TxtPosicion", QStringLiteral("Esta posición no tiene Unidad del Derecho Especifico, "
-                                                   "pero en la pantalla tiene [ ") +
-                                        c.LbIdDerEsp + L(" ]") + pista);
+        return r.mal("TxtPosicion",
+                     u"Esta posición no tiene Unidad del Derecho Especifico, "
+                     "pero en la pantalla tiene [ "_s +
+                         c.LbIdDerEsp + " ]"_L1 + pista);
     if (c.LbIdDerEsp != deresp)
         return r.mal("TxtPosicion",
-                     L("Error en Codigo de Derecho Especifico debe ser [ ") + deresp + L(" ]") + pista);
+                     "Error en Codigo de Derecho Especifico debe ser [ "_L1 + deresp + " ]"_L1 + pista);
     return Veredicto::bien();
 }
 
@@ -91,19 +91,18 @@ Veredicto revisarCantidades(const Corrida &r) {
     CamposSubItem &c = r.campos();
     if (c.LbCodigoEstadistica != kilogramo && !mayorQueCero(c.TxtValorsobreestadistica))
         return r.mal("TxtValorsobreestadistica",
-                     QStringLiteral("Debe ingresar un valor mayor a cero en CANTIDA ESTADISTICA"));
-    if (vacioOCero(c.TxtCantidad)) return r.mal("TxtCantidad", QStringLiteral("Valor Invalido en CANTIDAD"));
+                     u"Debe ingresar un valor mayor a cero en CANTIDA ESTADISTICA"_s);
+    if (vacioOCero(c.TxtCantidad)) return r.mal("TxtCantidad", u"Valor Invalido en CANTIDAD"_s);
     if (mayorQueCero(c.TxtKgNeto) && mayorQueCero(c.TxtKgBruto) &&
         aNumero(c.TxtKgNeto) >= aNumero(c.TxtKgBruto))
-        return r.mal("TxtKgNeto", QStringLiteral("KG Neto debe ser Menor que KG Bruto"));
+        return r.mal("TxtKgNeto", u"KG Neto debe ser Menor que KG Bruto"_s);
     if (c.LbCodigoEstadistica == kilogramo && c.TxtValorsobreestadistica.trimmed().isEmpty())
-        c.TxtValorsobreestadistica = Format(aNumero(c.TxtKgNeto), u"00.00");
+        c.TxtValorsobreestadistica = Format(aNumero(c.TxtKgNeto), u"00.00", r.ctx.SeparadorDecimal);
     if (c.TxtUnidad == c.LbCodigoEstadistica && !iguales(c.TxtCantidad, c.TxtValorsobreestadistica))
-        return r.mal("TxtCantidad", L("La CANTIDAD DECLARADA ( ") + c.TxtCantidad +
-                                        L(" ) debe ser igual a CANTIDAD ESTADISTICA ( ") +
-                                        c.TxtValorsobreestadistica + L(" )"));
-    if (vacioOCero(c.TxtUnitario))
-        return r.mal(r.campoDePrecio(), QStringLiteral("Valor Invalido en PRECIO UNITARIO"));
+        return r.mal("TxtCantidad", "La CANTIDAD DECLARADA ( "_L1 + c.TxtCantidad +
+                                        " ) debe ser igual a CANTIDAD ESTADISTICA ( "_L1 +
+                                        c.TxtValorsobreestadistica + " )"_L1);
+    if (vacioOCero(c.TxtUnitario)) return r.mal(r.campoDePrecio(), u"Valor Invalido en PRECIO UNITARIO"_s);
     return Veredicto::bien();
 }
 
@@ -112,7 +111,7 @@ QString sinComillas(QString texto) {
 }
 
 QString sinRenglones(QString texto) {
-    texto.replace(L("\r\n"), L(" "));
+    texto.replace("\r\n"_L1, " "_L1);
     texto.replace(QLatin1Char('\n'), QLatin1Char(' ')).replace(QLatin1Char('\r'), QLatin1Char(' '));
     return sinComillas(texto);
 }
@@ -131,21 +130,19 @@ Veredicto revisarCodigos(const Corrida &r) {
     const bool catalogoPropio = !r.s.VincularDatos && !esDeInsumos(c);
     if (r.s.FramCatalogo() && !c.TxtIdCatalogo.isEmpty() && catalogoPropio &&
         !ArticleStore::ExisteCatalogo(r.ctx, c.TxtIdCatalogo))
-        return r.mal("TxtIdCatalogo", QStringLiteral("Codigo de catalogo no esta en base de datos."),
-                     QStringLiteral("Advertencia: CATALOGO"));
-    if (c.TxtUnidad.isEmpty()) return r.mal("TxtUnidad", QStringLiteral("Debe ingresar el Codigo de UNIDAD"));
+        return r.mal("TxtIdCatalogo", u"Codigo de catalogo no esta en base de datos."_s,
+                     u"Advertencia: CATALOGO"_s);
+    if (c.TxtUnidad.isEmpty()) return r.mal("TxtUnidad", u"Debe ingresar el Codigo de UNIDAD"_s);
     if (!esNumerico(c.TxtCantidad))
-        return r.mal("TxtCantidad", QStringLiteral("Debe ingresar un valor numerico en el campo CANTIDAD"));
+        return r.mal("TxtCantidad", u"Debe ingresar un valor numerico en el campo CANTIDAD"_s);
     // A change says "numeric" in two of them.
     const L numerico(r.cambio ? "Debe ingresar un valor numeric en el campo "
                               : "Debe ingresar un valor numerico en el campo ");
-    if (!esNumerico(c.TxtUnitario)) return r.mal(r.campoDePrecio(), numerico + L("VALOR UNITARIO"));
-    if (!esNumerico(c.TxtFobTotal)) return r.mal(r.campoDeFob(), numerico + L("FOB TOTAL"));
+    if (!esNumerico(c.TxtUnitario)) return r.mal(r.campoDePrecio(), numerico + "VALOR UNITARIO"_L1);
+    if (!esNumerico(c.TxtFobTotal)) return r.mal(r.campoDeFob(), numerico + "FOB TOTAL"_L1);
     if (r.cambio && r.s.FramDerEsp && !esNumerico(c.TxtDerEsp))
-        return r.mal("TxtDerEsp",
-                     QStringLiteral("El valor de el campo Derecho Especifico debe ser númerico"));
-    if (c.TxtPosicion.isEmpty())
-        return r.mal("TxtPosicion", QStringLiteral("Debe ingresar una POSICION del Nomenclador"));
+        return r.mal("TxtDerEsp", u"El valor de el campo Derecho Especifico debe ser númerico"_s);
+    if (c.TxtPosicion.isEmpty()) return r.mal("TxtPosicion", u"Debe ingresar una POSICION del Nomenclador"_s);
     return Veredicto::bien();
 }
 
@@ -159,12 +156,12 @@ Veredicto completarSufijos(const Corrida &r) {
                        r.cambio ? ModoDeSufijos::Reconfirmar : ModoDeSufijos::Construir,
                        ofreceArticulo ? c.txtIdArticulo : QString(), r.s.descripcionDefecto);
     if (r.cambio && !sufijos::EsTextoTerminado(nuevos))
-        return r.mal("txtSufijos", QStringLiteral("Para Grabar es necesario completar los sufijos"));
-    if (!SufijosAceptados(nuevos)) return Veredicto::mal(QStringLiteral("txtSufijos"));
+        return r.mal("txtSufijos", u"Para Grabar es necesario completar los sufijos"_s);
+    if (!SufijosAceptados(nuevos)) return Veredicto::mal(u"txtSufijos"_s);
     c.txtSufijos = nuevos;
     if (o.QUINDEL && !SufijoContieneArticulo(c.TxtPosicion, c.txtSufijos, c.txtIdArticulo))
-        return r.mal("txtSufijos", QStringLiteral("Error sufijos AB invàlido ") + c.txtSufijos +
-                                       L(" codigo de articulo ") + c.txtIdArticulo);
+        return r.mal("txtSufijos", u"Error sufijos AB invàlido "_s + c.txtSufijos +
+                                       " codigo de articulo "_L1 + c.txtIdArticulo);
     if (o.SbtForzarNroArtAI) c.txtSufijos = sufijos::ForzarArticulo(c.txtSufijos, c.txtIdArticulo);
     return Veredicto::bien();
 }
@@ -191,9 +188,9 @@ struct Valores {
         return AStoreNumero(valor, ctx.DataManager.getDecimalSeparatorbyEntity(internos));
     }
     QString conMascara(const QString &valor, QStringView mascara = u"00.00") const {
-        return numero(Format(valor, mascara));
+        return numero(Format(valor, mascara, ctx.SeparadorDecimal));
     }
-    QString marca(bool si) const { return si ? QStringLiteral("'S'") : QStringLiteral("'N'"); }
+    QString marca(bool si) const { return si ? u"'S'"_s : u"'N'"_s; }
     QString biendeuso() const { return marca(s.campos.cboBiendeUso.startsWith(QLatin1Char('S'))); }
     QString ean() const { return texto(s.eanHabilitado ? s.campos.TxtCodigoEAN : QString()); }
 };
@@ -217,7 +214,7 @@ QString sentenciaDeAlta(AppContext &ctx, const SubItems &s) {
                               v.texto(c.TxtCodProrrateo),
                               v.numero(c.TxtInsumosTemp),
                               v.numero(c.TxtInsumCons),
-                              v.texto(s.marcaERR ? QStringLiteral("ERR") : QString()),
+                              v.texto(s.marcaERR ? u"ERR"_s : QString()),
                               v.texto(c.TxtCancCantidad),
                               v.texto(c.txtNroItem),
                               v.texto(c.TxtNroSubitem),
@@ -232,17 +229,17 @@ QString sentenciaDeAlta(AppContext &ctx, const SubItems &s) {
                               v.texto(c.txtOtros),
                               v.texto(c.TxtFiller),
                               v.texto(c.txtCertOrig),
-                              QStringLiteral("''"),
-                              QStringLiteral("''"),
+                              u"''"_s,
+                              u"''"_s,
                               v.texto(c.txtIdPaisProc),
                               v.texto(c.TxtNaladisa),
                               v.ean()};
-    return L("insert into subitems (IdCatalogo,IdArticulo,ncm,IdUnidad,Cantidad,Preciounitario,fob,"
-             "Estadistica,valorrelacionestadistica,IdPais,EstadoMerc,Sufijos,Biendeuso,codprorrateo,"
-             "insumostemp,insumosacons,cancelaciones,cancCantidad,cancnroitem,cancnrosubitem,deresp,"
-             "valorderesp,lapi,kgneto,kgbruto,descripcion,Descripcion_Maria,interno,otros,itfiller,certorig,"
-             "ONCCACategoria, ONCCACortes,IdPaisProc,naladisa,codigoean) values (") +
-           valores.join(QLatin1Char(',')) + L(")");
+    return "insert into subitems (IdCatalogo,IdArticulo,ncm,IdUnidad,Cantidad,Preciounitario,fob,"
+           "Estadistica,valorrelacionestadistica,IdPais,EstadoMerc,Sufijos,Biendeuso,codprorrateo,"
+           "insumostemp,insumosacons,cancelaciones,cancCantidad,cancnroitem,cancnrosubitem,deresp,"
+           "valorderesp,lapi,kgneto,kgbruto,descripcion,Descripcion_Maria,interno,otros,itfiller,certorig,"
+           "ONCCACategoria, ONCCACortes,IdPaisProc,naladisa,codigoean) values ("_L1 +
+           valores.join(QLatin1Char(',')) + ")"_L1;
 }
 
 QString sentenciaDeCambio(AppContext &ctx, const SubItems &s) {
@@ -289,22 +286,22 @@ QString sentenciaDeCambio(AppContext &ctx, const SubItems &s) {
     QString texto;
     for (const auto &[columna, valor] : partes) {
         if (!texto.isEmpty()) texto += QLatin1Char(',');
-        texto += L(columna) + L(" = ") + valor;
+        texto += L(columna) + " = "_L1 + valor;
     }
-    return L("update subitems set ") + texto + L(" where id = ") + QString::number(s.id) +
-           L(" and interno = '") + s.interno + L("'");
+    return "update subitems set "_L1 + texto + " where id = "_L1 + QString::number(s.id) +
+           " and interno = '"_L1 + s.interno + "'"_L1;
 }
 
 qint64 ultimaLinea(AppContext &ctx, const QString &interno) {
     Recordset rs;
     return Consultar(ctx, internos,
-                     L("select max(id) as id from subitems where interno = '") + interno + L("'"), rs)
+                     "select max(id) as id from subitems where interno = '"_L1 + interno + "'"_L1, rs)
                ? static_cast<qint64>(rs.Numero(u"id"))
                : 0;
 }
 
 void valoresDeReferencia(const SubItems &s, qint64 id) {
-    if (s.idsubreg != L("IC01") || !oReferenceValues::GetValoresCriterio) return;
+    if (s.idsubreg != "IC01"_L1 || !oReferenceValues::GetValoresCriterio) return;
     const CamposSubItem &c = s.campos;
     oReferenceValues::GetValoresCriterio({s.interno, id, c.TxtPosicion, c.TxtUnidad, c.TxtIdpais,
                                           aNumero(c.TxtCantidad), aNumero(c.TxtUnitario)});
@@ -316,22 +313,22 @@ bool tomarInsumos(AppContext &ctx, const SubItems &s) {
     const CamposSubItem &c = s.campos;
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   L("select top 2 * from subitems where interno = '") + s.interno + L("' and IdCatalogo='") +
-                       c.TxtIdCatalogo + L("' and IDARTICULO='") + c.txtIdArticulo + L("' order by id desc"),
+                   "select top 2 * from subitems where interno = '"_L1 + s.interno + "' and IdCatalogo='"_L1 +
+                       c.TxtIdCatalogo + "' and IDARTICULO='"_L1 + c.txtIdArticulo + "' order by id desc"_L1,
                    rs))
         return true;
     const qint64 id = static_cast<qint64>(rs.Numero(u"id"));
-    const QString donde = L(" where interno = '") + s.interno + L("'  and id = ") + QString::number(id);
+    const QString donde = " where interno = '"_L1 + s.interno + "'  and id = "_L1 + QString::number(id);
     double CIFDescontado = 0;
     const insumos::Toma toma{c.TxtIdCatalogo, c.txtIdArticulo, s.interno, id,
-                             Format(c.TxtCantidad, u"00.00")};
+                             Format(c.TxtCantidad, u"00.00", ctx.SeparadorDecimal)};
     if (s.enlace.AgregarInsumo(toma, CIFDescontado)) {
         Ejecutar(ctx, internos,
-                 L("update subitems set insumostemp = ") + SqlNumber(CIFDescontado) +
-                     L(",cancelaciones = 'OK'") + donde);
+                 "update subitems set insumostemp = "_L1 + SqlNumber(ctx, CIFDescontado) +
+                     ",cancelaciones = 'OK'"_L1 + donde);
         return true;
     }
-    Ejecutar(ctx, internos, L("delete from subitems") + donde);
+    Ejecutar(ctx, internos, "delete from subitems"_L1 + donde);
     return false;
 }
 
@@ -340,7 +337,7 @@ void seguirEnCatalogo(AppContext &ctx, const SubItems &s) {
     const Opciones &o = ctx.opciones;
     const CamposSubItem &c = s.campos;
     constexpr int activado = 2;
-    if (o.MODARTSUB != L("S") && o.MODIFCAT != activado) return;
+    if (o.MODARTSUB != "S"_L1 && o.MODIFCAT != activado) return;
     if (esDeInsumos(c) || !s.FramCatalogo() || c.TxtIdCatalogo.isEmpty() || c.txtIdArticulo.isEmpty()) return;
     ArticleStore::Articulo a;
     a.idcatalogo = c.TxtIdCatalogo;
@@ -353,7 +350,7 @@ void seguirEnCatalogo(AppContext &ctx, const SubItems &s) {
     a.idpaisproc = c.txtIdPaisProc;
     a.estadomerc = c.TxtIdEstadoMercaderia;
     a.sufijos = c.txtSufijos;
-    a.biendeuso = c.cboBiendeUso.startsWith(QLatin1Char('S')) ? QStringLiteral("S") : QStringLiteral("N");
+    a.biendeuso = c.cboBiendeUso.startsWith(QLatin1Char('S')) ? u"S"_s : u"N"_s;
     a.otros = c.txtOtros;
     a.codigoean = s.eanHabilitado ? c.TxtCodigoEAN : QString();
     a.itfiller = c.TxtFiller;
@@ -362,11 +359,11 @@ void seguirEnCatalogo(AppContext &ctx, const SubItems &s) {
         a.preciounitario = aNumero(c.TxtUnitario);
         a.kgneto = aNumero(c.txtKgUnitario);
     }
-    ArticleStore::Agregar(ctx, a, o.MODARTSUB != L("S"));
+    ArticleStore::Agregar(ctx, a, o.MODARTSUB != "S"_L1);
 }
 
 QString primerCampo(const SubItems &s) {
-    return s.FramCatalogo() ? QStringLiteral("txtIdArticulo") : QStringLiteral("TxtPosicion");
+    return s.FramCatalogo() ? u"txtIdArticulo"_s : u"TxtPosicion"_s;
 }
 
 Grabacion terminar(AppContext &ctx, SubItems &s, qint64 id) {
@@ -386,18 +383,18 @@ Grabacion terminar(AppContext &ctx, SubItems &s, qint64 id) {
 
 /// The line itself, without a question and without its consequences; false when the link refuses.
 bool borrarLinea(AppContext &ctx, const SubItems &s, qint64 id) {
-    const QString donde = L(" where interno = '") + s.interno + L("' and id = ") + QString::number(id);
+    const QString donde = " where interno = '"_L1 + s.interno + "' and id = "_L1 + QString::number(id);
     Recordset rs;
-    if (!Consultar(ctx, internos, L("select cancelaciones,idcatalogo,idarticulo,id from subitems") + donde,
+    if (!Consultar(ctx, internos, "select cancelaciones,idcatalogo,idarticulo,id from subitems"_L1 + donde,
                    rs))
         return false;
-    if (rs.Texto(u"cancelaciones") == L("OK") &&
+    if (rs.Texto(u"cancelaciones") == "OK"_L1 &&
         (!s.enlace.EliminarInsumo ||
          !s.enlace.EliminarInsumo(s.interno, rs.Texto(u"idcatalogo"), rs.Texto(u"idarticulo"), id))) {
-        ctx.dialogos.advertir(QStringLiteral("Error en eliminar la relacion con insumos"));
+        ctx.dialogos.advertir(u"Error en eliminar la relacion con insumos"_s);
         return false;
     }
-    return Ejecutar(ctx, internos, L("delete from subitems") + donde) > 0;
+    return Ejecutar(ctx, internos, "delete from subitems"_L1 + donde) > 0;
 }
 
 /// A deleted line cannot go on being changed.
@@ -427,7 +424,7 @@ Grabacion ModificarSubItems(AppContext &ctx, SubItems &s) {
     const qint64 id = s.id;
     if (Ejecutar(ctx, internos, sentenciaDeCambio(ctx, s)) == 0) {
         ctx.dialogos.advertir(
-            QStringLiteral("El subitem ya no está en la operación: cierre la pantalla y vuelva a abrirla."));
+            u"El subitem ya no está en la operación: cierre la pantalla y vuelva a abrirla."_s);
         return {false, false, {}, id};
     }
     valoresDeReferencia(s, id);
@@ -439,8 +436,7 @@ Grabacion Grabar(AppContext &ctx, SubItems &s) {
 }
 
 bool EliminarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
-    if (!ctx.dialogos.preguntar(
-            {QStringLiteral("Confirma eliminar SUBITEM seleccinado."), {}, Icono::Pregunta, false}))
+    if (!ctx.dialogos.preguntar({u"Confirma eliminar SUBITEM seleccinado."_s, {}, Icono::Pregunta, false}))
         return false;
     if (!borrarLinea(ctx, s, id)) return false;
     AnotarCambio(ctx, s.interno);
@@ -452,7 +448,7 @@ bool EliminarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
 int lpEliminar(AppContext &ctx, SubItems &s, const std::vector<qint64> &ids) {
     if (ids.empty() ||
         !ctx.dialogos.preguntar(
-            {QStringLiteral("Confirma eliminar el o los subitems seleccionado"), {}, Icono::Pregunta, false}))
+            {u"Confirma eliminar el o los subitems seleccionado"_s, {}, Icono::Pregunta, false}))
         return 0;
     int borradas = 0;
     for (const qint64 id : ids) {

@@ -1,7 +1,9 @@
 #include "subitems/positions.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/values.h"
+
+using namespace Qt::StringLiterals;
 
 using L = QLatin1String;
 
@@ -13,14 +15,13 @@ std::vector<PosicionEncontrada> BuscarPosiciones(AppContext &ctx, const QString 
     buscado.replace(QLatin1Char('.'), QLatin1Char('%'));
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("NCM"),
-                   L("select [001]+ '.' +[002] + [003] as ncm,[012] as estadistica,[020] as deresp from ncm "
-                     "where [001] like '") +
-                       buscado + L("%' order by [001],[002],[003]"),
+    if (!Consultar(ctx, u"NCM"_s,
+                   "select [001]+ '.' +[002] + [003] as ncm,[012] as estadistica,[020] as deresp from ncm "
+                   "where [001] like '"_L1 +
+                       buscado + "%' order by [001],[002],[003]"_L1,
                    rs)) {
-        ctx.dialogos.informar(origen == OrigenDeBusqueda::Pantalla
-                                  ? QStringLiteral("Posición no encontrada.")
-                                  : QStringLiteral("Posición no Encontrada."));
+        ctx.dialogos.informar(origen == OrigenDeBusqueda::Pantalla ? u"Posición no encontrada."_s
+                                                                   : u"Posición no Encontrada."_s);
         return posiciones;
     }
     posiciones.reserve(static_cast<std::size_t>(rs.RecordCount()));
@@ -44,14 +45,14 @@ DatosDePosicion MostrarDatos(AppContext &ctx, const QString &posicion) {
     const ClavesNcm claves = CortarPosicion(posicion);
     Recordset rs;
     datos.encontrada = Consultar(
-        ctx, QStringLiteral("NCM"),
-        L("Select [010] as descrip,[004] as descrip1, [012] as estadistica,[020] as deresp, [059],[019] as "
-          "rein, [052] as segelect, [044] as prohibicion from ncm where [001] = '") +
-            claves.c001 + L("' and [002] = '") + claves.c002 + L("' and [003] = '") + claves.c003 + L("'"),
+        ctx, u"NCM"_s,
+        "Select [010] as descrip,[004] as descrip1, [012] as estadistica,[020] as deresp, [059],[019] as "
+        "rein, [052] as segelect, [044] as prohibicion from ncm where [001] = '"_L1 +
+            claves.c001 + "' and [002] = '"_L1 + claves.c002 + "' and [003] = '"_L1 + claves.c003 + "'"_L1,
         rs);
     if (!datos.encontrada) return datos;
     const L marca("*");
-    datos.descripcion = rs.Texto(u"descrip") + L("\r\n") + rs.Texto(u"descrip1");
+    datos.descripcion = rs.Texto(u"descrip") + "\r\n"_L1 + rs.Texto(u"descrip1");
     ctx.posicion.estadistica = rs.Texto(u"estadistica");
     ctx.posicion.deresp = rs.Texto(u"deresp");
     ctx.posicion.lapi = rs.Texto(u"059").trimmed() == marca;

@@ -20,7 +20,7 @@ struct PosicionEncontrada {
 enum class OrigenDeBusqueda { Pantalla, BuscarNCM };
 /// The positions that begin with `texto`, in the order of their keys; every "." of the text stands for any
 /// run of characters, so "84.09" finds "8471.09…". A blank text sends nothing and finds nothing; nothing
-/// found is told. Raises ErrorDeStore.
+/// found is told. Raises Falla.
 std::vector<PosicionEncontrada> BuscarPosiciones(AppContext &ctx, const QString &texto,
                                                  OrigenDeBusqueda origen = OrigenDeBusqueda::Pantalla);
 /// Their texts, for the list.
@@ -34,7 +34,7 @@ struct DatosDePosicion {
 };
 /// MostrarDatos: reads the position and leaves its units and its four flags in `ctx.posicion` (not yet
 /// chosen: `ctx.posicion.posicion` stays as it was). A position that is not in the nomenclature empties both.
-/// Raises ErrorDeStore.
+/// Raises Falla.
 DatosDePosicion MostrarDatos(AppContext &ctx, const QString &posicion);
 
 /// ENTER on the list: the shared choice becomes `posicion`; ESC: empty.

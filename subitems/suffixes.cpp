@@ -1,10 +1,14 @@
 #include "subitems/suffixes.h"
 
+#include "subitems/SuffixChecker.h"
+
 #include <algorithm>
 #include <optional>
 
 #include "frame/context.h"
 #include "subitems/suffixtext.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,8 +27,8 @@ struct Familia {
     bool texto() const { return libre() && codigo.startsWith(QLatin1Char('A'), Qt::CaseInsensitive); }
     bool numero() const { return libre() && codigo.startsWith(QLatin1Char('Z'), Qt::CaseInsensitive); }
     bool esArticulo() const {
-        return codigo.compare(L("AB"), Qt::CaseInsensitive) == 0 ||
-               codigo.compare(L("AI"), Qt::CaseInsensitive) == 0;
+        return codigo.compare("AB"_L1, Qt::CaseInsensitive) == 0 ||
+               codigo.compare("AI"_L1, Qt::CaseInsensitive) == 0;
     }
 };
 
@@ -49,15 +53,15 @@ class BanderaDeReconfirmacion {
 };
 
 bool consultarNcm(AppContext &ctx, const QString &sql, Recordset &rs) {
-    return Consultar(ctx, QStringLiteral("NCM"), sql, rs);
+    return Consultar(ctx, u"NCM"_s, sql, rs);
 }
 
 bool existePosicion(AppContext &ctx, const QString &posicion) {
     const ClavesNcm claves = CortarPosicion(posicion);
     Recordset rs;
     return consultarNcm(ctx,
-                        L("select [001] as pos from ncm where [001]='") + claves.c001 + L("' and [002]='") +
-                            claves.c002 + L("'"),
+                        "select [001] as pos from ncm where [001]='"_L1 + claves.c001 + "' and [002]='"_L1 +
+                            claves.c002 + "'"_L1,
                         rs);
 }
 
@@ -66,13 +70,13 @@ std::vector<Familia> leerFamilias(AppContext &ctx, const QString &posicion) {
     const QString lista = ListaDeClavesSim(posicion);
     std::vector<Familia> familias;
     Recordset rs;
-    consultarNcm(ctx, L("select distinct left(sufijo,2) as asufijo from sufidos where sim in ") + lista, rs);
+    consultarNcm(ctx, "select distinct left(sufijo,2) as asufijo from sufidos where sim in "_L1 + lista, rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         Familia familia{rs.Texto(u"asufijo"), {}};
         Recordset filas;
         consultarNcm(ctx,
-                     L("select sufijo,detalle from sufidos where sim in ") + lista +
-                         L(" and left(sufijo,2) = '") + familia.codigo + L("'"),
+                     "select sufijo,detalle from sufidos where sim in "_L1 + lista +
+                         " and left(sufijo,2) = '"_L1 + familia.codigo + "'"_L1,
                      filas);
         for (; !filas.Eof(); filas.MoveNext())
             familia.filas.push_back({{}, filas.Texto(u"sufijo"), filas.Texto(u"detalle")});
@@ -90,21 +94,21 @@ const sufijos::Token *tokenDe(const Corrida &c, const Familia &familia) {
 
 /// The token of a coded family; nothing when the list was left (told).
 std::optional<QString> pedirOpcion(const Corrida &c, const Familia &familia) {
-    QStringList filas{familia.codigo + L("00 - ") + QStringLiteral("Ninguna opción")};
-    for (const FilaDeSufijo &f : familia.filas) filas << f.sufijo.trimmed() + L(" - ") + f.detalle.trimmed();
+    QStringList filas{familia.codigo + "00 - "_L1 + u"Ninguna opción"_s};
+    for (const FilaDeSufijo &f : familia.filas) filas << f.sufijo.trimmed() + " - "_L1 + f.detalle.trimmed();
     const sufijos::Token *token = tokenDe(c, familia);
     const auto esElToken = [token](const QString &fila) {
         return TokenDeOpcion(fila).compare(token->codigo, Qt::CaseInsensitive) == 0;
     };
     if (token != nullptr && std::any_of(filas.begin(), filas.end(), esElToken)) return token->codigo;
     const int cual =
-        c.ctx.dialogos.elegir({L("SUFIJO ") + familia.codigo, filas, 0, Eleccion::Tipo::Sufijos});
+        c.ctx.dialogos.elegir({"SUFIJO "_L1 + familia.codigo, filas, 0, Eleccion::Tipo::Sufijos});
     if (cual == -1) {
-        c.ctx.dialogos.advertir(QStringLiteral("Carga de SUFIJOS cancelada"));
+        c.ctx.dialogos.advertir(u"Carga de SUFIJOS cancelada"_s);
         return {};
     }
     if (cual < 0 || cual >= filas.size()) {
-        c.ctx.dialogos.critico(QStringLiteral("Error en generar sufijos"));
+        c.ctx.dialogos.critico(u"Error en generar sufijos"_s);
         return {};
     }
     return TokenDeOpcion(filas[cual]);
@@ -114,7 +118,7 @@ int maximoDe(const Familia &familia) {
     constexpr int deNumero = 6;
     constexpr int deTexto = 20;
     constexpr int deAS = 40;
-    if (familia.codigo.compare(L("AS"), Qt::CaseInsensitive) == 0) return deAS;
+    if (familia.codigo.compare("AS"_L1, Qt::CaseInsensitive) == 0) return deAS;
     return familia.numero() ? deNumero : deTexto;
 }
 
@@ -127,13 +131,12 @@ std::optional<QString> pedirValor(const Corrida &c, const Familia &familia) {
     if (token != nullptr && token->libre() && !token->valor.trimmed().isEmpty())
         return enFamilia(token->valor);
     const int maximo = maximoDe(familia);
-    const Entrada entrada{familia.filas.front().detalle.trimmed(), L("SUFIJO ") + familia.codigo, maximo,
+    const Entrada entrada{familia.filas.front().detalle.trimmed(), "SUFIJO "_L1 + familia.codigo, maximo,
                           (familia.esArticulo() ? c.articulo : c.descripcion).left(maximo)};
     for (;;) {
         const QString tecleado = c.ctx.dialogos.pedirTexto(entrada).value_or(QString());
         if (tecleado.isEmpty()) {
-            if (c.ctx.dialogos.preguntar(
-                    {QStringLiteral("Desea cancelar la operación"), {}, Icono::Pregunta, false}))
+            if (c.ctx.dialogos.preguntar({u"Desea cancelar la operación"_s, {}, Icono::Pregunta, false}))
                 return {};
             continue;
         }
@@ -141,7 +144,7 @@ std::optional<QString> pedirValor(const Corrida &c, const Familia &familia) {
         if (familia.numero()) {
             valor = sufijos::NormalizarValorNumerico(valor);
             if (valor.isEmpty()) {
-                c.ctx.dialogos.advertir(QStringLiteral("Debe Ingresar un Valor Númerico"));
+                c.ctx.dialogos.advertir(u"Debe Ingresar un Valor Númerico"_s);
                 continue;
             }
         }
@@ -176,20 +179,19 @@ bool estaBien(AppContext &ctx, const QString &posicion, const QString &actual) {
     const bool reconfirmar = ctx.ReconfirmarSufijos;
     if (reconfirmar)
         ctx.dialogos.advertir(
-            QStringLiteral("Se encontró diferencias, entre los sufijos de su ARTICULO y la posición del "
-                           "nomenclador\r\n\r\nSe procederá a reconfirmarlos."),
-            QStringLiteral("Verificación de Sufijos"));
-    if (ctx.SuffixChecker.Validar(posicion, actual) == 0) return true;
+            u"Se encontró diferencias, entre los sufijos de su ARTICULO y la posición del "
+            "nomenclador\r\n\r\nSe procederá a reconfirmarlos."_s,
+            u"Verificación de Sufijos"_s);
+    if (SuffixCheckerClass(ctx).Validar(posicion, actual) == 0) return true;
     if (!reconfirmar)
-        ctx.dialogos.advertir(
-            QStringLiteral("Se encontro diferencias entre los Sufijos de Subitem y el nomenclador."));
+        ctx.dialogos.advertir(u"Se encontro diferencias entre los Sufijos de Subitem y el nomenclador."_s);
     return false;
 }
 
 QString validar(const Corrida &c, const QString &posicion, const QString &actual, ModoDeSufijos modo) {
     AppContext &ctx = c.ctx;
     if (!existePosicion(ctx, posicion)) {
-        ctx.dialogos.advertir(L("No existe la posicion ") + posicion + L(" en el nomenclador"));
+        ctx.dialogos.advertir("No existe la posicion "_L1 + posicion + " en el nomenclador"_L1);
         return sufijos::errorNcm;
     }
     std::vector<Familia> familias;
@@ -198,8 +200,7 @@ QString validar(const Corrida &c, const QString &posicion, const QString &actual
         familias = leerFamilias(ctx, posicion);
     }
     if (familias.empty()) {
-        ctx.dialogos.mensaje(
-            {QStringLiteral("No se encontro Sufijo en el nomenclador"), {}, Icono::Ninguno, false});
+        ctx.dialogos.mensaje({u"No se encontro Sufijo en el nomenclador"_s, {}, Icono::Ninguno, false});
         return sufijos::sinSufijos;
     }
     if (modo != ModoDeSufijos::Construir && !actual.isEmpty() && estaBien(ctx, posicion, actual))
@@ -215,8 +216,8 @@ QString ValidarSufijos(AppContext &ctx, const QString &posicion, const QString &
     try {
         return validar({ctx, articuloPorDefecto, descripcionPorDefecto, sufijos::Partir(actual)}, posicion,
                        actual, modo);
-    } catch (const ErrorDeStore &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + L(" - ") + e.descripcion);
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
         return {};
     }
 }
@@ -247,16 +248,14 @@ DatosDeSufijos LeerDatosDeSufijos(AppContext &ctx, const QString &posicion, cons
         datos.linea.push_back(
             {token.texto(), fila == datos.catalogo.end() ? QString() : fila->detalle.trimmed()});
     }
-    const RequisitosDeSufijo requisitos = ctx.SuffixChecker.Requisitos(posicion);
+    const RequisitosDeSufijo requisitos = SuffixCheckerClass(ctx).Requisitos(posicion);
     if (!requisitos.existe)
-        datos.estado = QStringLiteral("La posición no existe en el nomenclador");
+        datos.estado = u"La posición no existe en el nomenclador"_s;
     else if (requisitos.familias.empty())
-        datos.estado = QStringLiteral("La posición no pide sufijos");
+        datos.estado = u"La posición no pide sufijos"_s;
     else
-        datos.estado =
-            QStringLiteral("Familias pedidas: %1. %2")
-                .arg(requisitos.familias.size())
-                .arg(SuffixCheckerClass::Cumple(requisitos, texto) == 0 ? QStringLiteral("Sufijos completos")
-                                                                        : QStringLiteral("Faltan sufijos"));
+        datos.estado = u"Familias pedidas: %1. %2"_s.arg(requisitos.familias.size())
+                           .arg(SuffixCheckerClass::Cumple(requisitos, texto) == 0 ? u"Sufijos completos"_s
+                                                                                   : u"Faltan sufijos"_s);
     return datos;
 }

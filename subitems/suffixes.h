@@ -47,5 +47,5 @@ struct DatosDeSufijos {
     std::vector<SufijoDeLinea> linea;    ///< Grid2: the line's own tokens
     QString estado;  ///< StB: how many families are demanded, and whether the text meets them
 };
-/// Raises ErrorDeStore.
+/// Raises Falla.
 DatosDeSufijos LeerDatosDeSufijos(AppContext &ctx, const QString &posicion, const QString &sufijos);

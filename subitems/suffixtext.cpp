@@ -2,8 +2,10 @@
 
 #include <QStringList>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "header/regime.h"
+
+using namespace Qt::StringLiterals;
 
 namespace sufijos {
 
@@ -87,7 +89,7 @@ QString NormalizarValor(const QString &valor) {
 QString NormalizarValorNumerico(const QString &valor) {
     constexpr int cifras = 6;
     if (!numeros::esNumerico(valor)) return {};
-    return numeros::Format(valor.left(cifras), u"000000").left(cifras);
+    return numeros::Format(valor.left(cifras), u"000000", u'.').left(cifras);
 }
 
 QString ReemplazarValor(const QString &texto, const QString &familia, const QString &valor) {
@@ -103,7 +105,7 @@ QString ReemplazarValor(const QString &texto, const QString &familia, const QStr
 
 QString ForzarArticulo(const QString &texto, const QString &articulo) {
     const QString valor = NormalizarValor(articulo);
-    return ReemplazarValor(ReemplazarValor(texto, QStringLiteral("AI"), valor), QStringLiteral("AB"), valor);
+    return ReemplazarValor(ReemplazarValor(texto, u"AI"_s, valor), u"AB"_s, valor);
 }
 
 }  // namespace sufijos

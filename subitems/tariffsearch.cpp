@@ -1,7 +1,9 @@
 #include "subitems/tariffsearch.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/values.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -10,9 +12,9 @@ using L = QLatin1String;
 std::vector<FilaDeConsulta> consultar(AppContext &ctx, const QString &condicion, L separador) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    Consultar(ctx, QStringLiteral("NCM"),
-              L("select [001],[002],[003],[004],[010] from ncm where ") + condicion +
-                  L(" order by [001],[002],[003]"),
+    Consultar(ctx, u"NCM"_s,
+              "select [001],[002],[003],[004],[010] from ncm where "_L1 + condicion +
+                  " order by [001],[002],[003]"_L1,
               rs);
     std::vector<FilaDeConsulta> filas;
     filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
@@ -29,21 +31,21 @@ std::vector<FilaDeConsulta> consultar(AppContext &ctx, const QString &condicion,
 
 std::vector<FilaDeConsulta> ConsultarPorPosicion(AppContext &ctx, const QString &texto) {
     if (texto.isEmpty()) {
-        ctx.dialogos.advertir(QStringLiteral("Debe ingresar una posición"));
+        ctx.dialogos.advertir(u"Debe ingresar una posición"_s);
         return {};
     }
     QString buscado = DoblarComillas(texto);
     buscado.replace(QLatin1Char(','), QLatin1Char('.'));
-    return consultar(ctx, L("[001] like '") + buscado + L("%'"), L(" - - "));
+    return consultar(ctx, "[001] like '"_L1 + buscado + "%'"_L1, " - - "_L1);
 }
 
 std::vector<FilaDeConsulta> ConsultarPorPalabras(AppContext &ctx, const QString &texto) {
     constexpr int minimo = 3;
     if (texto.size() < minimo) {
-        ctx.dialogos.advertir(QStringLiteral("Debe ingresar al menos 3 caracteres para buscar una posición"));
+        ctx.dialogos.advertir(u"Debe ingresar al menos 3 caracteres para buscar una posición"_s);
         return {};
     }
     const QString buscado = DoblarComillas(texto);
-    return consultar(ctx, L("[010] like '%") + buscado + L("%' or [004] like '%") + buscado + L("%'"),
-                     L(" -- "));
+    return consultar(ctx, "[010] like '%"_L1 + buscado + "%' or [004] like '%"_L1 + buscado + "%'"_L1,
+                     " -- "_L1);
 }

@@ -12,9 +12,9 @@ struct FilaDeConsulta {
     QString texto;     ///< own description and first upper level; what joins them tells the kind of search
 };
 
-/// By the beginning of a position; a "," counts as a ".". An empty text is told. Raises ErrorDeStore.
+/// By the beginning of a position; a "," counts as a ".". An empty text is told. Raises Falla.
 std::vector<FilaDeConsulta> ConsultarPorPosicion(AppContext &ctx, const QString &texto);
 
 /// By a run of characters in the own description or in the first upper level, whatever the case. Fewer than 3
-/// characters are told. Raises ErrorDeStore.
+/// characters are told. Raises Falla.
 std::vector<FilaDeConsulta> ConsultarPorPalabras(AppContext &ctx, const QString &texto);

@@ -3,6 +3,9 @@
 #include <array>
 
 #include "frame/context.h"
+#include "subitems/nomenclature.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -73,8 +76,8 @@ SeccionDeHoja seccion(const Recordset &rs, const char *titulo, const std::array<
         QString valor = valorDe(rs, r.columna);
         const bool vacio = valor.trimmed().isEmpty();
         if (vacio && soloConValor) continue;
-        if (L(r.columna) == L("071")) valor = PlazoDeDivisas(valor);
-        if (vacio && L(r.columna) == L("020")) valor = QStringLiteral("No posee");
+        if (L(r.columna) == "071"_L1) valor = PlazoDeDivisas(valor);
+        if (vacio && L(r.columna) == "020"_L1) valor = u"No posee"_s;
         s.lineas.push_back({QString::fromUtf8(r.etiqueta), valor});
     }
     return s;
@@ -91,7 +94,7 @@ QString PlazoDeDivisas(const QString &codigo) {
         {{"1", "60 días"}, {"2", "180 días"}, {"3", "360 días"}, {"4", "210 días"}, {"8", "180 / 60"}}};
     for (const Plazo &p : plazos)
         if (codigo.trimmed() == L(p.codigo)) return QString::fromUtf8(p.texto);
-    return QStringLiteral("ERROR");
+    return u"ERROR"_s;
 }
 
 std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QString &posicion,
@@ -104,17 +107,17 @@ std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QStr
         hoja.sufijos.push_back({f.sufijo, f.detalle, f.sim.compare(propio, Qt::CaseInsensitive) == 0});
     const ClavesNcm claves = CortarPosicion(posicion);
     Recordset rs;
-    if (!Consultar(ctx, QStringLiteral("NCM"),
-                   L("select * from ncm where [001] = '") + claves.c001 + L("' and [002] = '") + claves.c002 +
-                       L("'"),
+    if (!Consultar(ctx, u"NCM"_s,
+                   "select * from ncm where [001] = '"_L1 + claves.c001 + "' and [002] = '"_L1 + claves.c002 +
+                       "'"_L1,
                    rs))
         return {};
     hoja.secciones = {seccion(rs, "Detalles del Nomenclador", generales, false),
                       seccion(rs, "GRAVAMENES", gravamenes, false), seccion(rs, "FUENTES", fuentes, false),
                       seccion(rs, "POSEE", posee, true)};
-    hoja.encabezado = QStringLiteral("Posición Arancelaria: ") + posicion +
-                      L("\r\n-----------------------------------------\r\n") + valorDe(rs, "010") +
-                      L("\r\n") + valorDe(rs, "004");
+    hoja.encabezado = u"Posición Arancelaria: "_s + posicion +
+                      "\r\n-----------------------------------------\r\n"_L1 + valorDe(rs, "010") +
+                      "\r\n"_L1 + valorDe(rs, "004");
     if (letras != nullptr && letras->letra) {
         hoja.letra = letras->letra(posicion);
         if (letras->descripcion) hoja.descripcionLetra = letras->descripcion(hoja.letra);

@@ -2,11 +2,10 @@
 // The detail sheet "Detalles del Nomenclador" of a position, as plain data.
 
 #include <QString>
-#include <functional>
 #include <optional>
 #include <vector>
 
-#include "subitems/nomenclature.h"
+#include "regulatory/letters.h"
 
 struct AppContext;
 
@@ -40,14 +39,8 @@ constexpr int anchoDeSufijo = 900;
 constexpr int anchoDeDetalle = 9000;
 constexpr int colorResaltado = 14085590;
 
-/// The two texts that the library of line reports tells of a position, where it is installed.
-struct LetrasDelNcm {
-    std::function<QString(const QString &posicion)> letra;
-    std::function<QString(const QString &letra)> descripcion;
-};
-
 /// The sheet; nothing when the nomenclature lacks the position's first two keys. The third is not asked for:
-/// the first row found, whatever its letter, feeds the sheet. Raises ErrorDeStore.
+/// the first row found, whatever its letter, feeds the sheet. Raises Falla.
 std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QString &posicion,
                                                      const LetrasDelNcm *letras = nullptr);
 

@@ -6,40 +6,40 @@
 #include <QUuid>
 #include <QVariant>
 
+using namespace Qt::StringLiterals;
+
 namespace actualizacion {
 
 using esquema::Tipo;
 
 QString mensajeDeServidor(const Conexion::Datos &datos, const QString &motivo) {
-    return QStringLiteral(
-               "No se puede conectar con la base \"%1\" del servidor %2:%3 (%4). Verifique que el servidor "
-               "esté encendido y que los datos del perfil sean correctos.")
-        .arg(datos.base, datos.host)
-        .arg(datos.puerto)
-        .arg(motivo.simplified());
+    return u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4). Verifique que el servidor "
+           "esté encendido y que los datos del perfil sean correctos."_s.arg(datos.base, datos.host)
+               .arg(datos.puerto)
+               .arg(motivo.simplified());
 }
 
 void leerPerfil(StoreProfiles::SPMain &manager, const QString &ruta) {
     QString error;
-    if (!manager.usarPerfil(ruta, &error)) throw Falla{error};
+    if (!manager.usarPerfil(ruta, &error)) Detener(error);
     for (const QString &entidad : StoreProfiles::entidades())
         if (manager.datos(entidad) != nullptr) return;
-    throw Falla{QStringLiteral("El perfil %1 no nombra ningún store; revise sus secciones.").arg(ruta)};
+    Detener(u"El perfil %1 no nombra ningún store; revise sus secciones."_s.arg(ruta));
+}
+
+void Detener(const QString &descripcion) {
+    throw Falla{0, u"DbUpgrade3"_s, descripcion, {}};
 }
 
 Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager) : servidor_(datos.servidor) {
     if (!servidor_) {
         donde_ = datos.archivo;
-        try {
-            db_ = manager.getDataConnectionByEntity(datos.entidad).coneccion();
-        } catch (const ErrorDeStore &e) {
-            throw Falla{e.descripcion};
-        }
+        db_ = manager.getDataConnectionByEntity(datos.entidad).coneccion();
         return;
     }
-    donde_ = QStringLiteral("%1:%2/%3").arg(datos.host).arg(datos.puerto).arg(datos.base);
+    donde_ = u"%1:%2/%3"_s.arg(datos.host).arg(datos.puerto).arg(datos.base);
     conexion_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    db_ = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), conexion_);
+    db_ = QSqlDatabase::addDatabase(u"QPSQL"_s, conexion_);
     db_.setHostName(datos.host);
     db_.setPort(datos.puerto);
     db_.setDatabaseName(datos.base);
@@ -49,9 +49,9 @@ Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager) :
         const QString motivo = db_.lastError().databaseText();
         db_ = QSqlDatabase();
         QSqlDatabase::removeDatabase(conexion_);
-        throw Falla{mensajeDeServidor(datos, motivo)};
+        Detener(mensajeDeServidor(datos, motivo));
     }
-    ejecutar(QStringLiteral("set client_min_messages = warning"));
+    ejecutar(u"set client_min_messages = warning"_s);
 }
 
 Almacen::~Almacen() {
@@ -64,43 +64,43 @@ Almacen::~Almacen() {
 void Almacen::ejecutar(const QString &sql) const {
     QSqlQuery consulta(db_);
     if (!consulta.exec(sql))
-        throw Falla{QStringLiteral("El store %1 rechazó una sentencia: %2")
-                        .arg(donde_, consulta.lastError().databaseText().simplified())};
+        Detener(u"El store %1 rechazó una sentencia: %2"_s.arg(
+            donde_, consulta.lastError().databaseText().simplified()));
 }
 
 QStringList Almacen::lista(const QString &sql) const {
     QSqlQuery consulta(db_);
     consulta.setForwardOnly(true);
     if (!consulta.exec(sql))
-        throw Falla{QStringLiteral("El store %1 no se puede leer: %2")
-                        .arg(donde_, consulta.lastError().databaseText().simplified())};
+        Detener(u"El store %1 no se puede leer: %2"_s.arg(donde_,
+                                                          consulta.lastError().databaseText().simplified()));
     QStringList valores;
     while (consulta.next()) valores << consulta.value(0).toString();
     return valores;
 }
 
 void Almacen::comenzar() const {
-    ejecutar(QStringLiteral("begin"));
+    ejecutar(u"begin"_s);
 }
 void Almacen::confirmar() const {
-    ejecutar(QStringLiteral("commit"));
+    ejecutar(u"commit"_s);
 }
 void Almacen::deshacer() const {
     QSqlQuery consulta(db_);
-    consulta.exec(QStringLiteral("rollback"));
+    consulta.exec(u"rollback"_s);
 }
 
 void Almacen::medir(const QString &tabla) const {
-    if (servidor_) ejecutar(QStringLiteral("analyze ") + tabla);
+    if (servidor_) ejecutar(u"analyze "_s + tabla);
 }
 
 QString Almacen::comillas(const QString &nombre) {
     QString n = nombre;
-    return QLatin1Char('"') + n.replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
+    return QLatin1Char('"') + n.replace(QLatin1Char('"'), "\"\""_L1) + QLatin1Char('"');
 }
 
 QString Almacen::nombreDe(const QString &esquema, const QString &tabla) const {
-    return (servidor_ ? comillas(esquema) : QStringLiteral("main")) + QLatin1Char('.') + comillas(tabla);
+    return (servidor_ ? comillas(esquema) : u"main"_s) + QLatin1Char('.') + comillas(tabla);
 }
 
 QString Almacen::tipoDe(Tipo tipo) const {
@@ -108,35 +108,31 @@ QString Almacen::tipoDe(Tipo tipo) const {
         case Tipo::Numero:
             // NUMERIC keeps 8-byte floats as REAL does, but a whole number that a statement copies into a
             // text column reads "260" there, as on the server, and not "260.0".
-            return servidor_ ? QStringLiteral("double precision") : QStringLiteral("NUMERIC");
+            return servidor_ ? u"double precision"_s : u"NUMERIC"_s;
         case Tipo::Fecha:
-            return servidor_ ? QStringLiteral("timestamp") : QStringLiteral("TEXT");
+            return servidor_ ? u"timestamp"_s : u"TEXT"_s;
         case Tipo::Generado:
-            return servidor_ ? QStringLiteral("bigint generated by default as identity")
-                             : QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
+            return servidor_ ? u"bigint generated by default as identity"_s
+                             : u"INTEGER PRIMARY KEY AUTOINCREMENT"_s;
         case Tipo::Texto:
         case Tipo::TextoNumerico:
             break;
     }
-    return servidor_ ? tipoTexto_ + cotejo_ : QStringLiteral("TEXT COLLATE ZCI");
+    return servidor_ ? tipoTexto_ + cotejo_ : u"TEXT COLLATE ZCI"_s;
 }
 
 QStringList Almacen::tablas(const QString &esquema) const {
-    if (!servidor_)
-        return lista(QStringLiteral("select lower(name) from main.sqlite_master where type = 'table'"));
+    if (!servidor_) return lista(u"select lower(name) from main.sqlite_master where type = 'table'"_s);
     return lista(
-        QStringLiteral("select c.relname::text from pg_catalog.pg_class c join pg_catalog.pg_namespace n on "
-                       "n.oid = c.relnamespace where c.relkind in ('r', 'p', 'v', 'f') and n.nspname = '%1'")
-            .arg(esquema));
+        u"select c.relname::text from pg_catalog.pg_class c join pg_catalog.pg_namespace n on "
+        "n.oid = c.relnamespace where c.relkind in ('r', 'p', 'v', 'f') and n.nspname = '%1'"_s.arg(esquema));
 }
 
 QStringList Almacen::indices(const QString &esquema) const {
-    if (!servidor_)
-        return lista(QStringLiteral("select lower(name) from main.sqlite_master where type = 'index'"));
+    if (!servidor_) return lista(u"select lower(name) from main.sqlite_master where type = 'index'"_s);
     return lista(
-        QStringLiteral("select c.relname::text from pg_catalog.pg_class c join pg_catalog.pg_namespace n on "
-                       "n.oid = c.relnamespace where c.relkind = 'i' and n.nspname = '%1'")
-            .arg(esquema));
+        u"select c.relname::text from pg_catalog.pg_class c join pg_catalog.pg_namespace n on "
+        "n.oid = c.relnamespace where c.relkind = 'i' and n.nspname = '%1'"_s.arg(esquema));
 }
 
 QHash<QString, ColumnaDelStore> Almacen::columnas(const QString &esquema, const QString &tabla) const {
@@ -144,19 +140,16 @@ QHash<QString, ColumnaDelStore> Almacen::columnas(const QString &esquema, const 
     QSqlQuery consulta(db_);
     consulta.setForwardOnly(true);
     const QString sql =
-        servidor_ ? QStringLiteral(
-                        "select a.attname::text, t.typname::text, a.attidentity <> '' or a.atthasdef "
-                        "from pg_catalog.pg_attribute a join pg_catalog.pg_class c on c.oid = a.attrelid "
-                        "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
-                        "join pg_catalog.pg_type t on t.oid = a.atttypid "
-                        "where n.nspname = '%1' and c.relname = '%2' and a.attnum > 0 and not "
-                        "a.attisdropped")
-                        .arg(esquema, tabla)
-                  : QStringLiteral("select lower(name), lower(type), pk from pragma_table_info('%1', 'main')")
-                        .arg(tabla);
+        servidor_ ? u"select a.attname::text, t.typname::text, a.attidentity <> '' or a.atthasdef "
+                    "from pg_catalog.pg_attribute a join pg_catalog.pg_class c on c.oid = a.attrelid "
+                    "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
+                    "join pg_catalog.pg_type t on t.oid = a.atttypid "
+                    "where n.nspname = '%1' and c.relname = '%2' and a.attnum > 0 and not "
+                    "a.attisdropped"_s.arg(esquema, tabla)
+                  : u"select lower(name), lower(type), pk from pragma_table_info('%1', 'main')"_s.arg(tabla);
     if (!consulta.exec(sql))
-        throw Falla{QStringLiteral("El store %1 no se puede leer: %2")
-                        .arg(donde_, consulta.lastError().databaseText().simplified())};
+        Detener(u"El store %1 no se puede leer: %2"_s.arg(donde_,
+                                                          consulta.lastError().databaseText().simplified()));
     while (consulta.next())
         todas.insert(consulta.value(0).toString(),
                      {consulta.value(1).toString(), consulta.value(2).toBool()});
@@ -165,36 +158,30 @@ QHash<QString, ColumnaDelStore> Almacen::columnas(const QString &esquema, const 
 
 void Almacen::prepararServidor() {
     if (!servidor_) return;
-    if (lista(QStringLiteral("show server_encoding")).value(0) != QLatin1String("UTF8"))
-        throw Falla{QStringLiteral(
-                        "La base %1 no guarda UTF-8; cree otra con esa codificación y nómbrela en el perfil.")
-                        .arg(donde_)};
+    if (lista(u"show server_encoding"_s).value(0) != "UTF8"_L1)
+        Detener(u"La base %1 no guarda UTF-8; cree otra con esa codificación y nómbrela en el perfil."_s.arg(
+            donde_));
     // Texts order by code point, as in the file store, and still know the case of accented letters.
     const QString orden =
-        lista(QStringLiteral(
-                  "select datcollate from pg_catalog.pg_database where datname = current_database()"))
-            .value(0);
-    const bool ordena = orden == QLatin1String("C") || orden == QLatin1String("POSIX") ||
-                        orden.startsWith(QLatin1String("C."), Qt::CaseInsensitive);
+        lista(u"select datcollate from pg_catalog.pg_database where datname = current_database()"_s).value(0);
+    const bool ordena =
+        orden == "C"_L1 || orden == "POSIX"_L1 || orden.startsWith("C."_L1, Qt::CaseInsensitive);
     if (!ordena &&
-        !lista(QStringLiteral(
-                   "select 1 from pg_catalog.pg_collation where collname = 'C.utf8' and collencoding in "
-                   "(-1, pg_char_to_encoding('UTF8'))"))
+        !lista(u"select 1 from pg_catalog.pg_collation where collname = 'C.utf8' and collencoding in "
+               "(-1, pg_char_to_encoding('UTF8'))"_s)
              .isEmpty())
-        cotejo_ = QStringLiteral(" collate pg_catalog.\"C.utf8\"");
-    if (lista(QStringLiteral("select lower('Ñ')")).value(0) != QStringLiteral("ñ"))
-        throw Falla{
-            QStringLiteral(
-                "La base %1 no distingue mayúsculas de minúsculas en las letras acentuadas; créela con "
-                "LC_CTYPE 'C.UTF-8' y nómbrela en el perfil.")
-                .arg(donde_)};
-    ejecutar(QStringLiteral("create extension if not exists citext schema public"));
+        cotejo_ = u" collate pg_catalog.\"C.utf8\""_s;
+    if (lista(u"select lower('Ñ')"_s).value(0) != u"ñ"_s)
+        Detener(
+            u"La base %1 no distingue mayúsculas de minúsculas en las letras acentuadas; créela con "
+            "LC_CTYPE 'C.UTF-8' y nómbrela en el perfil."_s.arg(donde_));
+    ejecutar(u"create extension if not exists citext schema public"_s);
     const QString esquemaDelTipo =
-        lista(QStringLiteral(
-                  "select n.nspname::text from pg_catalog.pg_extension e join pg_catalog.pg_namespace n on "
-                  "n.oid = e.extnamespace where e.extname = 'citext'"))
+        lista(
+            u"select n.nspname::text from pg_catalog.pg_extension e join pg_catalog.pg_namespace n on "
+            "n.oid = e.extnamespace where e.extname = 'citext'"_s)
             .value(0);
-    tipoTexto_ = comillas(esquemaDelTipo) + QLatin1String(".citext");
+    tipoTexto_ = comillas(esquemaDelTipo) + ".citext"_L1;
 }
 
 }  // namespace actualizacion

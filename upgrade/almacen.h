@@ -9,15 +9,13 @@
 #include <memory>
 #include <vector>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/base/failure.h"
+#include "frame/store/StoreProfiles.h"
 #include "upgrade/schema.h"
 
 namespace actualizacion {
-
-/// What stops an upgrade or a load: one Spanish sentence. Caught at the entries of upgrade.h.
-struct Falla {
-    QString mensaje;
-};
+/// What stops an upgrade or a load: one Spanish sentence, as a Falla that the entries of upgrade.h catch.
+[[noreturn]] void Detener(const QString &descripcion);
 
 /// A column as the store has it.
 struct ColumnaDelStore {

@@ -4,7 +4,9 @@
 #include <QSqlQuery>
 #include <memory>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
+
+using namespace Qt::StringLiterals;
 
 namespace actualizacion {
 
@@ -25,7 +27,7 @@ struct Fuente {
 };
 
 QString aviso(qint64 linea, const QString &texto) {
-    return QStringLiteral("línea %1: %2").arg(linea).arg(texto);
+    return u"línea %1: %2"_s.arg(linea).arg(texto);
 }
 
 /// A header name as the schema spells it: "[015]" is the column 015.
@@ -44,19 +46,18 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
         const QString nombre = nombreDeColumna(encabezado.at(i));
         const Columna *columna = destino.tabla->columna(nombre);
         if (columna == nullptr)
-            resultado.avisos << aviso(1, QStringLiteral("la tabla %1 no tiene la columna \"%2\"; no se carga")
-                                             .arg(destino.tabla->nombre, encabezado.at(i)));
+            resultado.avisos << aviso(1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(
+                                             destino.tabla->nombre, encabezado.at(i)));
         else if (usadas.contains(nombre))
-            resultado.avisos << aviso(
-                1, QStringLiteral("la columna \"%1\" está repetida; se toma la primera").arg(nombre));
+            resultado.avisos << aviso(1,
+                                      u"la columna \"%1\" está repetida; se toma la primera"_s.arg(nombre));
         else
             fuentes.push_back({columna, i, {}});
         if (columna != nullptr) usadas.insert(nombre);
     }
     if (fuentes.empty())
-        throw Falla{
-            QStringLiteral("El archivo %1 no tiene ninguna columna de la tabla %2; revise su primera línea.")
-                .arg(archivo, destino.tabla->nombre)};
+        Detener(u"El archivo %1 no tiene ninguna columna de la tabla %2; revise su primera línea."_s.arg(
+            archivo, destino.tabla->nombre));
     for (const QString &par : porDefecto) {
         const qsizetype igual = par.indexOf(QLatin1Char('='));
         const QString nombre = nombreDeColumna(par.left(igual));
@@ -64,10 +65,9 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
         const std::optional<QVariant> valor =
             columna == nullptr ? std::nullopt : valorDe(*destino.almacen, *columna, par.mid(igual + 1));
         if (!valor)
-            throw Falla{
-                QStringLiteral("El valor por defecto \"%1\" no sirve para la tabla %2; escríbalo como "
-                               "columna=valor.")
-                    .arg(par, destino.tabla->nombre)};
+            Detener(
+                u"El valor por defecto \"%1\" no sirve para la tabla %2; escríbalo como "
+                "columna=valor."_s.arg(par, destino.tabla->nombre));
         if (!usadas.contains(nombre)) fuentes.push_back({columna, -1, *valor});
     }
     return fuentes;
@@ -77,23 +77,19 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
 
 void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla) {
     destino.tabla = esquema::buscarTabla(tabla);
-    if (destino.tabla == nullptr)
-        throw Falla{QStringLiteral("No hay ninguna tabla %1; revise el nombre.").arg(tabla)};
+    if (destino.tabla == nullptr) Detener(u"No hay ninguna tabla %1; revise el nombre."_s.arg(tabla));
     leerPerfil(destino.manager, rutaDelPerfil);
     destino.manager.LoadParameters();
     const Conexion::Datos *datos = destino.manager.datos(destino.tabla->entidad);
     if (datos == nullptr)
-        throw Falla{
-            QStringLiteral("El perfil %1 no nombra el store %2, donde está la tabla %3; agréguelo al perfil.")
-                .arg(rutaDelPerfil, destino.tabla->entidad, destino.tabla->nombre)};
+        Detener(u"El perfil %1 no nombra el store %2, donde está la tabla %3; agréguelo al perfil."_s.arg(
+            rutaDelPerfil, destino.tabla->entidad, destino.tabla->nombre));
     destino.almacen = std::make_unique<Almacen>(*datos, destino.manager);
     destino.esquemaDe = datos->esquema;
     destino.nombre = destino.almacen->nombreDe(datos->esquema, destino.tabla->nombre);
     if (!destino.almacen->tablas(datos->esquema).contains(destino.tabla->nombre))
-        throw Falla{
-            QStringLiteral(
-                "El store %1 todavía no tiene la tabla %2; ejecute antes DbUpgrade3 sobre ese perfil.")
-                .arg(destino.tabla->entidad, destino.tabla->nombre)};
+        Detener(u"El store %1 todavía no tiene la tabla %2; ejecute antes DbUpgrade3 sobre ese perfil."_s.arg(
+            destino.tabla->entidad, destino.tabla->nombre));
 }
 
 std::optional<QVariant> valorDe(const Almacen &almacen, const Columna &columna, const QString &texto) {
@@ -114,7 +110,7 @@ std::optional<QVariant> valorDe(const Almacen &almacen, const Columna &columna, 
                 const QDateTime momento = QDateTime::fromString(limpio, QString::fromLatin1(forma));
                 if (!momento.isValid()) continue;
                 if (almacen.servidor()) return QVariant(momento);
-                return QVariant(momento.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
+                return QVariant(momento.toString(u"yyyy-MM-dd HH:mm:ss"_s));
             }
             return std::nullopt;
         }
@@ -123,17 +119,18 @@ std::optional<QVariant> valorDe(const Almacen &almacen, const Columna &columna, 
             break;
     }
     // Ends of texts are the store's business to keep: the keys of sufidos end in blanks.
-    return QVariant(texto.isNull() ? QStringLiteral("") : texto);
+    return QVariant(texto.isNull() ? u""_s : texto);
 }
 
 void ponerAlDiaLaNumeracion(const Destino &destino) {
     if (!destino.almacen->servidor()) return;  // the file store numbers behind the highest by itself
     for (const Columna &c : destino.tabla->columnas) {
         if (c.tipo != Tipo::Generado) continue;
-        destino.almacen->lista(QStringLiteral("select setval(pg_get_serial_sequence('%1', '%2'), "
-                                              "greatest(coalesce((select max(%3) from %1), 0) "
-                                              "+ 1, nextval(pg_get_serial_sequence('%1', '%2'))), false)")
-                                   .arg(destino.nombre, c.nombre, Almacen::comillas(c.nombre)));
+        destino.almacen->lista(
+            u"select setval(pg_get_serial_sequence('%1', '%2'), "
+            "greatest(coalesce((select max(%3) from %1), 0) "
+            "+ 1, nextval(pg_get_serial_sequence('%1', '%2'))), false)"_s.arg(destino.nombre, c.nombre,
+                                                                              Almacen::comillas(c.nombre)));
     }
 }
 
@@ -147,10 +144,10 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
     bool numerada = false;
     for (const Fuente &f : fuentes) {
         nombres << Almacen::comillas(f.columna->nombre);
-        marcas << QStringLiteral("?");
+        marcas << u"?"_s;
         numerada = numerada || f.columna->tipo == Tipo::Generado;
     }
-    const QString que = QStringLiteral("Cargando %1").arg(destino.tabla->nombre);
+    const QString que = u"Cargando %1"_s.arg(destino.tabla->nombre);
     const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
     if (progreso) progreso(que, 0, total);
 
@@ -158,18 +155,16 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
     QSqlQuery insercion(a.db());
     a.comenzar();
     try {
-        if (reemplazar) a.ejecutar(QStringLiteral("delete from %1").arg(destino.nombre));
-        if (!insercion.prepare(QStringLiteral("insert into %1 (%2) values (%3)")
-                                   .arg(destino.nombre, nombres.join(QLatin1String(", ")),
-                                        marcas.join(QLatin1String(", ")))))
-            throw Falla{QStringLiteral("El store rechazó la carga de %1: %2")
-                            .arg(destino.tabla->nombre, insercion.lastError().databaseText().simplified())};
+        if (reemplazar) a.ejecutar(u"delete from %1"_s.arg(destino.nombre));
+        if (!insercion.prepare(u"insert into %1 (%2) values (%3)"_s.arg(destino.nombre, nombres.join(", "_L1),
+                                                                        marcas.join(", "_L1))))
+            Detener(u"El store rechazó la carga de %1: %2"_s.arg(
+                destino.tabla->nombre, insercion.lastError().databaseText().simplified()));
         const qsizetype ancho = lector.encabezado().size();
         csv::Registro registro;
         while (lector.siguiente(registro)) {
             if (!registro.defecto.isEmpty()) {
-                resultado.avisos << aviso(registro.linea,
-                                          registro.defecto + QStringLiteral("; la fila no se carga"));
+                resultado.avisos << aviso(registro.linea, registro.defecto + u"; la fila no se carga"_s);
                 continue;
             }
             // Trailing separators without anything behind them are no fields.
@@ -177,9 +172,9 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                 registro.campos.removeLast();
             if (registro.campos.size() != ancho) {
                 resultado.avisos << aviso(
-                    registro.linea, QStringLiteral("tiene %1 campos y el encabezado %2; la fila no se carga")
-                                        .arg(registro.campos.size())
-                                        .arg(ancho));
+                    registro.linea,
+                    u"tiene %1 campos y el encabezado %2; la fila no se carga"_s.arg(registro.campos.size())
+                        .arg(ancho));
                 continue;
             }
             for (std::size_t i = 0; i < fuentes.size(); ++i) {
@@ -191,19 +186,17 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                         valor = *leido;
                     } else {
                         valor = *valorDe(a, *f.columna, QString());
-                        resultado.avisos
-                            << aviso(registro.linea,
-                                     QStringLiteral("\"%1\" no sirve para la columna %2; se carga vacía")
-                                         .arg(texto, f.columna->nombre));
+                        resultado.avisos << aviso(registro.linea,
+                                                  u"\"%1\" no sirve para la columna %2; se carga vacía"_s.arg(
+                                                      texto, f.columna->nombre));
                     }
                 }
                 insercion.bindValue(static_cast<int>(i), valor);
             }
             if (!insercion.exec())
-                throw Falla{QStringLiteral("No se cargó nada de %1: el store rechazó la línea %2 (%3).")
-                                .arg(archivo)
-                                .arg(registro.linea)
-                                .arg(insercion.lastError().databaseText().simplified())};
+                Detener(u"No se cargó nada de %1: el store rechazó la línea %2 (%3)."_s.arg(archivo)
+                            .arg(registro.linea)
+                            .arg(insercion.lastError().databaseText().simplified()));
             ++resultado.cargadas;
             if (progreso && resultado.cargadas % filasPorAviso == 0) progreso(que, resultado.cargadas, total);
         }
@@ -229,9 +222,7 @@ ResultadoCsv CargarCsv(const QString &rutaDelPerfil, const QString &tabla, const
         abrirDestino(destino, rutaDelPerfil, tabla);
         cargarLector(destino, lector, archivo, reemplazar, porDefecto, progreso, resultado);
         resultado.ok = true;
-    } catch (const Falla &f) {
-        resultado.error = f.mensaje;
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         resultado.error = e.descripcion;
     }
     return resultado;

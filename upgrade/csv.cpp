@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QStringDecoder>
 
+using namespace Qt::StringLiterals;
+
 namespace csv {
 
 namespace {
@@ -46,22 +48,21 @@ QChar separadorDe(QStringView texto) {
 bool Lector::abrir(const QString &archivo, QString &error) {
     QFile f(archivo);
     if (!f.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("No se puede leer el archivo %1 (%2); revise el nombre y los permisos.")
-                    .arg(archivo, f.errorString());
+        error = u"No se puede leer el archivo %1 (%2); revise el nombre y los permisos."_s.arg(
+            archivo, f.errorString());
         return false;
     }
     const QByteArray datos = f.readAll();
     if (f.error() != QFileDevice::NoError) {
-        error = QStringLiteral("No se puede leer el archivo %1 (%2); revise el nombre y los permisos.")
-                    .arg(archivo, f.errorString());
+        error = u"No se puede leer el archivo %1 (%2); revise el nombre y los permisos."_s.arg(
+            archivo, f.errorString());
         return false;
     }
     if (const qint64 mala = lineaQueNoEsUtf8(datos); mala > 0) {
-        error = QStringLiteral(
-                    "El archivo %1 no está en UTF-8 (línea %2); guárdelo con esa codificación y vuelva a "
-                    "cargarlo.")
-                    .arg(archivo)
-                    .arg(mala);
+        error =
+            u"El archivo %1 no está en UTF-8 (línea %2); guárdelo con esa codificación y vuelva a "
+            "cargarlo."_s.arg(archivo)
+                .arg(mala);
         return false;
     }
     texto_ = QString::fromUtf8(datos);
@@ -74,8 +75,7 @@ bool Lector::abrir(const QString &archivo, QString &error) {
     Registro primero;
     if (!siguiente(primero) || !primero.defecto.isEmpty()) {
         error =
-            QStringLiteral(
-                "El archivo %1 no tiene una fila de encabezado; la primera línea debe nombrar las columnas.")
+            u"El archivo %1 no tiene una fila de encabezado; la primera línea debe nombrar las columnas."_s
                 .arg(archivo);
         return false;
     }
@@ -129,12 +129,12 @@ bool Lector::leer(Registro &registro) {
             registro.campos << campo;
             return true;
         } else if (cerrado) {
-            registro.defecto = QStringLiteral("hay texto detrás de una comilla de cierre");
+            registro.defecto = u"hay texto detrás de una comilla de cierre"_s;
         } else {
             campo += c;
         }
     }
-    if (entreComillas) registro.defecto = QStringLiteral("hay una comilla sin cerrar");
+    if (entreComillas) registro.defecto = u"hay una comilla sin cerrar"_s;
     registro.campos << campo;
     return true;
 }

@@ -2,9 +2,11 @@
 
 #include <QFile>
 
+#include "frame/base/ini.h"
 #include "frame/config.h"
-#include "frame/ini.h"
 #include "upgrade/carga.h"
+
+using namespace Qt::StringLiterals;
 
 // The resource lies in a static library, so somebody has to ask for it by name.
 static void prenderRecurso() {
@@ -70,10 +72,10 @@ const char *const tablasDeDemostracion[] = {
 void ponerTasas(const QString &rutaDelPerfil, Resultado &resultado) {
     const QString archivo = ArchivoDelPerfil(rutaDelPerfil);
     if (archivo == rutaDelPerfil || QFile::exists(archivo)) return;
-    const QString general = QStringLiteral("GENERAL");
-    if (EscribirIni(general, QStringLiteral("IVARIN"), QStringLiteral("21"), archivo) &&
-        EscribirIni(general, QStringLiteral("IVARNI"), QStringLiteral("10.5"), archivo))
-        resultado.cambios << QStringLiteral("se creó la configuración %1").arg(archivo);
+    const QString general = u"GENERAL"_s;
+    if (EscribirIni(general, u"IVARIN"_s, u"21"_s, archivo) &&
+        EscribirIni(general, u"IVARNI"_s, u"10.5"_s, archivo))
+        resultado.cambios << u"se creó la configuración %1"_s.arg(archivo);
 }
 
 }  // namespace
@@ -86,32 +88,27 @@ Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progr
     try {
         for (const char *nombre : tablasDeDemostracion) {
             const QString tabla = QString::fromLatin1(nombre);
-            const QString archivo = QStringLiteral(":/demo/%1.csv").arg(tabla);
+            const QString archivo = u":/demo/%1.csv"_s.arg(tabla);
             csv::Lector lector;
             if (!lector.abrir(archivo, resultado.error)) return resultado;
             Destino destino;
             abrirDestino(destino, rutaDelPerfil, tabla);
             // Data of the user's own stay: only an empty table is filled.
-            if (!destino.almacen->lista(QStringLiteral("select 1 from %1 limit 1").arg(destino.nombre))
-                     .isEmpty())
+            if (!destino.almacen->lista(u"select 1 from %1 limit 1"_s.arg(destino.nombre)).isEmpty())
                 continue;
             ResultadoCsv parte;
             cargarLector(destino, lector, archivo, false, {}, progreso, parte);
             if (!parte.avisos.isEmpty()) {
                 resultado.error =
-                    QStringLiteral(
-                        "Los datos de demostración de %1 tienen un defecto (%2); avise a quien le "
-                        "entregó el programa.")
-                        .arg(tabla, parte.avisos.front());
+                    u"Los datos de demostración de %1 tienen un defecto (%2); avise a quien le "
+                    "entregó el programa."_s.arg(tabla, parte.avisos.front());
                 return resultado;
             }
-            resultado.cambios << QStringLiteral("%1: %2 filas").arg(tabla).arg(parte.cargadas);
+            resultado.cambios << u"%1: %2 filas"_s.arg(tabla).arg(parte.cargadas);
         }
         ponerTasas(rutaDelPerfil, resultado);
         resultado.ok = true;
-    } catch (const Falla &f) {
-        resultado.error = f.mensaje;
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         resultado.error = e.descripcion;
     }
     return resultado;

@@ -5,9 +5,11 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
-#include "frame/numbers.h"
-#include "subitems/nomenclature.h"
+#include "frame/base/numbers.h"
+#include "frame/base/position.h"
 #include "upgrade/carga.h"
+
+using namespace Qt::StringLiterals;
 
 namespace actualizacion {
 
@@ -49,11 +51,11 @@ struct Fuente {
     qsizetype campo = -1;
 };
 
-const QString columnaDeUnidad = QStringLiteral("012");
-const QString columnaDeLicencia = QStringLiteral("059");  // "*": non-automatic import licence
+const QString columnaDeUnidad = u"012"_s;
+const QString columnaDeLicencia = u"059"_s;  // "*": non-automatic import licence
 
 QString aviso(qint64 linea, const QString &texto) {
-    return QStringLiteral("línea %1: %2").arg(linea).arg(texto);
+    return u"línea %1: %2"_s.arg(linea).arg(texto);
 }
 
 /// Where the values of one row go: names in the order of the two prepared statements.
@@ -74,7 +76,7 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
     QSet<QString> usadas;
     for (qsizetype i = 0; i < encabezado.size(); ++i) {
         QString nombre = encabezado.at(i).toLower();
-        if (nombre == QLatin1String("posicion")) {
+        if (nombre == "posicion"_L1) {
             plan.campoPosicion = i;
             continue;
         }
@@ -85,12 +87,11 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
         nombre.remove(QLatin1Char('['));
         nombre.remove(QLatin1Char(']'));
         // A number names its column directly, but the keys come from the position alone.
-        if (fuente.campo < 0 && nombre > QLatin1String("003") &&
-            esquema::buscarTabla(u"ncm")->columna(nombre) != nullptr)
+        if (fuente.campo < 0 && nombre > "003"_L1 && esquema::buscarTabla(u"ncm")->columna(nombre) != nullptr)
             fuente = {nombre, Clase::Texto, i};
         if (fuente.campo < 0 || usadas.contains(fuente.columna)) {
-            resultado.avisos << aviso(
-                1, QStringLiteral("no se conoce la columna \"%1\"; no se carga").arg(encabezado.at(i)));
+            resultado.avisos << aviso(1,
+                                      u"no se conoce la columna \"%1\"; no se carga"_s.arg(encabezado.at(i)));
             continue;
         }
         usadas.insert(fuente.columna);
@@ -99,11 +100,9 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
         plan.fuentes.push_back(fuente);
     }
     if (plan.campoPosicion < 0)
-        throw Falla{QStringLiteral("El archivo %1 no tiene la columna posicion; revise su primera línea.")
-                        .arg(archivo)};
+        Detener(u"El archivo %1 no tiene la columna posicion; revise su primera línea."_s.arg(archivo));
     if (!plan.conUnidad && unidadPorDefecto.isEmpty())
-        throw Falla{QStringLiteral("El archivo %1 no trae la unidad estadística; indique una con --unidad.")
-                        .arg(archivo)};
+        Detener(u"El archivo %1 no trae la unidad estadística; indique una con --unidad."_s.arg(archivo));
     if (usadas.contains(columnaDeLicencia)) plan.conIntervencion = false;
     for (const Fuente &f : plan.fuentes) plan.columnas << f.columna;
     if (plan.conIntervencion) plan.columnas << columnaDeLicencia;
@@ -114,7 +113,7 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
 QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QString &unidadPorDefecto,
                       ResultadoCsv &resultado) {
     QStringList valores;
-    QString licencia = QStringLiteral("");
+    QString licencia = u""_s;
     for (const Fuente &f : plan.fuentes) {
         QString texto = registro.campos.at(f.campo).trimmed();
         if (f.clase == Clase::Tasa && !texto.isEmpty()) {
@@ -122,21 +121,19 @@ QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QSt
                 texto.replace(QLatin1Char(','), QLatin1Char('.'));
             } else {
                 resultado.avisos << aviso(registro.linea,
-                                          QStringLiteral("\"%1\" no es una tasa para la columna %2; se carga "
-                                                         "vacía")
-                                              .arg(texto, f.columna));
-                texto = QStringLiteral("");
+                                          u"\"%1\" no es una tasa para la columna %2; se carga "
+                                          "vacía"_s.arg(texto, f.columna));
+                texto = u""_s;
             }
         }
         if (f.clase == Clase::Intervencion && !texto.isEmpty()) {
             // The published sheets now and then leave a figure before the letters.
             const QString letras = texto.section(QLatin1Char(' '), -1);
             if (letras != texto)
-                resultado.avisos << aviso(registro.linea,
-                                          QStringLiteral("la intervención \"%1\" se toma como \"%2\"")
-                                              .arg(texto.simplified(), letras));
+                resultado.avisos << aviso(registro.linea, u"la intervención \"%1\" se toma como \"%2\""_s.arg(
+                                                              texto.simplified(), letras));
             texto = letras;
-            if (letras == QLatin1String("LNA")) licencia = QStringLiteral("*");
+            if (letras == "LNA"_L1) licencia = u"*"_s;
         }
         if (f.columna == columnaDeUnidad && texto.isEmpty()) texto = unidadPorDefecto;
         valores << texto;
@@ -150,19 +147,19 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
     const Plan plan = planDe(lector, archivo, unidadPorDefecto, resultado);
     const Almacen &a = *destino.almacen;
 
-    QStringList alta{QStringLiteral("\"001\""), QStringLiteral("\"002\""), QStringLiteral("\"003\"")};
+    QStringList alta{u"\"001\""_s, u"\"002\""_s, u"\"003\""_s};
     QStringList cambio;
     for (const QString &c : plan.columnas) {
         alta << Almacen::comillas(c);
-        cambio << Almacen::comillas(c) + QStringLiteral(" = ?");
+        cambio << Almacen::comillas(c) + u" = ?"_s;
     }
     if (!plan.conUnidad) alta << Almacen::comillas(columnaDeUnidad);
-    QStringList marcas(alta.size(), QStringLiteral("?"));
+    QStringList marcas(alta.size(), u"?"_s);
 
     const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
-    const QString que = QStringLiteral("Cargando el nomenclador");
+    const QString que = u"Cargando el nomenclador"_s;
     if (progreso) progreso(que, 0, total);
-    static const QRegularExpression forma(QStringLiteral("^\\d{4}\\.\\d{2}\\.\\d{2}\\.\\d{3}[A-Z]$"));
+    static const QRegularExpression forma(u"^\\d{4}\\.\\d{2}\\.\\d{2}\\.\\d{3}[A-Z]$"_s);
 
     // They outlive the rollback of a refused load: the server frees nothing inside a broken transaction.
     QSqlQuery insercion(a.db());
@@ -170,48 +167,42 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
     a.comenzar();
     try {
         QSet<QString> presentes;
-        for (const QString &p : a.lista(
-                 QStringLiteral("select \"001\" || '.' || \"002\" || \"003\" from %1").arg(destino.nombre)))
+        for (const QString &p :
+             a.lista(u"select \"001\" || '.' || \"002\" || \"003\" from %1"_s.arg(destino.nombre)))
             presentes.insert(p);
         // A position that is there keeps the columns that the file does not speak of.
         const bool listo =
-            insercion.prepare(
-                QStringLiteral("insert into %1 (%2) values (%3)")
-                    .arg(destino.nombre, alta.join(QLatin1String(", ")), marcas.join(QLatin1String(", ")))) &&
+            insercion.prepare(u"insert into %1 (%2) values (%3)"_s.arg(destino.nombre, alta.join(", "_L1),
+                                                                       marcas.join(", "_L1))) &&
             (cambio.isEmpty() ||
-             modificacion.prepare(
-                 QStringLiteral("update %1 set %2 where \"001\" = ? and \"002\" = ? and \"003\" = ?")
-                     .arg(destino.nombre, cambio.join(QLatin1String(", ")))));
+             modificacion.prepare(u"update %1 set %2 where \"001\" = ? and \"002\" = ? and \"003\" = ?"_s.arg(
+                 destino.nombre, cambio.join(", "_L1))));
         if (!listo)
-            throw Falla{
-                QStringLiteral("El store rechazó la carga del nomenclador: %1")
-                    .arg(insercion.lastError().databaseText() + modificacion.lastError().databaseText())};
+            Detener(u"El store rechazó la carga del nomenclador: %1"_s.arg(
+                insercion.lastError().databaseText() + modificacion.lastError().databaseText()));
 
         const qsizetype ancho = lector.encabezado().size();
         QSet<QString> vistas;
         csv::Registro registro;
         while (lector.siguiente(registro)) {
             if (!registro.defecto.isEmpty() || registro.campos.size() != ancho) {
-                const QString motivo = registro.defecto.isEmpty()
-                                           ? QStringLiteral("tiene %1 campos y el encabezado %2")
-                                                 .arg(registro.campos.size())
-                                                 .arg(ancho)
-                                           : registro.defecto;
-                resultado.avisos << aviso(registro.linea, motivo + QStringLiteral("; la fila no se carga"));
+                const QString motivo =
+                    registro.defecto.isEmpty()
+                        ? u"tiene %1 campos y el encabezado %2"_s.arg(registro.campos.size()).arg(ancho)
+                        : registro.defecto;
+                resultado.avisos << aviso(registro.linea, motivo + u"; la fila no se carga"_s);
                 continue;
             }
             const QString posicion = registro.campos.at(plan.campoPosicion).trimmed();
             if (posicion.size() != largoDePosicion || !forma.match(posicion).hasMatch()) {
                 resultado.avisos << aviso(
                     registro.linea,
-                    QStringLiteral("\"%1\" no es una posición de 15 caracteres; la fila no se carga")
-                        .arg(posicion));
+                    u"\"%1\" no es una posición de 15 caracteres; la fila no se carga"_s.arg(posicion));
                 continue;
             }
             if (vistas.contains(posicion))
-                resultado.avisos << aviso(
-                    registro.linea,
-                    QStringLiteral("la posición %1 está repetida; queda la última").arg(posicion));
+                resultado.avisos << aviso(registro.linea,
+                                          u"la posición %1 está repetida; queda la última"_s.arg(posicion));
             vistas.insert(posicion);
             const QStringList valores = valoresDe(plan, registro, unidadPorDefecto, resultado);
             const ClavesNcm claves = CortarPosicion(posicion);
@@ -225,10 +216,9 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
             if (esta)
                 for (const QString &clave : {claves.c001, claves.c002, claves.c003}) q.bindValue(n++, clave);
             if ((!esta || !cambio.isEmpty()) && !q.exec())
-                throw Falla{QStringLiteral("No se cargó nada de %1: el store rechazó la línea %2 (%3).")
-                                .arg(archivo)
-                                .arg(registro.linea)
-                                .arg(q.lastError().databaseText().simplified())};
+                Detener(u"No se cargó nada de %1: el store rechazó la línea %2 (%3)."_s.arg(archivo)
+                            .arg(registro.linea)
+                            .arg(q.lastError().databaseText().simplified()));
             presentes.insert(posicion);
             ++resultado.cargadas;
             if (progreso && resultado.cargadas % filasPorAviso == 0) progreso(que, resultado.cargadas, total);
@@ -254,12 +244,10 @@ ResultadoCsv CargarNomenclador(const QString &rutaDelPerfil, const QString &arch
         csv::Lector lector;
         if (!lector.abrir(archivo, resultado.error)) return resultado;
         Destino destino;
-        abrirDestino(destino, rutaDelPerfil, QStringLiteral("ncm"));
+        abrirDestino(destino, rutaDelPerfil, u"ncm"_s);
         cargar(destino, lector, archivo, unidadPorDefecto, progreso, resultado);
         resultado.ok = true;
-    } catch (const Falla &f) {
-        resultado.error = f.mensaje;
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         resultado.error = e.descripcion;
     }
     return resultado;

@@ -1,5 +1,7 @@
 #include "upgrade/schema.h"
 
+using namespace Qt::StringLiterals;
+
 namespace esquema {
 
 namespace {
@@ -174,10 +176,10 @@ std::vector<Tabla> construir() {
         const QStringList palabras =
             QString::fromLatin1(fila.columnas).split(QLatin1Char(' '), Qt::SkipEmptyParts);
         for (const QString &palabra : palabras) tabla.columnas.push_back(leerColumna(palabra));
-        if (tabla.nombre == QLatin1String("ncm")) {
+        if (tabla.nombre == "ncm"_L1) {
             constexpr int columnasDelNomenclador = 71;
             for (int n = 1; n <= columnasDelNomenclador; ++n)
-                tabla.columnas.push_back({QStringLiteral("%1").arg(n, 3, 10, QLatin1Char('0')), Tipo::Texto});
+                tabla.columnas.push_back({u"%1"_s.arg(n, 3, 10, QLatin1Char('0')), Tipo::Texto});
         }
         const QStringList indices =
             QString::fromLatin1(fila.indices).split(QLatin1Char(';'), Qt::SkipEmptyParts);
@@ -185,7 +187,7 @@ std::vector<Tabla> construir() {
             QString nombre = indice;
             nombre.replace(QLatin1Char(','), QLatin1Char('_'));
             tabla.indices.push_back(
-                {QStringLiteral("ix_%1_%2").arg(tabla.nombre, nombre), indice.split(QLatin1Char(','))});
+                {u"ix_%1_%2"_s.arg(tabla.nombre, nombre), indice.split(QLatin1Char(','))});
         }
         todas.push_back(std::move(tabla));
     }

@@ -2,6 +2,8 @@
 
 #include <QCryptographicHash>
 
+using namespace Qt::StringLiterals;
+
 namespace servidor {
 
 namespace {
@@ -131,32 +133,24 @@ QStringList comparaciones() {
     for (const Operador &o : operadores) {
         const QString nombre = QString::fromLatin1(o.nombre);
         const QString funcion = QString::fromLatin1(o.funcion);
-        sentencias << QStringLiteral("drop operator if exists %S.%1 (%C, double precision)").arg(nombre)
-                   << QStringLiteral("drop operator if exists %S.%1 (double precision, %C)").arg(nombre)
-                   << QStringLiteral(
-                          "create or replace function %S.%1(a %C, b double precision) returns boolean "
-                          "language sql immutable strict parallel safe as $$ select a operator(%T.%2) "
-                          "(b::numeric::text)::%C $$")
-                          .arg(funcion, nombre)
-                   << QStringLiteral(
-                          "create or replace function %S.%1(a double precision, b %C) returns boolean "
-                          "language sql immutable strict parallel safe as $$ select (a::numeric::text)::%C "
-                          "operator(%T.%2) b $$")
-                          .arg(funcion, nombre);
+        sentencias << u"drop operator if exists %S.%1 (%C, double precision)"_s.arg(nombre)
+                   << u"drop operator if exists %S.%1 (double precision, %C)"_s.arg(nombre)
+                   << u"create or replace function %S.%1(a %C, b double precision) returns boolean "
+                      "language sql immutable strict parallel safe as $$ select a operator(%T.%2) "
+                      "(b::numeric::text)::%C $$"_s.arg(funcion, nombre)
+                   << u"create or replace function %S.%1(a double precision, b %C) returns boolean "
+                      "language sql immutable strict parallel safe as $$ select (a::numeric::text)::%C "
+                      "operator(%T.%2) b $$"_s.arg(funcion, nombre);
     }
     // No commutators are named: each would make the other a shell first, and the planner gains nothing from
     // them.
     for (const Operador &o : operadores) {
         const QString nombre = QString::fromLatin1(o.nombre);
         const QString funcion = QString::fromLatin1(o.funcion);
-        sentencias << QStringLiteral(
-                          "create operator %S.%1 (leftarg = %C, rightarg = double precision, "
-                          "function = %S.%2)")
-                          .arg(nombre, funcion)
-                   << QStringLiteral(
-                          "create operator %S.%1 (leftarg = double precision, rightarg = %C, "
-                          "function = %S.%2)")
-                          .arg(nombre, funcion);
+        sentencias << u"create operator %S.%1 (leftarg = %C, rightarg = double precision, "
+                      "function = %S.%2)"_s.arg(nombre, funcion)
+                   << u"create operator %S.%1 (leftarg = double precision, rightarg = %C, "
+                      "function = %S.%2)"_s.arg(nombre, funcion);
     }
     return sentencias;
 }
@@ -169,9 +163,9 @@ QStringList Sentencias(const QString &esquema, const QString &tipoTexto) {
     sentencias << comparaciones();
     const QString esquemaDelTipo = tipoTexto.left(tipoTexto.lastIndexOf(QLatin1Char('.')));
     for (QString &s : sentencias) {
-        s.replace(QLatin1String("%S"), esquema);
-        s.replace(QLatin1String("%C"), tipoTexto);
-        s.replace(QLatin1String("%T"), esquemaDelTipo);
+        s.replace("%S"_L1, esquema);
+        s.replace("%C"_L1, tipoTexto);
+        s.replace("%T"_L1, esquemaDelTipo);
     }
     return sentencias;
 }

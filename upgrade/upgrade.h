@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <functional>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/store/StoreProfiles.h"
 
 namespace actualizacion {
 

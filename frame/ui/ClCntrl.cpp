@@ -8,9 +8,11 @@
 #include <QPlainTextEdit>
 #include <QTextCursor>
 
-#include "frame/numbers.h"
+#include "frame/context.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,10 +22,10 @@ QString etiqueta(const QWidget *campo) {
 
 void colorear(QWidget *campo, bool enFoco) {
     const QString tag = etiqueta(campo);
-    const bool f6 = tag.endsWith(QLatin1String("#F6"));
-    if (!f6 && tag.startsWith(QLatin1String("BB"))) return;
+    const bool f6 = tag.endsWith("#F6"_L1);
+    if (!f6 && tag.startsWith("BB"_L1)) return;
     if (!enFoco) {
-        if (!tag.startsWith(QLatin1String("BB"))) campo->setPalette({});
+        if (!tag.startsWith("BB"_L1)) campo->setPalette({});
         return;
     }
     QPalette paleta = campo->palette();
@@ -46,10 +48,10 @@ bool esDecimalDelTeclado(const QKeyEvent *tecla) {
 
 bool alApretar(QWidget *campo, const QKeyEvent *tecla) {
     if (auto *linea = qobject_cast<QLineEdit *>(campo); linea && esDecimalDelTeclado(tecla)) {
-        linea->insert(numeros::separadorDecimal());
+        linea->insert(Contexto().SeparadorDecimal);
         return true;
     }
-    if (etiqueta(campo) == QLatin1String("NOENTER")) return false;
+    if (etiqueta(campo) == "NOENTER"_L1) return false;
     if (EsEnter(tecla)) {
         mandar(campo, Qt::Key_Tab);
         return true;

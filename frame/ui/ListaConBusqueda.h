@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-#include "header/picklist.h"
+#include "frame/picklist.h"
 
 class QKeyEvent;
 class QLineEdit;

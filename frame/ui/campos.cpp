@@ -6,19 +6,20 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
+using namespace Qt::StringLiterals;
+
 QString campos::TextoDe(const QWidget *campo) {
     if (const auto *linea = qobject_cast<const QLineEdit *>(campo)) return linea->text();
     if (const auto *plano = qobject_cast<const QPlainTextEdit *>(campo)) return plano->toPlainText();
     if (const auto *combo = qobject_cast<const QComboBox *>(campo)) return combo->currentData().toString();
     if (const auto *casilla = qobject_cast<const QCheckBox *>(campo))
-        return casilla->isChecked() ? QStringLiteral("S") : QStringLiteral("N");
+        return casilla->isChecked() ? u"S"_s : u"N"_s;
     if (const auto *etiqueta = qobject_cast<const QLabel *>(campo)) return etiqueta->text();
     return {};
 }
 
 bool campos::PonerTexto(QWidget *campo, QString texto) {
-    if (qobject_cast<QPlainTextEdit *>(campo) != nullptr)
-        texto.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    if (qobject_cast<QPlainTextEdit *>(campo) != nullptr) texto.replace("\r\n"_L1, "\n"_L1);
     if (TextoDe(campo) == texto) return false;
     if (auto *linea = qobject_cast<QLineEdit *>(campo)) {
         linea->setText(texto);
@@ -30,7 +31,7 @@ bool campos::PonerTexto(QWidget *campo, QString texto) {
     } else if (auto *combo = qobject_cast<QComboBox *>(campo)) {
         combo->setCurrentIndex(combo->findData(texto));
     } else if (auto *casilla = qobject_cast<QCheckBox *>(campo)) {
-        casilla->setChecked(texto == QLatin1String("S"));
+        casilla->setChecked(texto == "S"_L1);
     } else if (auto *etiqueta = qobject_cast<QLabel *>(campo)) {
         etiqueta->setText(texto);
     }

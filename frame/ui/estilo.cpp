@@ -11,6 +11,8 @@
 #include <QTableView>
 #include <QTableWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Labels say what they are by the dynamic property "papel": titulo, dato, rotulo, ayuda; or by "estado".
@@ -86,7 +88,7 @@ QColor estilo::grupo() {
 }
 
 void estilo::Aplicar(QApplication &aplicacion) {
-    aplicacion.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    aplicacion.setStyle(QStyleFactory::create(u"Fusion"_s));
     QPalette paleta;
     paleta.setColor(QPalette::Window, QColor(0xf4, 0xf7, 0xf7));
     paleta.setColor(QPalette::WindowText, QColor(0x10, 0x20, 0x27));
@@ -108,8 +110,8 @@ void estilo::Aplicar(QApplication &aplicacion) {
 
 void estilo::PintarEstado(QLabel *etiqueta, const QString &texto) {
     etiqueta->setText(texto);
-    const bool listo = texto.startsWith(QLatin1String("COMPLETO")) || texto == QLatin1String("GENERADO!");
-    const bool pendiente = texto == QLatin1String("INCOMPLETO") || texto == QLatin1String("SIN GENERAR");
+    const bool listo = texto.startsWith("COMPLETO"_L1) || texto == "GENERADO!"_L1;
+    const bool pendiente = texto == "INCOMPLETO"_L1 || texto == "SIN GENERAR"_L1;
     etiqueta->setProperty("estado", listo ? "bien" : (pendiente ? "falta" : "nada"));
     // A sheet looks at properties only when it is asked again.
     etiqueta->style()->unpolish(etiqueta);

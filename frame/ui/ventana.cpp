@@ -2,6 +2,8 @@
 
 #include "frame/ui/Pantalla.h"
 
+using namespace Qt::StringLiterals;
+
 std::unique_ptr<QDialog> HacerDialogo() {
     return std::make_unique<QDialog>(pantallas::marco(),
                                      Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -12,14 +14,14 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
     try {
         hacer();
         return true;
-    } catch (const ErrorDeStore &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + QLatin1String(" - ") + e.descripcion);
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
         return false;
     }
 }
 
 void NoDisponible(AppContext &ctx) {
-    ctx.dialogos.informar(QStringLiteral("Esta opción todavía no está disponible en esta versión."));
+    ctx.dialogos.informar(u"Esta opción todavía no está disponible en esta versión."_s);
 }
 
 void MostrarVentana(QWidget *ventana) {

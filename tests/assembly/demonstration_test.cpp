@@ -5,8 +5,9 @@
 #include <QRandomGenerator>
 
 #include "assembly/run.h"
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 #include "liquidation/review.h"
 #include "tests/assembly/operacion.h"
 
@@ -204,20 +205,6 @@ void cuadrar(AppContext &ctx, const QString &interno, double fobDeclarado, bool 
         << que;
 }
 
-/// Sets the workstation's decimal separator for its own life.
-class Separador {
- public:
-    explicit Separador(QChar separador) : antes_(numeros::separadorDecimal()) {
-        numeros::fijarSeparadorDecimal(separador);
-    }
-    ~Separador() { numeros::fijarSeparadorDecimal(antes_); }
-    Separador(const Separador &) = delete;
-    Separador &operator=(const Separador &) = delete;
-
- private:
-    QChar antes_;
-};
-
 }  // namespace
 
 TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
@@ -244,9 +231,9 @@ TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
             for (const QString &sql : lineasDesprolijas(interno, semilla)) Ejecutar(ctx, u"INTERNOS"_s, sql);
             fob = numeros::redondear(
                 total(ctx, "select sum(fob) as t from subitems where interno = '"_L1 + interno + '\''_L1), 2);
-            Ejecutar(
-                ctx, u"INTERNOS"_s,
-                u"update caratula set fobdivisas = %1 where interno = '%2'"_s.arg(SqlNumber(fob), interno));
+            Ejecutar(ctx, u"INTERNOS"_s,
+                     u"update caratula set fobdivisas = %1 where interno = '%2'"_s.arg(SqlNumber(ctx, fob),
+                                                                                       interno));
             ctx.opciones.VrySbtDup = semilla == 3 ? u"S"_s : u"N"_s;
             ctx.ChequeoArmado = u"SI"_s;
             EXPECT_TRUE(Generar(ctx, interno, {.ARMARITEM = semilla == 2 ? 1 : 2}))
@@ -292,14 +279,10 @@ TEST(DemostracionEnLosDosStores, EveryDerivedRowIsTheSame) {
                 liquidar(ctx, interno);
             };
             // A workstation with a point beside one with a comma.
-            {
-                const Separador punto('.'_L1);
-                correr(*a, enArchivos);
-            }
-            {
-                const Separador coma(','_L1);
-                correr(*s, enServidor);
-            }
+            a->SeparadorDecimal = u'.';
+            correr(*a, enArchivos);
+            s->SeparadorDecimal = u',';
+            correr(*s, enServidor);
             EXPECT_EQ(dichos(enArchivos), dichos(enServidor)) << operacion;
             comparar(*a, *s, interno);
             EXPECT_GT(leer(*a, derivadas[3], interno).size(), 1) << operacion;

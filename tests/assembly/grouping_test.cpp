@@ -287,7 +287,7 @@ TEST_P(Agrupacion, ARefusalOfTheInputsLinkRaisesItsError) {
     try {
         AgruparLineas(r);
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_EQ(e.fuente, u"go_InputsLink.EnviarGrupoIdSub"_s);
         EXPECT_EQ(e.descripcion, u"Error en enviar vinculación de subitems a insumos"_s);
     }

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/assembly/operacion.h"
 
 using namespace Qt::StringLiterals;
@@ -201,12 +201,11 @@ TEST_P(Prorrateo, AZeroFobInTheHeaderFailsInTheStore) {
     de(u"1"_s, u"1"_s, u"1"_s, u"1"_s);
     ContextoArmado r = corrida();
     agrupar(r);
-    EXPECT_THROW(ProrratearValor(r), ErrorDeStore);
+    EXPECT_THROW(ProrratearValor(r), Falla);
 }
 
 TEST_P(Prorrateo, NumbersOfStatementsStayRightUnderACommaOfTheWorkstation) {
-    const QChar separador = numeros::separadorDecimal();
-    numeros::fijarSeparadorDecimal(','_L1);
+    ctx->SeparadorDecimal = ','_L1;
     caratula({{u"valoraprorratear"_s, u"10.5"_s}});
     de(u"1"_s, u"3"_s, u"33.33333"_s, u"99.99999"_s);
     linea({{u"idpais"_s, u"'1'"_s},
@@ -217,7 +216,6 @@ TEST_P(Prorrateo, NumbersOfStatementsStayRightUnderACommaOfTheWorkstation) {
     agrupar(r);
     EXPECT_EQ(valor(u"select count(*) from groupsubitems where interno = 'OP1' and idsub is null"_s), u"0"_s);
     ProrratearValor(r);
-    numeros::fijarSeparadorDecimal(separador);
     // 99.99999 + 100.00 * 10.5 / 100 = 110.49999 -> 110.50; over 6 units 18.41667.
     EXPECT_EQ(grupos(), u"1|110.5|18.41667"_s);
     EXPECT_EQ(r.FobDeclarado, 110.5);

@@ -4,6 +4,7 @@
 #include <QSqlQuery>
 
 #include "header/automotive.h"
+#include "header/changes.h"
 #include "tests/assembly/operacion.h"
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "subitems/SuffixChecker.h"
 #include "subitems/nomenclature.h"
 #include "tests/assembly/operacion.h"
 
@@ -10,7 +11,7 @@ namespace {
 class Sufijos : public Armado {
  protected:
     int validar(const QString &posicionDeLinea, const QString &sufijos) {
-        return ctx->SuffixChecker.Validar(posicionDeLinea, sufijos);
+        return SuffixCheckerClass(*ctx).Validar(posicionDeLinea, sufijos);
     }
 };
 EN_AMBOS_STORES(Sufijos);

@@ -1,18 +1,19 @@
 #include "tests/caratula/caratulas.h"
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
+
+using namespace Qt::StringLiterals;
 
 void Caratulas::SetUp() {
     EnAmbosStores::SetUp();
-    numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+    ctx->SeparadorDecimal = QLatin1Char('.');
     ejecutar("insert into caratula (interno,factura8) values ('OP 1','N')");
     ejecutar("insert into caratula (interno,factura8,idsubreg) values ('OTRA','N','IC04')");
     for (const char *fila : {"'IC04','Consumo','I'", "'IC01','A la orden','I'", "'EC01','Exportación','E'",
                              "'EC16','Con facilidad','E'", "'DJAI','Anticipada','I'", "'LAPI','Licencia','I'",
                              "'TR01','Tránsito','I'", "'DIR6','Directo','I'", "'IC99','Sin reglas','I'",
                              "'RE01','Reembarco','E'"})
-        ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values (%1)")
-                     .arg(QString::fromUtf8(fila)),
+        ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values (%1)"_s.arg(QString::fromUtf8(fila)),
                  "SYSTABLAS");
     ejecutar(
         "insert into dest (subreg,txtidaduana2,txtidpais,txtdccomiext,txtautdestsusp) values "
@@ -50,7 +51,7 @@ void Caratulas::SetUp() {
 
 Veredicto Caratulas::teclear(const char *control, const QString &valorTecleado) {
     c.poner(control, valorTecleado);
-    CampoCambia(c, control);
+    CampoCambia(*ctx, c, control);
     return CampoEnter(*ctx, c, control);
 }
 
@@ -72,8 +73,7 @@ void Caratulas::llenar(const QString &regimen) {
 }
 
 std::string Caratulas::guardado(const QString &columnas) {
-    return filas(QStringLiteral("select %1 from caratula where interno = 'OP 1'").arg(columnas))
-        .toStdString();
+    return filas(u"select %1 from caratula where interno = 'OP 1'"_s.arg(columnas)).toStdString();
 }
 
 std::string Caratulas::ultimoMensaje() const {

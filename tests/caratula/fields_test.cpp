@@ -6,6 +6,8 @@
 #include "header/comments.h"
 #include "tests/caratula/caratulas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class CamposDeCaratula : public Caratulas {};
@@ -80,7 +82,7 @@ TEST_P(CamposDeCaratula, AnUnknownClientOpensTheBookOfClients) {
     int abierto = 0;
     c.servicios.SeleccionarCliente = [&abierto] {
         ++abierto;
-        return QStringLiteral("30708123451");
+        return u"30708123451"_s;
     };
     teclear("TxtCUITCliente", "99");
     EXPECT_EQ(abierto, 1);
@@ -105,8 +107,7 @@ TEST_P(CamposDeCaratula, BrokerAndSellerFillTheirNames) {
     EXPECT_EQ(texto("TxtNombreven"), "NORDPUMPEN") << "an empty code is not looked for";
     registro.respuestas = {true};
     c.servicios.AgregarVendedor = [this](const QString &codigo) {
-        ejecutar(QStringLiteral("insert into vendedor (codigo,nombre) values ('%1','NUEVO')").arg(codigo),
-                 "PERSONAL");
+        ejecutar(u"insert into vendedor (codigo,nombre) values ('%1','NUEVO')"_s.arg(codigo), "PERSONAL");
     };
     teclear("Txtidvendedor", "V9");
     EXPECT_EQ(texto("TxtNombreven"), "NUEVO");
@@ -123,10 +124,10 @@ TEST_P(CamposDeCaratula, DollarsAreAmountTimesRate) {
     // 1000.5 x 1.085 = 1085.5425
     EXPECT_EQ(texto("TxtDolFob"), "1085.54");
     c.poner("TxtDivValorFob", "0");
-    CampoCambia(c, "TxtDivValorFob");
+    CampoCambia(*ctx, c, "TxtDivValorFob");
     EXPECT_EQ(texto("TxtDolFob"), "0");
     c.poner("TxtDivValorFob", "uno");
-    CampoCambia(c, "TxtDivValorFob");
+    CampoCambia(*ctx, c, "TxtDivValorFob");
     EXPECT_EQ(texto("TxtDolFob"), "");
 }
 
@@ -184,7 +185,7 @@ TEST_P(CamposDeCaratula, InsuranceFromItsPercentage) {
         c.poner("Txtsegurodivisas", "previo");
         c.poner("TxtDolSeguro", "previo");
         c.poner("txtPorc", porcentaje);
-        PorcentajeTecla(c);
+        PorcentajeTecla(*ctx, c);
         return texto("TxtDolSeguro") + "/" + texto("Txtsegurodivisas");
     };
     // (1000 + 100) x 1.5 % = 16.5; at 1.1: 15
@@ -205,7 +206,7 @@ TEST_P(CamposDeCaratula, AValueToProrateDisablesTheCodes) {
     for (const auto &[valor, habilitado] :
          {std::pair{"", true}, {"0.00", true}, {"abc", true}, {"5", false}, {"-1", false}}) {
         c.poner("TxtProrratear", valor);
-        CampoCambia(c, "TxtProrratear");
+        CampoCambia(*ctx, c, "TxtProrratear");
         EXPECT_EQ(c["CmdProrrat"].habilitado, habilitado) << valor;
     }
 }

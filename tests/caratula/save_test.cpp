@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/caratula/caratulas.h"
 #include "tests/support/traza.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -231,7 +233,7 @@ TEST_P(Guardado, ApostrophesBecomeBlanksOrAreKept) {
 
 TEST_P(Guardado, NumbersTakeTheirFormsUnderBothSeparators) {
     for (const char separador : {'.', ','}) {
-        numeros::fijarSeparadorDecimal(QLatin1Char(separador));
+        ctx->SeparadorDecimal = QLatin1Char(separador);
         llenar("IC04");
         c.poner("Txtfobdivisas", "1000,129");
         c.poner("TxtDivValorFob", "1.0850004");
@@ -245,7 +247,7 @@ TEST_P(Guardado, NumbersTakeTheirFormsUnderBothSeparators) {
                            "seguroporcentaje,factorconver"),
                   "1000.13|1.085|12.5|1.235|0|1.5|2.75");
     }
-    numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+    ctx->SeparadorDecimal = QLatin1Char('.');
 }
 
 // A hidden field writes empty, or 0, so changing the regime discards the data of fields that the new regime
@@ -272,7 +274,7 @@ TEST_P(Guardado, ManyInvoicesAreCutInTheHeaderAndWholeInTheirTable) {
     llenar("IC04");
     QString todas = "A-1,";
     for (int n = 2; n <= 12; ++n) {
-        const QString factura = QStringLiteral("FACT-%1").arg(n, 4, 10, QLatin1Char('0'));
+        const QString factura = u"FACT-%1"_s.arg(n, 4, 10, QLatin1Char('0'));
         teclear("TxtFactura", factura);
         todas += factura + ',';
     }

@@ -5,6 +5,8 @@
 #include "frame/context.h"
 #include "tests/caratula/caratulas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The names of a list that are visible, in the list's order.
@@ -204,11 +206,10 @@ TEST_P(RegimenesDeLaDemostracion, EveryStoredHeaderOpensWithoutAWordAndIsSavedAs
     for (const QString &clave : claves) {
         SCOPED_TRACE(clave.toStdString());
         const QString sql =
-            QStringLiteral(
-                "select idsubreg,idaduana,cuitcliente,cuitdespaduana,fobdivisas,fobcoddivisas,"
-                "fobdivcambio,fletedivisas,segurodivisas,idcondiciondeventa,factura1,factura7,"
-                "opcionesiva,opcionesganancias,motivodestsuspensiva from caratula where interno = '%1'")
-                .arg(clave);
+            u"select idsubreg,idaduana,cuitcliente,cuitdespaduana,fobdivisas,fobcoddivisas,"
+            "fobdivcambio,fletedivisas,segurodivisas,idcondiciondeventa,factura1,factura7,"
+            "opcionesiva,opcionesganancias,motivodestsuspensiva from caratula where interno = '%1'"_s.arg(
+                clave);
         const QString antes = filas(sql);
         Caratula c = CaratulaVacia(clave);
         ASSERT_TRUE(CargarCaratula(*ctx, c));

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "header/ListadoCodigos.h"
 #include "header/codes.h"
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,7 +28,7 @@ class Listas : public EnAmbosStores {
     }
     std::string devueltos(const char *clave) const {
         QStringList textos;
-        for (const FilaDeCodigo &f : ctx->CodeListings.Listado(L(clave)).filas)
+        for (const FilaDeCodigo &f : ListadoCodigosClass(*ctx).Listado(L(clave)).filas)
             textos << f.devuelto + u'|' + f.codigo;
         return textos.join(u'\n').toStdString();
     }
@@ -33,13 +36,12 @@ class Listas : public EnAmbosStores {
 };
 
 TEST_P(Listas, SubregimesShowAndAnswerCodeAndDescription) {
-    ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('IG','General','E')"),
-             QStringLiteral("SYSTABLAS"));
-    ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('IC04',' Consumo ','I')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('IG','General','E')"_s, u"SYSTABLAS"_s);
+    ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('IC04',' Consumo ','I')"_s,
+             u"SYSTABLAS"_s);
     // The same code and description twice is one row.
-    ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('IC04',' Consumo ','I')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('IC04',' Consumo ','I')"_s,
+             u"SYSTABLAS"_s);
     const Traza traza;
     EXPECT_EQ(listar("SUBREG", 1).toStdString(), "IG   General");
     EXPECT_EQ(vistas(), "IC04 Consumo\nIG   General");
@@ -144,7 +146,7 @@ TEST_P(Listas, EachKeyHasItsStatementItsRowsAndItsAnswers) {
 }
 
 TEST_P(Listas, AUnitRowsDescriptionBeginsWithABlank) {
-    ejecutar(QStringLiteral("insert into unidades (id,descripcion) values ('01','KILOGRAMO')"));
+    ejecutar(u"insert into unidades (id,descripcion) values ('01','KILOGRAMO')"_s);
     EXPECT_EQ(listar("UNIDADES", 0).toStdString(), " KILOGRAMO");
     EXPECT_EQ(codigo.toStdString(), "01");
     // id padded to 4, a blank, the description with its own.
@@ -153,20 +155,20 @@ TEST_P(Listas, AUnitRowsDescriptionBeginsWithABlank) {
 
 TEST_P(Listas, ACurrencyDescriptionLongerThanItsWidthIsKeptUnpadded) {
     ejecutar(
-        QStringLiteral("insert into divisas (id,descripcion,imp) values "
-                       "('099','Peso de la República Oriental del Uruguay',0.025)"));
+        u"insert into divisas (id,descripcion,imp) values "
+        "('099','Peso de la República Oriental del Uruguay',0.025)"_s);
     EXPECT_EQ(devueltos("DIVISAS"), "099  Peso de la República Oriental del Uruguay 000.025000|099");
 }
 
 TEST_P(Listas, APortAnswersItsCodeAndItsNameApart) {
-    ejecutar(QStringLiteral("insert into puertos (cpor,lpor) values ('ARBUE','BUENOS AIRES')"));
+    ejecutar(u"insert into puertos (cpor,lpor) values ('ARBUE','BUENOS AIRES')"_s);
     EXPECT_EQ(listar("PUERTO", 0).toStdString(), "BUENOS AIRES");
     EXPECT_EQ(codigo.toStdString(), "ARBUE");
     EXPECT_EQ(aux.toStdString(), "BUENOS AIRES");
 }
 
 TEST_P(Listas, ACurrencyAnswersItsRateWhenItIsAskedFor) {
-    ejecutar(QStringLiteral("insert into divisas (id,descripcion,imp) values ('060','Euro',1.085)"));
+    ejecutar(u"insert into divisas (id,descripcion,imp) values ('060','Euro',1.085)"_s);
     listar("DIVISAS", 0, "Div");
     EXPECT_EQ(codigo.toStdString(), "060");
     EXPECT_EQ(aux.toStdString(), "01.085000");
@@ -175,21 +177,19 @@ TEST_P(Listas, ACurrencyAnswersItsRateWhenItIsAskedFor) {
 }
 
 TEST_P(Listas, LeavingTheListAnswersNothingAndTouchesNothing) {
-    ejecutar(QStringLiteral("insert into pais (id,descripcion) values ('200','ARGENTINA')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into pais (id,descripcion) values ('200','ARGENTINA')"_s, u"SYSTABLAS"_s);
     for (const int fila : {-1, -2, 5}) {
         registro.indices = {fila};
-        codigo = QStringLiteral("was");
-        aux = QStringLiteral("Div");
-        EXPECT_TRUE(Listar(*ctx, QStringLiteral("PAIS"), codigo, aux).isEmpty()) << fila;
+        codigo = u"was"_s;
+        aux = u"Div"_s;
+        EXPECT_TRUE(Listar(*ctx, u"PAIS"_s, codigo, aux).isEmpty()) << fila;
         EXPECT_EQ(codigo.toStdString(), "was");
         EXPECT_EQ(aux.toStdString(), "Div");
     }
 }
 
 TEST_P(Listas, ARowWithoutTextAnswersNothing) {
-    ejecutar(QStringLiteral("insert into bancos (id,descripcion) values (null,'SIN CODIGO')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into bancos (id,descripcion) values (null,'SIN CODIGO')"_s, u"SYSTABLAS"_s);
     EXPECT_TRUE(listar("BANCOS", 0).isEmpty());
     EXPECT_TRUE(codigo.isEmpty());
 }
@@ -202,8 +202,7 @@ TEST_P(Listas, TheReasonsOfHeadersAreNotOffered) {
 }
 
 TEST_P(Listas, AnyOtherKeyIsTheNameOfATable) {
-    ejecutar(QStringLiteral("insert into informacion (id,descripcion) values ('A1','Dato')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into informacion (id,descripcion) values ('A1','Dato')"_s, u"SYSTABLAS"_s);
     EXPECT_EQ(listar("INFORMACION", 0).toStdString(), "Dato");
     EXPECT_EQ(codigo.toStdString(), "A1");
     // A table that is not there is a failed look-up: nothing is shown.
@@ -213,14 +212,13 @@ TEST_P(Listas, AnyOtherKeyIsTheNameOfATable) {
 }
 
 TEST_P(Listas, F6FillsTheFieldAndTheDescriptionBesideIt) {
-    ejecutar(QStringLiteral("insert into bancos (id,descripcion) values ('007','GALICIA')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into bancos (id,descripcion) values ('007','GALICIA')"_s, u"SYSTABLAS"_s);
     registro.indices = {0};
-    CampoDeCodigo campo{QStringLiteral("1"), QStringLiteral("old"), {}};
-    EXPECT_TRUE(ElegirCodigo(*ctx, QStringLiteral("BANCOS"), campo));
+    CampoDeCodigo campo{u"1"_s, u"old"_s, {}};
+    EXPECT_TRUE(ElegirCodigo(*ctx, u"BANCOS"_s, campo));
     EXPECT_EQ(campo.codigo.toStdString(), "007");
     EXPECT_EQ(campo.descripcion.toStdString(), "GALICIA");
-    EXPECT_FALSE(ElegirCodigo(*ctx, QStringLiteral("BANCOS"), campo));
+    EXPECT_FALSE(ElegirCodigo(*ctx, u"BANCOS"_s, campo));
     EXPECT_EQ(campo.codigo.toStdString(), "007");
 }
 

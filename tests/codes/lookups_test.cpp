@@ -6,6 +6,8 @@
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -78,15 +80,14 @@ TEST_P(Busquedas, EachKeyReadsItsTableThroughTheEntityOfTheService) {
             const QString primera = traza.sentencias().value(0);
             const QString esperada = c.descripcion == nullptr
                                          ? QString()
-                                         : QStringLiteral("%1|select descripcion from %2 where id ='%3'")
-                                               .arg(L(c.entidadDescripcion), L(c.tabla), L(c.codigo));
+                                         : u"%1|select descripcion from %2 where id ='%3'"_s.arg(
+                                               L(c.entidadDescripcion), L(c.tabla), L(c.codigo));
             EXPECT_EQ(primera.toStdString(), esperada.toStdString());
         }
         const Traza traza;
         EXPECT_EQ(id(c.clave, c.codigo).toStdString(), c.codigo);
         EXPECT_EQ(traza.sentencias().value(0).toStdString(),
-                  QStringLiteral("%1|select id from %2 where id ='%3'")
-                      .arg(L(c.entidadId), L(c.tabla), L(c.codigo))
+                  u"%1|select id from %2 where id ='%3'"_s.arg(L(c.entidadId), L(c.tabla), L(c.codigo))
                       .toStdString());
     }
     EXPECT_TRUE(registro.mensajes.empty());
@@ -142,8 +143,8 @@ TEST_P(Busquedas, AMissingCodeIsToldInTheServicesOwnWords) {
 }
 
 TEST_P(Busquedas, SilenceSuppressesTheWarningAndChangesNothingElse) {
-    aux = QStringLiteral("Div");
-    EXPECT_TRUE(BuscarDescripcion(*ctx, QStringLiteral("DIVISAS"), QStringLiteral("999"), aux, 1).isEmpty());
+    aux = u"Div"_s;
+    EXPECT_TRUE(BuscarDescripcion(*ctx, u"DIVISAS"_s, u"999"_s, aux, 1).isEmpty());
     EXPECT_TRUE(registro.mensajes.empty());
     EXPECT_TRUE(aux.isEmpty());
     EXPECT_EQ(descripcion("DIVISAS", "060", 1).toStdString(), "Euro");
@@ -163,7 +164,7 @@ TEST_P(Busquedas, TheAuxTextBringsTheDirectionOrTheRate) {
 }
 
 TEST_P(Busquedas, AStoreErrorGivesTheEmptyTextWithoutAWord) {
-    ejecutar(QStringLiteral("drop table pais"), QStringLiteral("SYSTABLAS"));
+    ejecutar(u"drop table pais"_s, u"SYSTABLAS"_s);
     bool reloj = false;
     ctx->dialogos.reloj = [&reloj](bool puesto) { reloj = puesto; };
     EXPECT_TRUE(descripcion("PAIS", "200").isEmpty());
@@ -172,22 +173,22 @@ TEST_P(Busquedas, AStoreErrorGivesTheEmptyTextWithoutAWord) {
 }
 
 TEST_P(Busquedas, EnterOnACodedFieldFillsOrEmptiesWhatStandsBesideIt) {
-    CampoDeCodigo campo{QStringLiteral("200"), {}, {}};
-    EXPECT_TRUE(ConfirmarCodigo(*ctx, QStringLiteral("PAIS"), campo));
+    CampoDeCodigo campo{u"200"_s, {}, {}};
+    EXPECT_TRUE(ConfirmarCodigo(*ctx, u"PAIS"_s, campo));
     EXPECT_EQ(campo.descripcion.toStdString(), "ARGENTINA");
-    campo.codigo = QStringLiteral("999");
-    EXPECT_FALSE(ConfirmarCodigo(*ctx, QStringLiteral("PAIS"), campo));
+    campo.codigo = u"999"_s;
+    EXPECT_FALSE(ConfirmarCodigo(*ctx, u"PAIS"_s, campo));
     EXPECT_TRUE(campo.descripcion.isEmpty());
     EXPECT_EQ(campo.codigo.toStdString(), "999");
     EXPECT_EQ(registro.mensajes.size(), 1U);
 
-    campo = {QString(), QStringLiteral("ARGENTINA"), {}};
-    EXPECT_TRUE(ConfirmarCodigo(*ctx, QStringLiteral("PAIS"), campo));
+    campo = {QString(), u"ARGENTINA"_s, {}};
+    EXPECT_TRUE(ConfirmarCodigo(*ctx, u"PAIS"_s, campo));
     EXPECT_TRUE(campo.descripcion.isEmpty());
 
     // The code comes back as stored, whatever the case it was typed in.
-    campo = {QStringLiteral("fob"), {}, {}};
-    EXPECT_TRUE(ConfirmarCodigo(*ctx, QStringLiteral("CODVENTA"), campo, ServicioDeCodigo::Id));
+    campo = {u"fob"_s, {}, {}};
+    EXPECT_TRUE(ConfirmarCodigo(*ctx, u"CODVENTA"_s, campo, ServicioDeCodigo::Id));
     EXPECT_EQ(campo.codigo.toStdString(), "FOB");
 }
 
@@ -206,9 +207,9 @@ TEST(CamposDeCodigo, ANumericCodeShorterThanThreeTakesZeros) {
 }
 
 TEST(CamposDeCodigo, TheTagNamesTheKey) {
-    EXPECT_EQ(ClaveDeEtiqueta(QStringLiteral("LL-PAIS")).toStdString(), "PAIS");
-    EXPECT_EQ(ClaveDeEtiqueta(QStringLiteral("LL-PAIS#F6")).toStdString(), "PAIS");
-    EXPECT_EQ(ClaveDeEtiqueta(QStringLiteral("NOENTER")).toStdString(), "");
+    EXPECT_EQ(ClaveDeEtiqueta(u"LL-PAIS"_s).toStdString(), "PAIS");
+    EXPECT_EQ(ClaveDeEtiqueta(u"LL-PAIS#F6"_s).toStdString(), "PAIS");
+    EXPECT_EQ(ClaveDeEtiqueta(u"NOENTER"_s).toStdString(), "");
 }
 
 EN_AMBOS_STORES(Busquedas);

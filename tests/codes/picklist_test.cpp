@@ -1,18 +1,20 @@
 // The search as one types, and lists of real size.
 
-#include "header/picklist.h"
+#include "frame/picklist.h"
 
 #include <gtest/gtest.h>
 
+#include "header/ListadoCodigos.h"
 #include "header/codes.h"
 #include "tests/support/tiempos.h"
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(BusquedaPorPrefijo, IgnoresCaseAndAccentsAndTheBlankOfUnits) {
-    const QStringList filas{QStringLiteral("Zinc"), QStringLiteral("Aérea"), QStringLiteral(" METRO CÚBICO"),
-                            QStringLiteral("AEROSOL"), QStringLiteral("Ñandú")};
+    const QStringList filas{u"Zinc"_s, u"Aérea"_s, u" METRO CÚBICO"_s, u"AEROSOL"_s, u"Ñandú"_s};
     const BuscadorPorPrefijo buscador(filas);
     struct Caso {
         const char *texto;
@@ -22,23 +24,23 @@ TEST(BusquedaPorPrefijo, IgnoresCaseAndAccentsAndTheBlankOfUnits) {
     const Caso casos[] = {{"aer", 1},  {"AÉR", 1},    {"aero", 3}, {"metro cu", 2}, {" metro", 2}, {"z", 0},
                           {"Zinc", 0}, {"zincs", -1}, {"x", -1},   {"ñan", 4},      {"NAN", 4},    {"", 0}};
     for (const Caso &c : casos) EXPECT_EQ(buscador.Primera(QString::fromUtf8(c.texto)), c.fila) << c.texto;
-    EXPECT_EQ(BuscadorPorPrefijo().Primera(QStringLiteral("a")), -1);
+    EXPECT_EQ(BuscadorPorPrefijo().Primera(u"a"_s), -1);
 }
 
 TEST(EstadoDeUnaLista, TypingChoosesTheFirstRowThatBeginsSoAndNoMatchChoosesNone) {
-    EstadoDeLista lista({QStringLiteral("Bolsa"), QStringLiteral("Caja"), QStringLiteral("Cajón")});
+    EstadoDeLista lista({u"Bolsa"_s, u"Caja"_s, u"Cajón"_s});
     EXPECT_EQ(lista.actual, -1);
-    lista.Escribir(QStringLiteral("caj"));
+    lista.Escribir(u"caj"_s);
     EXPECT_EQ(lista.actual, 1);
-    lista.Escribir(QStringLiteral("cajo"));
+    lista.Escribir(u"cajo"_s);
     EXPECT_EQ(lista.actual, 2);
-    lista.Escribir(QStringLiteral("cajx"));
+    lista.Escribir(u"cajx"_s);
     EXPECT_EQ(lista.actual, -1);
     EXPECT_EQ(lista.texto.toStdString(), "cajx");
 }
 
 TEST(EstadoDeUnaLista, ArrowsMoveWithinTheListAndReplaceTheText) {
-    EstadoDeLista lista({QStringLiteral("Bolsa"), QStringLiteral("Caja"), QStringLiteral("Cajón")});
+    EstadoDeLista lista({u"Bolsa"_s, u"Caja"_s, u"Cajón"_s});
     EXPECT_FALSE(lista.Mover(-1));
     EXPECT_EQ(lista.actual, -1);
     EXPECT_TRUE(lista.Mover(1));
@@ -60,23 +62,22 @@ TEST(EstadoDeUnaLista, ArrowsMoveWithinTheListAndReplaceTheText) {
 }
 
 TEST(ListaGeneral, SearchesFromTheRowInHandOn) {
-    const QStringList filas{QStringLiteral("Tornillo"), QStringLiteral("Tuerca"),
-                            QStringLiteral("Atornillador")};
-    EXPECT_EQ(BuscarCadena(filas, QStringLiteral("TORN"), -1), 0);
-    EXPECT_EQ(BuscarCadena(filas, QStringLiteral("torn"), 0), 2);
+    const QStringList filas{u"Tornillo"_s, u"Tuerca"_s, u"Atornillador"_s};
+    EXPECT_EQ(BuscarCadena(filas, u"TORN"_s, -1), 0);
+    EXPECT_EQ(BuscarCadena(filas, u"torn"_s, 0), 2);
     // Nothing behind the row in hand: the row in hand itself holds it.
-    EXPECT_EQ(BuscarCadena(filas, QStringLiteral("torn"), 2), 2);
+    EXPECT_EQ(BuscarCadena(filas, u"torn"_s, 2), 2);
     // It does not go round.
-    EXPECT_EQ(BuscarCadena(filas, QStringLiteral("tuerca"), 2), -1);
-    EXPECT_EQ(BuscarCadena(filas, QStringLiteral("x"), 0), -1);
+    EXPECT_EQ(BuscarCadena(filas, u"tuerca"_s, 2), -1);
+    EXPECT_EQ(BuscarCadena(filas, u"x"_s, 0), -1);
 }
 
 TEST(ListaGeneral, AsksForTheTextAndTellsWhenNothingMatches) {
     AppContext ctx;
     Registro registro;
     ctx.dialogos = DialogosDePrueba(registro);
-    const QStringList filas{QStringLiteral("Tornillo"), QStringLiteral("Tuerca")};
-    registro.textos = {QStringLiteral("tuer"), QStringLiteral("zzz"), std::nullopt};
+    const QStringList filas{u"Tornillo"_s, u"Tuerca"_s};
+    registro.textos = {u"tuer"_s, u"zzz"_s, std::nullopt};
     EXPECT_EQ(BuscarCod(ctx, filas, -1), 1);
     EXPECT_EQ(BuscarDesc(ctx, filas, 0), -1);
     EXPECT_EQ(BuscarDesc(ctx, filas, 0), -1);
@@ -95,31 +96,28 @@ TEST_P(ListaGrande, TwentyThousandRowsOpenInUnder200MsAndSearchAsOneTypes) {
     for (int desde = 0; desde < filas; desde += porVez) {
         QStringList valores;
         for (int i = desde; i < desde + porVez; ++i)
-            valores << QStringLiteral("('%1','Aduana número %2')")
-                           .arg(i)
-                           .arg((i * 7919) % filas, 5, 10, QLatin1Char('0'));
-        ejecutar(QStringLiteral("insert into aduana (id,descripcion) values ") + valores.join(u','),
-                 QStringLiteral("SYSTABLAS"));
+            valores << u"('%1','Aduana número %2')"_s.arg(i).arg((i * 7919) % filas, 5, 10, QLatin1Char('0'));
+        ejecutar(u"insert into aduana (id,descripcion) values "_s + valores.join(u','), u"SYSTABLAS"_s);
     }
     ctx->dialogos.elegir = [&](const Eleccion &e) {
         EstadoDeLista lista(e.filas, e.inicial);
         EXPECT_EQ(lista.filas.size(), filas);
-        lista.Escribir(QStringLiteral("ADUANA NUMERO 1234"));
+        lista.Escribir(u"ADUANA NUMERO 1234"_s);
         return lista.actual;
     };
     const double abierta = MejorTiempo([this] {
         QString codigo;
         QString aux;
-        EXPECT_EQ(Listar(*ctx, QStringLiteral("ADUANA"), codigo, aux).toStdString(), "Aduana número 12340");
+        EXPECT_EQ(Listar(*ctx, u"ADUANA"_s, codigo, aux).toStdString(), "Aduana número 12340");
     });
     EXPECT_LT(abierta, 200);
 
-    EstadoDeLista lista(ctx->CodeListings.Listado(QStringLiteral("ADUANA")).vistas());
+    EstadoDeLista lista(ListadoCodigosClass(*ctx).Listado(u"ADUANA"_s).vistas());
     constexpr int veces = 100;
     const double busqueda = MejorTiempo([&lista] {
                                 for (int i = 0; i < veces; ++i) {
-                                    lista.Escribir(QStringLiteral("a"));
-                                    lista.Escribir(QStringLiteral("ADUANA NUMERO 1234"));
+                                    lista.Escribir(u"a"_s);
+                                    lista.Escribir(u"ADUANA NUMERO 1234"_s);
                                 }
                             }) /
                             (2.0 * veces);

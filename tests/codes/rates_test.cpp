@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "header/codes.h"
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,15 +15,13 @@ class Cotizaciones : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
-        ejecutar(QStringLiteral("insert into divisas (id,descripcion,imp) values ('060','Euro',1.085)"));
+        ctx->SeparadorDecimal = QLatin1Char('.');
+        ejecutar(u"insert into divisas (id,descripcion,imp) values ('060','Euro',1.085)"_s);
     }
     std::string controlar(const char *divisa, const char *valor) {
         return ControlDivisa(*ctx, QString::fromUtf8(divisa), QString::fromUtf8(valor)).toStdString();
     }
-    std::string guardado() {
-        return valor(QStringLiteral("select imp from divisas where id = '060'")).toStdString();
-    }
+    std::string guardado() { return valor(u"select imp from divisas where id = '060'"_s).toStdString(); }
 };
 
 TEST_P(Cotizaciones, AnEmptyCurrencyReturnsAtOnce) {
@@ -63,7 +63,7 @@ TEST_P(Cotizaciones, OnYesTheTypedRateIsStoredAsTheDefault) {
 
 TEST_P(Cotizaciones, ARateThatChangesNoRowIsTold) {
     ctx->dialogos.preguntar = [this](const Pregunta &) {
-        ejecutar(QStringLiteral("delete from divisas"));
+        ejecutar(u"delete from divisas"_s);
         return true;
     };
     EXPECT_EQ(controlar("060", "2"), "2");

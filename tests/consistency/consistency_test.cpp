@@ -1,10 +1,12 @@
 // The report that says whether lines, groups, items and header agree on their countries.
 
-#include "operations/consistency.h"
+#include "liquidation/consistency.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,29 +21,25 @@ class Comprobacion : public EnAmbosStores {
  protected:
     void caratula(const char *origen, const char *forzar, const char *destino, const char *interno = "OP1") {
         ejecutar(
-            QStringLiteral(
-                "insert into caratula (interno,dcpaisorigen,dcforzarpaisorigen,dcpaisdestino) values ('%1',"
-                "%2,%3,%4)")
-                .arg(QLatin1String(interno), QLatin1String(origen), QLatin1String(forzar),
-                     QLatin1String(destino)));
+            u"insert into caratula (interno,dcpaisorigen,dcforzarpaisorigen,dcpaisdestino) values ('%1',"
+            "%2,%3,%4)"_s.arg(QLatin1String(interno), QLatin1String(origen), QLatin1String(forzar),
+                              QLatin1String(destino)));
     }
     void item(int id, const char *origen, const char *destino, const char *interno = "OP1") {
-        ejecutar(QStringLiteral("insert into item (interno,id,idpais,idproc) values ('%1',%2,%3,%4)")
+        ejecutar(u"insert into item (interno,id,idpais,idproc) values ('%1',%2,%3,%4)"_s
                      .arg(QLatin1String(interno))
                      .arg(id)
                      .arg(QLatin1String(origen), QLatin1String(destino)));
     }
     /// A line and the group that it represents, in item `id`.
     void grupo(int id, const Pais &origen, const Pais &destino, const char *interno = "OP1") {
-        ejecutar(QStringLiteral("insert into subitems (interno,idpais,idpaisproc) values ('%1',%2,%3)")
-                     .arg(QLatin1String(interno), QLatin1String(origen.sub), QLatin1String(destino.sub)));
-        ejecutar(
-            QStringLiteral(
-                "insert into groupsubitems (interno,id,idsub,idpais,idpaisproc) values ('%1',%2,%3,%4,%5)")
-                .arg(QLatin1String(interno))
-                .arg(id)
-                .arg(valor(QStringLiteral("select max(id) as n from subitems")), QLatin1String(origen.grupo),
-                     QLatin1String(destino.grupo)));
+        ejecutar(u"insert into subitems (interno,idpais,idpaisproc) values ('%1',%2,%3)"_s.arg(
+            QLatin1String(interno), QLatin1String(origen.sub), QLatin1String(destino.sub)));
+        ejecutar(u"insert into groupsubitems (interno,id,idsub,idpais,idpaisproc) values ('%1',%2,%3,%4,%5)"_s
+                     .arg(QLatin1String(interno))
+                     .arg(id)
+                     .arg(valor(u"select max(id) as n from subitems"_s), QLatin1String(origen.grupo),
+                          QLatin1String(destino.grupo)));
     }
     /// An item of one group.
     void todo(int id, const Pais &origen, const Pais &destino, const char *interno = "OP1") {
@@ -50,15 +48,15 @@ class Comprobacion : public EnAmbosStores {
     }
     void vaciar() {
         for (const char *tabla : {"caratula", "subitems", "groupsubitems", "item"})
-            ejecutar(QStringLiteral("delete from %1").arg(QLatin1String(tabla)));
+            ejecutar(u"delete from %1"_s.arg(QLatin1String(tabla)));
         registro = {};
     }
     /// The report, with "\n" for its line ends; sets `diferencias`.
     std::string reporte(const char *interno = "OP1") {
         diferencias = false;
         const QString texto = GenerarReporte(*ctx, QString::fromLatin1(interno), diferencias);
-        EXPECT_TRUE(texto.isEmpty() || texto.endsWith(QLatin1String("\r\n")));
-        return QString(texto).replace(QLatin1String("\r\n"), QLatin1String("\n")).toStdString();
+        EXPECT_TRUE(texto.isEmpty() || texto.endsWith("\r\n"_L1));
+        return QString(texto).replace("\r\n"_L1, "\n"_L1).toStdString();
     }
 
     const Pais iguales{"'203'", "'203'", "'203'"};
@@ -250,8 +248,8 @@ TEST_P(Comprobacion, EveryFindingOfAnEarlierItemSetsTheResult) {
         todo(2, c.origen, c.destino);
         const std::string de1 = c.reporte;
         const std::string de2 = QString::fromUtf8(c.reporte)
-                                    .replace(QLatin1String("Item:1"), QLatin1String("Item:2"))
-                                    .replace(QLatin1String("Item: 1"), QLatin1String("Item: 2"))
+                                    .replace("Item:1"_L1, "Item:2"_L1)
+                                    .replace("Item: 1"_L1, "Item: 2"_L1)
                                     .toStdString();
         EXPECT_EQ(reporte(), (de1.empty() ? "Item: 1 Verificacion OK\n" : de1) + de2) << c.que;
         EXPECT_EQ(diferencias, !de1.empty()) << c.que;
@@ -261,7 +259,7 @@ TEST_P(Comprobacion, EveryFindingOfAnEarlierItemSetsTheResult) {
 TEST_P(Comprobacion, OneItemWhoseCountriesDisagreeGivesNoReport) {
     caratula("''", "'N'", "'200'");
     todo(1, {"'203'", "'105'", "'105'"}, argentina);
-    EXPECT_FALSE(ComprobarInterno(*ctx, QStringLiteral("OP1")));
+    EXPECT_FALSE(ComprobarInterno(*ctx, u"OP1"_s));
     EXPECT_TRUE(registro.informes.empty());
     EXPECT_TRUE(registro.mensajes.empty());
     EXPECT_NE(reporte(), "") << "the finding stands in a text that nobody sees";
@@ -271,7 +269,7 @@ TEST_P(Comprobacion, OfTwoItemsTheFirstWithAFindingBringsTheFindingsOfBoth) {
     caratula("''", "'N'", "'200'");
     todo(1, {"'203'", "'203'", "'105'"}, argentina);
     todo(2, iguales, {"'200'", "'200'", "'310'"});
-    EXPECT_TRUE(ComprobarInterno(*ctx, QStringLiteral("OP1")));
+    EXPECT_TRUE(ComprobarInterno(*ctx, u"OP1"_s));
     ASSERT_EQ(registro.informes.size(), 1U);
     EXPECT_EQ(registro.informes[0].titulo.toStdString(), "Zendra v3 - Reporte de Diferencias Encontradas.");
     EXPECT_TRUE(registro.informes[0].comoLista);
@@ -286,7 +284,7 @@ TEST_P(Comprobacion, OfTwoItemsTheSecondWithAFindingBringsNone) {
     caratula("''", "'N'", "'200'");
     todo(1, iguales, argentina);
     todo(2, {"'203'", "'203'", "'105'"}, argentina);
-    EXPECT_FALSE(ComprobarInterno(*ctx, QStringLiteral("OP1")));
+    EXPECT_FALSE(ComprobarInterno(*ctx, u"OP1"_s));
     EXPECT_TRUE(registro.informes.empty());
     EXPECT_EQ(reporte().substr(0, 24), "Item: 1 Verificacion OK\n");
 }
@@ -363,7 +361,7 @@ TEST_P(Comprobacion, AnOperationThatWasNeverArmedIsAnErrorOfTheReport) {
     item(0, "'203'", "'200'");
     EXPECT_EQ(reporte(), "Error Analizando Interno en Item/SubItems/GroupSubItems\n");
     EXPECT_TRUE(diferencias);
-    EXPECT_TRUE(ComprobarInterno(*ctx, QStringLiteral("OP1")));
+    EXPECT_TRUE(ComprobarInterno(*ctx, u"OP1"_s));
     EXPECT_EQ(registro.informes.size(), 1U);
 }
 
@@ -377,7 +375,7 @@ TEST_P(Comprobacion, AKeyThatIsNowhereGivesBothErrors) {
 TEST_P(Comprobacion, LinesWithoutGroupAndGroupsWithoutItemAreNotLookedAt) {
     caratula("''", "'N'", "'200'");
     todo(1, iguales, argentina);
-    ejecutar(QStringLiteral("insert into subitems (interno,idpais) values ('OP1','999')"));
+    ejecutar(u"insert into subitems (interno,idpais) values ('OP1','999')"_s);
     grupo(7, {"'101'", "'102'", ""}, argentina);
     todo(2, iguales, argentina);
     EXPECT_EQ(reporte(), "Item: 1 Verificacion OK\n");
@@ -391,8 +389,8 @@ TEST_P(Comprobacion, AnotherOperationOfTheSameNumbersDoesNotCount) {
         todo(id, iguales, argentina);
         todo(id, {"'101'", "'102'", "'103'"}, argentina, "OP2");
     }
-    EXPECT_FALSE(ComprobarInterno(*ctx, QStringLiteral("OP1")));
-    EXPECT_TRUE(ComprobarInterno(*ctx, QStringLiteral("OP2")));
+    EXPECT_FALSE(ComprobarInterno(*ctx, u"OP1"_s));
+    EXPECT_TRUE(ComprobarInterno(*ctx, u"OP2"_s));
 }
 
 TEST_P(Comprobacion, TheStatementsAreTheOnesThatStoresKnow) {
@@ -415,7 +413,7 @@ TEST_P(Comprobacion, TheStatementsAreTheOnesThatStoresKnow) {
 }
 
 TEST_P(Comprobacion, AKeyWithAQuoteReachesTheCallerAsTheStoresError) {
-    EXPECT_THROW(ComprobarInterno(*ctx, QStringLiteral("O'P")), ErrorDeStore);
+    EXPECT_THROW(ComprobarInterno(*ctx, u"O'P"_s), Falla);
     EXPECT_TRUE(registro.informes.empty());
 }
 

@@ -5,29 +5,31 @@
 #include <QDate>
 
 #include "assembly/run.h"
+#include "frame/base/values.h"
 #include "frame/startup.h"
-#include "frame/values.h"
 #include "operations/lifecycle.h"
-#include "siblings/oOperationCopy.h"
+#include "operations/oOperationCopy.h"
 #include "tests/support/tienda.h"
 #include "upgrade/schema.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString origen = QStringLiteral("ORIGINAL");
-const QString destino = QStringLiteral("LA COPIA");
+const QString origen = u"ORIGINAL"_s;
+const QString destino = u"LA COPIA"_s;
 
 /// Every table that knows operations; the lock row says where one is open, which a copy is not.
 std::vector<const esquema::Tabla *> tablasDeOperacion() {
     std::vector<const esquema::Tabla *> lista;
     for (const esquema::Tabla &t : esquema::tablas())
-        if (t.columna(u"interno") && t.nombre != QLatin1String("interno")) lista.push_back(&t);
+        if (t.columna(u"interno") && t.nombre != "interno"_L1) lista.push_back(&t);
     return lista;
 }
 
 bool nombraLinea(const esquema::Tabla &t, const QString &columna) {
-    return (t.nombre == QLatin1String("groupsubitems") || t.nombre == QLatin1String("idrel")) &&
-           (columna == QLatin1String("idsub") || columna == QLatin1String("idroot"));
+    return (t.nombre == "groupsubitems"_L1 || t.nombre == "idrel"_L1) &&
+           (columna == "idsub"_L1 || columna == "idroot"_L1);
 }
 
 class Copia : public EnAmbosStores {
@@ -40,21 +42,21 @@ class Copia : public EnAmbosStores {
                 return ctx->DataManager.getDateFormatbyEntity(
                     t.entidad, QDateTime(QDate(2024, 2, 29), QTime(23, 59, 58)));
             case esquema::Tipo::TextoNumerico:
-                return fila == 0 ? QStringLiteral("'12.5'") : QStringLiteral("' suelto '");
+                return fila == 0 ? u"'12.5'"_s : u"' suelto '"_s;
             default:
                 // What a text may hold: quotes, line ends, letters of other alphabets, blanks at its ends.
-                return QStringLiteral("' %1.%2 ''Ñandú'' \"Ω\"\r\n%3 '").arg(t.nombre, c.nombre).arg(fila);
+                return u"' %1.%2 ''Ñandú'' \"Ω\"\r\n%3 '"_s.arg(t.nombre, c.nombre).arg(fila);
         }
     }
     /// Three rows of the operation in a table: two full ones and one of nulls (one full row of the header).
     void llenar(const esquema::Tabla &t, const QString &interno) {
-        const int cuantas = t.nombre == QLatin1String("caratula") ? 1 : 3;
+        const int cuantas = t.nombre == "caratula"_L1 ? 1 : 3;
         for (int fila = 0; fila < cuantas; ++fila) {
             QStringList columnas;
             QStringList valores;
             for (const esquema::Columna &c : t.columnas) {
                 if (c.tipo == esquema::Tipo::Generado) continue;
-                const bool clave = c.nombre == QLatin1String("interno");
+                const bool clave = c.nombre == "interno"_L1;
                 if (fila == 2 && !clave) continue;
                 columnas << c.nombre;
                 if (clave)
@@ -64,37 +66,36 @@ class Copia : public EnAmbosStores {
                 else
                     valores << literal(t, c, fila);
             }
-            ejecutar(QStringLiteral("insert into %1 (").arg(t.nombre) + columnas.join(QLatin1Char(',')) +
-                         QStringLiteral(") values (") + valores.join(QLatin1Char(',')) + QStringLiteral(")"),
+            ejecutar(u"insert into %1 ("_s.arg(t.nombre) + columnas.join(QLatin1Char(',')) + u") values ("_s +
+                         valores.join(QLatin1Char(',')) + u")"_s,
                      t.entidad);
         }
     }
     void llenarTodo(const QString &interno = origen) {
         llenar(*esquema::buscarTabla(u"subitems"), interno);
         for (const esquema::Tabla *t : tablasDeOperacion())
-            if (t->nombre != QLatin1String("subitems")) llenar(*t, interno);
+            if (t->nombre != "subitems"_L1) llenar(*t, interno);
     }
     /// The identities of an operation's lines, in order.
     QStringList lineas(const QString &interno) {
-        return filas(QStringLiteral("select id from subitems where interno = '%1' order by id").arg(interno))
+        return filas(u"select id from subitems where interno = '%1' order by id"_s.arg(interno))
             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
     /// The rows of a table, sorted; the key is left out, and identities of lines are told by their place.
     std::string contenido(const esquema::Tabla &t, const QString &interno,
-                          const QStringList &sin = {QStringLiteral("interno")}) {
+                          const QStringList &sin = {u"interno"_s}) {
         const QStringList ids = lineas(interno);
         Recordset rs;
-        Consultar(*ctx, t.entidad,
-                  QStringLiteral("select * from %1 where interno = '%2'").arg(t.nombre, interno), rs);
+        Consultar(*ctx, t.entidad, u"select * from %1 where interno = '%2'"_s.arg(t.nombre, interno), rs);
         QStringList todas;
         for (; !rs.Eof(); rs.MoveNext()) {
             QStringList celdas;
             for (const esquema::Columna &c : t.columnas) {
                 if (sin.contains(c.nombre)) continue;
                 const QVariant v = rs.Fields(c.nombre).Value;
-                QString texto = v.isNull() ? QStringLiteral("<null>") : EsNull(v);
+                QString texto = v.isNull() ? u"<null>"_s : EsNull(v);
                 if (c.tipo == esquema::Tipo::Generado || nombraLinea(t, c.nombre))
-                    texto = QStringLiteral("line %1").arg(ids.indexOf(texto));
+                    texto = u"line %1"_s.arg(ids.indexOf(texto));
                 celdas << c.nombre + QLatin1Char('=') + texto;
             }
             todas << celdas.join(QLatin1Char('|'));
@@ -103,9 +104,7 @@ class Copia : public EnAmbosStores {
         return todas.join(QLatin1Char('\n')).toStdString();
     }
     int cuantas(const esquema::Tabla &t, const QString &interno) {
-        return valor(
-                   QStringLiteral("select count(*) as n from %1 where interno = '%2'").arg(t.nombre, interno),
-                   t.entidad)
+        return valor(u"select count(*) as n from %1 where interno = '%2'"_s.arg(t.nombre, interno), t.entidad)
             .toInt();
     }
     /// Every table of an operation in one text.
@@ -116,8 +115,8 @@ class Copia : public EnAmbosStores {
         return texto;
     }
     void soloCaratula(const QString &interno, const char *marca = "'N'") {
-        ejecutar(QStringLiteral("insert into caratula (interno,idsubreg,factura8) values ('%1','IC01',%2)")
-                     .arg(interno, QLatin1String(marca)));
+        ejecutar(u"insert into caratula (interno,idsubreg,factura8) values ('%1','IC01',%2)"_s.arg(
+            interno, QLatin1String(marca)));
     }
     QString pedir(const std::optional<QString> &escrito) {
         registro = {};
@@ -132,8 +131,7 @@ TEST_P(Copia, EveryTableOfTheOperationIsDuplicated) {
     EXPECT_TRUE(registro.mensajes.empty());
     EXPECT_GE(tablasDeOperacion().size(), 18U);
     for (const esquema::Tabla *t : tablasDeOperacion()) {
-        const QStringList sin{QStringLiteral("interno"), QStringLiteral("factura8"),
-                              QStringLiteral("fechaalta")};
+        const QStringList sin{u"interno"_s, u"factura8"_s, u"fechaalta"_s};
         EXPECT_GT(cuantas(*t, origen), 0) << t->nombre.toStdString();
         EXPECT_EQ(contenido(*t, origen, sin), contenido(*t, destino, sin)) << t->nombre.toStdString();
     }
@@ -141,36 +139,34 @@ TEST_P(Copia, EveryTableOfTheOperationIsDuplicated) {
 
 TEST_P(Copia, TheOriginalAndOtherOperationsAreNotTouched) {
     llenarTodo();
-    llenarTodo(QStringLiteral("OTRA"));
-    const std::string antes = todo(origen) + todo(QStringLiteral("OTRA"));
+    llenarTodo(u"OTRA"_s);
+    const std::string antes = todo(origen) + todo(u"OTRA"_s);
     EXPECT_EQ(pedir(destino), destino);
-    EXPECT_EQ(todo(origen) + todo(QStringLiteral("OTRA")), antes);
+    EXPECT_EQ(todo(origen) + todo(u"OTRA"_s), antes);
 }
 
 TEST_P(Copia, TheCopyWasNeverArmed) {
     for (const char *marca : {"'N'", "'S'", "null"}) {
-        ejecutar(QStringLiteral("delete from caratula"));
+        ejecutar(u"delete from caratula"_s);
         soloCaratula(origen, marca);
         EXPECT_EQ(pedir(destino), destino);
-        EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'LA COPIA'")),
-                  QStringLiteral("<null>"))
-            << marca;
+        EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'LA COPIA'"_s), u"<null>"_s) << marca;
     }
 }
 
 TEST_P(Copia, TheCopyWasCreatedToday) {
-    const QString alta = QStringLiteral("select fechaalta from caratula where interno = 'LA COPIA'");
+    const QString alta = u"select fechaalta from caratula where interno = 'LA COPIA'"_s;
     soloCaratula(origen);
     pedir(destino);
     Recordset rs;
-    ASSERT_TRUE(Consultar(*ctx, QStringLiteral("INTERNOS"), alta, rs));
+    ASSERT_TRUE(Consultar(*ctx, u"INTERNOS"_s, alta, rs));
     EXPECT_EQ(AFecha(rs.Fields(0).Value).date(), QDate::currentDate());
     // The process keeps the day on which it was started.
-    ejecutar(QStringLiteral("delete from caratula where interno = 'LA COPIA'"));
+    ejecutar(u"delete from caratula where interno = 'LA COPIA'"_s);
     ctx->TodayInternos =
-        ctx->DataManager.getDateFormatbyEntity(QStringLiteral("INTERNOS"), QDate(2026, 3, 1).startOfDay());
+        ctx->DataManager.getDateFormatbyEntity(u"INTERNOS"_s, QDate(2026, 3, 1).startOfDay());
     pedir(destino);
-    ASSERT_TRUE(Consultar(*ctx, QStringLiteral("INTERNOS"), alta, rs));
+    ASSERT_TRUE(Consultar(*ctx, u"INTERNOS"_s, alta, rs));
     EXPECT_EQ(AFecha(rs.Fields(0).Value).date(), QDate(2026, 3, 1));
 }
 
@@ -181,20 +177,20 @@ TEST_P(Copia, LinesHaveIdentitiesOfTheirOwnAndGroupsAndLinksFollow) {
     const QStringList nuevas = lineas(destino);
     ASSERT_EQ(nuevas.size(), 3);
     for (const QString &id : nuevas) EXPECT_FALSE(viejas.contains(id));
-    EXPECT_EQ(filas(QStringLiteral("select idsub from groupsubitems where interno = 'LA COPIA' and idsub is "
-                                   "not null order by idsub")),
+    EXPECT_EQ(filas(u"select idsub from groupsubitems where interno = 'LA COPIA' and idsub is "
+                    "not null order by idsub"_s),
               nuevas.first(2).join(QLatin1Char('\n')));
-    EXPECT_EQ(filas(QStringLiteral("select idroot,idsub from idrel where interno = 'LA COPIA' and idsub is "
-                                   "not null order by idsub")),
+    EXPECT_EQ(filas(u"select idroot,idsub from idrel where interno = 'LA COPIA' and idsub is "
+                    "not null order by idsub"_s),
               nuevas[0] + QLatin1Char('|') + nuevas[0] + QLatin1Char('\n') + nuevas[1] + QLatin1Char('|') +
                   nuevas[1]);
 }
 
 TEST_P(Copia, TheLockStaysWithTheOriginal) {
     soloCaratula(origen);
-    ejecutar(QStringLiteral("insert into interno (interno,maquina,usuario) values ('ORIGINAL','PC9','')"));
+    ejecutar(u"insert into interno (interno,maquina,usuario) values ('ORIGINAL','PC9','')"_s);
     EXPECT_EQ(pedir(destino), destino);
-    EXPECT_EQ(filas(QStringLiteral("select interno,maquina from interno")), QStringLiteral("ORIGINAL|PC9"));
+    EXPECT_EQ(filas(u"select interno,maquina from interno"_s), u"ORIGINAL|PC9"_s);
 }
 
 TEST_P(Copia, TheNewKeyIsAskedLikeThatOfANewOperation) {
@@ -209,9 +205,8 @@ TEST_P(Copia, TheNewKeyIsAskedLikeThatOfANewOperation) {
 
 TEST_P(Copia, TheNewKeyIsTrimmed) {
     soloCaratula(origen);
-    EXPECT_EQ(pedir(QStringLiteral("  LA COPIA ")), destino);
-    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula where interno = 'LA COPIA'")),
-              QStringLiteral("1"));
+    EXPECT_EQ(pedir(u"  LA COPIA "_s), destino);
+    EXPECT_EQ(valor(u"select count(*) as n from caratula where interno = 'LA COPIA'"_s), u"1"_s);
 }
 
 TEST_P(Copia, ACancelledOrEmptyKeyCopiesNothingAndSaysNothing) {
@@ -220,30 +215,30 @@ TEST_P(Copia, ACancelledOrEmptyKeyCopiesNothingAndSaysNothing) {
          {std::optional<QString>(), std::optional<QString>(QString()), std::optional<QString>("   ")}) {
         EXPECT_TRUE(pedir(escrito).isEmpty());
         EXPECT_TRUE(registro.mensajes.empty());
-        EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), QStringLiteral("1"));
+        EXPECT_EQ(valor(u"select count(*) as n from caratula"_s), u"1"_s);
     }
 }
 
 TEST_P(Copia, ANewKeyThatIsTakenIsRefusedAndNothingChanges) {
     llenarTodo();
-    llenarTodo(QStringLiteral("TOMADA"));
-    const std::string antes = todo(origen) + todo(QStringLiteral("TOMADA"));
+    llenarTodo(u"TOMADA"_s);
+    const std::string antes = todo(origen) + todo(u"TOMADA"_s);
     // Its own key, another's, one with other case, one with blanks at its ends.
     for (const char *clave : {"ORIGINAL", "TOMADA", "tomada", " TOMADA  "}) {
         EXPECT_TRUE(pedir(QString::fromLatin1(clave)).isEmpty()) << clave;
         ASSERT_EQ(registro.mensajes.size(), 1U) << clave;
         EXPECT_EQ(registro.mensajes[0].texto.toStdString(), "El Código de interno ya existe.");
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
-        EXPECT_EQ(todo(origen) + todo(QStringLiteral("TOMADA")), antes) << clave;
+        EXPECT_EQ(todo(origen) + todo(u"TOMADA"_s), antes) << clave;
     }
-    EXPECT_THROW(oOperationCopy::Copiar(*ctx, origen, QStringLiteral("TOMADA")), ErrorDeStore);
-    EXPECT_EQ(todo(origen) + todo(QStringLiteral("TOMADA")), antes);
+    EXPECT_THROW(oOperationCopy::Copiar(*ctx, origen, u"TOMADA"_s), Falla);
+    EXPECT_EQ(todo(origen) + todo(u"TOMADA"_s), antes);
 }
 
 TEST_P(Copia, RowsThatADeletionLeftUnderTheNewKeyDoNotMixWithTheCopy) {
     llenarTodo();
     llenarTodo(destino);
-    ejecutar(QStringLiteral("delete from caratula where interno = 'LA COPIA'"));
+    ejecutar(u"delete from caratula where interno = 'LA COPIA'"_s);
     EXPECT_EQ(pedir(destino), destino);
     for (const esquema::Tabla *t : tablasDeOperacion())
         EXPECT_EQ(cuantas(*t, destino), cuantas(*t, origen)) << t->nombre.toStdString();
@@ -254,36 +249,34 @@ TEST_P(Copia, AnOperationThatIsGoneIsToldAndNothingIsMade) {
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].texto.toStdString(),
               "El interno ORIGINAL ya no existe: vuelva a buscarlo en la lista.");
-    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), QStringLiteral("0"));
+    EXPECT_EQ(valor(u"select count(*) as n from caratula"_s), u"0"_s);
 }
 
 TEST_P(Copia, AFailureHalfwayShowsTheStoresWordsAndLeavesNoOperation) {
     llenarTodo();
-    ejecutar(QStringLiteral("drop table itemliq"));
+    ejecutar(u"drop table itemliq"_s);
     EXPECT_TRUE(pedir(destino).isEmpty());
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
-    EXPECT_TRUE(registro.mensajes[0].texto.contains(QLatin1String("itemliq")));
-    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula where interno = 'LA COPIA'")),
-              QStringLiteral("0"));
-    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula where interno = 'ORIGINAL'")),
-              QStringLiteral("1"));
+    EXPECT_TRUE(registro.mensajes[0].texto.contains("itemliq"_L1));
+    EXPECT_EQ(valor(u"select count(*) as n from caratula where interno = 'LA COPIA'"_s), u"0"_s);
+    EXPECT_EQ(valor(u"select count(*) as n from caratula where interno = 'ORIGINAL'"_s), u"1"_s);
 }
 
 TEST_P(Copia, AKeyWithAQuoteIsRefusedByTheStoreWithoutHarm) {
     soloCaratula(origen);
-    EXPECT_TRUE(pedir(QStringLiteral("O'P")).isEmpty());
+    EXPECT_TRUE(pedir(u"O'P"_s).isEmpty());
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
     EXPECT_FALSE(registro.mensajes[0].texto.isEmpty());
-    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), QStringLiteral("1"));
+    EXPECT_EQ(valor(u"select count(*) as n from caratula"_s), u"1"_s);
 }
 
 class CopiaDeDemostracion : public Copia {
  protected:
     bool conDemostracion() const override { return true; }
     void armar(const QString &interno) {
-        ctx->ChequeoArmado = QStringLiteral("SI");
+        ctx->ChequeoArmado = u"SI"_s;
         EXPECT_TRUE(Generar(*ctx, interno, {.ARMARITEM = 2, .modo = ModoDescripcion::Maria}));
         EXPECT_EQ(ctx->ChequeoArmado.toStdString(), "SI") << interno.toStdString();
     }
@@ -292,7 +285,7 @@ class CopiaDeDemostracion : public Copia {
 TEST_P(CopiaDeDemostracion, ACopyAssemblesIntoTheItemsOfTheOriginal) {
     for (const char *clave : {"IC-2026-0001", "EC-2026-0002", "DJAI-2026-0004"}) {
         const QString interno = QLatin1String(clave);
-        const QString copia = QStringLiteral("COPIA-") + interno;
+        const QString copia = u"COPIA-"_s + interno;
         armar(interno);
         // Of an armed operation: the copy brings its items along, and gets them anew.
         oOperationCopy::Copiar(*ctx, interno, copia);

@@ -6,7 +6,7 @@
 #include <QString>
 #include <vector>
 
-#include "frame/dialect.h"
+#include "frame/store/dialect.h"
 
 struct Par {
     const char *caso;  ///< the fact, as the test's name

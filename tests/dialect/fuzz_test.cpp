@@ -4,8 +4,10 @@
 #include <QStringList>
 #include <random>
 
-#include "frame/dialect_tokens.h"
+#include "frame/store/dialect_tokens.h"
 #include "tests/dialect/casos.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -74,7 +76,7 @@ std::vector<QString> citados(const QString &texto) {
 
 /// What the translator may add of its own: moments out of hashes, and the empty escape character.
 bool propio(const QString &cita) {
-    static const QStringList ceros{QStringLiteral("''")};
+    static const QStringList ceros{u"''"_s};
     return ceros.contains(cita) ||
            (cita.size() == 21 && cita.at(5) == QLatin1Char('-') && cita.at(14) == QLatin1Char(':'));
 }
@@ -176,13 +178,11 @@ TEST(Fuzz, RandomTextsNeitherCrashNorChangeAText) {
 TEST(Fuzz, DeepNestingAndLongTextsEndSoon) {
     QElapsedTimer reloj;
     reloj.start();
-    const QString hondo =
-        QString(20000, QLatin1Char('(')) + QStringLiteral("a") + QString(20000, QLatin1Char(')'));
-    comprobar(QStringLiteral("update t set b = ") + hondo + QStringLiteral(" / ") + hondo);
-    comprobar(QStringLiteral("update t set b = '") + QString(200000, QLatin1Char('x')) +
-              QStringLiteral("' + 'y'"));
-    QString cadena = QStringLiteral("update t set b = a");
-    for (int i = 0; i < 5000; ++i) cadena += QStringLiteral(" + 1");
+    const QString hondo = QString(20000, QLatin1Char('(')) + u"a"_s + QString(20000, QLatin1Char(')'));
+    comprobar(u"update t set b = "_s + hondo + u" / "_s + hondo);
+    comprobar(u"update t set b = '"_s + QString(200000, QLatin1Char('x')) + u"' + 'y'"_s);
+    QString cadena = u"update t set b = a"_s;
+    for (int i = 0; i < 5000; ++i) cadena += u" + 1"_s;
     comprobar(cadena);
     EXPECT_LT(reloj.elapsed(), 5000);
 }

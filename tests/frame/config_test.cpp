@@ -9,9 +9,11 @@
 #include <QTemporaryDir>
 #include <functional>
 
+#include "frame/base/ini.h"
+#include "frame/base/numbers.h"
 #include "frame/context.h"
-#include "frame/ini.h"
-#include "frame/numbers.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,21 +24,19 @@ class Configuracion : public ::testing::Test {
     void SetUp() override {
         carpeta = dir.path() + QLatin1Char('/');
         ctx.ProgramFolder = carpeta;
-        ctx.ajustes = Ajustes(carpeta + L("ajustes.ini"));
-        separador = numeros::separadorDecimal();
+        ctx.ajustes = Ajustes(carpeta + "ajustes.ini"_L1);
     }
-    void TearDown() override { numeros::fijarSeparadorDecimal(separador); }
+    void TearDown() override { ctx.SeparadorDecimal = separador; }
 
-    QString archivo() const { return carpeta + L("ZENDRA.ini"); }
+    QString archivo() const { return carpeta + "ZENDRA.ini"_L1; }
     void escribir(const QString &texto, const QString &ruta = {}) const {
         QFile f(ruta.isEmpty() ? archivo() : ruta);
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(texto.toUtf8());
     }
-    void general(const QString &lineas) const { escribir(L("[GENERAL]\r\n") + lineas + L("\r\n")); }
+    void general(const QString &lineas) const { escribir("[GENERAL]\r\n"_L1 + lineas + "\r\n"_L1); }
     QString base(const char *clave) const {
-        return ctx.ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("BASES"), L(clave),
-                                QStringLiteral("<nada>"));
+        return ctx.ajustes.Leer(u"ZENDRA"_s, u"BASES"_s, L(clave), u"<nada>"_s);
     }
 
     QTemporaryDir dir;
@@ -46,37 +46,37 @@ class Configuracion : public ::testing::Test {
 };
 
 TEST_F(Configuracion, AProfilesIniIsTriedAsCfg) {
-    QDir().mkpath(carpeta + L("Perfiles"));
-    const QString cfg = carpeta + L("Perfiles/Zendra.cfg");
-    escribir(L("[GENERAL]\r\n"), cfg);
-    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + L("Perfiles/Zendra.ini"), carpeta), cfg);
+    QDir().mkpath(carpeta + "Perfiles"_L1);
+    const QString cfg = carpeta + "Perfiles/Zendra.cfg"_L1;
+    escribir("[GENERAL]\r\n"_L1, cfg);
+    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + "Perfiles/Zendra.ini"_L1, carpeta), cfg);
 }
 
 TEST_F(Configuracion, IniElsewhereInThePathIsReplacedToo) {
-    QDir().mkpath(carpeta + L("Mcfg"));
-    const QString cfg = carpeta + L("Mcfg/a.cfg");
-    escribir(L("[GENERAL]\r\n"), cfg);
-    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + L("Mini/a.ini"), carpeta), cfg);
+    QDir().mkpath(carpeta + "Mcfg"_L1);
+    const QString cfg = carpeta + "Mcfg/a.cfg"_L1;
+    escribir("[GENERAL]\r\n"_L1, cfg);
+    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + "Mini/a.ini"_L1, carpeta), cfg);
 }
 
 TEST_F(Configuracion, OnlyTheLowerCaseSpellingOfIniIsReplaced) {
-    QDir().mkpath(carpeta + L("Perfiles"));
-    escribir(L("[GENERAL]\r\n"), carpeta + L("Perfiles/Zendra.cfg"));
+    QDir().mkpath(carpeta + "Perfiles"_L1);
+    escribir("[GENERAL]\r\n"_L1, carpeta + "Perfiles/Zendra.cfg"_L1);
     // The path stands as it is, and that file exists: it is its own candidate.
-    escribir(L("[GENERAL]\r\n"), carpeta + L("Perfiles/Zendra.INI"));
-    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + L("Perfiles/Zendra.INI"), carpeta),
-              carpeta + L("Perfiles/Zendra.INI"));
+    escribir("[GENERAL]\r\n"_L1, carpeta + "Perfiles/Zendra.INI"_L1);
+    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + "Perfiles/Zendra.INI"_L1, carpeta),
+              carpeta + "Perfiles/Zendra.INI"_L1);
 }
 
 TEST_F(Configuracion, AMissingCfgOrNoProfileMeansTheFileBesideTheProgram) {
-    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + L("Perfiles/Zendra.ini"), carpeta), archivo());
+    EXPECT_EQ(BuscarArchivoDeConfiguracion(carpeta + "Perfiles/Zendra.ini"_L1, carpeta), archivo());
     EXPECT_EQ(BuscarArchivoDeConfiguracion({}, carpeta), archivo());
 }
 
 TEST_F(Configuracion, TheChosenFileIsKeptAndRead) {
-    const QString cfg = carpeta + L("z.cfg");
-    escribir(L("[GENERAL]\r\nLISTADO=1\r\n"), cfg);
-    ctx.ProfileIniPath = carpeta + L("z.ini");
+    const QString cfg = carpeta + "z.cfg"_L1;
+    escribir("[GENERAL]\r\nLISTADO=1\r\n"_L1, cfg);
+    ctx.ProfileIniPath = carpeta + "z.ini"_L1;
     CargarConfiguracion(ctx);
     EXPECT_EQ(ctx.ConfigFilePath, cfg);
     EXPECT_EQ(ctx.opciones.LISTADO, 1);
@@ -91,8 +91,8 @@ TEST_F(Configuracion, WithoutAGeneralSectionEveryOptionTakesTheDefaultOfTheTable
     EXPECT_EQ(o.VALORCAT, 1);
     EXPECT_EQ(o.PRIMR100, 1);
     EXPECT_EQ(o.VERSION, 2);
-    EXPECT_EQ(o.MODARTSUB, L("N"));
-    EXPECT_EQ(o.VrySbtDup, L("N"));
+    EXPECT_EQ(o.MODARTSUB, "N"_L1);
+    EXPECT_EQ(o.VrySbtDup, "N"_L1);
     for (const bool Opciones::*bandera :
          {&Opciones::QUINDEL, &Opciones::QUINDELRAF, &Opciones::GROUPBYART, &Opciones::SbtMantCodart,
           &Opciones::SbtMantDatos, &Opciones::SbtMostrarAsc, &Opciones::FlgIdArtTOOtros,
@@ -188,9 +188,9 @@ TEST_F(Configuracion, EveryKeyFillsItsMemberByItsRule) {
 
 TEST_F(Configuracion, TheVatRatesTakeEitherSeparatorUnderEitherWorkstation) {
     for (const char sistema : {'.', ','}) {
-        numeros::fijarSeparadorDecimal(QLatin1Char(sistema));
+        ctx.SeparadorDecimal = QLatin1Char(sistema);
         for (const char *escrito : {"10.5", "10,5"}) {
-            general(L("IVARIN=") + L(escrito));
+            general("IVARIN="_L1 + L(escrito));
             CargarConfiguracion(ctx);
             EXPECT_EQ(ctx.opciones.IVARIN, 10.5) << escrito << " under " << sistema;
         }
@@ -199,7 +199,7 @@ TEST_F(Configuracion, TheVatRatesTakeEitherSeparatorUnderEitherWorkstation) {
 
 TEST_F(Configuracion, AVatRateThatIsNoNumberEndsTheLoadAndLeavesTheRestUnread) {
     for (const char *clave : {"IVARIN", "IVARNI"}) {
-        general(L("LISTADO=1\r\n") + L(clave) + L("=veintiuno\r\nDEVICENAME=HP\r\nDIEMCHINA-PREFPORC=50"));
+        general("LISTADO=1\r\n"_L1 + L(clave) + "=veintiuno\r\nDEVICENAME=HP\r\nDIEMCHINA-PREFPORC=50"_L1);
         ctx.opciones = {};
         QString dicho;
         try {
@@ -207,9 +207,8 @@ TEST_F(Configuracion, AVatRateThatIsNoNumberEndsTheLoadAndLeavesTheRestUnread) {
         } catch (const QString &texto) {
             dicho = texto;
         }
-        EXPECT_EQ(dicho, L("No coinciden los tipos: ") + L(clave) +
-                             QStringLiteral("=veintiuno no es un número; corríjalo en ") + archivo() +
-                             QLatin1Char('.'));
+        EXPECT_EQ(dicho, "No coinciden los tipos: "_L1 + L(clave) +
+                             u"=veintiuno no es un número; corríjalo en "_s + archivo() + QLatin1Char('.'));
         EXPECT_EQ(ctx.opciones.LISTADO, 1) << "read before";
         EXPECT_TRUE(ctx.opciones.DEVICENAME.isEmpty());
         EXPECT_EQ(ctx.opciones.DIEMCHINA_PrefPorc, 40);
@@ -217,15 +216,13 @@ TEST_F(Configuracion, AVatRateThatIsNoNumberEndsTheLoadAndLeavesTheRestUnread) {
 }
 
 TEST_F(Configuracion, ManualCancellationComesFromTheSettingsOfTheGeneralApplication) {
-    ctx.ajustes.Guardar(QStringLiteral("GENERAL"), QStringLiteral("OBJ"), QStringLiteral("CancelManual"),
-                        QStringLiteral("S"));
+    ctx.ajustes.Guardar(u"GENERAL"_s, u"OBJ"_s, u"CancelManual"_s, u"S"_s);
     CargarConfiguracion(ctx);
     EXPECT_TRUE(ctx.opciones.CancelManual);
 }
 
 TEST_F(Configuracion, ShrinkageIsOffWithoutTheTemporaryInputsLibraryAndFollowsItsSettingWithIt) {
-    ctx.ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("OBJ"),
-                        QStringLiteral("INSTMP.RestarPerMer"), QStringLiteral("S"));
+    ctx.ajustes.Guardar(u"ZENDRA"_s, u"OBJ"_s, u"INSTMP.RestarPerMer"_s, u"S"_s);
     CargarConfiguracion(ctx);
     EXPECT_FALSE(ctx.opciones.RestarPerMer);
     ctx.opciones.TempInputsAvailable = true;
@@ -234,49 +231,47 @@ TEST_F(Configuracion, ShrinkageIsOffWithoutTheTemporaryInputsLibraryAndFollowsIt
 }
 
 TEST_F(Configuracion, BlankStoreFoldersBecomeTheProgramsAndAreWrittenBack) {
-    escribir(L("[BASESERVER]\r\nPERSONAL=   \r\n"));
+    escribir("[BASESERVER]\r\nPERSONAL=   \r\n"_L1);
     CargarConfiguracion(ctx);
-    const QString db = carpeta + L("db/");
-    EXPECT_EQ(ctx.PathInternos, db + L("internos.mdb"));
-    EXPECT_EQ(ctx.PathSystablas, db + L("systablas.mdb"));
-    EXPECT_EQ(ctx.PathPersonal, db + L("personal.mdb"));
-    EXPECT_EQ(ctx.PathNcm, db + L("ncm.mdb"));
-    EXPECT_EQ(ctx.PathUsuario, db + L("usuario.mdb"));
-    EXPECT_EQ(ctx.PathEstados, db + L("estados.mdb"));
+    const QString db = carpeta + "db/"_L1;
+    EXPECT_EQ(ctx.PathInternos, db + "internos.mdb"_L1);
+    EXPECT_EQ(ctx.PathSystablas, db + "systablas.mdb"_L1);
+    EXPECT_EQ(ctx.PathPersonal, db + "personal.mdb"_L1);
+    EXPECT_EQ(ctx.PathNcm, db + "ncm.mdb"_L1);
+    EXPECT_EQ(ctx.PathUsuario, db + "usuario.mdb"_L1);
+    EXPECT_EQ(ctx.PathEstados, db + "estados.mdb"_L1);
     for (const char *clave : {"INTERNO", "PERSONAL", "NCM", "ESTADO"})
-        EXPECT_EQ(LeerIni(QStringLiteral("BASESERVER"), L(clave), archivo()), db) << clave;
-    EXPECT_EQ(LeerIni(QStringLiteral("BASELOCAL"), QStringLiteral("USUARIO"), archivo()), db);
+        EXPECT_EQ(LeerIni(u"BASESERVER"_s, L(clave), archivo()), db) << clave;
+    EXPECT_EQ(LeerIni(u"BASELOCAL"_s, u"USUARIO"_s, archivo()), db);
     // systablas has no key of its own.
-    EXPECT_TRUE(LeerIni(QStringLiteral("BASESERVER"), QStringLiteral("SYSTABLAS"), archivo()).isEmpty());
+    EXPECT_TRUE(LeerIni(u"BASESERVER"_s, u"SYSTABLAS"_s, archivo()).isEmpty());
 }
 
 TEST_F(Configuracion, APathIsFolderPlusFileNameWithNoSeparatorAdded) {
-    escribir(L("[BASESERVER]\r\nINTERNO=C:\\Zendra\\db\r\nNCM=C:\\Zendra\\db\\\r\n"));
+    escribir("[BASESERVER]\r\nINTERNO=C:\\Zendra\\db\r\nNCM=C:\\Zendra\\db\\\r\n"_L1);
     CargarConfiguracion(ctx);
-    EXPECT_EQ(ctx.PathInternos, L("C:\\Zendra\\dbinternos.mdb"));
-    EXPECT_EQ(ctx.PathSystablas, L("C:\\Zendra\\dbsystablas.mdb"));
-    EXPECT_EQ(ctx.PathNcm, L("C:\\Zendra\\db\\ncm.mdb"));
+    EXPECT_EQ(ctx.PathInternos, "C:\\Zendra\\dbinternos.mdb"_L1);
+    EXPECT_EQ(ctx.PathSystablas, "C:\\Zendra\\dbsystablas.mdb"_L1);
+    EXPECT_EQ(ctx.PathNcm, "C:\\Zendra\\db\\ncm.mdb"_L1);
 }
 
 TEST_F(Configuracion, TheSettingsAreaTakesTheFoldersAsReadAndInternoWithItsClosingSeparator) {
     escribir(
-        L("[BASESERVER]\r\nINTERNO=C:\\Datos\r\nPERSONAL=C:\\P\r\nNCM=C:\\N\\\r\nESTADO=\r\n[BASELOCAL]"
-          "\r\nUSUARIO=C:\\U\r\n"));
+        "[BASESERVER]\r\nINTERNO=C:\\Datos\r\nPERSONAL=C:\\P\r\nNCM=C:\\N\\\r\nESTADO=\r\n[BASELOCAL]"
+        "\r\nUSUARIO=C:\\U\r\n"_L1);
     CargarConfiguracion(ctx);
-    EXPECT_EQ(base("INTERNO"), L("C:\\Datos\\"));
-    EXPECT_EQ(base("SYSTABLAS"), L("C:\\Datos"));
-    EXPECT_EQ(base("PERSONAL"), L("C:\\P"));
-    EXPECT_EQ(base("NCM"), L("C:\\N\\"));
+    EXPECT_EQ(base("INTERNO"), "C:\\Datos\\"_L1);
+    EXPECT_EQ(base("SYSTABLAS"), "C:\\Datos"_L1);
+    EXPECT_EQ(base("PERSONAL"), "C:\\P"_L1);
+    EXPECT_EQ(base("NCM"), "C:\\N\\"_L1);
     // Copied before the default takes the place of what is blank.
-    EXPECT_EQ(base("ESTADO"), L(""));
-    EXPECT_EQ(base("USUARIO"), L("C:\\U"));
+    EXPECT_EQ(base("ESTADO"), ""_L1);
+    EXPECT_EQ(base("USUARIO"), "C:\\U"_L1);
 }
 
 TEST_F(Configuracion, EveryStartWritesWhereTheProgramLies) {
     CargarConfiguracion(ctx);
-    EXPECT_EQ(
-        ctx.ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("DEFAULT"), QStringLiteral("UBICACION")),
-        carpeta);
+    EXPECT_EQ(ctx.ajustes.Leer(u"ZENDRA"_s, u"DEFAULT"_s, u"UBICACION"_s), carpeta);
 }
 
 }  // namespace

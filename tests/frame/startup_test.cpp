@@ -11,8 +11,11 @@
 #include <QTcpServer>
 #include <QTest>
 
-#include "frame/ini.h"
+#include "frame/base/ini.h"
+#include "subitems/SuffixChecker.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -44,73 +47,70 @@ class Arranque : public EnAmbosStores {
 };
 
 TEST_P(Arranque, FillsTheContextAndSetsThePointerBack) {
-    ejecutar(QStringLiteral("insert into control_fecha (fecha) values ('2026-01-12 00:00:00')"),
-             QStringLiteral("NCM"));
+    ejecutar(u"insert into control_fecha (fecha) values ('2026-01-12 00:00:00')"_s, u"NCM"_s);
     AppContext nuevo;
-    nuevo.ajustes = Ajustes(tienda->carpeta() + L("/otros.ini"));
+    nuevo.ajustes = Ajustes(tienda->carpeta() + "/otros.ini"_L1);
     nuevo.ProgramFolder = tienda->carpeta() + QLatin1Char('/');
     std::vector<bool> relojes;
     nuevo.dialogos.reloj = [&relojes](bool si) { relojes.push_back(si); };
     nuevo.DataManager.carpetas = {tienda->carpeta()};
     Arrancar(nuevo);
     EXPECT_EQ(nuevo.ProfileIniPath, tienda->perfil()) << "one profile is taken without a question";
-    EXPECT_EQ(nuevo.ConnNcm, &nuevo.conexion(QStringLiteral("NCM")));
-    EXPECT_EQ(nuevo.ConnInternos, &nuevo.conexion(QStringLiteral("INTERNOS")));
-    EXPECT_EQ(nuevo.ConnCatalogos, &nuevo.conexion(QStringLiteral("CATALOGOS")));
-    EXPECT_EQ(nuevo.ConnSystablas, &nuevo.conexion(QStringLiteral("SYSTABLAS")));
-    const QString hoy = QDate::currentDate().toString(
-        GetParam() == std::string("SQL") ? QStringLiteral("yyyy-MM-dd") : QStringLiteral("MM/dd/yyyy"));
+    EXPECT_EQ(nuevo.ConnNcm, &nuevo.conexion(u"NCM"_s));
+    EXPECT_EQ(nuevo.ConnInternos, &nuevo.conexion(u"INTERNOS"_s));
+    EXPECT_EQ(nuevo.ConnCatalogos, &nuevo.conexion(u"CATALOGOS"_s));
+    EXPECT_EQ(nuevo.ConnSystablas, &nuevo.conexion(u"SYSTABLAS"_s));
+    const QString hoy =
+        QDate::currentDate().toString(GetParam() == std::string("SQL") ? u"yyyy-MM-dd"_s : u"MM/dd/yyyy"_s);
     EXPECT_TRUE(nuevo.TodayInternos.contains(hoy)) << nuevo.TodayInternos.toStdString();
-    EXPECT_EQ(nuevo.DateKeyPattern, L("yyyyMMdd"));
-    EXPECT_EQ(nuevo.ConfigFilePath, tienda->carpeta() + L("/ZENDRA.ini"));
-    EXPECT_EQ(nuevo.NomenclatureDate, QStringLiteral("lunes, 12 de enero de 2026"));
+    EXPECT_EQ(nuevo.DateKeyPattern, "yyyyMMdd"_L1);
+    EXPECT_EQ(nuevo.ConfigFilePath, tienda->carpeta() + "/ZENDRA.ini"_L1);
+    EXPECT_EQ(nuevo.NomenclatureDate, u"lunes, 12 de enero de 2026"_s);
     ASSERT_FALSE(relojes.empty());
     EXPECT_TRUE(relojes.front());
     EXPECT_FALSE(relojes.back());
-    EXPECT_EQ(nuevo.SuffixChecker.Validar(QStringLiteral("0000.00.00.000A"), {}), 1) << "it has its manager";
+    EXPECT_EQ(SuffixCheckerClass(nuevo).Validar(u"0000.00.00.000A"_s, {}), 1) << "it has its manager";
 }
 
 TEST_P(Arranque, HandlesKeptInTheContextStayUsableAfterEveryConnectionWasClosed) {
     Conexion *antes = ctx->ConnNcm;
     ctx->DataManager.CloseAllDataConnection();
-    EXPECT_EQ(&ctx->conexion(QStringLiteral("NCM")), antes);
-    antes->Sql = QStringLiteral("select * from control_fecha");
+    EXPECT_EQ(&ctx->conexion(u"NCM"_s), antes);
+    antes->Sql = u"select * from control_fecha"_s;
     Recordset rs;
     EXPECT_FALSE(antes->crearrs(rs));
 }
 
 TEST_P(Arranque, AnEmptyControlFechaLeavesNoNomenclatureDateAndTheLabelAsItWas) {
     EXPECT_TRUE(LeerFechaDelNomenclador(*ctx).isEmpty());
-    EXPECT_EQ(TextoNomenclador(*ctx), L("Leyendo Fecha...."));
+    EXPECT_EQ(TextoNomenclador(*ctx), "Leyendo Fecha...."_L1);
 }
 
 TEST_P(Arranque, TheNewestDateOfTheNomenclatureIsShownInLongForm) {
     for (const char *fecha : {"2026-01-12", "2026-03-05", "2025-12-31"})
-        ejecutar(L("insert into control_fecha (fecha) values ('") + L(fecha) + L(" 00:00:00')"),
-                 QStringLiteral("NCM"));
-    EXPECT_EQ(LeerFechaDelNomenclador(*ctx), QStringLiteral("jueves, 5 de marzo de 2026"));
-    EXPECT_EQ(TextoNomenclador(*ctx), QStringLiteral("jueves, 5 de marzo de 2026"));
+        ejecutar("insert into control_fecha (fecha) values ('"_L1 + L(fecha) + " 00:00:00')"_L1, u"NCM"_s);
+    EXPECT_EQ(LeerFechaDelNomenclador(*ctx), u"jueves, 5 de marzo de 2026"_s);
+    EXPECT_EQ(TextoNomenclador(*ctx), u"jueves, 5 de marzo de 2026"_s);
 }
 
 TEST_P(Arranque, TheLicenceDataDateIsShownInShortFormBehindItsLabel) {
-    EXPECT_EQ(TextoFechaDatosLNAPI(*ctx), L("Fecha:  "));
-    ejecutar(QStringLiteral("insert into LNAPIFechaDeDatos (fecha) values ('2026-01-12 00:00:00')"),
-             QStringLiteral("NCM"));
-    EXPECT_EQ(TextoFechaDatosLNAPI(*ctx), L("Fecha:  12/1/26"));
+    EXPECT_EQ(TextoFechaDatosLNAPI(*ctx), "Fecha:  "_L1);
+    ejecutar(u"insert into LNAPIFechaDeDatos (fecha) values ('2026-01-12 00:00:00')"_s, u"NCM"_s);
+    EXPECT_EQ(TextoFechaDatosLNAPI(*ctx), "Fecha:  12/1/26"_L1);
 }
 
 TEST_P(Arranque, AStoreBelow330AsksForItsUpgradeAndStartsIt) {
-    ejecutar(QStringLiteral("update version set valor = '329' where propiedad = 'version'"));
+    ejecutar(u"update version set valor = '329' where propiedad = 'version'"_s);
     EXPECT_EQ(ControlarVersionDelStore(*ctx), 329);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, L("Se necesita actualizar la base de datos"));
+    EXPECT_EQ(registro.mensajes[0].texto, "Se necesita actualizar la base de datos"_L1);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
-    EXPECT_EQ(iniciados, QStringList{QStringLiteral("C:\\Programas\\Zendra\\DbUpgrade3.exe")});
-    EXPECT_EQ(conArgumentos, (QStringList{QStringLiteral("--perfil"), tienda->perfil()}));
+    EXPECT_EQ(iniciados, QStringList{u"C:\\Programas\\Zendra\\DbUpgrade3.exe"_s});
+    EXPECT_EQ(conArgumentos, (QStringList{u"--perfil"_s, tienda->perfil()}));
 }
 
 TEST_P(Arranque, AStoreWithoutAVersionRowCountsAsOlder) {
-    ejecutar(QStringLiteral("delete from version"));
+    ejecutar(u"delete from version"_s);
     EXPECT_EQ(ControlarVersionDelStore(*ctx), 300);
     EXPECT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(iniciados.size(), 1);
@@ -123,39 +123,39 @@ TEST_P(Arranque, AStoreOfExactly330SaysNothing) {
 }
 
 TEST_P(Arranque, AFailingVersionQueryIsDroppedInSilence) {
-    ejecutar(QStringLiteral("drop table version"));
+    ejecutar(u"drop table version"_s);
     EXPECT_EQ(ControlarVersionDelStore(*ctx), 300);
     EXPECT_TRUE(registro.mensajes.empty());
     EXPECT_TRUE(iniciados.isEmpty());
-    EXPECT_THROW(LeerVersionDelStore(*ctx), ErrorDeStore);
+    EXPECT_THROW(LeerVersionDelStore(*ctx), Falla);
 }
 
 TEST_P(Arranque, AnUpgradeProgramThatIsNotThereFallsUnderTheSameSilence) {
     iniciarPrograma = original;
     qputenv("ProgramFiles", QByteArray("/no/existe"));
-    ejecutar(QStringLiteral("delete from version"));
+    ejecutar(u"delete from version"_s);
     EXPECT_EQ(ControlarVersionDelStore(*ctx), 300);
     EXPECT_EQ(registro.mensajes.size(), 1U);
 }
 
 TEST_P(Arranque, TheUpgradeProgramIsFoundWhereTheInstallationPutIt) {
-    QDir().mkpath(tienda->carpeta() + L("/Programas/Zendra"));
-    const QString marca = tienda->carpeta() + L("/marca");
-    QFile programa(tienda->carpeta() + L("/Programas/Zendra/DbUpgrade3"));
+    QDir().mkpath(tienda->carpeta() + "/Programas/Zendra"_L1);
+    const QString marca = tienda->carpeta() + "/marca"_L1;
+    QFile programa(tienda->carpeta() + "/Programas/Zendra/DbUpgrade3"_L1);
     ASSERT_TRUE(programa.open(QIODevice::WriteOnly));
     programa.write("#!/bin/sh\necho \"$@\" > '" + marca.toUtf8() + ".parte'\nmv '" + marca.toUtf8() +
                    ".parte' '" + marca.toUtf8() + "'\n");
     programa.setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
     programa.close();
-    QString programas = tienda->carpeta() + L("/Programas");
+    QString programas = tienda->carpeta() + "/Programas"_L1;
     qputenv("ProgramFiles", programas.replace(QLatin1Char('/'), QLatin1Char('\\')).toUtf8());
     iniciarPrograma = original;
-    ejecutar(QStringLiteral("delete from version"));
+    ejecutar(u"delete from version"_s);
     ControlarVersionDelStore(*ctx);
     ASSERT_TRUE(QTest::qWaitFor([&marca] { return QFile::exists(marca); }, 20000));
     QFile escrita(marca);
     ASSERT_TRUE(escrita.open(QIODevice::ReadOnly));
-    EXPECT_EQ(QString::fromUtf8(escrita.readAll()).trimmed(), L("--perfil ") + tienda->perfil());
+    EXPECT_EQ(QString::fromUtf8(escrita.readAll()).trimmed(), "--perfil "_L1 + tienda->perfil());
 }
 
 EN_AMBOS_STORES(Arranque);
@@ -163,33 +163,31 @@ EN_AMBOS_STORES(Arranque);
 TEST(ArranqueSinPerfil, AnEmptyAnswerGoesOnWithTheConfigurationBesideTheProgramAndTheStoresThere) {
     QLocale anterior;
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
-    const Tienda tienda(QStringLiteral("ACCESS"));
+    const Tienda tienda(u"ACCESS"_s);
     // Two profiles to choose from, and none chosen; the stores lie in the folder "db" beside the program.
     const QString carpeta = tienda.carpeta();
-    QDir().mkpath(carpeta + L("/db"));
-    for (const QFileInfo &store : QDir(carpeta).entryInfoList({QStringLiteral("*.db")}))
-        ASSERT_TRUE(QFile::copy(store.filePath(), carpeta + L("/db/") + store.fileName()));
-    ASSERT_TRUE(QFile::copy(tienda.perfil(), carpeta + L("/Otro.perfil.ini")));
-    ASSERT_TRUE(EscribirIni(QStringLiteral("GENERAL"), QStringLiteral("LISTADO"), QStringLiteral("1"),
-                            carpeta + L("/ZENDRA.ini")));
+    QDir().mkpath(carpeta + "/db"_L1);
+    for (const QFileInfo &store : QDir(carpeta).entryInfoList({u"*.db"_s}))
+        ASSERT_TRUE(QFile::copy(store.filePath(), carpeta + "/db/"_L1 + store.fileName()));
+    ASSERT_TRUE(QFile::copy(tienda.perfil(), carpeta + "/Otro.perfil.ini"_L1));
+    ASSERT_TRUE(EscribirIni(u"GENERAL"_s, u"LISTADO"_s, u"1"_s, carpeta + "/ZENDRA.ini"_L1));
     AppContext nuevo;
-    nuevo.ajustes = Ajustes(carpeta + L("/otros.ini"));
+    nuevo.ajustes = Ajustes(carpeta + "/otros.ini"_L1);
     nuevo.ProgramFolder = carpeta + QLatin1Char('/');
     nuevo.DataManager.carpetas = {carpeta};
     nuevo.DataManager.elegir = [](const std::vector<PerfilEncontrado> &) { return -1; };
     Arrancar(nuevo);
     EXPECT_TRUE(nuevo.ProfileIniPath.isEmpty());
-    EXPECT_EQ(nuevo.ConfigFilePath, carpeta + L("/ZENDRA.ini"));
+    EXPECT_EQ(nuevo.ConfigFilePath, carpeta + "/ZENDRA.ini"_L1);
     EXPECT_EQ(nuevo.opciones.LISTADO, 1);
     EXPECT_EQ(LeerVersionDelStore(nuevo), versionMinima);
     EXPECT_TRUE(nuevo.DataManager.obtenerNombreDePerfilSeleccionado().isEmpty());
-    EXPECT_TRUE(
-        TituloDelMarco(nuevo.DataManager.obtenerNombreDePerfilSeleccionado(), 3, 5, 1, QStringLiteral("PC1"))
-            .startsWith(L("Zendra Windows - v")));
+    EXPECT_TRUE(TituloDelMarco(nuevo.DataManager.obtenerNombreDePerfilSeleccionado(), 3, 5, 1, u"PC1"_s)
+                    .startsWith("Zendra Windows - v"_L1));
     // The upgrade program has no profile to be told.
-    Ejecutar(nuevo, QStringLiteral("INTERNOS"), QStringLiteral("delete from version"));
+    Ejecutar(nuevo, u"INTERNOS"_s, u"delete from version"_s);
     const auto original = iniciarPrograma;
-    QStringList argumentos{QStringLiteral("?")};
+    QStringList argumentos{u"?"_s};
     iniciarPrograma = [&argumentos](const QString &, const QStringList &a) {
         argumentos = a;
         return true;
@@ -201,25 +199,23 @@ TEST(ArranqueSinPerfil, AnEmptyAnswerGoesOnWithTheConfigurationBesideTheProgramA
 }
 
 TEST(TituloDelMarco, NamesProfileVersionAndWorkstation) {
-    EXPECT_EQ(TituloDelMarco(QStringLiteral("Despachos"), 3, 4, 72, QStringLiteral("PC1")),
-              L("[Despachos] Zendra Windows - v3.4.072 - PC [PC1]"));
+    EXPECT_EQ(TituloDelMarco(u"Despachos"_s, 3, 4, 72, u"PC1"_s),
+              "[Despachos] Zendra Windows - v3.4.072 - PC [PC1]"_L1);
 }
 
 TEST(TituloDelMarco, WithoutAProfileItStartsWithTheProgramsName) {
-    EXPECT_EQ(TituloDelMarco({}, 3, 4, 5, QStringLiteral("PC1")), L("Zendra Windows - v3.4.005 - PC [PC1]"));
+    EXPECT_EQ(TituloDelMarco({}, 3, 4, 5, u"PC1"_s), "Zendra Windows - v3.4.005 - PC [PC1]"_L1);
 }
 
 TEST(TituloDelMarco, ARevisionOf72IsThreeDigitsInTheTitleAndTwoInTheLabel) {
-    EXPECT_TRUE(TituloDelMarco({}, 3, 4, 72, {}).contains(L("v3.4.072 ")));
-    EXPECT_EQ(TextoDeVersion(3, 4, 72), L("3.4.72"));
+    EXPECT_TRUE(TituloDelMarco({}, 3, 4, 72, {}).contains("v3.4.072 "_L1));
+    EXPECT_EQ(TextoDeVersion(3, 4, 72), "3.4.72"_L1);
 }
 
 TEST(Fechas, ATextThatIsNoDateStandsUnchanged) {
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^Generado \\d\\d-\\d\\d-\\d{4}$"))
-                    .match(TextoFechaZendra())
-                    .hasMatch())
+    EXPECT_TRUE(QRegularExpression(u"^Generado \\d\\d-\\d\\d-\\d{4}$"_s).match(TextoFechaZendra()).hasMatch())
         << TextoFechaZendra().toStdString();
-    EXPECT_FALSE(AFecha(QStringLiteral("Generado 14-06-2012")).isValid());
+    EXPECT_FALSE(AFecha(u"Generado 14-06-2012"_s).isValid());
 }
 
 TEST(Fechas, TheNameOfTheWorkstationHasAtMost255Characters) {
@@ -231,13 +227,13 @@ TEST(Fechas, TheNameOfTheWorkstationHasAtMost255Characters) {
 QString arrancarCon(const QString &ruta, const QString &carpeta) {
     AppContext nuevo;
     nuevo.ProgramFolder = carpeta + QLatin1Char('/');
-    nuevo.ajustes = Ajustes(carpeta + L("/ajustes.ini"));
+    nuevo.ajustes = Ajustes(carpeta + "/ajustes.ini"_L1);
     QString error;
     if (!nuevo.DataManager.usarPerfil(ruta, &error)) return error;
     try {
         Arrancar(nuevo);
         return {};
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         return e.descripcion;
     } catch (const QString &texto) {
         return texto;
@@ -247,7 +243,7 @@ QString arrancarCon(const QString &ruta, const QString &carpeta) {
 class PerfilMalo : public ::testing::Test {
  protected:
     QString escribir(const QString &texto) const {
-        QFile f(dir.path() + L("/malo.perfil.ini"));
+        QFile f(dir.path() + "/malo.perfil.ini"_L1);
         EXPECT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(texto.toUtf8());
         return f.fileName();
@@ -257,23 +253,22 @@ class PerfilMalo : public ::testing::Test {
 
 TEST_F(PerfilMalo, AProfileThatNamesAMissingFileSaysWhich) {
     const QString texto =
-        arrancarCon(escribir(QStringLiteral("[PERFIL]\nnombre=M\n[NCM]\ndriver=archivo\narchivo=falta.db\n")),
-                    dir.path());
-    EXPECT_TRUE(texto.contains(dir.path() + L("/falta.db"))) << texto.toStdString();
-    EXPECT_TRUE(texto.contains(L("DbUpgrade3"))) << texto.toStdString();
+        arrancarCon(escribir(u"[PERFIL]\nnombre=M\n[NCM]\ndriver=archivo\narchivo=falta.db\n"_s), dir.path());
+    EXPECT_TRUE(texto.contains(dir.path() + "/falta.db"_L1)) << texto.toStdString();
+    EXPECT_TRUE(texto.contains("DbUpgrade3"_L1)) << texto.toStdString();
 }
 
 TEST_F(PerfilMalo, AFileThatIsNoStoreSaysWhich) {
-    QFile basura(dir.path() + L("/basura.db"));
+    QFile basura(dir.path() + "/basura.db"_L1);
     ASSERT_TRUE(basura.open(QIODevice::WriteOnly));
     basura.write(QByteArray(5000, 'x'));
     basura.close();
     QString perfil;
     for (const QString &entidad : StoreProfiles::entidades())
-        perfil += L("[") + entidad + L("]\ndriver=archivo\narchivo=basura.db\n");
+        perfil += "["_L1 + entidad + "]\ndriver=archivo\narchivo=basura.db\n"_L1;
     const QString texto = arrancarCon(escribir(perfil), dir.path());
-    EXPECT_TRUE(texto.contains(L("basura.db"))) << texto.toStdString();
-    EXPECT_TRUE(texto.contains(L("no es un store legible"))) << texto.toStdString();
+    EXPECT_TRUE(texto.contains("basura.db"_L1)) << texto.toStdString();
+    EXPECT_TRUE(texto.contains("no es un store legible"_L1)) << texto.toStdString();
 }
 
 TEST_F(PerfilMalo, AServerThatIsNotThereSaysWhich) {
@@ -284,24 +279,24 @@ TEST_F(PerfilMalo, AServerThatIsNotThereSaysWhich) {
     libre.close();
     QString perfil;
     for (const QString &entidad : StoreProfiles::entidades())
-        perfil += L("[") + entidad +
-                  L("]\ndriver=servidor\nhost=127.0.0.1\nbase=zendra\nusuario=u\npuerto=") +
+        perfil += "["_L1 + entidad +
+                  "]\ndriver=servidor\nhost=127.0.0.1\nbase=zendra\nusuario=u\npuerto="_L1 +
                   QString::number(puerto) + QLatin1Char('\n');
     const QString texto = arrancarCon(escribir(perfil), dir.path());
-    EXPECT_TRUE(texto.contains(L("127.0.0.1:") + QString::number(puerto))) << texto.toStdString();
-    EXPECT_TRUE(texto.contains(L("verifique"))) << texto.toStdString();
+    EXPECT_TRUE(texto.contains("127.0.0.1:"_L1 + QString::number(puerto))) << texto.toStdString();
+    EXPECT_TRUE(texto.contains("verifique"_L1)) << texto.toStdString();
 }
 
 TEST_F(PerfilMalo, AFileThatIsNoProfileSaysSo) {
-    const QString texto = arrancarCon(escribir(QStringLiteral("hola\n")), dir.path());
-    EXPECT_TRUE(texto.contains(L("malo.perfil.ini"))) << texto.toStdString();
+    const QString texto = arrancarCon(escribir(u"hola\n"_s), dir.path());
+    EXPECT_TRUE(texto.contains("malo.perfil.ini"_L1)) << texto.toStdString();
 }
 
 TEST_F(PerfilMalo, LeavingTheChoiceOfAProfileEndsTheStartWithAWord) {
-    QFile::copy(escribir(QStringLiteral("[PERFIL]\nnombre=A\n")), dir.path() + L("/otro.perfil.ini"));
+    QFile::copy(escribir(u"[PERFIL]\nnombre=A\n"_s), dir.path() + "/otro.perfil.ini"_L1);
     AppContext nuevo;
     nuevo.ProgramFolder = dir.path() + QLatin1Char('/');
-    nuevo.ajustes = Ajustes(dir.path() + L("/ajustes.ini"));
+    nuevo.ajustes = Ajustes(dir.path() + "/ajustes.ini"_L1);
     nuevo.DataManager.carpetas = {dir.path()};
     std::size_t ofrecidos = 0;
     nuevo.DataManager.elegir = [&ofrecidos](const std::vector<PerfilEncontrado> &perfiles) {
@@ -311,12 +306,12 @@ TEST_F(PerfilMalo, LeavingTheChoiceOfAProfileEndsTheStartWithAWord) {
     QString texto;
     try {
         Arrancar(nuevo);
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         texto = e.descripcion;
     }
     EXPECT_EQ(ofrecidos, 2U);
     EXPECT_TRUE(nuevo.ProfileIniPath.isEmpty());
-    EXPECT_TRUE(texto.contains(L("perfil"))) << texto.toStdString();
+    EXPECT_TRUE(texto.contains("perfil"_L1)) << texto.toStdString();
 }
 
 }  // namespace

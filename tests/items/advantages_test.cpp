@@ -5,28 +5,30 @@
 #include "header/automotive.h"
 #include "tests/items/armado.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Ventajas : public ArmadoDePrueba {
  protected:
     void ventajaDeCliente(const char *cuit, const char *regimen, const char *ncm, const char *ventaja) {
-        insertar(QStringLiteral("ventajasrel"),
+        insertar(u"ventajasrel"_s,
                  {{"cuit", QString::fromLatin1(cuit)},
                   {"idsubregimen", QString::fromLatin1(regimen)},
                   {"ncm", QString::fromLatin1(ncm)},
                   {"idventaja", QString::fromLatin1(ventaja)}},
-                 QStringLiteral("PERSONAL"));
+                 u"PERSONAL"_s);
     }
     /// A position with its marks: automotive [028], stamps [041], licence [059].
     void posicion(const char *c001, const char *automotriz, const char *estampillas, const char *lapi) {
-        insertar(QStringLiteral("ncm"),
-                 {{"[001]", QStringLiteral("'%1'").arg(QLatin1String(c001))},
+        insertar(u"ncm"_s,
+                 {{"[001]", u"'%1'"_s.arg(QLatin1String(c001))},
                   {"[002]", "'100'"},
                   {"[003]", "'A'"},
                   {"[028]", QString::fromLatin1(automotriz)},
                   {"[041]", QString::fromLatin1(estampillas)},
                   {"[059]", QString::fromLatin1(lapi)}},
-                 QStringLiteral("NCM"));
+                 u"NCM"_s);
     }
     std::string todas() {
         return f(
@@ -34,7 +36,7 @@ class Ventajas : public ArmadoDePrueba {
             "idventaja,iditem "
             "order by idventaja,iditem");
     }
-    std::string aec() { return LeerAEC(*ctx, QStringLiteral("OP1"), QStringLiteral("<nada>")).toStdString(); }
+    std::string aec() { return LeerAEC(*ctx, u"OP1"_s, u"<nada>"_s).toStdString(); }
 };
 
 TEST_P(Ventajas, OfTheClientGoToTheItemsOfTheirPositionAndRegime) {
@@ -47,7 +49,7 @@ TEST_P(Ventajas, OfTheClientGoToTheItemsOfTheirPositionAndRegime) {
     ventajaDeCliente("'30'", "'EC01'", "''", "'D-other-regime'");
     ventajaDeCliente("'31'", "''", "''", "'E-other-client'");
     ventajaDeCliente("'30'", "'IC01'", "'  '", "'F-regime'");
-    corrida->ClienteCuit = QStringLiteral("30");
+    corrida->ClienteCuit = u"30"_s;
     VentajasDelCliente(*corrida);
     EXPECT_EQ(
         todas(),
@@ -59,19 +61,19 @@ TEST_P(Ventajas, OfTheClientWithoutRegimeAndWithPositionAreInsertedTwice) {
     item(2, {{"ncm", "'8409.91.12.100A'"}});
     ventajaDeCliente("'30'", "''", "'7318.15.00.100A'", "'V'");
     ventajaDeCliente("'30'", "NULL", "'84'", "'W'");
-    corrida->ClienteCuit = QStringLiteral("30");
+    corrida->ClienteCuit = u"30"_s;
     VentajasDelCliente(*corrida);
     EXPECT_EQ(todas(), "V|1|2\nW|2|2");
 }
 
 TEST_P(Ventajas, TheTariffQuestionIsAnsweredNoOutsideImportsForConsumption) {
     for (const char *regimen : {"EC01", "IT01", "ZFE1", "DJAI"}) {
-        GuardarAEC(*ctx, QStringLiteral("OP1"), QStringLiteral("R"));
+        GuardarAEC(*ctx, u"OP1"_s, u"R"_s);
         CierreDelRegimen(nuevaCorrida(QString::fromLatin1(regimen)));
         EXPECT_EQ(aec(), "N") << regimen;
     }
     for (const char *regimen : {"IC01", "ICR1", "IG01", "IG04"}) {
-        GuardarAEC(*ctx, QStringLiteral("OP1"), QStringLiteral("R"));
+        GuardarAEC(*ctx, u"OP1"_s, u"R"_s);
         CierreDelRegimen(nuevaCorrida(QString::fromLatin1(regimen)));
         EXPECT_EQ(aec(), "R") << regimen;
     }
@@ -84,11 +86,11 @@ TEST_P(Ventajas, StampsOfAReimportCountThePiecesOfTheItem) {
     item(1, {{"cantidad", "12"}});
     item(2, {{"cantidad", "5"}, {"idunidad", "'01'"}});
     item(3, {{"cantidad", "7"}, {"ncm", "'8409.91.12.100A'"}});
-    CierreDelRegimen(nuevaCorrida(QStringLiteral("ICR1")));
+    CierreDelRegimen(nuevaCorrida(u"ICR1"_s));
     EXPECT_EQ(f("select iditem,idinfo,valor from iteminfo where interno = 'OP1'"), "1|CANT.ESTAMPILLAS|12")
         << "in pieces (07) and of the stamped position only";
-    CierreDelRegimen(nuevaCorrida(QStringLiteral("IC01")));
-    CierreDelRegimen(nuevaCorrida(QStringLiteral("IG04")));
+    CierreDelRegimen(nuevaCorrida(u"IC01"_s));
+    CierreDelRegimen(nuevaCorrida(u"IG04"_s));
     EXPECT_EQ(f("select count(*) as n from iteminfo where interno = 'OP1'"), "1") << "no other regime stamps";
 }
 
@@ -100,11 +102,11 @@ TEST_P(Ventajas, AReimportAsksForTheAutomotiveUseAtEachPositionWhileTheSharedAns
     item(2, {{"ncm", "'8409.91.12.100A'"}});
     item(3, {{"ncm", "'8409.99.99.100A'"}});
     ctx->CalculoAEC.clear();
-    CierreDelRegimen(nuevaCorrida(QStringLiteral("ICR1")));
+    CierreDelRegimen(nuevaCorrida(u"ICR1"_s));
     EXPECT_TRUE(registro.conOpciones.empty()) << "an empty shared answer";
-    ctx->CalculoAEC = QStringLiteral("N");
+    ctx->CalculoAEC = u"N"_s;
     registro.opciones = {{true, 0}, {true, 1}};
-    CierreDelRegimen(nuevaCorrida(QStringLiteral("ICR1")));
+    CierreDelRegimen(nuevaCorrida(u"ICR1"_s));
     EXPECT_EQ(registro.conOpciones.size(), 2U);
     EXPECT_EQ(aec(), "R");
     EXPECT_EQ(ctx->CalculoAEC.toStdString(), "R") << "the stored answer becomes the shared one";
@@ -131,7 +133,7 @@ TEST_P(Ventajas, PartsOfVehiclesAreAskedOnceInTheRun) {
         registro = {};
         registro.respuestas = {c.respuesta};
         ctx->CalculoAEC.clear();
-        ejecutar(QStringLiteral("delete from itemventaja where interno = 'OP1'"));
+        ejecutar(u"delete from itemventaja where interno = 'OP1'"_s);
         CierreDelRegimen(nuevaCorrida(QString::fromLatin1(c.regimen)));
         ASSERT_EQ(registro.preguntas.size(), c.preguntas) << c.regimen;
         if (c.preguntas > 0) {
@@ -148,15 +150,15 @@ TEST_P(Ventajas, AnItemInheritsTheAdvantagesOfEveryArticleFoldedIntoIt) {
     const char *const articulos[] = {"A1", "A2", "A3", "A4"};
     QStringList ids;
     for (const char *articulo : articulos) {
-        renglon({{"idcatalogo", "'C'"}, {"idarticulo", QStringLiteral("'%1'").arg(QLatin1String(articulo))}});
-        ids << valor(QStringLiteral("select max(id) as id from subitems where interno = 'OP1'"));
+        renglon({{"idcatalogo", "'C'"}, {"idarticulo", u"'%1'"_s.arg(QLatin1String(articulo))}});
+        ids << valor(u"select max(id) as id from subitems where interno = 'OP1'"_s);
     }
     const auto ventaja = [this](const char *catalogo, const char *articulo, const char *cual) {
-        insertar(QStringLiteral("articulo_ventaja"),
+        insertar(u"articulo_ventaja"_s,
                  {{"idcatalogo", QString::fromLatin1(catalogo)},
                   {"idarticulo", QString::fromLatin1(articulo)},
                   {"ventaja", QString::fromLatin1(cual)}},
-                 QStringLiteral("CATALOGOS"));
+                 u"CATALOGOS"_s);
     };
     ventaja("'C'", "'A1'", "'V1'");
     ventaja("'C'", "'A2'", "'V2'");
@@ -168,7 +170,7 @@ TEST_P(Ventajas, AnItemInheritsTheAdvantagesOfEveryArticleFoldedIntoIt) {
     linea = ids[0].toInt() - 1;
     grupo({{"id", "1"}});
     grupo({{"id", "2"}, {"idsub", ids[2]}});
-    insertar(QStringLiteral("idrel"), {{"interno", "'OP1'"}, {"idroot", ids[0]}, {"idsub", ids[1]}});
+    insertar(u"idrel"_s, {{"interno", "'OP1'"}, {"idroot", ids[0]}, {"idsub", ids[1]}});
     for (const int id : {0, 1, 2}) item(id);
     const QStringList s = sentenciasDe([this] { ProcesarVentajasVinculadas(*corrida); });
     EXPECT_EQ(todas(), "V1|1|1\nV2|1|1\nV3|2|1") << "each advantage once";

@@ -4,13 +4,15 @@
 
 #include "tests/items/armado.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ItemCero : public ArmadoDePrueba {};
 
 TEST_P(ItemCero, AnOperationWithNoLinesHasItsRowAlone) {
     for (const int numeracion : {1, 2}) {
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
         corrida->opciones.ARMARITEM = numeracion;
         DividirItemsGrandes(*corrida);
         GenerarItems(*corrida);
@@ -43,7 +45,7 @@ TEST_P(ItemCero, TheDestinationFillsOnlyBlanks) {
     item(1, {{"idproc", "'310'"}});
     item(2, {{"idproc", "''"}});
     item(3);
-    corrida->DCPaisDestino = QStringLiteral("200");
+    corrida->DCPaisDestino = u"200"_s;
     AgregarItemCero(*corrida);
     EXPECT_EQ(f("select id,idproc from item where interno = 'OP1' order by id"),
               "0|200\n1|310\n2|200\n3|200");
@@ -59,24 +61,24 @@ TEST_P(ItemCero, CommonDataGoToEveryItem) {
                           {&ContextoArmado::OpcionesIVA, "opcionesiva"},
                           {&ContextoArmado::OpcionesGanancias, "opcionesganancias"}};
     item(1);
-    for (const Caso &c : casos) (*corrida).*c.campo = QLatin1String("V-") + QLatin1String(c.columna);
+    for (const Caso &c : casos) (*corrida).*c.campo = "V-"_L1 + QLatin1String(c.columna);
     AgregarItemCero(*corrida);
     for (const Caso &c : casos) {
         const std::string v = std::string("V-") + c.columna;
-        EXPECT_EQ(f(QStringLiteral("select id,%1 from item where interno = 'OP1' order by id")
-                        .arg(QLatin1String(c.columna))),
-                  "0|" + v + "\n1|" + v);
+        EXPECT_EQ(
+            f(u"select id,%1 from item where interno = 'OP1' order by id"_s.arg(QLatin1String(c.columna))),
+            "0|" + v + "\n1|" + v);
     }
 }
 
 TEST_P(ItemCero, StateAndOriginGoToItemZeroAndOnlyWhenForced) {
     item(1, {{"idpais", "'310'"}});
-    corrida->DCEstMerc = QStringLiteral("2");
-    corrida->DCPaisOrigen = QStringLiteral("203");
+    corrida->DCEstMerc = u"2"_s;
+    corrida->DCPaisOrigen = u"203"_s;
     AgregarItemCero(*corrida);
     EXPECT_EQ(f("select id,estadomerc,idpais from item where interno = 'OP1' order by id"),
               "0|<null>|<null>\n1|1|310");
-    ejecutar(QStringLiteral("delete from item where interno = 'OP1' and id = 0"));
+    ejecutar(u"delete from item where interno = 'OP1' and id = 0"_s);
     corrida->DCForzarEstMerc = corrida->DCForzarPaisOrigen = true;
     AgregarItemCero(*corrida);
     EXPECT_EQ(f("select id,estadomerc,idpais from item where interno = 'OP1' order by id"),
@@ -87,19 +89,19 @@ TEST_P(ItemCero, WithoutAnAgreementTheOtherOnccaDataAreDropped) {
     const char *const columnas =
         "onccaacuerdo,onccaelaborador,onccaespecie,onccafaneador,onccamatadero,onccameccoorgbio,"
         "onccares3106,onccasispro";
-    corrida->ONCCAElaborador = QStringLiteral("e");
-    corrida->ONCCAEspecie = QStringLiteral("s");
-    corrida->ONCCAFaneador = QStringLiteral("f");
-    corrida->ONCCAMatadero = QStringLiteral("m");
-    corrida->ONCCAMeccoorgbio = QStringLiteral("b");
-    corrida->ONCCARes3106 = QStringLiteral("r");
-    corrida->ONCCASisPro = QStringLiteral("p");
+    corrida->ONCCAElaborador = u"e"_s;
+    corrida->ONCCAEspecie = u"s"_s;
+    corrida->ONCCAFaneador = u"f"_s;
+    corrida->ONCCAMatadero = u"m"_s;
+    corrida->ONCCAMeccoorgbio = u"b"_s;
+    corrida->ONCCARes3106 = u"r"_s;
+    corrida->ONCCASisPro = u"p"_s;
     item(1);
     AgregarItemCero(*corrida);
     const QString sql =
-        QStringLiteral("select %1 from item where interno = 'OP1' and id = 1").arg(QLatin1String(columnas));
+        u"select %1 from item where interno = 'OP1' and id = 1"_s.arg(QLatin1String(columnas));
     EXPECT_EQ(f(sql), "<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>");
-    corrida->ONCCAAcuerdo = QStringLiteral("a");
+    corrida->ONCCAAcuerdo = u"a"_s;
     AgregarItemCero(*corrida);
     EXPECT_EQ(f(sql), "a|e|s|f|m|b|r|p");
 }
@@ -108,7 +110,7 @@ TEST_P(ItemCero, AForcedDescriptionGoesToItemsAndGroups) {
     item(1, {{"descripcion", "'x'"}});
     grupo({{"descripcion", "'y'"}});
     corrida->descripcionForzada = true;
-    corrida->DC_DJAI_DescripcionMercaderia = QStringLiteral("Caño d'agua");
+    corrida->DC_DJAI_DescripcionMercaderia = u"Caño d'agua"_s;
     AgregarItemCero(*corrida);
     EXPECT_EQ(f("select descripcion from item where interno = 'OP1' order by id"),
               "Caño d'agua\nCaño d'agua");
@@ -155,8 +157,8 @@ TEST_P(ItemCero, TheMarkerOfTheLineBecomesTheTariffList) {
 
 TEST_P(ItemCero, AnotherOperationIsNotTouched) {
     item(1, {{"interno", "'OTRA'"}, {"itfiller", "'LISTA:306'"}});
-    corrida->DCStandard = QStringLiteral("S");
-    corrida->DCPaisDestino = QStringLiteral("200");
+    corrida->DCStandard = u"S"_s;
+    corrida->DCPaisDestino = u"200"_s;
     AgregarItemCero(*corrida);
     EXPECT_EQ(f("select lista,standard,idproc from item where interno = 'OTRA'"), "<null>|<null>|<null>");
 }
@@ -185,17 +187,17 @@ TEST_P(ItemCero, TypesGAndDAreRelatedByTheFirstItem) {
     };
     for (const Caso &c : casos) {
         registro = {};
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
         int id = 0;
         for (const char tipo : std::string(c.tipos))
-            item(++id, {{"tipoitem", QStringLiteral("'%1'").arg(QLatin1Char(tipo))}});
+            item(++id, {{"tipoitem", u"'%1'"_s.arg(QLatin1Char(tipo))}});
         ControlarTiposGD(*corrida);
         ASSERT_EQ(registro.mensajes.size(), c.texto.empty() ? 0U : 1U) << c.tipos;
         if (!c.texto.empty()) {
             EXPECT_EQ(registro.mensajes[0].texto.toStdString(), c.texto);
             EXPECT_EQ(registro.mensajes[0].icono, c.icono);
         }
-        EXPECT_EQ(filas(QStringLiteral("select itemasociado from item where interno = 'OP1' order by id"))
+        EXPECT_EQ(filas(u"select itemasociado from item where interno = 'OP1' order by id"_s)
                       .replace(QLatin1Char('\n'), QLatin1Char(' '))
                       .toStdString(),
                   c.asociados)

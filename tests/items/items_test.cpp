@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/values.h"
+#include "frame/base/values.h"
 #include "tests/items/armado.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,13 +32,12 @@ TEST_P(Items, GrossKilosAreCheckedByWhatTheGroupsHold) {
                           {"NULL 5", "5", false},    {"NULL 0", "0", false}};
     for (const Caso &c : casos) {
         registro = {};
-        ejecutar(QStringLiteral("delete from groupsubitems where interno = 'OP1'"));
-        ejecutar(QStringLiteral("update caratula set bulpes = 7 where interno = 'OP1'"));
+        ejecutar(u"delete from groupsubitems where interno = 'OP1'"_s);
+        ejecutar(u"update caratula set bulpes = 7 where interno = 'OP1'"_s);
         for (const QString &k : QString::fromLatin1(c.kilos).split(QLatin1Char(' '), Qt::SkipEmptyParts))
             grupo({{"kgbruto", k}});
         ControlarKiloBruto(*corrida);
-        EXPECT_EQ(valor(QStringLiteral("select bulpes from caratula where interno = 'OP1'")).toStdString(),
-                  c.bulpes)
+        EXPECT_EQ(valor(u"select bulpes from caratula where interno = 'OP1'"_s).toStdString(), c.bulpes)
             << c.kilos;
         ASSERT_EQ(registro.mensajes.size(), c.aviso ? 1U : 0U) << c.kilos;
         if (!c.aviso) continue;
@@ -51,8 +52,8 @@ TEST_P(Items, GrossKilosAreCheckedByWhatTheGroupsHold) {
 
 TEST_P(Items, ThreeHundredAndOneEqualGroupsMakeTwoItemsOf300And1) {
     for (const int numeracion : {1, 2}) {
-        ejecutar(QStringLiteral("delete from groupsubitems where interno = 'OP1'"));
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
+        ejecutar(u"delete from groupsubitems where interno = 'OP1'"_s);
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
         gruposIguales(301, {{"itfiller", numeracion == 1 ? "'LISTA:314'" : "NULL"}});
         DividirItemsGrandes(*corrida);
         generar(numeracion);
@@ -81,8 +82,7 @@ TEST_P(Items, ThreeHundredGroupsAreNotSplitAnd601MakeThreeParts) {
 
 TEST_P(Items, ASplitLeavesTheGroupsOfAnotherOperationAlone) {
     gruposIguales(301);
-    ejecutar(QStringLiteral(
-        "update groupsubitems set interno = 'OTRA' where interno = 'OP1' and preciounitario > 300"));
+    ejecutar(u"update groupsubitems set interno = 'OTRA' where interno = 'OP1' and preciounitario > 300"_s);
     grupo({{"preciounitario", "301"}});
     DividirItemsGrandes(*corrida);
     EXPECT_EQ(f("select itfiller from groupsubitems where interno = 'OTRA'"), "");
@@ -90,7 +90,7 @@ TEST_P(Items, ASplitLeavesTheGroupsOfAnotherOperationAlone) {
 }
 
 TEST_P(Items, InADeclarationTheSplitKeepsDescriptionsApart) {
-    nuevaCorrida(QStringLiteral("DJAI"));
+    nuevaCorrida(u"DJAI"_s);
     gruposIguales(301, {{"descripcion", "'Caño d''agua  '"}});
     gruposIguales(2, {{"descripcion", "'otra'"}});
     DividirItemsGrandes(*corrida);
@@ -132,7 +132,7 @@ TEST_P(Items, NumberingByAppearanceLetsUnitsAndTypesDifferWithinAnItem) {
     // The key columns come from the first group.
     EXPECT_EQ(f("select id,estadistica,tipoitem,lapi,deresp,cantidad from item where interno = 'OP1'"),
               "1|07|G|S|02|2");
-    ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
+    ejecutar(u"delete from item where interno = 'OP1'"_s);
     generar(1);
     EXPECT_EQ(f("select count(*) as n from item where interno = 'OP1'"), "2") << "in NCM order they split it";
 }
@@ -158,7 +158,7 @@ TEST_P(Items, AGroupWithNullCountryTakesTheIsNullClause) {
     EXPECT_EQ(f("select idsub,id from groupsubitems where interno = 'OP1' order by idsub"), "1|1\n2|2\n3|1");
     EXPECT_EQ(f("select id,idpais,cantidad from item where interno = 'OP1' order by id"), "1||2\n2||1")
         << "the item takes an empty value";
-    EXPECT_EQ(sentencias.filter(QStringLiteral("update groupsubitems set id = "))[0].toStdString(),
+    EXPECT_EQ(sentencias.filter(u"update groupsubitems set id = "_s)[0].toStdString(),
               "update groupsubitems set id = 1 where interno = 'OP1' and ncm = '7318.15.00.100A' and "
               "idunidad = '07' and "
               "idpais is null and idpaisproc = '203' and itfiller = '' and estadomerc = '1' and biendeuso = "
@@ -167,7 +167,7 @@ TEST_P(Items, AGroupWithNullCountryTakesTheIsNullClause) {
 }
 
 TEST_P(Items, NumberingByAppearanceSendsFourStatementsAnItem) {
-    for (int n = 0; n < 5; ++n) grupo({{"ncm", QStringLiteral("'%1'").arg(n)}});
+    for (int n = 0; n < 5; ++n) grupo({{"ncm", u"'%1'"_s.arg(n)}});
     // Pick, number, sum, insert; and the pick that finds nothing.
     EXPECT_EQ(sentenciasDe([this] { generar(2); }).size(), 5 * 4 + 1);
 }
@@ -176,8 +176,8 @@ TEST_P(Items, OutsideADeclarationTheItemDescriptionIsEmpty) {
     grupo({{"descripcion", "'uno'"}});
     grupo({{"descripcion", "'dos'"}});
     for (const int numeracion : {1, 2}) {
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
-        ejecutar(QStringLiteral("update groupsubitems set id = NULL where interno = 'OP1'"));
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
+        ejecutar(u"update groupsubitems set id = NULL where interno = 'OP1'"_s);
         generar(numeracion);
         EXPECT_EQ(f("select id,descripcion,cantidad from item where interno = 'OP1'"), "1||2") << numeracion;
     }
@@ -185,9 +185,9 @@ TEST_P(Items, OutsideADeclarationTheItemDescriptionIsEmpty) {
 
 TEST_P(Items, InADeclarationTheDescriptionMakesTheItem) {
     for (const int numeracion : {1, 2}) {
-        nuevaCorrida(QStringLiteral("DJAI"));
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
-        ejecutar(QStringLiteral("delete from groupsubitems where interno = 'OP1'"));
+        nuevaCorrida(u"DJAI"_s);
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
+        ejecutar(u"delete from groupsubitems where interno = 'OP1'"_s);
         grupo({{"descripcion", "'Caño d''agua'"}});
         grupo({{"descripcion", "'Bulón'"}});
         grupo({{"descripcion", "'CAÑO d''agua'"}});
@@ -202,7 +202,7 @@ TEST_P(Items, InADeclarationTheDescriptionMakesTheItem) {
 }
 
 TEST_P(Items, ADescriptionWithEndBlanksIsNumberedToo) {
-    nuevaCorrida(QStringLiteral("DJAI"));
+    nuevaCorrida(u"DJAI"_s);
     grupo({{"descripcion", "'Bulón  '"}});
     grupo({{"descripcion", "' Bulón'"}});
     grupo({{"descripcion", "'Bulón  '"}, {"preciounitario", "2"}});
@@ -212,7 +212,7 @@ TEST_P(Items, ADescriptionWithEndBlanksIsNumberedToo) {
 
 TEST_P(Items, AGroupThatNoKeyMeetsEndsTheRunInsteadOfTurningForEver) {
     grupo({{"ncm", "NULL"}});
-    EXPECT_THROW(generar(2), ErrorDeStore);
+    EXPECT_THROW(generar(2), Falla);
     EXPECT_EQ(f("select count(*) as n from item where interno = 'OP1'"), "0");
 }
 
@@ -232,23 +232,22 @@ TEST_P(Items, NumberingByNcmPutsNBeforeGBeforeDAndPositionsInOrder) {
 
 TEST_P(Items, TheLinkByNcmIsSpelledForEachStore) {
     grupo();
-    const QString enlace = sentenciasDe([this] { generar(1); }).filter(QStringLiteral("ITEM.ID")).value(0);
-    const QString comparaciones = QStringLiteral(
-        "(groupsubitems.interno = item.Interno and groupsubitems.ncm = item.NCM and (groupsubitems.idpais = "
+    const QString enlace = sentenciasDe([this] { generar(1); }).filter(u"ITEM.ID"_s).value(0);
+    const QString comparaciones =
+        u"(groupsubitems.interno = item.Interno and groupsubitems.ncm = item.NCM and (groupsubitems.idpais = "
         "item.Idpais or groupsubitems.idpais is null) and (groupsubitems.idpaisproc = item.Idproc or "
         "groupsubitems.idpaisproc is null) and groupsubitems.idunidad = item.idunidad and "
         "(groupsubitems.itfiller = "
         "item.itfiller or groupsubitems.itfiller is null) and (groupsubitems.estadomerc = item.estadomerc or "
         "groupsubitems.estadomerc is null) and groupsubitems.biendeuso = item.Biendeuso and "
-        "groupsubitems.cancelaciones = item.cancelaciones and groupsubitems.tipoitem = item.tipoitem)");
-    const QString donde = QStringLiteral(" where groupsubitems.interno = 'OP1'");
-    const QString esperada = corrida->esSQL() ? QStringLiteral(
-                                                    "Update groupsubitems Set groupsubitems.ID = ITEM.ID "
-                                                    "from groupsubitems INNER JOIN item on ") +
-                                                    comparaciones + donde
-                                              : QStringLiteral("Update groupsubitems Inner Join item On ") +
-                                                    comparaciones +
-                                                    QStringLiteral(" Set groupsubitems.ID = ITEM.ID") + donde;
+        "groupsubitems.cancelaciones = item.cancelaciones and groupsubitems.tipoitem = item.tipoitem)"_s;
+    const QString donde = u" where groupsubitems.interno = 'OP1'"_s;
+    const QString esperada = corrida->esSQL()
+                                 ? u"Update groupsubitems Set groupsubitems.ID = ITEM.ID "
+                                   "from groupsubitems INNER JOIN item on "_s +
+                                       comparaciones + donde
+                                 : u"Update groupsubitems Inner Join item On "_s + comparaciones +
+                                       u" Set groupsubitems.ID = ITEM.ID"_s + donde;
     EXPECT_EQ(enlace.toStdString(), esperada.toStdString());
 }
 
@@ -262,19 +261,19 @@ TEST_P(Items, ALinkThatTouchesNoRowIsToldAndTheRunGoesOn) {
 }
 
 TEST_P(Items, TheBuyerDatumIsWrittenInNcmOrderAlone) {
-    corrida->DATOCOMPRADOR = QStringLiteral("O'Higgins");
+    corrida->DATOCOMPRADOR = u"O'Higgins"_s;
     grupo();
     grupo({{"ncm", "'9999.99.99.999Z'"}});
     generar(2);
     EXPECT_EQ(f("select count(*) as n from iteminfo where interno = 'OP1'"), "0");
-    ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
+    ejecutar(u"delete from item where interno = 'OP1'"_s);
     generar(1);
     EXPECT_EQ(f("select iditem,idinfo,valor from iteminfo where interno = 'OP1' order by iditem"),
               "1|DATO-COMPRADOR|O Higgins\n2|DATO-COMPRADOR|O Higgins");
 }
 
 TEST_P(Items, AdditionalInformationBlanksEveryQuote) {
-    AgregarInformacionAdicional(*corrida, 7, QStringLiteral("X"), QStringLiteral("'a''b'"));
+    AgregarInformacionAdicional(*corrida, 7, u"X"_s, u"'a''b'"_s);
     EXPECT_EQ(f("select iditem,idinfo,valor from iteminfo where interno = 'OP1'"), "7|X| a  b ");
 }
 

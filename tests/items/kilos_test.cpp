@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/items/armado.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,12 +20,12 @@ class Kilos : public ArmadoDePrueba {
     }
     /// The kilos of the groups in the order of their lines, joined by blanks.
     std::string kilos() {
-        return filas(QStringLiteral("select kgneto from groupsubitems where interno = 'OP1' order by idsub"))
+        return filas(u"select kgneto from groupsubitems where interno = 'OP1' order by idsub"_s)
             .replace(QLatin1Char('\n'), QLatin1Char(' '))
             .toStdString();
     }
     std::string marcas() {
-        return filas(QStringLiteral("select flgkg from groupsubitems where interno = 'OP1' order by idsub"))
+        return filas(u"select flgkg from groupsubitems where interno = 'OP1' order by idsub"_s)
             .replace(QLatin1Char('\n'), QLatin1Char('|'))
             .toStdString();
     }
@@ -91,8 +93,8 @@ TEST_P(Kilos, AreSpreadOverTheGroupsThatLackThem) {
     for (const Reparto &c : repartos) {
         registro = {};
         linea = 0;
-        ejecutar(QStringLiteral("delete from groupsubitems where interno = 'OP1'"));
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
+        ejecutar(u"delete from groupsubitems where interno = 'OP1'"_s);
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
         grupos(c.grupos);
         item(1, {{"totalkneto", "77"}});
         item(0, {{"totalkneto", "0"}});
@@ -104,7 +106,7 @@ TEST_P(Kilos, AreSpreadOverTheGroupsThatLackThem) {
         } else {
             EXPECT_TRUE(registro.mensajes.empty()) << c.que << ": " << unMensaje();
             const QString total = numeros::aTexto(c.total);
-            EXPECT_EQ(netos(), QStringLiteral("0|%1\n1|%1").arg(total).toStdString()) << c.que;
+            EXPECT_EQ(netos(), u"0|%1\n1|%1"_s.arg(total).toStdString()) << c.que;
         }
     }
 }
@@ -126,10 +128,9 @@ TEST_P(Kilos, WithKilosOnAllGroupsTheBoxHasItsTitleAndNothingChanges) {
 }
 
 TEST_P(Kilos, MessagesShowNumbersAsTheWorkstationWritesThem) {
-    const QChar antes = numeros::separadorDecimal();
     grupos("5/100 6.25/100 0/100");
     for (const QChar separador : {QLatin1Char('.'), QLatin1Char(',')}) {
-        numeros::fijarSeparadorDecimal(separador);
+        ctx->SeparadorDecimal = separador;
         registro = {};
         Prorratear_ItemCeroEx(*corrida, 11.1);
         EXPECT_EQ(unMensaje(), separador == QLatin1Char('.')
@@ -137,13 +138,12 @@ TEST_P(Kilos, MessagesShowNumbersAsTheWorkstationWritesThem) {
                                    : "El kilo a prorratear (11,1) debe ser mayor a 11,25");
     }
     // 8.75 short of the target, which the only spread group, of no FOB and 0.01 kilos, cannot take.
-    ejecutar(QStringLiteral("update groupsubitems set fob = 0 where kgneto = 0"));
+    ejecutar(u"update groupsubitems set fob = 0 where kgneto = 0"_s);
     registro = {};
     Prorratear_ItemCeroEx(*corrida, 20);
     EXPECT_EQ(unMensaje(),
               "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 8,75\r\nNo se puede "
               "continuar..");
-    numeros::fijarSeparadorDecimal(antes);
 }
 
 TEST_P(Kilos, SpreadGroupsAreMarkedAndOldMarksOfOthersStay) {
@@ -188,7 +188,7 @@ TEST_P(Kilos, MeasuresInKilosFollowAndItemsTakeTheirSums) {
 
 TEST_P(Kilos, TheResidualChangesOneRowAmongEqualOnes) {
     for (int n = 0; n < 3; ++n)
-        insertar(QStringLiteral("groupsubitems"),
+        insertar(u"groupsubitems"_s,
                  {{"interno", "'OP1'"}, {"id", "1"}, {"idsub", "1"}, {"kgneto", "0"}, {"fob", "1"}});
     Prorratear_ItemCeroEx(*corrida, 10);
     EXPECT_EQ(f("select kgneto,count(*) as n from groupsubitems where interno = 'OP1' group by kgneto order "
@@ -209,13 +209,12 @@ TEST_P(Kilos, TheBarPassesItsMarks) {
 
 TEST_P(Kilos, WithoutAnyFobTheStoreRefusesTheDivision) {
     grupos("0/0");
-    EXPECT_THROW(Prorratear_ItemCeroEx(*corrida, 5), ErrorDeStore);
+    EXPECT_THROW(Prorratear_ItemCeroEx(*corrida, 5), Falla);
 }
 
 TEST_P(Kilos, AnotherOperationIsNotTouched) {
     grupos("0/100");
-    ejecutar(QStringLiteral(
-        "insert into groupsubitems (interno,id,idsub,kgneto,fob) values ('OTRA',1,900,0,1000)"));
+    ejecutar(u"insert into groupsubitems (interno,id,idsub,kgneto,fob) values ('OTRA',1,900,0,1000)"_s);
     Prorratear_ItemCeroEx(*corrida, 5);
     EXPECT_EQ(kilos(), "5");
     EXPECT_EQ(f("select kgneto,flgkg from groupsubitems where interno = 'OTRA'"), "0|<null>");
@@ -223,10 +222,10 @@ TEST_P(Kilos, AnotherOperationIsNotTouched) {
 
 TEST_P(Kilos, AfterAResidualThatFitsNowhereTheRunGoesOn) {
     entornoDeCorrida();
-    ejecutar(QStringLiteral("update caratula set dckgneto = 0.04 where interno = 'OP1'"));
+    ejecutar(u"update caratula set dckgneto = 0.04 where interno = 'OP1'"_s);
     for (int n = 1; n <= 10; ++n) renglon({{"preciounitario", QString::number(n)}, {"fob", "10"}});
-    ctx->ChequeoArmado = QStringLiteral("SI");
-    EXPECT_TRUE(Generar(*ctx, QStringLiteral("OP1"), {}));
+    ctx->ChequeoArmado = u"SI"_s;
+    EXPECT_TRUE(Generar(*ctx, u"OP1"_s, {}));
     EXPECT_EQ(ctx->ChequeoArmado.toStdString(), "SI");
     EXPECT_EQ(unMensaje(),
               "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.06\r\nNo se puede "
@@ -277,8 +276,8 @@ TEST_P(Integridad, TheMeasureInKilosBecomesTheItemsNetKilos) {
     // Statistical 3 + 4.005 -> 7.01 at two decimals; specific 5 + 6 = 11. With both, the statistical one.
     for (const Caso &c :
          {Caso{"'01'", "''", "7.01"}, Caso{"'07'", "'01'", "11"}, Caso{"'01'", "'01'", "7.01"}}) {
-        ejecutar(QStringLiteral("delete from item where interno = 'OP1'"));
-        ejecutar(QStringLiteral("delete from groupsubitems where interno = 'OP1'"));
+        ejecutar(u"delete from item where interno = 'OP1'"_s);
+        ejecutar(u"delete from groupsubitems where interno = 'OP1'"_s);
         const Fila unidades{{"id", "1"},
                             {"estadistica", QString::fromLatin1(c.estadistica)},
                             {"deresp", QString::fromLatin1(c.deresp)}};
@@ -363,15 +362,14 @@ TEST_P(Integridad, TheReportShowsTheGroupsInColumnsUnderBothSeparators) {
            {"estadistica", "NULL"},
            {"deresp", "'02'"},
            {"fob", "1"}});
-    const QChar antes = numeros::separadorDecimal();
     for (const QChar separador : {QLatin1Char('.'), QLatin1Char(',')}) {
-        numeros::fijarSeparadorDecimal(separador);
+        ctx->SeparadorDecimal = separador;
         registro = {};
         MostrarSubItems(*corrida, 7);
         ASSERT_EQ(informados(), 1U);
         EXPECT_FALSE(registro.informes[0].comoLista);
-        QString esperado = QStringLiteral(
-            "Verificación de Subitem's:\r\n"
+        QString esperado =
+            u"Verificación de Subitem's:\r\n"
             "--------------------------\r\n"
             "\r\n"
             "Los siguientes subitem's deberán tener cargados todos kilogramos o ninguno.\r\n"
@@ -381,10 +379,10 @@ TEST_P(Integridad, TheReportShowsTheGroupsInColumnsUnderBothSeparators) {
             "UE = UNIDAD ESTADISTICA, UDE = UNIDAD DE DERECHO ESPECIFICO\r\n"
             "\r\n"
             "NCM             UD   CANTIDAD PRE. UNIT. UE   CANT. UE UDE  CANT UDE.    KG NETO\r\n"
-            "--------------- -- ---------- ---------- -- ---------- --- ---------- ----------\r\n");
-        const QString renglones = QStringLiteral(
-            "7318.15.00.100A 07      12.50      03.00 01    1234.57          00.00      00.00\r\n"
-            "99              1       01.00      01.00         01.00 02       00.00      01.00");
+            "--------------- -- ---------- ---------- -- ---------- --- ---------- ----------\r\n"_s;
+        const QString renglones =
+            u"7318.15.00.100A 07      12.50      03.00 01    1234.57          00.00      00.00\r\n"
+            "99              1       01.00      01.00         01.00 02       00.00      01.00"_s;
         esperado += separador == QLatin1Char('.') ? renglones : [&] {
             // The dots of the position are no decimal marks.
             QString con = renglones;
@@ -396,7 +394,6 @@ TEST_P(Integridad, TheReportShowsTheGroupsInColumnsUnderBothSeparators) {
         }();
         EXPECT_EQ(registro.informes[0].texto.toStdString(), esperado.toStdString());
     }
-    numeros::fijarSeparadorDecimal(antes);
 }
 
 EN_AMBOS_STORES(Kilos);

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/values.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 #include "tests/items/armado.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,41 +20,36 @@ class Registros : public ArmadoDePrueba {
         ArmadoDePrueba::SetUp();
         // The catalogue's own percentages are discarded, so they stand out here.
         for (const char *c : conceptos)
-            insertar(QStringLiteral("tax"),
-                     {{"ctax", QStringLiteral("'%1'").arg(QLatin1String(c))},
-                      {"ltaxabr", QStringLiteral("'Concepto %1'").arg(QLatin1String(c))},
-                      {"ctaxpog", "'P'"},
-                      {"porcentaje", "99"}});
+            insertar(u"tax"_s, {{"ctax", u"'%1'"_s.arg(QLatin1String(c))},
+                                {"ltaxabr", u"'Concepto %1'"_s.arg(QLatin1String(c))},
+                                {"ctaxpog", "'P'"},
+                                {"porcentaje", "99"}});
     }
     void limpiar() {
         for (const char *tabla : {"itemliq", "itemventaja", "item"})
-            ejecutar(QStringLiteral("delete from %1 where interno = 'OP1'").arg(QLatin1String(tabla)));
+            ejecutar(u"delete from %1 where interno = 'OP1'"_s.arg(QLatin1String(tabla)));
         registro = {};
     }
     /// The concepts of an item, sorted and joined by commas.
     std::string codigos(int id) {
-        return filas(QStringLiteral(
-                         "select idconceptos from itemliq where interno = 'OP1' and iditem = %1 order by "
-                         "idconceptos")
-                         .arg(id))
+        return filas(
+                   u"select idconceptos from itemliq where interno = 'OP1' and iditem = %1 order by "
+                   "idconceptos"_s.arg(id))
             .replace(QLatin1Char('\n'), QLatin1Char(','))
             .toStdString();
     }
     std::string ventajas(int id) {
-        return filas(QStringLiteral(
-                         "select idventaja from itemventaja where interno = 'OP1' and iditem = %1 order by "
-                         "idventaja")
-                         .arg(id))
+        return filas(
+                   u"select idventaja from itemventaja where interno = 'OP1' and iditem = %1 order by "
+                   "idventaja"_s.arg(id))
             .replace(QLatin1Char('\n'), QLatin1Char(','))
             .toStdString();
     }
     QString columna(const char *nombre, const char *concepto, int id = 1) {
-        return valor(
-            QStringLiteral(
-                "select %1 from itemliq where interno = 'OP1' and iditem = %2 and idconceptos = '%3'")
-                .arg(QLatin1String(nombre))
-                .arg(id)
-                .arg(QLatin1String(concepto)));
+        return valor(u"select %1 from itemliq where interno = 'OP1' and iditem = %2 and idconceptos = '%3'"_s
+                         .arg(QLatin1String(nombre))
+                         .arg(id)
+                         .arg(QLatin1String(concepto)));
     }
 };
 
@@ -71,8 +69,8 @@ TEST_P(Registros, TheClientIsReadByItsRules) {
         {"IC01", "NULL", "''", "''", 0, 0, false},    {"EC01", "'S'", "'S'", "'S'", 10, 0, true},
         {"DIR6", "'S'", "'S'", "'S'", 10, 0, true},   {"IT01", "'S'", "'S'", "'S'", 10, 20, true}};
     for (const Caso &c : casos) {
-        ejecutar(QStringLiteral("delete from clientes"), QStringLiteral("PERSONAL"));
-        insertar(QStringLiteral("clientes"),
+        ejecutar(u"delete from clientes"_s, u"PERSONAL"_s);
+        insertar(u"clientes"_s,
                  {{"cuit", "'30'"},
                   {"ingbru", "2.5"},
                   {"eximgan", QString::fromLatin1(c.eximgan)},
@@ -82,9 +80,9 @@ TEST_P(Registros, TheClientIsReadByItsRules) {
                   {"ivaareduccionvalor", "20"},
                   {"ivaareduccionvalortemp", "21"},
                   {"cvdi", QString::fromLatin1(c.cvdi)}},
-                 QStringLiteral("PERSONAL"));
+                 u"PERSONAL"_s);
         ContextoArmado &r = nuevaCorrida(QString::fromLatin1(c.idsubreg));
-        r.cuitcliente = QStringLiteral("30");
+        r.cuitcliente = u"30"_s;
         LeerCliente(r);
         EXPECT_EQ(r.ClienteCuit.toStdString(), "30");
         EXPECT_EQ(r.ingbru, 2.5);
@@ -92,8 +90,8 @@ TEST_P(Registros, TheClientIsReadByItsRules) {
         EXPECT_EQ(r.ivareduccion, c.reduccionLeida) << c.idsubreg;
         EXPECT_EQ(r.cvdi, c.cvdiLeida) << c.idsubreg;
     }
-    ContextoArmado &r = nuevaCorrida(QStringLiteral("IC01"));
-    r.cuitcliente = QStringLiteral("99");
+    ContextoArmado &r = nuevaCorrida(u"IC01"_s);
+    r.cuitcliente = u"99"_s;
     LeerCliente(r);
     EXPECT_EQ(r.ClienteCuit.toStdString(), "");
     EXPECT_FALSE(r.cvdi) << "an unknown client";
@@ -176,10 +174,9 @@ TEST_P(Registros, TheRegimeChoosesTheConcepts) {
 
 TEST_P(Registros, TheStateOfAnOrdinaryItemDecidesOnTheRefunds) {
     int id = 0;
-    nuevaCorrida(QStringLiteral("IT01"));
+    nuevaCorrida(u"IT01"_s);
     const char *const estados[] = {"1", "2", "3", "4", "5", "6", "7", ""};
-    for (const char *estado : estados)
-        item(++id, {{"estadomerc", QStringLiteral("'%1'").arg(QLatin1String(estado))}});
+    for (const char *estado : estados) item(++id, {{"estadomerc", u"'%1'"_s.arg(QLatin1String(estado))}});
     ArmarRegistrosDeLiquidacion(*corrida);
     id = 0;
     for (const char *estado : estados) {
@@ -190,7 +187,7 @@ TEST_P(Registros, TheStateOfAnOrdinaryItemDecidesOnTheRefunds) {
 }
 
 TEST_P(Registros, ACapitalGoodInStateOneMakes601StickForTheLaterOnes) {
-    nuevaCorrida(QStringLiteral("IT01"));
+    nuevaCorrida(u"IT01"_s);
     item(1, {{"biendeuso", "'S'"}, {"estadomerc", "'2'"}});
     item(2, {{"biendeuso", "'S'"}, {"estadomerc", "'1'"}});
     item(3, {{"biendeuso", "'S'"}, {"estadomerc", "'2'"}});
@@ -203,13 +200,13 @@ TEST_P(Registros, ACapitalGoodInStateOneMakes601StickForTheLaterOnes) {
 }
 
 TEST_P(Registros, InADeclarationAnOrdinaryItemInStateOneGetsTheRefundsAlone) {
-    nuevaCorrida(QStringLiteral("DJAI"));
+    nuevaCorrida(u"DJAI"_s);
     item(1, {{"estadomerc", "'1'"}});
     const QStringList sentencias = sentenciasDe([this] { ArmarRegistrosDeLiquidacion(*corrida); });
     EXPECT_EQ(codigos(1), "601,611");
     EXPECT_EQ(codigos(0), "") << "no call for item 0";
-    EXPECT_TRUE(sentencias.filter(QStringLiteral("insert into itemliq"))[0].endsWith(
-        QStringLiteral("from tax where ctax in ('','601','611')")));
+    EXPECT_TRUE(sentencias.filter(u"insert into itemliq"_s)[0].endsWith(
+        u"from tax where ctax in ('','601','611')"_s));
 }
 
 TEST_P(Registros, TheDigitalisationFeeGoesToItemOneAlone) {
@@ -229,16 +226,15 @@ TEST_P(Registros, TheDigitalisationFeeGoesToItemOneAlone) {
 TEST_P(Registros, ItemZeroComesFirstAndEveryItemIsNamedOnTheScreen) {
     item(1);
     item(2);
-    const QStringList inserts = sentenciasDe([this] {
-                                    ArmarRegistrosDeLiquidacion(*corrida);
-                                }).filter(QStringLiteral("insert into itemliq"));
+    const QStringList inserts =
+        sentenciasDe([this] { ArmarRegistrosDeLiquidacion(*corrida); }).filter(u"insert into itemliq"_s);
     ASSERT_EQ(inserts.size(), 3);
     EXPECT_EQ(inserts[0].toStdString(),
               "insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,porcentaje) select distinct "
               "CTAXPOG,0,ctax,'OP1',ltaxabr,porcentaje from tax where ctax in ('020','500')");
     QStringList rotulos;
     for (const Avance &a : registro.avances)
-        if (a.control == QLatin1String("lbITM")) rotulos << a.texto;
+        if (a.control == "lbITM"_L1) rotulos << a.texto;
     EXPECT_EQ(rotulos.join(QLatin1Char('|')).toStdString(),
               "Creando liquidación Item: 1|Creando liquidación Item: 2");
 }
@@ -321,11 +317,11 @@ TEST_P(Registros, PercentagesFollowTheClientAndTheRegime) {
         limpiar();
         ContextoArmado &r = nuevaCorrida(QString::fromLatin1(c.idsubreg));
         ctx->decreto = MotivoDecreto();
-        if (c.decreto) ctx->decreto.d1330_04A7 = QStringLiteral("S");
+        if (c.decreto) ctx->decreto.d1330_04A7 = u"S"_s;
         double eximgan = c.eximgan;
         double ingbru = c.ingbru;
-        GenerarLiq(r, QStringLiteral("415,422,424,852,854,856,900"), QStringLiteral("1"), eximgan,
-                   c.ivareduccion, c.cvdi, c.porcentajeiva, 0, ingbru, QString::fromLatin1(c.itfiller));
+        GenerarLiq(r, u"415,422,424,852,854,856,900"_s, u"1"_s, eximgan, c.ivareduccion, c.cvdi,
+                   c.porcentajeiva, 0, ingbru, QString::fromLatin1(c.itfiller));
         for (const char *adicional : {"422", "854"}) {
             EXPECT_EQ(columna("porcentaje", adicional).toDouble(), c.p422) << c.que << " " << adicional;
             if (c.b422 < 0)
@@ -371,13 +367,13 @@ TEST_P(Registros, WhatItemZeroDoesToExemptionAndGrossIncomeStaysForTheItems) {
     // 6 - 200 * 6 / 100 = -6, in item 1 as in item 2; a second doubling would have given another figure.
     EXPECT_EQ(columna("porcentaje", "424", 1).toDouble(), -6);
     EXPECT_EQ(columna("porcentaje", "424", 2).toDouble(), -6);
-    EXPECT_EQ(s.filter(QStringLiteral("(200 * 3 * 2)")).size(), 3);
+    EXPECT_EQ(s.filter(u"(200 * 3 * 2)"_s).size(), 3);
     for (const int id : {0, 1, 2}) EXPECT_EQ(ventajas(id), "GANANEXIMICION") << id;
 }
 
 TEST_P(Registros, ADecreeGuaranteesEverythingButTheFeeAndGrossIncome) {
-    ctx->decreto.d1439_96 = QStringLiteral("S");
-    nuevaCorrida(QStringLiteral("ZFE1"));
+    ctx->decreto.d1439_96 = u"S"_s;
+    nuevaCorrida(u"ZFE1"_s);
     item(1);
     ArmarRegistrosDeLiquidacion(*corrida);
     EXPECT_EQ(f("select distinct idconceptos,pgc from itemliq where interno = 'OP1' and pgc <> 'G' order by "
@@ -390,12 +386,10 @@ TEST_P(Registros, ADecreeGuaranteesEverythingButTheFeeAndGrossIncome) {
 TEST_P(Registros, TheStatementsAreTheOnesThatStoresKnow) {
     double eximgan = 40;
     double ingbru = 2.5;
-    const QStringList s = sentenciasDe([&] {
-        GenerarLiq(*corrida, QStringLiteral("010,415"), QStringLiteral("7"), eximgan, 25.5, true, 10.5, 0,
-                   ingbru, {});
-    });
-    const auto redondeo = [](const char *expresion, QStringView mascara) {
-        return SqlRound(QStringLiteral("INTERNOS"), QString::fromLatin1(expresion), mascara).toStdString();
+    const QStringList s = sentenciasDe(
+        [&] { GenerarLiq(*corrida, u"010,415"_s, u"7"_s, eximgan, 25.5, true, 10.5, 0, ingbru, {}); });
+    const auto redondeo = [this](const char *expresion, QStringView mascara) {
+        return SqlRound(*ctx, u"INTERNOS"_s, QString::fromLatin1(expresion), mascara).toStdString();
     };
     const std::string cola = " and interno = 'OP1' and iditem = 7";
     const std::string adicionales = " where idconceptos in ('422','854')" + cola;
@@ -422,14 +416,14 @@ TEST_P(Registros, TheStatementsAreTheOnesThatStoresKnow) {
 }
 
 TEST_P(Registros, AnotherOperationKeepsItsPercentages) {
-    insertar(QStringLiteral("itemliq"), {{"interno", "'OTRA'"},
-                                         {"iditem", "1"},
-                                         {"idconceptos", "'422'"},
-                                         {"pgc", "'P'"},
-                                         {"porcentaje", "7"},
-                                         {"valor", "8"}});
+    insertar(u"itemliq"_s, {{"interno", "'OTRA'"},
+                            {"iditem", "1"},
+                            {"idconceptos", "'422'"},
+                            {"pgc", "'P'"},
+                            {"porcentaje", "7"},
+                            {"valor", "8"}});
     item(1);
-    nuevaCorrida(QStringLiteral("TR01"));
+    nuevaCorrida(u"TR01"_s);
     ArmarRegistrosDeLiquidacion(*corrida);
     EXPECT_EQ(f("select porcentaje,valor,pgc from itemliq where interno = 'OTRA'"), "7|8|P");
 }
@@ -437,14 +431,12 @@ TEST_P(Registros, AnotherOperationKeepsItsPercentages) {
 TEST_P(Registros, NOCALCLIQULeavesTheRowsOutAndStillFillsTheAdvantages) {
     entornoDeCorrida();
     renglon({{"fob", "100"}});
-    insertar(QStringLiteral("ventajasrel"), {{"cuit", "'30'"}, {"ncm", "''"}, {"idventaja", "'V1'"}},
-             QStringLiteral("PERSONAL"));
+    insertar(u"ventajasrel"_s, {{"cuit", "'30'"}, {"ncm", "''"}, {"idventaja", "'V1'"}}, u"PERSONAL"_s);
     for (const bool sinLiquidacion : {true, false}) {
         ctx->opciones.NOCALCLIQU = sinLiquidacion;
-        ctx->ChequeoArmado = QStringLiteral("SI");
-        Generar(*ctx, QStringLiteral("OP1"), {});
-        EXPECT_EQ(valor(QStringLiteral("select count(*) as n from itemliq where interno = 'OP1'")) ==
-                      QLatin1String("0"),
+        ctx->ChequeoArmado = u"SI"_s;
+        Generar(*ctx, u"OP1"_s, {});
+        EXPECT_EQ(valor(u"select count(*) as n from itemliq where interno = 'OP1'"_s) == "0"_L1,
                   sinLiquidacion);
         EXPECT_EQ(f("select iditem,idventaja from itemventaja where interno = 'OP1'"), "1|V1")
             << sinLiquidacion;

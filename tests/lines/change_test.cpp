@@ -5,6 +5,8 @@
 #include "header/automotive.h"
 #include "tests/lines/lineas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Cambios : public Lineas {
@@ -84,7 +86,7 @@ TEST_P(Cambios, AChangeWritesNoColumnOfTheArticle) {
 
 TEST_P(Cambios, TheRefundValueOfTheLineIsKept) {
     const qint64 id = nuevaBomba();
-    ejecutar(QStringLiteral("update subitems set sbtrei = 2.5 where id = %1").arg(id));
+    ejecutar(u"update subitems set sbtrei = 2.5 where id = %1"_s.arg(id));
     abrirLinea(id);
     ASSERT_TRUE(grabar());
     EXPECT_EQ(linea("sbtrei", id), "2.5");
@@ -97,9 +99,8 @@ TEST_P(Cambios, AnInputsLineKeepsItsInputColumns) {
     ASSERT_TRUE(grabar()) << ultimoMensaje();
     const qint64 id = grabacion.id;
     ejecutar(
-        QStringLiteral("update subitems set insumostemp = 12.5, insumosacons = 3, cancelaciones = 'OK' where "
-                       "id = %1")
-            .arg(id));
+        u"update subitems set insumostemp = 12.5, insumosacons = 3, cancelaciones = 'OK' where "
+        "id = %1"_s.arg(id));
     abrirLinea(id);
     s.campos.TxtInsumosTemp = "99";
     s.campos.TxtInsumCons = "99";
@@ -255,7 +256,7 @@ TEST_P(Cambios, ADeletedLineIsNoLongerInHand) {
 TEST_P(Cambios, ALineWithInputsIsNotDeletedWithoutTheLink) {
     const qint64 a = nuevaBomba();
     const qint64 b = nuevaBomba();
-    ejecutar(QStringLiteral("update subitems set cancelaciones = 'OK' where id = %1").arg(a));
+    ejecutar(u"update subitems set cancelaciones = 'OK' where id = %1"_s.arg(a));
     registro.respuestas = {true};
     EXPECT_EQ(lpEliminar(*ctx, s, {a, b}), 1) << "the other one goes";
     EXPECT_EQ(ultimoMensaje(), "Error en eliminar la relacion con insumos");

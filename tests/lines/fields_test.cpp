@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "subitems/linelist.h"
 #include "tests/lines/lineas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -119,7 +121,7 @@ TEST_P(CamposDeLinea, RelationsFillTheStatisticalQuantityAndTheKilos) {
 }
 
 TEST_P(CamposDeLinea, ARelationIsReadUnderACommaToo) {
-    numeros::fijarSeparadorDecimal(QLatin1Char(','));
+    ctx->SeparadorDecimal = QLatin1Char(',');
     s.campos.LbCodigoEstadistica = "01";
     s.campos.TxtUnidad = "14";
     s.campos.TxtCantidad = "1250,5";
@@ -152,12 +154,12 @@ TEST_P(CamposDeLinea, TheUnitWeightFillsWhatIsMeasuredInKilograms) {
     s.campos.TxtUnidad = "05";
     s.campos.TxtCantidad = "12";
     s.campos.txtKgUnitario = "1.25";
-    CalcularKgUnitario(s);
+    CalcularKgUnitario(*ctx, s);
     EXPECT_EQ(s.campos.TxtKgNeto.toStdString(), "15.00");
     EXPECT_EQ(s.campos.TxtDerEsp.toStdString(), "15.00") << "the specific duty is by kilogram";
     EXPECT_EQ(s.campos.TxtValorsobreestadistica.toStdString(), "") << "the statistics are in litres";
     s.campos.LbCodigoEstadistica = "01";
-    CalcularKgUnitario(s);
+    CalcularKgUnitario(*ctx, s);
     EXPECT_EQ(s.campos.TxtValorsobreestadistica.toStdString(), "15.00");
 }
 
@@ -167,12 +169,12 @@ TEST_P(CamposDeLinea, SomeUnitsHaveNoUnitWeight) {
         s.campos.TxtUnidad = unidad;
         s.campos.TxtCantidad = "12";
         s.campos.txtKgUnitario = "2";
-        CalcularKgUnitario(s);
+        CalcularKgUnitario(*ctx, s);
         EXPECT_EQ(s.campos.TxtKgNeto.toStdString(), "") << unidad;
     }
     s.campos.TxtUnidad = "05";
     s.campos.txtKgUnitario = "0";
-    CalcularKgUnitario(s);
+    CalcularKgUnitario(*ctx, s);
     EXPECT_EQ(s.campos.TxtKgNeto.toStdString(), "");
 }
 
@@ -190,7 +192,7 @@ TEST_P(CamposDeLinea, ThePriceMakesTheTotalOrTheTotalThePrice) {
     CampoDeLineaCambia(*ctx, s, "TxtFobTotal");
     EXPECT_EQ(s.campos.TxtUnitario.toStdString(), "33.33333");
     s.campos.TxtCantidad = "0";
-    CalcularFob(s);
+    CalcularFob(*ctx, s);
     EXPECT_EQ(s.campos.TxtUnitario.toStdString(), "33.33333") << "nothing is divided by zero";
 }
 
@@ -324,8 +326,7 @@ TEST_P(CamposDeLinea, TheListTellsTheLinesInTheOrderOfTheOption) {
     llenarPlastico();
     ASSERT_TRUE(grabar());
     const qint64 b = grabacion.id;
-    ejecutar(
-        QStringLiteral("update subitems set cancelaciones = 'OK', factura_nro = 'F 1' where id = %1").arg(b));
+    ejecutar(u"update subitems set cancelaciones = 'OK', factura_nro = 'F 1' where id = %1"_s.arg(b));
     const auto filas = GetRsSubtiems(*ctx, interno);
     ASSERT_EQ(filas.size(), 2U);
     EXPECT_EQ(filas[0].id, a);

@@ -4,6 +4,8 @@
 
 #include "tests/lines/lineas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Insumos : public Lineas {
@@ -22,7 +24,7 @@ class Insumos : public Lineas {
             };
             e.EliminarInsumo = [this](const QString &, const QString &catalogo, const QString &articulo,
                                       qint64 subitem) {
-                devueltos << QStringLiteral("%1/%2/%3").arg(catalogo, articulo).arg(subitem);
+                devueltos << u"%1/%2/%3"_s.arg(catalogo, articulo).arg(subitem);
                 return acepta;
             };
             return e;
@@ -36,7 +38,7 @@ class Insumos : public Lineas {
         ASSERT_TRUE(SelectINSUMOS(*ctx, s));
         s.campos.TxtCantidad = "24";
         s.campos.TxtValorsobreestadistica = "24";
-        CalcularFob(s);
+        CalcularFob(*ctx, s);
         s.campos.TxtFobTotal = "252.00";
     }
 
@@ -147,7 +149,7 @@ TEST_P(Insumos, DeletingGivesTheInputsBack) {
     acepta = true;
     EXPECT_TRUE(EliminarSubItem(*ctx, s, id));
     EXPECT_EQ(cuantas(), 0);
-    EXPECT_EQ(devueltos.back(), QStringLiteral("INS01/P-1/%1").arg(id));
+    EXPECT_EQ(devueltos.back(), u"INS01/P-1/%1"_s.arg(id));
 }
 
 EN_AMBOS_STORES(Insumos);

@@ -1,11 +1,13 @@
 #include "tests/lines/lineas.h"
 
-#include "frame/numbers.h"
-#include "siblings/ReferenceValues.h"
+#include "frame/base/numbers.h"
+#include "subitems/ReferenceValues.h"
+
+using namespace Qt::StringLiterals;
 
 void Lineas::SetUp() {
     EnAmbosStores::SetUp();
-    numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+    ctx->SeparadorDecimal = QLatin1Char('.');
     ejecutar(
         "insert into caratula (interno,idsubreg,fobdivisas,factura8,onccahabilitado) values "
         "('OP 1','IC04',1000,'N','S')");
@@ -18,22 +20,17 @@ void Lineas::SetUp() {
         "'9999.00.00','000','Z','Varios','Varios','Varios','','0','0','0','','','','',''"};
     for (const char *valores : posiciones)
         ejecutar(
-            QStringLiteral("insert into ncm "
-                           "([001],[002],[003],[004],[005],[010],[012],[015],[018],[019],[020],[052],[044],"
-                           "[043],[059]) values (%1)")
-                .arg(QString::fromUtf8(valores)),
+            u"insert into ncm "
+            "([001],[002],[003],[004],[005],[010],[012],[015],[018],[019],[020],[052],[044],"
+            "[043],[059]) values (%1)"_s.arg(QString::fromUtf8(valores)),
             "NCM");
     for (const char *fila : {"'8413.70.10.100','AA01','Nueva'", "'8413.70.10.100','AA02','Usada'",
                              "'8413.  .  .   ','AB','Modelo'", "'2204.  .  .   ','BA01','Tinto'"})
-        ejecutar(
-            QStringLiteral("insert into sufidos (sim,sufijo,detalle) values (%1)").arg(QLatin1String(fila)),
-            "NCM");
+        ejecutar(u"insert into sufidos (sim,sufijo,detalle) values (%1)"_s.arg(QLatin1String(fila)), "NCM");
     for (const char *fila : {"'09','07',12", "'29','01',1000", "'14','01',0.001"})
-        ejecutar(
-            QStringLiteral("insert into unidrel (unid1,unid2,pase) values (%1)").arg(QLatin1String(fila)));
+        ejecutar(u"insert into unidrel (unid1,unid2,pase) values (%1)"_s.arg(QLatin1String(fila)));
     for (const char *fila : {"'01','KILOGRAMO'", "'07','UNIDAD'", "'09','DOCENA'", "'05','LITRO'"})
-        ejecutar(
-            QStringLiteral("insert into unidades (id,descripcion) values (%1)").arg(QLatin1String(fila)));
+        ejecutar(u"insert into unidades (id,descripcion) values (%1)"_s.arg(QLatin1String(fila)));
     ejecutar("insert into pais (id,descripcion) values ('203','BRASIL')", "SYSTABLAS");
     ejecutar("insert into estadomercaderia (id,descripcion) values ('2','Nueva')");
     ejecutar(
@@ -53,7 +50,7 @@ void Lineas::TearDown() {
 }
 
 void Lineas::abrirCon(const QString &regimen) {
-    ejecutar(QStringLiteral("update caratula set idsubreg = '%1' where interno = 'OP 1'").arg(regimen));
+    ejecutar(u"update caratula set idsubreg = '%1' where interno = 'OP 1'"_s.arg(regimen));
     AbrirSubItems(*ctx, s, interno, {1, 1, 1, 1, 1, 1, 1, 1});
 }
 
@@ -90,8 +87,8 @@ std::string Lineas::ultimoMensaje() const {
 }
 
 std::string Lineas::linea(const QString &columnas, qint64 id) {
-    QString sql = QStringLiteral("select %1 from subitems where interno = 'OP 1'").arg(columnas);
-    if (id != 0) sql += QStringLiteral(" and id = %1").arg(id);
+    QString sql = u"select %1 from subitems where interno = 'OP 1'"_s.arg(columnas);
+    if (id != 0) sql += u" and id = %1"_s.arg(id);
     return filas(sql).toStdString();
 }
 

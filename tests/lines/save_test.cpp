@@ -4,22 +4,23 @@
 
 #include <QElapsedTimer>
 
-#include "frame/numbers.h"
-#include "operations/changes.h"
-#include "siblings/ArticleStore.h"
-#include "siblings/ReferenceValues.h"
+#include "frame/base/numbers.h"
+#include "header/changes.h"
+#include "subitems/ArticleStore.h"
+#include "subitems/ReferenceValues.h"
 #include "subitems/linelist.h"
 #include "tests/lines/lineas.h"
 #include "tests/support/traza.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 class Grabado : public Lineas {
  protected:
     std::string articulo(const QString &columnas, const QString &cual = "B-1") {
-        return filas(QStringLiteral(
-                         "select %1 from catarticulos where idcatalogo = 'CAT' and idarticulo = '%2'")
-                         .arg(columnas, cual),
+        return filas(u"select %1 from catarticulos where idcatalogo = 'CAT' and idarticulo = '%2'"_s.arg(
+                         columnas, cual),
                      "CATALOGOS")
             .toStdString();
     }
@@ -89,7 +90,7 @@ TEST_P(Grabado, ApostrophesInAnyFieldBreakNoStatement) {
 
 // Under a comma: 3 x 10.335 = 31.005, rounded away from zero.
 TEST_P(Grabado, ACommaAsSeparatorWritesTheSameNumbers) {
-    numeros::fijarSeparadorDecimal(QLatin1Char(','));
+    ctx->SeparadorDecimal = QLatin1Char(',');
     ElegirCargaPor(*ctx, s, true);
     llenarBomba();
     s.campos.TxtCantidad = "3";

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "assembly/run.h"
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "header/fieldrules.h"
 #include "header/invoices.h"
 #include "header/record.h"
@@ -11,6 +11,8 @@
 #include "liquidation/review.h"
 #include "subitems/lines.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -21,10 +23,10 @@ class Embarque : public EnAmbosStores {
         EnAmbosStores::SetUp();
         ctx->opciones.IVARIN = 21;
         ctx->opciones.IVARNI = 10.5;
-        numeros::fijarSeparadorDecimal(QLatin1Char(','));  // as the workstation of the program's own default
+        ctx->SeparadorDecimal = QLatin1Char(',');  // as the workstation of the program's own default
     }
     void TearDown() override {
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+        ctx->SeparadorDecimal = QLatin1Char('.');
         EnAmbosStores::TearDown();
     }
 
@@ -64,7 +66,7 @@ void Embarque::teclearCaratula(const QString &de, const QString &a) {
         const QString nombre = QLatin1String(d.nombre);
         if (d.tipo == TipoDeControl::Descripcion || !c.control(nombre).activo()) continue;
         c.control(nombre).texto = guardada.control(nombre).texto;
-        CampoCambia(c, nombre);
+        CampoCambia(*ctx, c, nombre);
         if (nombre == "TxtFactura") continue;
         if (d.tipo == TipoDeControl::Texto && !c.control(nombre).texto.isEmpty()) {
             EXPECT_TRUE(CampoEnter(*ctx, c, nombre).ok) << d.nombre;
@@ -122,7 +124,7 @@ void Embarque::teclearLineas(const QString &de, const QString &a) {
         const Grabacion g = Grabar(*ctx, s);
         // A position without suffixes says so; nothing else is said.
         std::erase_if(registro.mensajes, [](const Mensaje &m) {
-            return m.texto == QLatin1String("No se encontro Sufijo en el nomenclador");
+            return m.texto == "No se encontro Sufijo en el nomenclador"_L1;
         });
         sinPalabras(q.TxtPosicion);
         ASSERT_TRUE(g.ok) << q.txtIdArticulo.toStdString();
@@ -132,11 +134,10 @@ void Embarque::teclearLineas(const QString &de, const QString &a) {
 void Embarque::comparar(const QString &de) {
     SCOPED_TRACE(de.toStdString());
     const QString a = "NUEVA " + de;
-    ejecutar(QStringLiteral("insert into caratula (interno,factura8,onccahabilitado) values ('%1','S','N')")
-                 .arg(a));
-    ejecutar(QStringLiteral("insert into prorrateo (interno,codigo,descripcion,valor) select '%1',codigo,"
-                            "descripcion,valor from prorrateo where interno = '%2'")
-                 .arg(a, de));
+    ejecutar(u"insert into caratula (interno,factura8,onccahabilitado) values ('%1','S','N')"_s.arg(a));
+    ejecutar(
+        u"insert into prorrateo (interno,codigo,descripcion,valor) select '%1',codigo,"
+        "descripcion,valor from prorrateo where interno = '%2'"_s.arg(a, de));
     teclearCaratula(de, a);
     if (HasFatalFailure()) return;
     teclearLineas(de, a);

@@ -1,20 +1,23 @@
 #include "tests/liquidation/calculo.h"
 
+using namespace Qt::StringLiterals;
+
 void CalculoDePrueba::SetUp() {
-    ctx.ajustes = Ajustes(dir.filePath(QStringLiteral("ajustes.ini")));
+    ctx.ajustes = Ajustes(dir.filePath(u"ajustes.ini"_s));
     ctx.dialogos = DialogosDePrueba(registro);
+    ctx.SeparadorDecimal = u'.';
     ctx.opciones.IVARIN = 21;
     ctx.opciones.IVARNI = 10.5;
     cargar(c);
 }
 
 void CalculoDePrueba::cargar(ClassLiquidacion &c) {
-    c.CaratulaSubRegimen = QStringLiteral("IC01");
+    c.CaratulaSubRegimen = u"IC01"_s;
     c.CaratulaDivisasFOB = c.CaratulaDivisasFlete = c.CaratulaDivisasSeguro = 1;
     c.FOBTotalITEM = 1000;
     c.FLETETotalITEM = 100;
     c.SEGUROTotalITEM = 10;
-    c.ItemIdPais = QStringLiteral("400");
+    c.ItemIdPais = u"400"_s;
     c.NcmDerechodeImportacionExtrazona = 20;
     c.NcmTasaEstadistica = 3;
     c.ncmExencionReduccionIVA = 2;
@@ -33,8 +36,8 @@ Respuesta CalculoDePrueba::pedir(const char *concepto, const Pedido &pedido) {
 
 void CalculoDePrueba::deBrasil() {
     responderAEC("R");
-    c.ItemIdPais = QStringLiteral("203");
-    c.ncm_AEC = QStringLiteral("*");
+    c.ItemIdPais = u"203"_s;
+    c.ncm_AEC = u"*"_s;
     c.ncmValor_AEC = 18;
     bases();
 }

@@ -7,7 +7,6 @@
 
 #include "header/automotive.h"
 #include "liquidation/ClassLiquidacion.h"
-#include "tests/liquidation/separador.h"
 #include "tests/support/tienda.h"
 
 /// What a concept answers and what it leaves in its arguments.
@@ -63,7 +62,6 @@ class CalculoDePrueba : public ::testing::Test {
     }
 
     double baseImponible = 0, baseIVA = 0;
-    SeparadorDePrueba separador;
     QTemporaryDir dir;
     Registro registro;
     AppContext ctx;

@@ -7,6 +7,8 @@
 
 #include "liquidation/ClassLiquidacion.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(Countries, TheZoneOfACodeIsReadTrimmed) {
@@ -37,8 +39,7 @@ const char *const lista =
 
 TEST(Countries, ExactlyTheListed129CodesAreCapped) {
     QSet<int> conTope;
-    for (const QString &codigo : QString::fromLatin1(lista).split(QStringLiteral(", ")))
-        conTope.insert(codigo.toInt());
+    for (const QString &codigo : QString::fromLatin1(lista).split(u", "_s)) conTope.insert(codigo.toInt());
     ASSERT_EQ(conTope.size(), 129);
     for (int codigo = -600; codigo <= 1600; ++codigo)
         EXPECT_EQ(PaisConTopeArancelario(QString::number(codigo)), conTope.contains(codigo)) << codigo;

@@ -4,6 +4,8 @@
 #include "header/automotive.h"
 #include "tests/liquidation/operacion.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -76,7 +78,7 @@ TEST_P(Vista, ItemZeroWithoutARunShowsTheTotalsOfTheLastOne) {
     fila(1, "010");
     fila(1, "041", {{"pgc", "'G'"}});
     ver("0", true);
-    ejecutar(QStringLiteral("update ncm set [015] = '10'"), QStringLiteral("NCM"));
+    ejecutar(u"update ncm set [015] = '10'"_s, u"NCM"_s);
     VistaDeItem v;
     const QStringList borrados = sentenciasDe("delete from", [&] { v = ver("0"); });
     EXPECT_TRUE(v.cargada);
@@ -96,7 +98,7 @@ TEST_P(Vista, ItemZeroSpreadsTheHeadersAdjustmentsOnEveryLoad) {
     item(2, {{"fobtotal", "2000"}});
     ver("0");
     EXPECT_EQ(f("select id,ajusteinc from item where id <> 0 order by id"), "1|30\n2|60");
-    ejecutar(QStringLiteral("update item set ajusteinc = 1 where id = 1"));
+    ejecutar(u"update item set ajusteinc = 1 where id = 1"_s);
     ver("1");
     EXPECT_EQ(f("select ajusteinc from item where id = 1"), "1") << "any other item spreads nothing";
 }
@@ -115,14 +117,13 @@ TEST_P(Vista, TheInputsOfItemZeroShowSixDecimals) {
 TEST_P(Vista, ItemZeroShowsItsOwnInformationAndAdvantages) {
     item(0);
     item(1);
-    insertar(QStringLiteral("iteminfo"),
-             {{"interno", "'OP1'"}, {"iditem", "0"}, {"idinfo", "'MARCA'"}, {"valor", "'X'"}});
-    insertar(QStringLiteral("itemventaja"), {{"interno", "'OP1'"}, {"iditem", "1"}, {"idventaja", "'DE1'"}});
-    insertar(QStringLiteral("itemventaja"), {{"interno", "'OP1'"}, {"iditem", "0"}, {"idventaja", "'DE0'"}});
+    insertar(u"iteminfo"_s, {{"interno", "'OP1'"}, {"iditem", "0"}, {"idinfo", "'MARCA'"}, {"valor", "'X'"}});
+    insertar(u"itemventaja"_s, {{"interno", "'OP1'"}, {"iditem", "1"}, {"idventaja", "'DE1'"}});
+    insertar(u"itemventaja"_s, {{"interno", "'OP1'"}, {"iditem", "0"}, {"idventaja", "'DE0'"}});
     const VistaDeItem v = ver("0");
     ASSERT_EQ(v.informacion.size(), 1U);
     EXPECT_EQ(v.informacion[0].first.toStdString(), "MARCA");
-    EXPECT_EQ(v.ventajas, QStringList{QStringLiteral("DE0")});
+    EXPECT_EQ(v.ventajas, QStringList{u"DE0"_s});
 }
 
 // Any other item
@@ -149,7 +150,7 @@ TEST_P(Vista, AnItemShowsItsStoredRowsWithoutCalculating) {
     EXPECT_FALSE(v.recalculada);
     EXPECT_EQ(comoTexto(v.grilla), "010|DERECHOS|12.35|500.00|60.00|G|M1\n415|IVA|21.00|1000.50|210.11|P|");
     for (const QString &sentencia : todas)
-        EXPECT_TRUE(sentencia.trimmed().startsWith(L("select"), Qt::CaseInsensitive))
+        EXPECT_TRUE(sentencia.trimmed().startsWith("select"_L1, Qt::CaseInsensitive))
             << sentencia.toStdString();
     EXPECT_TRUE(ctx->LiquidacionPendiente) << "still to be written from item 0";
     // The bases are those of now.
@@ -159,8 +160,8 @@ TEST_P(Vista, AnItemShowsItsStoredRowsWithoutCalculating) {
 }
 
 TEST_P(Vista, AHandPercentageForcesTheDutyOnlyOnTheScreen) {
-    ejecutar(QStringLiteral("update ncm set [028] = '*'"), QStringLiteral("NCM"));
-    GuardarAEC(*ctx, L(clave), QStringLiteral("R"));
+    ejecutar(u"update ncm set [028] = '*'"_s, u"NCM"_s);
+    GuardarAEC(*ctx, L(clave), u"R"_s);
     item(0);
     item(1);
     fila(1, "010", {{"porcentaje", "12"}});
@@ -168,7 +169,7 @@ TEST_P(Vista, AHandPercentageForcesTheDutyOnlyOnTheScreen) {
     EXPECT_EQ(campo(ver("1"), "LbBaseIVA"), "1243.20");
     recalcular();
     EXPECT_EQ(f("select valor from liqcero where idconcepto = '###baseiva'"), "1309.8");
-    ejecutar(QStringLiteral("update itemliq set porcentaje = null"));
+    ejecutar(u"update itemliq set porcentaje = null"_s);
     EXPECT_EQ(campo(ver("1"), "LbBaseIVA"), "1309.80");
 }
 
@@ -210,26 +211,26 @@ TEST_P(Vista, AnItemThatIsNotThereLoadsNothing) {
 TEST_P(Vista, TheNumbersOfTheItemsComeInOrderWithZeroFirst) {
     for (const int id : {10, 2, 0, 1}) item(id);
     EXPECT_EQ(ItemsDeOperacion(*ctx, L(clave)).join(QLatin1Char(' ')).toStdString(), "0 1 2 10");
-    EXPECT_TRUE(ItemsDeOperacion(*ctx, QStringLiteral("NO")).isEmpty());
+    EXPECT_TRUE(ItemsDeOperacion(*ctx, u"NO"_s).isEmpty());
 }
 
 TEST_P(Vista, TheGroupsShowTheirMasksAndOnlyADjaiTheirDescription) {
     item(0);
     item(1);
     for (const int sub : {7, 3})
-        insertar(QStringLiteral("groupsubitems"), {{"interno", "'OP1'"},
-                                                   {"id", "1"},
-                                                   {"idsub", QString::number(sub)},
-                                                   {"idarticulo", QStringLiteral("'A%1'").arg(sub)},
-                                                   {"ncm", "'7318.15.00.100A'"},
-                                                   {"descripcion", "'  TORNILLO '"},
-                                                   {"idunidad", "'07'"},
-                                                   {"cantidad", "2.5"},
-                                                   {"preciounitario", "1.123456"},
-                                                   {"fob", "3.005"},
-                                                   {"sufijos", "'AA01-'"},
-                                                   {"estadistica", "'01'"},
-                                                   {"valorrelacionestadistica", "0.5"}});
+        insertar(u"groupsubitems"_s, {{"interno", "'OP1'"},
+                                      {"id", "1"},
+                                      {"idsub", QString::number(sub)},
+                                      {"idarticulo", u"'A%1'"_s.arg(sub)},
+                                      {"ncm", "'7318.15.00.100A'"},
+                                      {"descripcion", "'  TORNILLO '"},
+                                      {"idunidad", "'07'"},
+                                      {"cantidad", "2.5"},
+                                      {"preciounitario", "1.123456"},
+                                      {"fob", "3.005"},
+                                      {"sufijos", "'AA01-'"},
+                                      {"estadistica", "'01'"},
+                                      {"valorrelacionestadistica", "0.5"}});
     const VistaDeItem v = ver("1");
     ASSERT_EQ(v.grupos.size(), 2U);
     EXPECT_EQ(v.grupos[0].idarticulo.toStdString(), "A3");
@@ -248,14 +249,14 @@ TEST_P(Vista, TheCertificatesOfAllFoldedLinesAreShown) {
     item(1);
     QStringList ids;
     for (const char *certificado : {"'C1'", "'C2'", "''", "null", "'C5'"}) {
-        insertar(QStringLiteral("subitems"), {{"interno", "'OP1'"}, {"certorig", L(certificado)}});
-        ids << valor(QStringLiteral("select max(id) as m from subitems"));
+        insertar(u"subitems"_s, {{"interno", "'OP1'"}, {"certorig", L(certificado)}});
+        ids << valor(u"select max(id) as m from subitems"_s);
     }
     // Group 1 of item 1 is line 1, into which lines 2 to 4 were folded; line 5 belongs to item 2.
-    insertar(QStringLiteral("groupsubitems"), {{"interno", "'OP1'"}, {"id", "1"}, {"idsub", ids[0]}});
-    insertar(QStringLiteral("groupsubitems"), {{"interno", "'OP1'"}, {"id", "2"}, {"idsub", ids[4]}});
+    insertar(u"groupsubitems"_s, {{"interno", "'OP1'"}, {"id", "1"}, {"idsub", ids[0]}});
+    insertar(u"groupsubitems"_s, {{"interno", "'OP1'"}, {"id", "2"}, {"idsub", ids[4]}});
     for (const int i : {1, 2, 3})
-        insertar(QStringLiteral("idrel"), {{"interno", "'OP1'"}, {"idroot", ids[0]}, {"idsub", ids[i]}});
+        insertar(u"idrel"_s, {{"interno", "'OP1'"}, {"idroot", ids[0]}, {"idsub", ids[i]}});
     EXPECT_EQ(ver("1").certificados.join(QLatin1Char(' ')).toStdString(), "C1 C2");
 }
 
@@ -264,9 +265,8 @@ TEST_P(Vista, TheMarksOfAnItemAreShown) {
     item(1);
     item(2, {{"lapi", "'S'"}, {"cancelaciones", "'OK'"}, {"biendeuso", "'S'"}, {"mineria", "'S'"}});
     for (const char *ventaja : {"ZZZ", "AUTOLIQLIBREIMP", "MMM"})
-        insertar(
-            QStringLiteral("itemventaja"),
-            {{"interno", "'OP1'"}, {"iditem", "2"}, {"idventaja", QStringLiteral("'%1'").arg(L(ventaja))}});
+        insertar(u"itemventaja"_s,
+                 {{"interno", "'OP1'"}, {"iditem", "2"}, {"idventaja", u"'%1'"_s.arg(L(ventaja))}});
     VistaDeItem v = ver("1");
     EXPECT_FALSE(v.lbAutoliq || v.LbLapi || v.esCancelacion || v.bienDeUso);
     EXPECT_EQ(campo(v, "chkMineria"), "N");
@@ -274,8 +274,7 @@ TEST_P(Vista, TheMarksOfAnItemAreShown) {
     EXPECT_TRUE(v.lbAutoliq && v.LbLapi && v.esCancelacion && v.bienDeUso);
     EXPECT_EQ(campo(v, "chkMineria"), "S");
     EXPECT_EQ(v.ventajas.join(QLatin1Char(' ')).toStdString(), "AUTOLIQLIBREIMP MMM ZZZ");
-    ejecutar(QStringLiteral(
-        "update itemventaja set idventaja = 'AUTOLIQLIBREEXP' where idventaja = 'AUTOLIQLIBREIMP'"));
+    ejecutar(u"update itemventaja set idventaja = 'AUTOLIQLIBREEXP' where idventaja = 'AUTOLIQLIBREIMP'"_s);
     EXPECT_TRUE(ver("2").lbAutoliq);
 }
 
@@ -284,15 +283,15 @@ TEST_P(Vista, TheCancellationsComeInTheirOrder) {
     item(1);
     for (const auto &[dit, itemDit, subitem, cantidad] :
          {std::tuple{2, 1, 1, "1.5"}, std::tuple{1, 2, 1, "2.0004"}, std::tuple{1, 1, 2, "3"}})
-        insertar(QStringLiteral("descargas"), {{"interno", "'OP1'"},
-                                               {"iditem", "'1'"},
-                                               {"dit", QString::number(dit)},
-                                               {"item", QString::number(itemDit)},
-                                               {"subitem", QString::number(subitem)},
-                                               {"ncm", "'7318.15.00.100A'"},
-                                               {"expctit", "'E'"},
-                                               {"cantidad", L(cantidad)},
-                                               {"factorponderacion", "0.75"}});
+        insertar(u"descargas"_s, {{"interno", "'OP1'"},
+                                  {"iditem", "'1'"},
+                                  {"dit", QString::number(dit)},
+                                  {"item", QString::number(itemDit)},
+                                  {"subitem", QString::number(subitem)},
+                                  {"ncm", "'7318.15.00.100A'"},
+                                  {"expctit", "'E'"},
+                                  {"cantidad", L(cantidad)},
+                                  {"factorponderacion", "0.75"}});
     const VistaDeItem v = ver("1");
     QStringList filas;
     for (const FilaDeCancelacion &f : v.cancelaciones)
@@ -303,11 +302,9 @@ TEST_P(Vista, TheCancellationsComeInTheirOrder) {
 }
 
 TEST_P(Vista, TheFieldsShowTheirColumns) {
-    insertar(QStringLiteral("pais"), {{"id", "'400'"}, {"descripcion", "'FRANCIA'"}},
-             QStringLiteral("SYSTABLAS"));
-    insertar(QStringLiteral("pais"), {{"id", "'203'"}, {"descripcion", "'BRASIL'"}},
-             QStringLiteral("SYSTABLAS"));
-    insertar(QStringLiteral("unidades"), {{"id", "'07'"}, {"descripcion", "'UNIDAD'"}});
+    insertar(u"pais"_s, {{"id", "'400'"}, {"descripcion", "'FRANCIA'"}}, u"SYSTABLAS"_s);
+    insertar(u"pais"_s, {{"id", "'203'"}, {"descripcion", "'BRASIL'"}}, u"SYSTABLAS"_s);
+    insertar(u"unidades"_s, {{"id", "'07'"}, {"descripcion", "'UNIDAD'"}});
     item(0);
     item(1, {{"naladisa", "'7318'"},
              {"lista", "'355'"},

@@ -1,5 +1,7 @@
 #include "tests/liquidation/operacion.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 Fila mezclar(Fila base, const Fila &cambios) {
@@ -17,11 +19,11 @@ void OperacionDePrueba::SetUp() {
     EnAmbosStores::SetUp();
     ctx->opciones.IVARIN = 21;
     ctx->opciones.IVARNI = 10.5;
-    insertar(QStringLiteral("caratula"), {{"interno", "'OP1'"},
-                                          {"idsubreg", "'IC01'"},
-                                          {"fobdivcambio", "1"},
-                                          {"fletedivcambio", "1"},
-                                          {"segurodivcambio", "1"}});
+    insertar(u"caratula"_s, {{"interno", "'OP1'"},
+                             {"idsubreg", "'IC01'"},
+                             {"fobdivcambio", "1"},
+                             {"fletedivcambio", "1"},
+                             {"segurodivcambio", "1"}});
     posicion("7318.15.00.100A");
 }
 
@@ -32,15 +34,14 @@ void OperacionDePrueba::TearDown() {
 }
 
 void OperacionDePrueba::insertar(const QString &tabla, const Fila &fila, const QString &entidad) {
-    ejecutar(QStringLiteral("insert into ") + tabla + QStringLiteral(" (") +
-                 QStringList(fila.keys()).join(QLatin1Char(',')) + QStringLiteral(") values (") +
-                 QStringList(fila.values()).join(QLatin1Char(',')) + QStringLiteral(")"),
+    ejecutar(u"insert into "_s + tabla + u" ("_s + QStringList(fila.keys()).join(QLatin1Char(',')) +
+                 u") values ("_s + QStringList(fila.values()).join(QLatin1Char(',')) + u")"_s,
              entidad);
 }
 
 void OperacionDePrueba::posicion(const char *ncm, const Fila &cambios) {
     const QString p = QString::fromLatin1(ncm);
-    insertar(QStringLiteral("ncm"),
+    insertar(u"ncm"_s,
              mezclar({{"[001]", entreComillas(p.left(10))},
                       {"[002]", entreComillas(p.mid(11, 3))},
                       {"[003]", entreComillas(p.mid(14))},
@@ -57,15 +58,13 @@ void OperacionDePrueba::posicion(const char *ncm, const Fila &cambios) {
                       {"[053]", "'1'"},
                       {"[059]", "''"}},
                      cambios),
-             QStringLiteral("NCM"));
+             u"NCM"_s);
 }
 
 void OperacionDePrueba::caratula(const Fila &cambios) {
     QStringList partes;
-    for (auto it = cambios.begin(); it != cambios.end(); ++it)
-        partes << it.key() + QStringLiteral(" = ") + it.value();
-    ejecutar(QStringLiteral("update caratula set ") + partes.join(QLatin1Char(',')) +
-             QStringLiteral(" where interno = 'OP1'"));
+    for (auto it = cambios.begin(); it != cambios.end(); ++it) partes << it.key() + u" = "_s + it.value();
+    ejecutar(u"update caratula set "_s + partes.join(QLatin1Char(',')) + u" where interno = 'OP1'"_s);
 }
 
 void OperacionDePrueba::item(int id, const Fila &cambios) {
@@ -78,18 +77,17 @@ void OperacionDePrueba::item(int id, const Fila &cambios) {
                      {"itseguro", "10"},
                      {"lista", "''"},
                      {"tipoitem", "'N'"}});
-    insertar(QStringLiteral("item"), mezclar(fila, cambios));
+    insertar(u"item"_s, mezclar(fila, cambios));
 }
 
 void OperacionDePrueba::fila(int id, const char *concepto, const Fila &cambios) {
-    insertar(QStringLiteral("itemliq"),
-             mezclar({{"interno", "'OP1'"},
-                      {"iditem", QString::number(id)},
-                      {"idconceptos", entreComillas(QString::fromLatin1(concepto))},
-                      {"pgc", "'P'"},
-                      {"motivo", "''"},
-                      {"valor", "0"}},
-                     cambios));
+    insertar(u"itemliq"_s, mezclar({{"interno", "'OP1'"},
+                                    {"iditem", QString::number(id)},
+                                    {"idconceptos", entreComillas(QString::fromLatin1(concepto))},
+                                    {"pgc", "'P'"},
+                                    {"motivo", "''"},
+                                    {"valor", "0"}},
+                                   cambios));
 }
 
 void OperacionDePrueba::filas(int id, std::initializer_list<const char *> conceptos) {
@@ -100,9 +98,9 @@ void OperacionDePrueba::catalogo() {
     for (const auto &[codigo, nombre] :
          {std::pair{"010", "DERECHOS"}, std::pair{"011", "ESTADISTICA"}, std::pair{"415", "IVA"},
           std::pair{"424", "GANANCIAS"}, std::pair{"500", "ARANCEL DEL CATALOGO"}})
-        insertar(QStringLiteral("tax"), {{"ctax", entreComillas(QString::fromLatin1(codigo))},
-                                         {"ltaxabr", entreComillas(QString::fromLatin1(nombre))},
-                                         {"ctaxpog", "'P'"}});
+        insertar(u"tax"_s, {{"ctax", entreComillas(QString::fromLatin1(codigo))},
+                            {"ltaxabr", entreComillas(QString::fromLatin1(nombre))},
+                            {"ctaxpog", "'P'"}});
 }
 
 ResultadoRecalculo OperacionDePrueba::recalcular(bool pendiente) {
@@ -115,9 +113,8 @@ ResultadoRecalculo OperacionDePrueba::recalcular(bool pendiente) {
 
 std::string OperacionDePrueba::liq(int id) {
     return filas(
-               QStringLiteral("select idconceptos,porcentaje,baseimp,total,pgc from itemliq where interno = "
-                              "'OP1' and iditem = %1 order by idconceptos")
-                   .arg(id))
+               u"select idconceptos,porcentaje,baseimp,total,pgc from itemliq where interno = "
+               "'OP1' and iditem = %1 order by idconceptos"_s.arg(id))
         .toStdString();
 }
 

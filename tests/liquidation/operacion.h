@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "liquidation/review.h"
-#include "tests/liquidation/separador.h"
 #include "tests/support/tienda.h"
 
 /// Columns and their SQL literals.
@@ -55,5 +54,4 @@ class OperacionDePrueba : public EnAmbosStores {
 
     std::unique_ptr<ClassLiquidacion> calculo;
     QStringList estados;
-    SeparadorDePrueba separador;
 };

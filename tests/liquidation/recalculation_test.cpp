@@ -1,7 +1,9 @@
 // The run of item 0: every item through the calculator, the operation's totals, and the writing back.
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/liquidation/operacion.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,7 +19,7 @@ const char *const cuatroEnCero =
     "###ajinc|<null>|0|<null>";
 
 TEST_P(Recalculo, AnOperationWithoutItemsKeepsOnlyTheFourTotalsAtZero) {
-    insertar(QStringLiteral("liqcero"), {{"interno", "'OP1'"}, {"idconcepto", "'010'"}, {"valor", "5"}});
+    insertar(u"liqcero"_s, {{"interno", "'OP1'"}, {"idconcepto", "'010'"}, {"valor", "5"}});
     const ResultadoRecalculo r = recalcular();
     EXPECT_EQ(totales(), cuatroEnCero);
     EXPECT_TRUE(r.grilla.empty());
@@ -33,9 +35,9 @@ TEST_P(Recalculo, AnOperationWithoutItemsKeepsOnlyTheFourTotalsAtZero) {
 }
 
 TEST_P(Recalculo, AnOperationThatIsNotThereLeavesEverythingAlone) {
-    insertar(QStringLiteral("liqcero"), {{"interno", "'NO'"}, {"idconcepto", "'010'"}, {"valor", "5"}});
-    ClassLiquidacion c(*ctx, QStringLiteral("NO"));
-    EXPECT_TRUE(RecalcularOperacion(*ctx, QStringLiteral("NO"), c).grilla.empty());
+    insertar(u"liqcero"_s, {{"interno", "'NO'"}, {"idconcepto", "'010'"}, {"valor", "5"}});
+    ClassLiquidacion c(*ctx, u"NO"_s);
+    EXPECT_TRUE(RecalcularOperacion(*ctx, u"NO"_s, c).grilla.empty());
     EXPECT_EQ(f("select valor from liqcero where interno = 'NO'"), "5");
 }
 
@@ -128,7 +130,7 @@ TEST_P(Recalculo, ARowWithTotalZeroStandsInNeitherGridNorTotalsButStays) {
     EXPECT_TRUE(r.grilla.empty());
     EXPECT_EQ(totales().find("059"), std::string::npos);
     EXPECT_EQ(liq(1), "059|0|0|0|P\n900|0|1110|0|P") << "without 010 and 011 rows the IVA base is 1110";
-    EXPECT_TRUE(LeerLiquidacionDeItem(*ctx, L(clave), QStringLiteral("1")).empty());
+    EXPECT_TRUE(LeerLiquidacionDeItem(*ctx, L(clave), u"1"_s).empty());
 }
 
 TEST_P(Recalculo, PaymentKindsHaveTheirOwnTotals) {
@@ -176,7 +178,7 @@ TEST_P(Recalculo, TheConvergenceFactorStandsEvenAtZero) {
 }
 
 TEST_P(Recalculo, TheConvergenceFactorOfTheCatalogueIsAConceptLikeAnyOther) {
-    insertar(QStringLiteral("tax"), {{"ctax", "'FCV'"}, {"ltaxabr", "'CONVERGENCIA'"}});
+    insertar(u"tax"_s, {{"ctax", "'FCV'"}, {"ltaxabr", "'CONVERGENCIA'"}});
     item(1);
     fila(1, "FCV", {{"porcentaje", "5"}});
     EXPECT_EQ(recalcular().grilla.at(0).concepto.toStdString(), "CONVERGENCIA");
@@ -184,7 +186,7 @@ TEST_P(Recalculo, TheConvergenceFactorOfTheCatalogueIsAConceptLikeAnyOther) {
 }
 
 TEST_P(Recalculo, ANameWithAnApostropheReachesTheTotals) {
-    insertar(QStringLiteral("tax"), {{"ctax", "'010'"}, {"ltaxabr", "'D''ERECHOS'"}});
+    insertar(u"tax"_s, {{"ctax", "'010'"}, {"ltaxabr", "'D''ERECHOS'"}});
     item(1);
     filas(1, {"010"});
     recalcular();
@@ -194,9 +196,8 @@ TEST_P(Recalculo, ANameWithAnApostropheReachesTheTotals) {
 TEST_P(Recalculo, OtherOperationsAreLeftAlone) {
     item(1);
     filas(1, {"010"});
-    insertar(QStringLiteral("itemliq"),
-             {{"interno", "'OP2'"}, {"iditem", "1"}, {"idconceptos", "'010'"}, {"total", "7"}});
-    insertar(QStringLiteral("liqcero"), {{"interno", "'OP2'"}, {"idconcepto", "'010'"}, {"valor", "7"}});
+    insertar(u"itemliq"_s, {{"interno", "'OP2'"}, {"iditem", "1"}, {"idconceptos", "'010'"}, {"total", "7"}});
+    insertar(u"liqcero"_s, {{"interno", "'OP2'"}, {"idconcepto", "'010'"}, {"valor", "7"}});
     recalcular(true);
     EXPECT_EQ(f("select total,porcentaje from itemliq where interno = 'OP2'"), "7|<null>");
     EXPECT_EQ(f("select idconcepto,valor from liqcero where interno = 'OP2'"), "010|7");
@@ -211,7 +212,7 @@ TEST_P(Recalculo, WithThePendingFlagClearAChangedRateChangesTheTotalsButNoRow) {
     EXPECT_EQ(f("select valor from liqcero where idconcepto = '010'"), "222");
     const std::string antes = liq(1);
     EXPECT_EQ(antes, "010|<null>|<null>|<null>|P\n415|<null>|<null>|<null>|P");
-    ejecutar(QStringLiteral("update ncm set [015] = '10'"), QStringLiteral("NCM"));
+    ejecutar(u"update ncm set [015] = '10'"_s, u"NCM"_s);
     const ResultadoRecalculo r = recalcular();
     EXPECT_EQ(f("select valor from liqcero where idconcepto = '010'"), "111");
     EXPECT_FALSE(r.escrito);
@@ -255,8 +256,7 @@ TEST_P(Recalculo, TheScreenIsLetInOnceBeforeTheWritingAndThePointerComesBack) {
 
 TEST_P(Recalculo, AWrittenLiquidationRunsAgainToTheSameFigures) {
     caratula({{"idsubreg", "'IT14'"}});
-    insertar(QStringLiteral("sysflag"),
-             {{"interno", "'OP1'"}, {"flag", "'D1330/04A7'"}, {"valor", "'S'"}, {"item", "0"}});
+    insertar(u"sysflag"_s, {{"interno", "'OP1'"}, {"flag", "'D1330/04A7'"}, {"valor", "'S'"}, {"item", "0"}});
     item(1, {{"fobtotal", "1234.57"}});
     filas(1, {"010", "011", "015", "016", "041", "061", "415", "422", "424", "500", "520", "900"});
     recalcular(true);
@@ -282,7 +282,7 @@ TEST_P(Recalculo, AFailingStatementRaisesAndLeavesTheStepsDone) {
     item(1);
     filas(1, {"010"});
     fila(1, "415", {{"motivo", "'l''art'"}});
-    EXPECT_THROW(recalcular(true), ErrorDeStore);
+    EXPECT_THROW(recalcular(true), Falla);
     EXPECT_EQ(liq(1), "010|20|1110|222|P\n415|<null>|<null>|<null>|P");
     EXPECT_EQ(f("select valor from liqcero where idconcepto = '010'"), "222");
     EXPECT_TRUE(ctx->LiquidacionPendiente) << "the writing did not end";
@@ -322,7 +322,7 @@ TEST_P(Recalculo, TheFiveTaxesWithTheirOwnRateTakeAZeroAsItStands) {
     fila(1, "424", {{"porcentaje", "0"}});
     recalcular(true);
     EXPECT_EQ(liq(1), "424|0|1110|0|P");
-    ejecutar(QStringLiteral("update itemliq set porcentaje = null"));
+    ejecutar(u"update itemliq set porcentaje = null"_s);
     recalcular(true);
     EXPECT_EQ(liq(1), "424|3|1110|33.3|P");
 }
@@ -339,9 +339,9 @@ TEST_P(Recalculo, AdditionalIvaByTheExemptionOfThePosition) {
           Caso{"'0'", "415|0|1110|0|P\n422|0|1110|0|P"}, Caso{"''", "415|0|1110|0|P\n422|0|1110|0|P"},
           Caso{"null", "415|0|1110|0|P\n422|0|1110|0|P"},
           Caso{"'3'", "415|21|1110|233.1|P\n422|20|1110|222|P"}}) {
-        ejecutar(QStringLiteral("delete from itemliq"));
-        ejecutar(QStringLiteral("delete from item"));
-        ejecutar(QStringLiteral("update ncm set [048] = ") + L(marca), QStringLiteral("NCM"));
+        ejecutar(u"delete from itemliq"_s);
+        ejecutar(u"delete from item"_s);
+        ejecutar(u"update ncm set [048] = "_s + L(marca), u"NCM"_s);
         item(1);
         fila(1, "415");
         fila(1, "422", {{"porcentaje", "20"}, {"porcentajeb", "10"}});
@@ -372,8 +372,8 @@ TEST_P(Recalculo, AMercosurItemKeepsThePercentageOfItsIncomeTaxAndLosesItsDuty) 
 TEST_P(Recalculo, AMercosurDutyIsZeroWhateverItsRowHolds) {
     for (const auto &[porcentaje, base] :
          {std::pair{"12", "500"}, std::pair{"12", "0"}, std::pair{"0", "500"}, std::pair{"null", "null"}}) {
-        ejecutar(QStringLiteral("delete from itemliq"));
-        ejecutar(QStringLiteral("delete from item"));
+        ejecutar(u"delete from itemliq"_s);
+        ejecutar(u"delete from item"_s);
         item(1, {{"lista", "'MERCOSUR'"}});
         fila(1, "010", {{"porcentaje", L(porcentaje)}, {"baseimp", L(base)}});
         recalcular(true);
@@ -388,7 +388,7 @@ class RecalculoConComa : public Recalculo {
  protected:
     void SetUp() override {
         Recalculo::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char(','));
+        ctx->SeparadorDecimal = QLatin1Char(',');
     }
 };
 EN_AMBOS_STORES(RecalculoConComa);
@@ -408,7 +408,7 @@ TEST_P(RecalculoConComa, TheStoresGetAPointAndTheScreenAComma) {
         "interno = 'OP1'   and iditem = 1  and idconceptos = '020'");
     EXPECT_EQ(r.grilla.at(0).total.toStdString(), "90,95");
     EXPECT_EQ(r.detalle.at(0).base.toStdString(), "909,54");
-    const auto guardadas = LeerLiquidacionDeItem(*ctx, L(clave), QStringLiteral("1"));
+    const auto guardadas = LeerLiquidacionDeItem(*ctx, L(clave), u"1"_s);
     ASSERT_EQ(guardadas.size(), 1U);
     EXPECT_EQ(guardadas[0].porcentaje.toStdString(), "10,00");
     EXPECT_EQ(guardadas[0].base.toStdString(), "909,54");

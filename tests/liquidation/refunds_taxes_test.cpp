@@ -1,7 +1,9 @@
 // Refunds, text forms, the minimum for country 310 and the internal taxes.
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/liquidation/calculo.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -115,13 +117,11 @@ class ConSeparador : public CalculoDePrueba, public ::testing::WithParamInterfac
  protected:
     void SetUp() override {
         CalculoDePrueba::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char(GetParam()));
+        ctx.SeparadorDecimal = QLatin1Char(GetParam());
     }
 
     /// The whole part, the separator under test and a five.
-    static QString conComa(const char *entero) {
-        return L(entero) + QLatin1Char(GetParam()) + QStringLiteral("5");
-    }
+    static QString conComa(const char *entero) { return L(entero) + QLatin1Char(GetParam()) + u"5"_s; }
 };
 
 TEST_P(ConSeparador, ThePercentageComesBackInTheWorkstationsForm) {
@@ -138,18 +138,17 @@ TEST_P(ConSeparador, ThePercentageComesBackInTheWorkstationsForm) {
 }
 
 TEST_P(ConSeparador, TheTextUtilityKnowsBothSeparators) {
-    EXPECT_EQ(ClassLiquidacion::Obtener_Sep_Decim(), QString(QLatin1Char(GetParam())));
-    EXPECT_EQ(ClassLiquidacion::ObtenerDecimal(), QString(QLatin1Char(GetParam())));
+    EXPECT_EQ(c.Obtener_Sep_Decim(), QString(QLatin1Char(GetParam())));
+    EXPECT_EQ(c.ObtenerDecimal(), QString(QLatin1Char(GetParam())));
     for (const char *texto : {"12.5", "12,5"}) {
         QString t = L(texto);
-        const QString vuelto = ClassLiquidacion::ReemplazarSeparadorDecimal(t);
+        const QString vuelto = c.ReemplazarSeparadorDecimal(t);
         EXPECT_EQ(vuelto, conComa("12"));
         EXPECT_EQ(t, vuelto) << "the caller's own text changes";
     }
-    QString varios = QStringLiteral("1.234,5");
+    QString varios = u"1.234,5"_s;
     const QString signo{QLatin1Char(GetParam())};
-    EXPECT_EQ(ClassLiquidacion::ReemplazarSeparadorDecimal(varios),
-              QStringLiteral("1") + signo + QStringLiteral("234") + signo + QStringLiteral("5"));
+    EXPECT_EQ(c.ReemplazarSeparadorDecimal(varios), u"1"_s + signo + u"234"_s + signo + u"5"_s);
 }
 
 TEST_P(ConSeparador, TheAmountsAreTheSame) {
@@ -175,7 +174,7 @@ class MinimoDeChina : public CalculoDePrueba {
  protected:
     void SetUp() override {
         CalculoDePrueba::SetUp();
-        c.ItemIdPais = QStringLiteral("310");
+        c.ItemIdPais = u"310"_s;
         c.ncmCalculaDIEMCHINA = true;
         c.ncmDIEMCHINAValor = 2.5;
         c.ItemCantidadDerechoEspecifico = 40;
@@ -192,9 +191,9 @@ TEST_F(MinimoDeChina, TakesThePreferenceOffWhatExceedsTheCap) {
 }
 
 TEST_F(MinimoDeChina, IsZeroForAnyOtherCountryAndPosition) {
-    c.ItemIdPais = QStringLiteral("400");
+    c.ItemIdPais = u"400"_s;
     EXPECT_EQ(c.CalcularDiemCHINA(20), 0);
-    c.ItemIdPais = QStringLiteral(" 310 ");
+    c.ItemIdPais = u" 310 "_s;
     EXPECT_EQ(c.CalcularDiemCHINA(20), 62.80);
     c.ncmCalculaDIEMCHINA = false;
     EXPECT_EQ(c.CalcularDiemCHINA(0), 0);
@@ -221,29 +220,27 @@ class ImpuestosInternos : public EnAmbosStores {
         CalculoDeTienda();
     }
     void CalculoDeTienda() {
-        c = std::make_unique<ClassLiquidacion>(*ctx, QStringLiteral("OP1"));
-        c->CaratulaSubRegimen = QStringLiteral("IC01");
+        c = std::make_unique<ClassLiquidacion>(*ctx, u"OP1"_s);
+        c->CaratulaSubRegimen = u"IC01"_s;
         c->CaratulaDivisasFOB = 1;
         c->FOBTotalITEM = 1110;
-        c->ItemIdPais = QStringLiteral("400");
+        c->ItemIdPais = u"400"_s;
         c->NcmDerechodeImportacionExtrazona = 20;
         c->NcmTasaEstadistica = 3;
         c->ObtenerBaseImponible();
         c->ObtenerBaseIVA();  // 1365.30
     }
     void decreto(const char *ncm, const char *codigo, const char *tasa) {
-        ejecutar(
-            QStringLiteral("insert into impuestos_internos (ncm,decreto,tasa_nominal) values ('%1','%2',%3)")
-                .arg(L(ncm), L(codigo), L(tasa)),
-            QStringLiteral("USUARIO"));
+        ejecutar(u"insert into impuestos_internos (ncm,decreto,tasa_nominal) values ('%1','%2',%3)"_s.arg(
+                     L(ncm), L(codigo), L(tasa)),
+                 u"USUARIO"_s);
     }
     Respuesta pedir417(const char *ncm, const char *texto = "Vacio", double base = 5, double baseManual = 0) {
         c->GetMarcaImpuestosInternos(L(ncm));
         Respuesta r;
         r.porcentaje = L(texto);
         r.base = base;
-        r.total =
-            c->ObtenerValorConcepto(QStringLiteral("417"), r.porcentaje, 0, r.base, {}, baseManual, false);
+        r.total = c->ObtenerValorConcepto(u"417"_s, r.porcentaje, 0, r.base, {}, baseManual, false);
         r.lqPorc = c->ObtenerLqPorc();
         return r;
     }
@@ -280,14 +277,14 @@ TEST_P(ImpuestosInternos, ANominalRateOf100IsADivisionByZero) {
     try {
         pedir417("2402.20.00.000X");
         FAIL() << "no fault raised";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_EQ(e.descripcion.toStdString(), "División por cero");
     }
 }
 
 TEST_P(ImpuestosInternos, AFailingReadTellsTheUserAndLeavesNoDecree) {
     decreto("2402.20.00.000X", "SINDEC", "20");
-    c->GetMarcaImpuestosInternos(QStringLiteral("2402.20.00.000X"));
+    c->GetMarcaImpuestosInternos(u"2402.20.00.000X"_s);
     EXPECT_EQ(pedir417("o'clock", "7").total, 0);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_FALSE(registro.mensajes[0].texto.isEmpty());

@@ -4,6 +4,8 @@
 #include "header/automotive.h"
 #include "tests/liquidation/operacion.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -27,11 +29,9 @@ struct CasoDeVentaja {
 class VehiculoPartesTest : public OperacionDePrueba {
  protected:
     void responder(const char *valor) { GuardarAEC(*ctx, L(clave), L(valor)); }
-    void regimen(const char *codigo) { caratula({{"idsubreg", QStringLiteral("'%1'").arg(L(codigo))}}); }
+    void regimen(const char *codigo) { caratula({{"idsubreg", u"'%1'"_s.arg(L(codigo))}}); }
     void posicionCon(const char *marca, bool lapi) {
-        ejecutar(
-            QStringLiteral("update ncm set [028] = '%1', [059] = '%2'").arg(L(marca), L(lapi ? "*" : "")),
-            QStringLiteral("NCM"));
+        ejecutar(u"update ncm set [028] = '%1', [059] = '%2'"_s.arg(L(marca), L(lapi ? "*" : "")), u"NCM"_s);
     }
     std::string ventajas() {
         return f("select iditem,idventaja,interno from itemventaja order by interno,iditem,idventaja");
@@ -86,8 +86,8 @@ TEST_P(VehiculoPartesTest, GoesByRegimeZoneMarkAndLicence) {
     item(1);
     for (const CasoDeVentaja &k : casos) {
         SCOPED_TRACE(k.nombre);
-        ejecutar(QStringLiteral("delete from itemventaja"));
-        ejecutar(QStringLiteral("update item set lista = '%1', idpais = '%2'").arg(L(k.lista), L(k.pais)));
+        ejecutar(u"delete from itemventaja"_s);
+        ejecutar(u"update item set lista = '%1', idpais = '%2'"_s.arg(L(k.lista), L(k.pais)));
         regimen(k.regimen);
         responder(k.aec);
         posicionCon(k.marca, k.lapi);
@@ -122,16 +122,15 @@ TEST_P(VehiculoPartesTest, AnAdvantageThatIsThereIsNotDoubled) {
 
 TEST_P(VehiculoPartesTest, TheQuestionIsAskedOnceAndItsAnswerHoldsForTheRun) {
     for (const int id : {1, 2, 3}) item(id);
-    ejecutar(QStringLiteral("update item set ncm = '9999.99.99.999Z' where id = 2"));
+    ejecutar(u"update item set ncm = '9999.99.99.999Z' where id = 2"_s);
     posicion("9999.99.99.999Z");  // no licence mark
-    ejecutar(QStringLiteral("update ncm set [028] = 'x', [059] = '*' where [001] = '7318.15.00'"),
-             QStringLiteral("NCM"));
+    ejecutar(u"update ncm set [028] = 'x', [059] = '*' where [001] = '7318.15.00'"_s, u"NCM"_s);
     responder("P");
     registro.respuestas = {true, false, false};
     recalcular();
     EXPECT_EQ(registro.preguntas.size(), 1U);
     EXPECT_EQ(ventajas(), "1|VEHICULOPARTES|OP1\n3|VEHICULOPARTES|OP1");
-    ejecutar(QStringLiteral("delete from itemventaja"));
+    ejecutar(u"delete from itemventaja"_s);
     recalcular();
     EXPECT_EQ(registro.preguntas.size(), 2U) << "each run asks anew";
     EXPECT_EQ(ventajas(), "");
@@ -141,13 +140,11 @@ TEST_P(VehiculoPartesTest, TheWarningTakesTheAdvantageFromEveryItemOfTheOperatio
     item(1);
     item(2, {{"ncm", "'9999.99.99.999Z'"}});
     posicion("9999.99.99.999Z", {{"[028]", "'*'"}, {"[059]", "'*'"}});
-    ejecutar(QStringLiteral("update ncm set [028] = 'x', [059] = '*' where [001] = '7318.15.00'"),
-             QStringLiteral("NCM"));
+    ejecutar(u"update ncm set [028] = 'x', [059] = '*' where [001] = '7318.15.00'"_s, u"NCM"_s);
     regimen("ICR1");
     responder("P");
-    insertar(QStringLiteral("itemventaja"), {{"interno", "'OP1'"}, {"iditem", "1"}, {"idventaja", "'OTRA'"}});
-    insertar(QStringLiteral("itemventaja"),
-             {{"interno", "'OP2'"}, {"iditem", "1"}, {"idventaja", "'VEHICULOPARTES'"}});
+    insertar(u"itemventaja"_s, {{"interno", "'OP1'"}, {"iditem", "1"}, {"idventaja", "'OTRA'"}});
+    insertar(u"itemventaja"_s, {{"interno", "'OP2'"}, {"iditem", "1"}, {"idventaja", "'VEHICULOPARTES'"}});
     recalcular();
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(ventajas(), "1|OTRA|OP1\n1|VEHICULOPARTES|OP2") << "item 2, which had a right to it, too";
@@ -170,7 +167,7 @@ TEST_P(VehiculoPartesTest, AListTypedByTheUserIsShieldedFromMercosur) {
     ctx->opciones.QUINDELRAF = true;
     for (const auto &[marca, lista] : {std::pair{"'S'", "MIA"}, std::pair{"'N'", "MERCOSUR"},
                                        std::pair{"''", "MERCOSUR"}, std::pair{"null", "MERCOSUR"}}) {
-        ejecutar(QStringLiteral("delete from item"));
+        ejecutar(u"delete from item"_s);
         item(1, {{"idpais", "'203'"}, {"lista", "'MIA'"}, {"itmodif", L(marca)}});
         const QStringList enviadas = sentenciasDe("UPDATE item", [&] { recalcular(); });
         EXPECT_EQ(f("select lista from item"), lista) << marca;

@@ -7,9 +7,11 @@
 #include <QTcpServer>
 #include <QTemporaryDir>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/store/StoreProfiles.h"
 #include "tests/lote/corrida.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,9 +19,7 @@ using L = QLatin1String;
 
 class Argumentos : public ::testing::Test {
  protected:
-    QString perfil(const QByteArray &texto) const {
-        return Escribir(dir.path(), QStringLiteral("p.perfil.ini"), texto);
-    }
+    QString perfil(const QByteArray &texto) const { return Escribir(dir.path(), u"p.perfil.ini"_s, texto); }
     Corrida lote(const QStringList &argumentos) const { return Lote(dir.path(), argumentos); }
 
     /// One line on standard error, nothing on standard output, status 2.
@@ -42,8 +42,8 @@ class Argumentos : public ::testing::Test {
         EXPECT_FALSE(texto.contains('\n')) << texto.toStdString();
         for (const QString &parte : dice)
             EXPECT_TRUE(texto.contains(parte)) << parte.toStdString() << " in " << texto.toStdString();
-        EXPECT_EQ(c.lineas[0].value(L("icono")).toString(), L("critico"));
-        EXPECT_EQ(c.resultado().value(L("estado")).toInt(), 1);
+        EXPECT_EQ(c.lineas[0].value("icono"_L1).toString(), "critico"_L1);
+        EXPECT_EQ(c.resultado().value("estado"_L1).toInt(), 1);
     }
 
     QTemporaryDir dir;
@@ -97,7 +97,7 @@ TEST_F(Argumentos, OptionsAndAnswersThatCannotBeUnderstoodAreRefusedBeforeAnySto
         {"--respuestas", "[true]", "lista de textos"},
     };
     for (const Caso &caso : casos) {
-        const QString archivo = Escribir(dir.path(), QStringLiteral("a.json"), caso.json);
+        const QString archivo = Escribir(dir.path(), u"a.json"_s, caso.json);
         esperarPedidoMalo({"--perfil", p, L(caso.argumento), archivo, "armar", "A1"}, caso.dice);
     }
 }
@@ -117,7 +117,7 @@ TEST_F(Argumentos, AProfileThatNamesAMissingFileSaysWhichAndWhatToDo) {
 }
 
 TEST_F(Argumentos, AFileThatIsNoStoreSaysWhich) {
-    Escribir(dir.path(), QStringLiteral("basura.db"), QByteArray(5000, 'x'));
+    Escribir(dir.path(), u"basura.db"_s, QByteArray(5000, 'x'));
     QByteArray texto;
     for (const QString &entidad : StoreProfiles::entidades())
         texto += "[" + entidad.toUtf8() + "]\ndriver=archivo\narchivo=basura.db\n";
@@ -131,24 +131,22 @@ TEST_F(Argumentos, AServerThatIsNotThereSaysWhich) {
     const int puerto = libre.serverPort();
     libre.close();
     const QString p = dir.filePath("s.perfil.ini");
-    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(p, QStringLiteral("S"), QStringLiteral("127.0.0.1"),
-                                                        puerto, QStringLiteral("zendra"), QStringLiteral("u"),
-                                                        dir.path()));
-    Escribir(dir.path(), QStringLiteral("usuario.db"), {});
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(p, u"S"_s, u"127.0.0.1"_s, puerto, u"zendra"_s,
+                                                        u"u"_s, dir.path()));
+    Escribir(dir.path(), u"usuario.db"_s, {});
     esperarFalla({"--perfil", p, "--ajustes", dir.filePath("a.ini"), "listar"},
-                 {L("127.0.0.1:") + QString::number(puerto), "verifique"});
+                 {"127.0.0.1:"_L1 + QString::number(puerto), "verifique"});
 }
 
 class Version : public EnAmbosStores {};
 
 TEST_P(Version, AConfigurationThatCannotBeReadSaysWhichFileAndWhatToDo) {
-    Escribir(tienda->carpeta(), QStringLiteral("Prueba.perfil.cfg"), "[GENERAL]\r\nIVARIN=veintiuno\r\n");
+    Escribir(tienda->carpeta(), u"Prueba.perfil.cfg"_s, "[GENERAL]\r\nIVARIN=veintiuno\r\n");
     const Corrida c = Lote(tienda->carpeta(), {"--perfil", tienda->perfil(), "--ajustes",
                                                tienda->carpeta() + "/a.ini", "listar"});
     EXPECT_EQ(c.estado, 1);
-    EXPECT_EQ(c.textos(), QStringList{QStringLiteral("No coinciden los tipos: IVARIN=veintiuno no es un "
-                                                     "número; corríjalo en %1/Prueba.perfil.cfg.")
-                                          .arg(tienda->carpeta())});
+    EXPECT_EQ(c.textos(), QStringList{u"No coinciden los tipos: IVARIN=veintiuno no es un "
+                                      "número; corríjalo en %1/Prueba.perfil.cfg."_s.arg(tienda->carpeta())});
 }
 
 TEST_P(Version, StoresOfAnotherVersionAreLeftAloneAndTheUpgradeIsNamed) {
@@ -162,22 +160,22 @@ TEST_P(Version, StoresOfAnotherVersionAreLeftAloneAndTheUpgradeIsNamed) {
             EXPECT_EQ(c.estado, 1);
             ASSERT_EQ(c.lineas.size(), 2U) << c.errores.toStdString();
             const QString texto = c.textos()[0];
-            EXPECT_TRUE(texto.contains(tienda->perfil()) && texto.contains(L("330")) &&
-                        texto.contains(L("DbUpgrade3 --perfil")))
+            EXPECT_TRUE(texto.contains(tienda->perfil()) && texto.contains("330"_L1) &&
+                        texto.contains("DbUpgrade3 --perfil"_L1))
                 << texto.toStdString();
         }
     }
-    EXPECT_EQ(valor(QStringLiteral("select count(*) as n from caratula")), L("0"));
+    EXPECT_EQ(valor(u"select count(*) as n from caratula"_s), "0"_L1);
 }
 
 TEST_P(Version, StoresWithoutTablesAreToldTheSameWay) {
-    ejecutar(QStringLiteral("drop table version"));
-    ejecutar(QStringLiteral("drop table control_fecha"), QStringLiteral("NCM"));
+    ejecutar(u"drop table version"_s);
+    ejecutar(u"drop table control_fecha"_s, u"NCM"_s);
     const Corrida c = Lote(tienda->carpeta(), {"--perfil", tienda->perfil(), "--ajustes",
                                                tienda->carpeta() + "/a.ini", "listar"});
     EXPECT_EQ(c.estado, 1);
     ASSERT_EQ(c.textos().size(), 1);
-    EXPECT_TRUE(c.textos()[0].contains(L("DbUpgrade3 --perfil"))) << c.textos()[0].toStdString();
+    EXPECT_TRUE(c.textos()[0].contains("DbUpgrade3 --perfil"_L1)) << c.textos()[0].toStdString();
 }
 
 EN_AMBOS_STORES(Version);

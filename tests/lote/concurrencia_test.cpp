@@ -5,9 +5,11 @@
 #include <QJsonDocument>
 #include <QProcess>
 
-#include "frame/values.h"
+#include "frame/base/values.h"
 #include "tests/lote/corrida.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,8 +31,7 @@ std::string dicho(const Corrida &c) {
 /// A store with the demonstration, whose operations carry many times their lines.
 struct Puesto {
     explicit Puesto(const char *etiqueta) : tienda(L(etiqueta), true), ctx(tienda.contexto(registro)) {
-        Escribir(tienda.carpeta(), QStringLiteral("Prueba.perfil.cfg"),
-                 "[GENERAL]\r\nIVARIN=21\r\nIVARNI=10,5\r\n");
+        Escribir(tienda.carpeta(), u"Prueba.perfil.cfg"_s, "[GENERAL]\r\nIVARIN=21\r\nIVARNI=10,5\r\n");
         for (const char *clave : {"IC-2026-0001", "IT-2026-0003", "EC-2026-0002", "DJAI-2026-0004"})
             multiplicar(L(clave));
     }
@@ -38,35 +39,34 @@ struct Puesto {
     /// Twenty times every line, each with a price of its own, so that they do not fold; the header follows.
     void multiplicar(const QString &clave) {
         Recordset rs;
-        Consultar(*ctx, QStringLiteral("INTERNOS"),
-                  L("select * from subitems where interno = '") + clave + L("'"), rs);
+        Consultar(*ctx, u"INTERNOS"_s, "select * from subitems where interno = '"_L1 + clave + "'"_L1, rs);
         QStringList columnas;
         for (int c = 0; c < rs.columnas(); ++c) {
             const QString columna = rs.nombreDeColumna(c);
-            if (columna != L("id") && columna != L("zfila") && columna != L("preciounitario") &&
-                columna != L("fob"))
+            if (columna != "id"_L1 && columna != "zfila"_L1 && columna != "preciounitario"_L1 &&
+                columna != "fob"_L1)
                 columnas << columna;
         }
         constexpr int veces = 20;
         for (int n = 1; n < veces; ++n) {
-            const QString precio = QStringLiteral("preciounitario + 0.0%1").arg(n, 2, 10, QLatin1Char('0'));
-            Ejecutar(*ctx, QStringLiteral("INTERNOS"),
-                     L("insert into subitems (") + columnas.join(L(", ")) +
-                         L(", preciounitario, fob) select ") + columnas.join(L(", ")) + L(", ") + precio +
-                         L(", round(cantidad * (") + precio + L("), 2) from subitems where interno = '") +
-                         clave + L("' and id <= ") + maximo(clave, n));
+            const QString precio = u"preciounitario + 0.0%1"_s.arg(n, 2, 10, QLatin1Char('0'));
+            Ejecutar(*ctx, u"INTERNOS"_s,
+                     "insert into subitems ("_L1 + columnas.join(", "_L1) +
+                         ", preciounitario, fob) select "_L1 + columnas.join(", "_L1) + ", "_L1 + precio +
+                         ", round(cantidad * ("_L1 + precio + "), 2) from subitems where interno = '"_L1 +
+                         clave + "' and id <= "_L1 + maximo(clave, n));
         }
-        Ejecutar(*ctx, QStringLiteral("INTERNOS"),
-                 L("update caratula set dckgneto = dckgneto * 20, fobdivisas = (select sum(fob) from "
-                   "subitems where interno = '") +
-                     clave + L("') where interno = '") + clave + L("'"));
+        Ejecutar(*ctx, u"INTERNOS"_s,
+                 "update caratula set dckgneto = dckgneto * 20, fobdivisas = (select sum(fob) from "
+                 "subitems where interno = '"_L1 +
+                     clave + "') where interno = '"_L1 + clave + "'"_L1);
     }
     /// The last of the operation's first lines.
     QString maximo(const QString &clave, int vuelta) {
         if (vuelta == 1) {
             Recordset rs;
-            Consultar(*ctx, QStringLiteral("INTERNOS"),
-                      L("select max(id) as n from subitems where interno = '") + clave + L("'"), rs);
+            Consultar(*ctx, u"INTERNOS"_s,
+                      "select max(id) as n from subitems where interno = '"_L1 + clave + "'"_L1, rs);
             ultima = EsNull(rs.Fields(u"n").Value);
         }
         return ultima;
@@ -83,20 +83,20 @@ struct Puesto {
         for (const char *tabla : {"subitems", "groupsubitems", "item", "itemliq", "itemventaja", "iteminfo",
                                   "liqcero", "sysflag", "caratula"}) {
             Recordset rs;
-            Consultar(*ctx, QStringLiteral("INTERNOS"),
-                      L("select * from ") + L(tabla) + L(" where interno = '") + L(clave) + L("'"), rs);
+            Consultar(*ctx, u"INTERNOS"_s,
+                      "select * from "_L1 + L(tabla) + " where interno = '"_L1 + L(clave) + "'"_L1, rs);
             QStringList lineas;
             for (; !rs.Eof(); rs.MoveNext()) {
                 QStringList celdas;
                 for (int c = 0; c < rs.columnas(); ++c) {
                     const QString columna = rs.nombreDeColumna(c);
-                    const bool dada = columna == L("zfila") || columna == L("idsub") ||
-                                      (columna == L("id") && L(tabla) == L("subitems"));
+                    const bool dada = columna == "zfila"_L1 || columna == "idsub"_L1 ||
+                                      (columna == "id"_L1 && L(tabla) == "subitems"_L1);
                     if (!dada) celdas << celda(rs.Fields(c).Value);
                 }
                 lineas << celdas.join(QLatin1Char('|'));
             }
-            todo += L(tabla) + QLatin1String(":\n") + lineas.join(QLatin1Char('\n')) + QLatin1Char('\n');
+            todo += L(tabla) + ":\n"_L1 + lineas.join(QLatin1Char('\n')) + QLatin1Char('\n');
         }
         return todo;
     }

@@ -7,6 +7,8 @@
 
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 QJsonObject Corrida::resultado() const {
     return lineas.empty() ? QJsonObject() : lineas.back();
 }
@@ -17,21 +19,21 @@ std::vector<QJsonObject> Corrida::mensajes() const {
 
 QStringList Corrida::textos() const {
     QStringList todos;
-    for (const QJsonObject &o : mensajes()) todos << o.value(QStringLiteral("texto")).toString();
+    for (const QJsonObject &o : mensajes()) todos << o.value(u"texto"_s).toString();
     return todos;
 }
 
 std::unique_ptr<QProcess> EmpezarLote(const QString &carpeta, const QStringList &argumentos) {
-    const QString casa = carpeta + QStringLiteral("/casa");
+    const QString casa = carpeta + u"/casa"_s;
     QDir().mkpath(casa);
     QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
-    entorno.insert(QStringLiteral("HOME"), casa);
-    entorno.insert(QStringLiteral("XDG_CONFIG_HOME"), casa + QStringLiteral("/config"));
-    entorno.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    entorno.insert(u"HOME"_s, casa);
+    entorno.insert(u"XDG_CONFIG_HOME"_s, casa + u"/config"_s);
+    entorno.insert(u"LC_ALL"_s, u"C"_s);
     const QString construccion = qEnvironmentVariable("ZENDRA_BIN", CarpetaDeConstruccion());
     auto proceso = std::make_unique<QProcess>();
     proceso->setProcessEnvironment(entorno);
-    proceso->start(construccion + QStringLiteral("/zendra_lote"), argumentos);
+    proceso->start(construccion + u"/zendra_lote"_s, argumentos);
     return proceso;
 }
 

@@ -10,6 +10,8 @@
 #include "tests/lote/corrida.h"
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -125,21 +127,19 @@ TEST(OpcionesDeLote, WhatIsAbsentStaysAsTheConfigurationLeftIt) {
 TEST(OpcionesDeLote, TheDashboardOfAProgramThatStartsFollowsOptionsAndSettings) {
     QTemporaryDir dir;
     AppContext ctx;
-    ctx.ajustes = Ajustes(dir.filePath(QStringLiteral("a.ini")));
+    ctx.ajustes = Ajustes(dir.filePath(u"a.ini"_s));
     EleccionDelTablero t = lote::TableroInicial(ctx);
     EXPECT_FALSE(t.opOrdenxNCM);
     EXPECT_FALSE(t.chkCalcularServicioDigitalizacion);
-    EXPECT_EQ(t.opcionDJAI, L("NO"));
+    EXPECT_EQ(t.opcionDJAI, "NO"_L1);
     ctx.opciones.ARMARITEM = 1;
-    const QString flags = QStringLiteral("FLAGS");
-    ctx.ajustes.Guardar(QStringLiteral("ZENDRA"), flags, QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION"),
-                        QStringLiteral("S"));
-    ctx.ajustes.Guardar(QStringLiteral("ZENDRA"), flags, QStringLiteral("DJAI_USAR_DESCRIPCION"),
-                        QStringLiteral("CATALOGO"));
+    const QString flags = u"FLAGS"_s;
+    ctx.ajustes.Guardar(u"ZENDRA"_s, flags, u"CALCULAR_SERVICIO_DIGITALIZACION"_s, u"S"_s);
+    ctx.ajustes.Guardar(u"ZENDRA"_s, flags, u"DJAI_USAR_DESCRIPCION"_s, u"CATALOGO"_s);
     t = lote::TableroInicial(ctx);
     EXPECT_TRUE(t.opOrdenxNCM);
     EXPECT_TRUE(t.chkCalcularServicioDigitalizacion);
-    EXPECT_EQ(t.opcionDJAI, L("CATALOGO"));
+    EXPECT_EQ(t.opcionDJAI, "CATALOGO"_L1);
 }
 
 class OpcionesDeCorrida : public EnAmbosStores {
@@ -151,23 +151,23 @@ class OpcionesDeCorrida : public EnAmbosStores {
     bool conDemostracion() const override { return true; }
     bool servidor() const { return GetParam() == std::string("SQL"); }
     void configurar(const QByteArray &general) const {
-        Escribir(tienda->carpeta(), QStringLiteral("Prueba.perfil.cfg"),
+        Escribir(tienda->carpeta(), u"Prueba.perfil.cfg"_s,
                  "[GENERAL]\r\nIVARIN=21\r\nIVARNI=10,5\r\n" + general);
     }
     Corrida correr(const char *comando, const char *clave, const char *opciones,
                    const char *respuestas = "[]") {
-        if (L(comando) == L("armar"))
-            ejecutar(L("update caratula set factura8 = 'S' where interno = '") + L(clave) + L("'"));
+        if (L(comando) == "armar"_L1)
+            ejecutar("update caratula set factura8 = 'S' where interno = '"_L1 + L(clave) + "'"_L1);
         const Corrida c =
             Lote(tienda->carpeta(),
                  {"--perfil", tienda->perfil(), "--ajustes", tienda->carpeta() + "/lote.ini", "--respuestas",
-                  Escribir(tienda->carpeta(), QStringLiteral("r.json"), respuestas), "--opciones",
-                  Escribir(tienda->carpeta(), QStringLiteral("o.json"), opciones), L(comando), L(clave)});
+                  Escribir(tienda->carpeta(), u"r.json"_s, respuestas), "--opciones",
+                  Escribir(tienda->carpeta(), u"o.json"_s, opciones), L(comando), L(clave)});
         EXPECT_EQ(c.estado, 0) << c.errores.toStdString() << c.textos().join('\n').toStdString();
         return c;
     }
     QString dato(const char *que, const char *clave, const char *cola = "") {
-        return valor(L("select ") + L(que) + L(" where interno = '") + L(clave) + L("'") + L(cola));
+        return valor("select "_L1 + L(que) + " where interno = '"_L1 + L(clave) + "'"_L1 + L(cola));
     }
 };
 
@@ -176,42 +176,42 @@ TEST_P(OpcionesDeCorrida, ARMARITEMNumbersByPositionOrByEntry) {
     EXPECT_EQ(dato("ncm from item", "IC-2026-0001", " and id = 1"),
               dato("min(ncm) as n from item", "IC-2026-0001", " and id <> 0"));
     correr("armar", "IC-2026-0001", R"({"ARMARITEM":2})");
-    EXPECT_EQ(dato("ncm from item", "IC-2026-0001", " and id = 1"), L("8413.70.10.100L"));
+    EXPECT_EQ(dato("ncm from item", "IC-2026-0001", " and id = 1"), "8413.70.10.100L"_L1);
 }
 
 TEST_P(OpcionesDeCorrida, NOCALCLIQULeavesTheDutiesEmptyAndOverridesTheConfiguration) {
     correr("armar", "IT-2026-0003", R"({"NOCALCLIQU":"S"})");
-    EXPECT_EQ(dato("count(*) as n from itemliq", "IT-2026-0003"), L("0"));
-    EXPECT_NE(dato("count(*) as n from item", "IT-2026-0003"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from itemliq", "IT-2026-0003"), "0"_L1);
+    EXPECT_NE(dato("count(*) as n from item", "IT-2026-0003"), "0"_L1);
     // From the configuration file when the options do not tell it.
     correr("armar", "IT-2026-0003", "{}");
-    EXPECT_NE(dato("count(*) as n from itemliq", "IT-2026-0003"), L("0"));
+    EXPECT_NE(dato("count(*) as n from itemliq", "IT-2026-0003"), "0"_L1);
     configurar("NOCALCLIQU=S\r\n");
     correr("armar", "IT-2026-0003", "{}");
-    EXPECT_EQ(dato("count(*) as n from itemliq", "IT-2026-0003"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from itemliq", "IT-2026-0003"), "0"_L1);
     correr("armar", "IT-2026-0003", R"({"NOCALCLIQU":"N"})");
-    EXPECT_NE(dato("count(*) as n from itemliq", "IT-2026-0003"), L("0"));
+    EXPECT_NE(dato("count(*) as n from itemliq", "IT-2026-0003"), "0"_L1);
 }
 
 TEST_P(OpcionesDeCorrida, VrySbtDupFoldsGroupsWhosePricesDifferBelowACent) {
     // Two lines of the same bearing: 1.35 and, rounded otherwise in the invoice, 1.354.
     const QString linea = valor(
-        QStringLiteral("select max(id) as n from subitems where interno = 'IC-2026-0001' and idarticulo = "
-                       "'RB-6201'"));
-    ejecutar(L("update subitems set preciounitario = 1.354 where id = ") + linea);
+        u"select max(id) as n from subitems where interno = 'IC-2026-0001' and idarticulo = "
+        "'RB-6201'"_s);
+    ejecutar("update subitems set preciounitario = 1.354 where id = "_L1 + linea);
     correr("armar", "IC-2026-0001", R"({"VrySbtDup":"N"})");
     const int sin = dato("count(*) as n from groupsubitems", "IC-2026-0001").toInt();
     correr("armar", "IC-2026-0001", R"({"VrySbtDup":"S"})");
     EXPECT_EQ(dato("count(*) as n from groupsubitems", "IC-2026-0001").toInt(), sin - 1);
     EXPECT_EQ(
-        dato("count(*) as n from idrel", "IC-2026-0001", (L(" and idsub = ") + linea).toLatin1().constData()),
-        L("1"));
+        dato("count(*) as n from idrel", "IC-2026-0001", (" and idsub = "_L1 + linea).toLatin1().constData()),
+        "1"_L1);
 }
 
 TEST_P(OpcionesDeCorrida, FlgIdArtTOOtrosTakesTheFreeCodeInTheFileStoresLink) {
-    ejecutar(QStringLiteral("update subitems set otros = 'OTRO' where interno = 'IT-2026-0003'"));
+    ejecutar(u"update subitems set otros = 'OTRO' where interno = 'IT-2026-0003'"_s);
     correr("armar", "IT-2026-0003", "{}");
-    EXPECT_EQ(dato("count(*) as n from groupsubitems", "IT-2026-0003", " and idarticulo = 'OTRO'"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from groupsubitems", "IT-2026-0003", " and idarticulo = 'OTRO'"), "0"_L1);
     correr("armar", "IT-2026-0003", R"({"FlgIdArtTOOtros":"S"})");
     const int todos = dato("count(*) as n from groupsubitems", "IT-2026-0003").toInt();
     const int otros =
@@ -225,33 +225,32 @@ TEST_P(OpcionesDeCorrida, FlgIdArtTOOtrosTakesTheFreeCodeInTheFileStoresLink) {
 }
 
 TEST_P(OpcionesDeCorrida, QUINDELRAFTiesItemsOfTypeDToTheOneOfTypeG) {
-    ejecutar(QStringLiteral("update subitems set tipoitem = 'D' where interno = 'IT-2026-0003'"));
-    ejecutar(QStringLiteral(
-        "update subitems set tipoitem = 'G' where interno = 'IT-2026-0003' and idarticulo = 'PE-CR'"));
+    ejecutar(u"update subitems set tipoitem = 'D' where interno = 'IT-2026-0003'"_s);
+    ejecutar(u"update subitems set tipoitem = 'G' where interno = 'IT-2026-0003' and idarticulo = 'PE-CR'"_s);
     Corrida c = correr("armar", "IT-2026-0003", "{}");
-    EXPECT_EQ(dato("count(*) as n from item", "IT-2026-0003", " and itemasociado = '001'"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from item", "IT-2026-0003", " and itemasociado = '001'"), "0"_L1);
     c = correr("armar", "IT-2026-0003", R"({"QUINDELRAF":"S"})");
     EXPECT_TRUE(
-        c.textos().contains(L("Se establecio como ITEM RELACIONADO el 001 en todos los items tipo D")))
+        c.textos().contains("Se establecio como ITEM RELACIONADO el 001 en todos los items tipo D"_L1))
         << c.textos().join('\n').toStdString();
-    EXPECT_NE(dato("count(*) as n from item", "IT-2026-0003", " and itemasociado = '001'"), L("0"));
+    EXPECT_NE(dato("count(*) as n from item", "IT-2026-0003", " and itemasociado = '001'"), "0"_L1);
 }
 
 TEST_P(OpcionesDeCorrida, ChMultaAddsTheFine) {
     correr("armar", "IT-2026-0003", R"({"ChMulta":false})");
-    EXPECT_EQ(dato("count(*) as n from itemliq", "IT-2026-0003", " and idconceptos = '041'"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from itemliq", "IT-2026-0003", " and idconceptos = '041'"), "0"_L1);
     correr("armar", "IT-2026-0003", R"({"ChMulta":true})");
-    EXPECT_NE(dato("count(*) as n from itemliq", "IT-2026-0003", " and idconceptos = '041'"), L("0"));
+    EXPECT_NE(dato("count(*) as n from itemliq", "IT-2026-0003", " and idconceptos = '041'"), "0"_L1);
 }
 
 TEST_P(OpcionesDeCorrida, TheDigitalServiceIsConcept520OfItemOneAndIsKeptForTheNextStart) {
     correr("armar", "IC-2026-0001", R"({"chkCalcularServicioDigitalizacion":false})");
-    EXPECT_EQ(dato("count(*) as n from itemliq", "IC-2026-0001", " and idconceptos = '520'"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from itemliq", "IC-2026-0001", " and idconceptos = '520'"), "0"_L1);
     correr("armar", "IC-2026-0001", R"({"chkCalcularServicioDigitalizacion":true})");
-    EXPECT_EQ(dato("max(iditem) as n from itemliq", "IC-2026-0001", " and idconceptos = '520'"), L("1"));
+    EXPECT_EQ(dato("max(iditem) as n from itemliq", "IC-2026-0001", " and idconceptos = '520'"), "1"_L1);
     // The dashboard's box starts as it was left.
     correr("armar", "IC-2026-0001", "{}");
-    EXPECT_EQ(dato("max(iditem) as n from itemliq", "IC-2026-0001", " and idconceptos = '520'"), L("1"));
+    EXPECT_EQ(dato("max(iditem) as n from itemliq", "IC-2026-0001", " and idconceptos = '520'"), "1"_L1);
 }
 
 TEST_P(OpcionesDeCorrida, ChCOEFTakesTheDutyOutOfTheRefundOfAnExport) {
@@ -263,18 +262,18 @@ TEST_P(OpcionesDeCorrida, ChCOEFTakesTheDutyOutOfTheRefundOfAnExport) {
     for (const auto &[opciones, esperado] : casos) {
         const QJsonObject r = correr("liquidar", "EC-2026-0002", opciones).resultado();
         QString reintegro;
-        for (const QJsonValue &v : r.value(L("conceptos")).toArray())
-            if (v.toObject().value(L("pgc")).toString() == L("C"))
-                reintegro = v.toObject().value(L("numero")).toString() + QLatin1Char(' ') +
-                            v.toObject().value(L("total")).toString();
+        for (const QJsonValue &v : r.value("conceptos"_L1).toArray())
+            if (v.toObject().value("pgc"_L1).toString() == "C"_L1)
+                reintegro = v.toObject().value("numero"_L1).toString() + QLatin1Char(' ') +
+                            v.toObject().value("total"_L1).toString();
         EXPECT_EQ(reintegro.toStdString(), esperado);
     }
     // An import knows no coefficient.
     correr("armar", "IC-2026-0001", "{}");
     const QString sin =
-        correr("liquidar", "IC-2026-0001", R"({"ChCOEF":false})").resultado().value(L("totalP")).toString();
+        correr("liquidar", "IC-2026-0001", R"({"ChCOEF":false})").resultado().value("totalP"_L1).toString();
     EXPECT_EQ(
-        correr("liquidar", "IC-2026-0001", R"({"ChCOEF":true})").resultado().value(L("totalP")).toString(),
+        correr("liquidar", "IC-2026-0001", R"({"ChCOEF":true})").resultado().value("totalP"_L1).toString(),
         sin);
 }
 
@@ -286,20 +285,20 @@ TEST_P(OpcionesDeCorrida, EachSourceOfDescriptionsOfADjai) {
         return false;
     };
     EXPECT_TRUE(advierte(correr("armar", "DJAI-2026-0004", R"({"NoEnviarDescripcionAlITEM":"S"})")));
-    EXPECT_EQ(dato("count(*) as n from item", "DJAI-2026-0004", " and id<>0 and descripcion <> ''"), L("0"));
+    EXPECT_EQ(dato("count(*) as n from item", "DJAI-2026-0004", " and id<>0 and descripcion <> ''"), "0"_L1);
     EXPECT_FALSE(advierte(correr("armar", "DJAI-2026-0004", R"({"DJAI_USAR_DESCRIPCION":"MARIA"})")));
-    EXPECT_NE(dato("count(*) as n from item", "DJAI-2026-0004", " and id<>0 and descripcion <> ''"), L("0"));
+    EXPECT_NE(dato("count(*) as n from item", "DJAI-2026-0004", " and id<>0 and descripcion <> ''"), "0"_L1);
     // What was chosen last is chosen at the next start.
     EXPECT_FALSE(advierte(correr("armar", "DJAI-2026-0004", "{}")));
     EXPECT_FALSE(advierte(correr("armar", "DJAI-2026-0004", R"({"DJAI_USAR_DESCRIPCION":"CATALOGO"})")));
     EXPECT_EQ(dato("count(*) as n from item", "DJAI-2026-0004", " and id<>0 and descripcion <> ''"),
               dato("count(*) as n from item", "DJAI-2026-0004", " and id<>0"));
     const Corrida c = correr("armar", "DJAI-2026-0004", R"({"DJAI_USAR_DESCRIPCION":"MEZCLA"})");
-    EXPECT_EQ(c.resultado().value(L("armado")).toString(), servidor() ? L("SI") : L("NO"));
-    EXPECT_EQ(c.resultado().value(L("corrida")).toBool(), servidor());
+    EXPECT_EQ(c.resultado().value("armado"_L1).toString(), servidor() ? "SI"_L1 : "NO"_L1);
+    EXPECT_EQ(c.resultado().value("corrida"_L1).toBool(), servidor());
     if (!servidor()) {
         EXPECT_TRUE(
-            c.textos().value(0).startsWith(L("No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES")));
+            c.textos().value(0).startsWith("No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES"_L1));
     }
 }
 

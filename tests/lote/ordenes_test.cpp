@@ -10,6 +10,8 @@
 #include "tests/lote/corrida.h"
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -26,7 +28,7 @@ class Ordenes : public EnAmbosStores {
     /// The configuration file that goes with the profile.
     void configurar(const QByteArray &general) const {
         const QByteArray carpeta = tienda->carpeta().toUtf8() + '/';
-        Escribir(tienda->carpeta(), QStringLiteral("Prueba.perfil.cfg"),
+        Escribir(tienda->carpeta(), u"Prueba.perfil.cfg"_s,
                  "[BASESERVER]\r\nINTERNO=" + carpeta + "\r\nPERSONAL=" + carpeta + "\r\nNCM=" + carpeta +
                      "\r\nESTADO=" + carpeta + "\r\n[BASELOCAL]\r\nUSUARIO=" + carpeta + "\r\n[GENERAL]\r\n" +
                      general);
@@ -34,30 +36,28 @@ class Ordenes : public EnAmbosStores {
     Corrida lote(const QStringList &orden, const char *respuestas = "", const char *opciones = "") const {
         QStringList argumentos{"--perfil", tienda->perfil(), "--ajustes", en("lote.ini")};
         if (*respuestas != '\0')
-            argumentos << "--respuestas"
-                       << Escribir(tienda->carpeta(), QStringLiteral("respuestas.json"), respuestas);
+            argumentos << "--respuestas" << Escribir(tienda->carpeta(), u"respuestas.json"_s, respuestas);
         if (*opciones != '\0')
-            argumentos << "--opciones"
-                       << Escribir(tienda->carpeta(), QStringLiteral("opciones.json"), opciones);
+            argumentos << "--opciones" << Escribir(tienda->carpeta(), u"opciones.json"_s, opciones);
         const Corrida c = Lote(tienda->carpeta(), argumentos + orden);
         EXPECT_EQ(c.errores, QString());
         EXPECT_TRUE(c.ilegibles.isEmpty()) << c.ilegibles.join('\n').toStdString();
         EXPECT_FALSE(c.lineas.empty());
-        EXPECT_EQ(c.resultado().value(L("resultado")).toString(), orden[0]);
-        EXPECT_EQ(c.resultado().value(L("estado")).toInt(), c.estado);
+        EXPECT_EQ(c.resultado().value("resultado"_L1).toString(), orden[0]);
+        EXPECT_EQ(c.resultado().value("estado"_L1).toInt(), c.estado);
         return c;
     }
     /// Sets the armed mark and arms.
     Corrida armar(const char *clave, const char *respuestas = "", const char *opciones = "") {
-        ejecutar(L("update caratula set factura8 = 'S' where interno = '") + L(clave) + L("'"));
+        ejecutar("update caratula set factura8 = 'S' where interno = '"_L1 + L(clave) + "'"_L1);
         const Corrida c = lote({"armar", L(clave)}, respuestas, opciones);
         EXPECT_EQ(c.estado, 0) << c.textos().join('\n').toStdString();
-        EXPECT_EQ(c.resultado().value(L("armado")).toString(), L("SI"));
+        EXPECT_EQ(c.resultado().value("armado"_L1).toString(), "SI"_L1);
         return c;
     }
     int cuantas(const char *tabla, const char *clave, const char *cola = "") {
-        return valor(L("select count(*) as n from ") + L(tabla) + L(" where interno = '") + L(clave) +
-                     L("'") + L(cola))
+        return valor("select count(*) as n from "_L1 + L(tabla) + " where interno = '"_L1 + L(clave) +
+                     "'"_L1 + L(cola))
             .toInt();
     }
 };
@@ -66,26 +66,26 @@ TEST_P(Ordenes, ArmingEndsWithItsResultAndGivesTheOperationBack) {
     const Corrida c = lote({"armar", "IC-2026-0001"});
     EXPECT_EQ(c.estado, 0);
     const QJsonObject r = c.resultado();
-    EXPECT_EQ(r.value(L("interno")).toString(), L("IC-2026-0001"));
-    EXPECT_EQ(r.value(L("armado")).toString(), L("SI"));
-    EXPECT_TRUE(r.value(L("corrida")).toBool());
-    EXPECT_EQ(r.value(L("grupos")).toInt(), cuantas("groupsubitems", "IC-2026-0001"));
-    EXPECT_EQ(r.value(L("items")).toInt(), cuantas("item", "IC-2026-0001", " and id<>0"));
-    EXPECT_GT(r.value(L("items")).toInt(), 0);
+    EXPECT_EQ(r.value("interno"_L1).toString(), "IC-2026-0001"_L1);
+    EXPECT_EQ(r.value("armado"_L1).toString(), "SI"_L1);
+    EXPECT_TRUE(r.value("corrida"_L1).toBool());
+    EXPECT_EQ(r.value("grupos"_L1).toInt(), cuantas("groupsubitems", "IC-2026-0001"));
+    EXPECT_EQ(r.value("items"_L1).toInt(), cuantas("item", "IC-2026-0001", " and id<>0"));
+    EXPECT_GT(r.value("items"_L1).toInt(), 0);
     EXPECT_GT(cuantas("itemliq", "IC-2026-0001"), 0);
-    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IC-2026-0001'")), L("N"));
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'IC-2026-0001'"_s), "N"_L1);
     EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0) << "the lock is given back";
 }
 
 TEST_P(Ordenes, AnArmedOperationIsNotArmedAgainUnlessForced) {
     armar("IT-2026-0003");
-    ejecutar(QStringLiteral("update item set descripcion = 'marca' where interno = 'IT-2026-0003'"));
+    ejecutar(u"update item set descripcion = 'marca' where interno = 'IT-2026-0003'"_s);
     Corrida c = lote({"armar", "IT-2026-0003"});
-    EXPECT_EQ(c.resultado().value(L("armado")).toString(), L("SI"));
-    EXPECT_FALSE(c.resultado().value(L("corrida")).toBool());
+    EXPECT_EQ(c.resultado().value("armado"_L1).toString(), "SI"_L1);
+    EXPECT_FALSE(c.resultado().value("corrida"_L1).toBool());
     EXPECT_GT(cuantas("item", "IT-2026-0003", " and descripcion = 'marca'"), 0) << "untouched";
     c = lote({"armar", "IT-2026-0003", "--forzar"});
-    EXPECT_TRUE(c.resultado().value(L("corrida")).toBool());
+    EXPECT_TRUE(c.resultado().value("corrida"_L1).toBool());
     EXPECT_EQ(cuantas("item", "IT-2026-0003", " and descripcion = 'marca'"), 0);
 }
 
@@ -95,8 +95,8 @@ TEST_P(Ordenes, RecalculatingWritesTheDutiesAndTellsTheTotals) {
     EXPECT_EQ(c.estado, 0);
     // Item 3, screws: base 703.9494 (604.80 euros at 1.085, freight 39.08, insurance 6.82 at 1.27). Duty of
     // 25 % 175.99, statistics of 3 % 21.12, VAT of 21 % on 901.0594: 189.22.
-    EXPECT_EQ(filas(QStringLiteral("select idconceptos,total from itemliq where interno = 'IC-2026-0001' and "
-                                   "iditem = 3 and idconceptos in ('010','011','415') order by idconceptos"))
+    EXPECT_EQ(filas(u"select idconceptos,total from itemliq where interno = 'IC-2026-0001' and "
+                    "iditem = 3 and idconceptos in ('010','011','415') order by idconceptos"_s)
                   .toStdString(),
               "010|175.99\n011|21.12\n415|189.22");
     // What is told in the workstation's separator is what the rows hold.
@@ -104,24 +104,23 @@ TEST_P(Ordenes, RecalculatingWritesTheDutiesAndTellsTheTotals) {
     const auto dicho = [](const QJsonValue &v) { return v.toString().replace(',', '.').toDouble(); };
     for (const char *concepto : {"010", "011", "415"}) {
         double suma = 0;
-        for (const QJsonValue &v : fin.value(L("conceptos")).toArray())
-            if (v.toObject().value(L("numero")).toString() == L(concepto))
-                suma += dicho(v.toObject().value(L("total")));
-        EXPECT_NEAR(
-            suma,
-            valor(L("select sum(total) as t from itemliq where interno = 'IC-2026-0001' and iditem <> "
-                    "'0' and idconceptos = '") +
-                  L(concepto) + L("'"))
-                .toDouble(),
-            0.005)
+        for (const QJsonValue &v : fin.value("conceptos"_L1).toArray())
+            if (v.toObject().value("numero"_L1).toString() == L(concepto))
+                suma += dicho(v.toObject().value("total"_L1));
+        EXPECT_NEAR(suma,
+                    valor("select sum(total) as t from itemliq where interno = 'IC-2026-0001' and iditem <> "
+                          "'0' and idconceptos = '"_L1 +
+                          L(concepto) + "'"_L1)
+                        .toDouble(),
+                    0.005)
             << concepto;
     }
     double total = 0;
-    for (const QJsonValue &v : fin.value(L("conceptos")).toArray())
-        total += dicho(v.toObject().value(L("total")));
-    EXPECT_NEAR(dicho(fin.value(L("totalP"))), total, 0.005) << "an import to consumption pays everything";
-    EXPECT_EQ(fin.value(L("totalG")).toString(), L("00,00"));
-    EXPECT_EQ(fin.value(L("totalC")).toString(), L("00,00"));
+    for (const QJsonValue &v : fin.value("conceptos"_L1).toArray())
+        total += dicho(v.toObject().value("total"_L1));
+    EXPECT_NEAR(dicho(fin.value("totalP"_L1)), total, 0.005) << "an import to consumption pays everything";
+    EXPECT_EQ(fin.value("totalG"_L1).toString(), "00,00"_L1);
+    EXPECT_EQ(fin.value("totalC"_L1).toString(), "00,00"_L1);
     EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
 }
 
@@ -129,7 +128,7 @@ TEST_P(Ordenes, AnOperationThatWasNeverArmedCannotBeRecalculated) {
     const Corrida c = lote({"liquidar", "IC-2026-0001"});
     EXPECT_EQ(c.estado, 1);
     ASSERT_EQ(c.textos().size(), 1);
-    EXPECT_TRUE(c.textos()[0].contains(L("IC-2026-0001"))) << c.textos()[0].toStdString();
+    EXPECT_TRUE(c.textos()[0].contains("IC-2026-0001"_L1)) << c.textos()[0].toStdString();
     EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
 }
 
@@ -137,46 +136,43 @@ TEST_P(Ordenes, CheckingTellsTheDifferencesAsAReport) {
     armar("IC-2026-0001");
     Corrida c = lote({"comprobar", "IC-2026-0001"});
     EXPECT_EQ(c.estado, 0);
-    EXPECT_FALSE(c.resultado().value(L("diferencias")).toBool());
+    EXPECT_FALSE(c.resultado().value("diferencias"_L1).toBool());
     EXPECT_TRUE(c.mensajes().empty());
-    ejecutar(QStringLiteral("update item set idpais = '999' where interno = 'IC-2026-0001' and id = 1"));
+    ejecutar(u"update item set idpais = '999' where interno = 'IC-2026-0001' and id = 1"_s);
     c = lote({"comprobar", "IC-2026-0001"});
     EXPECT_EQ(c.estado, 0);
-    EXPECT_TRUE(c.resultado().value(L("diferencias")).toBool());
+    EXPECT_TRUE(c.resultado().value("diferencias"_L1).toBool());
     ASSERT_EQ(c.mensajes().size(), 1U);
-    EXPECT_EQ(c.mensajes()[0].value(L("tipo")).toString(), L("informe"));
-    EXPECT_EQ(c.mensajes()[0].value(L("titulo")).toString(),
-              L("Zendra v3 - Reporte de Diferencias Encontradas."));
-    EXPECT_TRUE(c.textos()[0].contains(L("ITEM=999"))) << c.textos()[0].toStdString();
+    EXPECT_EQ(c.mensajes()[0].value("tipo"_L1).toString(), "informe"_L1);
+    EXPECT_EQ(c.mensajes()[0].value("titulo"_L1).toString(),
+              "Zendra v3 - Reporte de Diferencias Encontradas."_L1);
+    EXPECT_TRUE(c.textos()[0].contains("ITEM=999"_L1)) << c.textos()[0].toStdString();
 }
 
 TEST_P(Ordenes, CreatingWritesHeaderAndSettingsAndRefusesAKeyThatExists) {
     Corrida c = lote({"crear", " Ñandú/1 "});
     EXPECT_EQ(c.estado, 0);
-    EXPECT_TRUE(c.resultado().value(L("creado")).toBool());
-    EXPECT_EQ(c.resultado().value(L("interno")).toString(), QStringLiteral("Ñandú/1"));
-    EXPECT_EQ(valor(QStringLiteral("select ONCCAHabilitado from caratula where interno = 'Ñandú/1'")),
-              L("N"));
-    EXPECT_EQ(Ajustes(en("lote.ini"))
-                  .Leer(QStringLiteral("ZENDRA"), QStringLiteral("Ñandú/1"), QStringLiteral("FLAG7")),
-              L("1"));
+    EXPECT_TRUE(c.resultado().value("creado"_L1).toBool());
+    EXPECT_EQ(c.resultado().value("interno"_L1).toString(), u"Ñandú/1"_s);
+    EXPECT_EQ(valor(u"select ONCCAHabilitado from caratula where interno = 'Ñandú/1'"_s), "N"_L1);
+    EXPECT_EQ(Ajustes(en("lote.ini")).Leer(u"ZENDRA"_s, u"Ñandú/1"_s, u"FLAG7"_s), "1"_L1);
     c = lote({"crear", "ÑANDÚ/1"});
     EXPECT_EQ(c.estado, 1);
-    EXPECT_EQ(c.textos(), QStringList{QStringLiteral("El Código de interno ya existe.")});
-    EXPECT_FALSE(c.resultado().value(L("creado")).toBool());
+    EXPECT_EQ(c.textos(), QStringList{u"El Código de interno ya existe."_s});
+    EXPECT_FALSE(c.resultado().value("creado"_L1).toBool());
 }
 
 TEST_P(Ordenes, DeletingAsksAndOnlyYesRemoves) {
     for (const char *respuestas : {"", R"(["No"])", R"(["Tal vez"])"}) {
         const Corrida c = lote({"borrar", "IT-2026-0003"}, respuestas);
         EXPECT_EQ(c.estado, 0);
-        EXPECT_FALSE(c.resultado().value(L("borrado")).toBool());
-        EXPECT_EQ(c.textos(), QStringList{QStringLiteral("Confirma eliminar el interno IT-2026-0003")});
+        EXPECT_FALSE(c.resultado().value("borrado"_L1).toBool());
+        EXPECT_EQ(c.textos(), QStringList{u"Confirma eliminar el interno IT-2026-0003"_s});
     }
     EXPECT_EQ(cuantas("caratula", "IT-2026-0003"), 1);
     const Corrida c = lote({"borrar", "IT-2026-0003"}, R"(["Si"])");
     EXPECT_EQ(c.estado, 0);
-    EXPECT_TRUE(c.resultado().value(L("borrado")).toBool());
+    EXPECT_TRUE(c.resultado().value("borrado"_L1).toBool());
     EXPECT_EQ(cuantas("caratula", "IT-2026-0003"), 0);
     EXPECT_EQ(cuantas("subitems", "IT-2026-0003"), 0);
     EXPECT_EQ(cuantas("caratula", "IC-2026-0001"), 1);
@@ -184,23 +180,20 @@ TEST_P(Ordenes, DeletingAsksAndOnlyYesRemoves) {
 
 TEST_P(Ordenes, ListingGivesEveryOperationALine) {
     configurar("OPERACIONESMOSTRARTODO=N\r\n");
-    for (int n = 0; n < 60; ++n)
-        ejecutar(QStringLiteral("insert into caratula (interno) values ('Z%1')").arg(n));
+    for (int n = 0; n < 60; ++n) ejecutar(u"insert into caratula (interno) values ('Z%1')"_s.arg(n));
     const Corrida c = lote({"listar"});
     EXPECT_EQ(c.estado, 0);
-    EXPECT_EQ(c.resultado().value(L("cantidad")).toInt(), 65) << "the fifty of the screen are the screen's";
+    EXPECT_EQ(c.resultado().value("cantidad"_L1).toInt(), 65) << "the fifty of the screen are the screen's";
     ASSERT_EQ(c.mensajes().size(), 65U);
-    for (const QJsonObject &o : c.mensajes()) EXPECT_EQ(o.value(L("tipo")).toString(), L("operacion"));
+    for (const QJsonObject &o : c.mensajes()) EXPECT_EQ(o.value("tipo"_L1).toString(), "operacion"_L1);
     const QJsonObject o = c.mensajes()[2];
-    EXPECT_EQ(o.value(L("interno")).toString(), L("IC-2026-0001"));
-    EXPECT_EQ(o.value(L("clase")).toString(), L("Importacion"));
-    EXPECT_EQ(o.value(L("subregimen")).toString(), L("IC04"));
-    EXPECT_EQ(o.value(L("cliente")).toString(), L("HIDRAULICA DEL PLATA S.A."));
-    EXPECT_TRUE(o.value(L("detalle")).toString().endsWith(L("Creado : lunes, 12 de enero de 2026")));
-    EXPECT_EQ(Ajustes(en("lote.ini"))
-                  .Leer(QStringLiteral("ZENDRA"), QStringLiteral("APLICACION"), QStringLiteral("INTERNO_NRO"),
-                        QStringLiteral("<nada>")),
-              L("<nada>"))
+    EXPECT_EQ(o.value("interno"_L1).toString(), "IC-2026-0001"_L1);
+    EXPECT_EQ(o.value("clase"_L1).toString(), "Importacion"_L1);
+    EXPECT_EQ(o.value("subregimen"_L1).toString(), "IC04"_L1);
+    EXPECT_EQ(o.value("cliente"_L1).toString(), "HIDRAULICA DEL PLATA S.A."_L1);
+    EXPECT_TRUE(o.value("detalle"_L1).toString().endsWith("Creado : lunes, 12 de enero de 2026"_L1));
+    EXPECT_EQ(Ajustes(en("lote.ini")).Leer(u"ZENDRA"_s, u"APLICACION"_s, u"INTERNO_NRO"_s, u"<nada>"_s),
+              "<nada>"_L1)
         << "what the browser looked for last is the browser's";
 }
 
@@ -209,7 +202,7 @@ TEST_P(Ordenes, AKeyThatIsNotThereIsToldByEveryCommandThatNeedsIt) {
         const Corrida c = lote({L(comando), "NO-HAY"});
         EXPECT_EQ(c.estado, 1) << comando;
         ASSERT_EQ(c.textos().size(), 1) << comando;
-        EXPECT_TRUE(c.textos()[0].contains(L("NO-HAY"))) << c.textos()[0].toStdString();
+        EXPECT_TRUE(c.textos()[0].contains("NO-HAY"_L1)) << c.textos()[0].toStdString();
         EXPECT_EQ(cuantas("interno", "NO-HAY"), 0) << comando;
     }
 }
@@ -226,10 +219,10 @@ TEST_P(Ordenes, EveryMessageAndQuestionIsALineWithItsFiveMembers) {
     EXPECT_GE(vistos, 6);
     const std::vector<QJsonObject> liquidada = lote({"liquidar", "ICR-2026-0005"}).mensajes();
     ASSERT_EQ(liquidada.size(), 1U);
-    EXPECT_EQ(liquidada[0].value(L("tipo")).toString(), L("pregunta"));
-    EXPECT_EQ(liquidada[0].value(L("titulo")).toString(), QStringLiteral(" Régimen Automotriz"));
-    EXPECT_EQ(liquidada[0].value(L("respuesta")).toString(), L("No"));
-    EXPECT_EQ(liquidada[0].value(L("opciones")).toArray().size(), 2);
+    EXPECT_EQ(liquidada[0].value("tipo"_L1).toString(), "pregunta"_L1);
+    EXPECT_EQ(liquidada[0].value("titulo"_L1).toString(), u" Régimen Automotriz"_s);
+    EXPECT_EQ(liquidada[0].value("respuesta"_L1).toString(), "No"_L1);
+    EXPECT_EQ(liquidada[0].value("opciones"_L1).toArray().size(), 2);
 }
 
 TEST_P(Ordenes, AnswersAreConsumedInOrderAndBehindTheLastStandNoAndTheEmptyText) {
@@ -237,20 +230,20 @@ TEST_P(Ordenes, AnswersAreConsumedInOrderAndBehindTheLastStandNoAndTheEmptyText)
     Corrida c = armar("ICR-2026-0005", R"(["26001ICR3000123A","Si"])");
     QStringList dichas;
     for (const QJsonObject &o : c.mensajes())
-        if (!o.value(L("respuesta")).isNull()) dichas << o.value(L("respuesta")).toString();
+        if (!o.value("respuesta"_L1).isNull()) dichas << o.value("respuesta"_L1).toString();
     EXPECT_EQ(dichas.join('|').toStdString(), "26001ICR3000123A");
     c = armar("ICR-2026-0005");
     dichas.clear();
     for (const QJsonObject &o : c.mensajes())
-        if (!o.value(L("respuesta")).isNull()) dichas << o.value(L("respuesta")).toString();
+        if (!o.value("respuesta"_L1).isNull()) dichas << o.value("respuesta"_L1).toString();
     EXPECT_EQ(dichas.join('|').toStdString(), "");
     EXPECT_EQ(dichas.size(), 1);
 
     c = armar("EC-2026-0002", R"(["Si"])");
     ASSERT_EQ(c.mensajes().size(), 1U);
-    EXPECT_EQ(c.mensajes()[0].value(L("respuesta")).toString(), L("Si"));
+    EXPECT_EQ(c.mensajes()[0].value("respuesta"_L1).toString(), "Si"_L1);
     c = armar("EC-2026-0002");
-    EXPECT_EQ(c.mensajes()[0].value(L("respuesta")).toString(), L("No"));
+    EXPECT_EQ(c.mensajes()[0].value("respuesta"_L1).toString(), "No"_L1);
 }
 
 TEST_P(Ordenes, TheAutomotiveAnswerIsKeptAndNotAskedAgain) {
@@ -261,8 +254,8 @@ TEST_P(Ordenes, TheAutomotiveAnswerIsKeptAndNotAskedAgain) {
 
 TEST_P(Ordenes, AnotherWorkstationsLockStopsTheWorkAndAStaleOneOfThisDoesNot) {
     ejecutar(
-        QStringLiteral("insert into interno (interno,maquina,usuario,fecha) values ('IT-2026-0003',"
-                       "'ADUANA-7','','2026-01-12 10:30:00')"));
+        u"insert into interno (interno,maquina,usuario,fecha) values ('IT-2026-0003',"
+        "'ADUANA-7','','2026-01-12 10:30:00')"_s);
     for (const char *comando : {"armar", "liquidar"}) {
         const Corrida c = lote({L(comando), "IT-2026-0003"});
         EXPECT_EQ(c.estado, 1) << comando;
@@ -272,30 +265,30 @@ TEST_P(Ordenes, AnotherWorkstationsLockStopsTheWorkAndAStaleOneOfThisDoesNot) {
     }
     EXPECT_EQ(cuantas("item", "IT-2026-0003"), 0);
     EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 1) << "the lock stays";
-    ejecutar(L("update interno set maquina = '") + NombreDeLaPC() + L("'"));
+    ejecutar("update interno set maquina = '"_L1 + NombreDeLaPC() + "'"_L1);
     const Corrida c = lote({"armar", "IT-2026-0003"});
     EXPECT_EQ(c.estado, 0);
     ASSERT_FALSE(c.textos().isEmpty());
-    EXPECT_TRUE(c.textos()[0].startsWith(L("El estado de INTERNO indica que el mismo esta abierto.")));
+    EXPECT_TRUE(c.textos()[0].startsWith("El estado de INTERNO indica que el mismo esta abierto."_L1));
     EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 0);
 }
 
 TEST_P(Ordenes, AStoreThatFailsOnTheWayIsAMessageAndStatusOneAndTheLockIsGivenBack) {
-    ejecutar(QStringLiteral("alter table iteminfo rename to escondida"));
+    ejecutar(u"alter table iteminfo rename to escondida"_s);
     Corrida c = lote({"armar", "IT-2026-0003"});
     EXPECT_EQ(c.estado, 1);
     ASSERT_FALSE(c.mensajes().empty());
-    EXPECT_EQ(c.mensajes().back().value(L("icono")).toString(), L("critico"));
-    EXPECT_TRUE(c.textos().last().contains(L("iteminfo"))) << c.textos().last().toStdString();
+    EXPECT_EQ(c.mensajes().back().value("icono"_L1).toString(), "critico"_L1);
+    EXPECT_TRUE(c.textos().last().contains("iteminfo"_L1)) << c.textos().last().toStdString();
     EXPECT_EQ(cuantas("interno", "IT-2026-0003"), 0);
-    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IT-2026-0003'")), L("S"))
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'IT-2026-0003'"_s), "S"_L1)
         << "still to be armed";
-    ejecutar(QStringLiteral("alter table escondida rename to iteminfo"));
+    ejecutar(u"alter table escondida rename to iteminfo"_s);
     c = lote({"armar", "IT-2026-0003"});
     EXPECT_EQ(c.estado, 0);
-    EXPECT_EQ(c.resultado().value(L("armado")).toString(), L("SI"));
+    EXPECT_EQ(c.resultado().value("armado"_L1).toString(), "SI"_L1);
 
-    ejecutar(QStringLiteral("alter table liqcero rename to escondida"));
+    ejecutar(u"alter table liqcero rename to escondida"_s);
     c = lote({"liquidar", "IT-2026-0003"});
     EXPECT_EQ(c.estado, 1);
     EXPECT_FALSE(c.textos().isEmpty());
@@ -307,7 +300,7 @@ TEST_P(Ordenes, AKeyWithAQuoteIsToldInTheEnginesWords) {
         const Corrida c = lote({L(comando), "O'Higgins"});
         EXPECT_EQ(c.estado, 1) << comando;
         ASSERT_EQ(c.textos().size(), 1) << comando;
-        EXPECT_TRUE(c.textos()[0].contains(L("syntax error"))) << c.textos()[0].toStdString();
+        EXPECT_TRUE(c.textos()[0].contains("syntax error"_L1)) << c.textos()[0].toStdString();
     }
 }
 
@@ -345,10 +338,10 @@ TEST_P(Ordenes, TheTraceTellsTimeRowsEntityAndText) {
         const QStringList partes = linea.split('\t');
         ASSERT_EQ(partes.size(), 4) << linea.toStdString();
         EXPECT_GE(partes[0].toLongLong(), 0);
-        if (partes[3].startsWith(L("Select DCPaisOrigen"))) {
+        if (partes[3].startsWith("Select DCPaisOrigen"_L1)) {
             ++cabeceras;
-            EXPECT_EQ(partes[2], L("INTERNOS"));
-            EXPECT_EQ(partes[1], L("1"));
+            EXPECT_EQ(partes[2], "INTERNOS"_L1);
+            EXPECT_EQ(partes[1], "1"_L1);
         }
     }
     EXPECT_EQ(cabeceras, 1);

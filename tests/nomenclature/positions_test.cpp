@@ -7,27 +7,29 @@
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ncm = QStringLiteral("NCM");
+const QString ncm = u"NCM"_s;
 
 class Posiciones : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
         ejecutar(
-            QStringLiteral(
-                "insert into ncm ([001],[002],[003],[004],[010],[012],[019],[020],[044],[052],[059]) values "
-                "('8409.91.12','100','G','Partes','Bielas','07','1.25','01','*','*',' * '),"
-                "('8409.91.12','900','A','Partes','Las demás','07','0','','','',''),"
-                "('8471.30.12','000','B','Máquinas','Portátiles','07','','',null,null,null),"
-                "('8484.09.10','000','K','Juntas','Metálicas','01','0','','','','')"),
+            u"insert into ncm ([001],[002],[003],[004],[010],[012],[019],[020],[044],[052],[059]) values "
+            "('8409.91.12','100','G','Partes','Bielas','07','1.25','01','*','*',' * '),"
+            "('8409.91.12','900','A','Partes','Las demás','07','0','','','',''),"
+            "('8471.30.12','000','B','Máquinas','Portátiles','07','','',null,null,null),"
+            "('8484.09.10','000','K','Juntas','Metálicas','01','0','','','','')"_s,
             ncm);
-        ejecutar(QStringLiteral("insert into sufidos (sim,sufijo,detalle) values "
-                                "('84  .  .  .   ','AA01','Con marca'),"
-                                "('8409.91.12.100','HA01','De aluminio'),"
-                                "('85  .  .  .   ','AA01','Otro capítulo')"),
-                 ncm);
+        ejecutar(
+            u"insert into sufidos (sim,sufijo,detalle) values "
+            "('84  .  .  .   ','AA01','Con marca'),"
+            "('8409.91.12.100','HA01','De aluminio'),"
+            "('85  .  .  .   ','AA01','Otro capítulo')"_s,
+            ncm);
     }
     std::string buscar(const char *texto, OrigenDeBusqueda origen = OrigenDeBusqueda::Pantalla) {
         return TextosDePosiciones(BuscarPosiciones(*ctx, QString::fromUtf8(texto), origen))
@@ -43,7 +45,7 @@ TEST_P(Posiciones, AreFoundByTheirBeginningInTheOrderOfTheirKeys) {
         traza.texto(),
         "NCM|select [001]+ '.' +[002] + [003] as ncm,[012] as estadistica,[020] as deresp from ncm where "
         "[001] like '8409%' order by [001],[002],[003]");
-    const auto filas = BuscarPosiciones(*ctx, QStringLiteral("8409"));
+    const auto filas = BuscarPosiciones(*ctx, u"8409"_s);
     EXPECT_EQ(filas[0].estadistica.toStdString(), "07");
     EXPECT_EQ(filas[0].deresp.toStdString(), "01");
 }
@@ -77,8 +79,8 @@ TEST_P(Posiciones, AQuoteInTheTextIsNoFailure) {
 }
 
 TEST_P(Posiciones, TheDataBesideTheListFillTheSharedUnitsAndFlags) {
-    SeleccionarPosicion(*ctx, QStringLiteral("old"));
-    const DatosDePosicion datos = MostrarDatos(*ctx, QStringLiteral("8409.91.12.100G"));
+    SeleccionarPosicion(*ctx, u"old"_s);
+    const DatosDePosicion datos = MostrarDatos(*ctx, u"8409.91.12.100G"_s);
     EXPECT_TRUE(datos.encontrada);
     EXPECT_EQ(datos.descripcion.toStdString(), "Bielas\r\nPartes");
     ASSERT_EQ(datos.sufijos.size(), 2U);
@@ -93,15 +95,15 @@ TEST_P(Posiciones, TheDataBesideTheListFillTheSharedUnitsAndFlags) {
     // Looking is not choosing.
     EXPECT_EQ(ctx->posicion.posicion.toStdString(), "old");
 
-    MostrarDatos(*ctx, QStringLiteral("8471.30.12.000B"));
+    MostrarDatos(*ctx, u"8471.30.12.000B"_s);
     EXPECT_TRUE(ctx->posicion.deresp.isEmpty());
     EXPECT_FALSE(ctx->posicion.lapi || ctx->posicion.reintegro || ctx->posicion.seguridad ||
                  ctx->posicion.prohibicion);
 }
 
 TEST_P(Posiciones, APositionThatIsNotThereEmptiesTheData) {
-    MostrarDatos(*ctx, QStringLiteral("8409.91.12.100G"));
-    const DatosDePosicion datos = MostrarDatos(*ctx, QStringLiteral("8409.91.12.100X"));
+    MostrarDatos(*ctx, u"8409.91.12.100G"_s);
+    const DatosDePosicion datos = MostrarDatos(*ctx, u"8409.91.12.100X"_s);
     EXPECT_FALSE(datos.encontrada);
     EXPECT_TRUE(datos.descripcion.isEmpty());
     EXPECT_TRUE(datos.sufijos.empty());
@@ -110,7 +112,7 @@ TEST_P(Posiciones, APositionThatIsNotThereEmptiesTheData) {
 }
 
 TEST_P(Posiciones, EnterChoosesAndEscLeavesTheChoiceEmpty) {
-    SeleccionarPosicion(*ctx, QStringLiteral("8409.91.12.100G"));
+    SeleccionarPosicion(*ctx, u"8409.91.12.100G"_s);
     EXPECT_EQ(ctx->posicion.posicion.toStdString(), "8409.91.12.100G");
     DejarPosicion(*ctx);
     EXPECT_TRUE(ctx->posicion.posicion.isEmpty());

@@ -7,9 +7,11 @@
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ncm = QStringLiteral("NCM");
+const QString ncm = u"NCM"_s;
 
 std::string texto(const std::vector<FilaDeConsulta> &filas) {
     QStringList lineas;
@@ -21,12 +23,13 @@ class Consultas : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        ejecutar(QStringLiteral("insert into ncm ([001],[002],[003],[004],[010]) values "
-                                "('8409.91.12','900','A','Partes de motores','Las demás'),"
-                                "('8409.91.12','100','G','Partes de motores','Bielas'),"
-                                "('8501.10.19','000','C','Motores eléctricos','Los demás ÓPTICOS'),"
-                                "('9503.00.10','000','D',null,'Muñecas d''oro')"),
-                 ncm);
+        ejecutar(
+            u"insert into ncm ([001],[002],[003],[004],[010]) values "
+            "('8409.91.12','900','A','Partes de motores','Las demás'),"
+            "('8409.91.12','100','G','Partes de motores','Bielas'),"
+            "('8501.10.19','000','C','Motores eléctricos','Los demás ÓPTICOS'),"
+            "('9503.00.10','000','D',null,'Muñecas d''oro')"_s,
+            ncm);
     }
     std::string ultimoMensaje() const {
         return registro.mensajes.empty() ? "<none>" : registro.mensajes.back().texto.toStdString();
@@ -35,7 +38,7 @@ class Consultas : public EnAmbosStores {
 
 TEST_P(Consultas, ByPositionACommaBecomesADot) {
     const Traza traza;
-    EXPECT_EQ(texto(ConsultarPorPosicion(*ctx, QStringLiteral("8409,91"))),
+    EXPECT_EQ(texto(ConsultarPorPosicion(*ctx, u"8409,91"_s)),
               "8409.91.12.100G|Bielas - - Partes de motores\n"
               "8409.91.12.900A|Las demás - - Partes de motores");
     EXPECT_EQ(traza.texto(),
@@ -52,7 +55,7 @@ TEST_P(Consultas, AnEmptyPositionIsTold) {
 
 TEST_P(Consultas, ByWordsLooksInBothLevelsAndJoinsThemOtherwise) {
     const Traza traza;
-    EXPECT_EQ(texto(ConsultarPorPalabras(*ctx, QStringLiteral("motores"))),
+    EXPECT_EQ(texto(ConsultarPorPalabras(*ctx, u"motores"_s)),
               "8409.91.12.100G|Bielas -- Partes de motores\n"
               "8409.91.12.900A|Las demás -- Partes de motores\n"
               "8501.10.19.000C|Los demás ÓPTICOS -- Motores eléctricos");
@@ -60,30 +63,29 @@ TEST_P(Consultas, ByWordsLooksInBothLevelsAndJoinsThemOtherwise) {
               "NCM|select [001],[002],[003],[004],[010] from ncm where [010] like '%motores%' or [004] like "
               "'%motores%' order by [001],[002],[003]");
     // Case does not matter, with accents either.
-    EXPECT_EQ(ConsultarPorPalabras(*ctx, QStringLiteral("BIELAS")).size(), 1U);
-    EXPECT_EQ(ConsultarPorPalabras(*ctx, QStringLiteral("ópticos")).size(), 1U);
-    EXPECT_EQ(ConsultarPorPalabras(*ctx, QStringLiteral("MUÑECAS")).size(), 1U);
+    EXPECT_EQ(ConsultarPorPalabras(*ctx, u"BIELAS"_s).size(), 1U);
+    EXPECT_EQ(ConsultarPorPalabras(*ctx, u"ópticos"_s).size(), 1U);
+    EXPECT_EQ(ConsultarPorPalabras(*ctx, u"MUÑECAS"_s).size(), 1U);
 }
 
 TEST_P(Consultas, ThreeCharactersExactlyAreEnoughTwoShowTheMessage) {
-    EXPECT_EQ(ConsultarPorPalabras(*ctx, QStringLiteral("mot")).size(), 3U);
+    EXPECT_EQ(ConsultarPorPalabras(*ctx, u"mot"_s).size(), 3U);
     EXPECT_TRUE(registro.mensajes.empty());
-    EXPECT_TRUE(ConsultarPorPalabras(*ctx, QStringLiteral("mo")).empty());
+    EXPECT_TRUE(ConsultarPorPalabras(*ctx, u"mo"_s).empty());
     EXPECT_EQ(ultimoMensaje(), "Debe ingresar al menos 3 caracteres para buscar una posición");
     registro.mensajes.clear();
     // Characters, not bytes: "ñé" is two.
-    EXPECT_TRUE(ConsultarPorPalabras(*ctx, QStringLiteral("ñé")).empty());
+    EXPECT_TRUE(ConsultarPorPalabras(*ctx, u"ñé"_s).empty());
     EXPECT_EQ(registro.mensajes.size(), 1U);
 }
 
 TEST_P(Consultas, AQuoteIsLookedForAsTyped) {
-    EXPECT_EQ(texto(ConsultarPorPalabras(*ctx, QStringLiteral("d'oro"))),
-              "9503.00.10.000D|Muñecas d'oro -- ");
+    EXPECT_EQ(texto(ConsultarPorPalabras(*ctx, u"d'oro"_s)), "9503.00.10.000D|Muñecas d'oro -- ");
 }
 
 TEST_P(Consultas, NothingFoundIsAnEmptyListWithoutAWord) {
-    EXPECT_TRUE(ConsultarPorPalabras(*ctx, QStringLiteral("zzz")).empty());
-    EXPECT_TRUE(ConsultarPorPosicion(*ctx, QStringLiteral("99")).empty());
+    EXPECT_TRUE(ConsultarPorPalabras(*ctx, u"zzz"_s).empty());
+    EXPECT_TRUE(ConsultarPorPosicion(*ctx, u"99"_s).empty());
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
@@ -102,16 +104,13 @@ TEST_P(Consultas, WordsOverThirtyThousandPositionsAnswerInUnder150Ms) {
     for (int desde = 0; desde < posiciones; desde += porVez) {
         QStringList valores;
         for (int i = desde; i < desde + porVez; ++i)
-            valores << QStringLiteral("('%1.%2.%3','%4','A','%5 y sus partes','%5 %6, artículo %7')")
-                           .arg(1000 + i / 1000)
+            valores << u"('%1.%2.%3','%4','A','%5 y sus partes','%5 %6, artículo %7')"_s.arg(1000 + i / 1000)
                            .arg(i / 10 % 100, 2, 10, QLatin1Char('0'))
                            .arg(i % 10 * 10, 2, 10, QLatin1Char('0'))
                            .arg(i % 9 * 100, 3, 10, QLatin1Char('0'))
                            .arg(QString::fromUtf8(bienes[i % 7]), QString::fromUtf8(clases[i % 5]))
                            .arg(i);
-        ejecutar(
-            QStringLiteral("insert into ncm ([001],[002],[003],[004],[010]) values ") + valores.join(u','),
-            ncm);
+        ejecutar(u"insert into ncm ([001],[002],[003],[004],[010]) values "_s + valores.join(u','), ncm);
     }
     struct Caso {
         const char *palabras;

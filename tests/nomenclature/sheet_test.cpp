@@ -7,9 +7,11 @@
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ncm = QStringLiteral("NCM");
+const QString ncm = u"NCM"_s;
 
 std::string texto(const SeccionDeHoja &s) {
     QStringList lineas{s.titulo};
@@ -24,26 +26,25 @@ class Hoja : public EnAmbosStores {
         QStringList columnas;
         QStringList valores;
         for (int n = 1; n <= 71; ++n) {
-            columnas << QStringLiteral("[%1]").arg(n, 3, 10, QLatin1Char('0'));
-            QString valor = QStringLiteral("c%1").arg(n);
-            if (n == 1) valor = QStringLiteral("8409.91.12");
-            if (n == 2) valor = QStringLiteral("100");
+            columnas << u"[%1]"_s.arg(n, 3, 10, QLatin1Char('0'));
+            QString valor = u"c%1"_s.arg(n);
+            if (n == 1) valor = u"8409.91.12"_s;
+            if (n == 2) valor = u"100"_s;
             if (n == 3) valor = letra;
             const auto otra = distintas.find(n);
             if (otra != distintas.end()) valor = otra->second;
-            valores << (valor == QStringLiteral("<null>") ? QStringLiteral("null") : u'\'' + valor + u'\'');
+            valores << (valor == u"<null>"_s ? u"null"_s : u'\'' + valor + u'\'');
         }
-        ejecutar(QStringLiteral("insert into ncm (") + columnas.join(u',') + QStringLiteral(") values (") +
-                     valores.join(u',') + u')',
+        ejecutar(u"insert into ncm ("_s + columnas.join(u',') + u") values ("_s + valores.join(u',') + u')',
                  ncm);
     }
     std::optional<HojaDelNomenclador> hoja(const LetrasDelNcm *letras = nullptr) {
-        return DetalleNomenclador(*ctx, QStringLiteral("8409.91.12.100G"), letras);
+        return DetalleNomenclador(*ctx, u"8409.91.12.100G"_s, letras);
     }
 };
 
 TEST_P(Hoja, HasItsSectionsWithTheirLabelsInOrder) {
-    posicion(QStringLiteral("G"), {{71, QStringLiteral("2")}});
+    posicion(u"G"_s, {{71, u"2"_s}});
     const auto h = hoja();
     ASSERT_TRUE(h.has_value());
     ASSERT_EQ(h->secciones.size(), 4U);
@@ -75,10 +76,10 @@ TEST_P(Hoja, HasItsSectionsWithTheirLabelsInOrder) {
 
 TEST_P(Hoja, AColumnOfThePossessionsHoldingOnlyBlanksProducesNoLine) {
     std::map<int, QString> vacias;
-    for (int n = 40; n <= 71; ++n) vacias[n] = n % 2 == 0 ? QStringLiteral("   ") : QStringLiteral("<null>");
-    vacias[43] = QStringLiteral("INAL");
+    for (int n = 40; n <= 71; ++n) vacias[n] = n % 2 == 0 ? u"   "_s : u"<null>"_s;
+    vacias[43] = u"INAL"_s;
     vacias[48] = QString();
-    posicion(QStringLiteral("G"), vacias);
+    posicion(u"G"_s, vacias);
     EXPECT_EQ(texto(hoja()->secciones[3]), "POSEE\nIntervención:=INAL");
     // Duties and sources keep their line without a value.
     EXPECT_EQ(hoja()->secciones[1].lineas.back().etiqueta.toStdString(), "Marca de Exento de IVA:");
@@ -86,12 +87,12 @@ TEST_P(Hoja, AColumnOfThePossessionsHoldingOnlyBlanksProducesNoLine) {
 }
 
 TEST_P(Hoja, AnEmptyUnitOfTheSpecificDutyReadsNoPosee) {
-    posicion(QStringLiteral("G"), {{20, QStringLiteral("<null>")}});
+    posicion(u"G"_s, {{20, u"<null>"_s}});
     EXPECT_EQ(hoja()->secciones[0].lineas[1].valor.toStdString(), "No posee");
 }
 
 TEST_P(Hoja, ACurrencyTermOf5ShowsErrorOnTheSheet) {
-    posicion(QStringLiteral("G"), {{71, QStringLiteral("5")}});
+    posicion(u"G"_s, {{71, u"5"_s}});
     EXPECT_EQ(hoja()->secciones[3].lineas.back().valor.toStdString(), "ERROR");
 }
 
@@ -104,23 +105,23 @@ TEST(PlazosDeDivisas, DecodeByTheirCode) {
 }
 
 TEST_P(Hoja, TheFirstRowFoundWhateverItsLetterFeedsTheSheet) {
-    posicion(QStringLiteral("Z"), {{10, QStringLiteral("primera")}});
-    posicion(QStringLiteral("G"), {{10, QStringLiteral("segunda")}});
+    posicion(u"Z"_s, {{10, u"primera"_s}});
+    posicion(u"G"_s, {{10, u"segunda"_s}});
     const Traza traza;
     const auto h = hoja();
     EXPECT_EQ(traza.texto(),
               "NCM|select * from sufidos where sim in ('84  .  .  .   ','8409.  .  .   ','8409.91.  .   ',"
               "'8409.91.12.100')\n"
               "NCM|select * from ncm where [001] = '8409.91.12' and [002] = '100'");
-    EXPECT_TRUE(h->encabezado.contains(QStringLiteral("primera")));
+    EXPECT_TRUE(h->encabezado.contains(u"primera"_s));
 }
 
 TEST_P(Hoja, OnlyThePositionsOwnSuffixRowsAreHighlighted) {
-    posicion(QStringLiteral("G"), {});
-    ejecutar(QStringLiteral(
-                 "insert into sufidos (sim,sufijo,detalle) values ('84  .  .  .   ','AA01','Con marca'),"
-                 "('8409.91.12.100','HA01','De aluminio'),('8409.91.12.900','HA02','Ajeno')"),
-             ncm);
+    posicion(u"G"_s, {});
+    ejecutar(
+        u"insert into sufidos (sim,sufijo,detalle) values ('84  .  .  .   ','AA01','Con marca'),"
+        "('8409.91.12.100','HA01','De aluminio'),('8409.91.12.900','HA02','Ajeno')"_s,
+        ncm);
     const auto h = hoja();
     ASSERT_EQ(h->sufijos.size(), 2U);
     EXPECT_FALSE(h->sufijos[0].resaltado);
@@ -134,10 +135,10 @@ TEST_P(Hoja, AMissingPositionEndsWithoutASheet) {
 }
 
 TEST_P(Hoja, TheLetterIsShownWhereItsLibraryIsInstalled) {
-    posicion(QStringLiteral("G"), {});
+    posicion(u"G"_s, {});
     EXPECT_TRUE(hoja()->letra.isEmpty());
     const LetrasDelNcm letras{[](const QString &p) { return p.right(1); },
-                              [](const QString &letra) { return QStringLiteral("texto de ") + letra; }};
+                              [](const QString &letra) { return u"texto de "_s + letra; }};
     EXPECT_EQ(hoja(&letras)->letra.toStdString(), "G");
     EXPECT_EQ(hoja(&letras)->descripcionLetra.toStdString(), "texto de G");
 }
@@ -149,20 +150,20 @@ class Licencias : public EnAmbosStores {
     void SetUp() override {
         EnAmbosStores::SetUp();
         ejecutar(
-            QStringLiteral("insert into lnapiposicionesafectadas (posicion,lnapi,norma,aclaraciones) values "
-                           "('3605.00.00','LNA FOSFOROS','RES.1','1  9'),"
-                           "('3605.00.00','LNA OTRA','RES.2','2'),"
-                           "('4011.10.00','LNA NEUMATICOS','RES.3',null)"),
+            u"insert into lnapiposicionesafectadas (posicion,lnapi,norma,aclaraciones) values "
+            "('3605.00.00','LNA FOSFOROS','RES.1','1  9'),"
+            "('3605.00.00','LNA OTRA','RES.2','2'),"
+            "('4011.10.00','LNA NEUMATICOS','RES.3',null)"_s,
             ncm);
         ejecutar(
-            QStringLiteral("insert into lnapiaclaraciones (aclaracion,descripcion) values (1,'Sólo nueva'),"
-                           "(2,'Con ficha')"),
+            u"insert into lnapiaclaraciones (aclaracion,descripcion) values (1,'Sólo nueva'),"
+            "(2,'Con ficha')"_s,
             ncm);
     }
 };
 
 TEST_P(Licencias, TheTextHasNormsAndThenNotesByDescendingNote) {
-    EXPECT_EQ(DetalleLnapi(*ctx, QStringLiteral("3605.00.00.100N")).toStdString(),
+    EXPECT_EQ(DetalleLnapi(*ctx, u"3605.00.00.100N"_s).toStdString(),
               "(1) LNA OTRA\r\nNorma: RES.2\r\n(2) LNA FOSFOROS\r\nNorma: RES.1\r\n"
               "---------------\r\nAclaraciones:\r\n---------------\r\n"
               "Aclaraciones para (1)\r\n* Con ficha\r\n"
@@ -171,15 +172,14 @@ TEST_P(Licencias, TheTextHasNormsAndThenNotesByDescendingNote) {
 }
 
 TEST_P(Licencias, APositionInARowWithoutNotesSaysSo) {
-    EXPECT_EQ(ObtenerAclaraciones(*ctx, QStringLiteral("4011.10.00.000A")).toStdString(),
+    EXPECT_EQ(ObtenerAclaraciones(*ctx, u"4011.10.00.000A"_s).toStdString(),
               "Aclaraciones para (1)\r\n* No posee aclaraciones la posición\r\n");
 }
 
 TEST_P(Licencias, APositionInNoRowHasNoNotesAndNoData) {
-    EXPECT_EQ(ObtenerAclaraciones(*ctx, QStringLiteral("8409.91.12.100G")).toStdString(), "-1");
-    EXPECT_EQ(DetalleLnapi(*ctx, QStringLiteral("8409.91.12.100G")).toStdString(),
-              "SIN DATOS\r\nNorma: NO POSEE\r\n");
-    EXPECT_EQ(DetalleLnapi(*ctx, QStringLiteral("84'9")).toStdString(), "SIN DATOS\r\nNorma: NO POSEE\r\n");
+    EXPECT_EQ(ObtenerAclaraciones(*ctx, u"8409.91.12.100G"_s).toStdString(), "-1");
+    EXPECT_EQ(DetalleLnapi(*ctx, u"8409.91.12.100G"_s).toStdString(), "SIN DATOS\r\nNorma: NO POSEE\r\n");
+    EXPECT_EQ(DetalleLnapi(*ctx, u"84'9"_s).toStdString(), "SIN DATOS\r\nNorma: NO POSEE\r\n");
 }
 
 EN_AMBOS_STORES(Licencias);

@@ -6,8 +6,10 @@
 
 #include <QLocale>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,17 +20,15 @@ class Buscador : public EnAmbosStores {
     void SetUp() override {
         EnAmbosStores::SetUp();
         QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
-        separador = numeros::separadorDecimal();
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+        ctx->SeparadorDecimal = QLatin1Char('.');
     }
     void TearDown() override {
-        numeros::fijarSeparadorDecimal(separador);
         QLocale::setDefault(anterior);
         EnAmbosStores::TearDown();
     }
     void crear(const char *clave, const char *columnas = "", const char *valores = "") {
-        ejecutar(L("insert into caratula (interno") + L(columnas) + L(") values ('") + L(clave) + L("'") +
-                 L(valores) + L(")"));
+        ejecutar("insert into caratula (interno"_L1 + L(columnas) + ") values ('"_L1 + L(clave) + "'"_L1 +
+                 L(valores) + ")"_L1);
     }
     QString encontradas(const FiltroDeInternos &filtro = {}) {
         QStringList claves;
@@ -36,7 +36,7 @@ class Buscador : public EnAmbosStores {
         return claves.join(QLatin1Char(' '));
     }
     QString literal(const char *fecha) const {
-        return ctx->DataManager.getDateFormatbyEntity(QStringLiteral("INTERNOS"),
+        return ctx->DataManager.getDateFormatbyEntity(u"INTERNOS"_s,
                                                       QDateTime::fromString(L(fecha), Qt::ISODate));
     }
     QLocale anterior;
@@ -51,9 +51,9 @@ TEST_P(Buscador, EveryFilterAndOptionHasItsPlaceInTheStatement) {
     const std::string entre = " ( FechaAlta between " + literal("2026-01-01T00:00:00").toStdString() +
                               " and " + literal("2026-01-31T23:59:59").toStdString() + " )";
     FiltroDeInternos todo;
-    todo.txtCliente = QStringLiteral("30");
-    todo.txtDespachante = QStringLiteral("20");
-    todo.txtInterno = QStringLiteral(" A ");
+    todo.txtCliente = u"30"_s;
+    todo.txtDespachante = u"20"_s;
+    todo.txtInterno = u" A "_s;
     todo.chkFiltroFecha = true;
     todo.desde = QDate(2026, 1, 1);
     todo.hasta = QDate(2026, 1, 31);
@@ -68,10 +68,10 @@ TEST_P(Buscador, EveryFilterAndOptionHasItsPlaceInTheStatement) {
         std::string esperada;
     };
     FiltroDeInternos cliente, despachante, clave, fecha, blanco;
-    cliente.txtCliente = QStringLiteral("30");
-    despachante.txtDespachante = QStringLiteral("20");
-    clave.txtInterno = QStringLiteral("A");
-    blanco.txtInterno = QStringLiteral("   ");
+    cliente.txtCliente = u"30"_s;
+    despachante.txtDespachante = u"20"_s;
+    clave.txtInterno = u"A"_s;
+    blanco.txtInterno = u"   "_s;
     fecha.chkFiltroFecha = true;
     fecha.desde = QDate(2026, 1, 1);
     fecha.hasta = QDate(2026, 1, 31);
@@ -96,17 +96,16 @@ TEST_P(Buscador, EveryFilterAndOptionHasItsPlaceInTheStatement) {
 TEST_P(Buscador, TheKeyIsAPrefix) {
     for (const char *clave : {"A1", "ABC", "BA"}) crear(clave);
     FiltroDeInternos f;
-    f.txtInterno = QStringLiteral("A");
+    f.txtInterno = u"A"_s;
     EXPECT_EQ(encontradas(f).toStdString(), "A1 ABC");
 }
 
 TEST_P(Buscador, FiftyRowsAtMostInTheChosenOrderUnlessAllAreWanted) {
-    for (int n = 0; n < 60; ++n)
-        crear(QStringLiteral("K%1").arg(n, 2, 10, QLatin1Char('0')).toLatin1().constData());
+    for (int n = 0; n < 60; ++n) crear(u"K%1"_s.arg(n, 2, 10, QLatin1Char('0')).toLatin1().constData());
     QStringList claves = encontradas().split(QLatin1Char(' '));
     ASSERT_EQ(claves.size(), 50);
-    EXPECT_EQ(claves.front(), L("K00"));
-    EXPECT_EQ(claves.back(), L("K49"));
+    EXPECT_EQ(claves.front(), "K00"_L1);
+    EXPECT_EQ(claves.back(), "K49"_L1);
     ctx->opciones.OperacionesMostrarTODO = true;
     EXPECT_EQ(encontradas().split(QLatin1Char(' ')).size(), 60);
 }
@@ -132,10 +131,8 @@ TEST_P(Buscador, ThePeriodTakesItsFirstAndItsLastDayWhole) {
 }
 
 TEST_P(Buscador, KindFollowsTheSubregimeAndOneThatIsNotInStaIsOther) {
-    ejecutar(QStringLiteral("insert into sta (id,cstaimpexp) values ('IC04','I')"),
-             QStringLiteral("SYSTABLAS"));
-    ejecutar(QStringLiteral("insert into sta (id,cstaimpexp) values ('EC01','E')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into sta (id,cstaimpexp) values ('IC04','I')"_s, u"SYSTABLAS"_s);
+    ejecutar(u"insert into sta (id,cstaimpexp) values ('EC01','E')"_s, u"SYSTABLAS"_s);
     crear("A1", ",idsubreg", ",'IC04'");
     crear("A2", ",idsubreg", ",'EC01'");
     crear("A3", ",idsubreg", ",'XX99'");
@@ -146,8 +143,7 @@ TEST_P(Buscador, KindFollowsTheSubregimeAndOneThatIsNotInStaIsOther) {
 }
 
 TEST_P(Buscador, ARowCarriesTheNamesOfTheHeaderAndItsDetail) {
-    ejecutar(QStringLiteral("insert into aduana (id,descripcion) values ('001','BUENOS AIRES')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into aduana (id,descripcion) values ('001','BUENOS AIRES')"_s, u"SYSTABLAS"_s);
     crear("A1",
           ",idsubreg,idaduana,factura2,factura3,factura7,idcondiciondeventa,fobdivisas,fobcoddivisas,"
           "fletedivisas,fletecoddivisas,"
@@ -157,11 +153,11 @@ TEST_P(Buscador, ARowCarriesTheNamesOfTheHeaderAndItsDetail) {
     const std::vector<FilaDeInterno> filasVistas = BuscarInternos(*ctx, {});
     ASSERT_EQ(filasVistas.size(), 1U);
     const FilaDeInterno &f = filasVistas[0];
-    EXPECT_EQ(f.Interno, L("A1"));
-    EXPECT_EQ(f.SubRegimen, L("IC04"));
-    EXPECT_EQ(f.Despachante, L("Despacha"));
-    EXPECT_EQ(f.Cliente, L("Compra"));
-    EXPECT_EQ(f.Vendedor, L("Vende"));
+    EXPECT_EQ(f.Interno, "A1"_L1);
+    EXPECT_EQ(f.SubRegimen, "IC04"_L1);
+    EXPECT_EQ(f.Despachante, "Despacha"_L1);
+    EXPECT_EQ(f.Cliente, "Compra"_L1);
+    EXPECT_EQ(f.Vendedor, "Vende"_L1);
     EXPECT_EQ(f.detalle.toStdString(),
               "Aduana: (001) BUENOS AIRES - Cond Venta: FOB\r\nFOB : 1234.50 (DOL) - Flete : 10.00 (060) - "
               "Seguro : 00.50 (021)\r\n"
@@ -178,15 +174,14 @@ TEST_P(Buscador, MissingValuesOfARowReadAsEmpty) {
 
 TEST_P(Buscador, TheKeyLookedForIsKeptByTheScreensSearchOnly) {
     FiltroDeInternos f;
-    f.txtInterno = QStringLiteral("A/1");
+    f.txtInterno = u"A/1"_s;
     const auto guardado = [this] {
-        return ctx->ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("APLICACION"),
-                                 QStringLiteral("INTERNO_NRO"), QStringLiteral("<nada>"));
+        return ctx->ajustes.Leer(u"ZENDRA"_s, u"APLICACION"_s, u"INTERNO_NRO"_s, u"<nada>"_s);
     };
     LeerInternos(*ctx, f);
-    EXPECT_EQ(guardado(), L("<nada>"));
+    EXPECT_EQ(guardado(), "<nada>"_L1);
     BuscarInternos(*ctx, f);
-    EXPECT_EQ(guardado(), L("A/1"));
+    EXPECT_EQ(guardado(), "A/1"_L1);
 }
 
 EN_AMBOS_STORES(Buscador);

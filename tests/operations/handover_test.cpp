@@ -6,6 +6,8 @@
 
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using L = QLatin1String;
@@ -15,19 +17,19 @@ class Transferencia : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        ejecutar(QStringLiteral(
-            "insert into caratula (interno,dcpaisorigen,dcforzarpaisorigen,dcpaisdestino) values "
-            "('A1','212','S','200')"));
+        ejecutar(
+            u"insert into caratula (interno,dcpaisorigen,dcforzarpaisorigen,dcpaisdestino) values "
+            "('A1','212','S','200')"_s);
         for (const char *id : {"1", "2"}) {
-            ejecutar(L("insert into subitems (interno,idpais,idpaisproc) values ('A1','212','200')"));
-            const QString linea = valor(QStringLiteral("select max(id) as n from subitems"));
-            ejecutar(L("insert into groupsubitems (interno,id,idsub,idpais,idpaisproc) values ('A1',") +
-                     L(id) + L(",") + linea + L(",'212','200')"));
-            ejecutar(L("insert into item (interno,id,idpais,idproc) values ('A1',") + L(id) +
-                     L(",'212','200')"));
+            ejecutar("insert into subitems (interno,idpais,idpaisproc) values ('A1','212','200')"_L1);
+            const QString linea = valor(u"select max(id) as n from subitems"_s);
+            ejecutar("insert into groupsubitems (interno,id,idsub,idpais,idpaisproc) values ('A1',"_L1 +
+                     L(id) + ","_L1 + linea + ",'212','200')"_L1);
+            ejecutar("insert into item (interno,id,idpais,idproc) values ('A1',"_L1 + L(id) +
+                     ",'212','200')"_L1);
         }
         salida::armarTransferencia = [this](AppContext &, const QString &interno, bool comisiones) {
-            entregas << interno + (comisiones ? L(" con comisiones") : L(" sin comisiones"));
+            entregas << interno + (comisiones ? " con comisiones"_L1 : " sin comisiones"_L1);
         };
     }
     void TearDown() override {
@@ -35,68 +37,68 @@ class Transferencia : public EnAmbosStores {
         Conexion::fijarTraza({});
         EnAmbosStores::TearDown();
     }
-    void desparejar() { ejecutar(QStringLiteral("update item set idpais = '105' where id = 1")); }
+    void desparejar() { ejecutar(u"update item set idpais = '105' where id = 1"_s); }
 
     QStringList entregas;
 };
 
 TEST_P(Transferencia, AnOperationThatAgreesGoesToTheBuilderWithoutAQuestion) {
-    EXPECT_TRUE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    EXPECT_TRUE(TransferirAlMaria(*ctx, u"A1"_s));
     EXPECT_TRUE(registro.preguntas.empty());
     EXPECT_TRUE(registro.informes.empty());
-    EXPECT_EQ(entregas.join(QLatin1Char('|')), L("A1 sin comisiones"));
+    EXPECT_EQ(entregas.join(QLatin1Char('|')), "A1 sin comisiones"_L1);
     ctx->opciones.EnviarComExt = true;
-    EXPECT_TRUE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
-    EXPECT_EQ(entregas.last(), L("A1 con comisiones"));
+    EXPECT_TRUE(TransferirAlMaria(*ctx, u"A1"_s));
+    EXPECT_EQ(entregas.last(), "A1 con comisiones"_L1);
 }
 
 TEST_P(Transferencia, DifferencesAreShownAndAskedAboutWithNoAsTheDefault) {
     desparejar();
-    EXPECT_FALSE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    EXPECT_FALSE(TransferirAlMaria(*ctx, u"A1"_s));
     ASSERT_EQ(registro.informes.size(), 1U);
-    EXPECT_EQ(registro.informes[0].titulo, L("Zendra v3 - Reporte de Diferencias Encontradas."));
+    EXPECT_EQ(registro.informes[0].titulo, "Zendra v3 - Reporte de Diferencias Encontradas."_L1);
     EXPECT_TRUE(registro.informes[0].comoLista);
     ASSERT_EQ(registro.preguntas.size(), 1U);
     EXPECT_EQ(registro.preguntas[0].texto.toStdString(),
               "ADVERTENCIA IMPORTANTE!!!\r\n\r\nSe han encontrado diferencias entre la operacion cargada,\r\n"
               "y la informacion a enviar al SIM, ¿desea continuar?");
-    EXPECT_EQ(registro.preguntas[0].titulo, L("Diferencias en Operacion - Confirmacion de la Operacion"));
+    EXPECT_EQ(registro.preguntas[0].titulo, "Diferencias en Operacion - Confirmacion de la Operacion"_L1);
     EXPECT_TRUE(registro.preguntas[0].porDefectoNo);
     EXPECT_TRUE(entregas.isEmpty());
     registro.respuestas = {true};
-    EXPECT_TRUE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    EXPECT_TRUE(TransferirAlMaria(*ctx, u"A1"_s));
     EXPECT_EQ(entregas.size(), 1);
 }
 
 TEST_P(Transferencia, TheComparisonIsNeverSkippedForTheLevelIsTwo) {
     desparejar();
     EXPECT_EQ(Opciones().VERSION, 2);
-    TransferirAlMaria(*ctx, QStringLiteral("A1"));
+    TransferirAlMaria(*ctx, u"A1"_s);
     EXPECT_EQ(registro.informes.size(), 1U);
     // A level of 1, which no configuration gives, would go without it.
     ctx->opciones.VERSION = 1;
-    EXPECT_TRUE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    EXPECT_TRUE(TransferirAlMaria(*ctx, u"A1"_s));
     EXPECT_EQ(registro.informes.size(), 1U);
 }
 
 TEST_P(Transferencia, OneItemWhoseCountriesDisagreeIsHandedOverWithoutAQuestion) {
-    ejecutar(QStringLiteral("delete from item where id = 2"));
+    ejecutar(u"delete from item where id = 2"_s);
     desparejar();
-    EXPECT_TRUE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    EXPECT_TRUE(TransferirAlMaria(*ctx, u"A1"_s));
     EXPECT_TRUE(registro.preguntas.empty());
     EXPECT_EQ(entregas.size(), 1);
 }
 
 TEST_P(Transferencia, WithoutTheBuilderAWordSaysSo) {
     salida::armarTransferencia = {};
-    EXPECT_FALSE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    EXPECT_FALSE(TransferirAlMaria(*ctx, u"A1"_s));
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_TRUE(registro.mensajes[0].texto.contains(QStringLiteral("no está instalado")));
+    EXPECT_TRUE(registro.mensajes[0].texto.contains(u"no está instalado"_s));
 }
 
 TEST_P(Transferencia, AStoreThatFailsIsToldAndNothingIsHandedOver) {
-    ejecutar(QStringLiteral("alter table groupsubitems rename to escondida"));
-    EXPECT_FALSE(TransferirAlMaria(*ctx, QStringLiteral("A1")));
+    ejecutar(u"alter table groupsubitems rename to escondida"_s);
+    EXPECT_FALSE(TransferirAlMaria(*ctx, u"A1"_s));
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
     EXPECT_TRUE(entregas.isEmpty());

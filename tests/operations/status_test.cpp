@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "assembly/run.h"
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,49 +19,40 @@ class Tablero : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        separador = numeros::separadorDecimal();
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+        ctx->SeparadorDecimal = QLatin1Char('.');
         for (const char *fila : {"'IC04','I'", "'EC01','E'", "'LAPI','I'", "'DJAI','I'", "'IDA4','I'",
                                  "'IC06','I'", "'TG01','I'"})
-            ejecutar(L("insert into sta (id,cstaimpexp) values (") + L(fila) + L(")"),
-                     QStringLiteral("SYSTABLAS"));
+            ejecutar("insert into sta (id,cstaimpexp) values ("_L1 + L(fila) + ")"_L1, u"SYSTABLAS"_s);
         for (const char *regimen : {"IC04", "EC01", "LAPI", "DJAI", "IDA4", "IC06", "TG01", "ZZ99"})
-            ejecutar(L("insert into dest (subreg) values ('") + L(regimen) + L("')"),
-                     QStringLiteral("USUARIO"));
-        ejecutar(QStringLiteral(
-            "insert into caratula "
+            ejecutar("insert into dest (subreg) values ('"_L1 + L(regimen) + "')"_L1, u"USUARIO"_s);
+        ejecutar(
+            u"insert into caratula "
             "(interno,idsubreg,idaduana,cuitcliente,cuitdespaduana,idvendedor,fobdivisas,fobcoddivisas,"
             "fobdivcambio,fletedivisas,fletecoddivisas,fletedivcambio,segurodivisas,segurocoddivisas,"
             "segurodivcambio,idcondiciondeventa,factura8) values "
             "('A1','IC04','001','30111111118','20222222223','V1',100,'DOL',1,10,'DOL',1,2,'DOL',1,'FOB',"
-            "'S')"));
+            "'S')"_s);
     }
-    void TearDown() override {
-        numeros::fijarSeparadorDecimal(separador);
-        EnAmbosStores::TearDown();
-    }
+    void TearDown() override { EnAmbosStores::TearDown(); }
 
     void poner(const QString &asignaciones) {
-        ejecutar(L("update caratula set ") + asignaciones + L(" where interno = 'A1'"));
+        ejecutar("update caratula set "_L1 + asignaciones + " where interno = 'A1'"_L1);
     }
     void linea(const char *fob) {
-        ejecutar(L("insert into subitems (interno,fob) values ('A1',") + L(fob) + L(")"));
+        ejecutar("insert into subitems (interno,fob) values ('A1',"_L1 + L(fob) + ")"_L1);
     }
     void item(int id, const char *ncm = "", const char *fob = "0") {
-        ejecutar(L("insert into item (interno,id,ncm,fobtotal) values ('A1',") + QString::number(id) +
-                 L(",'") + L(ncm) + L("',") + L(fob) + L(")"));
+        ejecutar("insert into item (interno,id,ncm,fobtotal) values ('A1',"_L1 + QString::number(id) +
+                 ",'"_L1 + L(ncm) + "',"_L1 + L(fob) + ")"_L1);
     }
-    void bultos() {
-        poner(QStringLiteral("factura9='1',bulnro='3',bulcod='11',bultip='B',bulpes=50,buldes='CAJAS'"));
-    }
-    EstadoDeOperacion estado() { return LeerEstado(*ctx, QStringLiteral("A1")); }
+    void bultos() { poner(u"factura9='1',bulnro='3',bulcod='11',bultip='B',bulpes=50,buldes='CAJAS'"_s); }
+    EstadoDeOperacion estado() { return LeerEstado(*ctx, u"A1"_s); }
     QString caratula() { return estado().LbEstadoCaratula; }
     QString dashboard(const QString &clave) const {
-        return ctx->ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"), clave,
-                                 QStringLiteral("<nada>"));
+        return ctx->ajustes.Leer(u"ZENDRA"_s, u"FLAGS"_s, clave, u"<nada>"_s);
     }
     PasoDeArmado preparar(const EleccionDelTablero &eleccion) {
-        return PrepararArmado(*ctx, QStringLiteral("A1"), eleccion, opciones);
+        return PrepararArmado(*ctx, u"A1"_s, eleccion, opciones);
     }
 
     QChar separador;
@@ -71,9 +64,9 @@ TEST_P(Tablero, AnOperationWithoutFobdivisasIsIncompleteAndTheOtherLabelsStayAsT
     linea("100");
     item(1);
     for (const char *fob : {"0", "null"}) {
-        poner(L("fobdivisas = ") + L(fob));
+        poner("fobdivisas = "_L1 + L(fob));
         const EstadoDeOperacion e = estado();
-        EXPECT_EQ(e.LbEstadoCaratula, L("INCOMPLETO"));
+        EXPECT_EQ(e.LbEstadoCaratula, "INCOMPLETO"_L1);
         EXPECT_TRUE(e.LbEstadoSubItem.isEmpty());
         EXPECT_TRUE(e.LbEstadoItem.isEmpty());
         EXPECT_TRUE(e.LbEstadoBultos.isEmpty());
@@ -82,7 +75,7 @@ TEST_P(Tablero, AnOperationWithoutFobdivisasIsIncompleteAndTheOtherLabelsStayAsT
 }
 
 TEST_P(Tablero, EveryCheckOfTheHeaderMakesItIncomplete) {
-    ASSERT_EQ(caratula(), L("COMPLETO!"));
+    ASSERT_EQ(caratula(), "COMPLETO!"_L1);
     struct Caso {
         const char *cambio, *vuelta;
     };
@@ -108,18 +101,18 @@ TEST_P(Tablero, EveryCheckOfTheHeaderMakesItIncomplete) {
     };
     for (const Caso &caso : casos) {
         poner(L(caso.cambio));
-        EXPECT_EQ(caratula(), L("INCOMPLETO")) << caso.cambio;
+        EXPECT_EQ(caratula(), "INCOMPLETO"_L1) << caso.cambio;
         poner(L(caso.vuelta));
-        EXPECT_EQ(caratula(), L("COMPLETO!")) << caso.vuelta;
+        EXPECT_EQ(caratula(), "COMPLETO!"_L1) << caso.vuelta;
     }
-    poner(QStringLiteral("idsubreg = 'IC06', factura5 = '26001IC04000001A'"));
-    EXPECT_EQ(caratula(), L("COMPLETO!"));
+    poner(u"idsubreg = 'IC06', factura5 = '26001IC04000001A'"_s);
+    EXPECT_EQ(caratula(), "COMPLETO!"_L1);
 }
 
 TEST_P(Tablero, ASubregimeWithoutCodeFailsEvenWhenDestHoldsARowForIt) {
-    ejecutar(QStringLiteral("insert into dest (subreg) values ('')"), QStringLiteral("USUARIO"));
-    poner(QStringLiteral("idsubreg = ''"));
-    EXPECT_EQ(caratula(), L("INCOMPLETO"));
+    ejecutar(u"insert into dest (subreg) values ('')"_s, u"USUARIO"_s);
+    poner(u"idsubreg = ''"_s);
+    EXPECT_EQ(caratula(), "INCOMPLETO"_L1);
 }
 
 TEST_P(Tablero, SellerAndSaleConditionAreAskedForOnlyWhereTheRegimeKeepsThem) {
@@ -128,67 +121,64 @@ TEST_P(Tablero, SellerAndSaleConditionAreAskedForOnlyWhereTheRegimeKeepsThem) {
     };
     for (const Caso &caso :
          {Caso{"idvendedor", "txtidvendedor"}, Caso{"idcondiciondeventa", "txtidcondventa"}}) {
-        poner(L(caso.campo) + L(" = ''"));
-        EXPECT_EQ(caratula(), L("INCOMPLETO")) << caso.campo;
-        ejecutar(L("update dest set ") + L(caso.columna) + L(" = '  ' where subreg = 'IC04'"),
-                 QStringLiteral("USUARIO"));
-        EXPECT_EQ(caratula(), L("INCOMPLETO")) << caso.campo << ": blanks are blank";
-        ejecutar(L("update dest set ") + L(caso.columna) + L(" = 'x' where subreg = 'IC04'"),
-                 QStringLiteral("USUARIO"));
-        EXPECT_EQ(caratula(), L("COMPLETO!")) << caso.campo;
+        poner(L(caso.campo) + " = ''"_L1);
+        EXPECT_EQ(caratula(), "INCOMPLETO"_L1) << caso.campo;
+        ejecutar("update dest set "_L1 + L(caso.columna) + " = '  ' where subreg = 'IC04'"_L1, u"USUARIO"_s);
+        EXPECT_EQ(caratula(), "INCOMPLETO"_L1) << caso.campo << ": blanks are blank";
+        ejecutar("update dest set "_L1 + L(caso.columna) + " = 'x' where subreg = 'IC04'"_L1, u"USUARIO"_s);
+        EXPECT_EQ(caratula(), "COMPLETO!"_L1) << caso.campo;
     }
 }
 
 TEST_P(Tablero, FreightAndInsuranceAreAskedForOnImportsThatAreNeitherLapiNorDjai) {
     poner(
-        QStringLiteral("fletedivisas=0,fletecoddivisas='',fletedivcambio=0,segurodivisas=0,segurocoddivisas="
-                       "'',segurodivcambio=0"));
+        u"fletedivisas=0,fletecoddivisas='',fletedivcambio=0,segurodivisas=0,segurocoddivisas="
+        "'',segurodivcambio=0"_s);
     const std::pair<const char *, const char *> casos[] = {{"IC04", "INCOMPLETO"}, {"IDA4", "INCOMPLETO"},
                                                            {"LAPI", "COMPLETO!"},  {"DJAI", "COMPLETO!"},
                                                            {"EC01", "COMPLETO!"},  {"ZZ99", "COMPLETO!"}};
     for (const auto &[regimen, esperado] : casos) {
-        poner(L("idsubreg = '") + L(regimen) + L("'"));
+        poner("idsubreg = '"_L1 + L(regimen) + "'"_L1);
         EXPECT_EQ(caratula().toStdString(), esperado) << regimen;
     }
-    poner(QStringLiteral("idsubreg = 'DJAI', idvendedor = ''"));
-    EXPECT_EQ(caratula(), L("COMPLETO!")) << "no seller either";
-    poner(QStringLiteral("idsubreg = 'LAPI'"));
-    EXPECT_EQ(caratula(), L("INCOMPLETO"));
+    poner(u"idsubreg = 'DJAI', idvendedor = ''"_s);
+    EXPECT_EQ(caratula(), "COMPLETO!"_L1) << "no seller either";
+    poner(u"idsubreg = 'LAPI'"_s);
+    EXPECT_EQ(caratula(), "INCOMPLETO"_L1);
 }
 
 TEST_P(Tablero, LinesOf100Point004AreCompleteForAHeaderOf100AndOf100Point006AreNot) {
     linea("60");
     linea("40.004");
-    EXPECT_EQ(estado().LbEstadoSubItem, L("COMPLETO!"));
-    ejecutar(QStringLiteral("update subitems set fob = 40.006 where fob = 40.004"));
+    EXPECT_EQ(estado().LbEstadoSubItem, "COMPLETO!"_L1);
+    ejecutar(u"update subitems set fob = 40.006 where fob = 40.004"_s);
     const EstadoDeOperacion e = estado();
-    EXPECT_EQ(e.LbEstadoSubItem, L("INCOMPLETO"));
+    EXPECT_EQ(e.LbEstadoSubItem, "INCOMPLETO"_L1);
     EXPECT_FALSE(e.Completo);
     EXPECT_TRUE(e.LbEstadoItem.isEmpty()) << "not looked at";
 }
 
 TEST_P(Tablero, EqualTotalsThatAreNotAboveZeroAreNotComplete) {
-    poner(QStringLiteral("fobdivisas = 0.001"));
-    EXPECT_EQ(estado().LbEstadoSubItem, L("INCOMPLETO")) << "no line: the sum is null";
-    poner(QStringLiteral("fobdivisas = -5"));
+    poner(u"fobdivisas = 0.001"_s);
+    EXPECT_EQ(estado().LbEstadoSubItem, "INCOMPLETO"_L1) << "no line: the sum is null";
+    poner(u"fobdivisas = -5"_s);
     linea("-5");
-    EXPECT_EQ(estado().LbEstadoSubItem, L("INCOMPLETO"));
+    EXPECT_EQ(estado().LbEstadoSubItem, "INCOMPLETO"_L1);
 }
 
 TEST_P(Tablero, TheLabelsNameTheOperationsPartsAndCountItsRows) {
-    ejecutar(QStringLiteral("insert into clientes (cuit,nombre) values ('30111111118','  Añelo S.A. ')"),
-             QStringLiteral("PERSONAL"));
+    ejecutar(u"insert into clientes (cuit,nombre) values ('30111111118','  Añelo S.A. ')"_s, u"PERSONAL"_s);
     item(0);
     item(1);
     item(2);
-    for (int n = 0; n < 3; ++n) ejecutar(QStringLiteral("insert into groupsubitems (interno) values ('A1')"));
+    for (int n = 0; n < 3; ++n) ejecutar(u"insert into groupsubitems (interno) values ('A1')"_s);
     const EstadoDeOperacion e = estado();
-    EXPECT_EQ(e.LbSubregimen, L("IC04"));
-    EXPECT_EQ(e.LbAduana, L("001"));
-    EXPECT_EQ(e.LbCliente, QStringLiteral("30111111118 Añelo S.A."));
-    EXPECT_EQ(e.LbDespa, L("20222222223"));
-    EXPECT_EQ(e.LbItem, L("2")) << "item 0 is no item";
-    EXPECT_EQ(e.LbSubItem, L("3"));
+    EXPECT_EQ(e.LbSubregimen, "IC04"_L1);
+    EXPECT_EQ(e.LbAduana, "001"_L1);
+    EXPECT_EQ(e.LbCliente, u"30111111118 Añelo S.A."_s);
+    EXPECT_EQ(e.LbDespa, "20222222223"_L1);
+    EXPECT_EQ(e.LbItem, "2"_L1) << "item 0 is no item";
+    EXPECT_EQ(e.LbSubItem, "3"_L1);
 }
 
 TEST_P(Tablero, TheKindComesFromStaAndTheCoefficientIsForExportsOnly) {
@@ -198,7 +188,7 @@ TEST_P(Tablero, TheKindComesFromStaAndTheCoefficientIsForExportsOnly) {
     };
     for (const Caso &caso : {Caso{"IC04", "I", "P", false}, Caso{"EC01", "E", "P", true},
                              Caso{"ZZ99", "N", "P", false}, Caso{"TG01", "I", "T", false}}) {
-        poner(L("idsubreg = '") + L(caso.regimen) + L("'"));
+        poner("idsubreg = '"_L1 + L(caso.regimen) + "'"_L1);
         const EstadoDeOperacion e = estado();
         EXPECT_EQ(e.tipo, L(caso.tipo)) << caso.regimen;
         EXPECT_EQ(e.marca, L(caso.marca)) << caso.regimen;
@@ -209,14 +199,14 @@ TEST_P(Tablero, TheKindComesFromStaAndTheCoefficientIsForExportsOnly) {
 TEST_P(Tablero, ItemsAreGeneratedOrNotAndTheOrderBoxShowsUntilThen) {
     linea("100");
     EstadoDeOperacion e = estado();
-    EXPECT_EQ(e.LbEstadoItem, L("SIN GENERAR"));
+    EXPECT_EQ(e.LbEstadoItem, "SIN GENERAR"_L1);
     EXPECT_TRUE(e.frmOrdenarVisible);
     EXPECT_TRUE(e.frmOrdenar);
     EXPECT_FALSE(e.framDJAIVisible);
     EXPECT_TRUE(e.cmdITEM);
     item(0);
     e = estado();
-    EXPECT_EQ(e.LbEstadoItem, L("GENERADO!")) << "item 0 counts here";
+    EXPECT_EQ(e.LbEstadoItem, "GENERADO!"_L1) << "item 0 counts here";
     EXPECT_FALSE(e.frmOrdenarVisible);
     EXPECT_FALSE(e.frmOrdenar);
     EXPECT_TRUE(e.cmdITEM);
@@ -224,41 +214,40 @@ TEST_P(Tablero, ItemsAreGeneratedOrNotAndTheOrderBoxShowsUntilThen) {
 
 TEST_P(Tablero, TheDescriptionBoxIsForADjaiAndMixingForTheServer) {
     linea("100");
-    poner(QStringLiteral("idsubreg = 'DJAI'"));
+    poner(u"idsubreg = 'DJAI'"_s);
     EstadoDeOperacion e = estado();
     EXPECT_TRUE(e.framDJAIVisible);
     EXPECT_TRUE(e.opcionDJAI.isEmpty()) << "nothing kept: no descriptions";
     EXPECT_EQ(e.mezclarHabilitado, GetParam() == std::string("SQL"));
-    ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"),
-                         QStringLiteral("DJAI_USAR_DESCRIPCION"), QStringLiteral("CATALOGO"));
-    EXPECT_EQ(estado().opcionDJAI, L("CATALOGO"));
+    ctx->ajustes.Guardar(u"ZENDRA"_s, u"FLAGS"_s, u"DJAI_USAR_DESCRIPCION"_s, u"CATALOGO"_s);
+    EXPECT_EQ(estado().opcionDJAI, "CATALOGO"_L1);
     item(1);
     EXPECT_FALSE(estado().framDJAIVisible);
 }
 
 TEST_P(Tablero, PackagesAreCompleteWhenTheirScreenSaidSoAndNothingIsMissing) {
-    EXPECT_EQ(estado().LbEstadoBultos, L("INCOMPLETO")) << "never filled";
+    EXPECT_EQ(estado().LbEstadoBultos, "INCOMPLETO"_L1) << "never filled";
     bultos();
-    EXPECT_EQ(estado().LbEstadoBultos, L("COMPLETO"));
+    EXPECT_EQ(estado().LbEstadoBultos, "COMPLETO"_L1);
     for (const char *cambio : {"factura9 = '0'", "factura9 = null", "bulnro = ''", "bulnro = null",
                                "bulcod = ''", "bultip = ''", "bulpes = 0", "bulpes = null", "buldes = ''"}) {
         bultos();
         poner(L(cambio));
-        EXPECT_EQ(estado().LbEstadoBultos, L("INCOMPLETO")) << cambio;
+        EXPECT_EQ(estado().LbEstadoBultos, "INCOMPLETO"_L1) << cambio;
     }
     bultos();
-    poner(QStringLiteral("factura9 = ' 1 '"));
-    EXPECT_EQ(estado().LbEstadoBultos, L("COMPLETO"));
+    poner(u"factura9 = ' 1 '"_s);
+    EXPECT_EQ(estado().LbEstadoBultos, "COMPLETO"_L1);
 }
 
 TEST_P(Tablero, LooseCargoNeedsNoNumberOfPackages) {
     bultos();
-    poner(QStringLiteral("bulcod = '32', bultip = 'A', bulnro = '', buldes = ''"));
-    EXPECT_EQ(estado().LbEstadoBultos, L("COMPLETO"));
-    poner(QStringLiteral("bulpes = 0"));
-    EXPECT_EQ(estado().LbEstadoBultos, L("INCOMPLETO")) << "its weight is needed";
-    poner(QStringLiteral("bulpes = 5, bultip = 'B'"));
-    EXPECT_EQ(estado().LbEstadoBultos, L("INCOMPLETO")) << "the exception is for both codes together";
+    poner(u"bulcod = '32', bultip = 'A', bulnro = '', buldes = ''"_s);
+    EXPECT_EQ(estado().LbEstadoBultos, "COMPLETO"_L1);
+    poner(u"bulpes = 0"_s);
+    EXPECT_EQ(estado().LbEstadoBultos, "INCOMPLETO"_L1) << "its weight is needed";
+    poner(u"bulpes = 5, bultip = 'B'"_s);
+    EXPECT_EQ(estado().LbEstadoBultos, "INCOMPLETO"_L1) << "the exception is for both codes together";
 }
 
 TEST_P(Tablero, EachButtonIsEnabledByItsOwnRule) {
@@ -279,36 +268,36 @@ TEST_P(Tablero, EachButtonIsEnabledByItsOwnRule) {
     EXPECT_EQ(ver(), "IBCV");
     bultos();
     EXPECT_EQ(ver(), "IBCTXSPV");
-    poner(QStringLiteral("idsubreg = 'EC01'"));
+    poner(u"idsubreg = 'EC01'"_s);
     EXPECT_EQ(ver(), "IBCTXSP") << "no valuation sheet for this export";
-    poner(QStringLiteral("idsubreg = 'IC04', fobdivisas = 99"));
+    poner(u"idsubreg = 'IC04', fobdivisas = 99"_s);
     EXPECT_EQ(ver(), "") << "items whose lines no longer match";
 }
 
 TEST_P(Tablero, TheDepositRegimeHasNoPackagesAndHandsOverOnItsItemsAlone) {
-    poner(QStringLiteral("idsubreg = 'IDA4'"));
+    poner(u"idsubreg = 'IDA4'"_s);
     linea("100");
     EXPECT_FALSE(estado().CmdTransMaria);
     item(1);
     EstadoDeOperacion e = estado();
-    EXPECT_EQ(e.LbEstadoBultos, L("INCOMPLETO"));
+    EXPECT_EQ(e.LbEstadoBultos, "INCOMPLETO"_L1);
     EXPECT_TRUE(e.CmdTransMaria && e.cmdExportar && e.cmdExportINS && e.CmdPrint);
-    poner(QStringLiteral("fobdivisas = 99"));
+    poner(u"fobdivisas = 99"_s);
     e = estado();
     EXPECT_FALSE(e.CmdTransMaria || e.cmdExportar || e.cmdExportINS || e.CmdPrint);
 }
 
 TEST_P(Tablero, AnOperationThatIsNotThereHasNoState) {
-    EXPECT_FALSE(LeerEstado(*ctx, QStringLiteral("B9")).existe);
+    EXPECT_FALSE(LeerEstado(*ctx, u"B9"_s).existe);
     EXPECT_TRUE(estado().existe);
 }
 
 // ---- the road to the assembly
 
 TEST_P(Tablero, MixedDescriptionsNeedTheServer) {
-    poner(QStringLiteral("idsubreg = 'DJAI'"));
+    poner(u"idsubreg = 'DJAI'"_s);
     EleccionDelTablero eleccion;
-    eleccion.opcionDJAI = QStringLiteral("MEZCLA");
+    eleccion.opcionDJAI = u"MEZCLA"_s;
     const bool servidor = GetParam() == std::string("SQL");
     EXPECT_EQ(preparar(eleccion), servidor ? PasoDeArmado::Armar : PasoDeArmado::NoSigue);
     if (servidor) {
@@ -316,24 +305,23 @@ TEST_P(Tablero, MixedDescriptionsNeedTheServer) {
         EXPECT_EQ(opciones.modo, ModoDescripcion::Mezcla);
     } else {
         ASSERT_EQ(registro.mensajes.size(), 1U);
-        EXPECT_EQ(
-            registro.mensajes[0].texto,
-            L("No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES porque no tiene Zendra 3 version SQL "
-              "Server"));
+        EXPECT_EQ(registro.mensajes[0].texto,
+                  "No puede usar la opcion DJAI - MEZCLAR DESCRIPCIONES porque no tiene Zendra 3 version SQL "
+                  "Server"_L1);
     }
 }
 
 TEST_P(Tablero, OnlyTheArmedMarkSArmsAgain) {
     for (const char *marca : {"'N'", "''", "null", "'s'"}) {
-        poner(L("factura8 = ") + L(marca));
-        ctx->ChequeoArmado = QStringLiteral("?");
+        poner("factura8 = "_L1 + L(marca));
+        ctx->ChequeoArmado = u"?"_s;
         EXPECT_EQ(preparar({}), PasoDeArmado::YaArmado) << marca;
-        EXPECT_EQ(ctx->ChequeoArmado, L("?")) << marca;
-        EXPECT_EQ(dashboard(QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION")), L("<nada>")) << marca;
+        EXPECT_EQ(ctx->ChequeoArmado, "?"_L1) << marca;
+        EXPECT_EQ(dashboard(u"CALCULAR_SERVICIO_DIGITALIZACION"_s), "<nada>"_L1) << marca;
     }
-    poner(QStringLiteral("factura8 = 'S'"));
+    poner(u"factura8 = 'S'"_s);
     EXPECT_EQ(preparar({}), PasoDeArmado::Armar);
-    EXPECT_EQ(ctx->ChequeoArmado, L("SI"));
+    EXPECT_EQ(ctx->ChequeoArmado, "SI"_L1);
 }
 
 TEST_P(Tablero, TheChoicesOfTheDashboardReachTheRunAndTheSettings) {
@@ -349,25 +337,25 @@ TEST_P(Tablero, TheChoicesOfTheDashboardReachTheRunAndTheSettings) {
     EXPECT_TRUE(ctx->CalcularMulta);
     EXPECT_TRUE(ctx->CalcularDigitalizacion);
     EXPECT_FALSE(ctx->CalcularCoeficiente) << "an import";
-    EXPECT_EQ(dashboard(QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION")), L("S"));
-    EXPECT_EQ(dashboard(QStringLiteral("DJAI_USAR_DESCRIPCION")), L("<nada>")) << "not a DJAI";
+    EXPECT_EQ(dashboard(u"CALCULAR_SERVICIO_DIGITALIZACION"_s), "S"_L1);
+    EXPECT_EQ(dashboard(u"DJAI_USAR_DESCRIPCION"_s), "<nada>"_L1) << "not a DJAI";
 
-    poner(QStringLiteral("idsubreg = 'EC01'"));
+    poner(u"idsubreg = 'EC01'"_s);
     EXPECT_EQ(preparar(eleccion), PasoDeArmado::Armar);
     EXPECT_TRUE(ctx->CalcularCoeficiente);
     EXPECT_EQ(preparar({}), PasoDeArmado::Armar);
     EXPECT_EQ(opciones.ARMARITEM, 2);
     EXPECT_FALSE(ctx->CalcularCoeficiente);
     EXPECT_FALSE(ctx->CalcularMulta);
-    EXPECT_EQ(dashboard(QStringLiteral("CALCULAR_SERVICIO_DIGITALIZACION")), L("N"));
+    EXPECT_EQ(dashboard(u"CALCULAR_SERVICIO_DIGITALIZACION"_s), "N"_L1);
 }
 
 TEST_P(Tablero, ADjaiNeedsAChoiceOfDescriptionsUnlessNoneAreSent) {
-    poner(QStringLiteral("idsubreg = 'DJAI'"));
+    poner(u"idsubreg = 'DJAI'"_s);
     EXPECT_EQ(preparar({}), PasoDeArmado::NoSigue);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].texto,
-              QStringLiteral("Debe seleccionar una opción de Descripcion DJAI para el armado de item"));
+              u"Debe seleccionar una opción de Descripcion DJAI para el armado de item"_s);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
     ctx->opciones.NoEnviarDescripcionAlITEM = true;
     EXPECT_EQ(preparar({}), PasoDeArmado::Armar);
@@ -376,7 +364,7 @@ TEST_P(Tablero, ADjaiNeedsAChoiceOfDescriptionsUnlessNoneAreSent) {
 }
 
 TEST_P(Tablero, EachChoiceOfDescriptionsHasItsModeItsFlagAndItsStoredWord) {
-    poner(QStringLiteral("idsubreg = 'DJAI'"));
+    poner(u"idsubreg = 'DJAI'"_s);
     struct Caso {
         const char *eleccion;
         ModoDescripcion modo;
@@ -391,36 +379,33 @@ TEST_P(Tablero, EachChoiceOfDescriptionsHasItsModeItsFlagAndItsStoredWord) {
         EXPECT_EQ(preparar(eleccion), PasoDeArmado::Armar) << caso.eleccion;
         EXPECT_EQ(opciones.modo, caso.modo) << caso.eleccion;
         EXPECT_EQ(opciones.sinDescripcion, caso.sinDescripcion) << caso.eleccion;
-        EXPECT_EQ(dashboard(QStringLiteral("DJAI_USAR_DESCRIPCION")), L(caso.guardada)) << caso.eleccion;
+        EXPECT_EQ(dashboard(u"DJAI_USAR_DESCRIPCION"_s), L(caso.guardada)) << caso.eleccion;
     }
 }
 
 TEST_P(Tablero, ARunThatDidNotEndWellIsToBeArmedAgainAndAsksForTheExternalTariffAnew) {
-    poner(QStringLiteral("factura8 = 'N'"));
-    ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("AEC"), QStringLiteral("A1"),
-                         QStringLiteral("R"));
-    ArmadoFallido(*ctx, QStringLiteral("A1"));
-    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula")), L("S"));
-    EXPECT_EQ(ctx->ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("AEC"), QStringLiteral("A1"),
-                                QStringLiteral("<nada>")),
-              L(""));
+    poner(u"factura8 = 'N'"_s);
+    ctx->ajustes.Guardar(u"ZENDRA"_s, u"AEC"_s, u"A1"_s, u"R"_s);
+    ArmadoFallido(*ctx, u"A1"_s);
+    EXPECT_EQ(valor(u"select factura8 from caratula"_s), "S"_L1);
+    EXPECT_EQ(ctx->ajustes.Leer(u"ZENDRA"_s, u"AEC"_s, u"A1"_s, u"<nada>"_s), ""_L1);
 }
 
 // ---- largest position
 
 TEST_P(Tablero, WithoutItemsThereIsNoLargestPosition) {
     item(0, "8409.91.12.10G", "500");
-    EXPECT_EQ(InformarNcmMayorFob(*ctx, QStringLiteral("A1")), -1);
+    EXPECT_EQ(InformarNcmMayorFob(*ctx, u"A1"_s), -1);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, L("No se encuentra el Interno con sus items armados "));
-    EXPECT_EQ(registro.mensajes[0].titulo, L("Informar NCM de mayor FOB en Items"));
+    EXPECT_EQ(registro.mensajes[0].texto, "No se encuentra el Interno con sus items armados "_L1);
+    EXPECT_EQ(registro.mensajes[0].titulo, "Informar NCM de mayor FOB en Items"_L1);
 }
 
 TEST_P(Tablero, TheLargestPositionIsReadByTwoCharactersOfItsSecondKey) {
     const auto posicion = [this](const char *uno, const char *dos, const char *tres, const char *plazo) {
-        ejecutar(L("insert into ncm ([001],[002],[003],[071]) values ('") + L(uno) + L("','") + L(dos) +
-                     L("','") + L(tres) + L("','") + L(plazo) + L("')"),
-                 QStringLiteral("NCM"));
+        ejecutar("insert into ncm ([001],[002],[003],[071]) values ('"_L1 + L(uno) + "','"_L1 + L(dos) +
+                     "','"_L1 + L(tres) + "','"_L1 + L(plazo) + "')"_L1,
+                 u"NCM"_s);
     };
     posicion("8409.91.12", "10", "G", "4 meses");
     posicion("8483.10.11", "100", "A", "2 meses");
@@ -428,12 +413,12 @@ TEST_P(Tablero, TheLargestPositionIsReadByTwoCharactersOfItsSecondKey) {
     item(2, "8409.91.12.100G", "300");
     // The second key has three characters in the nomenclature and two in the question: the larger item finds
     // nothing.
-    EXPECT_EQ(InformarNcmMayorFob(*ctx, QStringLiteral("A1")), 4);
+    EXPECT_EQ(InformarNcmMayorFob(*ctx, u"A1"_s), 4);
     EXPECT_TRUE(registro.mensajes.empty());
     for (const auto &[plazo, esperado] : {std::pair{"1", 1}, std::pair{"8x", 8}, std::pair{"5", -1},
                                           std::pair{"", -1}, std::pair{"x4", -1}}) {
-        ejecutar(L("update ncm set [071] = '") + L(plazo) + L("' where [002] = '10'"), QStringLiteral("NCM"));
-        EXPECT_EQ(InformarNcmMayorFob(*ctx, QStringLiteral("A1")), esperado) << plazo;
+        ejecutar("update ncm set [071] = '"_L1 + L(plazo) + "' where [002] = '10'"_L1, u"NCM"_s);
+        EXPECT_EQ(InformarNcmMayorFob(*ctx, u"A1"_s), esperado) << plazo;
     }
 }
 

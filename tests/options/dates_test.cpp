@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/dates.h"
+#include "frame/base/dates.h"
 
 namespace {
 

@@ -5,18 +5,20 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "frame/base/ini.h"
+#include "frame/base/numbers.h"
 #include "frame/context.h"
-#include "frame/ini.h"
-#include "frame/numbers.h"
 #include "frame/options.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 class OpcionesEnPantalla : public ::testing::Test {
  protected:
     void SetUp() override {
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+        ctx.SeparadorDecimal = QLatin1Char('.');
         ctx.ajustes = Ajustes(dir.filePath("ajustes.ini"));
         ctx.dialogos = DialogosDePrueba(registro);
         ctx.ProgramFolder = dir.path() + '/';
@@ -100,7 +102,7 @@ std::vector<Casilla> casillas() {
     using O = Opciones;
     const auto bandera = [](bool O::*m) { return [m](const O &o) { return o.*m; }; };
     const auto nivel = [](int O::*m) { return [m](const O &o) { return o.*m == 2; }; };
-    const auto letra = [](QString O::*m) { return [m](const O &o) { return o.*m == QLatin1String("S"); }; };
+    const auto letra = [](QString O::*m) { return [m](const O &o) { return o.*m == "S"_L1; }; };
     return {{&V::chByArt, "GROUPBYART", bandera(&O::GROUPBYART)},
             {&V::Check1, "MODIFCAT", nivel(&O::MODIFCAT)},
             {&V::Check2, "PRIMR100", nivel(&O::PRIMR100)},

@@ -1,12 +1,14 @@
 // The book of clients.
 
-#include "siblings/ClientBook.h"
+#include "header/ClientBook.h"
 
 #include <gtest/gtest.h>
 
-#include "frame/numbers.h"
-#include "header/picklist.h"
+#include "frame/base/numbers.h"
+#include "frame/picklist.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,50 +18,49 @@ class LibroDeClientes : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char(','));
-        ejecutar(
-            QStringLiteral("insert into ventajas (id,descripcion) values ('BIENCAPITAL','Bien de capital')"),
-            QStringLiteral("SYSTABLAS"));
-        ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('IC04','Consumo','I')"),
-                 QStringLiteral("SYSTABLAS"));
+        ctx->SeparadorDecimal = QLatin1Char(',');
+        ejecutar(u"insert into ventajas (id,descripcion) values ('BIENCAPITAL','Bien de capital')"_s,
+                 u"SYSTABLAS"_s);
+        ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('IC04','Consumo','I')"_s,
+                 u"SYSTABLAS"_s);
     }
     static Ficha ficha() {
         Ficha f = ClientBook::Nueva();
-        f.cuit = QStringLiteral("30-12345678-1");
-        f.nombre = QStringLiteral(" Aceros d'Oro S.A. ");
-        f.domicilio = QStringLiteral("Calle 9 Nº 3");
-        f.email = QStringLiteral("comex@aceros.example");
-        f.regalias = QStringLiteral("3,5");
-        f.ajxvinc_4102 = QStringLiteral("1.25");
+        f.cuit = u"30-12345678-1"_s;
+        f.nombre = u" Aceros d'Oro S.A. "_s;
+        f.domicilio = u"Calle 9 Nº 3"_s;
+        f.email = u"comex@aceros.example"_s;
+        f.regalias = u"3,5"_s;
+        f.ajxvinc_4102 = u"1.25"_s;
         f.eximgan = true;
-        f.eximganvalor = QStringLiteral("50");
+        f.eximganvalor = u"50"_s;
         f.eximganvalortemp = QString();
-        f.ivaareduccionvalor = QStringLiteral("25");
-        f.ivaareduccionvalortemp = QStringLiteral("100");
+        f.ivaareduccionvalor = u"25"_s;
+        f.ivaareduccionvalortemp = u"100"_s;
         f.cvdi = true;
-        f.ingbru = QStringLiteral("2,5");
+        f.ingbru = u"2,5"_s;
         f.ExcepLAPIAEC = true;
-        f.ventajas = {{QStringLiteral("IC04"), QStringLiteral("84"), QStringLiteral("BIENCAPITAL")},
-                      {QString(), QStringLiteral("8409.91.12.100G"), QStringLiteral("BIENCAPITAL")}};
+        f.ventajas = {{u"IC04"_s, u"84"_s, u"BIENCAPITAL"_s},
+                      {QString(), u"8409.91.12.100G"_s, u"BIENCAPITAL"_s}};
         return f;
     }
     std::string clientes() {
-        return filas(QStringLiteral("select cuit,nombre,domicilio,email,regalias,ajxvinc_4102,eximgan,"
-                                    "eximganvalor,eximganvalortemp,ivaareduccion,ivaareduccionvalor,"
-                                    "ivaareduccionvalortemp,cvdi,ingbru,ExcepLAPIAEC from clientes"),
-                     personal)
+        return filas(
+                   u"select cuit,nombre,domicilio,email,regalias,ajxvinc_4102,eximgan,"
+                   "eximganvalor,eximganvalortemp,ivaareduccion,ivaareduccionvalor,"
+                   "ivaareduccionvalortemp,cvdi,ingbru,ExcepLAPIAEC from clientes"_s,
+                   personal)
             .toStdString();
     }
     std::string ventajas() {
-        return filas(QStringLiteral("select cuit,idSubRegimen,NCM,idventaja from VentajasRel"), personal)
-            .toStdString();
+        return filas(u"select cuit,idSubRegimen,NCM,idventaja from VentajasRel"_s, personal).toStdString();
     }
     void operacion(const char *interno) {
-        ejecutar(QStringLiteral("insert into caratula (interno,cuitcliente) values ('%1','30123456781')")
-                     .arg(QString::fromUtf8(interno)));
+        ejecutar(u"insert into caratula (interno,cuitcliente) values ('%1','30123456781')"_s.arg(
+            QString::fromUtf8(interno)));
     }
-    const QString personal = QStringLiteral("PERSONAL");
-    const QString cuit = QStringLiteral("30123456781");
+    const QString personal = u"PERSONAL"_s;
+    const QString cuit = u"30123456781"_s;
 };
 
 TEST_P(LibroDeClientes, ANewClientIsStoredWithEveryColumnAndItsAdvantages) {
@@ -85,12 +86,11 @@ TEST_P(LibroDeClientes, ANewClientIsStoredWithEveryColumnAndItsAdvantages) {
 }
 
 TEST_P(LibroDeClientes, AChangeReachesThatClientAlone) {
-    ejecutar(QStringLiteral("insert into clientes (cuit,nombre) values ('27223344556','OTRO')"), personal);
-    ejecutar(QStringLiteral("insert into VentajasRel (cuit,idventaja) values ('27223344556','BIENCAPITAL')"),
-             personal);
+    ejecutar(u"insert into clientes (cuit,nombre) values ('27223344556','OTRO')"_s, personal);
+    ejecutar(u"insert into VentajasRel (cuit,idventaja) values ('27223344556','BIENCAPITAL')"_s, personal);
     ClientBook::Guardar(*ctx, ficha(), true);
     Ficha f = *ClientBook::Leer(*ctx, cuit);
-    f.nombre = QStringLiteral("ACEROS NUEVOS");
+    f.nombre = u"ACEROS NUEVOS"_s;
     f.eximgan = false;
     f.ventajas.pop_back();
     EXPECT_FALSE(ClientBook::Guardar(*ctx, f, false).has_value());
@@ -134,7 +134,7 @@ TEST_P(LibroDeClientes, ATaxNumberThatIsKeptIsNotAddedTwice) {
     ASSERT_TRUE(falta.has_value());
     EXPECT_EQ(falta->mensaje.toStdString(),
               "Ya existe un cliente con el CUIT 30123456781, búsquelo en la lista para modificarlo.");
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from clientes"), personal).toStdString(), "1");
+    EXPECT_EQ(valor(u"select count(*) from clientes"_s, personal).toStdString(), "1");
 }
 
 TEST_P(LibroDeClientes, BadValuesAreToldFieldByField) {
@@ -166,11 +166,11 @@ TEST_P(LibroDeClientes, BadValuesAreToldFieldByField) {
          "El porcentaje de ingresos brutos no es un número, corríjalo."},
         {"ventajas", [](Ficha &f) { f.ventajas[1].idventaja.clear(); },
          "Falta el código de la ventaja en la fila 2 de ventajas, corríjala o quítela."},
-        {"ventajas", [](Ficha &f) { f.ventajas[0].idventaja = QStringLiteral("NADA"); },
+        {"ventajas", [](Ficha &f) { f.ventajas[0].idventaja = u"NADA"_s; },
          "La ventaja NADA no existe en la fila 1 de ventajas, corríjala o quítela."},
-        {"ventajas", [](Ficha &f) { f.ventajas[0].idSubRegimen = QStringLiteral("ZZ99"); },
+        {"ventajas", [](Ficha &f) { f.ventajas[0].idSubRegimen = u"ZZ99"_s; },
          "El subrégimen ZZ99 no existe en la fila 1 de ventajas, corríjala o quítela."},
-        {"ventajas", [](Ficha &f) { f.ventajas[1].NCM = QStringLiteral("84x"); },
+        {"ventajas", [](Ficha &f) { f.ventajas[1].NCM = u"84x"_s; },
          "84x no es el comienzo de una posición en la fila 2 de ventajas, corríjala o quítela."},
         {"ventajas", [](Ficha &f) { f.ventajas[1] = f.ventajas[0]; },
          "La ventaja BIENCAPITAL está repetida en la fila 2 de ventajas, corríjala o quítela."},
@@ -194,7 +194,7 @@ TEST_P(LibroDeClientes, BeginningsOfPositionsAreTakenAtAnyLength) {
     for (const char *ncm :
          {"", "84", "8409", "8409.", "8409.91", "8409.91.12", "8409.91.12.100", "8409.91.12.100G"}) {
         Ficha f = ficha();
-        f.ventajas = {{QString(), QString::fromUtf8(ncm), QStringLiteral("BIENCAPITAL")}};
+        f.ventajas = {{QString(), QString::fromUtf8(ncm), u"BIENCAPITAL"_s}};
         EXPECT_TRUE(ClientBook::Revisar(*ctx, f, true).empty()) << ncm;
     }
 }
@@ -203,7 +203,7 @@ TEST_P(LibroDeClientes, EveryFaultIsListedInTheOrderOfTheFields) {
     Ficha f = ficha();
     f.cuit.clear();
     f.nombre.clear();
-    f.ingbru = QStringLiteral("x");
+    f.ingbru = u"x"_s;
     f.ventajas[0].idventaja.clear();
     QStringList campos;
     for (const auto &falta : ClientBook::Revisar(*ctx, f, true)) campos << falta.campo;
@@ -214,13 +214,13 @@ TEST_P(LibroDeClientes, TheListIsSortedAndSearchedByNameAndByNumber) {
     const char *const nombres[] = {"Ñandú", "aceros", "NORD"};
     const char *const cuits[] = {"3", "2", "1"};
     for (int i = 0; i < 3; ++i)
-        ejecutar(QStringLiteral("insert into clientes (cuit,nombre) values ('%1','%2')")
-                     .arg(QString::fromUtf8(cuits[i]), QString::fromUtf8(nombres[i])),
+        ejecutar(u"insert into clientes (cuit,nombre) values ('%1','%2')"_s.arg(
+                     QString::fromUtf8(cuits[i]), QString::fromUtf8(nombres[i])),
                  personal);
     const auto porNombre = ClientBook::Listar(*ctx);
     EXPECT_EQ(ClientBook::Nombres(porNombre).join(u'|').toStdString(), "aceros|NORD|Ñandú");
     EstadoDeLista busqueda(ClientBook::Nombres(porNombre));
-    busqueda.Escribir(QStringLiteral("nor"));
+    busqueda.Escribir(u"nor"_s);
     EXPECT_EQ(busqueda.actual, 1);
     EXPECT_EQ(ClientBook::Cuits(ClientBook::Listar(*ctx, ClientBook::Orden::Cuit)).join(u'|').toStdString(),
               "1|2|3");
@@ -264,14 +264,11 @@ TEST_P(LibroDeClientes, AClientUsedByOperationsIsNotDeletedWithoutAQuestionThatS
     registro.respuestas = {true};
     EXPECT_TRUE(ClientBook::Borrar(*ctx, cuit));
     EXPECT_EQ(clientes(), "");
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from caratula where cuitcliente = '30123456781'"))
-                  .toStdString(),
-              "2");
+    EXPECT_EQ(valor(u"select count(*) from caratula where cuitcliente = '30123456781'"_s).toStdString(), "2");
 }
 
 TEST_P(LibroDeClientes, TheCatalogueOfAdvantagesIsListedByDescription) {
-    ejecutar(QStringLiteral("insert into ventajas (id,descripcion) values ('AAA','Zeta')"),
-             QStringLiteral("SYSTABLAS"));
+    ejecutar(u"insert into ventajas (id,descripcion) values ('AAA','Zeta')"_s, u"SYSTABLAS"_s);
     const auto catalogo = ClientBook::CatalogoDeVentajas(*ctx);
     ASSERT_EQ(catalogo.size(), 2U);
     EXPECT_EQ(catalogo[0].id.toStdString(), "BIENCAPITAL");

@@ -6,6 +6,8 @@
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 TEST(NumeroDeCuit, FollowsTheCheckDigit) {
@@ -35,61 +37,58 @@ TEST(NumeroDeCuit, FollowsTheCheckDigit) {
 }
 
 TEST(NumeroDeCuit, ATenDigitIdIsInvalidWithNoArithmetic) {
-    EXPECT_FALSE(CUITValido(QStringLiteral("3012345678")));
-    EXPECT_FALSE(CUITValido(QStringLiteral("301234567811")));
+    EXPECT_FALSE(CUITValido(u"3012345678"_s));
+    EXPECT_FALSE(CUITValido(u"301234567811"_s));
     // All zeros would pass the arithmetic at any length.
-    EXPECT_FALSE(CUITValido(QStringLiteral("0000000000")));
-    EXPECT_TRUE(CUITValido(QStringLiteral("00000000000")));
+    EXPECT_FALSE(CUITValido(u"0000000000"_s));
+    EXPECT_TRUE(CUITValido(u"00000000000"_s));
 }
 
 class Nombres : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        ejecutar(QStringLiteral("insert into clientes (cuit,nombre,regalias,ajxvinc_4102) values "
-                                "('30123456781','ACEROS S.A.',3,1.5)"),
-                 personal);
-        ejecutar(QStringLiteral("insert into despadu (cuit,nombre) values ('20000000019',' GOMEZ ANA ')"),
-                 personal);
-        ejecutar(QStringLiteral("insert into vendedor (codigo,nombre) values ('V1','NORD')"), personal);
-        ejecutar(QStringLiteral("insert into transporte (cuit,nombre) values ('30123456781','MAR')"),
-                 personal);
+        ejecutar(
+            u"insert into clientes (cuit,nombre,regalias,ajxvinc_4102) values "
+            "('30123456781','ACEROS S.A.',3,1.5)"_s,
+            personal);
+        ejecutar(u"insert into despadu (cuit,nombre) values ('20000000019',' GOMEZ ANA ')"_s, personal);
+        ejecutar(u"insert into vendedor (codigo,nombre) values ('V1','NORD')"_s, personal);
+        ejecutar(u"insert into transporte (cuit,nombre) values ('30123456781','MAR')"_s, personal);
     }
-    const QString personal = QStringLiteral("PERSONAL");
+    const QString personal = u"PERSONAL"_s;
 };
 
 TEST_P(Nombres, TheNameBehindACodeOfThreeTables) {
-    EXPECT_EQ(BuscarNombre(*ctx, QStringLiteral("clientes"), QStringLiteral("30123456781")).toStdString(),
-              "ACEROS S.A.");
-    EXPECT_EQ(BuscarNombre(*ctx, QStringLiteral("despadu"), QStringLiteral("20000000019")).toStdString(),
-              "GOMEZ ANA");
-    EXPECT_EQ(BuscarNombre(*ctx, QStringLiteral("vendedor"), QStringLiteral("V1")).toStdString(), "NORD");
-    EXPECT_TRUE(BuscarNombre(*ctx, QStringLiteral("vendedor"), QStringLiteral("V2")).isEmpty());
+    EXPECT_EQ(BuscarNombre(*ctx, u"clientes"_s, u"30123456781"_s).toStdString(), "ACEROS S.A.");
+    EXPECT_EQ(BuscarNombre(*ctx, u"despadu"_s, u"20000000019"_s).toStdString(), "GOMEZ ANA");
+    EXPECT_EQ(BuscarNombre(*ctx, u"vendedor"_s, u"V1"_s).toStdString(), "NORD");
+    EXPECT_TRUE(BuscarNombre(*ctx, u"vendedor"_s, u"V2"_s).isEmpty());
 }
 
 TEST_P(Nombres, AnyOtherTableReturnsTheEmptyText) {
     const Traza traza;
-    EXPECT_TRUE(BuscarNombre(*ctx, QStringLiteral("transporte"), QStringLiteral("30123456781")).isEmpty());
+    EXPECT_TRUE(BuscarNombre(*ctx, u"transporte"_s, u"30123456781"_s).isEmpty());
     EXPECT_EQ(traza.texto(), "");
 }
 
 TEST_P(Nombres, TheBrokerLookUpAcceptsElevenCharactersWithAWrongCheckDigit) {
     // 20000000011 would be right.
-    ASSERT_FALSE(CUITValido(QStringLiteral("20000000019")));
+    ASSERT_FALSE(CUITValido(u"20000000019"_s));
     QString nombre;
-    EXPECT_TRUE(BuscarDespachante(*ctx, QStringLiteral("20000000019"), nombre));
+    EXPECT_TRUE(BuscarDespachante(*ctx, u"20000000019"_s, nombre));
     EXPECT_EQ(nombre.toStdString(), "GOMEZ ANA");
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(Nombres, TheBrokerLookUpTellsAWrongLengthAndAMissingNumber) {
-    QString nombre = QStringLiteral("old");
+    QString nombre = u"old"_s;
     {
         const Traza traza;
-        EXPECT_FALSE(BuscarDespachante(*ctx, QStringLiteral("2000000001"), nombre));
+        EXPECT_FALSE(BuscarDespachante(*ctx, u"2000000001"_s, nombre));
         EXPECT_EQ(traza.texto(), "");
     }
-    EXPECT_FALSE(BuscarDespachante(*ctx, QStringLiteral("27223344556"), nombre));
+    EXPECT_FALSE(BuscarDespachante(*ctx, u"27223344556"_s, nombre));
     EXPECT_TRUE(nombre.isEmpty());
     ASSERT_EQ(registro.mensajes.size(), 2U);
     EXPECT_EQ(registro.mensajes[0].texto.toStdString(), "Cuit Invalido");
@@ -101,9 +100,9 @@ TEST_P(Nombres, TheHeadersClientIsReadWithItsPercentages) {
     EXPECT_EQ(BuscarCliente(*ctx, QString(), cliente), BusquedaDeCliente::FaltaCuit);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].texto.toStdString(), "Falta ingresar CUIT como parametro");
-    EXPECT_EQ(BuscarCliente(*ctx, QStringLiteral("27223344556"), cliente), BusquedaDeCliente::NoEncontrado);
+    EXPECT_EQ(BuscarCliente(*ctx, u"27223344556"_s, cliente), BusquedaDeCliente::NoEncontrado);
     EXPECT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(BuscarCliente(*ctx, QStringLiteral("30123456781"), cliente), BusquedaDeCliente::Encontrado);
+    EXPECT_EQ(BuscarCliente(*ctx, u"30123456781"_s, cliente), BusquedaDeCliente::Encontrado);
     EXPECT_EQ(cliente.nombre.toStdString(), "ACEROS S.A.");
     EXPECT_EQ(cliente.cuit.toStdString(), "30123456781");
     EXPECT_EQ(cliente.regalias, 3);
@@ -111,7 +110,7 @@ TEST_P(Nombres, TheHeadersClientIsReadWithItsPercentages) {
 }
 
 TEST_P(Nombres, BrokersAreListedByName) {
-    ejecutar(QStringLiteral("insert into despadu (cuit,nombre) values ('27223344556','ALVAREZ')"), personal);
+    ejecutar(u"insert into despadu (cuit,nombre) values ('27223344556','ALVAREZ')"_s, personal);
     const Traza traza;
     const auto lista = CargarDespachantes(*ctx);
     EXPECT_EQ(traza.texto(), "PERSONAL|select cuit,nombre from despadu order by nombre");

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/picklist.h"
 #include "header/parties.h"
-#include "header/picklist.h"
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,31 +15,26 @@ class Vendedores : public EnAmbosStores {
  protected:
     void agregar(const char *codigo, const char *nombre) {
         ejecutar(
-            QStringLiteral("insert into vendedor (codigo,nombre,domicilio,paisdelexportador,nivel) values "
-                           "('%1','%2','Calle 1','438','VINCULADO')")
-                .arg(QString::fromUtf8(codigo), QString::fromUtf8(nombre)),
+            u"insert into vendedor (codigo,nombre,domicilio,paisdelexportador,nivel) values "
+            "('%1','%2','Calle 1','438','VINCULADO')"_s.arg(QString::fromUtf8(codigo),
+                                                            QString::fromUtf8(nombre)),
             personal);
     }
     std::string todos() {
-        return filas(QStringLiteral("select codigo,nombre,domicilio,paisdelexportador,nivel from vendedor"),
-                     personal)
+        return filas(u"select codigo,nombre,domicilio,paisdelexportador,nivel from vendedor"_s, personal)
             .toStdString();
     }
     std::string ultimoMensaje() const {
         return registro.mensajes.empty() ? "<none>" : registro.mensajes.back().texto.toStdString();
     }
-    const QString personal = QStringLiteral("PERSONAL");
-    const Vendedor nuevo{QStringLiteral("V9"),
-                         QStringLiteral("O'Hara & Cía"),
-                         QStringLiteral("Rue d'Or 3"),
-                         QStringLiteral("412"),
-                         {}};
+    const QString personal = u"PERSONAL"_s;
+    const Vendedor nuevo{u"V9"_s, u"O'Hara & Cía"_s, u"Rue d'Or 3"_s, u"412"_s, {}};
 };
 
 TEST_P(Vendedores, AKnownCodeIsFoundWithoutAWord) {
     agregar("V1", "NORD");
     QString nombre;
-    EXPECT_TRUE(BuscarVendedor(*ctx, QStringLiteral("V1"), nombre, {}));
+    EXPECT_TRUE(BuscarVendedor(*ctx, u"V1"_s, nombre, {}));
     EXPECT_EQ(nombre.toStdString(), "NORD");
     EXPECT_TRUE(registro.mensajes.empty());
     EXPECT_TRUE(registro.preguntas.empty());
@@ -45,7 +42,7 @@ TEST_P(Vendedores, AKnownCodeIsFoundWithoutAWord) {
 
 TEST_P(Vendedores, AnEmptyCodeIsToldAndSendsNothing) {
     const Traza traza;
-    QString nombre = QStringLiteral("old");
+    QString nombre = u"old"_s;
     EXPECT_FALSE(BuscarVendedor(*ctx, QString(), nombre, {}));
     EXPECT_EQ(ultimoMensaje(), "Falta Codigo de Vendedor para realizar la busqueda.");
     EXPECT_TRUE(nombre.isEmpty());
@@ -59,14 +56,14 @@ TEST_P(Vendedores, AnUnknownCodeIsOfferedToBeAddedAndThenFound) {
         agregar("V7", "AGREGADO");
     };
     QString nombre;
-    EXPECT_FALSE(BuscarVendedor(*ctx, QStringLiteral("V7"), nombre, alta));
+    EXPECT_FALSE(BuscarVendedor(*ctx, u"V7"_s, nombre, alta));
     EXPECT_TRUE(abierto.isEmpty());
     ASSERT_EQ(registro.preguntas.size(), 1U);
     EXPECT_EQ(registro.preguntas[0].texto.toStdString(),
               "No se encontro este codigo en la lista de VENDEDORES.\r\nDesea AGREGARLO a la lista");
 
     registro.respuestas = {true};
-    EXPECT_TRUE(BuscarVendedor(*ctx, QStringLiteral("V7"), nombre, alta));
+    EXPECT_TRUE(BuscarVendedor(*ctx, u"V7"_s, nombre, alta));
     EXPECT_EQ(abierto.toStdString(), "V7");
     EXPECT_EQ(nombre.toStdString(), "AGREGADO");
 }
@@ -74,7 +71,7 @@ TEST_P(Vendedores, AnUnknownCodeIsOfferedToBeAddedAndThenFound) {
 TEST_P(Vendedores, TheAddScreenLeftWithoutSavingFindsNothing) {
     registro.respuestas = {true};
     QString nombre;
-    EXPECT_FALSE(BuscarVendedor(*ctx, QStringLiteral("V7"), nombre, [](const QString &) {}));
+    EXPECT_FALSE(BuscarVendedor(*ctx, u"V7"_s, nombre, [](const QString &) {}));
     EXPECT_TRUE(nombre.isEmpty());
 }
 
@@ -87,11 +84,11 @@ TEST_P(Vendedores, ANewSellerIsStoredAsTyped) {
               "('V9','O''Hara & Cía','Rue d''Or 3','412')");
     EXPECT_EQ(ultimoMensaje(), "Datos ingresados correctamente.");
     EXPECT_EQ(todos(), "V9|O'Hara & Cía|Rue d'Or 3|412|<null>");
-    const auto leido = CargarVendedor(*ctx, QStringLiteral("v9"));
+    const auto leido = CargarVendedor(*ctx, u"v9"_s);
     ASSERT_TRUE(leido.has_value());
     EXPECT_EQ(leido->nombre.toStdString(), "O'Hara & Cía");
     EXPECT_EQ(leido->paisdelexportador.toStdString(), "412");
-    EXPECT_FALSE(CargarVendedor(*ctx, QStringLiteral("V8")).has_value());
+    EXPECT_FALSE(CargarVendedor(*ctx, u"V8"_s).has_value());
 }
 
 TEST_P(Vendedores, ACodeThatExistsIsNotAddedTwice) {
@@ -119,7 +116,7 @@ TEST_P(Vendedores, WithoutCodeOrNameNothingIsSaved) {
     const Traza traza;
     EXPECT_EQ(GuardarVendedor(*ctx, v, false), GuardadoDeVendedor::FaltaCodigo);
     v = nuevo;
-    v.nombre = QStringLiteral("  ");
+    v.nombre = u"  "_s;
     EXPECT_EQ(GuardarVendedor(*ctx, v, true), GuardadoDeVendedor::FaltaNombre);
     EXPECT_EQ(traza.texto(), "");
     EXPECT_EQ(registro.mensajes.size(), 2U);
@@ -136,7 +133,7 @@ TEST_P(Vendedores, TheListIsSortedAsAskedAndSearchedAsOneTypes) {
     EXPECT_EQ(porCodigo[0].domicilio.toStdString(), "Calle 1");
     EXPECT_EQ(porCodigo[0].nivel.toStdString(), "VINCULADO");
     EstadoDeLista busqueda(NombresDeVendedores(porNombre));
-    busqueda.Escribir(QStringLiteral("nord"));
+    busqueda.Escribir(u"nord"_s);
     EXPECT_EQ(busqueda.actual, 1);
 
     EXPECT_EQ(OrdenDeVendedoresElegido(*ctx), OrdenDeVendedores::Codigo);
@@ -152,15 +149,15 @@ TEST_P(Vendedores, AnEmptyBookIsTold) {
 TEST_P(Vendedores, DeletingAsksNothingAndTakesOneSeller) {
     agregar("V1", "UNO");
     agregar("V2", "DOS");
-    EXPECT_EQ(EliminarVendedor(*ctx, QStringLiteral("V1")), 1);
+    EXPECT_EQ(EliminarVendedor(*ctx, u"V1"_s), 1);
     EXPECT_EQ(todos(), "V2|DOS|Calle 1|438|VINCULADO");
     EXPECT_TRUE(registro.preguntas.empty());
 }
 
 TEST_P(Vendedores, CountriesAreListedByCode) {
-    const QString systablas = QStringLiteral("SYSTABLAS");
-    ejecutar(QStringLiteral("insert into pais (id,descripcion) values ('203','BRASIL')"), systablas);
-    ejecutar(QStringLiteral("insert into pais (id,descripcion) values ('200','ARGENTINA')"), systablas);
+    const QString systablas = u"SYSTABLAS"_s;
+    ejecutar(u"insert into pais (id,descripcion) values ('203','BRASIL')"_s, systablas);
+    ejecutar(u"insert into pais (id,descripcion) values ('200','ARGENTINA')"_s, systablas);
     const auto paises = CargarPais(*ctx);
     ASSERT_EQ(paises.size(), 2U);
     EXPECT_EQ(paises[0].vista.toStdString(), "200 - ARGENTINA");
@@ -169,17 +166,13 @@ TEST_P(Vendedores, CountriesAreListedByCode) {
 }
 
 TEST_P(Vendedores, TheListAnswersWhatItLeftChosen) {
-    QString codigo = QStringLiteral("old");
+    QString codigo = u"old"_s;
     QString nombre;
-    VendedorElegido() = {QStringLiteral("V0"), QStringLiteral("stale")};
+    VendedorElegido() = {u"V0"_s, u"stale"_s};
     // Left with ESC: the choice of another time does not count.
     EXPECT_FALSE(ListarVendedores([] {}, codigo, nombre));
     EXPECT_EQ(codigo.toStdString(), "old");
-    EXPECT_TRUE(ListarVendedores(
-        [] {
-            VendedorElegido() = {QStringLiteral("V1"), QStringLiteral("NORD")};
-        },
-        codigo, nombre));
+    EXPECT_TRUE(ListarVendedores([] { VendedorElegido() = {u"V1"_s, u"NORD"_s}; }, codigo, nombre));
     EXPECT_EQ(codigo.toStdString(), "V1");
     EXPECT_EQ(nombre.toStdString(), "NORD");
 }

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "assembly/prorationcodes.h"
 #include "assembly/run.h"
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
+#include "header/changes.h"
+#include "header/prorationcodes.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +16,7 @@ class CodigosDeProrrateo : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+        ctx->SeparadorDecimal = QLatin1Char('.');
     }
     Veredicto agregar(const QString &codigo, const QString &descripcion, const QString &valorTecleado) {
         return AgregarProrrateo(*ctx, interno, codigo, descripcion, valorTecleado);
@@ -27,7 +30,7 @@ class CodigosDeProrrateo : public EnAmbosStores {
             texto += (p.Codigo + '|' + p.Descripcion + '|' + p.Valor + '\n').toStdString();
         return texto;
     }
-    const QString interno = QStringLiteral("OP 1");
+    const QString interno = u"OP 1"_s;
 };
 
 TEST_P(CodigosDeProrrateo, ACodeIsAddedInCapitalsAndShownWithItsForm) {
@@ -91,7 +94,7 @@ TEST_P(CodigosDeProrrateo, TheScreenGoesBetweenItsStates) {
 }
 
 TEST_P(CodigosDeProrrateo, AnErrorOfTheStoreIsShown) {
-    const QString conComilla = QStringLiteral("O'P");
+    const QString conComilla = u"O'P"_s;
     EXPECT_FALSE(AgregarProrrateo(*ctx, conComilla, "A", "", "1").ok);
     EXPECT_EQ(registro.mensajes.back().icono, Icono::Critico);
     EXPECT_FALSE(EliminarProrrateo(*ctx, conComilla, "A"));
@@ -115,7 +118,7 @@ class CodigosYArmado : public EnAmbosStores {
         return valor("select sum(fobtotal) as n from item where interno = 'IC-2026-0001' and id <> 0")
             .toDouble();
     }
-    const QString interno = QStringLiteral("IC-2026-0001");
+    const QString interno = u"IC-2026-0001"_s;
 };
 
 // A code can be deleted although lines carry it; the run then leaves those lines without a spread.

@@ -8,18 +8,20 @@
 
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class PreguntaAutomotriz : public ::testing::Test {
  protected:
     void SetUp() override {
-        ctx.ajustes = Ajustes(dir.filePath(QStringLiteral("ajustes.ini")));
+        ctx.ajustes = Ajustes(dir.filePath(u"ajustes.ini"_s));
         ctx.dialogos = DialogosDePrueba(registro);
     }
     QTemporaryDir dir;
     AppContext ctx;
     Registro registro;
-    const QString interno = QStringLiteral("OP/1 ñ");
+    const QString interno = u"OP/1 ñ"_s;
 };
 
 TEST_F(PreguntaAutomotriz, ShowsItsTextsWithProductionChosen) {
@@ -45,18 +47,17 @@ TEST_F(PreguntaAutomotriz, StoresTheAnswerOfTheOperation) {
     for (const Caso &c : {Caso{true, 0, "P"}, Caso{true, 1, "R"}, Caso{false, 0, "N"}, Caso{false, 1, "N"}}) {
         registro.opciones = {{c.si, c.opcion}};
         EXPECT_EQ(PreguntarRegimenAutomotriz(ctx, interno).toStdString(), c.valor);
-        EXPECT_EQ(ctx.ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("AEC"), interno).toStdString(),
-                  c.valor);
+        EXPECT_EQ(ctx.ajustes.Leer(u"ZENDRA"_s, u"AEC"_s, interno).toStdString(), c.valor);
         EXPECT_EQ(LeerAEC(ctx, interno).toStdString(), c.valor);
     }
 }
 
 TEST_F(PreguntaAutomotriz, AnotherOperationKeepsItsOwnAnswer) {
-    GuardarAEC(ctx, QStringLiteral("OTRA"), QStringLiteral("R"));
-    GuardarAEC(ctx, interno, QStringLiteral("N"));
-    EXPECT_EQ(LeerAEC(ctx, QStringLiteral("OTRA")).toStdString(), "R");
-    EXPECT_EQ(LeerAEC(ctx, QStringLiteral("NUEVA")).toStdString(), "") << "not answered";
-    EXPECT_EQ(LeerAEC(ctx, QStringLiteral("NUEVA"), QStringLiteral("N")).toStdString(), "N");
+    GuardarAEC(ctx, u"OTRA"_s, u"R"_s);
+    GuardarAEC(ctx, interno, u"N"_s);
+    EXPECT_EQ(LeerAEC(ctx, u"OTRA"_s).toStdString(), "R");
+    EXPECT_EQ(LeerAEC(ctx, u"NUEVA"_s).toStdString(), "") << "not answered";
+    EXPECT_EQ(LeerAEC(ctx, u"NUEVA"_s, u"N"_s).toStdString(), "N");
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 
 #include "tests/support/tienda.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Predicado = bool (*)(QStringView);
@@ -107,8 +109,7 @@ TEST(RegimePrefixes, EveryPredicateOverEveryCode) {
 
 TEST(RegimePrefixes, TheDeclarationTypeIsTForTGInAnyCase) {
     for (const QString &codigo : codigos(todos))
-        EXPECT_EQ(TipoDeclaracion(codigo).toStdString(),
-                  codigo.toUpper().startsWith(QLatin1String("TG")) ? "T" : "P")
+        EXPECT_EQ(TipoDeclaracion(codigo).toStdString(), codigo.toUpper().startsWith("TG"_L1) ? "T" : "P")
             << codigo.toStdString();
     EXPECT_EQ(TipoDeclaracion(u"tG16").toStdString(), "T");
     EXPECT_EQ(TipoDeclaracion(u"").toStdString(), "P");
@@ -232,16 +233,13 @@ TEST(FreeText, IsTrimmedUppercasedCutAndCleaned) {
 class Direccion : public EnAmbosStores {};
 
 TEST_P(Direccion, ComesFromTheCodeTableAsText) {
-    ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('IC01','x','I')"),
-             QStringLiteral("SYSTABLAS"));
-    ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('EC01','x','E')"),
-             QStringLiteral("SYSTABLAS"));
-    ejecutar(QStringLiteral("insert into sta (id,descripcion,cstaimpexp) values ('ZZ01','x',NULL)"),
-             QStringLiteral("SYSTABLAS"));
-    EXPECT_EQ(DireccionRegimen(*ctx, QStringLiteral("IC01")).toStdString(), "I");
-    EXPECT_EQ(DireccionRegimen(*ctx, QStringLiteral("EC01")).toStdString(), "E");
-    EXPECT_EQ(DireccionRegimen(*ctx, QStringLiteral("ZZ01")).toStdString(), "") << "a null";
-    EXPECT_EQ(DireccionRegimen(*ctx, QStringLiteral("NOHAY")).toStdString(), "") << "no row";
+    ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('IC01','x','I')"_s, u"SYSTABLAS"_s);
+    ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('EC01','x','E')"_s, u"SYSTABLAS"_s);
+    ejecutar(u"insert into sta (id,descripcion,cstaimpexp) values ('ZZ01','x',NULL)"_s, u"SYSTABLAS"_s);
+    EXPECT_EQ(DireccionRegimen(*ctx, u"IC01"_s).toStdString(), "I");
+    EXPECT_EQ(DireccionRegimen(*ctx, u"EC01"_s).toStdString(), "E");
+    EXPECT_EQ(DireccionRegimen(*ctx, u"ZZ01"_s).toStdString(), "") << "a null";
+    EXPECT_EQ(DireccionRegimen(*ctx, u"NOHAY"_s).toStdString(), "") << "no row";
 }
 
 TEST_P(Direccion, OfAnEmptyCodeIsEmptyWithoutTouchingTheStore) {
@@ -249,7 +247,7 @@ TEST_P(Direccion, OfAnEmptyCodeIsEmptyWithoutTouchingTheStore) {
     Conexion::fijarTraza([&sentencias](const TrazaDeSentencia &) { ++sentencias; });
     EXPECT_EQ(DireccionRegimen(*ctx, {}).toStdString(), "");
     EXPECT_EQ(sentencias, 0);
-    DireccionRegimen(*ctx, QStringLiteral("IC01"));
+    DireccionRegimen(*ctx, u"IC01"_s);
     EXPECT_EQ(sentencias, 1);
     Conexion::fijarTraza({});
 }

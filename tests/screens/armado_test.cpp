@@ -11,14 +11,16 @@
 #include "frame/ui/Pantalla.h"
 #include "tests/support/pantallas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString importacion = QStringLiteral("IC-2026-0001");
+const QString importacion = u"IC-2026-0001"_s;
 
 class PantallaDeArmado : public EnPantalla {
  protected:
     FrmArmarItem &armar(const QString &interno) {
-        ctx->ChequeoArmado = QStringLiteral("SI");
+        ctx->ChequeoArmado = u"SI"_s;
         auto &armado = Pantalla<FrmArmarItem>();
         armado.alCerrar = [this] { ++cierres; };
         armado.Mostrar(interno, {});
@@ -33,16 +35,11 @@ class PantallaDeArmado : public EnPantalla {
 
 TEST_P(PantallaDeArmado, TenStepsAreShownTheLastOneHiddenUntilInputsAreUpdated) {
     auto &ui = Pantalla<FrmArmarItem>().ui;
-    const QStringList textos{QStringLiteral("Revalidando sufijos..."),
-                             QStringLiteral("Agrupar SubItem's"),
-                             QStringLiteral("Verificando y Generando Prorrateo"),
-                             QStringLiteral("Verificado Kilo Bruto"),
-                             QStringLiteral("Generar Item's"),
-                             QStringLiteral("Armar Registros de Liquidación"),
-                             QStringLiteral("Terminar Proceso"),
-                             QStringLiteral("Verificando Integridad"),
-                             QStringLiteral("Verificando Marcas de NCM"),
-                             QStringLiteral("Actualizando Insumos")};
+    const QStringList textos{
+        u"Revalidando sufijos..."_s, u"Agrupar SubItem's"_s,      u"Verificando y Generando Prorrateo"_s,
+        u"Verificado Kilo Bruto"_s,  u"Generar Item's"_s,         u"Armar Registros de Liquidación"_s,
+        u"Terminar Proceso"_s,       u"Verificando Integridad"_s, u"Verificando Marcas de NCM"_s,
+        u"Actualizando Insumos"_s};
     const QList<QLabel *> pasosEnOrden{ui.Paso_0, ui.Paso_1, ui.Paso_2, ui.Paso_3, ui.Paso_4,
                                        ui.Paso_5, ui.Paso_6, ui.Paso_7, ui.Paso_8, ui.lbInsumos};
     for (int n = 0; n < pasosEnOrden.size(); ++n) EXPECT_EQ(pasosEnOrden.at(n)->text(), textos.at(n));
@@ -60,7 +57,7 @@ TEST_P(PantallaDeArmado, TheRunStartsByItselfAndClosesTheScreen) {
     armar(importacion);
     hasta([this] { return cierres == 1; });
     EXPECT_FALSE(PantallaAbierta<FrmArmarItem>());
-    EXPECT_EQ(ctx->ChequeoArmado, QStringLiteral("SI"));
+    EXPECT_EQ(ctx->ChequeoArmado, u"SI"_s);
     // Nine steps pass from running to done; without the library of inputs the tenth stays away.
     EXPECT_EQ(pasos(Avance::Tipo::PasoCorriendo), 9);
     EXPECT_EQ(pasos(Avance::Tipo::PasoHecho), 9);
@@ -84,28 +81,28 @@ TEST_P(PantallaDeArmado, BarsAndTheItemInHandAreShown) {
     auto &armado = Pantalla<FrmArmarItem>();
     Avance barra;
     barra.tipo = Avance::Tipo::Barra;
-    barra.control = QStringLiteral("pbSUF");
+    barra.control = u"pbSUF"_s;
     barra.maximo = 20;
     barra.valor = 19;
     armado.Pintar(barra);
     EXPECT_EQ(armado.ui.pbSUF->maximum(), 20);
     EXPECT_EQ(armado.ui.pbSUF->value(), 19);
     Avance etiqueta;
-    etiqueta.control = QStringLiteral("lbITM");
-    etiqueta.texto = QStringLiteral("Creando liquidación Item: 3");
+    etiqueta.control = u"lbITM"_s;
+    etiqueta.texto = u"Creando liquidación Item: 3"_s;
     armado.Pintar(etiqueta);
     EXPECT_EQ(armado.ui.lbITM->text(), etiqueta.texto);
 }
 
 TEST_P(PantallaDeArmado, AnUnexpectedErrorLeavesTheResultAndTheScreenAndEscapeIsTheWayOut) {
-    ejecutar(QStringLiteral("drop table groupsubitems"));
+    ejecutar(u"drop table groupsubitems"_s);
     auto &armado = armar(importacion);
     hasta([this] { return !registro.mensajes.empty(); });
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
     EXPECT_TRUE(registro.mensajes[0].modalDeSistema);
-    EXPECT_TRUE(registro.mensajes[0].texto.contains(QLatin1String(" [ArmarItem.Generar]:")));
-    EXPECT_EQ(ctx->ChequeoArmado, QStringLiteral("SI"));
+    EXPECT_TRUE(registro.mensajes[0].texto.contains(" [ArmarItem.Generar]:"_L1));
+    EXPECT_EQ(ctx->ChequeoArmado, u"SI"_s);
     EXPECT_TRUE(armado.ventana->isVisible());
     EXPECT_EQ(cierres, 0);
     tecla(Qt::Key_Escape);
@@ -132,13 +129,13 @@ TEST_P(PantallaDeArmado, EscapeAndTheWindowsControlsDoNotStopARun) {
 
 TEST_P(PantallaDeArmado, TheReportIsCopiedFromItsMenuAndClosedByEscape) {
     auto &informe = Pantalla<FrmMostrarDatos>();
-    informe.Cargar({QStringLiteral("Sufijos incorrectos"), QStringLiteral("linea 1\r\nlinea 2"), false});
+    informe.Cargar({u"Sufijos incorrectos"_s, u"linea 1\r\nlinea 2"_s, false});
     informe.ventana->show();
     esperarVentana(informe.ventana.get());
-    EXPECT_EQ(informe.ventana->windowTitle(), QStringLiteral("Sufijos incorrectos"));
+    EXPECT_EQ(informe.ventana->windowTitle(), u"Sufijos incorrectos"_s);
     EXPECT_TRUE(informe.ui.TxtDatos->isReadOnly());
     informe.mnucopiar->trigger();
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("linea 1\nlinea 2"));
+    EXPECT_EQ(QApplication::clipboard()->text(), u"linea 1\nlinea 2"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(informe.ventana->isVisible());
 }

@@ -12,9 +12,11 @@
 #include "subitems/FrmSufijos.h"
 #include "tests/support/pantallas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString motor = QStringLiteral("8409.91.12.100G");
+const QString motor = u"8409.91.12.100G"_s;
 
 class CapturasDelNomenclador : public EnPantalla {
  protected:
@@ -32,40 +34,37 @@ TEST_P(CapturasDelNomenclador, Positions) {
     auto &posiciones = Pantalla<FrmPosicion>();
     mostrar(posiciones.ventana.get());
     posiciones.ui.TxtNcm->setFocus();
-    foto(posiciones.ventana.get(), QStringLiteral("posicion-vacia"));
-    escribir(QStringLiteral("84"));
+    foto(posiciones.ventana.get(), u"posicion-vacia"_s);
+    escribir(u"84"_s);
     tecla(Qt::Key_Return);
-    foto(posiciones.ventana.get(), QStringLiteral("posicion"));
+    foto(posiciones.ventana.get(), u"posicion"_s);
     EXPECT_EQ(orden(posiciones.ventana.get(), posiciones.ui.TxtNcm), "TxtNcm LstNCM LstSufijos");
     // Real descriptions run to some hundred characters in each level.
     const QString larga =
-        QStringLiteral("Los demás aparatos con dispositivo de regulación, incluidas sus partes; ")
-            .repeated(6);
-    ejecutar(
-        QStringLiteral("update ncm set [010] = '%1', [004] = '%1' where [001] = '8409.91.12'").arg(larga),
-        QStringLiteral("NCM"));
+        u"Los demás aparatos con dispositivo de regulación, incluidas sus partes; "_s.repeated(6);
+    ejecutar(u"update ncm set [010] = '%1', [004] = '%1' where [001] = '8409.91.12'"_s.arg(larga), u"NCM"_s);
     posiciones.ui.TxtNcm->setFocus();
-    escribir(QStringLiteral("8409.91.12"));
+    escribir(u"8409.91.12"_s);
     tecla(Qt::Key_Return);
-    foto(posiciones.ventana.get(), QStringLiteral("posicion-larga"));
+    foto(posiciones.ventana.get(), u"posicion-larga"_s);
     auto &hoja = Pantalla<FrmDetalleNomenclador>();
     hoja.Cargar(*DetalleNomenclador(*ctx, motor));
     mostrar(hoja.ventana.get());
-    foto(hoja.ventana.get(), QStringLiteral("hoja-nomenclador-larga"));
+    foto(hoja.ventana.get(), u"hoja-nomenclador-larga"_s);
 }
 
 TEST_P(CapturasDelNomenclador, TheSearch) {
     auto &consultas = Pantalla<FrmConsultas>();
     consultas.Mostrar();
     esperarVentana(consultas.ventana.get());
-    foto(consultas.ventana.get(), QStringLiteral("consultas-vacia"));
-    escribir(QStringLiteral("84"));
+    foto(consultas.ventana.get(), u"consultas-vacia"_s);
+    escribir(u"84"_s);
     tecla(Qt::Key_Return);
-    foto(consultas.ventana.get(), QStringLiteral("consultas"));
+    foto(consultas.ventana.get(), u"consultas"_s);
     consultas.ui.TxtDescripcion->setFocus();
-    escribir(QStringLiteral("motor"));
+    escribir(u"motor"_s);
     tecla(Qt::Key_Return);
-    foto(consultas.ventana.get(), QStringLiteral("consultas-palabras"));
+    foto(consultas.ventana.get(), u"consultas-palabras"_s);
     EXPECT_EQ(orden(consultas.ventana.get(), consultas.ui.TxtSIM),
               "TxtSIM CmdBuscar TxtDescripcion Command1 LstResult");
 }
@@ -74,37 +73,36 @@ TEST_P(CapturasDelNomenclador, TheSheet) {
     auto &hoja = Pantalla<FrmDetalleNomenclador>();
     hoja.Cargar(*DetalleNomenclador(*ctx, motor));
     mostrar(hoja.ventana.get());
-    foto(hoja.ventana.get(), QStringLiteral("hoja-nomenclador"));
+    foto(hoja.ventana.get(), u"hoja-nomenclador"_s);
     EXPECT_EQ(orden(hoja.ventana.get(), hoja.ui.GrdDetalles),
               "GrdDetalles GrdGravamenes GrdFuentes GrdPosee GrdSufijos");
     // Every mark at once, as many lines as the sheet can have.
     QStringList columnas;
     for (int n = 40; n <= 62; ++n)
-        if (n != 48) columnas << QStringLiteral("[0%1] = '*'").arg(n);
-    ejecutar(QLatin1String("update ncm set ") + columnas.join(QLatin1String(", ")) +
-                 QLatin1String(", [070] = '1', [071] = '8' where [001] = '8409.91.12'"),
-             QStringLiteral("NCM"));
+        if (n != 48) columnas << u"[0%1] = '*'"_s.arg(n);
+    ejecutar("update ncm set "_L1 + columnas.join(", "_L1) +
+                 ", [070] = '1', [071] = '8' where [001] = '8409.91.12'"_L1,
+             u"NCM"_s);
     hoja.Cargar(*DetalleNomenclador(*ctx, motor));
-    foto(hoja.ventana.get(), QStringLiteral("hoja-nomenclador-llena"));
+    foto(hoja.ventana.get(), u"hoja-nomenclador-llena"_s);
 }
 
 TEST_P(CapturasDelNomenclador, Suffixes) {
     auto &carga = Pantalla<FrmCargaSufijos>();
-    carga.Cargar(
-        {QStringLiteral("SUFIJO AA"),
-         {QStringLiteral("AA00 - Ninguna opción"), QStringLiteral("AA01 - Con marca"),
-          QStringLiteral("AA02 - Sin marca, con una leyenda que dice el país de origen y el nombre del "
-                         "fabricante en cada envase")},
-         0,
-         Eleccion::Tipo::Sufijos});
+    carga.Cargar({u"SUFIJO AA"_s,
+                  {u"AA00 - Ninguna opción"_s, u"AA01 - Con marca"_s,
+                   u"AA02 - Sin marca, con una leyenda que dice el país de origen y el nombre del "
+                   "fabricante en cada envase"_s},
+                  0,
+                  Eleccion::Tipo::Sufijos});
     mostrar(carga.ventana.get());
-    foto(carga.ventana.get(), QStringLiteral("carga-sufijos"));
+    foto(carga.ventana.get(), u"carga-sufijos"_s);
     EXPECT_EQ(orden(carga.ventana.get(), carga.ui.LstOpcion), "LstOpcion");
     CerrarPantalla<FrmCargaSufijos>();
     auto &sufijos = Pantalla<FrmSufijos>();
-    sufijos.Cargar(QStringLiteral("8708.30.19.110T"), QStringLiteral("KA01-AI(BOSCH 0986)-LA02-"));
+    sufijos.Cargar(u"8708.30.19.110T"_s, u"KA01-AI(BOSCH 0986)-LA02-"_s);
     mostrar(sufijos.ventana.get());
-    foto(sufijos.ventana.get(), QStringLiteral("sufijos"));
+    foto(sufijos.ventana.get(), u"sufijos"_s);
     EXPECT_EQ(orden(sufijos.ventana.get(), sufijos.ui.Grid), "Grid Grid2 txtLNAPINcm txtLNAPI");
 }
 

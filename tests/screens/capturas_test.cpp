@@ -11,23 +11,25 @@
 #include "assembly/FrmArmarItem.h"
 #include "assembly/FrmMostrarDatos.h"
 #include "assembly/run.h"
-#include "frame/FrmPerfiles.h"
-#include "frame/FrmPrincipal.h"
+#include "desktop/FrmPerfiles.h"
+#include "desktop/FrmPrincipal.h"
+#include "desktop/dialogosqt.h"
 #include "frame/ui/Pantalla.h"
-#include "frame/ui/dialogosqt.h"
 #include "header/FrmABMClientes.h"
 #include "header/automotive.h"
 #include "liquidation/FrmVerItem.h"
+#include "liquidation/Frm_ComprobacionErrores.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
-#include "operations/Frm_ComprobacionErrores.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString importacion = QStringLiteral("IC-2026-0001");
-const QString exportacion = QStringLiteral("EC-2026-0002");
-const QString djai = QStringLiteral("DJAI-2026-0004");
+const QString importacion = u"IC-2026-0001"_s;
+const QString exportacion = u"EC-2026-0002"_s;
+const QString djai = u"DJAI-2026-0004"_s;
 
 class Capturas : public EnPantalla {
  protected:
@@ -38,7 +40,7 @@ class Capturas : public EnPantalla {
         ctx->opciones.IVARNI = 10.5;
     }
     void armar(const QString &interno) {
-        ctx->ChequeoArmado = QStringLiteral("SI");
+        ctx->ChequeoArmado = u"SI"_s;
         ASSERT_TRUE(Generar(*ctx, interno, {}));
         ctx->LiquidacionPendiente = true;
     }
@@ -48,7 +50,7 @@ TEST_P(Capturas, Menu) {
     auto &marco = Pantalla<FrmPrincipal>();
     marco.Mostrar();
     esperarVentana(marco.ventana.get());
-    foto(marco.ventana.get(), QStringLiteral("menu"));
+    foto(marco.ventana.get(), u"menu"_s);
 }
 
 TEST_P(Capturas, Operations) {
@@ -56,9 +58,9 @@ TEST_P(Capturas, Operations) {
     navegador.Mostrar();
     esperarVentana(navegador.ventana.get());
     tecla(Qt::Key_Return);
-    foto(navegador.ventana.get(), QStringLiteral("operaciones"));
+    foto(navegador.ventana.get(), u"operaciones"_s);
     navegador.ui.cboAgruparPor->setCurrentIndex(1);
-    foto(navegador.ventana.get(), QStringLiteral("operaciones-agrupadas"));
+    foto(navegador.ventana.get(), u"operaciones-agrupadas"_s);
 }
 
 TEST_P(Capturas, OperationOfAnImportAnExportAndADjai) {
@@ -78,9 +80,9 @@ TEST_P(Capturas, Assembly) {
         const Avance &ultimo = registro.avances.back();
         if (ultimo.tipo != Avance::Tipo::PasoCorriendo || ultimo.paso != 6) return;
         tomada = true;
-        foto(Pantalla<FrmArmarItem>().ventana.get(), QStringLiteral("armado"));
+        foto(Pantalla<FrmArmarItem>().ventana.get(), u"armado"_s);
     };
-    ctx->ChequeoArmado = QStringLiteral("SI");
+    ctx->ChequeoArmado = u"SI"_s;
     Pantalla<FrmArmarItem>().Mostrar(importacion, {});
     hasta([] { return !PantallaAbierta<FrmArmarItem>(); });
     EXPECT_TRUE(tomada);
@@ -92,9 +94,9 @@ TEST_P(Capturas, ItemsAndLiquidation) {
         auto &items = Pantalla<FrmVerItem>();
         items.Mostrar(interno);
         esperarVentana(items.ventana.get());
-        foto(items.ventana.get(), QStringLiteral("liquidacion") + QLatin1String(sufijo));
+        foto(items.ventana.get(), u"liquidacion"_s + QLatin1String(sufijo));
         tecla(Qt::Key_PageDown);
-        foto(items.ventana.get(), QStringLiteral("liquidacion-item") + QLatin1String(sufijo));
+        foto(items.ventana.get(), u"liquidacion-item"_s + QLatin1String(sufijo));
         const std::pair<int, const char *> solapas[] = {{Qt::Key_F1, "item"},
                                                         {Qt::Key_F2, "item-subitems"},
                                                         {Qt::Key_F3, "item-informacion"},
@@ -110,31 +112,30 @@ TEST_P(Capturas, ItemsAndLiquidation) {
 
 TEST_P(Capturas, Reports) {
     auto &datos = Pantalla<FrmMostrarDatos>();
-    datos.Cargar({QStringLiteral("Posiciones con sufijos incorrectos"),
-                  QStringLiteral("8413.70.10.100L   XX99-\r\n8481.80.92.000P   AA07-\r\n"), false});
+    datos.Cargar({u"Posiciones con sufijos incorrectos"_s,
+                  u"8413.70.10.100L   XX99-\r\n8481.80.92.000P   AA07-\r\n"_s, false});
     datos.ventana->show();
     esperarVentana(datos.ventana.get());
-    foto(datos.ventana.get(), QStringLiteral("informe"));
+    foto(datos.ventana.get(), u"informe"_s);
     tecla(Qt::Key_Escape);
     auto &diferencias = Pantalla<Frm_ComprobacionErrores>();
-    diferencias.Cargar(
-        {QStringLiteral("Zendra v3 - Reporte de Diferencias Encontradas."),
-         QStringLiteral("Item: 1 Verificacion OK\r\nItem: 2(Pais Origen ITEM=203) difiere de (Pais Origen "
-                        "Caratula=438) - Forzar ACTIVADO"),
-         true});
+    diferencias.Cargar({u"Zendra v3 - Reporte de Diferencias Encontradas."_s,
+                        u"Item: 1 Verificacion OK\r\nItem: 2(Pais Origen ITEM=203) difiere de (Pais Origen "
+                        "Caratula=438) - Forzar ACTIVADO"_s,
+                        true});
     diferencias.ventana->show();
     esperarVentana(diferencias.ventana.get());
-    foto(diferencias.ventana.get(), QStringLiteral("diferencias"));
+    foto(diferencias.ventana.get(), u"diferencias"_s);
     tecla(Qt::Key_Escape);
 }
 
 TEST_P(Capturas, ChoiceOfProfileAndAutomotiveQuestion) {
     auto &perfiles = Pantalla<FrmPerfiles>();
-    perfiles.Cargar({{QStringLiteral("Local"), QStringLiteral("/home/despachos/Local.perfil.ini")},
-                     {QStringLiteral("Oficina"), QStringLiteral("/home/despachos/Oficina.perfil.ini")}});
+    perfiles.Cargar({{u"Local"_s, u"/home/despachos/Local.perfil.ini"_s},
+                     {u"Oficina"_s, u"/home/despachos/Oficina.perfil.ini"_s}});
     perfiles.ventana->show();
     esperarVentana(perfiles.ventana.get());
-    foto(perfiles.ventana.get(), QStringLiteral("perfiles"));
+    foto(perfiles.ventana.get(), u"perfiles"_s);
     tecla(Qt::Key_Escape);
     bool vista = false;
     ctx->dialogos.preguntarConOpciones = [&](const PreguntaConOpciones &pregunta) {
@@ -142,33 +143,33 @@ TEST_P(Capturas, ChoiceOfProfileAndAutomotiveQuestion) {
         automotriz.Cargar(pregunta);
         automotriz.ventana->show();
         esperarVentana(automotriz.ventana.get());
-        foto(automotriz.ventana.get(), QStringLiteral("automotriz"));
+        foto(automotriz.ventana.get(), u"automotriz"_s);
         vista = true;
         tecla(Qt::Key_Escape);
         return RespuestaConOpciones();
     };
     // Asked where the liquidation of the automotive import is first calculated.
-    armar(QStringLiteral("ICR-2026-0005"));
-    Pantalla<FrmVerItem>().Mostrar(QStringLiteral("ICR-2026-0005"));
+    armar(u"ICR-2026-0005"_s);
+    Pantalla<FrmVerItem>().Mostrar(u"ICR-2026-0005"_s);
     EXPECT_TRUE(vista);
 }
 
 TEST_P(Capturas, MessageAndQuestion) {
     conDialogosDeVerdad();
     conVentanaModal([](QWidget *modal) {
-        foto(modal, QStringLiteral("mensaje"));
+        foto(modal, u"mensaje"_s);
         QTest::keyClick(modal, Qt::Key_Escape);
     });
-    ctx->dialogos.informar(QStringLiteral("Se han encontrado posiciones con LAPI"));
+    ctx->dialogos.informar(u"Se han encontrado posiciones con LAPI"_s);
     conVentanaModal([](QWidget *modal) {
-        foto(modal, QStringLiteral("pregunta"));
+        foto(modal, u"pregunta"_s);
         QTest::keyClick(modal, Qt::Key_Escape);
     });
     Pregunta pregunta;
-    pregunta.titulo = QStringLiteral("Diferencias en Operacion - Confirmacion de la Operacion");
-    pregunta.texto = QStringLiteral(
-        "ADVERTENCIA IMPORTANTE!!!\r\n\r\nSe han encontrado diferencias entre la operacion cargada,\r\ny la "
-        "informacion a enviar al SIM, ¿desea continuar?");
+    pregunta.titulo = u"Diferencias en Operacion - Confirmacion de la Operacion"_s;
+    pregunta.texto =
+        u"ADVERTENCIA IMPORTANTE!!!\r\n\r\nSe han encontrado diferencias entre la operacion cargada,\r\ny la "
+        "informacion a enviar al SIM, ¿desea continuar?"_s;
     pregunta.porDefectoNo = true;
     ctx->dialogos.preguntar(pregunta);
 }

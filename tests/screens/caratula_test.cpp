@@ -5,30 +5,32 @@
 #include <QApplication>
 #include <QTest>
 
-#include "assembly/FrmABMProrrateos.h"
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
+#include "header/FrmABMProrrateos.h"
 #include "header/FrmCaratula.h"
+#include "header/FrmClientes.h"
 #include "header/FrmListado.h"
 #include "header/FrmListadoDespachante.h"
 #include "header/FrmLstDiv.h"
 #include "header/FrmLstVendedores.h"
 #include "operations/FrmDetalleInterno.h"
-#include "siblings/FrmClientes.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString importacion = QStringLiteral("IC-2026-0001");
-const QString exportacion = QStringLiteral("EC-2026-0002");
-const QString djai = QStringLiteral("DJAI-2026-0004");
+const QString importacion = u"IC-2026-0001"_s;
+const QString exportacion = u"EC-2026-0002"_s;
+const QString djai = u"DJAI-2026-0004"_s;
 
 class PantallaDeCaratula : public EnPantalla {
  protected:
     void SetUp() override {
         EnPantalla::SetUp();
-        numeros::fijarSeparadorDecimal(QLatin1Char(','));
+        ctx->SeparadorDecimal = QLatin1Char(',');
     }
     FrmCaratula &mostrar(const QString &interno = importacion) {
         auto &pantalla = Pantalla<FrmCaratula>();
@@ -48,8 +50,7 @@ class PantallaDeCaratula : public EnPantalla {
         tecla(Qt::Key_Return);
     }
     QString guardado(const char *columna, const QString &interno = importacion) {
-        return valor(QStringLiteral("select %1 from caratula where interno = '%2'")
-                         .arg(QLatin1String(columna), interno));
+        return valor(u"select %1 from caratula where interno = '%2'"_s.arg(QLatin1String(columna), interno));
     }
     std::string ultimo() const {
         return registro.mensajes.empty() ? "<ninguno>" : registro.mensajes.back().texto.toStdString();
@@ -58,32 +59,32 @@ class PantallaDeCaratula : public EnPantalla {
 };
 
 TEST_P(PantallaDeCaratula, TheDashboardOpensItAndGoesOnToTheLines) {
-    ejecutar(QStringLiteral("update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"));
+    ejecutar(u"update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"_s);
     auto &tablero = abrir(importacion);
     teclaEn(tablero.ui.cmdCaratula, Qt::Key_Space);
     ASSERT_TRUE(PantallaAbierta<FrmCaratula>());
     auto &ui = Pantalla<FrmCaratula>().ui;
     esperarVentana(Pantalla<FrmCaratula>().ventana.get());
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtSubReg);
-    teclear(ui.Txtfobdivisas, QStringLiteral("35950"));
-    EXPECT_EQ(ui.Txtfobdivisas->text(), QStringLiteral("35950,00"));
+    teclear(ui.Txtfobdivisas, u"35950"_s);
+    EXPECT_EQ(ui.Txtfobdivisas->text(), u"35950,00"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmCaratula>());
     esperarVentana(tablero.ventana.get());
-    EXPECT_EQ(tablero.ui.LbEstadoCaratula->text(), QStringLiteral("COMPLETO!"));
+    EXPECT_EQ(tablero.ui.LbEstadoCaratula->text(), u"COMPLETO!"_s);
     EXPECT_EQ(QApplication::focusWidget(), tablero.ui.CmdSubItems);
     EXPECT_EQ(ultimo(), "<ninguno>");
 }
 
 TEST_P(PantallaDeCaratula, LoadingMarksNothingAndATypedLetterMarksTheOperation) {
-    ejecutar(QStringLiteral("update caratula set factura8 = 'N' where interno = 'IC-2026-0001'"));
+    ejecutar(u"update caratula set factura8 = 'N' where interno = 'IC-2026-0001'"_s);
     auto &ui = mostrar().ui;
-    EXPECT_EQ(guardado("factura8"), QStringLiteral("N"));
-    EXPECT_EQ(ui.TxtNombre->text(), QStringLiteral("HIDRAULICA DEL PLATA S.A."));
-    EXPECT_EQ(ui.TxtAduana1->text().trimmed(), QStringLiteral("BUENOS AIRES"));
+    EXPECT_EQ(guardado("factura8"), u"N"_s);
+    EXPECT_EQ(ui.TxtNombre->text(), u"HIDRAULICA DEL PLATA S.A."_s);
+    EXPECT_EQ(ui.TxtAduana1->text().trimmed(), u"BUENOS AIRES"_s);
     ui.txtAnexo_Vendedor->setFocus();
-    escribir(QStringLiteral("A"));
-    EXPECT_EQ(guardado("factura8"), QStringLiteral("S"));
+    escribir(u"A"_s);
+    EXPECT_EQ(guardado("factura8"), u"S"_s);
 }
 
 TEST_P(PantallaDeCaratula, TheRegimeDecidesWhatIsShown) {
@@ -92,18 +93,18 @@ TEST_P(PantallaDeCaratula, TheRegimeDecidesWhatIsShown) {
     EXPECT_TRUE(ui.txtDATOCOMPRADOR->isVisible());
     EXPECT_FALSE(ui.txtFechaEmbarque->isVisible());
     EXPECT_FALSE(ui.gbDJAI->isVisible());
-    teclear(ui.TxtSubReg, QStringLiteral("IC04"));
+    teclear(ui.TxtSubReg, u"IC04"_s);
     EXPECT_FALSE(ui.TxtIdpais->isVisible());
     EXPECT_FALSE(ui.rotulo_TxtIdpais->isVisible()) << "a label hides with its control";
     EXPECT_FALSE(ui.txtDATOCOMPRADOR->isVisible());
     EXPECT_TRUE(ui.txtFechaEmbarque->isVisible());
     EXPECT_TRUE(ui.txtDCBancos->isVisible());
-    teclear(ui.TxtSubReg, QStringLiteral("DJAI"));
+    teclear(ui.TxtSubReg, u"DJAI"_s);
     EXPECT_TRUE(ui.gbDJAI->isVisible());
 }
 
 TEST_P(PantallaDeCaratula, ARegimeWithNoRowLeavesEveryControlAsTheLastRegimeLeftIt) {
-    ejecutar(QStringLiteral("delete from dest where subreg = 'IC05'"), QStringLiteral("USUARIO"));
+    ejecutar(u"delete from dest where subreg = 'IC05'"_s, u"USUARIO"_s);
     auto &pantalla = mostrar();
     const auto visibles = [&pantalla] {
         QStringList nombres;
@@ -114,20 +115,20 @@ TEST_P(PantallaDeCaratula, ARegimeWithNoRowLeavesEveryControlAsTheLastRegimeLeft
         return nombres.join(QLatin1Char(' ')).toStdString();
     };
     const std::string antes = visibles();
-    teclear(pantalla.ui.TxtSubReg, QStringLiteral("IC05"));
+    teclear(pantalla.ui.TxtSubReg, u"IC05"_s);
     EXPECT_EQ(visibles(), antes);
 }
 
 TEST_P(PantallaDeCaratula, AHiddenFieldWritesEmptyOrZeroSoAChangedRegimeDiscardsIt) {
-    ASSERT_EQ(guardado("fletedivisas"), QStringLiteral("2350"));
+    ASSERT_EQ(guardado("fletedivisas"), u"2350"_s);
     auto &ui = mostrar().ui;
-    teclear(ui.TxtSubReg, QStringLiteral("EC01"));
+    teclear(ui.TxtSubReg, u"EC01"_s);
     EXPECT_FALSE(ui.Txtfletedivisas->isVisible());
     EXPECT_FALSE(ui.rotulo_Txtfletedivisas->isVisible());
     tecla(Qt::Key_Escape);
     ASSERT_FALSE(PantallaAbierta<FrmCaratula>()) << ultimo();
-    EXPECT_EQ(guardado("idsubreg"), QStringLiteral("EC01"));
-    EXPECT_EQ(guardado("fletedivisas"), QStringLiteral("0"));
+    EXPECT_EQ(guardado("idsubreg"), u"EC01"_s);
+    EXPECT_EQ(guardado("fletedivisas"), u"0"_s);
     EXPECT_EQ(guardado("fletecoddivisas"), QString());
     EXPECT_EQ(guardado("idvendedor"), QString());
 }
@@ -136,25 +137,25 @@ TEST_P(PantallaDeCaratula, FiguresFollowWhileTyping) {
     auto &ui = mostrar().ui;
     ui.Txtfletedivisas->setFocus();
     ui.Txtfletedivisas->selectAll();
-    escribir(QStringLiteral("100"));
-    EXPECT_EQ(ui.TxtDolFlete->text(), QStringLiteral("100,00")) << "the dollar's rate is 1";
+    escribir(u"100"_s);
+    EXPECT_EQ(ui.TxtDolFlete->text(), u"100,00"_s) << "the dollar's rate is 1";
     // 35,950.00 at 1.085 is 39,005.75; with 100.00 of freight and 420.00 of proration codes the base is
     // 39,525.75: one percent is 395.26, which at 1.27 is 311.23.
     ui.txtPorc->setFocus();
     ui.txtPorc->selectAll();
-    escribir(QStringLiteral("1"));
-    EXPECT_EQ(ui.TxtDolSeguro->text(), QStringLiteral("395,26"));
-    EXPECT_EQ(ui.Txtsegurodivisas->text(), QStringLiteral("311,23"));
+    escribir(u"1"_s);
+    EXPECT_EQ(ui.TxtDolSeguro->text(), u"395,26"_s);
+    EXPECT_EQ(ui.Txtsegurodivisas->text(), u"311,23"_s);
 }
 
 TEST_P(PantallaDeCaratula, AValueToProrateTakesTheButtonOfTheCodesAway) {
     auto &ui = mostrar().ui;
     ui.TxtProrratear->setFocus();
     ui.TxtProrratear->selectAll();
-    escribir(QStringLiteral("5"));
+    escribir(u"5"_s);
     EXPECT_FALSE(ui.CmdProrrat->isEnabled());
     ui.TxtProrratear->selectAll();
-    escribir(QStringLiteral("0"));
+    escribir(u"0"_s);
     EXPECT_TRUE(ui.CmdProrrat->isEnabled());
 }
 
@@ -180,47 +181,46 @@ TEST_P(PantallaDeCaratula, F6OpensTheListsOfCodesAndOfParties) {
         esperarVentana(pantalla.ventana.get());
     };
     conPantallaModal<FrmListado>([](FrmListado &) {
-        escribir(QStringLiteral("mendoza"));
+        escribir(u"mendoza"_s);
         tecla(Qt::Key_Return);
     });
     f6(ui.txtIdAduana1);
-    EXPECT_EQ(ui.txtIdAduana1->text(), QStringLiteral("038"));
-    EXPECT_EQ(ui.TxtAduana1->text().trimmed(), QStringLiteral("MENDOZA"));
+    EXPECT_EQ(ui.txtIdAduana1->text(), u"038"_s);
+    EXPECT_EQ(ui.TxtAduana1->text().trimmed(), u"MENDOZA"_s);
     conPantallaModal<FrmListadoDespachante>([](FrmListadoDespachante &) {
-        escribir(QStringLiteral("bian"));
+        escribir(u"bian"_s);
         tecla(Qt::Key_Return);
     });
     f6(ui.TxtCuitAduana);
-    EXPECT_EQ(ui.TxtNombreadu->text(), QStringLiteral("BIANCHI SILVIA NOEMI"));
+    EXPECT_EQ(ui.TxtNombreadu->text(), u"BIANCHI SILVIA NOEMI"_s);
     conPantallaModal<FrmClientes>([](FrmClientes &) {
-        escribir(QStringLiteral("bodega"));
+        escribir(u"bodega"_s);
         tecla(Qt::Key_Return);
     });
     f6(ui.TxtCUITCliente);
-    EXPECT_EQ(ui.TxtNombre->text(), QStringLiteral("BODEGA PIEDRA CHICA S.R.L."));
+    EXPECT_EQ(ui.TxtNombre->text(), u"BODEGA PIEDRA CHICA S.R.L."_s);
     conPantallaModal<FrmLstVendedores>([](FrmLstVendedores &) { tecla(Qt::Key_Escape); });
     f6(ui.Txtidvendedor);
-    EXPECT_EQ(ui.Txtidvendedor->text(), QStringLiteral("V001")) << "left by ESC it stays";
-    EXPECT_EQ(guardado("factura8"), QStringLiteral("S"));
+    EXPECT_EQ(ui.Txtidvendedor->text(), u"V001"_s) << "left by ESC it stays";
+    EXPECT_EQ(guardado("factura8"), u"S"_s);
 }
 
 TEST_P(PantallaDeCaratula, InvoicesAreAddedOnceAndDeletedFromTheirList) {
     auto &ui = mostrar().ui;
-    teclear(ui.TxtFactura, QStringLiteral("NUEVA-1"));
+    teclear(ui.TxtFactura, u"NUEVA-1"_s);
     EXPECT_EQ(ui.LstFact->count(), 4);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtFactura) << "ready for the next one";
-    teclear(ui.TxtFactura, QStringLiteral("NUEVA-1"));
+    teclear(ui.TxtFactura, u"NUEVA-1"_s);
     EXPECT_EQ(ultimo(), "Ya existe esta factura.");
     EXPECT_EQ(ui.LstFact->count(), 4);
     ui.LstFact->setCurrentRow(0);
     teclaEn(ui.LstFact, Qt::Key_Delete);
-    EXPECT_EQ(
-        filas(QStringLiteral("select factura from facturas where interno = 'IC-2026-0001' order by orden")),
-        QStringLiteral("NP-88121\nTV-2026-014\nNUEVA-1"));
+    EXPECT_EQ(filas(u"select factura from facturas where interno = 'IC-2026-0001' order by orden"_s),
+              u"NP-88121\nTV-2026-014\nNUEVA-1"_s);
 }
 
 TEST_P(PantallaDeCaratula, WithoutInvoicesOnlyAnExportForConsumptionCloses) {
-    ejecutar(QStringLiteral("delete from facturas"));
+    ejecutar(u"delete from facturas"_s);
     mostrar(importacion);
     tecla(Qt::Key_Escape);
     EXPECT_EQ(ultimo(), "Faltan Facturas.");
@@ -239,10 +239,10 @@ TEST_P(PantallaDeCaratula, ARefusedSaveStaysOrAsksWhetherToLeave) {
     tecla(Qt::Key_Escape);
     EXPECT_EQ(ultimo(), "Debe ingresar el CUIT de DESPACHANTE");
     ASSERT_TRUE(PantallaAbierta<FrmCaratula>());
-    teclear(ui.TxtCuitAduana, QStringLiteral("20167890122"));
+    teclear(ui.TxtCuitAduana, u"20167890122"_s);
     ui.Txtfobdivisas->setFocus();
     ui.Txtfobdivisas->selectAll();
-    escribir(QStringLiteral("x"));
+    escribir(u"x"_s);
     tecla(Qt::Key_Escape);
     EXPECT_EQ(ultimo(), "El valor FOB debe ser un valor númerico");
     ASSERT_EQ(registro.preguntas.size(), 1U);
@@ -252,7 +252,7 @@ TEST_P(PantallaDeCaratula, ARefusedSaveStaysOrAsksWhetherToLeave) {
     registro.respuestas.push_back(true);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmCaratula>());
-    EXPECT_EQ(guardado("fobdivisas"), QStringLiteral("35950")) << "nothing was written";
+    EXPECT_EQ(guardado("fobdivisas"), u"35950"_s) << "nothing was written";
     EXPECT_EQ(cierres, 1);
 }
 
@@ -262,21 +262,19 @@ TEST_P(PantallaDeCaratula, UnderDjaiFreightAndInsuranceAreNotCheckedAndAnEmptyOn
     tecla(Qt::Key_Escape);
     EXPECT_EQ(ultimo(), "<ninguno>");
     EXPECT_FALSE(PantallaAbierta<FrmCaratula>());
-    EXPECT_EQ(guardado("fletedivisas", djai), QStringLiteral("0"));
-    EXPECT_EQ(guardado("segurodivisas", djai), QStringLiteral("0"));
+    EXPECT_EQ(guardado("fletedivisas", djai), u"0"_s);
+    EXPECT_EQ(guardado("segurodivisas", djai), u"0"_s);
 }
 
 TEST_P(PantallaDeCaratula, ManyInvoicesAreCutInTheRowAndWholeInTheTable) {
     auto &ui = mostrar().ui;
-    for (int n = 0; n < 8; ++n) teclear(ui.TxtFactura, QStringLiteral("FACTURA-000%1").arg(n));
+    for (int n = 0; n < 8; ++n) teclear(ui.TxtFactura, u"FACTURA-000%1"_s.arg(n));
     tecla(Qt::Key_Escape);
     ASSERT_FALSE(PantallaAbierta<FrmCaratula>()) << ultimo();
     // "NP-88120,NP-88121,TV-2026-014," is 30 characters; four more of 13 make 82, cut to 80 and then to 79.
-    EXPECT_EQ(
-        guardado("factura1"),
-        QStringLiteral("NP-88120,NP-88121,TV-2026-014,FACTURA-0000,FACTURA-0001,FACTURA-0002,FACTURA-00"));
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from facturas where interno = 'IC-2026-0001'")),
-              QStringLiteral("11"));
+    EXPECT_EQ(guardado("factura1"),
+              u"NP-88120,NP-88121,TV-2026-014,FACTURA-0000,FACTURA-0001,FACTURA-0002,FACTURA-00"_s);
+    EXPECT_EQ(valor(u"select count(*) from facturas where interno = 'IC-2026-0001'"_s), u"11"_s);
 }
 
 TEST_P(PantallaDeCaratula, TickingACommonDatumToForceItWarns) {
@@ -292,7 +290,7 @@ TEST_P(PantallaDeCaratula, TickingACommonDatumToForceItWarns) {
 
 TEST_P(PantallaDeCaratula, AWrongLetterOfRoyaltiesIsErased) {
     auto &ui = mostrar().ui;
-    teclear(ui.TxtDCRegalias, QStringLiteral("X"));
+    teclear(ui.TxtDCRegalias, u"X"_s);
     EXPECT_EQ(ultimo(), "No ingresó valores válidos (S/N)");
     EXPECT_TRUE(ui.TxtDCRegalias->text().isEmpty());
 }
@@ -301,19 +299,18 @@ TEST_P(PantallaDeCaratula, TheCommentIsKeptWhenItsScreenCloses) {
     auto &pantalla = mostrar();
     conPantallaModal<FrmLstDiv>([](FrmLstDiv &comentario) {
         comentario.ui.TxtCom->selectAll();
-        escribir(QStringLiteral("Revisar el seguro"));
-        foto(comentario.ventana.get(), QStringLiteral("comentarios"));
+        escribir(u"Revisar el seguro"_s);
+        foto(comentario.ventana.get(), u"comentarios"_s);
         tecla(Qt::Key_Escape);
     });
     tecla(Qt::Key_F9);
     esperarVentana(pantalla.ventana.get());
-    EXPECT_EQ(valor(QStringLiteral("select coment from coment where interno = 'IC-2026-0001'"),
-                    QStringLiteral("SYSTABLAS")),
-              QStringLiteral("Revisar el seguro"));
+    EXPECT_EQ(valor(u"select coment from coment where interno = 'IC-2026-0001'"_s, u"SYSTABLAS"_s),
+              u"Revisar el seguro"_s);
 }
 
 TEST_P(PantallaDeCaratula, AnOperationWithoutAHeaderIsToldAndNothingOpens) {
-    Pantalla<FrmCaratula>().Mostrar(QStringLiteral("NO ESTA"));
+    Pantalla<FrmCaratula>().Mostrar(u"NO ESTA"_s);
     EXPECT_EQ(ultimo(), "No se encontro Interno en base de datos");
     EXPECT_FALSE(PantallaAbierta<FrmCaratula>());
 }
@@ -325,7 +322,7 @@ class CapturasDeCaratula : public PantallaDeCaratula {};
 TEST_P(CapturasDeCaratula, OfAnImportAnExportADjaiAndATemporaryImport) {
     for (const auto &[interno, nombre] :
          {std::pair(importacion, "caratula"), std::pair(exportacion, "caratula-expo"),
-          std::pair(djai, "caratula-djai"), std::pair(QStringLiteral("IT-2026-0003"), "caratula-temporal")}) {
+          std::pair(djai, "caratula-djai"), std::pair(u"IT-2026-0003"_s, "caratula-temporal")}) {
         auto &pantalla = mostrar(interno);
         foto(pantalla.ventana.get(), QLatin1String(nombre));
         CerrarPantalla<FrmCaratula>();

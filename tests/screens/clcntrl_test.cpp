@@ -12,8 +12,10 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "frame/numbers.h"
+#include "frame/context.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -63,31 +65,32 @@ TEST_F(Campos, WhileNavigationIsBlockedTheArrowsStay) {
 }
 
 TEST_F(Campos, AFieldTaggedNoenterKeepsItsKeys) {
-    uno.setProperty("tag", QStringLiteral("NOENTER"));
+    uno.setProperty("tag", u"NOENTER"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), &uno);
 }
 
 TEST_F(Campos, TheKeypadsDecimalKeyWritesTheWorkstationsSeparator) {
-    const QChar anterior = numeros::separadorDecimal();
-    numeros::fijarSeparadorDecimal(QLatin1Char(','));
-    escribir(QStringLiteral("12"));
+    AppContext ctx;
+    ctx.SeparadorDecimal = QLatin1Char(',');
+    fijarContexto(&ctx);
+    escribir(u"12"_s);
     tecla(Qt::Key_Period, Qt::KeypadModifier);
-    escribir(QStringLiteral("5"));
-    EXPECT_EQ(uno.text(), QStringLiteral("12,5"));
-    numeros::fijarSeparadorDecimal(anterior);
+    escribir(u"5"_s);
+    EXPECT_EQ(uno.text(), u"12,5"_s);
+    fijarContexto(nullptr);
 }
 
 TEST_F(Campos, TheFieldInHandHasItsColourAndItsTextSelected) {
-    dos.setText(QStringLiteral("abc"));
+    dos.setText(u"abc"_s);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(dos.selectedText(), QStringLiteral("abc"));
+    EXPECT_EQ(dos.selectedText(), u"abc"_s);
     EXPECT_EQ(fondo(dos), ClCntrl::colorEnFoco());
     EXPECT_EQ(fondo(uno), QApplication::palette().color(QPalette::Base));
 }
 
 TEST_F(Campos, AFieldWithAListHasItsOwnColour) {
-    dos.setProperty("tag", QStringLiteral("LL-PAIS#F6"));
+    dos.setProperty("tag", u"LL-PAIS#F6"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(fondo(dos), ClCntrl::colorF6());
     // 14083326 is D6 E4 FE, blue first.
@@ -95,7 +98,7 @@ TEST_F(Campos, AFieldWithAListHasItsOwnColour) {
 }
 
 TEST_F(Campos, AFieldTaggedWithBbKeepsItsColour) {
-    dos.setProperty("tag", QStringLiteral("BBKG"));
+    dos.setProperty("tag", u"BBKG"_s);
     const QColor antes = fondo(dos);
     tecla(Qt::Key_Return);
     EXPECT_EQ(fondo(dos), antes);
@@ -104,30 +107,30 @@ TEST_F(Campos, AFieldTaggedWithBbKeepsItsColour) {
 TEST_F(Campos, ChangesAreHeardOnlyWhileTheFlagIsOn) {
     int cambios = 0;
     ClCntrl::alCambiar(&uno, [&cambios] { ++cambios; });
-    uno.setText(QStringLiteral("a"));
+    uno.setText(u"a"_s);
     EXPECT_EQ(cambios, 0);
     ClCntrl::banderaDeCambios() = true;
-    escribir(QStringLiteral("b"));
+    escribir(u"b"_s);
     EXPECT_EQ(cambios, 1);
 }
 
 TEST_F(Campos, APrefixFindsItsRowWithoutRegardToCase) {
     QListWidget lista;
-    lista.addItems({QStringLiteral("ALEMANIA"), QStringLiteral("BRASIL"), QStringLiteral("BRUNEI")});
-    ClCntrl::LstBuscarStr(&lista, QStringLiteral("br"));
+    lista.addItems({u"ALEMANIA"_s, u"BRASIL"_s, u"BRUNEI"_s});
+    ClCntrl::LstBuscarStr(&lista, u"br"_s);
     EXPECT_EQ(lista.currentRow(), 1);
-    ClCntrl::LstBuscarStr(&lista, QStringLiteral("bru"));
+    ClCntrl::LstBuscarStr(&lista, u"bru"_s);
     EXPECT_EQ(lista.currentRow(), 2);
-    ClCntrl::LstBuscarStr(&lista, QStringLiteral("x"));
+    ClCntrl::LstBuscarStr(&lista, u"x"_s);
     EXPECT_EQ(lista.currentRow(), -1);
     QComboBox caja;
-    caja.addItems({QStringLiteral("FOB"), QStringLiteral("CIF")});
-    ClCntrl::BuscarCBO(&caja, QStringLiteral("CI"));
+    caja.addItems({u"FOB"_s, u"CIF"_s});
+    ClCntrl::BuscarCBO(&caja, u"CI"_s);
     EXPECT_EQ(caja.currentIndex(), 1);
 }
 
 TEST_F(Campos, ABoxOfSeveralLinesIsSelectedInHandAndHeardWhenItChanges) {
-    QPlainTextEdit varias(QStringLiteral("c\nd"), &formulario);
+    QPlainTextEdit varias(u"c\nd"_s, &formulario);
     varias.setProperty("tag", "NOENTER");
     int cambios = 0;
     ClCntrl::Vincular(&varias);
@@ -138,18 +141,18 @@ TEST_F(Campos, ABoxOfSeveralLinesIsSelectedInHandAndHeardWhenItChanges) {
     EXPECT_EQ(varias.palette().color(QPalette::Base), ClCntrl::colorEnFoco());
     uno.setFocus();
     EXPECT_FALSE(varias.textCursor().hasSelection());
-    varias.setPlainText(QStringLiteral("e"));
+    varias.setPlainText(u"e"_s);
     EXPECT_EQ(cambios, 0);
     ClCntrl::banderaDeCambios() = true;
-    varias.setPlainText(QStringLiteral("f"));
+    varias.setPlainText(u"f"_s);
     EXPECT_EQ(cambios, 1);
     ClCntrl::banderaDeCambios() = false;
 }
 
 TEST_F(Campos, EveryTextOfAFormIsEmptied) {
-    uno.setText(QStringLiteral("a"));
-    tres.setText(QStringLiteral("b"));
-    QPlainTextEdit varias(QStringLiteral("c\nd"), &formulario);
+    uno.setText(u"a"_s);
+    tres.setText(u"b"_s);
+    QPlainTextEdit varias(u"c\nd"_s, &formulario);
     ClCntrl::VaciarTxt(&formulario);
     EXPECT_TRUE(varias.toPlainText().isEmpty());
     EXPECT_TRUE(uno.text().isEmpty());

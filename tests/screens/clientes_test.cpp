@@ -6,15 +6,17 @@
 #include <QTest>
 
 #include "frame/ui/Pantalla.h"
+#include "header/FrmCliente.h"
+#include "header/FrmClientes.h"
 #include "header/FrmListado.h"
-#include "siblings/FrmCliente.h"
-#include "siblings/FrmClientes.h"
 #include "tests/support/pantallas.h"
 #include "tests/support/tiempos.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString personal = QStringLiteral("PERSONAL");
+const QString personal = u"PERSONAL"_s;
 
 QString enMano(const QTableWidget *grilla, int columna) {
     const int fila = grilla->currentRow();
@@ -42,8 +44,8 @@ class LibroEnPantalla : public EnPantalla {
         for (int i = 0; i < veces; ++i) tecla(Qt::Key_Return);
     }
     QString ventajas(const QString &cuit) {
-        return filas(QLatin1String("select idventaja,idsubregimen,ncm from ventajasrel where cuit = '") +
-                         cuit + QLatin1String("' order by idventaja"),
+        return filas("select idventaja,idsubregimen,ncm from ventajasrel where cuit = '"_L1 + cuit +
+                         "' order by idventaja"_L1,
                      personal);
     }
 };
@@ -51,15 +53,15 @@ class LibroEnPantalla : public EnPantalla {
 TEST_P(LibroEnPantalla, ANewClientIsKeyedWithEveryColumnByEnterAlone) {
     auto &libro = mostrar();
     enLaFicha(Qt::Key_Insert, [this](FrmCliente &ficha) {
-        EXPECT_EQ(ficha.ventana->windowTitle(), QStringLiteral("Agregar cliente"));
+        EXPECT_EQ(ficha.ventana->windowTitle(), u"Agregar cliente"_s);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtCuit);
-        escribir(QStringLiteral("30-12345678-1"));
+        escribir(u"30-12345678-1"_s);
         enter(1);
-        escribir(QStringLiteral("PEÑA D'ONOFRIO S.A."));
+        escribir(u"PEÑA D'ONOFRIO S.A."_s);
         enter(1);
-        escribir(QStringLiteral("a@b.example"));
+        escribir(u"a@b.example"_s);
         enter(1);
-        escribir(QStringLiteral("Calle 1"));
+        escribir(u"Calle 1"_s);
         enter(1);
         for (const char *porcentaje : {"1,5", "2", "3"}) {
             escribir(QString(QLatin1String(porcentaje)));
@@ -68,16 +70,16 @@ TEST_P(LibroEnPantalla, ANewClientIsKeyedWithEveryColumnByEnterAlone) {
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.chkEximGan);
         tecla(Qt::Key_Space);
         enter(1);
-        escribir(QStringLiteral("40"));
+        escribir(u"40"_s);
         enter(1);
-        escribir(QStringLiteral("41"));
+        escribir(u"41"_s);
         enter(1);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.chkIvaReduccion);
         tecla(Qt::Key_Space);
         enter(1);
-        escribir(QStringLiteral("50"));
+        escribir(u"50"_s);
         enter(1);
-        escribir(QStringLiteral("51"));
+        escribir(u"51"_s);
         enter(1);
         tecla(Qt::Key_Space);
         enter(1);
@@ -85,25 +87,24 @@ TEST_P(LibroEnPantalla, ANewClientIsKeyedWithEveryColumnByEnterAlone) {
         tecla(Qt::Key_Space);
         enter(1);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
-        escribir(QStringLiteral("vehiculopartes"));
-        EXPECT_EQ(ficha.ui.LbVentaja->text(), QStringLiteral("Partes del régimen automotriz"));
+        escribir(u"vehiculopartes"_s);
+        EXPECT_EQ(ficha.ui.LbVentaja->text(), u"Partes del régimen automotriz"_s);
         enter(1);
-        escribir(QStringLiteral("ic04"));
+        escribir(u"ic04"_s);
         enter(1);
-        EXPECT_EQ(ficha.ui.LbSubReg->text(), QStringLiteral("Importación definitiva para consumo"));
-        escribir(QStringLiteral("8708"));
+        EXPECT_EQ(ficha.ui.LbSubReg->text(), u"Importación definitiva para consumo"_s);
+        escribir(u"8708"_s);
         enter(2);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja) << "ready for the next one";
-        EXPECT_EQ(enMano(ficha.ui.GrdVentajas, 0), QStringLiteral("VEHICULOPARTES"));
+        EXPECT_EQ(enMano(ficha.ui.GrdVentajas, 0), u"VEHICULOPARTES"_s);
         enter(4);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.cmdGuardar) << "nothing to add goes on";
         enter(1);
     });
-    EXPECT_EQ(enMano(libro.ui.Lst, 1), QStringLiteral("30123456781")) << "the new client is in hand";
-    EXPECT_EQ(
-        filas(QStringLiteral("select * from clientes where cuit = '30123456781'"), personal),
-        QStringLiteral("30123456781|PEÑA D'ONOFRIO S.A.|Calle 1|a@b.example|1.5|2|S|40|41|S|50|51|S|3|S"));
-    EXPECT_EQ(ventajas(QStringLiteral("30123456781")), QStringLiteral("VEHICULOPARTES|IC04|8708"));
+    EXPECT_EQ(enMano(libro.ui.Lst, 1), u"30123456781"_s) << "the new client is in hand";
+    EXPECT_EQ(filas(u"select * from clientes where cuit = '30123456781'"_s, personal),
+              u"30123456781|PEÑA D'ONOFRIO S.A.|Calle 1|a@b.example|1.5|2|S|40|41|S|50|51|S|3|S"_s);
+    EXPECT_EQ(ventajas(u"30123456781"_s), u"VEHICULOPARTES|IC04|8708"_s);
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
@@ -111,11 +112,11 @@ TEST_P(LibroEnPantalla, TheListIsSearchedByNameAndByNumberAsOneTypes) {
     auto &libro = mostrar();
     EXPECT_EQ(libro.ui.Lst->rowCount(), 8);
     EXPECT_EQ(QApplication::focusWidget(), libro.ui.txtBuscar);
-    escribir(QStringLiteral("tej"));
-    EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("TEJEDURIA LOS ALERCES S.A."));
+    escribir(u"tej"_s);
+    EXPECT_EQ(enMano(libro.ui.Lst, 0), u"TEJEDURIA LOS ALERCES S.A."_s);
     tecla(Qt::Key_Tab);
-    escribir(QStringLiteral("307145"));
-    EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("AUTOPARTES QUILMES S.A."));
+    escribir(u"307145"_s);
+    EXPECT_EQ(enMano(libro.ui.Lst, 0), u"AUTOPARTES QUILMES S.A."_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmClientes>());
 }
@@ -125,10 +126,9 @@ TEST_P(LibroEnPantalla, FiveThousandClientsOpenAndAreSearchedAsOneTypes) {
         QStringList filas;
         for (int n = 0; n < 1000; ++n) {
             const QString numero = QString::number(lote * 1000 + n).rightJustified(5, QLatin1Char('0'));
-            filas << QStringLiteral("('300000%1','CLIENTE %1')").arg(numero);
+            filas << u"('300000%1','CLIENTE %1')"_s.arg(numero);
         }
-        ejecutar(QLatin1String("insert into clientes (cuit,nombre) values ") + filas.join(QLatin1Char(',')),
-                 personal);
+        ejecutar("insert into clientes (cuit,nombre) values "_L1 + filas.join(QLatin1Char(',')), personal);
     }
     const double abrir = MejorTiempo(
         [this] {
@@ -141,25 +141,25 @@ TEST_P(LibroEnPantalla, FiveThousandClientsOpenAndAreSearchedAsOneTypes) {
     EXPECT_EQ(libro.ui.Lst->rowCount(), 5008);
     const double escribiendo = MejorTiempo([&] {
         libro.ui.txtBuscar->clear();
-        escribir(QStringLiteral("cliente 04998"));
+        escribir(u"cliente 04998"_s);
     });
     EXPECT_LT(escribiendo, 200) << "thirteen letters";
-    EXPECT_EQ(enMano(libro.ui.Lst, 1), QStringLiteral("30000004998"));
+    EXPECT_EQ(enMano(libro.ui.Lst, 1), u"30000004998"_s);
 }
 
 TEST_P(LibroEnPantalla, PickingAnswersTheClientAndEscapeNone) {
     QString cuit;
     QString nombre;
     conPantallaModal<FrmClientes>([](FrmClientes &) {
-        escribir(QStringLiteral("bod"));
+        escribir(u"bod"_s);
         tecla(Qt::Key_Return);
     });
     EXPECT_TRUE(SeleccionarCliente(cuit, nombre));
-    EXPECT_EQ(cuit, QStringLiteral("30693201582"));
-    EXPECT_EQ(nombre, QStringLiteral("BODEGA PIEDRA CHICA S.R.L."));
+    EXPECT_EQ(cuit, u"30693201582"_s);
+    EXPECT_EQ(nombre, u"BODEGA PIEDRA CHICA S.R.L."_s);
     conPantallaModal<FrmClientes>([](FrmClientes &) { tecla(Qt::Key_Escape); });
     EXPECT_FALSE(SeleccionarCliente(cuit, nombre));
-    EXPECT_EQ(cuit, QStringLiteral("30693201582")) << "left as it was";
+    EXPECT_EQ(cuit, u"30693201582"_s) << "left as it was";
 }
 
 TEST_P(LibroEnPantalla, ANumberThatWasNotFoundStartsTheNewClient) {
@@ -167,18 +167,18 @@ TEST_P(LibroEnPantalla, ANumberThatWasNotFoundStartsTheNewClient) {
     QString nombre;
     conPantallaModal<FrmClientes>([](FrmClientes &libro) {
         conPantallaModal<FrmCliente>([](FrmCliente &ficha) {
-            EXPECT_EQ(ficha.ui.TxtCuit->text(), QStringLiteral("30123456781"));
+            EXPECT_EQ(ficha.ui.TxtCuit->text(), u"30123456781"_s);
             EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtNombre);
-            escribir(QStringLiteral("NUEVO S.A."));
+            escribir(u"NUEVO S.A."_s);
             atajo(Qt::Key_G);
         });
         tecla(Qt::Key_Insert);
         esperarVentana(libro.ventana.get());
         tecla(Qt::Key_Return);
     });
-    EXPECT_TRUE(SeleccionarCliente(cuit, nombre, QStringLiteral("30123456781")));
-    EXPECT_EQ(cuit, QStringLiteral("30123456781"));
-    EXPECT_EQ(nombre, QStringLiteral("NUEVO S.A."));
+    EXPECT_TRUE(SeleccionarCliente(cuit, nombre, u"30123456781"_s));
+    EXPECT_EQ(cuit, u"30123456781"_s);
+    EXPECT_EQ(nombre, u"NUEVO S.A."_s);
 }
 
 TEST_P(LibroEnPantalla, ABookThatStandsOpenServesToPickToo) {
@@ -187,30 +187,30 @@ TEST_P(LibroEnPantalla, ABookThatStandsOpenServesToPickToo) {
     QString nombre;
     conPantallaModal<FrmClientes>([](FrmClientes &) { tecla(Qt::Key_Return); });
     EXPECT_TRUE(SeleccionarCliente(cuit, nombre));
-    EXPECT_EQ(nombre, QStringLiteral("AGRO DEL LITORAL COOP. LTDA."));
+    EXPECT_EQ(nombre, u"AGRO DEL LITORAL COOP. LTDA."_s);
 }
 
 TEST_P(LibroEnPantalla, EnterF6AndShiftEnterOpenTheRecordForAChange) {
     auto &libro = mostrar();
-    escribir(QStringLiteral("auto"));
+    escribir(u"auto"_s);
     for (const auto &[cual, con] :
          {std::pair(Qt::Key_Return, Qt::NoModifier), std::pair(Qt::Key_F6, Qt::NoModifier),
           std::pair(Qt::Key_Return, Qt::ShiftModifier)})
         enLaFicha(
             cual,
             [](FrmCliente &ficha) {
-                EXPECT_EQ(ficha.ventana->windowTitle(), QStringLiteral("Modificar cliente"));
-                EXPECT_EQ(ficha.ui.TxtCuit->text(), QStringLiteral("30714560200"));
+                EXPECT_EQ(ficha.ventana->windowTitle(), u"Modificar cliente"_s);
+                EXPECT_EQ(ficha.ui.TxtCuit->text(), u"30714560200"_s);
                 EXPECT_FALSE(ficha.ui.TxtCuit->isEnabled());
                 tecla(Qt::Key_Escape);
             },
             con);
     enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
         ficha.ui.TxtNombre->clear();
-        escribir(QStringLiteral("ZARATE AUTOPARTES"));
+        escribir(u"ZARATE AUTOPARTES"_s);
         atajo(Qt::Key_G);
     });
-    EXPECT_EQ(enMano(libro.ui.Lst, 0), QStringLiteral("ZARATE AUTOPARTES")) << "in hand at its new place";
+    EXPECT_EQ(enMano(libro.ui.Lst, 0), u"ZARATE AUTOPARTES"_s) << "in hand at its new place";
     EXPECT_EQ(libro.ui.Lst->currentRow(), 7);
     EXPECT_TRUE(registro.preguntas.empty());
 }
@@ -218,20 +218,19 @@ TEST_P(LibroEnPantalla, EnterF6AndShiftEnterOpenTheRecordForAChange) {
 TEST_P(LibroEnPantalla, AWrongTaxNumberIsRefusedAndItsFieldIsShown) {
     mostrar();
     enLaFicha(Qt::Key_Insert, [this](FrmCliente &ficha) {
-        escribir(QStringLiteral("30123456782"));
-        ficha.ui.TxtNombre->setText(QStringLiteral("X"));
+        escribir(u"30123456782"_s);
+        ficha.ui.TxtNombre->setText(u"X"_s);
         atajo(Qt::Key_G);
         ASSERT_EQ(registro.mensajes.size(), 1U);
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
-        EXPECT_EQ(registro.mensajes[0].titulo, QStringLiteral("Clientes"));
-        EXPECT_EQ(
-            registro.mensajes[0].texto,
-            QStringLiteral("El dígito verificador del CUIT 30123456782 no es correcto, revise el número."));
+        EXPECT_EQ(registro.mensajes[0].titulo, u"Clientes"_s);
+        EXPECT_EQ(registro.mensajes[0].texto,
+                  u"El dígito verificador del CUIT 30123456782 no es correcto, revise el número."_s);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtCuit);
-        EXPECT_EQ(ficha.ui.TxtCuit->selectedText(), QStringLiteral("30123456782"));
+        EXPECT_EQ(ficha.ui.TxtCuit->selectedText(), u"30123456782"_s);
         tecla(Qt::Key_Escape);
     });
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from clientes"), personal), QStringLiteral("8"));
+    EXPECT_EQ(valor(u"select count(*) from clientes"_s, personal), u"8"_s);
 }
 
 TEST_P(LibroEnPantalla, EveryFaultTakesTheFocusToItsField) {
@@ -267,33 +266,32 @@ TEST_P(LibroEnPantalla, EscapeWithChangesAsksAndStoresOnYesOnly) {
         enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
             ficha.ui.TxtDomicilio->setFocus();
             ficha.ui.TxtDomicilio->clear();
-            escribir(QStringLiteral("Otro 1"));
+            escribir(u"Otro 1"_s);
             tecla(Qt::Key_Escape);
         });
-        EXPECT_EQ(
-            valor(QStringLiteral("select domicilio from clientes where cuit = '30504123770'"), personal),
-            guardar ? QStringLiteral("Otro 1") : QStringLiteral("Bv. Oroño 95, Rosario"));
+        EXPECT_EQ(valor(u"select domicilio from clientes where cuit = '30504123770'"_s, personal),
+                  guardar ? u"Otro 1"_s : u"Bv. Oroño 95, Rosario"_s);
     }
     ASSERT_EQ(registro.preguntas.size(), 2U);
     EXPECT_EQ(registro.preguntas[0].texto,
-              QStringLiteral("Los cambios del cliente no están guardados.\r\n¿Desea guardarlos?"));
+              u"Los cambios del cliente no están guardados.\r\n¿Desea guardarlos?"_s);
     EXPECT_FALSE(registro.preguntas[0].porDefectoNo);
 }
 
 TEST_P(LibroEnPantalla, ClosingTheRecordsWindowAsksLikeEscape) {
     mostrar();
     enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
-        ficha.ui.TxtNombre->setText(QStringLiteral("Z"));
+        ficha.ui.TxtNombre->setText(u"Z"_s);
         ficha.ventana->close();
     });
     EXPECT_EQ(registro.preguntas.size(), 1U);
-    EXPECT_EQ(valor(QStringLiteral("select nombre from clientes where cuit = '30504123770'"), personal),
-              QStringLiteral("AGRO DEL LITORAL COOP. LTDA."));
+    EXPECT_EQ(valor(u"select nombre from clientes where cuit = '30504123770'"_s, personal),
+              u"AGRO DEL LITORAL COOP. LTDA."_s);
 }
 
 TEST_P(LibroEnPantalla, APercentageWithoutItsMarkIsDimmedAndKept) {
     mostrar();
-    escribir(QStringLiteral("auto"));
+    escribir(u"auto"_s);
     enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
         EXPECT_TRUE(ficha.ui.TxtEximGan->isEnabled());
         EXPECT_FALSE(ficha.ui.TxtIvaReduccion->isEnabled());
@@ -302,22 +300,21 @@ TEST_P(LibroEnPantalla, APercentageWithoutItsMarkIsDimmedAndKept) {
         EXPECT_FALSE(ficha.ui.TxtEximGan->isEnabled());
         atajo(Qt::Key_G);
     });
-    EXPECT_EQ(filas(QStringLiteral("select eximgan,eximganvalor from clientes where cuit = '30714560200'"),
-                    personal),
-              QStringLiteral("N|50"));
+    EXPECT_EQ(filas(u"select eximgan,eximganvalor from clientes where cuit = '30714560200'"_s, personal),
+              u"N|50"_s);
 }
 
 TEST_P(LibroEnPantalla, AdvantagesAreChangedAndTakenAwayInTheirGrid) {
     mostrar();
-    escribir(QStringLiteral("auto"));
+    escribir(u"auto"_s);
     enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
         ficha.ui.GrdVentajas->setFocus();
         tecla(Qt::Key_Return);
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
-        EXPECT_EQ(ficha.ui.TxtVentaja->text(), QStringLiteral("VEHICULOPARTES"));
-        EXPECT_EQ(ficha.ui.TxtNcm->text(), QStringLiteral("8708"));
+        EXPECT_EQ(ficha.ui.TxtVentaja->text(), u"VEHICULOPARTES"_s);
+        EXPECT_EQ(ficha.ui.TxtNcm->text(), u"8708"_s);
         ficha.ui.TxtNcm->setFocus();
-        escribir(QStringLiteral("8409"));
+        escribir(u"8409"_s);
         enter(2);
         EXPECT_EQ(ficha.ui.GrdVentajas->rowCount(), 2) << "changed, not added";
         ficha.ui.GrdVentajas->setFocus();
@@ -328,7 +325,7 @@ TEST_P(LibroEnPantalla, AdvantagesAreChangedAndTakenAwayInTheirGrid) {
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
         atajo(Qt::Key_G);
     });
-    EXPECT_EQ(ventajas(QStringLiteral("30714560200")), QStringLiteral("VEHICULOPARTES||8409"));
+    EXPECT_EQ(ventajas(u"30714560200"_s), u"VEHICULOPARTES||8409"_s);
 }
 
 TEST_P(LibroEnPantalla, AnAdvantageThatIsNotKeptIsRefusedAtOnce) {
@@ -336,10 +333,10 @@ TEST_P(LibroEnPantalla, AnAdvantageThatIsNotKeptIsRefusedAtOnce) {
     enLaFicha(Qt::Key_F6, [this](FrmCliente &ficha) {
         const int habia = ficha.ui.GrdVentajas->rowCount();
         ficha.ui.TxtVentaja->setFocus();
-        escribir(QStringLiteral("NADA"));
+        escribir(u"NADA"_s);
         enter(4);
         ASSERT_EQ(registro.mensajes.size(), 1U);
-        EXPECT_TRUE(registro.mensajes[0].texto.startsWith(QStringLiteral("La ventaja NADA no existe")));
+        EXPECT_TRUE(registro.mensajes[0].texto.startsWith(u"La ventaja NADA no existe"_s));
         EXPECT_EQ(QApplication::focusWidget(), ficha.ui.TxtVentaja);
         EXPECT_EQ(ficha.ui.GrdVentajas->rowCount(), habia);
         tecla(Qt::Key_Escape);
@@ -352,11 +349,11 @@ TEST_P(LibroEnPantalla, F6ListsTheCatalogueOfAdvantages) {
     enLaFicha(Qt::Key_F6, [](FrmCliente &ficha) {
         ficha.ui.TxtVentaja->setFocus();
         conPantallaModal<FrmListado>([](FrmListado &) {
-            escribir(QStringLiteral("partes"));
+            escribir(u"partes"_s);
             tecla(Qt::Key_Return);
         });
         tecla(Qt::Key_F6);
-        EXPECT_EQ(ficha.ui.TxtVentaja->text(), QStringLiteral("VEHICULOPARTES"));
+        EXPECT_EQ(ficha.ui.TxtVentaja->text(), u"VEHICULOPARTES"_s);
         esperarVentana(ficha.ventana.get());
         ficha.ui.TxtVentaja->clear();
         tecla(Qt::Key_Escape);
@@ -364,29 +361,29 @@ TEST_P(LibroEnPantalla, F6ListsTheCatalogueOfAdvantages) {
 }
 
 TEST_P(LibroEnPantalla, DeleteInTheListAsksAndTakesTheClient) {
-    ejecutar(QStringLiteral("delete from caratula where cuitcliente = '30714560200'"));
+    ejecutar(u"delete from caratula where cuitcliente = '30714560200'"_s);
     auto &libro = mostrar();
-    escribir(QStringLiteral("auto"));
+    escribir(u"auto"_s);
     tecla(Qt::Key_Delete);
     EXPECT_TRUE(registro.preguntas.empty()) << "in the box the key only edits";
     libro.ui.Lst->setFocus();
     tecla(Qt::Key_Delete);
     ASSERT_EQ(registro.preguntas.size(), 1U);
-    EXPECT_EQ(registro.preguntas[0].titulo, QStringLiteral("Eliminar cliente"));
+    EXPECT_EQ(registro.preguntas[0].titulo, u"Eliminar cliente"_s);
     EXPECT_TRUE(registro.preguntas[0].porDefectoNo);
     EXPECT_EQ(libro.ui.Lst->rowCount(), 8) << "No keeps it";
     registro.respuestas.push_back(true);
     tecla(Qt::Key_Delete);
     EXPECT_EQ(libro.ui.Lst->rowCount(), 7);
-    EXPECT_EQ(ventajas(QStringLiteral("30714560200")), QString());
+    EXPECT_EQ(ventajas(u"30714560200"_s), QString());
 }
 
 TEST_P(LibroEnPantalla, AClientUsedByAnOperationIsToldInTheQuestion) {
     auto &libro = mostrar();
-    escribir(QStringLiteral("hidr"));
+    escribir(u"hidr"_s);
     teclaEn(libro.ui.Lst, Qt::Key_Delete);
     ASSERT_EQ(registro.preguntas.size(), 1U);
-    EXPECT_TRUE(registro.preguntas[0].texto.contains(QStringLiteral("está usado por una operación")));
+    EXPECT_TRUE(registro.preguntas[0].texto.contains(u"está usado por una operación"_s));
     EXPECT_EQ(registro.preguntas[0].icono, Icono::Exclamacion);
     EXPECT_EQ(libro.ui.Lst->rowCount(), 8);
 }
@@ -394,8 +391,8 @@ TEST_P(LibroEnPantalla, AClientUsedByAnOperationIsToldInTheQuestion) {
 TEST_P(LibroEnPantalla, AnErrorOfTheStoreIsAMessageAndTheRecordStays) {
     mostrar();
     enLaFicha(Qt::Key_F6, [this](FrmCliente &ficha) {
-        ejecutar(QStringLiteral("drop table clientes"), personal);
-        ficha.ui.TxtNombre->setText(QStringLiteral("Z"));
+        ejecutar(u"drop table clientes"_s, personal);
+        ficha.ui.TxtNombre->setText(u"Z"_s);
         atajo(Qt::Key_G);
         ASSERT_FALSE(registro.mensajes.empty());
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);

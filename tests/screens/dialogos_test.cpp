@@ -9,11 +9,13 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "frame/FrmPerfiles.h"
-#include "frame/ui/dialogosqt.h"
+#include "desktop/FrmPerfiles.h"
+#include "desktop/dialogosqt.h"
 #include "header/FrmABMClientes.h"
-#include "operations/Frm_ComprobacionErrores.h"
+#include "liquidation/Frm_ComprobacionErrores.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,15 +40,15 @@ TEST_P(Ventanas, AMessageHasItsTextIconTitleAndOneButton) {
             auto *caja = qobject_cast<QMessageBox *>(modal);
             ASSERT_NE(caja, nullptr);
             EXPECT_EQ(caja->icon(), caso.esperado);
-            EXPECT_EQ(caja->text(), QStringLiteral("uno\n<b>dos</b>")) << "never taken for markup";
+            EXPECT_EQ(caja->text(), u"uno\n<b>dos</b>"_s) << "never taken for markup";
             EXPECT_EQ(caja->textFormat(), Qt::PlainText);
-            EXPECT_EQ(caja->windowTitle(), QStringLiteral("Zendra"));
+            EXPECT_EQ(caja->windowTitle(), u"Zendra"_s);
             ASSERT_EQ(caja->buttons().size(), 1);
-            EXPECT_EQ(caja->buttons().first()->text(), QStringLiteral("&Aceptar"));
+            EXPECT_EQ(caja->buttons().first()->text(), u"&Aceptar"_s);
             visto = true;
             QTest::keyClick(caja, Qt::Key_Return);
         });
-        ctx->dialogos.mensaje({QStringLiteral("uno\r\n<b>dos</b>"), {}, caso.icono, false});
+        ctx->dialogos.mensaje({u"uno\r\n<b>dos</b>"_s, {}, caso.icono, false});
         EXPECT_TRUE(visto);
     }
 }
@@ -57,12 +59,11 @@ TEST_P(Ventanas, AQuestionAnswersByItsDefaultOnEnterAndNoOnEscape) {
             auto *caja = qobject_cast<QMessageBox *>(modal);
             ASSERT_NE(caja, nullptr);
             ASSERT_EQ(caja->buttons().size(), 2);
-            EXPECT_EQ(caja->defaultButton()->text(),
-                      porDefectoNo ? QStringLiteral("&No") : QStringLiteral("&Sí"));
+            EXPECT_EQ(caja->defaultButton()->text(), porDefectoNo ? u"&No"_s : u"&Sí"_s);
             QTest::keyClick(caja, static_cast<Qt::Key>(cual));
         });
         Pregunta pregunta;
-        pregunta.texto = QStringLiteral("¿desea continuar?");
+        pregunta.texto = u"¿desea continuar?"_s;
         pregunta.porDefectoNo = porDefectoNo;
         return ctx->dialogos.preguntar(pregunta);
     };
@@ -76,13 +77,13 @@ TEST_P(Ventanas, AnInputBoxTakesNoMoreThanItsLength) {
     conVentanaModal([](QWidget *modal) {
         auto *campo = modal->findChild<QLineEdit *>();
         ASSERT_NE(campo, nullptr);
-        EXPECT_EQ(modal->windowTitle(), QStringLiteral("Crear nuevo interno"));
+        EXPECT_EQ(modal->windowTitle(), u"Crear nuevo interno"_s);
         QTest::keyClicks(campo, QString(41, QLatin1Char('A')));
         QTest::keyClick(campo, Qt::Key_Return);
     });
     Entrada entrada;
-    entrada.titulo = QStringLiteral("Crear nuevo interno");
-    entrada.texto = QStringLiteral("Ingrese el nuevo número de INTERNO/CARPETA");
+    entrada.titulo = u"Crear nuevo interno"_s;
+    entrada.texto = u"Ingrese el nuevo número de INTERNO/CARPETA"_s;
     entrada.maximo = 40;
     const auto texto = ctx->dialogos.pedirTexto(entrada);
     ASSERT_TRUE(texto.has_value());
@@ -92,7 +93,7 @@ TEST_P(Ventanas, AnInputBoxTakesNoMoreThanItsLength) {
 TEST_P(Ventanas, AnInputBoxLeftByEscapeAnswersNothing) {
     conVentanaModal([](QWidget *modal) { QTest::keyClick(modal, Qt::Key_Escape); });
     Entrada entrada;
-    entrada.inicial = QStringLiteral("X");
+    entrada.inicial = u"X"_s;
     EXPECT_FALSE(ctx->dialogos.pedirTexto(entrada).has_value());
 }
 
@@ -103,18 +104,18 @@ TEST_P(Ventanas, AListAnswersTheRowChosenByEnter) {
         QTest::keyClick(lista, Qt::Key_Down);
         QTest::keyClick(lista, Qt::Key_Return);
     });
-    EXPECT_EQ(ctx->dialogos.elegir({{}, {QStringLiteral("uno"), QStringLiteral("dos")}, 0}), 1);
+    EXPECT_EQ(ctx->dialogos.elegir({{}, {u"uno"_s, u"dos"_s}, 0}), 1);
     conVentanaModal([](QWidget *modal) { QTest::keyClick(modal, Qt::Key_Escape); });
-    EXPECT_EQ(ctx->dialogos.elegir({{}, {QStringLiteral("uno")}, 0}), -1);
+    EXPECT_EQ(ctx->dialogos.elegir({{}, {u"uno"_s}, 0}), -1);
 }
 
 TEST_P(Ventanas, TheAutomotiveQuestionAnswersWithItsUse) {
     PreguntaConOpciones pregunta;
-    pregunta.texto = QStringLiteral("¿calcular?");
-    pregunta.marco = QStringLiteral("Destino del repuesto");
-    pregunta.opciones = {QStringLiteral("Producción"), QStringLiteral("Reposición")};
-    pregunta.si = QStringLiteral("&Si");
-    pregunta.no = QStringLiteral("&No");
+    pregunta.texto = u"¿calcular?"_s;
+    pregunta.marco = u"Destino del repuesto"_s;
+    pregunta.opciones = {u"Producción"_s, u"Reposición"_s};
+    pregunta.si = u"&Si"_s;
+    pregunta.no = u"&No"_s;
     conVentanaModal([](QWidget *modal) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
         QTest::keyClick(modal->windowHandle(), Qt::Key_S, Qt::AltModifier);
@@ -129,14 +130,13 @@ TEST_P(Ventanas, TheAutomotiveQuestionAnswersWithItsUse) {
 
 TEST_P(Ventanas, TheConsistencyReportIsAListALineARow) {
     conVentanaModal([](QWidget *modal) {
-        auto *lista = modal->findChild<QListWidget *>(QStringLiteral("LstReporte"));
+        auto *lista = modal->findChild<QListWidget *>(u"LstReporte"_s);
         ASSERT_NE(lista, nullptr);
-        EXPECT_EQ(modal->windowTitle(), QStringLiteral("Zendra v3 - Reporte de Diferencias Encontradas."));
+        EXPECT_EQ(modal->windowTitle(), u"Zendra v3 - Reporte de Diferencias Encontradas."_s);
         EXPECT_EQ(lista->count(), 2);
         QTest::keyClick(modal, Qt::Key_Escape);
     });
-    ctx->dialogos.informe({QStringLiteral("Zendra v3 - Reporte de Diferencias Encontradas."),
-                           QStringLiteral("uno\r\ndos"), true});
+    ctx->dialogos.informe({u"Zendra v3 - Reporte de Diferencias Encontradas."_s, u"uno\r\ndos"_s, true});
 }
 
 TEST_P(Ventanas, TheHourglassIsSetBackWhileABoxWaits) {
@@ -146,19 +146,18 @@ TEST_P(Ventanas, TheHourglassIsSetBackWhileABoxWaits) {
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         QTest::keyClick(modal, Qt::Key_Escape);
     });
-    ctx->dialogos.informar(QStringLiteral("texto"));
+    ctx->dialogos.informar(u"texto"_s);
     EXPECT_NE(QApplication::overrideCursor(), nullptr);
     ctx->dialogos.reloj(false);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_P(Ventanas, OfSeveralProfilesTheUserTakesOneByKeyboard) {
-    const std::vector<PerfilEncontrado> perfiles{
-        {QStringLiteral("Local"), QStringLiteral("/a/Local.perfil.ini")},
-        {QStringLiteral("Oficina"), QStringLiteral("/a/Of.perfil.ini")}};
+    const std::vector<PerfilEncontrado> perfiles{{u"Local"_s, u"/a/Local.perfil.ini"_s},
+                                                 {u"Oficina"_s, u"/a/Of.perfil.ini"_s}};
     FrmPerfiles eleccion;
     conVentanaModal([&eleccion](QWidget *) {
-        EXPECT_EQ(eleccion.ui.LstPerfiles->item(1, 0)->text(), QStringLiteral("Oficina"));
+        EXPECT_EQ(eleccion.ui.LstPerfiles->item(1, 0)->text(), u"Oficina"_s);
         QTest::keyClick(eleccion.ui.LstPerfiles, Qt::Key_Down);
         QTest::keyClick(eleccion.ui.LstPerfiles, Qt::Key_Return);
     });

@@ -11,14 +11,14 @@
 #include <QPlainTextEdit>
 #include <QTest>
 
-#include "assembly/FrmABMProrrateos.h"
 #include "assembly/FrmArmarItem.h"
-#include "assembly/FrmLstProrrateo.h"
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
+#include "header/FrmABMProrrateos.h"
 #include "header/FrmCaratula.h"
 #include "header/FrmListado.h"
+#include "header/FrmLstProrrateo.h"
 #include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/FrmDetalleInterno.h"
@@ -27,10 +27,12 @@
 #include "subitems/FrmSubItems.h"
 #include "tests/support/pantallas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString guardada = QStringLiteral("IC-2026-0001");
-const QString nueva = QStringLiteral("NUEVA 1");
+const QString guardada = u"IC-2026-0001"_s;
+const QString nueva = u"NUEVA 1"_s;
 
 class EmbarquePorTeclado : public EnPantalla {
  protected:
@@ -38,7 +40,7 @@ class EmbarquePorTeclado : public EnPantalla {
         EnPantalla::SetUp();
         ctx->opciones.IVARIN = 21;
         ctx->opciones.IVARNI = 10.5;
-        numeros::fijarSeparadorDecimal(QLatin1Char(','));
+        ctx->SeparadorDecimal = QLatin1Char(',');
         conDialogosDeVerdad();
         // Every message box is read and confirmed by ENTER, as a user would.
         QObject::connect(&mensajero, &QTimer::timeout, qApp, [this] {
@@ -131,25 +133,24 @@ void EmbarquePorTeclado::teclearCaratula() {
             teclear(campo, OpcionGananciasTexto(q.cboOpcionesGanancias));
         } else if (auto *casilla = qobject_cast<QCheckBox *>(campo)) {
             irA(casilla);
-            if (casilla->isChecked() != (q.texto(d.nombre) == QLatin1String("S"))) tecla(Qt::Key_Space);
+            if (casilla->isChecked() != (q.texto(d.nombre) == "S"_L1)) tecla(Qt::Key_Space);
         } else if (d.tipo == TipoDeControl::Texto && campos::TextoDe(campo) != q.texto(d.nombre)) {
             teclear(campo, q.texto(d.nombre));
         }
     }
-    foto(pantalla.ventana.get(), QStringLiteral("caratula-tecleada"));
+    foto(pantalla.ventana.get(), u"caratula-tecleada"_s);
     irA(ui.TxtSubReg);
     tecla(Qt::Key_Escape);
-    ASSERT_FALSE(PantallaAbierta<FrmCaratula>()) << leidos.join(QLatin1String(" / ")).toStdString();
+    ASSERT_FALSE(PantallaAbierta<FrmCaratula>()) << leidos.join(" / "_L1).toStdString();
     esperarVentana(tablero.ventana.get());
-    EXPECT_EQ(tablero.ui.LbEstadoCaratula->text(), QStringLiteral("COMPLETO!"));
-    EXPECT_EQ(leidos.join(QLatin1String(" / ")).toStdString(), "");
+    EXPECT_EQ(tablero.ui.LbEstadoCaratula->text(), u"COMPLETO!"_s);
+    EXPECT_EQ(leidos.join(" / "_L1).toStdString(), "");
 }
 
 /// The stored operation's proration codes, keyed on their own screen.
 void EmbarquePorTeclado::teclearProrrateo() {
     const QStringList codigos =
-        filas(QStringLiteral("select codigo,descripcion,valor from prorrateo where interno = '%1'")
-                  .arg(guardada))
+        filas(u"select codigo,descripcion,valor from prorrateo where interno = '%1'"_s.arg(guardada))
             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     irA(Pantalla<FrmCaratula>().ui.CmdProrrat);
     conPantallaModal<FrmABMProrrateos>([&](FrmABMProrrateos &pantalla) {
@@ -182,7 +183,7 @@ void EmbarquePorTeclado::preguntarSufijos(FrmSubItems &pantalla, const QString &
     };
     conPantallaModal<FrmCargaSufijos>([&](FrmCargaSufijos &) {
         tecla(Qt::Key_Down);
-        responder(QStringLiteral("Nordpumpen NP 0750"), [=] { responder(QStringLiteral("750"), [] {}); });
+        responder(u"Nordpumpen NP 0750"_s, [=] { responder(u"750"_s, [] {}); });
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
@@ -198,7 +199,7 @@ void EmbarquePorTeclado::teclearLinea(FrmSubItems &pantalla, const CamposSubItem
     if (conListas) {
         irA(ui.TxtIdpais);
         conPantallaModal<FrmListado>([](FrmListado &lista) {
-            escribir(QStringLiteral("alemania"));
+            escribir(u"alemania"_s);
             Q_UNUSED(lista)
             tecla(Qt::Key_Return);
         });
@@ -234,9 +235,8 @@ void EmbarquePorTeclado::teclearLineas() {
     SubItems origen;
     AbrirSubItems(*ctx, origen, guardada, {1, 1, 1, 1, 1, 1, 1, 1});
     Recordset rs;
-    ASSERT_TRUE(Consultar(*ctx, QStringLiteral("INTERNOS"),
-                          QStringLiteral("select id from subitems where interno = '") + guardada +
-                              QStringLiteral("' order by id"),
+    ASSERT_TRUE(Consultar(*ctx, u"INTERNOS"_s,
+                          u"select id from subitems where interno = '"_s + guardada + u"' order by id"_s,
                           rs));
     tablero.ui.CmdSubItems->setFocus();
     tecla(Qt::Key_Space);
@@ -250,15 +250,14 @@ void EmbarquePorTeclado::teclearLineas() {
         ASSERT_TRUE(BuscarSubItem(*ctx, origen, id));
         teclearLinea(pantalla, origen.campos, lineas == 0);
         ++lineas;
-        ASSERT_EQ(pantalla.ui.LstArticulos->rowCount(), lineas)
-            << leidos.join(QLatin1String(" / ")).toStdString();
+        ASSERT_EQ(pantalla.ui.LstArticulos->rowCount(), lineas) << leidos.join(" / "_L1).toStdString();
         const QTableWidget *lista = pantalla.ui.LstArticulos;
         for (int columna = 0; columna < lista->columnCount(); ++columna)
             EXPECT_GE(lista->columnWidth(columna),
                       lista->sizeHintForIndex(lista->model()->index(lineas - 1, columna)).width())
                 << "column " << columna << " cuts its text";
     }
-    EXPECT_EQ(pantalla.ui.lbDIF->text(), QStringLiteral("00,00"));
+    EXPECT_EQ(pantalla.ui.lbDIF->text(), u"00,00"_s);
     tecla(Qt::Key_Escape);
     ASSERT_FALSE(PantallaAbierta<FrmSubItems>());
     esperarVentana(tablero.ventana.get());
@@ -286,7 +285,7 @@ TEST_P(EmbarquePorTeclado, TheImportOfTwentyFiveLinesGivesTheSameItemsAndDutiesA
     if (HasFatalFailure()) return;
     armar(nueva);
     if (HasFatalFailure()) return;
-    EXPECT_EQ(leidos.join(QLatin1String(" / ")).toStdString(),
+    EXPECT_EQ(leidos.join(" / "_L1).toStdString(),
               "No se encontro Sufijo en el nomenclador / No se encontro Sufijo en el nomenclador / "
               "Se han encontrado posiciones con LAPI")
         << "two positions ask for no suffix; nothing else is told";

@@ -8,11 +8,13 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "frame/ui/Pantalla.h"
 #include "header/FrmListado.h"
 #include "tests/support/pantallas.h"
 #include "tests/support/tiempos.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,7 +39,7 @@ class CampoDeLista : public EnPantalla {
             campos.push_back(campo);
             rotulos.push_back(rotulo);
             ReglaDeCodigo regla;
-            if (QLatin1String(nombre) == QLatin1String("txtDCBancos")) regla.servicio = ServicioDeCodigo::Id;
+            if (QLatin1String(nombre) == "txtDCBancos"_L1) regla.servicio = ServicioDeCodigo::Id;
             regla.alResolver = [this](const CampoDeCodigo &leido) { resueltos.push_back(leido); };
             VincularCodigo(campo, rotulo, regla);
         }
@@ -87,25 +89,25 @@ TEST_P(CampoDeLista, F6TypingAPrefixAndEnterWriteTheCodeAndItsDescription) {
     enLaLista([](FrmListado &lista) {
         EXPECT_EQ(QApplication::focusWidget(), lista.ui.TxtBs);
         EXPECT_EQ(enMano(lista), QString()) << "nothing is chosen before the user types";
-        escribir(QStringLiteral("bras"));
-        EXPECT_EQ(enMano(lista), QStringLiteral("BRASIL"));
+        escribir(u"bras"_s);
+        EXPECT_EQ(enMano(lista), u"BRASIL"_s);
         tecla(Qt::Key_Return);
     });
-    EXPECT_EQ(pais().text(), QStringLiteral("203"));
-    EXPECT_EQ(rotulos[0]->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(pais().text(), u"203"_s);
+    EXPECT_EQ(rotulos[0]->text(), u"BRASIL"_s);
     EXPECT_EQ(QApplication::focusWidget(), &pais());
     EXPECT_FALSE(PantallaAbierta<FrmListado>());
     ASSERT_EQ(resueltos.size(), 1U);
-    EXPECT_EQ(resueltos[0].codigo, QStringLiteral("203"));
+    EXPECT_EQ(resueltos[0].codigo, u"203"_s);
 }
 
 TEST_P(CampoDeLista, EscapeLeavesTheFieldAsItWas) {
-    escribir(QStringLiteral("200"));
+    escribir(u"200"_s);
     enLaLista([](FrmListado &) {
-        escribir(QStringLiteral("bras"));
+        escribir(u"bras"_s);
         tecla(Qt::Key_Escape);
     });
-    EXPECT_EQ(pais().text(), QStringLiteral("200"));
+    EXPECT_EQ(pais().text(), u"200"_s);
     EXPECT_EQ(rotulos[0]->text(), QString());
     EXPECT_TRUE(resueltos.empty());
 }
@@ -113,18 +115,18 @@ TEST_P(CampoDeLista, EscapeLeavesTheFieldAsItWas) {
 TEST_P(CampoDeLista, TheSearchIgnoresCaseAndAccents) {
     divisa().setFocus();
     enLaLista([](FrmListado &lista) {
-        escribir(QStringLiteral("DOLAR E"));
-        EXPECT_EQ(enMano(lista), QStringLiteral("Dólar estadounidense"));
+        escribir(u"DOLAR E"_s);
+        EXPECT_EQ(enMano(lista), u"Dólar estadounidense"_s);
         lista.ui.TxtBs->clear();
-        escribir(QStringLiteral("dólar e"));
-        EXPECT_EQ(enMano(lista), QStringLiteral("Dólar estadounidense"));
+        escribir(u"dólar e"_s);
+        EXPECT_EQ(enMano(lista), u"Dólar estadounidense"_s);
     });
 }
 
 TEST_P(CampoDeLista, NoMatchLeavesNoSelectionAndEnterThenTakesNothing) {
     enLaLista([](FrmListado &lista) {
-        escribir(QStringLiteral("bra"));
-        escribir(QStringLiteral("ZZ"));
+        escribir(u"bra"_s);
+        escribir(u"ZZ"_s);
         EXPECT_FALSE(lista.ui.LstCod->selectionModel()->hasSelection());
         tecla(Qt::Key_Return);
         EXPECT_TRUE(lista.ventana->isVisible());
@@ -172,40 +174,40 @@ TEST_P(CampoDeLista, AClickTakesTheRow) {
 }
 
 TEST_P(CampoDeLista, EnterFillsTheDescriptionAndGoesOn) {
-    escribir(QStringLiteral("203"));
+    escribir(u"203"_s);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(rotulos[0]->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(rotulos[0]->text(), u"BRASIL"_s);
     EXPECT_EQ(QApplication::focusWidget(), &divisa());
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(CampoDeLista, EnterOnACodeThatIsNotKeptWarnsEmptiesTheDescriptionAndGoesOn) {
-    rotulos[0]->setText(QStringLiteral("BRASIL"));
-    escribir(QStringLiteral("999"));
+    rotulos[0]->setText(u"BRASIL"_s);
+    escribir(u"999"_s);
     tecla(Qt::Key_Return);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].titulo, QStringLiteral("Buscar PAIS"));
+    EXPECT_EQ(registro.mensajes[0].titulo, u"Buscar PAIS"_s);
     EXPECT_EQ(registro.mensajes[0].texto,
-              QStringLiteral("CODIGO INEXISTENTE DE PAIS\r\n\r\nNo se enconto DESCRIPCIÓN para esta "
-                             "CLAVE\r\n\r\n[CARATULA.BUSCARDESCRIPCION.PAIS]"));
+              u"CODIGO INEXISTENTE DE PAIS\r\n\r\nNo se enconto DESCRIPCIÓN para esta "
+              "CLAVE\r\n\r\n[CARATULA.BUSCARDESCRIPCION.PAIS]"_s);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
     EXPECT_EQ(rotulos[0]->text(), QString());
     EXPECT_EQ(QApplication::focusWidget(), &divisa());
 }
 
 TEST_P(CampoDeLista, LeavingAChangedFieldByTabLooksItUpWithoutAWord) {
-    escribir(QStringLiteral("203"));
+    escribir(u"203"_s);
     tecla(Qt::Key_Tab);
-    EXPECT_EQ(rotulos[0]->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(rotulos[0]->text(), u"BRASIL"_s);
     teclaEn(&pais(), Qt::Key_Delete);
-    escribir(QStringLiteral("999"));
+    escribir(u"999"_s);
     tecla(Qt::Key_Tab);
     EXPECT_EQ(rotulos[0]->text(), QString());
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(CampoDeLista, AnEmptiedFieldEmptiesItsDescriptionWithoutAMessage) {
-    escribir(QStringLiteral("203"));
+    escribir(u"203"_s);
     tecla(Qt::Key_Return);
     teclaEn(&pais(), Qt::Key_Delete);
     tecla(Qt::Key_Return);
@@ -215,67 +217,67 @@ TEST_P(CampoDeLista, AnEmptiedFieldEmptiesItsDescriptionWithoutAMessage) {
 
 TEST_P(CampoDeLista, LettersAreUpperCasedAsTheyAreTyped) {
     regimen().setFocus();
-    escribir(QStringLiteral("ic04"));
-    EXPECT_EQ(regimen().text(), QStringLiteral("IC04"));
+    escribir(u"ic04"_s);
+    EXPECT_EQ(regimen().text(), u"IC04"_s);
     tecla(Qt::Key_Home);
-    escribir(QStringLiteral("x"));
-    EXPECT_EQ(regimen().text(), QStringLiteral("XIC04"));
+    escribir(u"x"_s);
+    EXPECT_EQ(regimen().text(), u"XIC04"_s);
     EXPECT_EQ(regimen().cursorPosition(), 1);
 }
 
 TEST_P(CampoDeLista, ARegimeAnswersItsDirectionAndACurrencyItsRate) {
     regimen().setFocus();
-    escribir(QStringLiteral("ic04"));
+    escribir(u"ic04"_s);
     tecla(Qt::Key_Return);
     ASSERT_EQ(resueltos.size(), 1U);
-    EXPECT_EQ(resueltos[0].aux, QStringLiteral("I"));
+    EXPECT_EQ(resueltos[0].aux, u"I"_s);
     divisa().setFocus();
     enLaLista([](FrmListado &) {
-        escribir(QStringLiteral("euro"));
+        escribir(u"euro"_s);
         tecla(Qt::Key_Return);
     });
     ASSERT_EQ(resueltos.size(), 2U);
-    EXPECT_EQ(resueltos[1].codigo, QStringLiteral("060"));
-    EXPECT_EQ(resueltos[1].aux, numeros::Format(1.085, u"00.000000"));
+    EXPECT_EQ(resueltos[1].codigo, u"060"_s);
+    EXPECT_EQ(resueltos[1].aux, numeros::Format(1.085, u"00.000000", ctx->SeparadorDecimal));
 }
 
 TEST_P(CampoDeLista, ShortNumbersOfCurrenciesAndBanksArePaddedWithZeros) {
     divisa().setFocus();
-    escribir(QStringLiteral("60"));
+    escribir(u"60"_s);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(divisa().text(), QStringLiteral("060"));
-    EXPECT_EQ(rotulos[1]->text(), QStringLiteral("Euro"));
+    EXPECT_EQ(divisa().text(), u"060"_s);
+    EXPECT_EQ(rotulos[1]->text(), u"Euro"_s);
     EXPECT_EQ(QApplication::focusWidget(), &banco());
-    escribir(QStringLiteral("7"));
+    escribir(u"7"_s);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(banco().text(), QStringLiteral("007")) << "the service of codes is the one for banks";
+    EXPECT_EQ(banco().text(), u"007"_s) << "the service of codes is the one for banks";
     EXPECT_TRUE(registro.mensajes.empty());
     // A field of another name is not padded.
     pais().setFocus();
-    escribir(QStringLiteral("7"));
+    escribir(u"7"_s);
     tecla(Qt::Key_Tab);
-    EXPECT_EQ(pais().text(), QStringLiteral("7"));
+    EXPECT_EQ(pais().text(), u"7"_s);
 }
 
 TEST_P(CampoDeLista, ABankKeepsTheDescriptionThatItsListLeft) {
     banco().setFocus();
     enLaLista([](FrmListado &) {
-        escribir(QStringLiteral("banco fr"));
+        escribir(u"banco fr"_s);
         tecla(Qt::Key_Return);
     });
-    EXPECT_EQ(banco().text(), QStringLiteral("017"));
-    EXPECT_EQ(rotulos[2]->text(), QStringLiteral("BANCO FRANCES"));
+    EXPECT_EQ(banco().text(), u"017"_s);
+    EXPECT_EQ(rotulos[2]->text(), u"BANCO FRANCES"_s);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(rotulos[2]->text(), QStringLiteral("BANCO FRANCES"));
+    EXPECT_EQ(rotulos[2]->text(), u"BANCO FRANCES"_s);
     banco().setFocus();
-    escribir(QStringLiteral("011"));
+    escribir(u"011"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(rotulos[2]->text(), QString()) << "the name of another bank does not stay";
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(CampoDeLista, AnotherWindowThatComesBetweenIsNoLeaving) {
-    escribir(QStringLiteral("203"));
+    escribir(u"203"_s);
     QWidget otra;
     otra.show();
     esperarVentana(&otra);
@@ -284,27 +286,27 @@ TEST_P(CampoDeLista, AnotherWindowThatComesBetweenIsNoLeaving) {
     esperarVentana(formulario.get());
     EXPECT_EQ(QApplication::focusWidget(), &pais());
     tecla(Qt::Key_Tab);
-    EXPECT_EQ(rotulos[0]->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(rotulos[0]->text(), u"BRASIL"_s);
 }
 
 TEST_P(CampoDeLista, AKeyWithoutAListKeepsF6Silent) {
-    pais().setProperty("tag", QStringLiteral("LL-MOTIVO#F6"));
+    pais().setProperty("tag", u"LL-MOTIVO#F6"_s);
     tecla(Qt::Key_F6);
     EXPECT_FALSE(PantallaAbierta<FrmListado>());
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(CampoDeLista, TwentyThousandRowsOpenAtOnceAndAreSearchedAsOneTypes) {
-    ejecutar(QStringLiteral("delete from puertos"));
+    ejecutar(u"delete from puertos"_s);
     for (int lote = 0; lote < 20; ++lote) {
         QStringList filas;
         for (int n = 0; n < 1000; ++n) {
             const QString numero = QString::number(lote * 1000 + n).rightJustified(5, QLatin1Char('0'));
-            filas << QStringLiteral("('%1','PUERTO %1')").arg(numero);
+            filas << u"('%1','PUERTO %1')"_s.arg(numero);
         }
-        ejecutar(QLatin1String("insert into puertos (cpor,lpor) values ") + filas.join(QLatin1Char(',')));
+        ejecutar("insert into puertos (cpor,lpor) values "_L1 + filas.join(QLatin1Char(',')));
     }
-    pais().setProperty("tag", QStringLiteral("LL-PUERTO#F6"));
+    pais().setProperty("tag", u"LL-PUERTO#F6"_s);
     // The list as F6 opens it, up to the first picture of it.
     const double abrir = MejorTiempo([&] {
         conVentanaModal([](QWidget *modal) {
@@ -319,42 +321,42 @@ TEST_P(CampoDeLista, TwentyThousandRowsOpenAtOnceAndAreSearchedAsOneTypes) {
         EXPECT_EQ(lista.ui.LstCod->model()->rowCount(), 20000);
         const double escribiendo = MejorTiempo([&] {
             lista.ui.TxtBs->clear();
-            escribir(QStringLiteral("puerto 19998"));
+            escribir(u"puerto 19998"_s);
         });
         EXPECT_LT(escribiendo, 200) << "twelve letters";
         tecla(Qt::Key_Return);
     });
-    EXPECT_EQ(pais().text(), QStringLiteral("19998"));
+    EXPECT_EQ(pais().text(), u"19998"_s);
 }
 
 TEST_P(CampoDeLista, AUnitIsFoundByItsNameThoughItsRowBeginsWithABlank) {
-    pais().setProperty("tag", QStringLiteral("LL-UNIDADES#F6"));
+    pais().setProperty("tag", u"LL-UNIDADES#F6"_s);
     enLaLista([](FrmListado &lista) {
-        escribir(QStringLiteral("kilog"));
-        EXPECT_EQ(enMano(lista), QStringLiteral(" KILOGRAMO"));
+        escribir(u"kilog"_s);
+        EXPECT_EQ(enMano(lista), u" KILOGRAMO"_s);
         tecla(Qt::Key_Return);
     });
-    EXPECT_EQ(pais().text(), QStringLiteral("01"));
-    EXPECT_EQ(rotulos[0]->text(), QStringLiteral("KILOGRAMO"));
+    EXPECT_EQ(pais().text(), u"01"_s);
+    EXPECT_EQ(rotulos[0]->text(), u"KILOGRAMO"_s);
 }
 
 TEST_P(CampoDeLista, ACurrencyWithADescriptionLongerThanItsWidthIsKeptAndTaken) {
     ejecutar(
-        QStringLiteral("insert into divisas (id,descripcion,imp) values "
-                       "('XLA','Moneda de un nombre muy largo que no entra',2.5)"));
+        u"insert into divisas (id,descripcion,imp) values "
+        "('XLA','Moneda de un nombre muy largo que no entra',2.5)"_s);
     divisa().setFocus();
     enLaLista([](FrmListado &) {
-        escribir(QStringLiteral("moneda de un"));
+        escribir(u"moneda de un"_s);
         tecla(Qt::Key_Return);
     });
-    EXPECT_EQ(divisa().text(), QStringLiteral("XLA"));
-    EXPECT_EQ(rotulos[1]->text(), QStringLiteral("Moneda de un nombre muy largo que no entra"));
-    EXPECT_EQ(resueltos.back().aux, numeros::Format(2.5, u"00.000000"));
+    EXPECT_EQ(divisa().text(), u"XLA"_s);
+    EXPECT_EQ(rotulos[1]->text(), u"Moneda de un nombre muy largo que no entra"_s);
+    EXPECT_EQ(resueltos.back().aux, numeros::Format(2.5, u"00.000000", ctx->SeparadorDecimal));
 }
 
 TEST_P(CampoDeLista, AStoreErrorInALookUpIsSwallowed) {
-    ejecutar(QStringLiteral("drop table pais"), QStringLiteral("SYSTABLAS"));
-    escribir(QStringLiteral("203"));
+    ejecutar(u"drop table pais"_s, u"SYSTABLAS"_s);
+    escribir(u"203"_s);
     tecla(Qt::Key_F6);
     EXPECT_FALSE(PantallaAbierta<FrmListado>());
     tecla(Qt::Key_Return);
@@ -364,12 +366,12 @@ TEST_P(CampoDeLista, AStoreErrorInALookUpIsSwallowed) {
 }
 
 TEST_P(CampoDeLista, ARecordJustLoadedShowsItsDescriptionWithoutAWord) {
-    regimen().setText(QStringLiteral("EC01"));
+    regimen().setText(u"EC01"_s);
     QString direccion;
     MostrarDescripcion(&regimen(), rotulos[3], &direccion);
-    EXPECT_EQ(direccion, QStringLiteral("E"));
+    EXPECT_EQ(direccion, u"E"_s);
     EXPECT_FALSE(rotulos[3]->text().isEmpty());
-    regimen().setText(QStringLiteral("ZZ99"));
+    regimen().setText(u"ZZ99"_s);
     MostrarDescripcion(&regimen(), rotulos[3], &direccion);
     EXPECT_EQ(direccion, QString());
     EXPECT_EQ(rotulos[3]->text(), QString());

@@ -4,14 +4,16 @@
 
 #include <QCloseEvent>
 
-#include "frame/FrmPrincipal.h"
-#include "frame/MenuP.h"
+#include "desktop/FrmPrincipal.h"
+#include "desktop/MenuP.h"
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
+#include "header/FrmClientes.h"
 #include "operations/FrmInternoNew.h"
-#include "siblings/FrmClientes.h"
 #include "subitems/FrmConsultas.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,8 +56,7 @@ QStringList columna(const QTableWidget *grilla, int cual) {
 }
 
 TEST_P(Marco, TheTitleNamesProfileVersionAndWorkstation) {
-    EXPECT_TRUE(mostrar().ventana->windowTitle().startsWith(
-        QLatin1String("[Prueba] Zendra Windows - v3.5.001 - PC [")))
+    EXPECT_TRUE(mostrar().ventana->windowTitle().startsWith("[Prueba] Zendra Windows - v3.5.001 - PC ["_L1))
         << mostrar().ventana->windowTitle().toStdString();
 }
 
@@ -70,26 +71,21 @@ TEST_P(Marco, TheFrameKeepsItsSizeAndItsOwnControlsDoNotCloseIt) {
 TEST_P(Marco, TheMenuHasItsSevenEntriesAndTheFormsUnderTheirTitle) {
     mostrar();
     auto &menu = Pantalla<MenuP>();
-    EXPECT_EQ(
-        columna(menu.ui.GrdMenuMain, 1),
-        QStringList({QStringLiteral("Operaciones"), QStringLiteral("Clientes"), QStringLiteral("Nomenclador"),
-                     QStringLiteral("Catálogos"), QStringLiteral("Configuración"),
-                     QStringLiteral("Exportar Operaciones"), QStringLiteral("Importar Operaciones")}));
-    EXPECT_EQ(menu.ui.GridFormularios->item(0, 0)->text(), QStringLiteral("Formularios"));
+    EXPECT_EQ(columna(menu.ui.GrdMenuMain, 1),
+              QStringList({u"Operaciones"_s, u"Clientes"_s, u"Nomenclador"_s, u"Catálogos"_s,
+                           u"Configuración"_s, u"Exportar Operaciones"_s, u"Importar Operaciones"_s}));
+    EXPECT_EQ(menu.ui.GridFormularios->item(0, 0)->text(), u"Formularios"_s);
     EXPECT_FALSE(menu.ui.GridFormularios->item(0, 0)->flags().testFlag(Qt::ItemIsSelectable));
     EXPECT_EQ(columna(menu.ui.GridFormularios, 1).mid(1),
-              QStringList({QStringLiteral("SENASA 19/02"), QStringLiteral("Boleta de Depósito"),
-                           QStringLiteral("Multinota"), QStringLiteral("OM-1993"), QStringLiteral("Minería"),
-                           QStringLiteral("Solicitud Particular"), QStringLiteral("Hoja de Valoración"),
-                           QStringLiteral("EDCADASSA - IMPO"), QStringLiteral("EDCADASSA - EXPO"),
-                           QStringLiteral("Certificados de Origen")}));
+              QStringList({u"SENASA 19/02"_s, u"Boleta de Depósito"_s, u"Multinota"_s, u"OM-1993"_s,
+                           u"Minería"_s, u"Solicitud Particular"_s, u"Hoja de Valoración"_s,
+                           u"EDCADASSA - IMPO"_s, u"EDCADASSA - EXPO"_s, u"Certificados de Origen"_s}));
 }
 
 TEST_P(Marco, EntriesWithoutAScreenAreShownDisabled) {
     mostrar();
     const auto *grilla = Pantalla<MenuP>().ui.GrdMenuMain;
-    const QStringList conPantalla{QStringLiteral("Operaciones"), QStringLiteral("Clientes"),
-                                  QStringLiteral("Nomenclador"), QStringLiteral("Configuración")};
+    const QStringList conPantalla{u"Operaciones"_s, u"Clientes"_s, u"Nomenclador"_s, u"Configuración"_s};
     for (int fila = 0; fila < grilla->rowCount(); ++fila)
         EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled),
                   conPantalla.contains(grilla->item(fila, 1)->text()))
@@ -144,9 +140,9 @@ TEST_P(Marco, TheLabelsTellVersionAndDates) {
     // The demonstration's nomenclature is of 5 January 2026, and so are its licence data.
     mostrar();
     const auto &ui = Pantalla<MenuP>().ui;
-    EXPECT_EQ(ui.lbVersion->text(), QStringLiteral("3.5.1"));
-    EXPECT_EQ(ui.lbNomenclador->text(), QStringLiteral("lunes, 5 de enero de 2026"));
-    EXPECT_EQ(ui.lbFechaDatosLNAPI->text(), QStringLiteral("Fecha:  5/1/26"));
+    EXPECT_EQ(ui.lbVersion->text(), u"3.5.1"_s);
+    EXPECT_EQ(ui.lbNomenclador->text(), u"lunes, 5 de enero de 2026"_s);
+    EXPECT_EQ(ui.lbFechaDatosLNAPI->text(), u"Fecha:  5/1/26"_s);
 }
 
 TEST_P(Marco, ANewEnoughStoreSaysNothing) {

@@ -10,6 +10,8 @@
 #include "operations/FrmInternoNew.h"
 #include "tests/support/pantallas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Navegador : public EnPantalla {
@@ -29,9 +31,8 @@ class Navegador : public EnPantalla {
     }
 };
 
-const QStringList cinco{QStringLiteral("DJAI-2026-0004"), QStringLiteral("EC-2026-0002"),
-                        QStringLiteral("IC-2026-0001"), QStringLiteral("ICR-2026-0005"),
-                        QStringLiteral("IT-2026-0003")};
+const QStringList cinco{u"DJAI-2026-0004"_s, u"EC-2026-0002"_s, u"IC-2026-0001"_s, u"ICR-2026-0005"_s,
+                        u"IT-2026-0003"_s};
 
 TEST_P(Navegador, EnterInTheKeySearchesAndTakesTheFocusToTheGrid) {
     auto &navegador = mostrar();
@@ -44,11 +45,11 @@ TEST_P(Navegador, EnterInTheKeySearchesAndTakesTheFocusToTheGrid) {
 
 TEST_P(Navegador, TheKeyIsAPrefixAndIsRemembered) {
     mostrar();
-    escribir(QStringLiteral("IC"));
+    escribir(u"IC"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(claves(Pantalla<FrmInternoNew>()), cinco.mid(2, 2));
     CerrarPantalla<FrmInternoNew>();
-    EXPECT_EQ(mostrar().ui.txtInterno->text(), QStringLiteral("IC"));
+    EXPECT_EQ(mostrar().ui.txtInterno->text(), u"IC"_s);
 }
 
 TEST_P(Navegador, EscapeClosesTheScreen) {
@@ -64,8 +65,7 @@ TEST_P(Navegador, EnterOnARowOpensTheOperation) {
     tecla(Qt::Key_Return);
     ASSERT_TRUE(PantallaAbierta<FrmDetalleInterno>());
     EXPECT_EQ(Pantalla<FrmDetalleInterno>().Interno(), cinco.at(1));
-    EXPECT_EQ(valor(QStringLiteral("select maquina from interno where interno = 'EC-2026-0002'")),
-              QStringLiteral("PC1"));
+    EXPECT_EQ(valor(u"select maquina from interno where interno = 'EC-2026-0002'"_s), u"PC1"_s);
 }
 
 TEST_P(Navegador, TheListIsFreshAndOnTheSameRowWhenTheOperationIsLeft) {
@@ -74,11 +74,10 @@ TEST_P(Navegador, TheListIsFreshAndOnTheSameRowWhenTheOperationIsLeft) {
     tecla(Qt::Key_Down);
     tecla(Qt::Key_Return);
     esperarVentana(Pantalla<FrmDetalleInterno>().ventana.get());
-    ejecutar(QStringLiteral("update caratula set factura7 = 'OTRO NOMBRE' where interno = 'EC-2026-0002'"));
+    ejecutar(u"update caratula set factura7 = 'OTRO NOMBRE' where interno = 'EC-2026-0002'"_s);
     tecla(Qt::Key_Escape);
     EXPECT_EQ(navegador.InternoSeleccionado(), cinco.at(1));
-    EXPECT_EQ(navegador.ui.lstInterno->currentIndex().siblingAtColumn(4).data().toString(),
-              QStringLiteral("OTRO NOMBRE"));
+    EXPECT_EQ(navegador.ui.lstInterno->currentIndex().siblingAtColumn(4).data().toString(), u"OTRO NOMBRE"_s);
 }
 
 TEST_P(Navegador, ADoubleClickOnARowOpensTheOperation) {
@@ -93,8 +92,8 @@ TEST_P(Navegador, ADoubleClickOnARowOpensTheOperation) {
 }
 
 TEST_P(Navegador, ARowWithAnEmptyKeyIsNotOpened) {
-    ejecutar(QStringLiteral("delete from caratula"));
-    ejecutar(QStringLiteral("insert into caratula (interno) values (' ')"));
+    ejecutar(u"delete from caratula"_s);
+    ejecutar(u"insert into caratula (interno) values (' ')"_s);
     mostrar();
     tecla(Qt::Key_Return);
     tecla(Qt::Key_Return);
@@ -103,22 +102,22 @@ TEST_P(Navegador, ARowWithAnEmptyKeyIsNotOpened) {
 
 TEST_P(Navegador, InsertCreatesAndShowsTheNewOperationWithoutOpeningIt) {
     auto &navegador = mostrar();
-    registro.textos.emplace_back(QStringLiteral("  NUEVA 1 "));
+    registro.textos.emplace_back(u"  NUEVA 1 "_s);
     tecla(Qt::Key_Insert);
     ASSERT_EQ(registro.entradas.size(), 1U);
-    EXPECT_EQ(registro.entradas[0].titulo, QStringLiteral("Crear nuevo interno"));
+    EXPECT_EQ(registro.entradas[0].titulo, u"Crear nuevo interno"_s);
     EXPECT_EQ(registro.entradas[0].maximo, 40);
-    EXPECT_EQ(claves(navegador), QStringList(QStringLiteral("NUEVA 1")));
-    EXPECT_EQ(navegador.ui.txtInterno->text(), QStringLiteral("NUEVA 1"));
+    EXPECT_EQ(claves(navegador), QStringList(u"NUEVA 1"_s));
+    EXPECT_EQ(navegador.ui.txtInterno->text(), u"NUEVA 1"_s);
     EXPECT_FALSE(PantallaAbierta<FrmDetalleInterno>());
 }
 
 TEST_P(Navegador, CreatingAKeyThatIsThereWarns) {
     mostrar();
-    registro.textos.emplace_back(QStringLiteral("IC-2026-0001 "));
+    registro.textos.emplace_back(u"IC-2026-0001 "_s);
     tecla(Qt::Key_Insert);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("El Código de interno ya existe."));
+    EXPECT_EQ(registro.mensajes[0].texto, u"El Código de interno ya existe."_s);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
 }
 
@@ -127,25 +126,24 @@ TEST_P(Navegador, DeleteRemovesTheOperationAndItsRowAfterAYes) {
     tecla(Qt::Key_Return);
     tecla(Qt::Key_Delete);
     ASSERT_EQ(registro.preguntas.size(), 1U);
-    EXPECT_EQ(registro.preguntas[0].texto, QStringLiteral("Confirma eliminar el interno DJAI-2026-0004"));
+    EXPECT_EQ(registro.preguntas[0].texto, u"Confirma eliminar el interno DJAI-2026-0004"_s);
     EXPECT_EQ(claves(navegador), cinco) << "No keeps it";
     registro.respuestas.push_back(true);
     tecla(Qt::Key_Delete);
     EXPECT_EQ(claves(navegador), cinco.mid(1));
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from caratula")), QStringLiteral("4"));
+    EXPECT_EQ(valor(u"select count(*) from caratula"_s), u"4"_s);
     EXPECT_FALSE(navegador.ui.Pb->isVisible());
 }
 
 TEST_P(Navegador, F6CopiesTheOperationUnderTheKeyAsked) {
     auto &navegador = mostrar();
     tecla(Qt::Key_Return);
-    registro.textos.emplace_back(QStringLiteral("COPIA"));
+    registro.textos.emplace_back(u"COPIA"_s);
     tecla(Qt::Key_F6);
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from subitems where interno = 'COPIA'")),
-              valor(QStringLiteral("select count(*) from subitems where interno = 'DJAI-2026-0004'")));
-    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'COPIA'")),
-              QStringLiteral("<null>"));
-    EXPECT_EQ(navegador.InternoSeleccionado(), QStringLiteral("COPIA"));
+    EXPECT_EQ(valor(u"select count(*) from subitems where interno = 'COPIA'"_s),
+              valor(u"select count(*) from subitems where interno = 'DJAI-2026-0004'"_s));
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'COPIA'"_s), u"<null>"_s);
+    EXPECT_EQ(navegador.InternoSeleccionado(), u"COPIA"_s);
 }
 
 TEST_P(Navegador, TheToolbarCreatesCopiesAndDeletes) {
@@ -160,8 +158,8 @@ TEST_P(Navegador, TheToolbarCreatesCopiesAndDeletes) {
 
 TEST_P(Navegador, DeleteInAFilterClearsItAndItsName) {
     auto &navegador = mostrar();
-    navegador.ui.txtCliente->setText(QStringLiteral("30708123451"));
-    navegador.ui.lbCliente->setText(QStringLiteral("HIDRAULICA DEL PLATA S.A."));
+    navegador.ui.txtCliente->setText(u"30708123451"_s);
+    navegador.ui.lbCliente->setText(u"HIDRAULICA DEL PLATA S.A."_s);
     teclaEn(navegador.ui.txtCliente, Qt::Key_Delete);
     EXPECT_TRUE(navegador.ui.txtCliente->text().isEmpty());
     EXPECT_TRUE(navegador.ui.lbCliente->text().isEmpty());
@@ -169,10 +167,10 @@ TEST_P(Navegador, DeleteInAFilterClearsItAndItsName) {
 
 TEST_P(Navegador, TheFiltersOfClientAndBrokerNarrowTheSearch) {
     auto &navegador = mostrar();
-    navegador.ui.txtCliente->setText(QStringLiteral("30708123451"));
+    navegador.ui.txtCliente->setText(u"30708123451"_s);
     teclaEn(navegador.ui.txtInterno, Qt::Key_Return);
-    EXPECT_EQ(claves(navegador), QStringList(QStringLiteral("IC-2026-0001")));
-    navegador.ui.txtDespachante->setText(QStringLiteral("20000000000"));
+    EXPECT_EQ(claves(navegador), QStringList(u"IC-2026-0001"_s));
+    navegador.ui.txtDespachante->setText(u"20000000000"_s);
     teclaEn(navegador.ui.txtInterno, Qt::Key_Return);
     EXPECT_TRUE(claves(navegador).isEmpty());
 }
@@ -188,12 +186,12 @@ TEST_P(Navegador, ThePeriodStartsWithTheMonthInHand) {
 TEST_P(Navegador, GroupingRegroupsWithoutANewSearch) {
     auto &navegador = mostrar();
     tecla(Qt::Key_Return);
-    ejecutar(QStringLiteral("delete from caratula"));
+    ejecutar(u"delete from caratula"_s);
     navegador.ui.cboAgruparPor->setCurrentIndex(1);
     const auto *modelo = navegador.ui.lstInterno->model();
     ASSERT_EQ(modelo->rowCount(), 2);
-    EXPECT_EQ(modelo->index(0, 0).data().toString(), QStringLiteral("Exportacion"));
-    EXPECT_EQ(modelo->index(1, 0).data().toString(), QStringLiteral("Importacion"));
+    EXPECT_EQ(modelo->index(0, 0).data().toString(), u"Exportacion"_s);
+    EXPECT_EQ(modelo->index(1, 0).data().toString(), u"Importacion"_s);
     EXPECT_EQ(modelo->rowCount(modelo->index(0, 0)), 1);
     EXPECT_EQ(modelo->rowCount(modelo->index(1, 0)), 4);
     navegador.ui.cboAgruparPor->setCurrentIndex(0);
@@ -204,19 +202,19 @@ TEST_P(Navegador, GroupedRowsAreOpenedAndDeletedLikeOthers) {
     auto &navegador = mostrar();
     tecla(Qt::Key_Return);
     navegador.ui.cboAgruparPor->setCurrentIndex(1);
-    ASSERT_TRUE(navegador.Seleccionar(QStringLiteral("EC-2026-0002")));
+    ASSERT_TRUE(navegador.Seleccionar(u"EC-2026-0002"_s));
     registro.respuestas.push_back(true);
     teclaEn(navegador.ui.lstInterno, Qt::Key_Delete);
     EXPECT_EQ(navegador.ui.lstInterno->model()->rowCount(), 1) << "a group without rows goes";
 }
 
 TEST_P(Navegador, ARegimeThatIsNotInTheCatalogueIsOfTheOthers) {
-    ejecutar(QStringLiteral("update caratula set idsubreg = 'ZZ99' where interno = 'IC-2026-0001'"));
+    ejecutar(u"update caratula set idsubreg = 'ZZ99' where interno = 'IC-2026-0001'"_s);
     auto &navegador = mostrar();
     tecla(Qt::Key_Return);
-    ASSERT_TRUE(navegador.Seleccionar(QStringLiteral("IC-2026-0001")));
+    ASSERT_TRUE(navegador.Seleccionar(u"IC-2026-0001"_s));
     EXPECT_EQ(navegador.ui.lstInterno->currentIndex().siblingAtColumn(0).data(Qt::ToolTipRole).toString(),
-              QStringLiteral("Otros"));
+              u"Otros"_s);
 }
 
 TEST_P(Navegador, ThePopupsEntriesActOnTheRow) {
@@ -231,12 +229,12 @@ TEST_P(Navegador, ThePopupsEntriesActOnTheRow) {
 }
 
 TEST_P(Navegador, AnErrorOfTheStoreIsAMessageAndTheScreenStays) {
-    ejecutar(QStringLiteral("drop table caratula"));
+    ejecutar(u"drop table caratula"_s);
     mostrar();
     tecla(Qt::Key_Return);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
-    EXPECT_TRUE(registro.mensajes[0].texto.contains(QLatin1String("caratula")));
+    EXPECT_TRUE(registro.mensajes[0].texto.contains("caratula"_L1));
     EXPECT_TRUE(PantallaAbierta<FrmInternoNew>());
 }
 

@@ -19,10 +19,12 @@
 #include "tests/support/tiempos.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ncm = QStringLiteral("NCM");
-const QString motor = QStringLiteral("8409.91.12.100G");
+const QString ncm = u"NCM"_s;
+const QString motor = u"8409.91.12.100G"_s;
 
 std::string textoDe(const QTableWidget *grilla) {
     QStringList lineas;
@@ -47,8 +49,8 @@ std::string textoDe(const QListWidget *lista) {
 
 /// Sets a column of the engine part's position.
 QString fijar(const char *columna, const char *valor) {
-    return QStringLiteral("update ncm set [%1] = '%2' where [001] = '8409.91.12' and [002] = '100'")
-        .arg(QString::fromUtf8(columna), QString::fromUtf8(valor));
+    return u"update ncm set [%1] = '%2' where [001] = '8409.91.12' and [002] = '100'"_s.arg(
+        QString::fromUtf8(columna), QString::fromUtf8(valor));
 }
 
 class Posiciones : public EnPantalla {
@@ -75,12 +77,11 @@ class Posiciones : public EnPantalla {
 };
 
 TEST_P(Posiciones, ADotOfTheTextStandsForAnythingInTheMiddle) {
-    ejecutar(QStringLiteral("insert into ncm ([001],[002],[003]) values ('8471.60.09','000','Z')"), ncm);
+    ejecutar(u"insert into ncm ([001],[002],[003]) values ('8471.60.09','000','Z')"_s, ncm);
     elegir([](FrmPosicion &p) {
         const Traza traza;
         buscar("84.09");
-        EXPECT_TRUE(traza.sentencias().value(0).contains(QLatin1String("where [001] like '84%09%'")))
-            << traza.texto();
+        EXPECT_TRUE(traza.sentencias().value(0).contains("where [001] like '84%09%'"_L1)) << traza.texto();
         EXPECT_EQ(textoDe(p.ui.LstNCM),
                   "8409.91.12.100G 8409.91.12.900A 8409.91.20.000W 8409.99.12.100C 8409.99.69.000Z "
                   "8471.60.09.000Z");
@@ -93,18 +94,19 @@ TEST_P(Posiciones, WhatIsFoundIsListedWithTheFirstRowInHand) {
         buscar("8409.91");
         EXPECT_EQ(QApplication::focusWidget(), p.ui.LstNCM);
         EXPECT_EQ(p.ui.LstNCM->currentRow(), 0);
-        EXPECT_EQ(p.ui.lbCantidad->text(), QStringLiteral("3 posiciones"));
+        EXPECT_EQ(p.ui.lbCantidad->text(), u"3 posiciones"_s);
         EXPECT_EQ(p.ui.LbDescripcion->text().count(u'\n'), 1) << "own description, then the first level";
         EXPECT_EQ(p.ui.LstSufijos->rowCount(), 5);
-        EXPECT_EQ(p.ui.LstSufijos->item(0, 0)->text(), QStringLiteral("AA01"));
+        EXPECT_EQ(p.ui.LstSufijos->item(0, 0)->text(), u"AA01"_s);
         EXPECT_FALSE(p.ui.LstSufijos->item(0, 1)->text().isEmpty());
     });
 }
 
 TEST_P(Posiciones, EveryArrowShowsTheRowItGoesTo) {
-    const QString propia = valor(QStringLiteral("select [010] from ncm where [001] = '8409.91.12' and "
-                                                "[002] = '900'"),
-                                 ncm);
+    const QString propia = valor(
+        u"select [010] from ncm where [001] = '8409.91.12' and "
+        "[002] = '900'"_s,
+        ncm);
     elegir([&](FrmPosicion &p) {
         buscar("8409.91");
         const QString primera = p.ui.LbDescripcion->text();
@@ -135,17 +137,16 @@ TEST_P(Posiciones, EnterChoosesThePositionWithItsUnitsAndFlags) {
         ejecutar(fijar(columna, valor), ncm);
     EXPECT_EQ(elegir([](FrmPosicion &p) {
                   buscar("8409.91");
-                  EXPECT_EQ(
-                      p.ui.lbUnidades->text(),
-                      QStringLiteral("Unidad estadística: 07   ·   Derecho específico: 01   ·   LAPI   ·   "
-                                     "Reintegro   ·   Seguridad eléctrica   ·   Prohibición"));
+                  EXPECT_EQ(p.ui.lbUnidades->text(),
+                            u"Unidad estadística: 07   ·   Derecho específico: 01   ·   LAPI   ·   "
+                            "Reintegro   ·   Seguridad eléctrica   ·   Prohibición"_s);
                   tecla(Qt::Key_Return);
                   EXPECT_FALSE(p.ventana->isVisible());
               }),
               motor.toStdString());
     EXPECT_EQ(ctx->posicion.posicion, motor);
-    EXPECT_EQ(ctx->posicion.estadistica, QStringLiteral("07"));
-    EXPECT_EQ(ctx->posicion.deresp, QStringLiteral("01"));
+    EXPECT_EQ(ctx->posicion.estadistica, u"07"_s);
+    EXPECT_EQ(ctx->posicion.deresp, u"01"_s);
     EXPECT_TRUE(ctx->posicion.lapi && ctx->posicion.seguridad && ctx->posicion.prohibicion &&
                 ctx->posicion.reintegro);
     for (const auto &[columna, valor] : {std::pair("020", ""), std::pair("059", ""), std::pair("052", ""),
@@ -153,8 +154,7 @@ TEST_P(Posiciones, EnterChoosesThePositionWithItsUnitsAndFlags) {
         ejecutar(fijar(columna, valor), ncm);
     elegir([](FrmPosicion &p) {
         buscar("8409.91");
-        EXPECT_EQ(p.ui.lbUnidades->text(),
-                  QStringLiteral("Unidad estadística: 07   ·   Derecho específico: No posee"));
+        EXPECT_EQ(p.ui.lbUnidades->text(), u"Unidad estadística: 07   ·   Derecho específico: No posee"_s);
         tecla(Qt::Key_Return);
     });
     EXPECT_FALSE(ctx->posicion.lapi || ctx->posicion.seguridad || ctx->posicion.prohibicion ||
@@ -183,7 +183,7 @@ TEST_P(Posiciones, NothingFoundIsToldAndTheBoxKeepsTheKeyboard) {
         p.ui.TxtNcm->setFocus();
         buscar("zz");
         ASSERT_EQ(registro.mensajes.size(), 1U);
-        EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("Posición no encontrada."));
+        EXPECT_EQ(registro.mensajes[0].texto, u"Posición no encontrada."_s);
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
         EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm);
         EXPECT_EQ(p.ui.LstNCM->count(), 0);
@@ -193,15 +193,15 @@ TEST_P(Posiciones, NothingFoundIsToldAndTheBoxKeepsTheKeyboard) {
 }
 
 TEST_P(Posiciones, TheSearchFromOutsideHasItsOwnWordsForNothing) {
-    elegir([](FrmPosicion &p) { EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm); }, QStringLiteral("zz"));
+    elegir([](FrmPosicion &p) { EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtNcm); }, u"zz"_s);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("Posición no Encontrada."));
+    EXPECT_EQ(registro.mensajes[0].texto, u"Posición no Encontrada."_s);
     EXPECT_EQ(elegir(
                   [](FrmPosicion &p) {
                       EXPECT_EQ(QApplication::focusWidget(), p.ui.LstNCM);
                       tecla(Qt::Key_Return);
                   },
-                  QStringLiteral("8409.99.12")),
+                  u"8409.99.12"_s),
               "8409.99.12.100C");
 }
 
@@ -266,15 +266,15 @@ class ConsultaDelNomenclador : public EnPantalla {
 };
 
 TEST_P(ConsultaDelNomenclador, ACommaInThePositionIsADot) {
-    auto &consultas = porPosicion(QStringLiteral("8409,91"));
-    const QString propia = valor(QStringLiteral("select [010] from ncm where [001] = '8409.91.20'"), ncm);
-    const QString superior = valor(QStringLiteral("select [004] from ncm where [001] = '8409.91.20'"), ncm);
+    auto &consultas = porPosicion(u"8409,91"_s);
+    const QString propia = valor(u"select [010] from ncm where [001] = '8409.91.20'"_s, ncm);
+    const QString superior = valor(u"select [004] from ncm where [001] = '8409.91.20'"_s, ncm);
     const QAbstractItemModel &filas = *consultas.ui.LstResult->model();
     ASSERT_EQ(filas.rowCount(), 3);
     EXPECT_EQ(filas.index(0, 0).data().toString(), motor);
-    EXPECT_EQ(filas.index(2, 0).data().toString(), QStringLiteral("8409.91.20.000W"));
-    EXPECT_EQ(filas.index(2, 1).data().toString(), propia + QLatin1String(" - - ") + superior);
-    EXPECT_EQ(consultas.ui.lbCantidad->text(), QStringLiteral("3 posiciones encontradas"));
+    EXPECT_EQ(filas.index(2, 0).data().toString(), u"8409.91.20.000W"_s);
+    EXPECT_EQ(filas.index(2, 1).data().toString(), propia + " - - "_L1 + superior);
+    EXPECT_EQ(consultas.ui.lbCantidad->text(), u"3 posiciones encontradas"_s);
     EXPECT_EQ(QApplication::focusWidget(), consultas.ui.LstResult);
     EXPECT_EQ(consultas.ui.LstResult->currentIndex().row(), 0);
     EXPECT_TRUE(registro.mensajes.empty());
@@ -289,12 +289,12 @@ TEST_P(ConsultaDelNomenclador, AnEmptyPositionIsAskedFor) {
 }
 
 TEST_P(ConsultaDelNomenclador, ThreeCharactersAreEnoughForWordsAndTwoAreNot) {
-    auto &consultas = porPalabras(QStringLiteral("pi"));
+    auto &consultas = porPalabras(u"pi"_s);
     EXPECT_EQ(mensajes(), "Debe ingresar al menos 3 caracteres para buscar una posición");
     EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtDescripcion);
     EXPECT_EQ(consultas.ui.LstResult->model()->rowCount(), 0);
     registro.mensajes.clear();
-    porPalabras(QStringLiteral("PIS"));
+    porPalabras(u"PIS"_s);
     EXPECT_EQ(mensajes(), "");
     EXPECT_GT(consultas.ui.LstResult->model()->rowCount(), 0) << "whatever the case";
     EXPECT_EQ(QApplication::focusWidget(), consultas.ui.LstResult);
@@ -303,15 +303,14 @@ TEST_P(ConsultaDelNomenclador, ThreeCharactersAreEnoughForWordsAndTwoAreNot) {
 TEST_P(ConsultaDelNomenclador, WordsJoinBothLevelsWithAnotherSeparator) {
     ejecutar(fijar("010", "Bielas de prueba"), ncm);
     ejecutar(fijar("004", "Partes de motores"), ncm);
-    auto &consultas = porPalabras(QStringLiteral("las de prue"));
+    auto &consultas = porPalabras(u"las de prue"_s);
     EXPECT_EQ(textoDe(consultas.ui.LstResult), "8409.91.12.100G|Bielas de prueba -- Partes de motores");
-    EXPECT_EQ(consultas.ui.lbCantidad->text(), QStringLiteral("1 posición encontrada"));
+    EXPECT_EQ(consultas.ui.lbCantidad->text(), u"1 posición encontrada"_s);
     CerrarPantalla<FrmConsultas>();
-    EXPECT_EQ(textoDe(porPosicion(QStringLiteral("8409.91.12.1")).ui.LstResult), "")
-        << "the first key alone is compared";
+    EXPECT_EQ(textoDe(porPosicion(u"8409.91.12.1"_s).ui.LstResult), "") << "the first key alone is compared";
     CerrarPantalla<FrmConsultas>();
-    EXPECT_TRUE(QString::fromStdString(textoDe(porPosicion(QStringLiteral("8409.91.12")).ui.LstResult))
-                    .startsWith(QLatin1String("8409.91.12.100G|Bielas de prueba - - Partes de motores\n")));
+    EXPECT_TRUE(QString::fromStdString(textoDe(porPosicion(u"8409.91.12"_s).ui.LstResult))
+                    .startsWith("8409.91.12.100G|Bielas de prueba - - Partes de motores\n"_L1));
 }
 
 TEST_P(ConsultaDelNomenclador, EachFieldMakesItsOwnButtonTheDefault) {
@@ -327,18 +326,18 @@ TEST_P(ConsultaDelNomenclador, EachFieldMakesItsOwnButtonTheDefault) {
 }
 
 TEST_P(ConsultaDelNomenclador, NothingFoundEmptiesTheResultAndKeepsTheField) {
-    auto &consultas = porPosicion(QStringLiteral("8409"));
+    auto &consultas = porPosicion(u"8409"_s);
     EXPECT_GT(consultas.ui.LstResult->model()->rowCount(), 0);
-    porPosicion(QStringLiteral("zzzz"));
+    porPosicion(u"zzzz"_s);
     EXPECT_EQ(consultas.ui.LstResult->model()->rowCount(), 0);
-    EXPECT_EQ(consultas.ui.lbCantidad->text(), QStringLiteral("0 posiciones encontradas"));
+    EXPECT_EQ(consultas.ui.lbCantidad->text(), u"0 posiciones encontradas"_s);
     EXPECT_EQ(QApplication::focusWidget(), consultas.ui.TxtSIM);
-    EXPECT_EQ(consultas.ui.TxtSIM->selectedText(), QStringLiteral("zzzz"));
+    EXPECT_EQ(consultas.ui.TxtSIM->selectedText(), u"zzzz"_s);
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(ConsultaDelNomenclador, AClickOnAHeadingSortsAndKeepsTheRowInHand) {
-    auto &consultas = porPosicion(QStringLiteral("84"));
+    auto &consultas = porPosicion(u"84"_s);
     QTableView *vista = consultas.ui.LstResult;
     tecla(Qt::Key_Down);
     const QString enMano = vista->currentIndex().siblingAtColumn(0).data().toString();
@@ -374,12 +373,12 @@ TEST_P(ConsultaDelNomenclador, AClickOnAHeadingSortsAndKeepsTheRowInHand) {
 }
 
 TEST_P(ConsultaDelNomenclador, EnterAndTheDoubleClickShowTheSheetOfTheRow) {
-    auto &consultas = porPosicion(QStringLiteral("8409.91"));
+    auto &consultas = porPosicion(u"8409.91"_s);
     tecla(Qt::Key_Down);
     const auto mirar = [](FrmDetalleNomenclador &hoja) {
-        EXPECT_EQ(hoja.ventana->windowTitle(), QStringLiteral("Detalles del Nomenclador"));
-        EXPECT_TRUE(hoja.ui.LbEncabezado->text().startsWith(QStringLiteral(
-            "Posición Arancelaria: 8409.91.12.900A\n-----------------------------------------\n")))
+        EXPECT_EQ(hoja.ventana->windowTitle(), u"Detalles del Nomenclador"_s);
+        EXPECT_TRUE(hoja.ui.LbEncabezado->text().startsWith(
+            u"Posición Arancelaria: 8409.91.12.900A\n-----------------------------------------\n"_s))
             << hoja.ui.LbEncabezado->text().toStdString();
     };
     enLaHoja(mirar);
@@ -402,36 +401,36 @@ TEST_P(ConsultaDelNomenclador, TheSheetTellsEachSectionInItsOrder) {
          {std::pair("012", "07"), std::pair("020", ""), std::pair("013", "General"),
           std::pair("015", "14.00"), std::pair("021", "0.00")})
         ejecutar(fijar(columna, valor), ncm);
-    porPosicion(QStringLiteral("8409.91.12"));
+    porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_EQ(textoDe(hoja.ui.GrdDetalles),
                   "Unidad Estadistica:|07\nUnidad del Derecho Especifico:|No posee\nRamo:|General\n|");
         const QString gravamenes = QString::fromStdString(textoDe(hoja.ui.GrdGravamenes));
-        EXPECT_TRUE(gravamenes.startsWith(QStringLiteral(
-            "Derecho de Importación Extrazona:|14.00\nDerecho de Importación intrazona:|0.00\n")))
+        EXPECT_TRUE(gravamenes.startsWith(
+            u"Derecho de Importación Extrazona:|14.00\nDerecho de Importación intrazona:|0.00\n"_s))
             << gravamenes.toStdString();
         EXPECT_EQ(hoja.ui.GrdGravamenes->rowCount(), 9);
         EXPECT_EQ(hoja.ui.GrdFuentes->rowCount(), 10);
-        EXPECT_EQ(hoja.ui.marcoGravamenes->title(), QStringLiteral("GRAVAMENES"));
-        EXPECT_EQ(hoja.ui.marcoFuentes->title(), QStringLiteral("FUENTES"));
-        EXPECT_EQ(hoja.ui.marcoPosee->title(), QStringLiteral("POSEE"));
+        EXPECT_EQ(hoja.ui.marcoGravamenes->title(), u"GRAVAMENES"_s);
+        EXPECT_EQ(hoja.ui.marcoFuentes->title(), u"FUENTES"_s);
+        EXPECT_EQ(hoja.ui.marcoPosee->title(), u"POSEE"_s);
         EXPECT_TRUE(hoja.ui.LbLetra->isHidden()) << "no library of line reports";
     });
 }
 
 TEST_P(ConsultaDelNomenclador, AnUnknownTermForForeignCurrencyShowsError) {
     ejecutar(fijar("071", "5"), ncm);
-    porPosicion(QStringLiteral("8409.91.12"));
+    porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_TRUE(QString::fromStdString(textoDe(hoja.ui.GrdPosee))
-                        .endsWith(QLatin1String("Plazo para Ingreso de Divisas:|ERROR\n|")))
+                        .endsWith("Plazo para Ingreso de Divisas:|ERROR\n|"_L1))
             << textoDe(hoja.ui.GrdPosee);
     });
 }
 
 TEST_P(ConsultaDelNomenclador, AColumnOfBlanksGivesNoLineOfWhatThePositionHas) {
     ejecutar(fijar("043", "SENASA"), ncm);
-    porPosicion(QStringLiteral("8409.91.12"));
+    porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_NE(textoDe(hoja.ui.GrdPosee).find("Intervención:|SENASA"), std::string::npos);
     });
@@ -442,7 +441,7 @@ TEST_P(ConsultaDelNomenclador, AColumnOfBlanksGivesNoLineOfWhatThePositionHas) {
 }
 
 TEST_P(ConsultaDelNomenclador, ThePositionsOwnSuffixesAndTheEndOfEachSectionAreHighlighted) {
-    porPosicion(QStringLiteral("8409.91.12"));
+    porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         // 14085590 = 214 * 65536 + 237 * 256 + 214: blue, green and red.
         const QColor verde(214, 237, 214);
@@ -463,8 +462,8 @@ TEST_P(ConsultaDelNomenclador, ThePositionsOwnSuffixesAndTheEndOfEachSectionAreH
             for (int fila = 0; fila < ultima; ++fila)
                 EXPECT_NE(grilla->item(fila, 0)->background().color(), verde);
         }
-        EXPECT_EQ(hoja.ui.GrdSufijos->horizontalHeaderItem(0)->text(), QStringLiteral("SUFIJO"));
-        EXPECT_EQ(hoja.ui.GrdSufijos->horizontalHeaderItem(1)->text(), QStringLiteral("DETALLE"));
+        EXPECT_EQ(hoja.ui.GrdSufijos->horizontalHeaderItem(0)->text(), u"SUFIJO"_s);
+        EXPECT_EQ(hoja.ui.GrdSufijos->horizontalHeaderItem(1)->text(), u"DETALLE"_s);
         EXPECT_GE(hoja.ui.GrdSufijos->columnWidth(1), 600) << "9000 units";
     });
 }
@@ -474,22 +473,22 @@ TEST_P(ConsultaDelNomenclador, AnotherLetterFeedsTheSheetAndAnUnknownPositionSho
     conVentanaModal([&](QWidget *modal) {
         vista = true;
         EXPECT_TRUE(Pantalla<FrmDetalleNomenclador>().ui.LbEncabezado->text().startsWith(
-            QStringLiteral("Posición Arancelaria: 8409.91.12.100X\n")));
+            u"Posición Arancelaria: 8409.91.12.100X\n"_s));
         modal->close();
     });
-    VerDetalleNomenclador(QStringLiteral("8409.91.12.100X"));
+    VerDetalleNomenclador(u"8409.91.12.100X"_s);
     EXPECT_TRUE(vista);
-    VerDetalleNomenclador(QStringLiteral("9999.99.99.999Z"));
+    VerDetalleNomenclador(u"9999.99.99.999Z"_s);
     EXPECT_FALSE(PantallaAbierta<FrmDetalleNomenclador>());
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(ConsultaDelNomenclador, TheLibraryOfLineReportsTellsTheLetterOnTheSheet) {
-    const LetrasDelNcm letras{[](const QString &) { return QStringLiteral("B"); },
-                              [](const QString &letra) { return QStringLiteral("Licencia ") + letra; }};
+    const LetrasDelNcm letras{[](const QString &) { return u"B"_s; },
+                              [](const QString &letra) { return u"Licencia "_s + letra; }};
     conVentanaModal([](QWidget *modal) {
         auto &hoja = Pantalla<FrmDetalleNomenclador>();
-        EXPECT_EQ(hoja.ui.LbLetra->text(), QStringLiteral("B - Licencia B"));
+        EXPECT_EQ(hoja.ui.LbLetra->text(), u"B - Licencia B"_s);
         EXPECT_TRUE(hoja.ui.LbLetra->isVisible());
         modal->close();
     });
@@ -497,7 +496,7 @@ TEST_P(ConsultaDelNomenclador, TheLibraryOfLineReportsTellsTheLetterOnTheSheet) 
 }
 
 TEST_P(ConsultaDelNomenclador, F6ShowsTheSuffixesOfTheRow) {
-    porPosicion(QStringLiteral("8409.91"));
+    porPosicion(u"8409.91"_s);
     enLaVentana<FrmSufijos>(Qt::Key_F6, [](FrmSufijos &sufijos) {
         EXPECT_EQ(sufijos.ui.LbPosicion->text(), motor);
         EXPECT_EQ(sufijos.ui.Grid->rowCount(), 5);
@@ -505,15 +504,15 @@ TEST_P(ConsultaDelNomenclador, F6ShowsTheSuffixesOfTheRow) {
 }
 
 TEST_P(ConsultaDelNomenclador, EscapeClosesTheSearch) {
-    porPosicion(QStringLiteral("8409.91"));
+    porPosicion(u"8409.91"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmConsultas>());
 }
 
 TEST_P(ConsultaDelNomenclador, AFaultOfTheStoreIsToldAndTheScreenStays) {
     auto &consultas = mostrar();
-    ejecutar(QStringLiteral("drop table ncm"), ncm);
-    escribir(QStringLiteral("8409"));
+    ejecutar(u"drop table ncm"_s, ncm);
+    escribir(u"8409"_s);
     tecla(Qt::Key_Return);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
@@ -527,23 +526,20 @@ TEST_P(ConsultaDelNomenclador, WordsOverThirtyThousandPositionsAreShownInUnder15
     for (int desde = 0; desde < posiciones; desde += porVez) {
         QStringList valores;
         for (int i = desde; i < desde + porVez; ++i)
-            valores << QStringLiteral("('%1.%2.%3','%4','A','Manufacturas y sus partes','%5, artículo %6')")
+            valores << u"('%1.%2.%3','%4','A','Manufacturas y sus partes','%5, artículo %6')"_s
                            .arg(1000 + i / 1000)
                            .arg(i / 10 % 100, 2, 10, QLatin1Char('0'))
                            .arg(i % 10 * 10, 2, 10, QLatin1Char('0'))
                            .arg(i % 9 * 100, 3, 10, QLatin1Char('0'))
-                           .arg(i % 7 == 0 ? QStringLiteral("Contrapesos de fundición")
-                                           : QStringLiteral("Los demás"))
+                           .arg(i % 7 == 0 ? u"Contrapesos de fundición"_s : u"Los demás"_s)
                            .arg(i);
-        ejecutar(
-            QStringLiteral("insert into ncm ([001],[002],[003],[004],[010]) values ") + valores.join(u','),
-            ncm);
+        ejecutar(u"insert into ncm ([001],[002],[003],[004],[010]) values "_s + valores.join(u','), ncm);
     }
     auto &consultas = mostrar();
     const double mejor = MejorTiempo(
         [&] {
             consultas.ui.TxtDescripcion->setFocus();
-            escribir(QStringLiteral("CONTRAPESOS"));
+            escribir(u"CONTRAPESOS"_s);
             tecla(Qt::Key_Return);
         },
         5);

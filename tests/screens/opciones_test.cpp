@@ -6,15 +6,17 @@
 #include <QFile>
 #include <QTest>
 
-#include "assembly/FrmABMProrrateos.h"
-#include "assembly/FrmLstProrrateo.h"
-#include "frame/FrmBase.h"
-#include "frame/FrmConGen.h"
-#include "frame/FrmConfig.h"
+#include "desktop/FrmBase.h"
+#include "desktop/FrmConGen.h"
+#include "desktop/FrmConfig.h"
+#include "frame/base/ini.h"
 #include "frame/config.h"
-#include "frame/ini.h"
 #include "frame/ui/Pantalla.h"
+#include "header/FrmABMProrrateos.h"
+#include "header/FrmLstProrrateo.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -22,7 +24,7 @@ class PantallasDeOpciones : public EnPantalla {
  protected:
     void SetUp() override {
         EnPantalla::SetUp();
-        ctx->ConfigFilePath = tienda->carpeta() + QStringLiteral("/ZENDRA.ini");
+        ctx->ConfigFilePath = tienda->carpeta() + u"/ZENDRA.ini"_s;
     }
     QString leer(const char *clave, const char *seccion = "GENERAL") {
         return LeerIni(QLatin1String(seccion), QLatin1String(clave), ctx->ConfigFilePath);
@@ -39,7 +41,7 @@ TEST_P(PantallasDeOpciones, TheDoorOpensBothScreensByKeyboardAndClosesOnEscape) 
     auto &puerta = Pantalla<FrmConfig>();
     puerta.Mostrar();
     esperarVentana(puerta.ventana.get());
-    foto(puerta.ventana.get(), QStringLiteral("configuracion"));
+    foto(puerta.ventana.get(), u"configuracion"_s);
     tecla(Qt::Key_Return);
     ASSERT_TRUE(PantallaAbierta<FrmConGen>());
     esperarVentana(Pantalla<FrmConGen>().ventana.get());
@@ -60,20 +62,20 @@ TEST_P(PantallasDeOpciones, TheDoorOpensBothScreensByKeyboardAndClosesOnEscape) 
 TEST_P(PantallasDeOpciones, EscapeStoresEveryOptionIntoTheFileAndTheRun) {
     auto &ui = opciones().ui;
     EXPECT_EQ(ui.rutaLabel->text(), ctx->ConfigFilePath);
-    escribir(QStringLiteral("ab"));
+    escribir(u"ab"_s);
     teclaEn(ui.chkMostrarOperaciones, Qt::Key_Space);
     ui.cboListado->setCurrentIndex(1);
     ui.opARMARITEM1->setChecked(true);
     teclaEn(ui.txtRIN, Qt::Key_Home);
-    ui.txtRIN->setText(QStringLiteral("21"));
-    foto(Pantalla<FrmConGen>().ventana.get(), QStringLiteral("opciones"));
+    ui.txtRIN->setText(u"21"_s);
+    foto(Pantalla<FrmConGen>().ventana.get(), u"opciones"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmConGen>());
-    EXPECT_EQ(leer("INICIALES"), QStringLiteral("AB"));
-    EXPECT_EQ(leer("OperacionesMostrarTODO"), QStringLiteral("S"));
-    EXPECT_EQ(leer("LISTADO"), QStringLiteral("1"));
-    EXPECT_EQ(leer("ARMARITEM"), QStringLiteral("1"));
-    EXPECT_EQ(leer("IVARIN"), QStringLiteral("21"));
+    EXPECT_EQ(leer("INICIALES"), u"AB"_s);
+    EXPECT_EQ(leer("OperacionesMostrarTODO"), u"S"_s);
+    EXPECT_EQ(leer("LISTADO"), u"1"_s);
+    EXPECT_EQ(leer("ARMARITEM"), u"1"_s);
+    EXPECT_EQ(leer("IVARIN"), u"21"_s);
     EXPECT_TRUE(ctx->opciones.OperacionesMostrarTODO);
     EXPECT_EQ(ctx->opciones.LISTADO, 1);
     EXPECT_EQ(ctx->opciones.ARMARITEM, 1);
@@ -81,31 +83,29 @@ TEST_P(PantallasDeOpciones, EscapeStoresEveryOptionIntoTheFileAndTheRun) {
     auto &otra = opciones().ui;
     EXPECT_TRUE(otra.chkMostrarOperaciones->isChecked());
     EXPECT_TRUE(otra.opARMARITEM1->isChecked());
-    EXPECT_EQ(otra.cboListado->currentText(), QStringLiteral("Fecha de Creación"));
+    EXPECT_EQ(otra.cboListado->currentText(), u"Fecha de Creación"_s);
 }
 
 TEST_P(PantallasDeOpciones, AValueOfDiemChinaThatIsNoNumberKeepsTheScreenWithTheRestStored) {
     auto &ui = opciones().ui;
     ui.chkMostrarOperaciones->setChecked(true);
-    ui.txtIndMaxArancel->setText(QStringLiteral("mucho"));
+    ui.txtIndMaxArancel->setText(u"mucho"_s);
     tecla(Qt::Key_Escape);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto,
-              QStringLiteral("El campo Indice Maximo Arancel debe tener un valor númerico"));
+    EXPECT_EQ(registro.mensajes[0].texto, u"El campo Indice Maximo Arancel debe tener un valor númerico"_s);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
     ASSERT_TRUE(PantallaAbierta<FrmConGen>());
     EXPECT_EQ(QApplication::focusWidget(), ui.txtIndMaxArancel);
-    EXPECT_EQ(leer("OperacionesMostrarTODO"), QStringLiteral("S"));
-    ui.txtIndMaxArancel->setText(QStringLiteral("35"));
+    EXPECT_EQ(leer("OperacionesMostrarTODO"), u"S"_s);
+    ui.txtIndMaxArancel->setText(u"35"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmConGen>());
 }
 
 TEST_P(PantallasDeOpciones, APreferenceThatIsNoNumberInTheFileShowsForty) {
-    EscribirIni(QStringLiteral("GENERAL"), QStringLiteral("DIEMCHINA-PREFPORC"), QStringLiteral("abc"),
-                ctx->ConfigFilePath);
+    EscribirIni(u"GENERAL"_s, u"DIEMCHINA-PREFPORC"_s, u"abc"_s, ctx->ConfigFilePath);
     CargarConfiguracion(*ctx);
-    EXPECT_EQ(opciones().ui.txtPrefPorc->text(), QStringLiteral("40"));
+    EXPECT_EQ(opciones().ui.txtPrefPorc->text(), u"40"_s);
 }
 
 TEST_P(PantallasDeOpciones, WithoutTheTemporaryInputsTheirTwoBoxesAreDisabledAndClear) {
@@ -118,7 +118,7 @@ TEST_P(PantallasDeOpciones, WithoutTheTemporaryInputsTheirTwoBoxesAreDisabledAnd
 }
 
 TEST_P(PantallasDeOpciones, AFileThatCannotBeWrittenIsToldAndDoesNotHoldTheUser) {
-    ctx->ConfigFilePath = tienda->carpeta() + QStringLiteral("/no/existe/ZENDRA.ini");
+    ctx->ConfigFilePath = tienda->carpeta() + u"/no/existe/ZENDRA.ini"_s;
     opciones();
     tecla(Qt::Key_Escape);
     ASSERT_EQ(registro.mensajes.size(), 1U);
@@ -130,23 +130,23 @@ TEST_P(PantallasDeOpciones, TheFoldersAreStoredWithTheirClosingSeparator) {
     auto &base = Pantalla<FrmBase>();
     base.Mostrar();
     esperarVentana(base.ventana.get());
-    escribir(QStringLiteral("/datos/internos"));
+    escribir(u"/datos/internos"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), base.ui.TxtPersonal);
-    foto(base.ventana.get(), QStringLiteral("ubicaciones"));
+    foto(base.ventana.get(), u"ubicaciones"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmBase>());
     const QString carpeta = leer("INTERNO", "BASESERVER");
-    EXPECT_TRUE(carpeta.startsWith(QLatin1String("/datos/internos")));
-    EXPECT_EQ(ctx->PathInternos, carpeta + QStringLiteral("internos.mdb"));
+    EXPECT_TRUE(carpeta.startsWith("/datos/internos"_L1));
+    EXPECT_EQ(ctx->PathInternos, carpeta + u"internos.mdb"_s);
 }
 
 class PantallasDeProrrateo : public EnPantalla {
  protected:
-    const QString interno = QStringLiteral("IC-2026-0001");
+    const QString interno = u"IC-2026-0001"_s;
     void SetUp() override {
         EnPantalla::SetUp();
-        ejecutar(QStringLiteral("delete from prorrateo"));
+        ejecutar(u"delete from prorrateo"_s);
     }
     FrmABMProrrateos &abrirCodigos() {
         auto &pantalla = Pantalla<FrmABMProrrateos>();
@@ -156,32 +156,30 @@ class PantallasDeProrrateo : public EnPantalla {
         return pantalla;
     }
     void cargar(const char *codigo, const char *valor) {
-        ejecutar(QStringLiteral("insert into prorrateo (interno,codigo,descripcion,valor) values ('") +
-                 interno + QStringLiteral("','") + QLatin1String(codigo) + QStringLiteral("','X',") +
-                 QLatin1String(valor) + QLatin1Char(')'));
+        ejecutar(u"insert into prorrateo (interno,codigo,descripcion,valor) values ('"_s + interno +
+                 u"','"_s + QLatin1String(codigo) + u"','X',"_s + QLatin1String(valor) + QLatin1Char(')'));
     }
 };
 
 TEST_P(PantallasDeProrrateo, WithoutCodesTheScreenGoesStraightToEntryAndKeysThem) {
     auto &ui = abrirCodigos().ui;
-    EXPECT_EQ(ui.Sb->text(), QStringLiteral("[F11] Agregar - [ESC] Cancelar"));
+    EXPECT_EQ(ui.Sb->text(), u"[F11] Agregar - [ESC] Cancelar"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo);
-    escribir(QStringLiteral("emb"));
-    EXPECT_EQ(ui.TxtCodigo->text(), QStringLiteral("EMB"));
+    escribir(u"emb"_s);
+    EXPECT_EQ(ui.TxtCodigo->text(), u"EMB"_s);
     tecla(Qt::Key_Return);
-    escribir(QStringLiteral("embalaje"));
+    escribir(u"embalaje"_s);
     tecla(Qt::Key_Return);
-    escribir(QStringLiteral("125"));
+    escribir(u"125"_s);
     tecla(Qt::Key_F11);
-    EXPECT_EQ(filas(QStringLiteral("select codigo,descripcion,valor from prorrateo")),
-              QStringLiteral("EMB|EMBALAJE|125"));
+    EXPECT_EQ(filas(u"select codigo,descripcion,valor from prorrateo"_s), u"EMB|EMBALAJE|125"_s);
     ASSERT_EQ(ui.Lst->rowCount(), 1);
-    EXPECT_EQ(ui.Lst->item(0, 2)->text(), QStringLiteral("125,00"));
+    EXPECT_EQ(ui.Lst->item(0, 2)->text(), u"125,00"_s);
     EXPECT_TRUE(ui.TxtCodigo->text().isEmpty());
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo);
-    foto(Pantalla<FrmABMProrrateos>().ventana.get(), QStringLiteral("prorrateos"));
+    foto(Pantalla<FrmABMProrrateos>().ventana.get(), u"prorrateos"_s);
     tecla(Qt::Key_Escape);
-    EXPECT_EQ(ui.Sb->text(), QStringLiteral("[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"));
+    EXPECT_EQ(ui.Sb->text(), u"[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(Pantalla<FrmABMProrrateos>().ventana->isVisible());
     EXPECT_DOUBLE_EQ(ctx->TotalProrrateado, 125);
@@ -214,8 +212,8 @@ TEST_P(PantallasDeProrrateo, EachRefusalHasItsWordsAndItsField) {
 
 TEST_P(PantallasDeProrrateo, ANegativeValuePasses) {
     auto &ui = abrirCodigos().ui;
-    ui.TxtCodigo->setText(QStringLiteral("NEG"));
-    ui.TxtValor->setText(QStringLiteral("-5"));
+    ui.TxtCodigo->setText(u"NEG"_s);
+    ui.TxtValor->setText(u"-5"_s);
     tecla(Qt::Key_F11);
     EXPECT_TRUE(registro.mensajes.empty());
     EXPECT_EQ(ui.Lst->rowCount(), 1);
@@ -223,11 +221,11 @@ TEST_P(PantallasDeProrrateo, ANegativeValuePasses) {
 
 TEST_P(PantallasDeProrrateo, ACodeIsDeletedAlthoughLinesCarryIt) {
     cargar("EMB", "10");
-    ejecutar(QStringLiteral("update subitems set codprorrateo = 'EMB' where interno = 'IC-2026-0001'"));
+    ejecutar(u"update subitems set codprorrateo = 'EMB' where interno = 'IC-2026-0001'"_s);
     auto &ui = abrirCodigos().ui;
-    EXPECT_EQ(ui.Sb->text(), QStringLiteral("[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"));
+    EXPECT_EQ(ui.Sb->text(), u"[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"_s);
     tecla(Qt::Key_Delete);
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from prorrateo")), QStringLiteral("0"));
+    EXPECT_EQ(valor(u"select count(*) from prorrateo"_s), u"0"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtCodigo) << "an empty list goes to entry";
 }
 
@@ -248,12 +246,12 @@ TEST_P(PantallasDeProrrateo, ThePickListHandsTheCodeBackAndAnEmptyOneNothing) {
     cargar("A", "10");
     cargar("B", "20.5");
     conVentanaModal([&lista](QWidget *modal) {
-        EXPECT_EQ(lista.ui.Lst->item(1, 2)->text(), QStringLiteral("20,50"));
-        foto(modal, QStringLiteral("prorrateos-lista"));
+        EXPECT_EQ(lista.ui.Lst->item(1, 2)->text(), u"20,50"_s);
+        foto(modal, u"prorrateos-lista"_s);
         QTest::keyClick(lista.ui.Lst, Qt::Key_Down);
         QTest::keyClick(lista.ui.Lst, Qt::Key_Return);
     });
-    EXPECT_EQ(lista.Elegir(interno), QStringLiteral("B"));
+    EXPECT_EQ(lista.Elegir(interno), u"B"_s);
     conVentanaModal([](QWidget *modal) { QTest::keyClick(modal, Qt::Key_Escape); });
     EXPECT_TRUE(lista.Elegir(interno).isEmpty());
 }

@@ -6,17 +6,19 @@
 #include <QTest>
 
 #include "frame/ui/Pantalla.h"
+#include "header/FrmClientes.h"
 #include "header/FrmListadoDespachante.h"
 #include "header/FrmListadoeX.h"
 #include "header/FrmLstVendedores.h"
 #include "header/FrmNewVendedor.h"
 #include "operations/FrmInternoNew.h"
-#include "siblings/FrmClientes.h"
 #include "tests/support/pantallas.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString personal = QStringLiteral("PERSONAL");
+const QString personal = u"PERSONAL"_s;
 
 QString enMano(const QTableWidget *grilla, int columna) {
     const int fila = grilla->currentRow();
@@ -41,37 +43,38 @@ class PantallasDeVendedores : public EnPantalla {
         return elegido ? codigo + QLatin1Char('|') + nombre : QString();
     }
     QString vendedor(const QString &codigo) {
-        return filas(QLatin1String("select codigo,nombre,domicilio,paisdelexportador from vendedor where "
-                                   "codigo = '") +
-                         codigo + QLatin1Char('\''),
-                     personal);
+        return filas(
+            "select codigo,nombre,domicilio,paisdelexportador from vendedor where "
+            "codigo = '"_L1 +
+                codigo + QLatin1Char('\''),
+            personal);
     }
 };
 
 TEST_P(PantallasDeVendedores, TypingANameTakesItsRowAndEnterChoosesIt) {
     EXPECT_EQ(listar([](FrmLstVendedores &lista) {
                   EXPECT_EQ(QApplication::focusWidget(), lista.ui.txtBuscar);
-                  EXPECT_EQ(columna(lista.ui.Lst, 1).first(), QStringLiteral("V001")) << "by code";
-                  escribir(QStringLiteral("off"));
-                  EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V002"));
+                  EXPECT_EQ(columna(lista.ui.Lst, 1).first(), u"V001"_s) << "by code";
+                  escribir(u"off"_s);
+                  EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V002"_s);
                   tecla(Qt::Key_Return);
               }),
-              QStringLiteral("V002|OFFICINE TREVISANI S.P.A."));
+              u"V002|OFFICINE TREVISANI S.P.A."_s);
 }
 
 TEST_P(PantallasDeVendedores, TheOtherBoxSearchesByCode) {
     EXPECT_EQ(listar([](FrmLstVendedores &lista) {
                   tecla(Qt::Key_Tab);
                   EXPECT_EQ(QApplication::focusWidget(), lista.ui.txtBuscarPorCodigo);
-                  escribir(QStringLiteral("v004"));
+                  escribir(u"v004"_s);
                   tecla(Qt::Key_Return);
               }),
-              QStringLiteral("V004|SHUNDA TEXTILE CO."));
+              u"V004|SHUNDA TEXTILE CO."_s);
 }
 
 TEST_P(PantallasDeVendedores, NoMatchLeavesNoRowAndEnterThenTakesNothing) {
     listar([](FrmLstVendedores &lista) {
-        escribir(QStringLiteral("zz"));
+        escribir(u"zz"_s);
         EXPECT_EQ(lista.ui.Lst->currentRow(), -1);
         tecla(Qt::Key_Return);
         EXPECT_TRUE(lista.ventana->isVisible());
@@ -82,9 +85,9 @@ TEST_P(PantallasDeVendedores, NoMatchLeavesNoRowAndEnterThenTakesNothing) {
 }
 
 TEST_P(PantallasDeVendedores, EscapeClosesWithNothingChosen) {
-    VendedorElegido() = {QStringLiteral("V001"), QStringLiteral("de antes")};
+    VendedorElegido() = {u"V001"_s, u"de antes"_s};
     EXPECT_EQ(listar([](FrmLstVendedores &) {
-                  escribir(QStringLiteral("off"));
+                  escribir(u"off"_s);
                   tecla(Qt::Key_Escape);
               }),
               QString());
@@ -98,33 +101,33 @@ TEST_P(PantallasDeVendedores, ADoubleClickOnARowChoosesIt) {
                   EXPECT_TRUE(lista.ventana->isVisible()) << "one click only takes the row in hand";
                   QTest::mouseDClick(lista.ui.Lst->viewport(), Qt::LeftButton, Qt::NoModifier, punto);
               }),
-              QStringLiteral("V003|AUTOPECAS PAULISTA LTDA."));
+              u"V003|AUTOPECAS PAULISTA LTDA."_s);
 }
 
 TEST_P(PantallasDeVendedores, TheListIsMovedFromTheBoxAndFromTheGrid) {
     listar([](FrmLstVendedores &lista) {
         tecla(Qt::Key_Down);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V002"));
-        EXPECT_EQ(lista.ui.txtBuscar->text(), QStringLiteral("OFFICINE TREVISANI S.P.A."));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V002"_s);
+        EXPECT_EQ(lista.ui.txtBuscar->text(), u"OFFICINE TREVISANI S.P.A."_s);
         tecla(Qt::Key_End);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V006"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V006"_s);
         tecla(Qt::Key_Home);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V001"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V001"_s);
         tecla(Qt::Key_PageDown);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V006"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V006"_s);
         tecla(Qt::Key_PageUp);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V001"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V001"_s);
         lista.ui.Lst->setFocus();
         tecla(Qt::Key_End);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V006"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V006"_s);
         tecla(Qt::Key_Up);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V005"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V005"_s);
         tecla(Qt::Key_Home);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V001"));
-        escribir(QStringLiteral("sh"));
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V001"_s);
+        escribir(u"sh"_s);
         EXPECT_EQ(QApplication::focusWidget(), lista.ui.txtBuscar) << "a letter searches";
-        EXPECT_EQ(lista.ui.txtBuscar->text(), QStringLiteral("sh"));
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V004"));
+        EXPECT_EQ(lista.ui.txtBuscar->text(), u"sh"_s);
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V004"_s);
         tecla(Qt::Key_Escape);
     });
 }
@@ -133,7 +136,7 @@ TEST_P(PantallasDeVendedores, TheOptionSortsTheListByName) {
     ctx->opciones.VendedorOrderxNombre = true;
     listar([](FrmLstVendedores &lista) {
         QStringList nombres = columna(lista.ui.Lst, 0);
-        EXPECT_EQ(nombres.first(), QStringLiteral("AUTOPECAS PAULISTA LTDA."));
+        EXPECT_EQ(nombres.first(), u"AUTOPECAS PAULISTA LTDA."_s);
         EXPECT_EQ(nombres.size(), 6);
         tecla(Qt::Key_Escape);
     });
@@ -142,30 +145,28 @@ TEST_P(PantallasDeVendedores, TheOptionSortsTheListByName) {
 TEST_P(PantallasDeVendedores, F6AndShiftEnterOpenTheRowForEditing) {
     for (const bool conF6 : {true, false}) {
         listar([&](FrmLstVendedores &lista) {
-            escribir(QStringLiteral("nord"));
+            escribir(u"nord"_s);
             conPantallaModal<FrmNewVendedor>([&](FrmNewVendedor &vendedor) {
-                EXPECT_EQ(vendedor.ui.TxtCodigo->text(), QStringLiteral("V001"));
+                EXPECT_EQ(vendedor.ui.TxtCodigo->text(), u"V001"_s);
                 EXPECT_FALSE(vendedor.ui.TxtCodigo->isEnabled());
                 EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.TxtNombre);
-                EXPECT_EQ(vendedor.ui.cboPais->currentText().left(3), QStringLiteral("438"));
+                EXPECT_EQ(vendedor.ui.cboPais->currentText().left(3), u"438"_s);
                 tecla(Qt::Key_Return);
                 vendedor.ui.TxtDomicilio->clear();
-                escribir(conF6 ? QStringLiteral("Kai d'Ouest 1") : QStringLiteral("Kai 2"));
+                escribir(conF6 ? u"Kai d'Ouest 1"_s : u"Kai 2"_s);
                 atajo(Qt::Key_G);
             });
             if (conF6)
                 tecla(Qt::Key_F6);
             else
                 tecla(Qt::Key_Return, Qt::ShiftModifier);
-            EXPECT_EQ(enMano(lista.ui.Lst, 2),
-                      conF6 ? QStringLiteral("Kai d'Ouest 1") : QStringLiteral("Kai 2"));
+            EXPECT_EQ(enMano(lista.ui.Lst, 2), conF6 ? u"Kai d'Ouest 1"_s : u"Kai 2"_s);
             esperarVentana(lista.ventana.get());
             tecla(Qt::Key_Escape);
         });
     }
-    EXPECT_EQ(vendedor(QStringLiteral("V001")), QStringLiteral("V001|NORDPUMPEN GMBH|Kai 2|438"));
-    EXPECT_EQ(valor(QStringLiteral("select nivel from vendedor where codigo = 'V001'"), personal),
-              QStringLiteral("COMERCIAL"));
+    EXPECT_EQ(vendedor(u"V001"_s), u"V001|NORDPUMPEN GMBH|Kai 2|438"_s);
+    EXPECT_EQ(valor(u"select nivel from vendedor where codigo = 'V001'"_s, personal), u"COMERCIAL"_s);
     EXPECT_TRUE(registro.mensajes.empty()) << "a change says nothing";
 }
 
@@ -174,68 +175,67 @@ TEST_P(PantallasDeVendedores, InsertAddsASellerByKeysAlone) {
         conPantallaModal<FrmNewVendedor>([](FrmNewVendedor &vendedor) {
             EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.TxtCodigo);
             EXPECT_EQ(vendedor.ui.cboPais->currentIndex(), -1);
-            escribir(QStringLiteral("V100"));
+            escribir(u"V100"_s);
             tecla(Qt::Key_Return);
-            escribir(QStringLiteral("ÑANDÚ S.A."));
+            escribir(u"ÑANDÚ S.A."_s);
             tecla(Qt::Key_Return);
-            escribir(QStringLiteral("Ruta 3"));
+            escribir(u"Ruta 3"_s);
             tecla(Qt::Key_Return);
             EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.cboPais);
-            escribir(QStringLiteral("203"));
-            EXPECT_EQ(vendedor.ui.cboPais->currentText(), QStringLiteral("203 - BRASIL"));
+            escribir(u"203"_s);
+            EXPECT_EQ(vendedor.ui.cboPais->currentText(), u"203 - BRASIL"_s);
             tecla(Qt::Key_Return);
             EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.Command1);
             tecla(Qt::Key_Return);
         });
         tecla(Qt::Key_Insert);
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V100")) << "the new one is in hand";
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V100"_s) << "the new one is in hand";
         esperarVentana(lista.ventana.get());
         tecla(Qt::Key_Escape);
     });
-    EXPECT_EQ(vendedor(QStringLiteral("V100")), QStringLiteral("V100|ÑANDÚ S.A.|Ruta 3|203"));
+    EXPECT_EQ(vendedor(u"V100"_s), u"V100|ÑANDÚ S.A.|Ruta 3|203"_s);
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("Datos ingresados correctamente."));
+    EXPECT_EQ(registro.mensajes[0].texto, u"Datos ingresados correctamente."_s);
 }
 
 TEST_P(PantallasDeVendedores, WithoutCodeOrNameAndWithACodeThatExistsTheFieldIsShownAgain) {
     conPantallaModal<FrmNewVendedor>([this](FrmNewVendedor &vendedor) {
         atajo(Qt::Key_G);
         EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.TxtCodigo);
-        escribir(QStringLiteral("V001"));
+        escribir(u"V001"_s);
         atajo(Qt::Key_G);
         EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.TxtNombre);
-        escribir(QStringLiteral("OTRO"));
+        escribir(u"OTRO"_s);
         atajo(Qt::Key_G);
         EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.TxtCodigo);
         ASSERT_EQ(registro.mensajes.size(), 3U);
-        EXPECT_EQ(registro.mensajes[2].texto, QStringLiteral("El codigo ya existe.!"));
+        EXPECT_EQ(registro.mensajes[2].texto, u"El codigo ya existe.!"_s);
         tecla(Qt::Key_Escape);
     });
     AgregarVendedor({});
-    EXPECT_EQ(vendedor(QStringLiteral("V001")),
-              QStringLiteral("V001|NORDPUMPEN GMBH|Hafenstrasse 12, Hamburg|438"));
+    EXPECT_EQ(vendedor(u"V001"_s), u"V001|NORDPUMPEN GMBH|Hafenstrasse 12, Hamburg|438"_s);
 }
 
 TEST_P(PantallasDeVendedores, DeleteInTheGridDeletesWithoutAQuestionAndInABoxOnlyEdits) {
     listar([this](FrmLstVendedores &lista) {
-        escribir(QStringLiteral("off"));
+        escribir(u"off"_s);
         tecla(Qt::Key_Delete);
         EXPECT_EQ(lista.ui.Lst->rowCount(), 6);
         lista.ui.Lst->setFocus();
         tecla(Qt::Key_Delete);
         EXPECT_EQ(columna(lista.ui.Lst, 1).join(QLatin1Char(' ')).toStdString(), "V001 V003 V004 V005 V006");
-        EXPECT_EQ(enMano(lista.ui.Lst, 1), QStringLiteral("V003")) << "the row in its place is in hand";
+        EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V003"_s) << "the row in its place is in hand";
         tecla(Qt::Key_Escape);
     });
     EXPECT_TRUE(registro.preguntas.empty());
-    EXPECT_EQ(vendedor(QStringLiteral("V002")), QString());
+    EXPECT_EQ(vendedor(u"V002"_s), QString());
 }
 
 TEST_P(PantallasDeVendedores, AnEmptyBookIsToldAndTakesANewSeller) {
-    ejecutar(QStringLiteral("delete from vendedor"), personal);
+    ejecutar(u"delete from vendedor"_s, personal);
     listar([this](FrmLstVendedores &lista) {
         ASSERT_EQ(registro.mensajes.size(), 1U);
-        EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("No hay vendedores en la Base"));
+        EXPECT_EQ(registro.mensajes[0].texto, u"No hay vendedores en la Base"_s);
         for (const int inutil : {Qt::Key_Down, Qt::Key_End, Qt::Key_F6, Qt::Key_Return}) tecla(inutil);
         lista.ui.Lst->setFocus();
         for (const int inutil : {Qt::Key_Down, Qt::Key_End, Qt::Key_Delete, Qt::Key_Return}) tecla(inutil);
@@ -247,43 +247,41 @@ TEST_P(PantallasDeVendedores, AnEmptyBookIsToldAndTakesANewSeller) {
 TEST_P(PantallasDeVendedores, AnUnknownCodeIsAddedOnYesAndThenFound) {
     registro.respuestas.push_back(true);
     conPantallaModal<FrmNewVendedor>([](FrmNewVendedor &vendedor) {
-        EXPECT_EQ(vendedor.ui.TxtCodigo->text(), QStringLiteral("V777"));
+        EXPECT_EQ(vendedor.ui.TxtCodigo->text(), u"V777"_s);
         EXPECT_EQ(QApplication::focusWidget(), vendedor.ui.TxtNombre);
-        escribir(QStringLiteral("NUEVO"));
+        escribir(u"NUEVO"_s);
         atajo(Qt::Key_G);
     });
     QString nombre;
-    EXPECT_TRUE(BuscarVendedor(*ctx, QStringLiteral("V777"), nombre, AgregarVendedor));
-    EXPECT_EQ(nombre, QStringLiteral("NUEVO"));
+    EXPECT_TRUE(BuscarVendedor(*ctx, u"V777"_s, nombre, AgregarVendedor));
+    EXPECT_EQ(nombre, u"NUEVO"_s);
     ASSERT_EQ(registro.preguntas.size(), 1U);
     EXPECT_EQ(registro.preguntas[0].texto,
-              QStringLiteral(
-                  "No se encontro este codigo en la lista de VENDEDORES.\r\nDesea AGREGARLO a la lista"));
+              u"No se encontro este codigo en la lista de VENDEDORES.\r\nDesea AGREGARLO a la lista"_s);
 
     registro.respuestas.push_back(true);
     conPantallaModal<FrmNewVendedor>([](FrmNewVendedor &) { tecla(Qt::Key_Escape); });
-    EXPECT_FALSE(BuscarVendedor(*ctx, QStringLiteral("V778"), nombre, AgregarVendedor));
+    EXPECT_FALSE(BuscarVendedor(*ctx, u"V778"_s, nombre, AgregarVendedor));
 }
 
 TEST_P(PantallasDeVendedores, ACountryThatTheTableDoesNotHoldStaysAsItWasStored) {
-    ejecutar(QStringLiteral("update vendedor set paisdelexportador = '999' where codigo = 'V001'"), personal);
+    ejecutar(u"update vendedor set paisdelexportador = '999' where codigo = 'V001'"_s, personal);
     auto &pantalla = Pantalla<FrmNewVendedor>();
     conPantallaModal<FrmNewVendedor>([](FrmNewVendedor &vendedor) {
         EXPECT_EQ(vendedor.ui.cboPais->currentIndex(), -1);
         atajo(Qt::Key_G);
     });
-    EXPECT_EQ(pantalla.Modificar(QStringLiteral("V001")), QStringLiteral("V001"));
-    EXPECT_EQ(valor(QStringLiteral("select paisdelexportador from vendedor where codigo = 'V001'"), personal),
-              QStringLiteral("999"));
+    EXPECT_EQ(pantalla.Modificar(u"V001"_s), u"V001"_s);
+    EXPECT_EQ(valor(u"select paisdelexportador from vendedor where codigo = 'V001'"_s, personal), u"999"_s);
 }
 
 TEST_P(PantallasDeVendedores, ASellerThatAnotherWorkstationDeletedIsTold) {
     listar([this](FrmLstVendedores &lista) {
-        ejecutar(QStringLiteral("delete from vendedor where codigo = 'V001'"), personal);
+        ejecutar(u"delete from vendedor where codigo = 'V001'"_s, personal);
         tecla(Qt::Key_F6);
         ASSERT_EQ(registro.mensajes.size(), 1U);
         EXPECT_EQ(registro.mensajes[0].texto,
-                  QStringLiteral("El vendedor V001 ya no está en la base, otro puesto lo eliminó."));
+                  u"El vendedor V001 ya no está en la base, otro puesto lo eliminó."_s);
         EXPECT_EQ(lista.ui.Lst->rowCount(), 5);
         tecla(Qt::Key_Escape);
     });
@@ -291,7 +289,7 @@ TEST_P(PantallasDeVendedores, ASellerThatAnotherWorkstationDeletedIsTold) {
 
 TEST_P(PantallasDeVendedores, AnErrorOfTheStoreIsAMessageAndTheListStays) {
     listar([this](FrmLstVendedores &lista) {
-        ejecutar(QStringLiteral("drop table vendedor"), personal);
+        ejecutar(u"drop table vendedor"_s, personal);
         teclaEn(lista.ui.Lst, Qt::Key_Delete);
         ASSERT_EQ(registro.mensajes.size(), 1U);
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
@@ -314,22 +312,22 @@ class ListaDeDespachantes : public EnPantalla {
 
 TEST_P(ListaDeDespachantes, ARowIsFoundByNameOrNumberAndFillsTheSlots) {
     EXPECT_EQ(listar([](FrmListadoDespachante &lista) {
-                  EXPECT_EQ(columna(lista.ui.Lst, 1).first(), QStringLiteral("ACOSTA RUBEN OSCAR"));
-                  escribir(QStringLiteral("bian"));
+                  EXPECT_EQ(columna(lista.ui.Lst, 1).first(), u"ACOSTA RUBEN OSCAR"_s);
+                  escribir(u"bian"_s);
                   tecla(Qt::Key_Return);
               }),
-              QStringLiteral("27234567816|BIANCHI SILVIA NOEMI"));
-    EXPECT_EQ(DespachanteElegido().codigo, QStringLiteral("27234567816"));
+              u"27234567816|BIANCHI SILVIA NOEMI"_s);
+    EXPECT_EQ(DespachanteElegido().codigo, u"27234567816"_s);
     EXPECT_EQ(listar([](FrmListadoDespachante &lista) {
                   lista.ui.txtBuscarPorCuit->setFocus();
-                  escribir(QStringLiteral("2016"));
+                  escribir(u"2016"_s);
                   tecla(Qt::Key_Return);
               }),
-              QStringLiteral("20167890122|FERREYRA HORACIO DANIEL"));
+              u"20167890122|FERREYRA HORACIO DANIEL"_s);
 }
 
 TEST_P(ListaDeDespachantes, EscapeClosesAndEmptiesTheSlots) {
-    DespachanteElegido() = {QStringLiteral("1"), QStringLiteral("de antes")};
+    DespachanteElegido() = {u"1"_s, u"de antes"_s};
     EXPECT_EQ(listar([](FrmListadoDespachante &) { tecla(Qt::Key_Escape); }), QString());
     EXPECT_EQ(DespachanteElegido().codigo, QString());
 }
@@ -339,7 +337,7 @@ TEST_P(ListaDeDespachantes, ItOnlyPicks) {
         lista.ui.Lst->setFocus();
         for (const int otra : {Qt::Key_Insert, Qt::Key_Delete, Qt::Key_F6}) tecla(otra);
         EXPECT_EQ(lista.ui.Lst->rowCount(), 3);
-        EXPECT_EQ(valor(QStringLiteral("select count(*) from despadu"), personal), QStringLiteral("3"));
+        EXPECT_EQ(valor(u"select count(*) from despadu"_s, personal), u"3"_s);
         tecla(Qt::Key_Escape);
     });
 }
@@ -350,17 +348,17 @@ TEST_P(ListaDeDespachantes, F6InTheBrowsersFilterWritesTheNumberAndTheName) {
     esperarVentana(navegador.ventana.get());
     navegador.ui.txtDespachante->setFocus();
     conPantallaModal<FrmListadoDespachante>([](FrmListadoDespachante &) {
-        escribir(QStringLiteral("ferr"));
+        escribir(u"ferr"_s);
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
-    EXPECT_EQ(navegador.ui.txtDespachante->text(), QStringLiteral("20167890122"));
-    EXPECT_EQ(navegador.ui.lbDespachante->text(), QStringLiteral("FERREYRA HORACIO DANIEL"));
+    EXPECT_EQ(navegador.ui.txtDespachante->text(), u"20167890122"_s);
+    EXPECT_EQ(navegador.ui.lbDespachante->text(), u"FERREYRA HORACIO DANIEL"_s);
     esperarVentana(navegador.ventana.get());
     EXPECT_EQ(QApplication::focusWidget(), navegador.ui.txtDespachante);
     conPantallaModal<FrmListadoDespachante>([](FrmListadoDespachante &) { tecla(Qt::Key_Escape); });
     tecla(Qt::Key_F6);
-    EXPECT_EQ(navegador.ui.txtDespachante->text(), QStringLiteral("20167890122")) << "ESC changes nothing";
+    EXPECT_EQ(navegador.ui.txtDespachante->text(), u"20167890122"_s) << "ESC changes nothing";
 }
 
 TEST_P(ListaDeDespachantes, F6InTheBrowsersClientFilterWritesTheNumberAndTheName) {
@@ -369,56 +367,55 @@ TEST_P(ListaDeDespachantes, F6InTheBrowsersClientFilterWritesTheNumberAndTheName
     esperarVentana(navegador.ventana.get());
     navegador.ui.txtCliente->setFocus();
     conPantallaModal<FrmClientes>([](FrmClientes &) {
-        escribir(QStringLiteral("hidr"));
+        escribir(u"hidr"_s);
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
-    EXPECT_EQ(navegador.ui.txtCliente->text(), QStringLiteral("30708123451"));
-    EXPECT_EQ(navegador.ui.lbCliente->text(), QStringLiteral("HIDRAULICA DEL PLATA S.A."));
+    EXPECT_EQ(navegador.ui.txtCliente->text(), u"30708123451"_s);
+    EXPECT_EQ(navegador.ui.lbCliente->text(), u"HIDRAULICA DEL PLATA S.A."_s);
     esperarVentana(navegador.ventana.get());
     teclaEn(navegador.ui.txtInterno, Qt::Key_Return);
-    EXPECT_EQ(navegador.InternoSeleccionado(), QStringLiteral("IC-2026-0001"));
+    EXPECT_EQ(navegador.InternoSeleccionado(), u"IC-2026-0001"_s);
 }
 
 EN_AMBOS_STORES(ListaDeDespachantes);
 
 class ListaGeneral : public EnPantalla {
  protected:
-    const std::vector<FilaDeListado> listas{{QStringLiteral("A1"), QStringLiteral("Régimen automotriz")},
-                                            {QStringLiteral("B2"), QStringLiteral("Mercosur")},
-                                            {QStringLiteral("C3"), QStringLiteral("Otro régimen")}};
+    const std::vector<FilaDeListado> listas{
+        {u"A1"_s, u"Régimen automotriz"_s}, {u"B2"_s, u"Mercosur"_s}, {u"C3"_s, u"Otro régimen"_s}};
     QString elegir(const std::function<void(FrmListadoeX &)> &hacer) {
         auto &listado = Pantalla<FrmListadoeX>();
         conPantallaModal<FrmListadoeX>(hacer);
-        return listado.Elegir(QStringLiteral("LISTAS"), listas);
+        return listado.Elegir(u"LISTAS"_s, listas);
     }
 };
 
 TEST_P(ListaGeneral, EnterTakesTheRowAndEscapeNone) {
     EXPECT_EQ(elegir([](FrmListadoeX &listado) {
-                  EXPECT_EQ(listado.ventana->windowTitle(), QStringLiteral("LISTAS"));
+                  EXPECT_EQ(listado.ventana->windowTitle(), u"LISTAS"_s);
                   EXPECT_EQ(QApplication::focusWidget(), listado.ui.Lst);
                   tecla(Qt::Key_End);
                   tecla(Qt::Key_Up);
                   tecla(Qt::Key_Return);
               }),
-              QStringLiteral("B2"));
+              u"B2"_s);
     EXPECT_EQ(elegir([](FrmListadoeX &) { tecla(Qt::Key_Escape); }), QString());
 }
 
 TEST_P(ListaGeneral, TheToolbarSearchesFromTheRowInHand) {
     elegir([this](FrmListadoeX &listado) {
         // The first row holds the text too, but the search goes on from it.
-        registro.textos.emplace_back(QStringLiteral("REGIMEN"));
+        registro.textos.emplace_back(u"REGIMEN"_s);
         tecla(Qt::Key_D, Qt::AltModifier);
         ASSERT_EQ(registro.entradas.size(), 1U);
-        EXPECT_EQ(registro.entradas[0].texto, QStringLiteral("Ingrese el texto a buscar en DESCRIPCIÓN"));
-        EXPECT_EQ(enMano(listado.ui.Lst, 0), QStringLiteral("C3"));
+        EXPECT_EQ(registro.entradas[0].texto, u"Ingrese el texto a buscar en DESCRIPCIÓN"_s);
+        EXPECT_EQ(enMano(listado.ui.Lst, 0), u"C3"_s);
         tecla(Qt::Key_Home);
-        registro.textos.emplace_back(QStringLiteral("2"));
+        registro.textos.emplace_back(u"2"_s);
         tecla(Qt::Key_C, Qt::AltModifier);
-        EXPECT_EQ(registro.entradas[1].texto, QStringLiteral("Ingrese el texto a buscar en CODIGO"));
-        EXPECT_EQ(enMano(listado.ui.Lst, 0), QStringLiteral("B2"));
+        EXPECT_EQ(registro.entradas[1].texto, u"Ingrese el texto a buscar en CODIGO"_s);
+        EXPECT_EQ(enMano(listado.ui.Lst, 0), u"B2"_s);
         EXPECT_TRUE(registro.mensajes.empty());
         tecla(Qt::Key_Escape);
     });
@@ -427,11 +424,11 @@ TEST_P(ListaGeneral, TheToolbarSearchesFromTheRowInHand) {
 TEST_P(ListaGeneral, ATextThatIsNowhereIsToldAndTheRowStays) {
     elegir([this](FrmListadoeX &listado) {
         tecla(Qt::Key_Down);
-        registro.textos.emplace_back(QStringLiteral("zzz"));
+        registro.textos.emplace_back(u"zzz"_s);
         tecla(Qt::Key_C, Qt::AltModifier);
         ASSERT_EQ(registro.mensajes.size(), 1U);
-        EXPECT_EQ(registro.mensajes[0].texto, QStringLiteral("Cadena no encontrada"));
-        EXPECT_EQ(enMano(listado.ui.Lst, 0), QStringLiteral("B2"));
+        EXPECT_EQ(registro.mensajes[0].texto, u"Cadena no encontrada"_s);
+        EXPECT_EQ(enMano(listado.ui.Lst, 0), u"B2"_s);
         EXPECT_EQ(QApplication::focusWidget(), listado.ui.Lst);
         tecla(Qt::Key_Escape);
     });
@@ -439,8 +436,8 @@ TEST_P(ListaGeneral, ATextThatIsNowhereIsToldAndTheRowStays) {
 
 TEST_P(ListaGeneral, TypingALetterGoesToTheCodeThatBeginsWithIt) {
     elegir([](FrmListadoeX &listado) {
-        escribir(QStringLiteral("c"));
-        EXPECT_EQ(enMano(listado.ui.Lst, 0), QStringLiteral("C3"));
+        escribir(u"c"_s);
+        EXPECT_EQ(enMano(listado.ui.Lst, 0), u"C3"_s);
         tecla(Qt::Key_Escape);
     });
 }

@@ -8,9 +8,11 @@
 #include "subitems/FrmSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString importacion = QStringLiteral("IC-2026-0001");
+const QString importacion = u"IC-2026-0001"_s;
 
 class LineasCargadas : public EnLineas {
  protected:
@@ -20,14 +22,14 @@ class LineasCargadas : public EnLineas {
             e.EstadoConexion = [] { return true; };
             e.Mostrar = [this] {
                 insumos::Eleccion una;
-                una.CATNRO = QStringLiteral("INS01");
-                una.PRDNRO = QStringLiteral("P-1");
-                una.PRDDES = QStringLiteral("Bomba");
+                una.CATNRO = u"INS01"_s;
+                una.PRDNRO = u"P-1"_s;
+                una.PRDDES = u"Bomba"_s;
                 una.PRDNCM = bomba;
-                una.PRDUNI = QStringLiteral("07");
-                una.PRDPRE = QStringLiteral("10,5");
-                una.PRDPAI = QStringLiteral("203");
-                una.PRDSUF = QStringLiteral("AA01-AB(X 1)-ZB(000750)-");
+                una.PRDUNI = u"07"_s;
+                una.PRDPRE = u"10,5"_s;
+                una.PRDPAI = u"203"_s;
+                una.PRDSUF = u"AA01-AB(X 1)-ZB(000750)-"_s;
                 return std::optional(una);
             };
             e.AgregarInsumo = [this](const insumos::Toma &, double &cif) {
@@ -55,10 +57,10 @@ TEST_P(LineasCargadas, TheListShowsEveryLineAndTheTotals) {
     EXPECT_EQ(celda(pantalla, 0, 5), "118.40000");
     EXPECT_EQ(celda(pantalla, 0, 8), "NP-0750");
     EXPECT_EQ(celda(pantalla, 0, 9), "NP-88120");
-    EXPECT_EQ(ui.LbTotal->text(), QStringLiteral("35950.00"));
-    EXPECT_EQ(ui.LbTotSubitems->text(), QStringLiteral("35950.00"));
-    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("00.00"));
-    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(ui.LbTotal->text(), u"35950.00"_s);
+    EXPECT_EQ(ui.LbTotSubitems->text(), u"35950.00"_s);
+    EXPECT_EQ(ui.lbDIF->text(), u"00.00"_s);
+    EXPECT_EQ(ui.lbModo->text(), u"Línea nueva"_s);
 }
 
 TEST_P(LineasCargadas, F9EnterAndF11ChangeALine) {
@@ -68,14 +70,14 @@ TEST_P(LineasCargadas, F9EnterAndF11ChangeALine) {
     EXPECT_EQ(QApplication::focusWidget(), ui.LstArticulos);
     tecla(Qt::Key_Down);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Modifica la línea 0002"));
-    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("NP-1100"));
+    EXPECT_EQ(ui.lbModo->text(), u"Modifica la línea 0002"_s);
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"NP-1100"_s);
     EXPECT_FALSE(ui.txtIdArticulo->isEnabled()) << "a change writes no column of the article";
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtDescArticulos);
-    EXPECT_EQ(ui.TxtCodProrrateo->text(), QStringLiteral("EMB"));
-    EXPECT_EQ(ui.TxtFobTotal->text(), QStringLiteral("2340.00"));
-    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("ALEMANIA"));
-    llenar(ui.TxtFobTotal, QStringLiteral("2400"));
+    EXPECT_EQ(ui.TxtCodProrrateo->text(), u"EMB"_s);
+    EXPECT_EQ(ui.TxtFobTotal->text(), u"2340.00"_s);
+    EXPECT_EQ(ui.LbDescPais->text(), u"ALEMANIA"_s);
+    llenar(ui.TxtFobTotal, u"2400"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
     // 2400 / 16
@@ -87,8 +89,8 @@ TEST_P(LineasCargadas, F9EnterAndF11ChangeALine) {
     EXPECT_EQ(celda(pantalla, 1, 6), "2400.00");
     EXPECT_EQ(ui.LstArticulos->rowCount(), 25);
     // 35950 - 35950 - 60
-    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("-60.00"));
-    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(ui.lbDIF->text(), u"-60.00"_s);
+    EXPECT_EQ(ui.lbModo->text(), u"Línea nueva"_s);
     EXPECT_TRUE(ui.txtIdArticulo->isEnabled());
 }
 
@@ -113,7 +115,7 @@ TEST_P(LineasCargadas, WalkingOverALineWithEnterChangesNothingOfIt) {
     EXPECT_EQ(QApplication::focusWidget(), ui.cmdGrabar);
     tecla(Qt::Key_Return);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
-    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva")) << "ENTER on the button saves";
+    EXPECT_EQ(ui.lbModo->text(), u"Línea nueva"_s) << "ENTER on the button saves";
 }
 
 TEST_P(LineasCargadas, InsertLeavesTheChangeForANewLine) {
@@ -122,7 +124,7 @@ TEST_P(LineasCargadas, InsertLeavesTheChangeForANewLine) {
     tecla(Qt::Key_F9);
     tecla(Qt::Key_Return);
     tecla(Qt::Key_Insert);
-    EXPECT_EQ(ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(ui.lbModo->text(), u"Línea nueva"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), QString());
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo);
     EXPECT_EQ(cuantas(importacion), 25);
@@ -136,8 +138,8 @@ TEST_P(LineasCargadas, ALineWithoutSuffixesPassesAChange) {
     tecla(Qt::Key_F11);
     tecla(Qt::Key_F9);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(ui.txtSufijos->text(), QStringLiteral("SIN SUFIJOS"));
-    llenar(ui.TxtFobTotal, QStringLiteral("150"));
+    EXPECT_EQ(ui.txtSufijos->text(), u"SIN SUFIJOS"_s);
+    llenar(ui.TxtFobTotal, u"150"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), sinSufijos);
     EXPECT_EQ(linea("fob,preciounitario,sufijos"), "150|30|SIN SUFIJOS");
@@ -150,7 +152,7 @@ TEST_P(LineasCargadas, DeleteAsksAndTakesTheLineInHand) {
     tecla(Qt::Key_Home);
     tecla(Qt::Key_Delete);
     ASSERT_EQ(registro.preguntas.size(), 1U);
-    EXPECT_EQ(registro.preguntas[0].texto, QStringLiteral("Confirma eliminar SUBITEM seleccinado."));
+    EXPECT_EQ(registro.preguntas[0].texto, u"Confirma eliminar SUBITEM seleccinado."_s);
     EXPECT_EQ(cuantas(importacion), 25) << "No keeps it";
     registro.respuestas = {true};
     tecla(Qt::Key_Delete);
@@ -158,7 +160,7 @@ TEST_P(LineasCargadas, DeleteAsksAndTakesTheLineInHand) {
     EXPECT_EQ(ui.LstArticulos->rowCount(), 24);
     EXPECT_EQ(celda(pantalla, 0, 8), "NP-1100");
     EXPECT_EQ(celda(pantalla, 0, 0), "0001") << "the lines are numbered again";
-    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("2841.60"));
+    EXPECT_EQ(ui.lbDIF->text(), u"2841.60"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.LstArticulos);
 }
 
@@ -169,7 +171,7 @@ TEST_P(LineasCargadas, DeletingTheLineInChangeGoesBackToANewOne) {
     tecla(Qt::Key_F9);
     registro.respuestas = {true};
     tecla(Qt::Key_Delete);
-    EXPECT_EQ(pantalla.ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(pantalla.ui.lbModo->text(), u"Línea nueva"_s);
     EXPECT_EQ(pantalla.ui.TxtPosicion->text(), QString());
 }
 
@@ -185,22 +187,21 @@ TEST_P(LineasCargadas, SpaceChecksLinesAndDeleteTakesThemAllAfterOneQuestion) {
     registro.respuestas = {true};
     tecla(Qt::Key_Delete);
     ASSERT_EQ(registro.preguntas.size(), 1U);
-    EXPECT_EQ(registro.preguntas[0].texto,
-              QStringLiteral("Confirma eliminar el o los subitems seleccionado"));
+    EXPECT_EQ(registro.preguntas[0].texto, u"Confirma eliminar el o los subitems seleccionado"_s);
     EXPECT_EQ(cuantas(importacion), 23);
     EXPECT_EQ(ui.LstArticulos->rowCount(), 23);
     EXPECT_EQ(celda(pantalla, 0, 8), "NP-1100") << "the first and the third are gone";
     // 35950 - 2841.60 - 2048.00
-    EXPECT_EQ(ui.LbTotSubitems->text(), QStringLiteral("31060.40"));
-    EXPECT_EQ(valor("select factura8 from caratula where interno = 'IC-2026-0001'"), QStringLiteral("S"));
+    EXPECT_EQ(ui.LbTotSubitems->text(), u"31060.40"_s);
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'IC-2026-0001'"), u"S"_s);
 }
 
 TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
     conEnlace();
     auto &pantalla = lineas();
     tecla(Qt::Key_F8);
-    llenar(pantalla.ui.TxtCantidad, QStringLiteral("24"));
-    llenar(pantalla.ui.TxtFobTotal, QStringLiteral("252"));
+    llenar(pantalla.ui.TxtCantidad, u"24"_s);
+    llenar(pantalla.ui.TxtFobTotal, u"252"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(linea("idcatalogo,idarticulo,insumostemp,cancelaciones"), "INS01|P-1|12.75|OK");
     acepta = false;
@@ -220,17 +221,17 @@ TEST_P(LineasCargadas, ALineThatTheLinkRefusesLeavesNoRowAndNoMessage) {
     auto &ui = pantalla.ui;
     EXPECT_TRUE(ui.cmdInsumos->isVisible());
     tecla(Qt::Key_F8);
-    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("P-1"));
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"P-1"_s);
     EXPECT_FALSE(ui.txtIdArticulo->isEnabled());
-    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(ui.LbDescPais->text(), u"BRASIL"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtCantidad);
-    llenar(ui.TxtCantidad, QStringLiteral("24"));
-    llenar(ui.TxtFobTotal, QStringLiteral("252"));
+    llenar(ui.TxtCantidad, u"24"_s);
+    llenar(ui.TxtFobTotal, u"252"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(cuantas(), 0);
     EXPECT_EQ(ui.LstArticulos->rowCount(), 0);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
-    EXPECT_EQ(ui.TxtCantidad->text(), QStringLiteral("24")) << "the line is still there to be mended";
+    EXPECT_EQ(ui.TxtCantidad->text(), u"24"_s) << "the line is still there to be mended";
 }
 
 TEST_P(LineasCargadas, WithoutTheLinkF8DoesNothing) {
@@ -269,7 +270,7 @@ TEST_P(LineasCargadas, EachFlagOfTheDashboardHidesItsBlock) {
 }
 
 TEST_P(LineasCargadas, WithoutCataloguesTheFirstFieldIsTheDescriptionAndAfterASaveThePosition) {
-    auto &pantalla = lineas(QStringLiteral("OP 1"), {0, 1, 1, 1, 1, 1, 1, 1});
+    auto &pantalla = lineas(u"OP 1"_s, {0, 1, 1, 1, 1, 1, 1, 1});
     EXPECT_EQ(QApplication::focusWidget(), pantalla.ui.TxtDescArticulos);
     nuevaBomba(pantalla);
     EXPECT_EQ(QApplication::focusWidget(), pantalla.ui.TxtPosicion);
@@ -287,7 +288,7 @@ TEST_P(LineasCargadas, F7ShowsTheSuffixesOfTheLine) {
     });
     tecla(Qt::Key_F7);
     EXPECT_EQ(visto.join(QLatin1Char(' ')).toStdString(), "AA01 AB(NORDPUMPEN NP 0750) ZB(000750)");
-    EXPECT_EQ(pantalla.ui.lbModo->text(), QStringLiteral("Modifica la línea 0001"));
+    EXPECT_EQ(pantalla.ui.lbModo->text(), u"Modifica la línea 0001"_s);
 }
 
 TEST_P(LineasCargadas, ALineThatAnotherWorkstationDeletedIsTold) {
@@ -297,7 +298,7 @@ TEST_P(LineasCargadas, ALineThatAnotherWorkstationDeletedIsTold) {
     tecla(Qt::Key_Return);
     EXPECT_EQ(ultimoMensaje(), "El subitem ya no está en la operación, otro puesto lo eliminó.");
     EXPECT_EQ(pantalla.ui.LstArticulos->rowCount(), cuantas(importacion));
-    EXPECT_EQ(pantalla.ui.lbModo->text(), QStringLiteral("Línea nueva"));
+    EXPECT_EQ(pantalla.ui.lbModo->text(), u"Línea nueva"_s);
 }
 
 // Pictures, and the order of TAB.
@@ -309,25 +310,25 @@ TEST_P(LineasCargadas, PictureOfAnImport) {
     tecla(Qt::Key_Down);
     tecla(Qt::Key_Return);
     llenarYSeguir(pantalla.ui.TxtPosicion, pantalla.ui.TxtPosicion->text());
-    foto(pantalla.ventana.get(), QStringLiteral("subitems-importacion"));
+    foto(pantalla.ventana.get(), u"subitems-importacion"_s);
 }
 
 TEST_P(LineasCargadas, PictureOfAnExport) {
-    auto &pantalla = lineas(QStringLiteral("EC-2026-0002"));
+    auto &pantalla = lineas(u"EC-2026-0002"_s);
     auto &ui = pantalla.ui;
-    llenarYSeguir(ui.TxtIdCatalogo, QStringLiteral("PIEDRACH"));
-    llenarYSeguir(ui.txtIdArticulo, QStringLiteral("MALB23"));
-    llenarYSeguir(ui.TxtCantidad, QStringLiteral("750"));
-    foto(pantalla.ventana.get(), QStringLiteral("subitems-exportacion"));
+    llenarYSeguir(ui.TxtIdCatalogo, u"PIEDRACH"_s);
+    llenarYSeguir(ui.txtIdArticulo, u"MALB23"_s);
+    llenarYSeguir(ui.TxtCantidad, u"750"_s);
+    foto(pantalla.ventana.get(), u"subitems-exportacion"_s);
 }
 
 TEST_P(LineasCargadas, PictureWithEveryBlockHidden) {
     auto &pantalla = lineas(importacion, {0, 0, 0, 0, 0, 0, 0, 0});
-    foto(pantalla.ventana.get(), QStringLiteral("subitems-minimo"));
+    foto(pantalla.ventana.get(), u"subitems-minimo"_s);
 }
 
 TEST_P(LineasCargadas, TabFollowsTheOrderOfTheWork) {
-    auto &pantalla = lineas(QStringLiteral("EC-2026-0002"));
+    auto &pantalla = lineas(u"EC-2026-0002"_s);
     EXPECT_EQ(
         ordenDeTab(pantalla.ventana.get()).join(QLatin1Char(' ')).toStdString(),
         "TxtIdCatalogo txtIdArticulo TxtDescArticulos txtDescripcionMaria txtOtros TxtPosicion TxtUnidad "

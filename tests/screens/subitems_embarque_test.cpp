@@ -10,20 +10,21 @@
 #include "subitems/FrmCargaSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Embarque : public EnLineas {
  protected:
     std::string lineasDe(const QString &interno) { return linea(columnasDeLinea, interno); }
     void tecleaDeNuevo(const QString &interno) {
-        ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"), QStringLiteral("CARGASBTPOR"),
-                             QStringLiteral("U"));
+        ctx->ajustes.Guardar(u"ZENDRA"_s, u"FLAGS"_s, u"CARGASBTPOR"_s, u"U"_s);
         // A text that was never keyed is empty, not absent.
-        QString antes = QString::fromStdString(lineasDe(interno)).replace(QLatin1String("<null>"), QString());
+        QString antes = QString::fromStdString(lineasDe(interno)).replace("<null>"_L1, QString());
         // Nor does the entry leave the suffixes without a word.
-        antes.replace(QLatin1String("|2||N|"), QLatin1String("|2|SIN SUFIJOS|N|"));
-        antes.replace(QLatin1String("|2||S|"), QLatin1String("|2|SIN SUFIJOS|S|"));
-        ejecutar(QStringLiteral("delete from subitems where interno = '%1'").arg(interno));
+        antes.replace("|2||N|"_L1, "|2|SIN SUFIJOS|N|"_L1);
+        antes.replace("|2||S|"_L1, "|2|SIN SUFIJOS|S|"_L1);
+        ejecutar(u"delete from subitems where interno = '%1'"_s.arg(interno));
         auto &pantalla = lineas(interno);
         int fila = 0;
         const auto renglones = antes.split(QLatin1Char('\n'));
@@ -35,16 +36,16 @@ class Embarque : public EnLineas {
         EXPECT_EQ(lineasDe(interno), antes.toStdString());
         for (const Mensaje &m : registro.mensajes) EXPECT_EQ(m.texto.toStdString(), sinSufijos);
         EXPECT_TRUE(registro.elecciones.empty());
-        EXPECT_EQ(pantalla.ui.lbDIF->text(), QStringLiteral("00.00"));
+        EXPECT_EQ(pantalla.ui.lbDIF->text(), u"00.00"_s);
     }
 };
 
 TEST_P(Embarque, TheImportKeyedAgainHasTheSameTwentyFiveLines) {
-    tecleaDeNuevo(QStringLiteral("IC-2026-0001"));
+    tecleaDeNuevo(u"IC-2026-0001"_s);
 }
 
 TEST_P(Embarque, TheExportKeyedAgainHasTheSameLines) {
-    tecleaDeNuevo(QStringLiteral("EC-2026-0002"));
+    tecleaDeNuevo(u"EC-2026-0002"_s);
 }
 
 TEST_P(Embarque, AListOfCodesIsChosenFromByKeys) {
@@ -54,13 +55,13 @@ TEST_P(Embarque, AListOfCodesIsChosenFromByKeys) {
     irA(ui.TxtIdpais);
     conVentanaModal([](QWidget *modal) {
         esperarVentana(modal);
-        escribir(QStringLiteral("bras"));
+        escribir(u"bras"_s);
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
     esperarVentana(pantalla.ventana.get());
-    EXPECT_EQ(ui.TxtIdpais->text(), QStringLiteral("203"));
-    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(ui.TxtIdpais->text(), u"203"_s);
+    EXPECT_EQ(ui.LbDescPais->text(), u"BRASIL"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdpais);
     tecla(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), ui.txtIdPaisProc);
@@ -79,13 +80,13 @@ TEST_P(Embarque, AnArticleIsChosenFromTheListOfItsCatalogueByKeys) {
         tecla(Qt::Key_F6);
         esperarVentana(pantalla.ventana.get());
     };
-    elegir(QStringLiteral("hid"));
-    EXPECT_EQ(ui.TxtIdCatalogo->text(), QStringLiteral("HIDPLATA"));
+    elegir(u"hid"_s);
+    EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s);
     tecla(Qt::Key_Return);
-    elegir(QStringLiteral("np-11"));
-    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("NP-1100"));
+    elegir(u"np-11"_s);
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"NP-1100"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), bomba);
-    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'"), QStringLiteral("S"))
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'"), u"S"_s)
         << "what a list fills is a change too";
 }
 
@@ -97,13 +98,13 @@ TEST_P(Embarque, SuffixesThatAreMissingAreAskedForBySavingAndGivingUpWritesNothi
     tecla(Qt::Key_Delete);
     tecla(Qt::Key_F11);
     ASSERT_EQ(registro.elecciones.size(), 1U);
-    EXPECT_EQ(registro.elecciones[0].titulo, QStringLiteral("SUFIJO AA"));
+    EXPECT_EQ(registro.elecciones[0].titulo, u"SUFIJO AA"_s);
     EXPECT_EQ(ultimoMensaje(), "Carga de SUFIJOS cancelada");
     EXPECT_EQ(cuantas(), 0);
     EXPECT_EQ(QApplication::focusWidget(), ui.txtSufijos);
     registro.mensajes.clear();
     registro.indices = {1};
-    registro.textos = {QStringLiteral("Nord 1"), QStringLiteral("750")};
+    registro.textos = {u"Nord 1"_s, u"750"_s};
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
     EXPECT_EQ(linea("sufijos"), "AA01-AB(NORD 1)-ZB(000750)-");
@@ -126,29 +127,29 @@ TEST_P(Embarque, TheSuffixesOfANewLineAreKeyedInTheirWindows) {
     };
     conPantallaModal<FrmCargaSufijos>([&](FrmCargaSufijos &) {
         tecla(Qt::Key_Down);
-        responder(QStringLiteral("Nord 1"), [=] { responder(QStringLiteral("750"), [] {}); });
+        responder(u"Nord 1"_s, [=] { responder(u"750"_s, [] {}); });
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
-    EXPECT_EQ(ui.txtSufijos->text(), QStringLiteral("AA01-AB(NORD 1)-ZB(000750)-"));
+    EXPECT_EQ(ui.txtSufijos->text(), u"AA01-AB(NORD 1)-ZB(000750)-"_s);
 }
 
 TEST_P(Embarque, TheArticleIsWhatTheQuestionForItsFamilyOffers) {
     ctx->opciones.SbtNroArtAI = true;
     auto &pantalla = lineas();
-    llenar(pantalla.ui.txtIdArticulo, QStringLiteral("B-7"));
+    llenar(pantalla.ui.txtIdArticulo, u"B-7"_s);
     teclearBomba(pantalla);
     pantalla.ui.txtSufijos->selectAll();
     tecla(Qt::Key_Delete);
     registro.indices = {1};
-    registro.textos = {QStringLiteral("x"), QStringLiteral("1")};
+    registro.textos = {u"x"_s, u"1"_s};
     tecla(Qt::Key_F11);
     ASSERT_FALSE(registro.entradas.empty());
-    EXPECT_EQ(registro.entradas[0].inicial, QStringLiteral("B-7"));
+    EXPECT_EQ(registro.entradas[0].inicial, u"B-7"_s);
 }
 
 TEST_P(Embarque, TheListTakesHomeEndAndLetters) {
-    auto &pantalla = lineas(QStringLiteral("IC-2026-0001"));
+    auto &pantalla = lineas(u"IC-2026-0001"_s);
     auto &ui = pantalla.ui;
     tecla(Qt::Key_F9);
     tecla(Qt::Key_End);
@@ -157,7 +158,7 @@ TEST_P(Embarque, TheListTakesHomeEndAndLetters) {
     EXPECT_EQ(ui.LstArticulos->currentRow(), 0);
     tecla(Qt::Key_PageDown);
     EXPECT_GT(ui.LstArticulos->currentRow(), 2);
-    escribir(QStringLiteral("0003"));
+    escribir(u"0003"_s);
     EXPECT_EQ(ui.LstArticulos->currentRow(), 2);
     tecla(Qt::Key_F9);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo) << "and back to the field";
@@ -179,8 +180,8 @@ TEST_P(Embarque, TheMarksOfThePositionStandBesideIt) {
     EXPECT_EQ(marcas(), "");
     llenarYSeguir(ui.TxtPosicion, hortaliza);
     EXPECT_EQ(marcas(), "LAPI SEG. ELÉCTRICA PROHIBICIÓN");
-    EXPECT_EQ(recortados(pantalla.ventana.get()).join(QLatin1String("; ")).toStdString(), "");
-    EXPECT_TRUE(ui.txtNCMDesc->toPlainText().contains(QStringLiteral("Posee LAPI: Si")));
+    EXPECT_EQ(recortados(pantalla.ventana.get()).join("; "_L1).toStdString(), "");
+    EXPECT_TRUE(ui.txtNCMDesc->toPlainText().contains(u"Posee LAPI: Si"_s));
     llenarYSeguir(ui.TxtPosicion, bomba);
     EXPECT_EQ(marcas(), "REINTEGRO");
 }
@@ -197,7 +198,7 @@ TEST_P(Embarque, TheKeysOfTheScreenWorkFromTheBoxOfSeveralLinesToo) {
     EXPECT_EQ(QApplication::focusWidget(), ui.LstArticulos);
     tecla(Qt::Key_F9);
     EXPECT_EQ(QApplication::focusWidget(), ui.txtDescripcionMaria);
-    escribir(QStringLiteral("x"));
+    escribir(u"x"_s);
     tecla(Qt::Key_Insert);
     EXPECT_EQ(ui.txtDescripcionMaria->toPlainText(), QString());
     irA(ui.txtDescripcionMaria);
@@ -206,7 +207,7 @@ TEST_P(Embarque, TheKeysOfTheScreenWorkFromTheBoxOfSeveralLinesToo) {
 }
 
 TEST_P(Embarque, AHiddenFieldThatFailsIsToldAndTheFocusStays) {
-    auto &pantalla = lineas(QStringLiteral("OP 1"), {1, 0, 1, 1, 1, 1, 1, 1});
+    auto &pantalla = lineas(u"OP 1"_s, {1, 0, 1, 1, 1, 1, 1, 1});
     auto &ui = pantalla.ui;
     llenarYSeguir(ui.TxtPosicion, bomba);
     llenar(ui.TxtFiller, QString());
@@ -216,7 +217,7 @@ TEST_P(Embarque, AHiddenFieldThatFailsIsToldAndTheFocusStays) {
 }
 
 TEST_P(Embarque, ACheckedLineStaysCheckedWhenItIsChanged) {
-    auto &pantalla = lineas(QStringLiteral("IC-2026-0001"));
+    auto &pantalla = lineas(u"IC-2026-0001"_s);
     auto &ui = pantalla.ui;
     tecla(Qt::Key_F9);
     tecla(Qt::Key_Space);

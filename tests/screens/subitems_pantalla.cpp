@@ -2,13 +2,15 @@
 
 #include <QApplication>
 
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 #include "frame/ui/Pantalla.h"
-#include "siblings/ReferenceValues.h"
+#include "subitems/ReferenceValues.h"
+
+using namespace Qt::StringLiterals;
 
 void EnLineas::SetUp() {
     EnPantalla::SetUp();
-    numeros::fijarSeparadorDecimal(QLatin1Char('.'));
+    ctx->SeparadorDecimal = QLatin1Char('.');
     ejecutar("insert into caratula (interno,idsubreg,fobdivisas,factura8) values ('OP 1','IC04',3000,'N')");
     registro = Registro();
 }
@@ -62,29 +64,29 @@ void EnLineas::teclearLinea(FrmSubItems &pantalla, const QStringList &v) {
     llenarYSeguir(ui.TxtIdEstadoMercaderia, v[16]);
     irA(ui.cboBiendeUso);
     // Letters typed as fast as here would be searched for as one word.
-    tecla(v[18] == QLatin1String("S") ? Qt::Key_End : Qt::Key_Home);
+    tecla(v[18] == "S"_L1 ? Qt::Key_End : Qt::Key_Home);
     llenarYSeguir(ui.TxtCodProrrateo, v[19]);
-    if (v[17] != QLatin1String("SIN SUFIJOS")) llenar(ui.txtSufijos, v[17]);
+    if (v[17] != "SIN SUFIJOS"_L1) llenar(ui.txtSufijos, v[17]);
     tecla(Qt::Key_F11);
 }
 
 void EnLineas::teclearBomba(FrmSubItems &pantalla) {
     auto &ui = pantalla.ui;
     llenarYSeguir(ui.TxtPosicion, bomba);
-    llenarYSeguir(ui.TxtUnidad, QStringLiteral("07"));
-    llenarYSeguir(ui.TxtCantidad, QStringLiteral("24"));
-    llenarYSeguir(ui.TxtFobTotal, QStringLiteral("2841.60"));
-    llenar(ui.txtSufijos, QStringLiteral("AA01-AB(X 1)-ZB(000750)-"));
+    llenarYSeguir(ui.TxtUnidad, u"07"_s);
+    llenarYSeguir(ui.TxtCantidad, u"24"_s);
+    llenarYSeguir(ui.TxtFobTotal, u"2841.60"_s);
+    llenar(ui.txtSufijos, u"AA01-AB(X 1)-ZB(000750)-"_s);
 }
 
 void EnLineas::teclearHortalizas(FrmSubItems &pantalla) {
     auto &ui = pantalla.ui;
     llenarYSeguir(ui.TxtPosicion, hortaliza);
-    llenarYSeguir(ui.TxtUnidad, QStringLiteral("07"));
-    llenarYSeguir(ui.TxtCantidad, QStringLiteral("5"));
-    llenarYSeguir(ui.TxtFobTotal, QStringLiteral("100"));
-    llenarYSeguir(ui.TxtKgNeto, QStringLiteral("40"));
-    llenarYSeguir(ui.TxtKgBruto, QStringLiteral("45"));
+    llenarYSeguir(ui.TxtUnidad, u"07"_s);
+    llenarYSeguir(ui.TxtCantidad, u"5"_s);
+    llenarYSeguir(ui.TxtFobTotal, u"100"_s);
+    llenarYSeguir(ui.TxtKgNeto, u"40"_s);
+    llenarYSeguir(ui.TxtKgBruto, u"45"_s);
 }
 
 void EnLineas::nuevaBomba(FrmSubItems &pantalla) {
@@ -98,14 +100,13 @@ std::string EnLineas::ultimoMensaje() const {
 }
 
 std::string EnLineas::linea(const char *columnas, const QString &interno) {
-    return filas(QStringLiteral("select %1 from subitems where interno = '%2' order by id")
-                     .arg(QLatin1String(columnas), interno))
+    return filas(u"select %1 from subitems where interno = '%2' order by id"_s.arg(QLatin1String(columnas),
+                                                                                   interno))
         .toStdString();
 }
 
 int EnLineas::cuantas(const QString &interno) {
-    return valor(QStringLiteral("select count(*) as n from subitems where interno = '%1'").arg(interno))
-        .toInt();
+    return valor(u"select count(*) as n from subitems where interno = '%1'"_s.arg(interno)).toInt();
 }
 
 std::string EnLineas::celda(const FrmSubItems &pantalla, int fila, int columna) {

@@ -4,45 +4,43 @@
 
 #include <QApplication>
 
-#include "assembly/FrmLstProrrateo.h"
 #include "frame/ui/Pantalla.h"
+#include "header/FrmLstProrrateo.h"
 #include "header/automotive.h"
 #include "operations/FrmDetalleInterno.h"
 #include "subitems/FrmPosicion.h"
 #include "tests/screens/subitems_pantalla.h"
 #include "tests/support/tiempos.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class LineasNuevas : public EnLineas {
  protected:
-    QString cargaPor() const {
-        return ctx->ajustes.Leer(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"),
-                                 QStringLiteral("CARGASBTPOR"));
-    }
+    QString cargaPor() const { return ctx->ajustes.Leer(u"ZENDRA"_s, u"FLAGS"_s, u"CARGASBTPOR"_s); }
     void elegirCargaPor(const char *modo) {
-        ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"), QStringLiteral("CARGASBTPOR"),
-                             QLatin1String(modo));
+        ctx->ajustes.Guardar(u"ZENDRA"_s, u"FLAGS"_s, u"CARGASBTPOR"_s, QLatin1String(modo));
     }
 };
 
 TEST_P(LineasNuevas, TheDashboardOpensThemAndIsFreshWhenTheyAreLeft) {
     ejecutar("delete from subitems where interno = 'IC-2026-0001'");
-    auto &tablero = abrir(QStringLiteral("IC-2026-0001"));
-    EXPECT_EQ(tablero.ui.LbSubItem->text(), QStringLiteral("0"));
+    auto &tablero = abrir(u"IC-2026-0001"_s);
+    EXPECT_EQ(tablero.ui.LbSubItem->text(), u"0"_s);
     teclaEn(tablero.ui.CkFlag_6, Qt::Key_Space);
     teclaEn(tablero.ui.CmdSubItems, Qt::Key_Space);
     ASSERT_TRUE(PantallaAbierta<FrmSubItems>());
     auto &pantalla = Pantalla<FrmSubItems>();
     esperarVentana(pantalla.ventana.get());
-    EXPECT_EQ(pantalla.ventana->windowTitle(), QStringLiteral("Carga de subitems - Operación IC-2026-0001"));
+    EXPECT_EQ(pantalla.ventana->windowTitle(), u"Carga de subitems - Operación IC-2026-0001"_s);
     EXPECT_FALSE(pantalla.ui.framKilos->isVisible()) << "the flags of the dashboard as they stand";
     EXPECT_EQ(QApplication::focusWidget(), pantalla.ui.TxtIdCatalogo);
     nuevaBomba(pantalla);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmSubItems>());
     esperarVentana(tablero.ventana.get());
-    EXPECT_EQ(tablero.ui.LbEstadoSubItem->text(), QStringLiteral("INCOMPLETO"));
+    EXPECT_EQ(tablero.ui.LbEstadoSubItem->text(), u"INCOMPLETO"_s);
     EXPECT_TRUE(registro.mensajes.empty()) << ultimoMensaje();
 }
 
@@ -51,22 +49,22 @@ TEST_P(LineasNuevas, AnArticleOfTheCatalogueFillsTheLineAndF11WritesIt) {
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo);
-    escribir(QStringLiteral("HIDPLATA"));
+    escribir(u"HIDPLATA"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), ui.txtIdArticulo) << "ENTER moves on";
-    escribir(QStringLiteral("NP-0750"));
+    escribir(u"NP-0750"_s);
     tecla(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtDescArticulos);
-    EXPECT_EQ(ui.LbDescCatalogo->text(), QStringLiteral("NP-0750 - Electrobomba sumergible 750 W"));
+    EXPECT_EQ(ui.LbDescCatalogo->text(), u"NP-0750 - Electrobomba sumergible 750 W"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), bomba);
-    EXPECT_EQ(ui.TxtUnitario->text(), QStringLiteral("118.40000"));
-    EXPECT_EQ(ui.txtKgUnitario->text(), QStringLiteral("9.80").rightJustified(5, QLatin1Char('0')));
-    EXPECT_EQ(ui.LbCodigoEstadistica->text(), QStringLiteral("07"));
-    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("ALEMANIA"));
-    llenarYSeguir(ui.TxtCantidad, QStringLiteral("24"));
-    EXPECT_EQ(ui.TxtFobTotal->text(), QStringLiteral("2841.60"));
-    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), QStringLiteral("24.00"));
-    llenarYSeguir(ui.TxtKgBruto, QStringLiteral("251.67"));
+    EXPECT_EQ(ui.TxtUnitario->text(), u"118.40000"_s);
+    EXPECT_EQ(ui.txtKgUnitario->text(), u"9.80"_s.rightJustified(5, QLatin1Char('0')));
+    EXPECT_EQ(ui.LbCodigoEstadistica->text(), u"07"_s);
+    EXPECT_EQ(ui.LbDescPais->text(), u"ALEMANIA"_s);
+    llenarYSeguir(ui.TxtCantidad, u"24"_s);
+    EXPECT_EQ(ui.TxtFobTotal->text(), u"2841.60"_s);
+    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), u"24.00"_s);
+    llenarYSeguir(ui.TxtKgBruto, u"251.67"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
     EXPECT_EQ(linea("idcatalogo,idarticulo,ncm,idunidad,cantidad,preciounitario,fob,estadistica,"
@@ -74,13 +72,13 @@ TEST_P(LineasNuevas, AnArticleOfTheCatalogueFillsTheLineAndF11WritesIt) {
               "HIDPLATA|NP-0750|8413.70.10.100L|07|24|118.4|2841.6|07|24|438|438|2|"
               "AA01-AB(NORDPUMPEN NP 0750)-ZB(000750)-|N|251.67");
     // 3000 - 2841.60
-    EXPECT_EQ(ui.LbTotal->text(), QStringLiteral("3000.00"));
-    EXPECT_EQ(ui.LbTotSubitems->text(), QStringLiteral("2841.60"));
-    EXPECT_EQ(ui.lbDIF->text(), QStringLiteral("158.40"));
+    EXPECT_EQ(ui.LbTotal->text(), u"3000.00"_s);
+    EXPECT_EQ(ui.LbTotSubitems->text(), u"2841.60"_s);
+    EXPECT_EQ(ui.lbDIF->text(), u"158.40"_s);
     EXPECT_EQ(ui.LstArticulos->rowCount(), 1);
     EXPECT_EQ(celda(pantalla, 0, 0), "0001");
     EXPECT_EQ(celda(pantalla, 0, 6), "2841.60");
-    EXPECT_EQ(ui.TxtIdCatalogo->text(), QStringLiteral("HIDPLATA")) << "the catalogue stays";
+    EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s) << "the catalogue stays";
     EXPECT_EQ(ui.txtIdArticulo->text(), QString());
     EXPECT_EQ(ui.LbDescPais->text(), QString());
     EXPECT_EQ(QApplication::focusWidget(), ui.txtIdArticulo) << "ready for the next line";
@@ -101,38 +99,38 @@ TEST_P(LineasNuevas, F6ListsCataloguesArticlesPositionsUnitsAndCountries) {
         tecla(Qt::Key_F6);
         EXPECT_EQ(registro.elecciones.size(), 1U) << campo->objectName().toStdString();
     };
-    elegir(ui.TxtIdCatalogo, QStringLiteral("HIDPLATA"));
-    EXPECT_EQ(ui.TxtIdCatalogo->text(), QStringLiteral("HIDPLATA"));
-    elegir(ui.txtIdArticulo, QStringLiteral("NP-1100"));
-    EXPECT_EQ(ui.TxtDescArticulos->text(), QStringLiteral("Electrobomba sumergible 1100 W"));
-    llenarYSeguir(ui.TxtCantidad, QStringLiteral("2"));
+    elegir(ui.TxtIdCatalogo, u"HIDPLATA"_s);
+    EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s);
+    elegir(ui.txtIdArticulo, u"NP-1100"_s);
+    EXPECT_EQ(ui.TxtDescArticulos->text(), u"Electrobomba sumergible 1100 W"_s);
+    llenarYSeguir(ui.TxtCantidad, u"2"_s);
     while (QApplication::focusWidget() != ui.TxtUnidad) tecla(Qt::Key_Backtab);
-    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), QStringLiteral("02.00"));
-    elegir(ui.TxtUnidad, QStringLiteral("DOCENA"));
-    EXPECT_EQ(ui.TxtUnidad->text(), QStringLiteral("09"));
-    EXPECT_EQ(ui.LbDescUnidad->text(), QStringLiteral("DOCENA"));
-    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), QStringLiteral("24.00")) << "two dozens";
-    elegir(ui.TxtIdpais, QStringLiteral("BRASIL"));
-    EXPECT_EQ(ui.TxtIdpais->text(), QStringLiteral("203"));
-    EXPECT_EQ(ui.LbDescPais->text(), QStringLiteral("BRASIL"));
+    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), u"02.00"_s);
+    elegir(ui.TxtUnidad, u"DOCENA"_s);
+    EXPECT_EQ(ui.TxtUnidad->text(), u"09"_s);
+    EXPECT_EQ(ui.LbDescUnidad->text(), u"DOCENA"_s);
+    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), u"24.00"_s) << "two dozens";
+    elegir(ui.TxtIdpais, u"BRASIL"_s);
+    EXPECT_EQ(ui.TxtIdpais->text(), u"203"_s);
+    EXPECT_EQ(ui.LbDescPais->text(), u"BRASIL"_s);
 }
 
 TEST_P(LineasNuevas, F6OnThePositionTakesTheChoiceAndItsUnits) {
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
-    llenar(ui.TxtPosicion, QStringLiteral("0402.21.10.190Y"));
+    llenar(ui.TxtPosicion, u"0402.21.10.190Y"_s);
     conPantallaModal<FrmPosicion>([this](FrmPosicion &busqueda) {
-        EXPECT_EQ(busqueda.ui.TxtNcm->text(), QStringLiteral("0402.21.10"));
+        EXPECT_EQ(busqueda.ui.TxtNcm->text(), u"0402.21.10"_s);
         EXPECT_EQ(busqueda.ui.LstNCM->currentItem()->text(), leche);
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
     EXPECT_FALSE(PantallaAbierta<FrmPosicion>());
     EXPECT_EQ(ui.TxtPosicion->text(), leche);
-    EXPECT_EQ(ui.LbCodigoEstadistica->text(), QStringLiteral("01"));
-    EXPECT_EQ(ui.LbIdDerEsp->text(), QStringLiteral("01"));
+    EXPECT_EQ(ui.LbCodigoEstadistica->text(), u"01"_s);
+    EXPECT_EQ(ui.LbIdDerEsp->text(), u"01"_s);
     EXPECT_TRUE(ui.FramDerEsp->isEnabled());
-    EXPECT_TRUE(ui.txtNCMDesc->toPlainText().contains(QStringLiteral("Posición NCM: 0402.21.10.110X")));
+    EXPECT_TRUE(ui.txtNCMDesc->toPlainText().contains(u"Posición NCM: 0402.21.10.110X"_s));
     esperarVentana(pantalla.ventana.get());
     conPantallaModal<FrmPosicion>([](FrmPosicion &) { tecla(Qt::Key_Escape); });
     tecla(Qt::Key_F6);
@@ -140,11 +138,11 @@ TEST_P(LineasNuevas, F6OnThePositionTakesTheChoiceAndItsUnits) {
 }
 
 TEST_P(LineasNuevas, F6OnTheProrationCodeTakesItFromItsList) {
-    auto &pantalla = lineas(QStringLiteral("IC-2026-0001"));
+    auto &pantalla = lineas(u"IC-2026-0001"_s);
     irA(pantalla.ui.TxtCodProrrateo);
     conPantallaModal<FrmLstProrrateo>([](FrmLstProrrateo &) { tecla(Qt::Key_Return); });
     tecla(Qt::Key_F6);
-    EXPECT_EQ(pantalla.ui.TxtCodProrrateo->text(), QStringLiteral("EMB"));
+    EXPECT_EQ(pantalla.ui.TxtCodProrrateo->text(), u"EMB"_s);
     EXPECT_FALSE(PantallaAbierta<FrmLstProrrateo>());
 }
 
@@ -154,10 +152,9 @@ TEST_P(LineasNuevas, F6OnTheSuffixesAsksForThemAndGivingUpKeepsTheText) {
     llenarYSeguir(ui.TxtPosicion, bomba);
     irA(ui.txtSufijos);
     registro.indices = {2};  // none, AA01, AA02
-    registro.textos = {QStringLiteral("Marca X"), QStringLiteral("750")};
+    registro.textos = {u"Marca X"_s, u"750"_s};
     tecla(Qt::Key_F6);
-    EXPECT_TRUE(ui.txtSufijos->text().startsWith(QStringLiteral("AA02-AB(")))
-        << ui.txtSufijos->text().toStdString();
+    EXPECT_TRUE(ui.txtSufijos->text().startsWith(u"AA02-AB("_s)) << ui.txtSufijos->text().toStdString();
     const QString hechos = ui.txtSufijos->text();
     registro.indices = {-1};
     registro.respuestas = {true};
@@ -168,12 +165,12 @@ TEST_P(LineasNuevas, F6OnTheSuffixesAsksForThemAndGivingUpKeepsTheText) {
 TEST_P(LineasNuevas, APositionOfAWrongLengthOrNotKeptHoldsTheFocus) {
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
-    llenarYSeguir(ui.TxtPosicion, QStringLiteral("8413.70"));
+    llenarYSeguir(ui.TxtPosicion, u"8413.70"_s);
     EXPECT_EQ(ultimoMensaje(), "Longitud erronea del Posición");
     EXPECT_EQ(registro.mensajes.back().icono, Icono::Exclamacion);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtPosicion);
-    escribir(QStringLiteral("1111.11.11.111A"));
-    EXPECT_EQ(ui.TxtPosicion->text(), QStringLiteral("1111.11.11.111A")) << "the text was selected whole";
+    escribir(u"1111.11.11.111A"_s);
+    EXPECT_EQ(ui.TxtPosicion->text(), u"1111.11.11.111A"_s) << "the text was selected whole";
     tecla(Qt::Key_Return);
     EXPECT_EQ(ultimoMensaje(), "POSICIÓN INEXISTENTE, en el Nomenclador");
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtPosicion);
@@ -186,10 +183,10 @@ TEST_P(LineasNuevas, AnOldSpecificUnitRefusesUntilEnterOnThePosition) {
     auto &ui = pantalla.ui;
     teclearHortalizas(pantalla);
     llenarYSeguir(ui.TxtPosicion, leche);
-    EXPECT_EQ(ui.LbIdDerEsp->text(), QStringLiteral("01"));
+    EXPECT_EQ(ui.LbIdDerEsp->text(), u"01"_s);
     llenar(ui.TxtPosicion, hortaliza);
     tecla(Qt::Key_Tab);
-    EXPECT_EQ(ui.LbIdDerEsp->text(), QStringLiteral("01")) << "TAB looks nothing up";
+    EXPECT_EQ(ui.LbIdDerEsp->text(), u"01"_s) << "TAB looks nothing up";
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(),
               "Esta posición no tiene Unidad del Derecho Especifico, pero en la pantalla tiene [ 01 ]\r\n"
@@ -225,7 +222,7 @@ TEST_P(LineasNuevas, KilogramsKeyNoStatisticalQuantity) {
 TEST_P(LineasNuevas, EqualKilosAreRefusedWithTheFocusOnTheNetOnes) {
     auto &pantalla = lineas();
     teclearHortalizas(pantalla);
-    llenar(pantalla.ui.TxtKgBruto, QStringLiteral("40"));
+    llenar(pantalla.ui.TxtKgBruto, u"40"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), "KG Neto debe ser Menor que KG Bruto");
     EXPECT_EQ(QApplication::focusWidget(), pantalla.ui.TxtKgNeto);
@@ -244,15 +241,15 @@ TEST_P(LineasNuevas, ARefusedFieldTakesTheFocus) {
     rechaza("Falta unidad estadistica", ui.TxtPosicion);
     llenarYSeguir(ui.TxtPosicion, bomba);
     rechaza("Debe ingresar un valor mayor a cero en CANTIDA ESTADISTICA", ui.TxtValorsobreestadistica);
-    llenar(ui.TxtValorsobreestadistica, QStringLiteral("24"));
+    llenar(ui.TxtValorsobreestadistica, u"24"_s);
     rechaza("Valor Invalido en CANTIDAD", ui.TxtCantidad);
-    llenar(ui.TxtCantidad, QStringLiteral("20"));
+    llenar(ui.TxtCantidad, u"20"_s);
     rechaza("Valor Invalido en PRECIO UNITARIO", ui.TxtFobTotal);
-    llenar(ui.TxtFobTotal, QStringLiteral("10"));
+    llenar(ui.TxtFobTotal, u"10"_s);
     rechaza("Debe ingresar el Codigo de UNIDAD", ui.TxtUnidad);
-    escribir(QStringLiteral("07"));
-    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), QStringLiteral("20.00"));
-    llenar(ui.TxtValorsobreestadistica, QStringLiteral("24"));
+    escribir(u"07"_s);
+    EXPECT_EQ(ui.TxtValorsobreestadistica->text(), u"20.00"_s);
+    llenar(ui.TxtValorsobreestadistica, u"24"_s);
     rechaza("La CANTIDAD DECLARADA ( 20 ) debe ser igual a CANTIDAD ESTADISTICA ( 24 )", ui.TxtCantidad);
     EXPECT_EQ(cuantas(), 0);
 }
@@ -262,22 +259,22 @@ TEST_P(LineasNuevas, ByTheTotalThePriceFollowsAndByThePriceTheTotal) {
     auto &ui = pantalla.ui;
     EXPECT_TRUE(ui.opFobTotal->isChecked());
     EXPECT_FALSE(ui.TxtUnitario->isEnabled());
-    llenarYSeguir(ui.TxtCantidad, QStringLiteral("3"));
+    llenarYSeguir(ui.TxtCantidad, u"3"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtFobTotal) << "the field that does not lead is passed by";
-    escribir(QStringLiteral("100"));
-    EXPECT_EQ(ui.TxtUnitario->text(), QStringLiteral("33.33333"));
+    escribir(u"100"_s);
+    EXPECT_EQ(ui.TxtUnitario->text(), u"33.33333"_s);
     tecla(Qt::Key_U, Qt::AltModifier);
     hasta([&ui] { return ui.opFobUnitario->isChecked(); });
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtUnitario);
     EXPECT_FALSE(ui.TxtFobTotal->isEnabled());
-    EXPECT_EQ(cargaPor(), QStringLiteral("U"));
-    escribir(QStringLiteral("33.4"));
-    EXPECT_EQ(ui.TxtFobTotal->text(), QStringLiteral("100.20"));
+    EXPECT_EQ(cargaPor(), u"U"_s);
+    escribir(u"33.4"_s);
+    EXPECT_EQ(ui.TxtFobTotal->text(), u"100.20"_s);
     tecla(Qt::Key_F, Qt::AltModifier);
     hasta([&ui] { return ui.opFobTotal->isChecked(); });
     EXPECT_TRUE(ui.TxtFobTotal->isEnabled());
     EXPECT_FALSE(ui.TxtUnitario->isEnabled());
-    EXPECT_EQ(cargaPor(), QStringLiteral("F"));
+    EXPECT_EQ(cargaPor(), u"F"_s);
 }
 
 TEST_P(LineasNuevas, WithoutTheOptionOfPricesBothFieldsAreOpen) {
@@ -290,28 +287,28 @@ TEST_P(LineasNuevas, WithoutTheOptionOfPricesBothFieldsAreOpen) {
 }
 
 TEST_P(LineasNuevas, LoadingMarksNothingAndATypedTextMarksTheOperation) {
-    GuardarAEC(*ctx, QStringLiteral("OP 1"), QStringLiteral("P"));
+    GuardarAEC(*ctx, u"OP 1"_s, u"P"_s);
     const auto marca = [this] { return valor("select factura8 from caratula where interno = 'OP 1'"); };
     auto &pantalla = lineas();
-    EXPECT_EQ(marca(), QStringLiteral("N"));
-    EXPECT_EQ(LeerAEC(*ctx, QStringLiteral("OP 1")), QStringLiteral("P"));
-    llenar(pantalla.ui.txtOtros, QStringLiteral("a"));
-    EXPECT_EQ(marca(), QStringLiteral("S"));
-    EXPECT_EQ(LeerAEC(*ctx, QStringLiteral("OP 1")), QString());
+    EXPECT_EQ(marca(), u"N"_s);
+    EXPECT_EQ(LeerAEC(*ctx, u"OP 1"_s), u"P"_s);
+    llenar(pantalla.ui.txtOtros, u"a"_s);
+    EXPECT_EQ(marca(), u"S"_s);
+    EXPECT_EQ(LeerAEC(*ctx, u"OP 1"_s), QString());
     ejecutar("update caratula set factura8 = 'N'");
-    llenar(pantalla.ui.txtDescripcionMaria, QStringLiteral("b"));
-    EXPECT_EQ(marca(), QStringLiteral("S")) << "a box of several lines too";
+    llenar(pantalla.ui.txtDescripcionMaria, u"b"_s);
+    EXPECT_EQ(marca(), u"S"_s) << "a box of several lines too";
     ejecutar("update caratula set factura8 = 'N'");
     tecla(Qt::Key_Escape);
-    EXPECT_EQ(marca(), QStringLiteral("N"));
+    EXPECT_EQ(marca(), u"N"_s);
 }
 
 TEST_P(LineasNuevas, TheDescriptionForTheCustomsSystemTakesEnterAndIsStoredInOneLine) {
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
-    llenarYSeguir(ui.txtDescripcionMaria, QStringLiteral("BOMBA"));
+    llenarYSeguir(ui.txtDescripcionMaria, u"BOMBA"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.txtDescripcionMaria);
-    escribir(QStringLiteral("DE O'HIGGINS"));
+    escribir(u"DE O'HIGGINS"_s);
     teclearBomba(pantalla);
     tecla(Qt::Key_F11);
     EXPECT_EQ(linea("descripcion_maria"), "BOMBA DE O HIGGINS");
@@ -321,16 +318,16 @@ TEST_P(LineasNuevas, TheOptionsKeepTheArticleOrEveryText) {
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
     ctx->opciones.SbtMantDatos = true;
-    llenar(ui.TxtIdpais, QStringLiteral("203"));
+    llenar(ui.TxtIdpais, u"203"_s);
     nuevaBomba(pantalla);
     EXPECT_EQ(ui.TxtPosicion->text(), bomba);
-    EXPECT_EQ(ui.TxtIdpais->text(), QStringLiteral("203"));
+    EXPECT_EQ(ui.TxtIdpais->text(), u"203"_s);
     ctx->opciones.SbtMantDatos = false;
     ctx->opciones.SbtMantCodart = true;
-    llenar(ui.txtIdArticulo, QStringLiteral("B-1"));
+    llenar(ui.txtIdArticulo, u"B-1"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(ultimoMensaje(), "<ninguno>");
-    EXPECT_EQ(ui.txtIdArticulo->text(), QStringLiteral("B-1"));
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"B-1"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), QString());
     EXPECT_EQ(cuantas(), 2);
 }
@@ -348,7 +345,7 @@ TEST_P(LineasNuevas, InDescendingOrderTheNewLineStandsFirst) {
 
 TEST_P(LineasNuevas, TheEanFieldIsOnlyForTheRegimesThatCarryIt) {
     EXPECT_FALSE(lineas().ui.TxtCodigoEAN->isVisible());
-    EXPECT_TRUE(lineas(QStringLiteral("EC-2026-0002")).ui.TxtCodigoEAN->isVisible());
+    EXPECT_TRUE(lineas(u"EC-2026-0002"_s).ui.TxtCodigoEAN->isVisible());
 }
 
 // From the key to ready, on an operation of 5,000 lines.

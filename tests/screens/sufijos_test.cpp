@@ -17,13 +17,15 @@
 #include "subitems/suffixtext.h"
 #include "tests/support/pantallas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ncm = QStringLiteral("NCM");
+const QString ncm = u"NCM"_s;
 /// Families AA (coded) and AB (free) of the chapter, HA (coded) of its own.
-const QString motor = QStringLiteral("8409.91.12.100G");
+const QString motor = u"8409.91.12.100G"_s;
 /// The free family AB of the chapter alone.
-const QString llave = QStringLiteral("8204.11.00.111U");
+const QString llave = u"8204.11.00.111U"_s;
 
 class CargaDeSufijos : public EnPantalla {
  protected:
@@ -99,18 +101,17 @@ class CargaDeSufijos : public EnPantalla {
 
 TEST_P(CargaDeSufijos, TheOptionsOfACodedFamilyStandUnderNone) {
     EXPECT_EQ(construir(motor, {enLista([](FrmCargaSufijos &lista) {
-                                    EXPECT_EQ(lista.ventana->windowTitle(), QStringLiteral("SUFIJO AA"));
+                                    EXPECT_EQ(lista.ventana->windowTitle(), u"SUFIJO AA"_s);
                                     ASSERT_EQ(lista.ui.LstOpcion->count(), 3);
                                     EXPECT_EQ(lista.ui.LstOpcion->item(0)->text(),
-                                              QStringLiteral("AA00 - Ninguna opción"));
-                                    EXPECT_TRUE(lista.ui.LstOpcion->item(1)->text().startsWith(
-                                        QLatin1String("AA01 - ")));
+                                              u"AA00 - Ninguna opción"_s);
+                                    EXPECT_TRUE(lista.ui.LstOpcion->item(1)->text().startsWith("AA01 - "_L1));
                                     EXPECT_EQ(QApplication::focusWidget(), lista.ui.LstOpcion);
                                     EXPECT_EQ(lista.ui.LstOpcion->currentRow(), 0);
                                     tecla(Qt::Key_End);
                                     EXPECT_EQ(lista.ui.LstOpcion->currentRow(), 2);
                                     tecla(Qt::Key_Home);
-                                    escribir(QStringLiteral("AA01"));
+                                    escribir(u"AA01"_s);
                                     EXPECT_EQ(lista.ui.LstOpcion->currentRow(), 1) << "typing finds the row";
                                     tecla(Qt::Key_Return);
                                 }),
@@ -143,7 +144,7 @@ TEST_P(CargaDeSufijos, AListClosedWithoutAnAnswerIsAnError) {
 }
 
 TEST_P(CargaDeSufijos, APositionWithoutSuffixRowsNeedsNoneAndSaysSo) {
-    ejecutar(QStringLiteral("delete from sufidos"), ncm);
+    ejecutar(u"delete from sufidos"_s, ncm);
     const std::string texto = construir(motor, {});
     EXPECT_EQ(texto, "SIN SUFIJOS");
     EXPECT_EQ(mensajes(), "No se encontro Sufijo en el nomenclador");
@@ -155,9 +156,10 @@ TEST_P(CargaDeSufijos, TheSignsOfTheTextItselfBecomeBlanksInAFreeValue) {
 }
 
 TEST_P(CargaDeSufijos, TheBoxTellsFamilyAndDetailAndLimitsTheText) {
-    ejecutar(QStringLiteral("insert into sufidos (sim,sufijo,detalle) values "
-                            "('8204.  .  .   ','AS',' Otros datos '),('8204.  .  .   ','ZB','Peso')"),
-             ncm);
+    ejecutar(
+        u"insert into sufidos (sim,sufijo,detalle) values "
+        "('8204.  .  .   ','AS',' Otros datos '),('8204.  .  .   ','ZB','Peso')"_s,
+        ncm);
     const auto caja = [](const char *titulo, const char *rotulo, int maximo, const char *inicial) -> Paso {
         return [=](QWidget *modal) {
             EXPECT_EQ(modal->windowTitle(), QString::fromUtf8(titulo));
@@ -168,7 +170,7 @@ TEST_P(CargaDeSufijos, TheBoxTellsFamilyAndDetailAndLimitsTheText) {
             EXPECT_EQ(campo->maxLength(), maximo);
             EXPECT_EQ(campo->text(), QString::fromUtf8(inicial));
             EXPECT_EQ(campo->selectedText(), campo->text());
-            escribir(QStringLiteral("7"));
+            escribir(u"7"_s);
             tecla(Qt::Key_Return);
         };
     };
@@ -181,13 +183,13 @@ TEST_P(CargaDeSufijos, TheBoxTellsFamilyAndDetailAndLimitsTheText) {
 }
 
 TEST_P(CargaDeSufijos, ANumberIsCutToSixDigitsAndFilledWithZeros) {
-    ejecutar(QStringLiteral("update sufidos set sufijo = 'ZB' where sim = '82  .  .  .   '"), ncm);
+    ejecutar(u"update sufidos set sufijo = 'ZB' where sim = '82  .  .  .   '"_s, ncm);
     EXPECT_EQ(construir(llave, {teclear("1234567")}), "ZB(123456)-");
     EXPECT_EQ(construir(llave, {teclear("12")}), "ZB(000012)-");
 }
 
 TEST_P(CargaDeSufijos, AValueThatIsNoNumberIsAskedAgain) {
-    ejecutar(QStringLiteral("update sufidos set sufijo = 'ZB' where sim = '82  .  .  .   '"), ncm);
+    ejecutar(u"update sufidos set sufijo = 'ZB' where sim = '82  .  .  .   '"_s, ncm);
     EXPECT_EQ(construir(llave, {teclear("doce"), teclear("12")}), "ZB(000012)-");
     EXPECT_EQ(mensajes(), "Debe Ingresar un Valor Númerico");
 }
@@ -196,27 +198,27 @@ TEST_P(CargaDeSufijos, AnEmptyAnswerAsksWhetherToLeave) {
     registro.respuestas = {false, true};
     EXPECT_EQ(construir(llave, {dejarCaja(), teclear("")}), "") << "No asks again, Yes leaves";
     ASSERT_EQ(registro.preguntas.size(), 2U);
-    EXPECT_EQ(registro.preguntas[0].texto, QStringLiteral("Desea cancelar la operación"));
+    EXPECT_EQ(registro.preguntas[0].texto, u"Desea cancelar la operación"_s);
     registro.respuestas = {false};
     EXPECT_EQ(construir(llave, {dejarCaja(), teclear("acme")}), "AB(ACME)-");
     EXPECT_EQ(mensajes(), "");
 }
 
 TEST_P(CargaDeSufijos, AFinishedTextAsksNothingAgain) {
-    const QString texto = QStringLiteral("AA01-AB(BOSCH)-HA02-");
+    const QString texto = u"AA01-AB(BOSCH)-HA02-"_s;
     EXPECT_EQ(validar(motor, texto, ModoDeSufijos::Reconfirmar, {}), texto.toStdString());
     EXPECT_EQ(mensajes(), "");
 }
 
 TEST_P(CargaDeSufijos, AChapterFamilyIsAskedForEveryPositionOfTheChapter) {
-    ejecutar(QStringLiteral("delete from sufidos where sim <> '84  .  .  .   '"), ncm);
+    ejecutar(u"delete from sufidos where sim <> '84  .  .  .   '"_s, ncm);
     for (const char *posicion : {"8407.34.90.100J", "8409.91.12.100G", "8484.10.00.000Z"})
         EXPECT_EQ(construir(QString::fromUtf8(posicion), {opcion(1), teclear("acme")}), "AA01-AB(ACME)-")
             << posicion;
 }
 
 TEST_P(CargaDeSufijos, BuildingFromTheBeginningKeepsTheTokensThatFitWithoutComparingThem) {
-    const QString incompleto = QStringLiteral("AA02-AB(BOSCH)-");
+    const QString incompleto = u"AA02-AB(BOSCH)-"_s;
     EXPECT_EQ(validar(motor, incompleto, ModoDeSufijos::Construir, {opcion(2)}), "AA02-AB(BOSCH)-HA02-");
     EXPECT_EQ(mensajes(), "") << "nothing is said of differences";
     EXPECT_EQ(validar(motor, incompleto, ModoDeSufijos::Reconfirmar, {opcion(2)}), "AA02-AB(BOSCH)-HA02-");
@@ -224,7 +226,7 @@ TEST_P(CargaDeSufijos, BuildingFromTheBeginningKeepsTheTokensThatFitWithoutCompa
 }
 
 TEST_P(CargaDeSufijos, AnUnknownPositionOpensNoWindow) {
-    EXPECT_EQ(construir(QStringLiteral("9999.99.99.999Z"), {}), "##ERRORNCM##");
+    EXPECT_EQ(construir(u"9999.99.99.999Z"_s, {}), "##ERRORNCM##");
     EXPECT_EQ(mensajes(), "No existe la posicion 9999.99.99.999Z en el nomenclador");
 }
 
@@ -253,14 +255,14 @@ class PantallaDeSufijos : public EnPantalla {
 };
 
 TEST_P(PantallaDeSufijos, TellsTheCatalogueTheLineAndTheLicence) {
-    ejecutar(QStringLiteral("update ncm set [059] = '*' where [001] = '8708.30.19'"), ncm);
+    ejecutar(u"update ncm set [059] = '*' where [001] = '8708.30.19'"_s, ncm);
     ver("8708.30.19.110T", "KA01-AI(X1)-", [](FrmSufijos &p) {
-        EXPECT_EQ(p.ui.LbPosicion->text(), QStringLiteral("8708.30.19.110T"));
+        EXPECT_EQ(p.ui.LbPosicion->text(), u"8708.30.19.110T"_s);
         EXPECT_EQ(primeraColumna(p.ui.Grid), "KA01 KA02 AI LA01 LA02");
         EXPECT_EQ(primeraColumna(p.ui.Grid2), "KA01 AI(X1)");
         EXPECT_FALSE(p.ui.Grid2->item(0, 1)->text().isEmpty());
-        EXPECT_EQ(p.ui.StB->text(), QStringLiteral("Familias pedidas: 3. Faltan sufijos"));
-        EXPECT_EQ(p.ui.txtLNAPINcm->text(), QStringLiteral("La posición lleva la marca de licencia"));
+        EXPECT_EQ(p.ui.StB->text(), u"Familias pedidas: 3. Faltan sufijos"_s);
+        EXPECT_EQ(p.ui.txtLNAPINcm->text(), u"La posición lleva la marca de licencia"_s);
         EXPECT_EQ(p.ui.txtLNAPI->toPlainText().toStdString(),
                   "(1) LNA AUTOPARTES\nNorma: RES.523-E/17\n---------------\nAclaraciones:\n---------------\n"
                   "Aclaraciones para (1)\n* Exceptuado cuando el importador es fabricante\n"
@@ -270,10 +272,10 @@ TEST_P(PantallaDeSufijos, TellsTheCatalogueTheLineAndTheLicence) {
 }
 
 TEST_P(PantallaDeSufijos, APositionWithoutLicenceOrLineSaysSo) {
-    ejecutar(QStringLiteral("update ncm set [059] = '' where [001] = '8409.91.12'"), ncm);
+    ejecutar(u"update ncm set [059] = '' where [001] = '8409.91.12'"_s, ncm);
     ver("8409.91.12.100G", "", [](FrmSufijos &p) {
         EXPECT_EQ(p.ui.Grid2->rowCount(), 0);
-        EXPECT_EQ(p.ui.txtLNAPINcm->text(), QStringLiteral("La posición no lleva la marca de licencia"));
+        EXPECT_EQ(p.ui.txtLNAPINcm->text(), u"La posición no lleva la marca de licencia"_s);
         EXPECT_EQ(p.ui.txtLNAPI->toPlainText().toStdString(), "SIN DATOS\nNorma: NO POSEE\n");
     });
 }

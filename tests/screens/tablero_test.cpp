@@ -12,17 +12,18 @@
 #include "subitems/FrmConsultas.h"
 #include "tests/support/pantallas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString importacion = QStringLiteral("IC-2026-0001");
-const QString exportacion = QStringLiteral("EC-2026-0002");
-const QString djai = QStringLiteral("DJAI-2026-0004");
+const QString importacion = u"IC-2026-0001"_s;
+const QString exportacion = u"EC-2026-0002"_s;
+const QString djai = u"DJAI-2026-0004"_s;
 
 class Tablero : public EnPantalla {
  protected:
     QString bloqueo(const QString &interno) {
-        return valor(QStringLiteral("select maquina from interno where interno = '") + interno +
-                     QLatin1Char('\''));
+        return valor(u"select maquina from interno where interno = '"_s + interno + QLatin1Char('\''));
     }
     /// Presses the assembly button and waits until the item screen stands.
     FrmVerItem &armar(FrmDetalleInterno &tablero) {
@@ -37,15 +38,15 @@ class Tablero : public EnPantalla {
 TEST_P(Tablero, AnOperationReadyToArmShowsItsState) {
     auto &ui = abrir(importacion).ui;
     EXPECT_EQ(ui.LbInterno->text(), importacion);
-    EXPECT_EQ(ui.LbSubregimen->text(), QStringLiteral("IC04"));
-    EXPECT_EQ(ui.LbAduana->text(), QStringLiteral("001"));
-    EXPECT_EQ(ui.LbCliente->text(), QStringLiteral("30708123451 HIDRAULICA DEL PLATA S.A."));
-    EXPECT_EQ(ui.LbDespa->text(), QStringLiteral("20167890122 FERREYRA HORACIO DANIEL"));
-    EXPECT_EQ(ui.LbItem->text(), QStringLiteral("0"));
-    EXPECT_EQ(ui.LbSubItem->text(), QStringLiteral("0"));
-    EXPECT_EQ(ui.LbEstadoCaratula->text(), QStringLiteral("COMPLETO!"));
-    EXPECT_EQ(ui.LbEstadoSubItem->text(), QStringLiteral("COMPLETO!"));
-    EXPECT_EQ(ui.LbEstadoItem->text(), QStringLiteral("SIN GENERAR"));
+    EXPECT_EQ(ui.LbSubregimen->text(), u"IC04"_s);
+    EXPECT_EQ(ui.LbAduana->text(), u"001"_s);
+    EXPECT_EQ(ui.LbCliente->text(), u"30708123451 HIDRAULICA DEL PLATA S.A."_s);
+    EXPECT_EQ(ui.LbDespa->text(), u"20167890122 FERREYRA HORACIO DANIEL"_s);
+    EXPECT_EQ(ui.LbItem->text(), u"0"_s);
+    EXPECT_EQ(ui.LbSubItem->text(), u"0"_s);
+    EXPECT_EQ(ui.LbEstadoCaratula->text(), u"COMPLETO!"_s);
+    EXPECT_EQ(ui.LbEstadoSubItem->text(), u"COMPLETO!"_s);
+    EXPECT_EQ(ui.LbEstadoItem->text(), u"SIN GENERAR"_s);
     EXPECT_TRUE(ui.cmdITEM->isEnabled());
     EXPECT_TRUE(ui.frmOrdenar->isVisible());
     EXPECT_FALSE(ui.CmdBultos->isEnabled());
@@ -54,11 +55,11 @@ TEST_P(Tablero, AnOperationReadyToArmShowsItsState) {
 }
 
 TEST_P(Tablero, AHeaderWithoutFobLeavesTheOtherThreeLabelsAsTheyWereAtDesign) {
-    ejecutar(QStringLiteral("update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"));
+    ejecutar(u"update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"_s);
     auto &ui = abrir(importacion).ui;
-    EXPECT_EQ(ui.LbEstadoCaratula->text(), QStringLiteral("INCOMPLETO"));
+    EXPECT_EQ(ui.LbEstadoCaratula->text(), u"INCOMPLETO"_s);
     for (const QLabel *etiqueta : {ui.LbEstadoSubItem, ui.LbEstadoItem, ui.LbEstadoBultos})
-        EXPECT_EQ(etiqueta->text(), QStringLiteral("—")) << etiqueta->objectName().toStdString();
+        EXPECT_EQ(etiqueta->text(), u"—"_s) << etiqueta->objectName().toStdString();
     EXPECT_FALSE(ui.cmdITEM->isEnabled());
 }
 
@@ -71,18 +72,18 @@ TEST_P(Tablero, OnAWorkstationThatNeverSawTheOperationAllEightFlagsAreChecked) {
 
 TEST_P(Tablero, EscapeStoresTheFlagsAndReleasesTheLock) {
     auto &tablero = abrir(exportacion);
-    EXPECT_EQ(bloqueo(exportacion), QStringLiteral("PC1"));
+    EXPECT_EQ(bloqueo(exportacion), u"PC1"_s);
     teclaEn(tablero.ui.CkFlag_3, Qt::Key_Space);
     teclaEn(tablero.ui.ChCOEF, Qt::Key_Space);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmDetalleInterno>());
-    EXPECT_EQ(bloqueo(exportacion), QStringLiteral("<nada>"));
+    EXPECT_EQ(bloqueo(exportacion), u"<nada>"_s);
     const auto ajuste = [this](const char *clave) {
-        return ctx->ajustes.Leer(QStringLiteral("ZENDRA"), exportacion, QLatin1String(clave));
+        return ctx->ajustes.Leer(u"ZENDRA"_s, exportacion, QLatin1String(clave));
     };
-    EXPECT_EQ(ajuste("FLAG2"), QStringLiteral("1"));
-    EXPECT_EQ(ajuste("FLAG3"), QStringLiteral("0"));
-    EXPECT_EQ(ajuste("COEFEXPO"), QStringLiteral("1"));
+    EXPECT_EQ(ajuste("FLAG2"), u"1"_s);
+    EXPECT_EQ(ajuste("FLAG3"), u"0"_s);
+    EXPECT_EQ(ajuste("COEFEXPO"), u"1"_s);
     auto &ui = abrir(exportacion).ui;
     EXPECT_FALSE(ui.CkFlag_3->isChecked());
     EXPECT_TRUE(ui.CkFlag_2->isChecked());
@@ -91,26 +92,25 @@ TEST_P(Tablero, EscapeStoresTheFlagsAndReleasesTheLock) {
 
 TEST_P(Tablero, ClosedByItsWindowTheLockStaysAndTheNextOpeningWarnsAndTakesIt) {
     abrir(importacion).ventana->close();
-    EXPECT_EQ(bloqueo(importacion), QStringLiteral("PC1"));
+    EXPECT_EQ(bloqueo(importacion), u"PC1"_s);
     abrir(importacion);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_TRUE(registro.mensajes[0].texto.startsWith(
-        QStringLiteral("El estado de INTERNO indica que el mismo esta abierto.\r\n\r\nSe procedera a cambiar "
-                       "el estado.\r\n\r\nUltimo Acceso: ")));
+        u"El estado de INTERNO indica que el mismo esta abierto.\r\n\r\nSe procedera a cambiar "
+        "el estado.\r\n\r\nUltimo Acceso: "_s));
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
-    EXPECT_EQ(valor(QStringLiteral("select count(*) from interno where interno = 'IC-2026-0001'")),
-              QStringLiteral("1"));
+    EXPECT_EQ(valor(u"select count(*) from interno where interno = 'IC-2026-0001'"_s), u"1"_s);
 }
 
 TEST_P(Tablero, AnOperationOpenOnAnotherWorkstationStaysClosed) {
     ejecutar(
-        QStringLiteral("insert into interno (interno,maquina,usuario,fecha) values ('IC-2026-0001',"
-                       "'OTRA','',null)"));
+        u"insert into interno (interno,maquina,usuario,fecha) values ('IC-2026-0001',"
+        "'OTRA','',null)"_s);
     AbrirInterno(importacion);
     EXPECT_FALSE(PantallaAbierta<FrmDetalleInterno>());
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_TRUE(registro.mensajes[0].texto.startsWith(
-        QStringLiteral("Este interno esta abierto por la PC: OTRA\r\n\r\nAccedido el ")));
+        u"Este interno esta abierto por la PC: OTRA\r\n\r\nAccedido el "_s));
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
 }
 
@@ -118,17 +118,16 @@ TEST_P(Tablero, FromTheAssemblyButtonToTheItemsAndBackByKeyboard) {
     auto &tablero = abrir(importacion);
     auto &items = armar(tablero);
     EXPECT_FALSE(PantallaAbierta<FrmArmarItem>());
-    EXPECT_EQ(items.ui.TxtItem->text(), QStringLiteral("0"));
+    EXPECT_EQ(items.ui.TxtItem->text(), u"0"_s);
     EXPECT_GT(items.ui.GrdLiq->rowCount(), 3);
     EXPECT_FALSE(ctx->LiquidacionPendiente) << "entering the items has written the liquidation back";
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
     esperarVentana(tablero.ventana.get());
-    EXPECT_EQ(tablero.ui.LbEstadoItem->text(), QStringLiteral("GENERADO!"));
+    EXPECT_EQ(tablero.ui.LbEstadoItem->text(), u"GENERADO!"_s);
     EXPECT_FALSE(tablero.ui.frmOrdenar->isVisible());
     EXPECT_TRUE(tablero.ui.CmdBultos->isEnabled());
-    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IC-2026-0001'")),
-              QStringLiteral("N"));
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'IC-2026-0001'"_s), u"N"_s);
 }
 
 TEST_P(Tablero, AnArmedOperationGoesStraightToItsItems) {
@@ -141,23 +140,22 @@ TEST_P(Tablero, AnArmedOperationGoesStraightToItsItems) {
 }
 
 TEST_P(Tablero, AnOperationThatWasNeverTouchedDoesNotArm) {
-    ejecutar(QStringLiteral("update caratula set factura8 = null where interno = 'IC-2026-0001'"));
+    ejecutar(u"update caratula set factura8 = null where interno = 'IC-2026-0001'"_s);
     auto &tablero = abrir(importacion);
     armar(tablero);
     EXPECT_TRUE(registro.avances.empty());
-    EXPECT_EQ(tablero.ui.LbItem->text(), QStringLiteral("0"));
+    EXPECT_EQ(tablero.ui.LbItem->text(), u"0"_s);
 }
 
 TEST_P(Tablero, ARunThatStopsOnPurposeLeavesTheOperationToBeArmedAgain) {
-    ejecutar(QStringLiteral("update subitems set sufijos = 'XX99-' where interno = 'IC-2026-0001'"));
+    ejecutar(u"update subitems set sufijos = 'XX99-' where interno = 'IC-2026-0001'"_s);
     auto &tablero = abrir(importacion);
     teclaEn(tablero.ui.cmdITEM, Qt::Key_Space);
     hasta([] { return !PantallaAbierta<FrmArmarItem>(); });
     EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
-    EXPECT_EQ(ctx->ChequeoArmado, QStringLiteral("No"));
+    EXPECT_EQ(ctx->ChequeoArmado, u"No"_s);
     EXPECT_EQ(registro.informes.size(), 1U);
-    EXPECT_EQ(valor(QStringLiteral("select factura8 from caratula where interno = 'IC-2026-0001'")),
-              QStringLiteral("S"));
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'IC-2026-0001'"_s), u"S"_s);
     EXPECT_TRUE(tablero.ventana->isVisible());
 }
 
@@ -174,15 +172,14 @@ TEST_P(Tablero, TheCoefficientOfAnExportFollowsTheQuestionOfTheRun) {
 
 TEST_P(Tablero, ADjaiOffersItsDescriptionsAndMixingOnlyOnTheServer) {
     auto &ui = abrir(djai).ui;
-    const bool servidor = QString::fromLatin1(GetParam()) == QLatin1String("SQL");
+    const bool servidor = QString::fromLatin1(GetParam()) == "SQL"_L1;
     EXPECT_TRUE(ui.framDJAI->isVisible());
     EXPECT_TRUE(ui.opDJAI_No_Usar_Descripcion->isChecked());
     EXPECT_EQ(ui.opDJAI_MezclarDescripciones->isEnabled(), servidor);
 }
 
 TEST_P(Tablero, TheStoredDescriptionChoiceIsRestored) {
-    ctx->ajustes.Guardar(QStringLiteral("ZENDRA"), QStringLiteral("FLAGS"),
-                         QStringLiteral("DJAI_USAR_DESCRIPCION"), QStringLiteral("CATALOGO"));
+    ctx->ajustes.Guardar(u"ZENDRA"_s, u"FLAGS"_s, u"DJAI_USAR_DESCRIPCION"_s, u"CATALOGO"_s);
     EXPECT_TRUE(abrir(djai).ui.opDJAI_Usar_Descripcion_Catalogo->isChecked());
 }
 
@@ -190,14 +187,14 @@ TEST_P(Tablero, MixingOutsideTheServerIsExplainedAndTakenAway) {
     auto &ui = abrir(djai).ui;
     ui.opDJAI_MezclarDescripciones->setEnabled(true);
     ui.opDJAI_MezclarDescripciones->click();
-    if (QString::fromLatin1(GetParam()) == QLatin1String("SQL")) {
+    if (QString::fromLatin1(GetParam()) == "SQL"_L1) {
         EXPECT_TRUE(registro.mensajes.empty());
         EXPECT_TRUE(ui.opDJAI_MezclarDescripciones->isChecked());
         return;
     }
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].texto,
-              QStringLiteral("DJAI - MEZCLAR DESCRIPCIONES - Opción valida para Zendra v3 SQL Server"));
+              u"DJAI - MEZCLAR DESCRIPCIONES - Opción valida para Zendra v3 SQL Server"_s);
     EXPECT_FALSE(ui.opDJAI_MezclarDescripciones->isChecked());
 }
 
@@ -205,8 +202,8 @@ TEST_P(Tablero, TakingTheCataloguesDescriptionIsExplained) {
     abrir(djai).ui.opDJAI_Usar_Descripcion_Catalogo->click();
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].texto,
-              QStringLiteral("Esta opción REEMPLAZA el campo DESCRIPCION_MARIA por DESCRIPCION (del "
-                             "catálogo) en la carga de subitems."));
+              u"Esta opción REEMPLAZA el campo DESCRIPCION_MARIA por DESCRIPCION (del "
+              "catálogo) en la carga de subitems."_s);
 }
 
 TEST_P(Tablero, TheOrderOfItemsComesFromTheOption) {

@@ -6,10 +6,12 @@
 #include <QStringList>
 #include <memory>
 
+#include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/values.h"
 #include "tests/statements/muestra.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,13 +27,11 @@ struct Pareja {
 
 /// "{moment}" as the entity's date literal.
 QString conFechas(QString texto, const AppContext &ctx, const QString &entidad) {
-    static const QRegularExpression marca(
-        QStringLiteral("\\{(\\d{4}-\\d\\d-\\d\\d(?: \\d\\d:\\d\\d:\\d\\d)?)\\}"));
+    static const QRegularExpression marca(u"\\{(\\d{4}-\\d\\d-\\d\\d(?: \\d\\d:\\d\\d:\\d\\d)?)\\}"_s);
     for (auto m = marca.match(texto); m.hasMatch(); m = marca.match(texto)) {
         const QString fecha = m.captured(1);
-        const QDateTime momento = fecha.size() > 10
-                                      ? QDateTime::fromString(fecha, QStringLiteral("yyyy-MM-dd HH:mm:ss"))
-                                      : QDate::fromString(fecha, Qt::ISODate).startOfDay();
+        const QDateTime momento = fecha.size() > 10 ? QDateTime::fromString(fecha, u"yyyy-MM-dd HH:mm:ss"_s)
+                                                    : QDate::fromString(fecha, Qt::ISODate).startOfDay();
         texto.replace(m.capturedStart(), m.capturedLength(),
                       ctx.DataManager.getDateFormatbyEntity(entidad, momento));
     }
@@ -50,8 +50,8 @@ Pareja &pareja() {
     static std::unique_ptr<Pareja> una;
     if (!una) {
         auto nueva = std::make_unique<Pareja>();
-        llenar(nueva->archivos, QStringLiteral("ACCESS"));
-        llenar(nueva->servidor, QStringLiteral("SQL"));
+        llenar(nueva->archivos, u"ACCESS"_s);
+        llenar(nueva->servidor, u"SQL"_s);
         una = std::move(nueva);
         // While the drivers can still be loaded.
         qAddPostRoutine([] { una.reset(); });
@@ -60,7 +60,7 @@ Pareja &pareja() {
 }
 
 QString celda(const QVariant &valor) {
-    if (valor.isNull()) return QStringLiteral("<null>");
+    if (valor.isNull()) return u"<null>"_s;
     return valor.typeId() == QMetaType::QString ? QLatin1Char('\'') + valor.toString() + QLatin1Char('\'')
                                                 : EsNull(valor);
 }
@@ -70,10 +70,10 @@ void leer(AppContext &ctx, const QString &texto, const QString &entidad, Respues
     Consultar(ctx, entidad, texto, rs);
     QList<int> visibles;
     for (int c = 0; c < rs.columnas(); ++c) {
-        if (rs.nombreDeColumna(c) == QLatin1String("zfila")) continue;
+        if (rs.nombreDeColumna(c) == "zfila"_L1) continue;
         visibles << c;
         const QString nombre = rs.nombreDeColumna(c).toLower();
-        static const QRegularExpression deTabla(QStringLiteral("^[a-z_0-9]+$"));
+        static const QRegularExpression deTabla(u"^[a-z_0-9]+$"_s);
         r.columnas << (deTabla.match(nombre).hasMatch() ? nombre : QString());
     }
     for (; !rs.Eof(); rs.MoveNext()) {
@@ -85,17 +85,16 @@ void leer(AppContext &ctx, const QString &texto, const QString &entidad, Respues
 
 /// The table that a command writes.
 QString tablaDe(const QString &texto) {
-    static const QRegularExpression escribe(
-        QStringLiteral("^\\s*(?:update|insert\\s+into|delete\\s+from)\\s+(\\w+)"),
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression escribe(u"^\\s*(?:update|insert\\s+into|delete\\s+from)\\s+(\\w+)"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
     const auto m = escribe.match(texto);
-    return m.hasMatch() ? m.captured(1) : QStringLiteral("descargas");
+    return m.hasMatch() ? m.captured(1) : u"descargas"_s;
 }
 
 Respuesta correr(AppContext &ctx, const QString &original, const QString &entidad) {
     Respuesta r;
     const QString texto = conFechas(original, ctx, entidad);
-    const bool lee = texto.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+    const bool lee = texto.trimmed().startsWith("select"_L1, Qt::CaseInsensitive);
     Conexion &conexion = ctx.conexion(entidad);
     if (!lee) conexion.coneccion().transaction();
     try {
@@ -103,9 +102,9 @@ Respuesta correr(AppContext &ctx, const QString &original, const QString &entida
             leer(ctx, texto, entidad, r);
         } else {
             r.tocadas = Ejecutar(ctx, entidad, texto);
-            leer(ctx, QLatin1String("select * from ") + tablaDe(texto), entidad, r);
+            leer(ctx, "select * from "_L1 + tablaDe(texto), entidad, r);
         }
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         r.rechazada = true;
         r.error = e.descripcion;
     }
@@ -131,7 +130,7 @@ LosDos correrEnLosDos(const QString &texto, const QString &entidad) {
 TEST_P(Statements, AnswerAlikeOnBothStores) {
     const Caso &caso = GetParam();
     const QString texto = QString::fromUtf8(caso.texto);
-    const bool lee = texto.trimmed().startsWith(QLatin1String("select"), Qt::CaseInsensitive);
+    const bool lee = texto.trimmed().startsWith("select"_L1, Qt::CaseInsensitive);
     const auto [archivos, servidor] = correrEnLosDos(texto, QLatin1String(caso.entidad));
     if (caso.espera == Espera::Rechazo) {
         EXPECT_TRUE(archivos.rechazada) << "the file store takes it";

@@ -3,6 +3,8 @@
 
 #include "tests/statements/casos.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const Caso conversiones[] = {
@@ -148,9 +150,10 @@ SENTENCIAS(Conversions, conversiones);
 
 // The sums of a column do not depend on the order in which the engine meets its rows.
 TEST(Sums, AreExactToFifteenDigits) {
-    const LosDos r = correrEnLosDos(QStringLiteral("select sum(itflete) as a, sum(itflete + 0.1) as b, "
-                                                   "sum(0.1) as c from item where interno = 'OP1'"),
-                                    QStringLiteral("INTERNOS"));
+    const LosDos r = correrEnLosDos(
+        u"select sum(itflete) as a, sum(itflete + 0.1) as b, "
+        "sum(0.1) as c from item where interno = 'OP1'"_s,
+        u"INTERNOS"_s);
     EXPECT_EQ(r.archivos.sinComillas().toStdString(), "101|101.3|0.4");
     EXPECT_EQ(r.servidor.sinComillas().toStdString(), "101|101.3|0.4");
 }

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "frame/ini.h"
+#include "frame/base/ini.h"
 #include "frame/settings.h"
 
 namespace {

@@ -15,11 +15,11 @@ class StoreConectado : public EnAmbosStores {
                          .arg(QLatin1String(fob)));
     }
     /// The error that `sql` raises; a statement that runs gives one without text.
-    ErrorDeStore errorDe(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS")) {
+    Falla errorDe(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS")) {
         try {
             Recordset rs;
             Consultar(*ctx, entidad, sql, rs);
-        } catch (const ErrorDeStore &e) {
+        } catch (const Falla &e) {
             return e;
         }
         return {};

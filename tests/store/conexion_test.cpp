@@ -5,6 +5,8 @@
 
 #include "tests/store/conectado.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class ConexionDeStore : public StoreConectado {};
@@ -30,16 +32,16 @@ TEST_P(ConexionDeStore, SqlStandsUntilAnotherTextIsSet) {
     internos().Sql = "update divisas set imp = imp + 1";
     EXPECT_EQ(internos().Ejecutar(), 1);
     EXPECT_EQ(internos().Ejecutar(), 1);
-    EXPECT_EQ(internos().Sql, QStringLiteral("update divisas set imp = imp + 1"));
+    EXPECT_EQ(internos().Sql, u"update divisas set imp = imp + 1"_s);
     EXPECT_EQ(valor("select imp from divisas").toStdString(), "3");
 }
 
 TEST_P(ConexionDeStore, TheSameObjectAnswersAtEveryCall) {
     Conexion *una = &internos();
-    EXPECT_EQ(una, &ctx->DataManager.getDataConnectionByEntity(QStringLiteral("INTERNOS")));
+    EXPECT_EQ(una, &ctx->DataManager.getDataConnectionByEntity(u"INTERNOS"_s));
     EXPECT_EQ(una, ctx->ConnInternos);
-    EXPECT_NE(una, &ctx->DataManager.getDataConnectionByEntity(QStringLiteral("NCM")));
-    EXPECT_EQ(una->entidad(), QStringLiteral("INTERNOS"));
+    EXPECT_NE(una, &ctx->DataManager.getDataConnectionByEntity(u"NCM"_s));
+    EXPECT_EQ(una->entidad(), u"INTERNOS"_s);
     EXPECT_EQ(una->etiqueta(), QString::fromLatin1(GetParam()));
 }
 
@@ -103,12 +105,12 @@ TEST_P(ConexionDeStore, TheAssemblyConnectionIsTheSameStore) {
     armado.Sql = "insert into divisas (id,imp) values ('DOL',1)";
     EXPECT_EQ(armado.Ejecutar(), 1);
     EXPECT_EQ(valor("select id from divisas").toStdString(), "DOL");
-    EXPECT_EQ(armado.entidad(), QStringLiteral("INTERNOS"));
+    EXPECT_EQ(armado.entidad(), u"INTERNOS"_s);
     // The engine's own handle, for those that speak to it directly.
     QSqlQuery consulta(armado.coneccion());
     ASSERT_TRUE(consulta.exec("select id from divisas")) << consulta.lastError().text().toStdString();
     ASSERT_TRUE(consulta.next());
-    EXPECT_EQ(consulta.value(0).toString(), QStringLiteral("DOL"));
+    EXPECT_EQ(consulta.value(0).toString(), u"DOL"_s);
 }
 
 TEST_P(ConexionDeStore, AConnectionHeldAcrossCloseAllStaysUsable) {
@@ -143,23 +145,22 @@ TEST_P(ConexionDeStore, ARecordsetOutlivesItsConnectionsHandle) {
 // Errors
 
 TEST_P(ConexionDeStore, TheEnginesOwnTextReachesTheCaller) {
-    const ErrorDeStore tabla = errorDe("select * from tablaquenoexiste");
-    EXPECT_EQ(tabla.fuente, QStringLiteral("INTERNOS"));
-    EXPECT_EQ(tabla.sentencia, QStringLiteral("select * from tablaquenoexiste"));
+    const Falla tabla = errorDe("select * from tablaquenoexiste");
+    EXPECT_EQ(tabla.fuente, u"INTERNOS"_s);
+    EXPECT_EQ(tabla.sentencia, u"select * from tablaquenoexiste"_s);
     if (esServidor()) {
-        EXPECT_TRUE(tabla.descripcion.startsWith(
-            QLatin1String("ERROR:  relation \"tablaquenoexiste\" does not exist")))
+        EXPECT_TRUE(tabla.descripcion.startsWith("ERROR:  relation \"tablaquenoexiste\" does not exist"_L1))
             << tabla.descripcion.toStdString();
     } else {
         EXPECT_EQ(tabla.descripcion.toStdString(), "no such table: tablaquenoexiste");
         EXPECT_EQ(tabla.numero, 1);
     }
-    EXPECT_TRUE(errorDe("select noexiste from item").descripcion.contains(QLatin1String("noexiste")));
-    EXPECT_TRUE(errorDe("selec * from item").descripcion.contains(QLatin1String("syntax error")));
-    EXPECT_TRUE(errorDe("update item set x = 1").descripcion.contains(QLatin1String("x")));
-    EXPECT_TRUE(errorDe("select 'no cierra").descripcion.contains(QLatin1String("'no cierra")));
+    EXPECT_TRUE(errorDe("select noexiste from item").descripcion.contains("noexiste"_L1));
+    EXPECT_TRUE(errorDe("selec * from item").descripcion.contains("syntax error"_L1));
+    EXPECT_TRUE(errorDe("update item set x = 1").descripcion.contains("x"_L1));
+    EXPECT_TRUE(errorDe("select 'no cierra").descripcion.contains("'no cierra"_L1));
     EXPECT_EQ(errorDe("select * from hval", "NCM").fuente, QString());
-    EXPECT_EQ(errorDe("select * from nada", "SYSTABLAS").fuente, QStringLiteral("SYSTABLAS"));
+    EXPECT_EQ(errorDe("select * from nada", "SYSTABLAS").fuente, u"SYSTABLAS"_s);
 }
 
 TEST_P(ConexionDeStore, AConnectionGoesOnAfterAnError) {
@@ -173,9 +174,8 @@ TEST_P(ConexionDeStore, AnErrorInAMiddleRowRaisesAndWritesNoRow) {
     ejecutar("insert into divisas (id,imp) values ('DOL',2)");
     ejecutar("insert into divisas (id,imp) values ('NUL',0)");
     ejecutar("insert into divisas (id,imp) values ('EUR',4)");
-    const ErrorDeStore e = errorDe("select id, 10 / imp as x from divisas");
-    EXPECT_TRUE(e.descripcion.contains(esServidor() ? QStringLiteral("division by zero")
-                                                    : QStringLiteral("división por cero")))
+    const Falla e = errorDe("select id, 10 / imp as x from divisas");
+    EXPECT_TRUE(e.descripcion.contains(esServidor() ? u"division by zero"_s : u"división por cero"_s))
         << e.descripcion.toStdString();
     EXPECT_NE(errorDe("update divisas set imp = 10 / imp").descripcion, QString());
     EXPECT_EQ(filas("select imp from divisas").toStdString(), "2\n0\n4");

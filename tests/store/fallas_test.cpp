@@ -7,9 +7,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/store/StoreProfiles.h"
 #include "tests/store/servidor_falso.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,13 +30,13 @@ int permisos(const QString &ruta, mode_t modo) {
 }
 
 /// What the first statement on an entity raises; empty when it runs.
-ErrorDeStore primeraSentencia(SPMain &sp, const QString &entidad = QStringLiteral("INTERNOS")) {
+Falla primeraSentencia(SPMain &sp, const QString &entidad = u"INTERNOS"_s) {
     try {
         Conexion &c = sp.getDataConnectionByEntity(entidad);
         c.Sql = "select 1";
         Recordset rs;
         c.crearrs(rs);
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         return e;
     }
     return {};
@@ -47,8 +49,8 @@ class StoreDeArchivo : public ::testing::Test {
         QString error;
         ASSERT_TRUE(sp.usarPerfil(perfil, &error)) << error.toStdString();
     }
-    std::string falla(const QString &entidad = QStringLiteral("INTERNOS")) {
-        ErrorDeStore e = primeraSentencia(sp, entidad);
+    std::string falla(const QString &entidad = u"INTERNOS"_s) {
+        Falla e = primeraSentencia(sp, entidad);
         EXPECT_EQ(e.fuente, e.descripcion.isEmpty() ? QString() : entidad);
         return e.descripcion.replace(dir.path(), "…").toStdString();
     }
@@ -187,11 +189,10 @@ TEST_F(StoreDeServidor, AServerThatIsNotThereIsNamedAtTheFirstUse) {
     ASSERT_GT(puerto, 0);
     cerrado.cerrar();
     usar("127.0.0.1", puerto, secreta);
-    const ErrorDeStore e = primeraSentencia(sp);
+    const Falla e = primeraSentencia(sp);
     EXPECT_EQ(e.fuente.toStdString(), "INTERNOS");
     EXPECT_TRUE(e.descripcion.startsWith(
-        QStringLiteral("No se puede conectar con la base \"zendra\" del servidor 127.0.0.1:%1 (")
-            .arg(puerto)))
+        u"No se puede conectar con la base \"zendra\" del servidor 127.0.0.1:%1 ("_s.arg(puerto)))
         << e.descripcion.toStdString();
     EXPECT_TRUE(e.descripcion.contains("Connection refused")) << e.descripcion.toStdString();
     EXPECT_TRUE(e.descripcion.endsWith("); verifique que el servidor esté encendido y los datos del perfil."))
@@ -204,7 +205,7 @@ TEST_F(StoreDeServidor, AServerThatIsNotThereIsNamedAtTheFirstUse) {
 
 TEST_F(StoreDeServidor, ASocketFolderThatIsNotThereIsNamed) {
     usar("/tmp/no-hay-servidor-aqui", 5432);
-    const ErrorDeStore e = primeraSentencia(sp);
+    const Falla e = primeraSentencia(sp);
     EXPECT_TRUE(e.descripcion.contains("del servidor /tmp/no-hay-servidor-aqui:5432 ("))
         << e.descripcion.toStdString();
 }
@@ -216,7 +217,7 @@ TEST_F(StoreDeServidor, AWrongPasswordIsToldWithoutShowingIt) {
     ::testing::internal::CaptureStdout();
     ServidorFalso servidor;
     usar("127.0.0.1", servidor.puerto(), secreta);
-    const ErrorDeStore e = primeraSentencia(sp);
+    const Falla e = primeraSentencia(sp);
     servidor.cerrar();
     Conexion::fijarTraza({});
     const std::string dicho =
@@ -238,7 +239,7 @@ TEST_F(StoreDeServidor, WithoutAPasswordInTheProfileTheServersOwnFileAnswers) {
     const QByteArray antes = qgetenv("PGPASSFILE");
     qputenv("PGPASSFILE", archivo.toLocal8Bit());
     usar("127.0.0.1", servidor.puerto());
-    const ErrorDeStore e = primeraSentencia(sp);
+    const Falla e = primeraSentencia(sp);
     qputenv("PGPASSFILE", antes);
     if (antes.isEmpty()) qunsetenv("PGPASSFILE");
     servidor.cerrar();
@@ -250,7 +251,7 @@ TEST_F(StoreDeServidor, NoPasswordAnywhereIsTold) {
     ServidorFalso servidor;
     qputenv("PGPASSFILE", "/nonexistent");
     usar("127.0.0.1", servidor.puerto());
-    const ErrorDeStore e = primeraSentencia(sp);
+    const Falla e = primeraSentencia(sp);
     qunsetenv("PGPASSFILE");
     EXPECT_TRUE(e.descripcion.contains("no password supplied")) << e.descripcion.toStdString();
 }
@@ -259,7 +260,7 @@ TEST_F(StoreDeServidor, NoPasswordAnywhereIsTold) {
 class ServidorVivo : public ::testing::Test {
  protected:
     void SetUp() override {
-        tienda = std::make_unique<Tienda>(QStringLiteral("SQL"));
+        tienda = std::make_unique<Tienda>(u"SQL"_s);
         ctx = tienda->contexto(registro);
     }
     void TearDown() override {
@@ -279,7 +280,7 @@ TEST_F(ServidorVivo, ABaseThatIsNotThereIsNamed) {
              QByteArray(f.readAll()).replace(base.toUtf8(), "no_hay"));
     SPMain sp;
     ASSERT_TRUE(sp.usarPerfil(tienda->carpeta() + "/otra.perfil.ini"));
-    const ErrorDeStore e = primeraSentencia(sp);
+    const Falla e = primeraSentencia(sp);
     EXPECT_TRUE(e.descripcion.startsWith("No se puede conectar con la base \"no_hay\""))
         << e.descripcion.toStdString();
     EXPECT_TRUE(e.descripcion.contains("database \"no_hay\" does not exist")) << e.descripcion.toStdString();
@@ -294,7 +295,7 @@ TEST_F(ServidorVivo, AConnectionThatTheServerEndsOpensAgainAtTheNextStatement) {
     try {
         Consultar(*ctx, "INTERNOS", "select imp from divisas", rs);
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_NE(e.descripcion, QString());
         EXPECT_EQ(e.fuente.toStdString(), "INTERNOS");
     }

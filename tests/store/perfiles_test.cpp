@@ -5,8 +5,10 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/store/StoreProfiles.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -94,7 +96,7 @@ TEST_F(Perfiles, WithoutAProfileTheEmbeddedStoresAnswer) {
     ASSERT_TRUE(QDir(dos.path()).mkdir("db"));
     for (const char *archivo :
          {"internos", "systablas", "ncm", "catalogos", "personal", "usuario", "estados"})
-        escribir(dos, QStringLiteral("db/%1.db").arg(QLatin1String(archivo)), "");
+        escribir(dos, u"db/%1.db"_s.arg(QLatin1String(archivo)), "");
     sp.LoadParameters();
     EXPECT_EQ(sp.rutaDelPerfil(), QString());
     EXPECT_EQ(sp.obtenerNombreDePerfilSeleccionado(), QString());
@@ -107,7 +109,7 @@ TEST_F(Perfiles, WithoutAProfileAndWithoutEmbeddedStoresTheMissingFileIsNamed) {
     try {
         sp.LoadParameters();
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_TRUE(e.descripcion.contains(uno.path() + "/db/")) << e.descripcion.toStdString();
         EXPECT_TRUE(e.descripcion.contains("el perfil incorporado"));
         EXPECT_TRUE(e.descripcion.endsWith("créelo con DbUpgrade3.")) << e.descripcion.toStdString();
@@ -264,7 +266,7 @@ TEST_F(Perfiles, AProfileThatCannotBeUsedStopsTheStart) {
     try {
         sp.LoadParameters();
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_TRUE(e.descripcion.contains("driver=odbc")) << e.descripcion.toStdString();
     }
 }
@@ -275,7 +277,7 @@ TEST_F(Perfiles, AMissingFileOfTheProfileIsNamedWithItsEntity) {
     try {
         sp.LoadParameters();
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_EQ(
             QString(e.descripcion).replace(uno.path(), "…").toStdString(),
             "No existe el archivo …/n.db que el perfil …/a.perfil.ini nombra para NCM; corrija el perfil "
@@ -293,7 +295,7 @@ TEST_F(Perfiles, AnEntityThatTheProfileDoesNotNameIsTold) {
         try {
             pedir();
             ADD_FAILURE() << "no error";
-        } catch (const ErrorDeStore &e) {
+        } catch (const Falla &e) {
             EXPECT_EQ(QString(e.descripcion).replace(uno.path(), "…").toStdString(),
                       "El perfil …/a.perfil.ini no dice dónde está el store PERSONAL; agregue la sección "
                       "[PERSONAL].");
@@ -319,7 +321,7 @@ TEST_F(Perfiles, TheRoundingTextIsTheSameOnEveryEntity) {
     ASSERT_TRUE(sp.usarPerfil(perfil(uno, "a", "A")));
     for (const int decimales : {0, 2, 3, 5})
         EXPECT_EQ(sp.getNumberFormatbyEntity(decimales, "999,999", "INTERNOS"),
-                  QStringLiteral("ROUND(999.999,%1)").arg(decimales));
+                  u"ROUND(999.999,%1)"_s.arg(decimales));
 }
 
 /// The two entities that only other programs' forms use, and stores of two kinds in one profile.

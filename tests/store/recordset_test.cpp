@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "frame/values.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 #include "tests/store/conectado.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,23 +32,23 @@ TEST_P(RecordsetDeStore, AnUnknownFieldRaises) {
     try {
         rs.Texto(u"imp");
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_EQ(e.numero, 3265);
         EXPECT_EQ(e.descripcion.toStdString(), "El conjunto de registros no tiene la columna imp.");
     }
-    EXPECT_THROW(rs.Fields(1), ErrorDeStore);
-    EXPECT_THROW(rs.Fields(-1), ErrorDeStore);
+    EXPECT_THROW(rs.Fields(1), Falla);
+    EXPECT_THROW(rs.Fields(-1), Falla);
 }
 
 TEST_P(RecordsetDeStore, WalkingForwardAndBackToTheFirst) {
     for (const char *id : {"DOL", "EUR", "PES"})
-        ejecutar(QStringLiteral("insert into divisas (id) values ('%1')").arg(QLatin1String(id)));
+        ejecutar(u"insert into divisas (id) values ('%1')"_s.arg(QLatin1String(id)));
     Recordset rs;
     ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select id from divisas", rs));
     QStringList vistos;
     for (; !rs.Eof(); rs.MoveNext()) vistos << rs.Texto(u"id");
     EXPECT_EQ(vistos.join(',').toStdString(), "DOL,EUR,PES");
-    EXPECT_THROW(rs.Texto(u"id"), ErrorDeStore);
+    EXPECT_THROW(rs.Texto(u"id"), Falla);
     rs.MoveFirst();
     EXPECT_FALSE(rs.Eof());
     EXPECT_EQ(rs.Texto(u"id").toStdString(), "DOL");
@@ -59,7 +62,7 @@ TEST_P(RecordsetDeStore, WalkingForwardAndBackToTheFirst) {
 
 TEST_P(RecordsetDeStore, AWriteDuringTheWalkChangesNothingOfIt) {
     for (int n = 1; n <= 50; ++n)
-        ejecutar(QStringLiteral("insert into facturas (interno,orden,factura) values ('A',%1,'F%1')").arg(n));
+        ejecutar(u"insert into facturas (interno,orden,factura) values ('A',%1,'F%1')"_s.arg(n));
     Recordset rs;
     ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from facturas where interno = 'A'", rs));
     int n = 0;
@@ -67,9 +70,9 @@ TEST_P(RecordsetDeStore, AWriteDuringTheWalkChangesNothingOfIt) {
         ++n;
         EXPECT_EQ(rs.Numero(u"orden"), n);
         ejecutar("insert into facturas (interno,orden) values ('A',1000)");
-        ejecutar(QStringLiteral("delete from facturas where orden = %1").arg(n + 1));
+        ejecutar(u"delete from facturas where orden = %1"_s.arg(n + 1));
         ejecutar("update facturas set factura = 'otra'");
-        EXPECT_EQ(rs.Texto(u"factura"), QStringLiteral("F%1").arg(n));
+        EXPECT_EQ(rs.Texto(u"factura"), u"F%1"_s.arg(n));
     }
     EXPECT_EQ(n, 50);
 }
@@ -83,7 +86,7 @@ TEST_P(RecordsetDeStore, ARecordsetUsedAgainHoldsOnlyTheNewRows) {
     EXPECT_EQ(rs.columnas(), 1);
     // One that fails leaves no rows of the one before.
     ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select id from divisas", rs));
-    EXPECT_THROW(Consultar(*ctx, "INTERNOS", "select id from noexiste", rs), ErrorDeStore);
+    EXPECT_THROW(Consultar(*ctx, "INTERNOS", "select id from noexiste", rs), Falla);
     EXPECT_TRUE(rs.Eof());
 }
 
@@ -117,7 +120,7 @@ TEST_P(RecordsetDeStore, NumbersTextsNullsAndDatesComeBackAlike) {
 TEST_P(RecordsetDeStore, ADoubleGoesAndComesBackToFifteenDigits) {
     for (const double v : {0.1 + 0.2, 1e-7, 123456789.123456, 1e15, -7.0 / 3.0, 0.005}) {
         ejecutar("delete from divisas");
-        ejecutar(QStringLiteral("insert into divisas (id,imp) values ('X',%1)").arg(SqlNumber(v)));
+        ejecutar(u"insert into divisas (id,imp) values ('X',%1)"_s.arg(SqlNumber(*ctx, v)));
         Recordset rs;
         ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select imp from divisas", rs));
         EXPECT_EQ(rs.Texto(u"imp").toStdString(), PonerPuntoDecimal(v).toStdString());
@@ -222,7 +225,7 @@ TEST_P(RecordsetDeStore, ARowThatIsGoneCannotBeUpdated) {
     try {
         rs.Update();
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
+    } catch (const Falla &e) {
         EXPECT_EQ(e.numero, 3167);
         EXPECT_EQ(e.descripcion.toStdString(), "El registro de groupsubitems ya no está en el store.");
     }
@@ -245,9 +248,9 @@ TEST_P(RecordsetDeStore, AReadOnlyRecordsetTakesNoChanges) {
     sembrarGrupos();
     Recordset rs;
     ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from groupsubitems", rs));
-    EXPECT_THROW(rs.Poner(u"fob", 1), ErrorDeStore);
+    EXPECT_THROW(rs.Poner(u"fob", 1), Falla);
     Recordset cerrado;
-    EXPECT_THROW(cerrado.Poner(u"fob", 1), ErrorDeStore);
+    EXPECT_THROW(cerrado.Poner(u"fob", 1), Falla);
     EXPECT_NO_THROW(cerrado.Update());
 }
 
@@ -260,9 +263,9 @@ TEST_P(RecordsetDeStore, AFailingUpdateRaisesTheEnginesTextAndChangesNothing) {
     try {
         rs.Update();
         FAIL() << "no error";
-    } catch (const ErrorDeStore &e) {
-        EXPECT_TRUE(e.descripcion.contains(QLatin1String("doble"))) << e.descripcion.toStdString();
-        EXPECT_EQ(e.fuente, QStringLiteral("INTERNOS"));
+    } catch (const Falla &e) {
+        EXPECT_TRUE(e.descripcion.contains("doble"_L1)) << e.descripcion.toStdString();
+        EXPECT_EQ(e.fuente, u"INTERNOS"_s);
     }
     EXPECT_EQ(filas("select fob from groupsubitems").toStdString(), "10\n10\n25.5");
 }

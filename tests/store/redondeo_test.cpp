@@ -6,19 +6,19 @@
 #include <cmath>
 #include <random>
 
-#include "frame/numbers.h"
-#include "frame/values.h"
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/sqltext.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 /// The rule of rounding where the stores apply it: the same table as the program's own.
 class RedondeoDelStore : public EnAmbosStores {
  protected:
-    void TearDown() override {
-        numeros::fijarSeparadorDecimal(antes);
-        EnAmbosStores::TearDown();
-    }
+    void TearDown() override { EnAmbosStores::TearDown(); }
     /// Puts the value into a numeric column, all its 17 digits.
     void poner(double v) {
         ejecutar("delete from divisas");
@@ -29,20 +29,19 @@ class RedondeoDelStore : public EnAmbosStores {
         Consultar(*ctx, "INTERNOS", sql, rs);
         return EsNumero(rs.Fields(0).Value);
     }
-    QChar antes = numeros::separadorDecimal();
 };
 EN_AMBOS_STORES(RedondeoDelStore);
 
 TEST_P(RedondeoDelStore, RoundFollowsTheTableUnderEitherSeparator) {
     for (const QChar separador : {QChar(u'.'), QChar(u',')}) {
-        numeros::fijarSeparadorDecimal(separador);
+        ctx->SeparadorDecimal = separador;
         for (const CasoDeRedondeo &c : CasosDeRedondeo()) {
             poner(c.valor);
-            const double r = numero(QStringLiteral("select round(imp,%1) from divisas").arg(c.decimales));
+            const double r = numero(u"select round(imp,%1) from divisas"_s.arg(c.decimales));
             EXPECT_EQ(r, c.esperado) << QByteArray::number(c.valor, 'g', 17).constData() << " to "
                                      << c.decimales;
             EXPECT_FALSE(r == 0 && std::signbit(r));
-            ejecutar(QStringLiteral("update divisas set imp = ROUND(imp,%1)").arg(c.decimales));
+            ejecutar(u"update divisas set imp = ROUND(imp,%1)"_s.arg(c.decimales));
             EXPECT_EQ(numero("select imp from divisas"), c.esperado);
             EXPECT_EQ(numeros::redondear(c.valor, c.decimales), c.esperado);
         }
@@ -67,8 +66,7 @@ TEST_P(RedondeoDelStore, TheStoreAndTheProgramAgreeOnManyValues) {
     ejecutar(sql);
     for (const int decimales : {0, 2, 3, 5}) {
         Recordset rs;
-        Consultar(*ctx, "INTERNOS",
-                  QStringLiteral("select id,round(imp,%1) as r from divisas").arg(decimales), rs);
+        Consultar(*ctx, "INTERNOS", u"select id,round(imp,%1) as r from divisas"_s.arg(decimales), rs);
         ASSERT_EQ(rs.RecordCount(), 3000);
         for (; !rs.Eof(); rs.MoveNext()) {
             const double v = valores[static_cast<std::size_t>(rs.Numero(u"id"))];
@@ -81,8 +79,8 @@ TEST_P(RedondeoDelStore, TheStoreAndTheProgramAgreeOnManyValues) {
 TEST_P(RedondeoDelStore, SqlRoundRoundsAnExpressionInsideTheStatement) {
     ejecutar("insert into divisas (id,imp) values ('X',1.005)");
     ejecutar("insert into divisas (id,imp) values ('Y',2)");
-    const auto redondeo = [](const char *expresion, QStringView mascara) {
-        return SqlRound("INTERNOS", QLatin1String(expresion), mascara);
+    const auto redondeo = [this](const char *expresion, QStringView mascara) {
+        return SqlRound(*ctx, "INTERNOS", QLatin1String(expresion), mascara);
     };
     EXPECT_EQ(valor("select " + redondeo("imp", u"00.00") + " from divisas where id = 'X'").toStdString(),
               "1.01");
@@ -102,17 +100,17 @@ TEST_P(RedondeoDelStore, ANullRoundsToANull) {
 
 TEST_P(RedondeoDelStore, WhatFormatWritesIsWhatTheStoreHolds) {
     for (const QChar separador : {QChar(u'.'), QChar(u',')}) {
-        numeros::fijarSeparadorDecimal(separador);
+        ctx->SeparadorDecimal = separador;
         for (const double v : {1.005, -2.675, 0.285, 123456.785, 99.995, -0.004, 1234567.125}) {
             // The usual road of a field: its text, the mask, the entity's separator.
-            const QString texto = AStoreNumero(numeros::Format(v, u"00.00"),
+            const QString texto = AStoreNumero(numeros::Format(v, u"00.00", separador),
                                                ctx->DataManager.getDecimalSeparatorbyEntity("INTERNOS"));
             ejecutar("delete from divisas");
             ejecutar("insert into divisas (id,imp) values ('X'," + texto + ")");
             EXPECT_EQ(numero("select imp from divisas"), numeros::redondear(v, 2)) << texto.toStdString();
             poner(v);
-            EXPECT_EQ(numeros::Format(numero("select round(imp,2) from divisas"), u"00.00"),
-                      numeros::Format(v, u"00.00"));
+            EXPECT_EQ(numeros::Format(numero("select round(imp,2) from divisas"), u"00.00", separador),
+                      numeros::Format(v, u"00.00", separador));
         }
     }
 }
@@ -123,8 +121,8 @@ TEST_P(RedondeoDelStore, DivisionIsFloatingAndRefusesZero) {
     EXPECT_EQ(valor("select 7 / 2 from divisas").toStdString(), "3.5");
     EXPECT_EQ(valor("select imp * 5 / 100 from divisas").toStdString(), "0.35");
     EXPECT_EQ(valor("select count(*) / 2 from divisas").toStdString(), "0.5");
-    EXPECT_THROW(valor("select imp / 0 from divisas"), ErrorDeStore);
-    EXPECT_THROW(valor("select imp / (imp - 7) from divisas"), ErrorDeStore);
+    EXPECT_THROW(valor("select imp / 0 from divisas"), Falla);
+    EXPECT_THROW(valor("select imp / (imp - 7) from divisas"), Falla);
     EXPECT_EQ(valor("select imp / null from divisas").toStdString(), "<null>");
 }
 

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "frame/values.h"
+#include "frame/base/values.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -12,7 +14,7 @@ class TextosEnElStore : public EnAmbosStores {
         try {
             Recordset rs;
             Consultar(*ctx, "INTERNOS", sql, rs);
-        } catch (const ErrorDeStore &) {
+        } catch (const Falla &) {
             return true;
         }
         return false;
@@ -26,8 +28,7 @@ EN_AMBOS_STORES(TextosEnElStore);
 
 TEST_P(TextosEnElStore, ADescriptionWithAQuoteIsStoredAsItWasTyped) {
     for (const QString &descripcion :
-         {QStringLiteral("Válvula d'Or 5''"), QStringLiteral("'"), QStringLiteral("''"),
-          QStringLiteral("''; delete from subitems; --"), QStringLiteral("fin'")}) {
+         {u"Válvula d'Or 5''"_s, u"'"_s, u"''"_s, u"''; delete from subitems; --"_s, u"fin'"_s}) {
         ejecutar("delete from subitems");
         ejecutar("insert into subitems (interno,descripcion) values ('A','" + DoblarComillas(descripcion) +
                  "')");
@@ -37,7 +38,7 @@ TEST_P(TextosEnElStore, ADescriptionWithAQuoteIsStoredAsItWasTyped) {
 }
 
 TEST_P(TextosEnElStore, AnOperationKeyWithAQuoteIsRefusedByTheStore) {
-    const QString clave = QStringLiteral("OP'1");
+    const QString clave = u"OP'1"_s;
     EXPECT_TRUE(falla("select * from caratula where interno = '" + clave + "'"));
     EXPECT_TRUE(falla("insert into caratula (interno) values ('" + clave + "')"));
     EXPECT_TRUE(falla("delete from caratula where interno = '" + clave + "'"));
@@ -46,12 +47,10 @@ TEST_P(TextosEnElStore, AnOperationKeyWithAQuoteIsRefusedByTheStore) {
 
 TEST_P(TextosEnElStore, AnyTextComesBackAsItWent) {
     for (const QString &texto :
-         {QStringLiteral("ñandú ÁÉÍÓÚ ü"), QStringLiteral("日本語 Ω ✓"), QStringLiteral("🚢 contenedor"),
-          QStringLiteral("e\u0301"),  // an accent of its own
-          QStringLiteral("a\tb\r\nc"), QStringLiteral("C:\\ruta\\nueva"), QStringLiteral("100%_[x]{y}"),
-          QStringLiteral("-- comentario /* no */"), QStringLiteral("#01/02/2026#"),
-          QStringLiteral("\"doble\""), QStringLiteral("$1 $$ :x ?1"), QStringLiteral("  blancos  "),
-          QString(20000, u'ñ')}) {
+         {u"ñandú ÁÉÍÓÚ ü"_s, u"日本語 Ω ✓"_s, u"🚢 contenedor"_s,
+          u"e\u0301"_s,  // an accent of its own
+          u"a\tb\r\nc"_s, u"C:\\ruta\\nueva"_s, u"100%_[x]{y}"_s, u"-- comentario /* no */"_s,
+          u"#01/02/2026#"_s, u"\"doble\""_s, u"$1 $$ :x ?1"_s, u"  blancos  "_s, QString(20000, u'ñ')}) {
         ejecutar("delete from subitems");
         ejecutar("insert into subitems (interno,descripcion) values ('A','" + texto + "')");
         EXPECT_EQ(valor("select descripcion from subitems").toStdString(), texto.toStdString());
@@ -76,8 +75,8 @@ TEST_P(TextosEnElStore, TextsCompareWithoutRegardToCase) {
 
 TEST_P(TextosEnElStore, GroupsAndDistinctFoldCaseToo) {
     for (const char *d : {"Ñu", "ÑU", "ñu", "b"})
-        ejecutar(QStringLiteral("insert into subitems (interno,descripcion,cantidad) values ('A','%1',1)")
-                     .arg(QString::fromUtf8(d)));
+        ejecutar(u"insert into subitems (interno,descripcion,cantidad) values ('A','%1',1)"_s.arg(
+            QString::fromUtf8(d)));
     EXPECT_EQ(filas("select count(*), sum(cantidad) from subitems group by descripcion").toStdString(),
               "1|1\n3|3");
     Recordset rs;
@@ -88,8 +87,7 @@ TEST_P(TextosEnElStore, GroupsAndDistinctFoldCaseToo) {
 TEST_P(TextosEnElStore, TheOrderOfTextsIsTheSameOnBothStores) {
     for (const char *d :
          {"b", "A", "a1", "Zeta", "ñu", "Ñandú", "ómnibus", "_x", "10", "9", "", "z", "Bé", "be"})
-        ejecutar(QStringLiteral("insert into subitems (interno,descripcion) values ('A','%1')")
-                     .arg(QString::fromUtf8(d)));
+        ejecutar(u"insert into subitems (interno,descripcion) values ('A','%1')"_s.arg(QString::fromUtf8(d)));
     ejecutar("insert into subitems (interno) values ('A')");
     // Nulls first, then by code point of the lower-cased text.
     EXPECT_EQ(filas("select descripcion from subitems order by descripcion").toStdString(),
@@ -160,8 +158,8 @@ TEST_P(TextosEnElStore, IsnumericTakesAnyType) {
                           Caso{"' 7 '", "1"}, Caso{"'1.2.3'", "0"}, Caso{"'abc'", "0"}, Caso{"''", "0"},
                           Caso{"'.'", "0"}, Caso{"null", "0"}, Caso{"'٣'", "0"}}) {
         ejecutar("delete from subitems");
-        ejecutar(QStringLiteral("insert into subitems (interno,insumosacons) values ('A',%1)")
-                     .arg(QString::fromUtf8(c.texto)));
+        ejecutar(
+            u"insert into subitems (interno,insumosacons) values ('A',%1)"_s.arg(QString::fromUtf8(c.texto)));
         EXPECT_EQ(valor("select isnumeric(insumosacons) from subitems").toStdString(), c.es) << c.texto;
         EXPECT_EQ(cuantas("isnumeric(insumosacons) = 1"), c.es) << c.texto;
     }
@@ -211,7 +209,7 @@ TEST_P(TextosEnElStore, TheDateLiteralOfAnEntityGoesInAndComesBack) {
 
 TEST_P(TextosEnElStore, AnItemZeroIsKeptApartByItsIdentity) {
     for (int id = 0; id <= 3; ++id)
-        ejecutar(QStringLiteral("insert into item (id,interno,fobtotal) values (%1,'A',10)").arg(id));
+        ejecutar(u"insert into item (id,interno,fobtotal) values (%1,'A',10)"_s.arg(id));
     EXPECT_EQ(valor("select count(*) as n from item where interno = 'A' and id<>0").toStdString(), "3");
     EXPECT_EQ(valor("select count(*) as n from item where interno = 'A' and id>0").toStdString(), "3");
     EXPECT_EQ(valor("select sum(fobtotal) as n from item where interno = 'A' and id<>0").toStdString(), "30");
@@ -246,8 +244,7 @@ TEST_P(TextosEnElStore, TheCommentOfAnOperationStaysBehindInItsOwnStore) {
 
 TEST_P(TextosEnElStore, TheScratchTableOfReportLinesNumbersThemInOrder) {
     for (const char *linea : {"uno", "dos", "tres"})
-        ejecutar(QStringLiteral("insert into tabla (linea) values ('%1')").arg(QLatin1String(linea)),
-                 "PERSONAL");
+        ejecutar(u"insert into tabla (linea) values ('%1')"_s.arg(QLatin1String(linea)), "PERSONAL");
     EXPECT_EQ(filas("select linea from tabla order by idlin", "PERSONAL").toStdString(), "uno\ndos\ntres");
     EXPECT_EQ(ejecutar("delete from tabla", "PERSONAL"), 3);
 }

@@ -6,23 +6,24 @@
 #include <chrono>
 #include <thread>
 
-#include "frame/values.h"
+#include "frame/base/values.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 class VariasConexiones : public EnAmbosStores {
  protected:
     bool esServidor() const { return std::string(GetParam()) == "SQL"; }
-    Conexion &internos() { return ctx->conexion(QStringLiteral("INTERNOS")); }
+    Conexion &internos() { return ctx->conexion(u"INTERNOS"_s); }
     /// A word of the engine about itself.
     std::string motor(const QString &sql) {
         QSqlQuery consulta(internos().coneccion());
         return consulta.exec(sql) && consulta.next() ? consulta.value(0).toString().toStdString() : "<error>";
     }
     std::string sincronia() {
-        return motor(esServidor() ? QStringLiteral("show synchronous_commit")
-                                  : QStringLiteral("PRAGMA main.synchronous"));
+        return motor(esServidor() ? u"show synchronous_commit"_s : u"PRAGMA main.synchronous"_s);
     }
     std::string ligera() const { return esServidor() ? "off" : "1"; }
     std::string firme() const { return esServidor() ? "on" : "2"; }
@@ -51,15 +52,15 @@ TEST_P(VariasConexiones, TwoWritersAtTheSameTimeLoseNoRowAndShareNoIdentity) {
             Registro propio;
             const auto c = tienda->contexto(propio);
             for (int n = 0; n < lineas; ++n) {
+                Ejecutar(
+                    *c, "INTERNOS",
+                    u"insert into subitems (interno,cantidad) values ('%1',%2)"_s.arg(QLatin1String(clave))
+                        .arg(n));
                 Ejecutar(*c, "INTERNOS",
-                         QStringLiteral("insert into subitems (interno,cantidad) values ('%1',%2)")
-                             .arg(QLatin1String(clave))
-                             .arg(n));
-                Ejecutar(*c, "INTERNOS",
-                         QStringLiteral("update subitems set cantidad = cantidad + 1 where interno = '%1'")
-                             .arg(QLatin1String(clave)));
+                         u"update subitems set cantidad = cantidad + 1 where interno = '%1'"_s.arg(
+                             QLatin1String(clave)));
             }
-        } catch (const ErrorDeStore &) {
+        } catch (const Falla &) {
             ++fallas;
         }
     };
@@ -87,7 +88,7 @@ TEST_P(VariasConexiones, AWriterWaitsForTheOtherToEnd) {
         const auto c = tienda->contexto(propio);
         try {
             pudo = Ejecutar(*c, "INTERNOS", "update divisas set imp = imp * 10") == 1;
-        } catch (const ErrorDeStore &) {
+        } catch (const Falla &) {
         }
         termino = true;
     });
@@ -153,7 +154,7 @@ TEST_P(VariasConexiones, LightWritingEndsOnTheRoadOfAnError) {
         const EscrituraLigera una(internos());
         ejecutar("update noexiste set x = 1");
         ADD_FAILURE() << "no error";
-    } catch (const ErrorDeStore &) {
+    } catch (const Falla &) {
         EXPECT_EQ(sincronia(), firme());
     }
 }
@@ -188,7 +189,7 @@ TEST(EscrituraLigeraSinStore, AStoreThatCannotBeOpenedRaisesAndIsNotLeftLight) {
     StoreProfiles::SPMain sp;
     ASSERT_TRUE(sp.usarPerfil(perfil));
     Conexion &c = sp.getDataConnectionByEntity("INTERNOS");
-    EXPECT_THROW(EscrituraLigera{c}, ErrorDeStore);
+    EXPECT_THROW(EscrituraLigera{c}, Falla);
     QFile f(dir.filePath("internos.db"));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.close();

@@ -2,27 +2,31 @@
 
 #include <gtest/gtest.h>
 
+#include "subitems/SuffixChecker.h"
 #include "subitems/suffixes.h"
 #include "subitems/suffixtext.h"
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString ncm = QStringLiteral("NCM");
-const QString motor = QStringLiteral("8409.91.12.100G");
+const QString ncm = u"NCM"_s;
+const QString motor = u"8409.91.12.100G"_s;
 
 class Sufijos : public EnAmbosStores {
  protected:
     void SetUp() override {
         EnAmbosStores::SetUp();
-        ejecutar(QStringLiteral("insert into ncm ([001],[002],[003]) values ('8409.91.12','100','G'),"
-                                "('9503.00.10','000','D')"),
-                 ncm);
+        ejecutar(
+            u"insert into ncm ([001],[002],[003]) values ('8409.91.12','100','G'),"
+            "('9503.00.10','000','D')"_s,
+            ncm);
     }
     void sufijo(const char *sim, const char *codigo, const char *detalle = "Detalle") {
-        ejecutar(QStringLiteral("insert into sufidos (sim,sufijo,detalle) values ('%1','%2','%3')")
-                     .arg(QString::fromUtf8(sim), QString::fromUtf8(codigo), QString::fromUtf8(detalle)),
+        ejecutar(u"insert into sufidos (sim,sufijo,detalle) values ('%1','%2','%3')"_s.arg(
+                     QString::fromUtf8(sim), QString::fromUtf8(codigo), QString::fromUtf8(detalle)),
                  ncm);
     }
     /// A coded family AA at chapter level, the free AB at heading level and the number ZB at the position's.
@@ -56,7 +60,7 @@ class Sufijos : public EnAmbosStores {
 TEST_P(Sufijos, AsksEachFamilyInOrderAndComposesTheText) {
     tresFamilias();
     registro.indices = {1};
-    registro.textos = {QStringLiteral("bosch x-1"), QStringLiteral("75")};
+    registro.textos = {u"bosch x-1"_s, u"75"_s};
     EXPECT_EQ(construir(), "AA01-AB(BOSCH X 1)-ZB(000075)-");
     ASSERT_EQ(registro.elecciones.size(), 1U);
     EXPECT_EQ(registro.elecciones[0].filas.join(u'|').toStdString(),
@@ -99,16 +103,15 @@ TEST_P(Sufijos, APositionWhoseFourKeysHaveNoRowYieldsSinSufijosWithAPlainMessage
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].texto.toStdString(), "No se encontro Sufijo en el nomenclador");
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Ninguno);
-    EXPECT_TRUE(SufijosAceptados(QStringLiteral("SIN SUFIJOS")));
-    EXPECT_TRUE(sufijos::EsTextoTerminado(QStringLiteral("SIN SUFIJOS")));
+    EXPECT_TRUE(SufijosAceptados(u"SIN SUFIJOS"_s));
+    EXPECT_TRUE(sufijos::EsTextoTerminado(u"SIN SUFIJOS"_s));
 }
 
 TEST_P(Sufijos, APositionThatIsNotThereIsARefusal) {
-    EXPECT_EQ(
-        ValidarSufijos(*ctx, QStringLiteral("8499.00.00.000X"), {}, ModoDeSufijos::Construir).toStdString(),
-        "##ERRORNCM##");
+    EXPECT_EQ(ValidarSufijos(*ctx, u"8499.00.00.000X"_s, {}, ModoDeSufijos::Construir).toStdString(),
+              "##ERRORNCM##");
     EXPECT_EQ(mensajes(), "No existe la posicion 8499.00.00.000X en el nomenclador");
-    EXPECT_FALSE(SufijosAceptados(QStringLiteral("##ERRORNCM##")));
+    EXPECT_FALSE(SufijosAceptados(u"##ERRORNCM##"_s));
 }
 
 TEST_P(Sufijos, TheLetterOfThePositionIsNotAskedFor) {
@@ -121,15 +124,13 @@ TEST_P(Sufijos, TheLetterOfThePositionIsNotAskedFor) {
 
 TEST_P(Sufijos, AFamilyPresentOnlyAtChapterLevelAppliesToAllPositionsOfTheChapter) {
     sufijo("84  .  .  .   ", "AA01");
-    ejecutar(QStringLiteral("insert into ncm ([001],[002],[003]) values ('8471.30.12','000','A')"), ncm);
+    ejecutar(u"insert into ncm ([001],[002],[003]) values ('8471.30.12','000','A')"_s, ncm);
     registro.indices = {1, 1};
     EXPECT_EQ(construir(), "AA01-");
-    EXPECT_EQ(
-        ValidarSufijos(*ctx, QStringLiteral("8471.30.12.000A"), {}, ModoDeSufijos::Construir).toStdString(),
-        "AA01-");
-    EXPECT_EQ(
-        ValidarSufijos(*ctx, QStringLiteral("9503.00.10.000D"), {}, ModoDeSufijos::Construir).toStdString(),
-        "SIN SUFIJOS");
+    EXPECT_EQ(ValidarSufijos(*ctx, u"8471.30.12.000A"_s, {}, ModoDeSufijos::Construir).toStdString(),
+              "AA01-");
+    EXPECT_EQ(ValidarSufijos(*ctx, u"9503.00.10.000D"_s, {}, ModoDeSufijos::Construir).toStdString(),
+              "SIN SUFIJOS");
 }
 
 TEST_P(Sufijos, EachLevelOfTheKeyCounts) {
@@ -144,24 +145,22 @@ TEST_P(Sufijos, EachLevelOfTheKeyCounts) {
 
 TEST_P(Sufijos, AFreeValueIsStoredWithoutTheThreeMarks) {
     sufijo("84  .  .  .   ", "AB");
-    registro.textos = {QStringLiteral("ABC-(1)")};
+    registro.textos = {u"ABC-(1)"_s};
     EXPECT_EQ(construir(), "AB(ABC 1)-");
 }
 
 TEST_P(Sufijos, ANumberIsCutAndFilled) {
     sufijo("84  .  .  .   ", "ZB");
     // The input box limits to six; what comes from elsewhere is cut too.
-    ctx->dialogos.pedirTexto = [](const Entrada &) {
-        return std::optional<QString>(QStringLiteral("1234567"));
-    };
+    ctx->dialogos.pedirTexto = [](const Entrada &) { return std::optional<QString>(u"1234567"_s); };
     EXPECT_EQ(construir(), "ZB(123456)-");
-    ctx->dialogos.pedirTexto = [](const Entrada &) { return std::optional<QString>(QStringLiteral("12")); };
+    ctx->dialogos.pedirTexto = [](const Entrada &) { return std::optional<QString>(u"12"_s); };
     EXPECT_EQ(construir(), "ZB(000012)-");
 }
 
 TEST_P(Sufijos, AValueThatIsNoNumberIsToldAndAskedAgain) {
     sufijo("84  .  .  .   ", "ZB");
-    registro.textos = {QStringLiteral("doce"), QStringLiteral("()"), QStringLiteral("12")};
+    registro.textos = {u"doce"_s, u"()"_s, u"12"_s};
     EXPECT_EQ(construir(), "ZB(000012)-");
     EXPECT_EQ(mensajes(), "Debe Ingresar un Valor Númerico\nDebe Ingresar un Valor Númerico");
     EXPECT_EQ(registro.entradas.size(), 3U);
@@ -169,7 +168,7 @@ TEST_P(Sufijos, AValueThatIsNoNumberIsToldAndAskedAgain) {
 
 TEST_P(Sufijos, ATextOfNothingButMarksIsAskedAgain) {
     sufijo("84  .  .  .   ", "AB");
-    registro.textos = {QStringLiteral("()-"), QStringLiteral("  "), QStringLiteral("x")};
+    registro.textos = {u"()-"_s, u"  "_s, u"x"_s};
     EXPECT_EQ(construir(), "AB(X)-");
     EXPECT_EQ(mensajes(), "");
     EXPECT_TRUE(registro.preguntas.empty());
@@ -177,7 +176,7 @@ TEST_P(Sufijos, ATextOfNothingButMarksIsAskedAgain) {
 
 TEST_P(Sufijos, AnEmptyAnswerAsksWhetherToCancel) {
     sufijo("84  .  .  .   ", "AB");
-    registro.textos = {QString(), QStringLiteral("x")};
+    registro.textos = {QString(), u"x"_s};
     registro.respuestas = {false};
     EXPECT_EQ(construir(), "AB(X)-");
     ASSERT_EQ(registro.preguntas.size(), 1U);
@@ -225,16 +224,15 @@ TEST_P(Sufijos, LimitsAndDefaultsFollowTheFamily) {
     for (const Caso &c : casos) sufijo("84  .  .  .   ", c.familia);
     ctx->dialogos.pedirTexto = [this](const Entrada &e) {
         registro.entradas.push_back(e);
-        return std::optional<QString>(QStringLiteral("1"));
+        return std::optional<QString>(u"1"_s);
     };
     EXPECT_EQ(validar("", ModoDeSufijos::Construir, "ARTICULO", "DESCRIPCION"),
               "AB(1)-AC(1)-AI(1)-AS(1)-ZA(000001)-");
     ASSERT_EQ(registro.entradas.size(), 5U);
     for (const Caso &c : casos) {
-        const auto entrada =
-            std::find_if(registro.entradas.begin(), registro.entradas.end(), [&c](const Entrada &e) {
-                return e.texto == QStringLiteral("SUFIJO ") + QString::fromUtf8(c.familia);
-            });
+        const auto entrada = std::find_if(
+            registro.entradas.begin(), registro.entradas.end(),
+            [&c](const Entrada &e) { return e.texto == u"SUFIJO "_s + QString::fromUtf8(c.familia); });
         ASSERT_NE(entrada, registro.entradas.end()) << c.familia;
         EXPECT_EQ(entrada->maximo, c.maximo) << c.familia;
         EXPECT_EQ(entrada->inicial.toStdString(), c.inicial) << c.familia;
@@ -270,7 +268,7 @@ TEST_P(Sufijos, EveryTokenThatStillFitsIsKeptAndTheRestAskedFor) {
     tresFamilias();
     // AA09 is no option any more; ZB is missing; CC01 is not demanded.
     registro.indices = {2};
-    registro.textos = {QStringLiteral("7")};
+    registro.textos = {u"7"_s};
     EXPECT_EQ(validar("AA09-AB(BOSCH)-CC01-", ModoDeSufijos::Reconfirmar), "AA02-AB(BOSCH)-ZB(000007)-");
     EXPECT_EQ(mensajes(), "Se encontro diferencias entre los Sufijos de Subitem y el nomenclador.");
     EXPECT_EQ(registro.elecciones.size(), 1U);
@@ -288,7 +286,7 @@ TEST_P(Sufijos, AFamilyInsideAnothersValueIsNoTokenOfItsOwn) {
 
 TEST_P(Sufijos, ATokenThatNoMarkClosesIsAskedForAgain) {
     tresFamilias();
-    registro.textos = {QStringLiteral("7")};
+    registro.textos = {u"7"_s};
     EXPECT_EQ(construir("AA01-AB(BOSCH)-ZB(000075)"), "AA01-AB(BOSCH)-ZB(000007)-");
     EXPECT_EQ(registro.entradas.size(), 1U);
 }
@@ -297,7 +295,7 @@ TEST_P(Sufijos, Mode1IgnoresTheTextInTheCheckOnly) {
     tresFamilias();
     ctx->ReconfirmarSufijos = true;
     registro.indices = {1};
-    registro.textos = {QStringLiteral("7")};
+    registro.textos = {u"7"_s};
     // No check and so no message, but AB is kept.
     EXPECT_EQ(construir("AB(BOSCH)-"), "AA01-AB(BOSCH)-ZB(000007)-");
     EXPECT_EQ(mensajes(), "");
@@ -307,7 +305,7 @@ TEST_P(Sufijos, Mode1IgnoresTheTextInTheCheckOnly) {
 TEST_P(Sufijos, TheReconfirmationFlagTellsFirstAndGoesOff) {
     tresFamilias();
     ctx->ReconfirmarSufijos = true;
-    registro.textos = {QStringLiteral("7")};
+    registro.textos = {u"7"_s};
     EXPECT_EQ(validar("AA01-AB(BOSCH)-", ModoDeSufijos::Reconfirmar), "AA01-AB(BOSCH)-ZB(000007)-");
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].titulo.toStdString(), "Verificación de Sufijos");
@@ -328,7 +326,7 @@ TEST_P(Sufijos, TheReconfirmationFlagTellsFirstAndGoesOff) {
 
 TEST_P(Sufijos, AStoreErrorGivesTheEmptyTextWithThePointerRestored) {
     tresFamilias();
-    ejecutar(QStringLiteral("drop table sufidos"), ncm);
+    ejecutar(u"drop table sufidos"_s, ncm);
     bool reloj = false;
     ctx->dialogos.reloj = [&reloj](bool puesto) { reloj = puesto; };
     ctx->ReconfirmarSufijos = true;
@@ -342,29 +340,26 @@ TEST_P(Sufijos, AStoreErrorGivesTheEmptyTextWithThePointerRestored) {
 TEST_P(Sufijos, ALineKeepsItsTextWhenTheEngineGivesNone) {
     tresFamilias();
     registro.indices = {-1};
-    EXPECT_EQ(ActuSufijos(*ctx, motor, QStringLiteral("AB(BOSCH)-")).toStdString(), "AB(BOSCH)-");
-    EXPECT_EQ(
-        ActuSufijos(*ctx, QStringLiteral("8499.00.00.000X"), QStringLiteral("AB(BOSCH)-")).toStdString(),
-        "AB(BOSCH)-");
+    EXPECT_EQ(ActuSufijos(*ctx, motor, u"AB(BOSCH)-"_s).toStdString(), "AB(BOSCH)-");
+    EXPECT_EQ(ActuSufijos(*ctx, u"8499.00.00.000X"_s, u"AB(BOSCH)-"_s).toStdString(), "AB(BOSCH)-");
     registro.indices = {1};
-    registro.textos = {QStringLiteral("7")};
-    EXPECT_EQ(ActuSufijos(*ctx, motor, QStringLiteral("AB(BOSCH)-")).toStdString(),
-              "AA01-AB(BOSCH)-ZB(000007)-");
+    registro.textos = {u"7"_s};
+    EXPECT_EQ(ActuSufijos(*ctx, motor, u"AB(BOSCH)-"_s).toStdString(), "AA01-AB(BOSCH)-ZB(000007)-");
 }
 
 TEST_P(Sufijos, WhatTheEngineMakesPassesTheSilentCheck) {
     tresFamilias();
     sufijo("84  .  .  .   ", "AS", "Descripción");
     registro.indices = {0};
-    registro.textos = {QStringLiteral("Bosch (azul)"), QStringLiteral("ñandú - 3"), QStringLiteral("9")};
+    registro.textos = {u"Bosch (azul)"_s, u"ñandú - 3"_s, u"9"_s};
     const std::string texto = construir();
     EXPECT_EQ(texto, "AA00-AB(BOSCH AZUL)-AS(ÑAND 3)-ZB(000009)-");
-    EXPECT_EQ(ctx->SuffixChecker.Validar(motor, QString::fromStdString(texto)), 0);
+    EXPECT_EQ(SuffixCheckerClass(*ctx).Validar(motor, QString::fromStdString(texto)), 0);
 }
 
 TEST_P(Sufijos, TheScreenOfSuffixesShowsTheCatalogueAndTheLine) {
     tresFamilias();
-    const DatosDeSufijos datos = LeerDatosDeSufijos(*ctx, motor, QStringLiteral("AA01-AB(BOSCH)-CC01-"));
+    const DatosDeSufijos datos = LeerDatosDeSufijos(*ctx, motor, u"AA01-AB(BOSCH)-CC01-"_s);
     ASSERT_EQ(datos.catalogo.size(), 4U);
     EXPECT_EQ(datos.catalogo[2].sufijo.toStdString(), "AB");
     ASSERT_EQ(datos.linea.size(), 3U);
@@ -374,11 +369,11 @@ TEST_P(Sufijos, TheScreenOfSuffixesShowsTheCatalogueAndTheLine) {
     EXPECT_EQ(datos.linea[1].detalle.toStdString(), "Marca y modelo");
     EXPECT_TRUE(datos.linea[2].detalle.isEmpty());
     EXPECT_EQ(datos.estado.toStdString(), "Familias pedidas: 3. Faltan sufijos");
-    EXPECT_EQ(LeerDatosDeSufijos(*ctx, motor, QStringLiteral("AA01-AB(X)-ZB(000001)-")).estado.toStdString(),
+    EXPECT_EQ(LeerDatosDeSufijos(*ctx, motor, u"AA01-AB(X)-ZB(000001)-"_s).estado.toStdString(),
               "Familias pedidas: 3. Sufijos completos");
-    EXPECT_EQ(LeerDatosDeSufijos(*ctx, QStringLiteral("9503.00.10.000D"), {}).estado.toStdString(),
+    EXPECT_EQ(LeerDatosDeSufijos(*ctx, u"9503.00.10.000D"_s, {}).estado.toStdString(),
               "La posición no pide sufijos");
-    EXPECT_EQ(LeerDatosDeSufijos(*ctx, QStringLiteral("8499.00.00.000X"), {}).estado.toStdString(),
+    EXPECT_EQ(LeerDatosDeSufijos(*ctx, u"8499.00.00.000X"_s, {}).estado.toStdString(),
               "La posición no existe en el nomenclador");
 }
 
@@ -390,12 +385,11 @@ class SufijosDeLaDemostracion : public EnAmbosStores {
 
 TEST_P(SufijosDeLaDemostracion, EveryLineIsReconfirmedWithoutAQuestion) {
     Recordset rs;
-    ASSERT_TRUE(Consultar(*ctx, QStringLiteral("INTERNOS"),
-                          QStringLiteral("select ncm,sufijos from subitems order by id"), rs));
+    ASSERT_TRUE(Consultar(*ctx, u"INTERNOS"_s, u"select ncm,sufijos from subitems order by id"_s, rs));
     int lineas = 0;
     for (; !rs.Eof(); rs.MoveNext()) {
         const QString texto = rs.Texto(u"sufijos");
-        if (texto.isEmpty() || ctx->SuffixChecker.Validar(rs.Texto(u"ncm"), texto) != 0) continue;
+        if (texto.isEmpty() || SuffixCheckerClass(*ctx).Validar(rs.Texto(u"ncm"), texto) != 0) continue;
         ++lineas;
         const QString nuevo = ValidarSufijos(*ctx, rs.Texto(u"ncm"), texto, ModoDeSufijos::Reconfirmar);
         EXPECT_TRUE(sufijos::EsTextoTerminado(nuevo)) << nuevo.toStdString();

@@ -7,14 +7,16 @@
 #include "header/regime.h"
 #include "subitems/suffixtext.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// "AA01 | AB(XYZ) | ZB(1)?": the tokens, with "?" behind one that no "-" closes.
 std::string partido(const char *texto) {
     QStringList lista;
     for (const sufijos::Token &t : sufijos::Partir(QString::fromUtf8(texto)))
-        lista << t.texto() + (t.cerrado ? QString() : QStringLiteral("?"));
-    return lista.join(QStringLiteral(" | ")).toStdString();
+        lista << t.texto() + (t.cerrado ? QString() : u"?"_s);
+    return lista.join(u" | "_s).toStdString();
 }
 
 TEST(TextoDeSufijos, IsCutIntoItsTokens) {
@@ -42,7 +44,7 @@ TEST(TextoDeSufijos, IsCutIntoItsTokens) {
 }
 
 TEST(TextoDeSufijos, IsComposedAndClosed) {
-    const QString texto = QStringLiteral("AA01-AB(XYZ)-ZB(000123)-");
+    const QString texto = u"AA01-AB(XYZ)-ZB(000123)-"_s;
     EXPECT_EQ(sufijos::Componer(sufijos::Partir(texto)).toStdString(), texto.toStdString());
     EXPECT_EQ(sufijos::Componer({}).toStdString(), "");
 }
@@ -123,10 +125,8 @@ TEST(ArticuloForzado, ReplacesTheValuesOfAIAndAB) {
 
 TEST(ArticuloForzado, PassesTheTestOfTheArticleInTheSuffixes) {
     for (const char *articulo : {"ABC-DEF", "a (1) - b", "X"}) {
-        const QString texto =
-            sufijos::ForzarArticulo(QStringLiteral("AI(OTRO)-"), QString::fromUtf8(articulo));
-        EXPECT_TRUE(
-            SufijoContieneArticulo(QStringLiteral("8409.91.12.100A"), texto, QString::fromUtf8(articulo)))
+        const QString texto = sufijos::ForzarArticulo(u"AI(OTRO)-"_s, QString::fromUtf8(articulo));
+        EXPECT_TRUE(SufijoContieneArticulo(u"8409.91.12.100A"_s, texto, QString::fromUtf8(articulo)))
             << articulo;
     }
 }

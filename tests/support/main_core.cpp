@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
     QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("zendra-pruebas"));
+    QCoreApplication::setApplicationName(u"zendra-pruebas"_s);
     return RUN_ALL_TESTS();
 }

@@ -11,11 +11,13 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "desktop/dialogosqt.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
-#include "frame/ui/dialogosqt.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
+
+using namespace Qt::StringLiterals;
 
 void EnPantalla::SetUp() {
     EnAmbosStores::SetUp();
@@ -125,14 +127,14 @@ QStringList recortados(QWidget *ventana) {
         if (const auto *etiqueta = qobject_cast<const QLabel *>(campo)) {
             if (etiqueta->wordWrap()) {
                 if (etiqueta->height() < etiqueta->heightForWidth(etiqueta->width()))
-                    malos << etiqueta->objectName() + QLatin1String(": ") + etiqueta->text();
+                    malos << etiqueta->objectName() + ": "_L1 + etiqueta->text();
                 continue;
             }
             texto = etiqueta->text();
         } else if (const auto *boton = qobject_cast<const QAbstractButton *>(campo)) {
             texto = boton->text();
         }
-        if (!texto.isEmpty() && !cabe(campo)) malos << campo->objectName() + QLatin1String(": ") + texto;
+        if (!texto.isEmpty() && !cabe(campo)) malos << campo->objectName() + ": "_L1 + texto;
         if (const auto *titulos = qobject_cast<const QHeaderView *>(campo);
             titulos != nullptr && titulos->model() != nullptr)
             for (int n = 0; n < titulos->count(); ++n) {
@@ -140,7 +142,7 @@ QStringList recortados(QWidget *ventana) {
                     titulos->model()->headerData(n, titulos->orientation(), Qt::DisplayRole).toString();
                 if (titulos->isSectionHidden(n) || rotulo.isEmpty()) continue;
                 if (titulos->fontMetrics().horizontalAdvance(rotulo) > titulos->sectionSize(n))
-                    malos << QLatin1String("heading: ") + rotulo;
+                    malos << "heading: "_L1 + rotulo;
             }
     }
     return malos;
@@ -148,12 +150,12 @@ QStringList recortados(QWidget *ventana) {
 
 void foto(QWidget *ventana, const QString &nombre) {
     QCoreApplication::processEvents();
-    const QString carpeta = CarpetaDeConstruccion() +
-                            QStringLiteral("/screenshots/%1x").arg(qRound(ventana->devicePixelRatioF()));
+    const QString carpeta =
+        CarpetaDeConstruccion() + u"/screenshots/%1x"_s.arg(qRound(ventana->devicePixelRatioF()));
     ASSERT_TRUE(QDir().mkpath(carpeta));
     const QPixmap imagen = ventana->grab();
-    EXPECT_TRUE(imagen.save(carpeta + QLatin1Char('/') + nombre + QStringLiteral(".png")));
-    EXPECT_EQ(recortados(ventana).join(QLatin1String("; ")).toStdString(), "") << nombre.toStdString();
+    EXPECT_TRUE(imagen.save(carpeta + QLatin1Char('/') + nombre + u".png"_s));
+    EXPECT_EQ(recortados(ventana).join("; "_L1).toStdString(), "") << nombre.toStdString();
     EXPECT_LE(ventana->width(), 1280) << nombre.toStdString();
     EXPECT_LE(ventana->height(), 720) << nombre.toStdString();
 }

@@ -9,9 +9,11 @@
 #include <map>
 #include <mutex>
 
+#include "frame/base/values.h"
 #include "frame/startup.h"
-#include "frame/values.h"
 #include "upgrade/upgrade.h"
+
+using namespace Qt::StringLiterals;
 
 QString CarpetaDeFuentes() {
     return QStringLiteral(ZENDRA_FUENTES);
@@ -38,14 +40,14 @@ Servidor servidorDePrueba() {
     for (const QString &palabra : palabras) {
         const QString clave = palabra.section(QLatin1Char('='), 0, 0);
         const QString valor = palabra.section(QLatin1Char('='), 1);
-        if (clave == QLatin1String("host")) s.host = valor;
-        if (clave == QLatin1String("port")) s.puerto = valor.toInt();
-        if (clave == QLatin1String("user")) s.usuario = valor;
+        if (clave == "host"_L1) s.host = valor;
+        if (clave == "port"_L1) s.puerto = valor.toInt();
+        if (clave == "user"_L1) s.usuario = valor;
     }
     if (s.host.isEmpty())
-        fallar(QStringLiteral(
-            "The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
-            "`scripts/test-server start`, which prints it."));
+        fallar(
+            u"The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
+            "`scripts/test-server start`, which prints it."_s);
     return s;
 }
 
@@ -53,11 +55,11 @@ void enServidor(const Servidor &s, const QString &sql) {
     const QString nombre = QUuid::createUuid().toString();
     QString error;
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), nombre);
+        QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre);
         db.setHostName(s.host);
         db.setPort(s.puerto);
         db.setUserName(s.usuario);
-        db.setDatabaseName(QStringLiteral("postgres"));
+        db.setDatabaseName(u"postgres"_s);
         if (!db.open()) {
             error = db.lastError().text();
         } else {
@@ -66,7 +68,7 @@ void enServidor(const Servidor &s, const QString &sql) {
         }
     }
     QSqlDatabase::removeDatabase(nombre);
-    if (!error.isEmpty()) fallar(QStringLiteral("Test server: ") + error);
+    if (!error.isEmpty()) fallar(u"Test server: "_s + error);
 }
 
 /// Stores made once a process; every test takes a copy.
@@ -76,8 +78,7 @@ struct Molde {
     ~Molde() {
         if (base.isEmpty()) return;
         try {
-            enServidor(servidorDePrueba(),
-                       QStringLiteral("drop database if exists %1 with (force)").arg(base));
+            enServidor(servidorDePrueba(), u"drop database if exists %1 with (force)"_s.arg(base));
         } catch (const std::exception &) {
             // The server went away first.
         }
@@ -85,24 +86,23 @@ struct Molde {
 };
 
 QString nombreDeBase() {
-    return QStringLiteral("z_") + QUuid::createUuid().toString(QUuid::Id128);
+    return u"z_"_s + QUuid::createUuid().toString(QUuid::Id128);
 }
 
 void copiar(const QString &de, const QString &a) {
     const QFileInfoList archivos = QDir(de).entryInfoList(QDir::Files);
     for (const QFileInfo &archivo : archivos)
         if (!QFile::copy(archivo.filePath(), a + QLatin1Char('/') + archivo.fileName()))
-            fallar(QStringLiteral("copy: ") + archivo.filePath());
+            fallar(u"copy: "_s + archivo.filePath());
 }
 
 bool escribirPerfil(const QString &carpeta, const QString &base, QString &perfil) {
-    perfil = carpeta + QStringLiteral("/Prueba.perfil.ini");
+    perfil = carpeta + u"/Prueba.perfil.ini"_s;
     QFile::remove(perfil);
-    if (base.isEmpty())
-        return StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Prueba"), QStringLiteral("."));
+    if (base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
     const Servidor s = servidorDePrueba();
-    return StoreProfiles::escribirPerfilDeServidor(perfil, QStringLiteral("Prueba"), s.host, s.puerto, base,
-                                                   s.usuario, QStringLiteral("."));
+    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, base, s.usuario,
+                                                   u"."_s);
 }
 
 Molde &molde(bool servidor, bool conDemostracion) {
@@ -119,10 +119,10 @@ Molde &molde(bool servidor, bool conDemostracion) {
     auto nuevo = std::make_unique<Molde>();
     if (servidor) {
         nuevo->base = nombreDeBase();
-        enServidor(servidorDePrueba(), QStringLiteral("create database %1").arg(nuevo->base));
+        enServidor(servidorDePrueba(), u"create database %1"_s.arg(nuevo->base));
     }
     QString perfil;
-    if (!escribirPerfil(nuevo->dir.path(), nuevo->base, perfil)) fallar(QStringLiteral("profile"));
+    if (!escribirPerfil(nuevo->dir.path(), nuevo->base, perfil)) fallar(u"profile"_s);
     const auto hecho =
         conDemostracion ? actualizacion::CargarDemostracion(perfil) : actualizacion::Actualizar(perfil);
     if (!hecho.ok) fallar(hecho.error);
@@ -170,20 +170,20 @@ Dialogos DialogosDePrueba(Registro &r) {
 }
 
 Tienda::Tienda(const QString &etiqueta, bool conDemostracion) : carpeta_(dir_.path()) {
-    const bool servidor = etiqueta == QLatin1String("SQL");
+    const bool servidor = etiqueta == "SQL"_L1;
     const Molde &m = molde(servidor, conDemostracion);
     copiar(m.dir.path(), carpeta_);
     if (servidor) {
         base_ = nombreDeBase();
-        enServidor(servidorDePrueba(), QStringLiteral("create database %1 template %2").arg(base_, m.base));
+        enServidor(servidorDePrueba(), u"create database %1 template %2"_s.arg(base_, m.base));
     }
-    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(QStringLiteral("profile"));
+    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(u"profile"_s);
 }
 
 Tienda::~Tienda() {
     if (base_.isEmpty()) return;
     try {
-        enServidor(servidorDePrueba(), QStringLiteral("drop database if exists %1 with (force)").arg(base_));
+        enServidor(servidorDePrueba(), u"drop database if exists %1 with (force)"_s.arg(base_));
     } catch (const std::exception &) {
         // Nothing else of the test hangs on it.
     }
@@ -191,18 +191,18 @@ Tienda::~Tienda() {
 
 std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
     auto ctx = std::make_unique<AppContext>();
-    ctx->ajustes = Ajustes(carpeta_ + QStringLiteral("/ajustes.ini"));
+    ctx->ajustes = Ajustes(carpeta_ + u"/ajustes.ini"_s);
     ctx->dialogos = DialogosDePrueba(registro);
     QString error;
     if (!ctx->DataManager.usarPerfil(perfil_, &error)) fallar(error);
     ctx->DataManager.LoadParameters();
-    ctx->ConnNcm = &ctx->conexion(QStringLiteral("NCM"));
-    ctx->ConnInternos = &ctx->conexion(QStringLiteral("INTERNOS"));
-    ctx->ConnCatalogos = &ctx->conexion(QStringLiteral("CATALOGOS"));
-    ctx->ConnSystablas = &ctx->conexion(QStringLiteral("SYSTABLAS"));
-    ctx->SuffixChecker.SetDataManager(&ctx->DataManager);
+    ctx->ConnNcm = &ctx->conexion(u"NCM"_s);
+    ctx->ConnInternos = &ctx->conexion(u"INTERNOS"_s);
+    ctx->ConnCatalogos = &ctx->conexion(u"CATALOGOS"_s);
+    ctx->ConnSystablas = &ctx->conexion(u"SYSTABLAS"_s);
+    ctx->SeparadorDecimal = u'.';
     ctx->ProgramFolder = carpeta_ + QLatin1Char('/');
-    ctx->PcName = QStringLiteral("PC1");
+    ctx->PcName = u"PC1"_s;
     return ctx;
 }
 
@@ -224,9 +224,9 @@ qint64 EnAmbosStores::ejecutar(const QString &sql, const QString &entidad) {
 
 QString EnAmbosStores::valor(const QString &sql, const QString &entidad) {
     Recordset rs;
-    if (!Consultar(*ctx, entidad, sql, rs)) return QStringLiteral("<nada>");
+    if (!Consultar(*ctx, entidad, sql, rs)) return u"<nada>"_s;
     const QVariant v = rs.Fields(0).Value;
-    return v.isNull() ? QStringLiteral("<null>") : EsNull(v);
+    return v.isNull() ? u"<null>"_s : EsNull(v);
 }
 
 QString EnAmbosStores::filas(const QString &sql, const QString &entidad) {
@@ -236,9 +236,9 @@ QString EnAmbosStores::filas(const QString &sql, const QString &entidad) {
     for (; !rs.Eof(); rs.MoveNext()) {
         QStringList celdas;
         for (int c = 0; c < rs.columnas(); ++c) {
-            if (rs.nombreDeColumna(c) == QLatin1String("zfila")) continue;
+            if (rs.nombreDeColumna(c) == "zfila"_L1) continue;
             const QVariant v = rs.Fields(c).Value;
-            celdas << (v.isNull() ? QStringLiteral("<null>") : EsNull(v));
+            celdas << (v.isNull() ? u"<null>"_s : EsNull(v));
         }
         lineas << celdas.join(QLatin1Char('|'));
     }

@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include "frame/store.h"
+#include "frame/store/store.h"
 
 class Traza {
  public:

@@ -7,6 +7,8 @@
 #include "tests/support/tienda.h"
 #include "upgrade/upgrade.h"
 
+using namespace Qt::StringLiterals;
+
 using actualizacion::CargarCsv;
 using actualizacion::CargarNomenclador;
 using actualizacion::ResultadoCsv;
@@ -45,8 +47,8 @@ TEST_P(Carga, AnUnknownColumnIsToldOnceAndTheRestLoads) {
         cargar("pais", "id;continente;descripcion\n200;América;Argentina\n203;América;Brasil\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 1);
-    EXPECT_TRUE(r.avisos.front().startsWith(QStringLiteral("línea 1: "))) << r.avisos.front().toStdString();
-    EXPECT_TRUE(r.avisos.front().contains(QStringLiteral("continente")));
+    EXPECT_TRUE(r.avisos.front().startsWith(u"línea 1: "_s)) << r.avisos.front().toStdString();
+    EXPECT_TRUE(r.avisos.front().contains(u"continente"_s));
     EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(),
               "200|Argentina\n203|Brasil");
 }
@@ -64,8 +66,8 @@ TEST_P(Carga, ARaggedRowIsToldAndTheOthersLoad) {
     const ResultadoCsv r = cargar("pais", "id,descripcion\n1\n2,dos\n3,tres,4\n5,cinco,\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 2);
-    EXPECT_TRUE(r.avisos.at(0).startsWith(QStringLiteral("línea 2: ")));
-    EXPECT_TRUE(r.avisos.at(1).startsWith(QStringLiteral("línea 4: ")));
+    EXPECT_TRUE(r.avisos.at(0).startsWith(u"línea 2: "_s));
+    EXPECT_TRUE(r.avisos.at(1).startsWith(u"línea 4: "_s));
     EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(),
               "2|dos\n5|cinco");
 }
@@ -78,8 +80,8 @@ TEST_P(Carga, ARefusedStatementLeavesNothingLoaded) {
     const ResultadoCsv r = cargar("pais", "id,descripcion\n201,a\n202,b\n202,c\n", true);
     EXPECT_FALSE(r.ok);
     EXPECT_EQ(r.cargadas, 0);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("línea 4"))) << r.error.toStdString();
-    EXPECT_TRUE(r.error.contains(QStringLiteral("datos.csv"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"línea 4"_s)) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"datos.csv"_s)) << r.error.toStdString();
     // The emptying of the table belongs to the same transaction.
     EXPECT_EQ(filas("select id from pais", "SYSTABLAS").toStdString(), "200");
 }
@@ -105,7 +107,7 @@ TEST_P(Carga, DatesAreReadInBothForms) {
     const ResultadoCsv r = cargar("control_fecha", "fecha\n2026-01-05\n31/12/2025\n2025-02-30\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 1);
-    EXPECT_TRUE(r.avisos.front().startsWith(QStringLiteral("línea 4: ")));
+    EXPECT_TRUE(r.avisos.front().startsWith(u"línea 4: "_s));
     EXPECT_EQ(
         filas("select fecha from control_fecha where fecha is not null order by fecha", "NCM").toStdString(),
         "2025-12-31 00:00:00\n2026-01-05 00:00:00");
@@ -124,12 +126,12 @@ TEST_P(Carga, BlanksAtTheEndsOfATextStay) {
 }
 
 TEST_P(Carga, WhatCannotBeLoadedIsSaid) {
-    EXPECT_TRUE(cargar("nohay", "id\n1\n").error.contains(QStringLiteral("nohay")));
-    EXPECT_TRUE(cargar("pais", "x,y\n1,2\n").error.contains(QStringLiteral("pais")));
+    EXPECT_TRUE(cargar("nohay", "id\n1\n").error.contains(u"nohay"_s));
+    EXPECT_TRUE(cargar("pais", "x,y\n1,2\n").error.contains(u"pais"_s));
     EXPECT_TRUE(cargar("pais",
                        "id,descripcion\n1,Espa\xF1"
                        "a\n")
-                    .error.contains(QStringLiteral("UTF-8")));
+                    .error.contains(u"UTF-8"_s));
     EXPECT_EQ(valor("select count(*) as n from pais", "SYSTABLAS").toStdString(), "0");
 }
 
@@ -171,12 +173,12 @@ TEST_P(Carga, WhatANomenclatureRowGetsWrongIsToldAndTheRestLoads) {
         "0103.21.00.100A,sin campos\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ASSERT_EQ(r.avisos.size(), 6) << r.avisos.join('\n').toStdString();
-    EXPECT_TRUE(r.avisos.at(0).startsWith(QStringLiteral("línea 1: ")));
-    EXPECT_TRUE(r.avisos.at(1).startsWith(QStringLiteral("línea 2: ")));
-    EXPECT_TRUE(r.avisos.at(2).startsWith(QStringLiteral("línea 3: ")));
-    EXPECT_TRUE(r.avisos.at(3).startsWith(QStringLiteral("línea 3: ")));
-    EXPECT_TRUE(r.avisos.at(4).startsWith(QStringLiteral("línea 4: ")));
-    EXPECT_TRUE(r.avisos.at(5).startsWith(QStringLiteral("línea 5: ")));
+    EXPECT_TRUE(r.avisos.at(0).startsWith(u"línea 1: "_s));
+    EXPECT_TRUE(r.avisos.at(1).startsWith(u"línea 2: "_s));
+    EXPECT_TRUE(r.avisos.at(2).startsWith(u"línea 3: "_s));
+    EXPECT_TRUE(r.avisos.at(3).startsWith(u"línea 3: "_s));
+    EXPECT_TRUE(r.avisos.at(4).startsWith(u"línea 4: "_s));
+    EXPECT_TRUE(r.avisos.at(5).startsWith(u"línea 5: "_s));
     EXPECT_EQ(filas("select [001],[010],[015],[043] from ncm", "NCM").toStdString(),
               "0102.21.00|otra vez|4|LA");
 }
@@ -192,8 +194,7 @@ TEST_P(Carga, APositionThatIsThereKeepsTheColumnsTheFileDoesNotSpeakOf) {
 }
 
 TEST_P(Carga, ANomenclatureWithoutUnitNeedsOne) {
-    EXPECT_TRUE(nomenclador("posicion,descripcion\n0101.21.00.100W,x\n", "")
-                    .error.contains(QStringLiteral("--unidad")));
+    EXPECT_TRUE(nomenclador("posicion,descripcion\n0101.21.00.100W,x\n", "").error.contains(u"--unidad"_s));
     const ResultadoCsv r = nomenclador("posicion,unidad\n0101.21.00.100W,07\n0101.21.00.200B,\n");
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(filas("select [012] from ncm order by [002]", "NCM").toStdString(), "07\n01");

@@ -5,12 +5,14 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Csv : public ::testing::Test {
  protected:
     QString escribir(const QByteArray &datos) {
-        QFile f(dir.filePath(QStringLiteral("datos.csv")));
+        QFile f(dir.filePath(u"datos.csv"_s));
         EXPECT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(datos);
         return f.fileName();
@@ -23,8 +25,7 @@ class Csv : public ::testing::Test {
         csv::Registro r;
         while (lector.siguiente(r))
             todos << QString::number(r.linea) + QLatin1Char('|') +
-                         (r.defecto.isEmpty() ? r.campos.join(QLatin1Char('|'))
-                                              : QStringLiteral("!") + r.defecto);
+                         (r.defecto.isEmpty() ? r.campos.join(QLatin1Char('|')) : u"!"_s + r.defecto);
         return todos;
     }
     QString rechazo(const QByteArray &datos) {
@@ -63,7 +64,7 @@ TEST_F(Csv, ASemicolonInTheHeaderMakesItTheSeparator) {
 
 TEST_F(Csv, AByteOrderMarkIsNoPartOfTheFirstName) {
     leer("\xEF\xBB\xBFid,n\n1,a\n");
-    EXPECT_EQ(lector.encabezado().front(), QStringLiteral("id"));
+    EXPECT_EQ(lector.encabezado().front(), u"id"_s);
 }
 
 TEST_F(Csv, BlankLinesArePassedOver) {
@@ -77,7 +78,7 @@ TEST_F(Csv, BlanksAtTheEndsOfAFieldStay) {
 TEST_F(Csv, AQuoteThatNeverClosesIsTold) {
     const QStringList r = leer("id,n\n1,a\n2,\"b\n3,c\n");
     ASSERT_EQ(r.size(), 2);
-    EXPECT_EQ(r.back(), QStringLiteral("3|!hay una comilla sin cerrar"));
+    EXPECT_EQ(r.back(), u"3|!hay una comilla sin cerrar"_s);
 }
 
 TEST_F(Csv, TextBehindAClosingQuoteIsTold) {
@@ -91,24 +92,24 @@ TEST_F(Csv, AnotherEncodingIsRefusedWithFileAndLine) {
         "id,n\n1,ESPA\xC3\x91"
         "A\n2,ESPA\xD1"
         "A\n");
-    EXPECT_TRUE(error.contains(QStringLiteral("datos.csv"))) << error.toStdString();
-    EXPECT_TRUE(error.contains(QStringLiteral("línea 3"))) << error.toStdString();
+    EXPECT_TRUE(error.contains(u"datos.csv"_s)) << error.toStdString();
+    EXPECT_TRUE(error.contains(u"línea 3"_s)) << error.toStdString();
 }
 
 TEST_F(Csv, TwoByteEncodingsAreRefusedInTheFirstLine) {
-    EXPECT_TRUE(rechazo(QByteArray("\xFF\xFEi\0d\0\n\0", 8)).contains(QStringLiteral("línea 1")));
-    EXPECT_TRUE(rechazo(QByteArray("\0i\0d\0\n", 6)).contains(QStringLiteral("línea 1")));
+    EXPECT_TRUE(rechazo(QByteArray("\xFF\xFEi\0d\0\n\0", 8)).contains(u"línea 1"_s));
+    EXPECT_TRUE(rechazo(QByteArray("\0i\0d\0\n", 6)).contains(u"línea 1"_s));
 }
 
 TEST_F(Csv, AnEmptyFileHasNoHeader) {
-    EXPECT_TRUE(rechazo("").contains(QStringLiteral("encabezado")));
-    EXPECT_TRUE(rechazo("\n\n").contains(QStringLiteral("encabezado")));
+    EXPECT_TRUE(rechazo("").contains(u"encabezado"_s));
+    EXPECT_TRUE(rechazo("\n\n").contains(u"encabezado"_s));
 }
 
 TEST_F(Csv, AMissingFileIsNamed) {
     QString error;
-    EXPECT_FALSE(lector.abrir(dir.filePath(QStringLiteral("no.csv")), error));
-    EXPECT_TRUE(error.contains(QStringLiteral("no.csv")));
+    EXPECT_FALSE(lector.abrir(dir.filePath(u"no.csv"_s), error));
+    EXPECT_TRUE(error.contains(u"no.csv"_s));
 }
 
 TEST_F(Csv, GarbageNeverStopsTheReader) {

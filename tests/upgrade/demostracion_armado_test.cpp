@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "assembly/run.h"
-#include "frame/values.h"
+#include "frame/base/values.h"
 #include "liquidation/review.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +15,7 @@ const char *const operaciones[] = {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003
                                    "ICR-2026-0005"};
 
 void armar(AppContext &ctx, const QString &clave) {
-    ctx.ChequeoArmado = QStringLiteral("SI");
+    ctx.ChequeoArmado = u"SI"_s;
     OpcionesDeArmado opciones;
     opciones.ARMARITEM = 1;
     opciones.modo = ModoDescripcion::Maria;
@@ -38,13 +40,12 @@ class ArmadoDeDemostracion : public EnAmbosStores {
 TEST_P(ArmadoDeDemostracion, EveryOperationAssemblesWithoutAFault) {
     for (const char *clave : operaciones) {
         registro = {};
-        const QString donde = QStringLiteral("interno = '%1'").arg(QLatin1String(clave));
+        const QString donde = u"interno = '%1'"_s.arg(QLatin1String(clave));
         armar(*ctx, QLatin1String(clave));
         EXPECT_EQ(ctx->ChequeoArmado.toStdString(), "SI") << clave;
         EXPECT_EQ(valor("select factura8 from caratula where " + donde).toStdString(), "N") << clave;
         for (const Mensaje &m : registro.mensajes)
-            EXPECT_TRUE(m.texto.contains(QLatin1String("LAPI")) ||
-                        m.texto.contains(QLatin1String("ESTAMPILLAS")))
+            EXPECT_TRUE(m.texto.contains("LAPI"_L1) || m.texto.contains("ESTAMPILLAS"_L1))
                 << clave << ": " << m.texto.toStdString();
         EXPECT_TRUE(registro.informes.empty())
             << clave << ": " << registro.informes.front().texto.toStdString();
@@ -59,11 +60,8 @@ TEST_P(ArmadoDeDemostracion, EveryOperationAssemblesWithoutAFault) {
             << clave;
         for (const auto &[propio, comun] :
              {std::pair{"itflete", "fletedivisas"}, std::pair{"itseguro", "segurodivisas"}})
-            EXPECT_NEAR(
-                numero(QStringLiteral("select sum(%1) as t from item where ").arg(QLatin1String(propio)) +
-                       items),
-                numero(QStringLiteral("select %1 from caratula where ").arg(QLatin1String(comun)) + donde),
-                0.005)
+            EXPECT_NEAR(numero(u"select sum(%1) as t from item where "_s.arg(QLatin1String(propio)) + items),
+                        numero(u"select %1 from caratula where "_s.arg(QLatin1String(comun)) + donde), 0.005)
                 << clave << " " << propio;
         if (const double kilos = numero("select dckgneto from caratula where " + donde); kilos > 0) {
             EXPECT_NEAR(numero("select sum(totalkneto) as t from item where " + items), kilos, 0.005)
@@ -150,7 +148,7 @@ EN_AMBOS_STORES(ArmadoDeDemostracion);
 /// Every row of a query as "a|b|c" lines.
 QString filas(AppContext &ctx, const QString &sql) {
     Recordset rs;
-    Consultar(ctx, QStringLiteral("INTERNOS"), sql, rs);
+    Consultar(ctx, u"INTERNOS"_s, sql, rs);
     QString todas;
     for (; !rs.Eof(); rs.MoveNext()) {
         for (int c = 0; c < rs.columnas(); ++c) todas += EsNull(rs.Fields(c).Value) + QLatin1Char('|');
@@ -161,8 +159,8 @@ QString filas(AppContext &ctx, const QString &sql) {
 
 TEST(DemonstrationOnBothStores, ItemsGroupsAndLiquidationAreTheSame) {
     Registro registros[2];
-    const Tienda archivo(QStringLiteral("ACCESS"), true);
-    const Tienda servidor(QStringLiteral("SQL"), true);
+    const Tienda archivo(u"ACCESS"_s, true);
+    const Tienda servidor(u"SQL"_s, true);
     const auto deArchivo = archivo.contexto(registros[0]);
     const auto deServidor = servidor.contexto(registros[1]);
     const char *const consultas[] = {

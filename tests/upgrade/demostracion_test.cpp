@@ -2,8 +2,11 @@
 
 #include <QSet>
 
+#include "subitems/SuffixChecker.h"
 #include "tests/support/tienda.h"
 #include "upgrade/upgrade.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,10 +30,10 @@ bool cuitValido(const QString &cuit) {
 class Demostracion : public EnAmbosStores {
  protected:
     bool conDemostracion() const override { return true; }
-    int cuenta(const QString &desde, const QString &entidad = QStringLiteral("INTERNOS")) {
-        return valor(QStringLiteral("select count(*) as n from ") + desde, entidad).toInt();
+    int cuenta(const QString &desde, const QString &entidad = u"INTERNOS"_s) {
+        return valor(u"select count(*) as n from "_s + desde, entidad).toInt();
     }
-    QStringList columna(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS")) {
+    QStringList columna(const QString &sql, const QString &entidad = u"INTERNOS"_s) {
         return filas(sql, entidad).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
 };
@@ -58,17 +61,15 @@ TEST_P(Demostracion, TheConceptCatalogueHoldsEveryCodeOfTheCalculator) {
     for (const char *codigo :
          {"010", "011", "015", "016", "020", "032", "041", "059", "061", "062", "065", "415", "417",
           "422", "424", "500", "501", "520", "601", "611", "852", "854", "856", "866", "900"})
-        EXPECT_EQ(
-            cuenta(QStringLiteral("tax where ctax = '%1' and ctaxpog in ('P','G','C') and ltaxabr <> ''")
-                       .arg(QLatin1String(codigo))),
-            1)
+        EXPECT_EQ(cuenta(u"tax where ctax = '%1' and ctaxpog in ('P','G','C') and ltaxabr <> ''"_s.arg(
+                      QLatin1String(codigo))),
+                  1)
             << codigo;
 }
 
 TEST_P(Demostracion, TaxNumbersHaveTheirCheckDigit) {
     for (const char *tabla : {"clientes", "despadu", "transporte"})
-        for (const QString &cuit :
-             columna(QStringLiteral("select cuit from ") + QLatin1String(tabla), "PERSONAL"))
+        for (const QString &cuit : columna(u"select cuit from "_s + QLatin1String(tabla), "PERSONAL"))
             EXPECT_TRUE(cuitValido(cuit)) << tabla << " " << cuit.toStdString();
 }
 
@@ -84,46 +85,41 @@ TEST_P(Demostracion, ThePositionsSpreadOverManyChaptersAndKeysAreWhole) {
         EXPECT_EQ(sim.size(), 14) << sim.toStdString();
     // Units of the nomenclature are units of the code table.
     for (const QString &unidad : columna("select distinct [012] from ncm", "NCM"))
-        EXPECT_EQ(cuenta(QStringLiteral("unidades where id = '%1'").arg(unidad)), 1) << unidad.toStdString();
+        EXPECT_EQ(cuenta(u"unidades where id = '%1'"_s.arg(unidad)), 1) << unidad.toStdString();
 }
 
 TEST_P(Demostracion, FiveOperationsStandComplete) {
     EXPECT_EQ(cuenta("caratula"), 5);
     for (const char *clave : operaciones) {
-        const QString donde = QStringLiteral("interno = '%1'").arg(QLatin1String(clave));
+        const QString donde = u"interno = '%1'"_s.arg(QLatin1String(clave));
         Recordset c;
         ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from caratula where " + donde, c)) << clave;
         const QString regimen = c.Texto(u"idsubreg");
-        EXPECT_EQ(c.Texto(u"factura8"), QStringLiteral("S")) << clave;
+        EXPECT_EQ(c.Texto(u"factura8"), u"S"_s) << clave;
         EXPECT_EQ(valor("select sum(fob) as total from subitems where " + donde).toDouble(),
                   c.Numero(u"fobdivisas"))
             << clave;
         EXPECT_GT(c.Numero(u"fobdivisas"), 0) << clave;
-        EXPECT_EQ(cuenta(QStringLiteral("dest where subreg = '%1'").arg(regimen), "USUARIO"), 1) << clave;
-        const QString tipo =
-            valor(QStringLiteral("select cstaimpexp from sta where id = '%1'").arg(regimen), "SYSTABLAS");
-        EXPECT_TRUE(tipo == QLatin1String("I") || tipo == QLatin1String("E")) << clave;
+        EXPECT_EQ(cuenta(u"dest where subreg = '%1'"_s.arg(regimen), "USUARIO"), 1) << clave;
+        const QString tipo = valor(u"select cstaimpexp from sta where id = '%1'"_s.arg(regimen), "SYSTABLAS");
+        EXPECT_TRUE(tipo == "I"_L1 || tipo == "E"_L1) << clave;
         for (const char *campo :
              {"idaduana", "cuitcliente", "cuitdespaduana", "fobcoddivisas", "idcondiciondeventa"})
             EXPECT_FALSE(c.Texto(QString::fromLatin1(campo)).isEmpty()) << clave << " " << campo;
         EXPECT_GT(c.Numero(u"fobdivcambio"), 0) << clave;
-        if (tipo == QLatin1String("I") && regimen != QLatin1String("DJAI")) {
+        if (tipo == "I"_L1 && regimen != "DJAI"_L1) {
             for (const char *campo : {"fletecoddivisas", "segurocoddivisas", "idvendedor"})
                 EXPECT_FALSE(c.Texto(QString::fromLatin1(campo)).isEmpty()) << clave << " " << campo;
             for (const char *campo : {"fletedivisas", "fletedivcambio", "segurodivisas", "segurodivcambio"})
                 EXPECT_GT(c.Numero(QString::fromLatin1(campo)), 0) << clave << " " << campo;
         }
-        EXPECT_EQ(
-            cuenta(QStringLiteral("clientes where cuit = '%1'").arg(c.Texto(u"cuitcliente")), "PERSONAL"), 1)
+        EXPECT_EQ(cuenta(u"clientes where cuit = '%1'"_s.arg(c.Texto(u"cuitcliente")), "PERSONAL"), 1)
             << clave;
-        EXPECT_EQ(
-            cuenta(QStringLiteral("despadu where cuit = '%1'").arg(c.Texto(u"cuitdespaduana")), "PERSONAL"),
-            1)
+        EXPECT_EQ(cuenta(u"despadu where cuit = '%1'"_s.arg(c.Texto(u"cuitdespaduana")), "PERSONAL"), 1)
             << clave;
         for (const char *divisa : {"fobcoddivisas", "fletecoddivisas", "segurocoddivisas"})
             if (const QString codigo = c.Texto(QString::fromLatin1(divisa)); !codigo.isEmpty()) {
-                EXPECT_EQ(cuenta(QStringLiteral("divisas where id = '%1'").arg(codigo)), 1)
-                    << clave << " " << divisa;
+                EXPECT_EQ(cuenta(u"divisas where id = '%1'"_s.arg(codigo)), 1) << clave << " " << divisa;
             }
         EXPECT_EQ(filas("select factura from facturas where " + donde + " order by orden").replace('\n', ','),
                   c.Texto(u"factura1"))
@@ -142,24 +138,23 @@ TEST_P(Demostracion, EveryLineIsCoherentAndItsSuffixesAreValid) {
         Recordset n;
         ASSERT_TRUE(Consultar(
             *ctx, "NCM",
-            QStringLiteral("select [012],[020] from ncm where [001] = '%1' and [002] = '%2' and [003] = '%3'")
-                .arg(ncm.left(10), ncm.mid(11, 3), ncm.right(1)),
+            u"select [012],[020] from ncm where [001] = '%1' and [002] = '%2' and [003] = '%3'"_s.arg(
+                ncm.left(10), ncm.mid(11, 3), ncm.right(1)),
             n))
             << que;
         EXPECT_EQ(l.Texto(u"estadistica"), n.Texto(u"012")) << que;
         EXPECT_EQ(l.Texto(u"deresp"), n.Texto(u"020")) << que;
-        EXPECT_EQ(ctx->SuffixChecker.Validar(ncm, l.Texto(u"sufijos")), 0)
+        EXPECT_EQ(SuffixCheckerClass(*ctx).Validar(ncm, l.Texto(u"sufijos")), 0)
             << que << " " << l.Texto(u"sufijos").toStdString();
-        EXPECT_EQ(cuenta(QStringLiteral("pais where id = '%1'").arg(l.Texto(u"idpais")), "SYSTABLAS"), 1)
-            << que;
-        EXPECT_EQ(cuenta(QStringLiteral("catarticulos where idcatalogo = '%1' and idarticulo = '%2'")
-                             .arg(l.Texto(u"idcatalogo"), l.Texto(u"idarticulo")),
+        EXPECT_EQ(cuenta(u"pais where id = '%1'"_s.arg(l.Texto(u"idpais")), "SYSTABLAS"), 1) << que;
+        EXPECT_EQ(cuenta(u"catarticulos where idcatalogo = '%1' and idarticulo = '%2'"_s.arg(
+                             l.Texto(u"idcatalogo"), l.Texto(u"idarticulo")),
                          "CATALOGOS"),
                   1)
             << que;
         if (const QString codigo = l.Texto(u"codprorrateo"); !codigo.isEmpty()) {
-            EXPECT_EQ(cuenta(QStringLiteral("prorrateo where interno = '%1' and codigo = '%2'")
-                                 .arg(l.Texto(u"interno"), codigo)),
+            EXPECT_EQ(cuenta(u"prorrateo where interno = '%1' and codigo = '%2'"_s.arg(l.Texto(u"interno"),
+                                                                                       codigo)),
                       1)
                 << que;
         }
@@ -170,12 +165,12 @@ TEST_P(Demostracion, ArticlesHaveValidSuffixesAndPositions) {
     Recordset a;
     ASSERT_TRUE(Consultar(*ctx, "CATALOGOS", "select * from catarticulos", a));
     for (; !a.Eof(); a.MoveNext())
-        EXPECT_EQ(ctx->SuffixChecker.Validar(a.Texto(u"ncm"), a.Texto(u"sufijos")), 0)
+        EXPECT_EQ(SuffixCheckerClass(*ctx).Validar(a.Texto(u"ncm"), a.Texto(u"sufijos")), 0)
             << a.Texto(u"idarticulo").toStdString();
 }
 
 TEST_P(Demostracion, TheConsumptionImportIsTheOnePromised) {
-    const QString donde = QStringLiteral("interno = 'IC-2026-0001'");
+    const QString donde = u"interno = 'IC-2026-0001'"_s;
     EXPECT_EQ(cuenta("subitems where " + donde), 25);
     EXPECT_EQ(filas("select fobcoddivisas,fletecoddivisas,segurocoddivisas from caratula where " + donde)
                   .toStdString(),
@@ -206,12 +201,11 @@ TEST_P(Demostracion, TheOtherFourAreOfTheirKind) {
         Consultar(*ctx, "INTERNOS", "select distinct ncm from subitems where interno = 'ICR-2026-0005'", r));
     for (; !r.Eof(); r.MoveNext()) {
         const QString ncm = r.Texto(u"ncm");
-        EXPECT_EQ(
-            valor(QStringLiteral("select [028] from ncm where [001] = '%1' and [002] = '%2' and [003] = '%3'")
-                      .arg(ncm.left(10), ncm.mid(11, 3), ncm.right(1)),
-                  "NCM")
-                .toStdString(),
-            "*")
+        EXPECT_EQ(valor(u"select [028] from ncm where [001] = '%1' and [002] = '%2' and [003] = '%3'"_s.arg(
+                            ncm.left(10), ncm.mid(11, 3), ncm.right(1)),
+                        "NCM")
+                      .toStdString(),
+                  "*")
             << ncm.toStdString();
     }
 }

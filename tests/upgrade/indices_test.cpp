@@ -8,9 +8,11 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
-#include "frame/dialect.h"
+#include "frame/store/dialect.h"
 #include "tests/support/tienda.h"
 #include "upgrade/schema.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -118,9 +120,8 @@ class Indices : public EnAmbosStores {
         const QString sql = dialecto::traducir(QString::fromLatin1(caso.sentencia), ajustes);
         QSqlQuery q(ctx->conexion(QLatin1String(caso.entidad)).coneccion());
         // On empty tables the server would walk them: ask what it does when it may not.
-        if (esServidor()) q.exec(QStringLiteral("set enable_seqscan = off"));
-        EXPECT_TRUE(
-            q.exec((esServidor() ? QStringLiteral("explain ") : QStringLiteral("explain query plan ")) + sql))
+        if (esServidor()) q.exec(u"set enable_seqscan = off"_s);
+        EXPECT_TRUE(q.exec((esServidor() ? u"explain "_s : u"explain query plan "_s) + sql))
             << sql.toStdString() << ": " << q.lastError().text().toStdString();
         QStringList lineas;
         while (q.next()) lineas << q.value(esServidor() ? 0 : 3).toString();
@@ -128,12 +129,10 @@ class Indices : public EnAmbosStores {
     }
     void esperarIndices(const Caso &caso) {
         const QString p = plan(caso);
-        static const QRegularExpression paso(
-            QStringLiteral("Seq Scan on|SCAN (?!a\\b|z_|\\()[a-z_]+$|AUTOMATIC"),
-            QRegularExpression::MultilineOption);
+        static const QRegularExpression paso(u"Seq Scan on|SCAN (?!a\\b|z_|\\()[a-z_]+$|AUTOMATIC"_s,
+                                             QRegularExpression::MultilineOption);
         EXPECT_FALSE(paso.match(p).hasMatch()) << caso.sentencia << "\n" << p.toStdString();
-        EXPECT_TRUE(p.contains(QLatin1String("index"), Qt::CaseInsensitive) ||
-                    p.contains(QLatin1String("PRIMARY KEY")))
+        EXPECT_TRUE(p.contains("index"_L1, Qt::CaseInsensitive) || p.contains("PRIMARY KEY"_L1))
             << caso.sentencia << "\n"
             << p.toStdString();
     }
@@ -148,8 +147,8 @@ TEST_P(Indices, TheRowsOfAnItemAreFoundByTheItemAndNotByARange) {
     const QString p = plan({"INTERNOS",
                             "select * from itemliq where iditem> 0 and interno = 'A' and iditem = 3 ORDER BY "
                             "idconceptos"});
-    EXPECT_TRUE(p.contains(esServidor() ? QLatin1String("(iditem = '3'::double precision)")
-                                        : QLatin1String("(interno=? AND iditem=?)")))
+    EXPECT_TRUE(
+        p.contains(esServidor() ? "(iditem = '3'::double precision)"_L1 : "(interno=? AND iditem=?)"_L1))
         << p.toStdString();
 }
 
@@ -163,8 +162,8 @@ TEST_P(Indices, ALineThatAGroupNamesIsFoundByItsIdentity) {
         plan({"INTERNOS",
               "select a.idarticulo from subitems as a where interno = 'A' and id in (select idsub "
               "from groupsubitems where interno = 'A' and [id]= 3)"});
-    EXPECT_TRUE(p.contains(esServidor() ? QLatin1String("ix_subitems_interno_id_numero")
-                                        : QLatin1String("SEARCH a USING INTEGER PRIMARY KEY (rowid=?)")))
+    EXPECT_TRUE(p.contains(esServidor() ? "ix_subitems_interno_id_numero"_L1
+                                        : "SEARCH a USING INTEGER PRIMARY KEY (rowid=?)"_L1))
         << p.toStdString();
 }
 

@@ -6,8 +6,10 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include "siblings/StoreProfiles.h"
+#include "frame/store/StoreProfiles.h"
 #include "tests/support/tienda.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,7 +20,7 @@ struct Corrida {
 
 Corrida DbUpgrade3(const QStringList &argumentos) {
     QProcess p;
-    p.start(CarpetaDeConstruccion() + QStringLiteral("/DbUpgrade3"), argumentos);
+    p.start(CarpetaDeConstruccion() + u"/DbUpgrade3"_s, argumentos);
     Corrida c;
     constexpr int paciencia = 120000;
     if (!p.waitForFinished(paciencia)) return c;
@@ -43,7 +45,7 @@ TEST(DbUpgrade3Program, AWrongArgumentIsOneLineAndStatusTwo) {
 TEST(DbUpgrade3Program, AMissingProfileIsStatusOne) {
     const Corrida c = DbUpgrade3({"--perfil", "/no/hay.ini"});
     EXPECT_EQ(c.estado, 1);
-    EXPECT_TRUE(c.errores.contains(QStringLiteral("/no/hay.ini"))) << c.errores.toStdString();
+    EXPECT_TRUE(c.errores.contains(u"/no/hay.ini"_s)) << c.errores.toStdString();
 }
 
 TEST(DbUpgrade3Program, MakesFilesWithTheDemonstrationAndFindsThemDoneTheSecondTime) {
@@ -52,10 +54,10 @@ TEST(DbUpgrade3Program, MakesFilesWithTheDemonstrationAndFindsThemDoneTheSecondT
     ASSERT_EQ(c.estado, 0) << c.errores.toStdString();
     const QString perfil = dir.filePath("db/zendra.perfil.ini");
     EXPECT_TRUE(c.salida.contains(perfil)) << c.salida.toStdString();
-    EXPECT_TRUE(c.salida.contains(QStringLiteral("caratula: 5 filas"))) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"caratula: 5 filas"_s)) << c.salida.toStdString();
     c = DbUpgrade3({"--perfil", perfil});
     EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
-    EXPECT_TRUE(c.salida.contains(QStringLiteral("ya estaban en la versión 330"))) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"ya estaban en la versión 330"_s)) << c.salida.toStdString();
 }
 
 TEST(DbUpgrade3Program, LoadsFilesAndTellsTheLinesItDidNotUnderstand) {
@@ -66,11 +68,11 @@ TEST(DbUpgrade3Program, LoadsFilesAndTellsTheLinesItDidNotUnderstand) {
     f.close();
     Corrida c = DbUpgrade3({"--crear-archivos", dir.filePath("db"), "--cargar", "via=" + f.fileName()});
     EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
-    EXPECT_TRUE(c.salida.contains(QStringLiteral("línea 3"))) << c.salida.toStdString();
-    EXPECT_TRUE(c.salida.contains(QStringLiteral("2 filas cargadas, 1 avisos"))) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"línea 3"_s)) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"2 filas cargadas, 1 avisos"_s)) << c.salida.toStdString();
     c = DbUpgrade3({"--perfil", dir.filePath("db/zendra.perfil.ini"), "--cargar", "nohay=" + f.fileName()});
     EXPECT_EQ(c.estado, 1);
-    EXPECT_TRUE(c.errores.contains(QStringLiteral("nohay"))) << c.errores.toStdString();
+    EXPECT_TRUE(c.errores.contains(u"nohay"_s)) << c.errores.toStdString();
 }
 
 TEST(DbUpgrade3Program, ALoadThatIsKilledLeavesNothingAndCanBeRepeated) {
@@ -86,7 +88,7 @@ TEST(DbUpgrade3Program, ALoadThatIsKilledLeavesNothingAndCanBeRepeated) {
     const QStringList carga{"--perfil", perfil, "--cargar", "vendedor=" + f.fileName()};
 
     QProcess p;
-    p.start(CarpetaDeConstruccion() + QStringLiteral("/DbUpgrade3"), carga);
+    p.start(CarpetaDeConstruccion() + u"/DbUpgrade3"_s, carga);
     // Its first word of progress comes from the middle of the load.
     QByteArray dicho;
     while (!dicho.contains("Cargando vendedor") && p.waitForReadyRead(60000))
@@ -97,10 +99,10 @@ TEST(DbUpgrade3Program, ALoadThatIsKilledLeavesNothingAndCanBeRepeated) {
 
     StoreProfiles::SPMain manager;
     ASSERT_TRUE(manager.usarPerfil(perfil));
-    Conexion &personal = manager.getDataConnectionByEntity(QStringLiteral("PERSONAL"));
+    Conexion &personal = manager.getDataConnectionByEntity(u"PERSONAL"_s);
     const auto cuantos = [&personal] {
         Recordset rs;
-        personal.Sql = QStringLiteral("select count(*) as n from vendedor");
+        personal.Sql = u"select count(*) as n from vendedor"_s;
         personal.crearrs(rs);
         const double n = rs.Numero(u"n");
         personal.cerrar();
@@ -115,16 +117,16 @@ TEST(DbUpgrade3Program, ALoadThatIsKilledLeavesNothingAndCanBeRepeated) {
 TEST(DbUpgrade3Program, TwoUpgradesAtTheSameTimeDoNotCollide) {
     QTemporaryDir dir;
     const QString perfil = dir.filePath("dos.perfil.ini");
-    ASSERT_TRUE(StoreProfiles::escribirPerfilDeArchivos(perfil, QStringLiteral("Dos"), dir.filePath("db")));
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeArchivos(perfil, u"Dos"_s, dir.filePath("db")));
     QProcess uno;
     QProcess otro;
     for (QProcess *p : {&uno, &otro})
-        p->start(CarpetaDeConstruccion() + QStringLiteral("/DbUpgrade3"), {"--perfil", perfil});
+        p->start(CarpetaDeConstruccion() + u"/DbUpgrade3"_s, {"--perfil", perfil});
     for (QProcess *p : {&uno, &otro}) {
         ASSERT_TRUE(p->waitForFinished(60000));
         EXPECT_EQ(p->exitCode(), 0) << p->readAllStandardError().toStdString();
     }
-    EXPECT_TRUE(DbUpgrade3({"--perfil", perfil}).salida.contains(QStringLiteral("ya estaban")));
+    EXPECT_TRUE(DbUpgrade3({"--perfil", perfil}).salida.contains(u"ya estaban"_s));
 }
 
 TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
@@ -140,16 +142,15 @@ TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
     ASSERT_FALSE(host.isEmpty())
         << "ZENDRA_PG does not name the test server; start it with scripts/test-server";
     QTemporaryDir dir;
-    const QString base = QStringLiteral("zendra_programa_%1").arg(QCoreApplication::applicationPid());
+    const QString base = u"zendra_programa_%1"_s.arg(QCoreApplication::applicationPid());
     const QString perfil = dir.filePath("s.perfil.ini");
     Corrida c = DbUpgrade3(
         {"--perfil", perfil, "--crear-servidor", host + ',' + puerto + ',' + base + ',' + usuario});
     EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
-    EXPECT_TRUE(c.salida.contains(QStringLiteral("se crearon las funciones del servidor")))
-        << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"se crearon las funciones del servidor"_s)) << c.salida.toStdString();
     EXPECT_TRUE(QFile::exists(dir.filePath("usuario.db")));
     c = DbUpgrade3({"--perfil", perfil});
-    EXPECT_TRUE(c.salida.contains(QStringLiteral("ya estaban"))) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"ya estaban"_s)) << c.salida.toStdString();
     QProcess p;
     p.start("psql",
             {"-h", host, "-p", puerto, "-U", usuario, "-d", "postgres", "-c", "drop database " + base});

@@ -4,6 +4,8 @@
 
 #include <QSet>
 
+using namespace Qt::StringLiterals;
+
 using esquema::Tipo;
 
 namespace {
@@ -62,8 +64,8 @@ TEST(Schema, TheNomenclatureHasSeventyOneTextColumns) {
     const esquema::Tabla *ncm = esquema::buscarTabla(u"NCM");
     ASSERT_NE(ncm, nullptr);
     ASSERT_EQ(ncm->columnas.size(), 71U);
-    EXPECT_EQ(ncm->columnas.front().nombre, QStringLiteral("001"));
-    EXPECT_EQ(ncm->columnas.back().nombre, QStringLiteral("071"));
+    EXPECT_EQ(ncm->columnas.front().nombre, u"001"_s);
+    EXPECT_EQ(ncm->columnas.back().nombre, u"071"_s);
     for (const esquema::Columna &c : ncm->columnas) EXPECT_EQ(c.tipo, Tipo::Texto) << c.nombre.toStdString();
 }
 
@@ -72,7 +74,7 @@ TEST(Schema, EveryTableOfAnOperationIsFoundByItsKeyFirst) {
         if (tabla.columna(u"interno") == nullptr) continue;
         bool encontrado = false;
         for (const esquema::Indice &i : tabla.indices)
-            encontrado = encontrado || i.columnas.front() == QLatin1String("interno");
+            encontrado = encontrado || i.columnas.front() == "interno"_L1;
         EXPECT_TRUE(encontrado) << tabla.nombre.toStdString();
     }
 }

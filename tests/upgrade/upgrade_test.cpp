@@ -10,6 +10,8 @@
 #include "tests/support/tienda.h"
 #include "upgrade/schema.h"
 
+using namespace Qt::StringLiterals;
+
 using actualizacion::Actualizar;
 using actualizacion::Resultado;
 
@@ -18,7 +20,7 @@ namespace {
 class Actualizacion : public EnAmbosStores {
  protected:
     /// A statement of the engine itself, past the translator.
-    void motor(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS")) {
+    void motor(const QString &sql, const QString &entidad = u"INTERNOS"_s) {
         QSqlQuery consulta(ctx->conexion(entidad).coneccion());
         EXPECT_TRUE(consulta.exec(sql))
             << sql.toStdString() << ": " << consulta.lastError().text().toStdString();
@@ -36,8 +38,7 @@ TEST_P(Actualizacion, AFreshStoreHasEveryTableWithItsColumns) {
         QStringList columnas;
         for (const esquema::Columna &c : tabla.columnas)
             columnas << QLatin1Char('[') + c.nombre + QLatin1Char(']');
-        EXPECT_EQ(filas(QStringLiteral("select %1 from %2 where 1 = 0")
-                            .arg(columnas.join(QLatin1Char(',')), tabla.nombre),
+        EXPECT_EQ(filas(u"select %1 from %2 where 1 = 0"_s.arg(columnas.join(QLatin1Char(',')), tabla.nombre),
                         tabla.entidad)
                       .toStdString(),
                   "")
@@ -60,10 +61,10 @@ TEST_P(Actualizacion, AnOlderStoreGainsWhatItLacksAndKeepsItsRows) {
         "('A','0101','Ñandú',2,'x')");
     ejecutar("insert into subitems (interno,ncm,cantidad) values ('B','0102',3)");
     ejecutar("insert into caratula (interno,factura1) values ('A','F-1')");
-    motor(QStringLiteral("drop index ix_subitems_interno_id"));
-    motor(QStringLiteral("alter table subitems drop column factura_nro"));
-    motor(QStringLiteral("drop table liqcero"));
-    motor(QStringLiteral("drop table mottmp"), QStringLiteral("SYSTABLAS"));
+    motor(u"drop index ix_subitems_interno_id"_s);
+    motor(u"alter table subitems drop column factura_nro"_s);
+    motor(u"drop table liqcero"_s);
+    motor(u"drop table mottmp"_s, u"SYSTABLAS"_s);
     ejecutar("update version set valor = '312' where propiedad = 'version'");
 
     const Resultado r = actualizar();
@@ -84,21 +85,19 @@ TEST_P(Actualizacion, AnOlderStoreGainsWhatItLacksAndKeepsItsRows) {
 }
 
 TEST_P(Actualizacion, AnOlderArticleStoreGainsTheColumnsOfALine) {
-    const QString catalogos = QStringLiteral("CATALOGOS");
+    const QString catalogos = u"CATALOGOS"_s;
     ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('C','A','Bomba')",
              catalogos);
     const QStringList nuevas{"idunidad", "idpaisproc", "estadomerc", "biendeuso", "codigoean", "itfiller"};
-    const QString prefijo = esServidor() ? QString() : QStringLiteral("main.");
+    const QString prefijo = esServidor() ? QString() : u"main."_s;
     for (const QString &columna : nuevas)
-        motor(QStringLiteral("alter table %1catarticulos drop column %2").arg(prefijo, columna), catalogos);
+        motor(u"alter table %1catarticulos drop column %2"_s.arg(prefijo, columna), catalogos);
     const Resultado r = actualizar();
     EXPECT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(r.cambios.size(), nuevas.size()) << r.cambios.join('\n').toStdString();
-    EXPECT_EQ(
-        filas(QStringLiteral("select idarticulo,descripcion,%1 from catarticulos").arg(nuevas.join(',')),
-              catalogos)
-            .toStdString(),
-        "A|Bomba|<null>|<null>|<null>|<null>|<null>|<null>");
+    EXPECT_EQ(filas(u"select idarticulo,descripcion,%1 from catarticulos"_s.arg(nuevas.join(',')), catalogos)
+                  .toStdString(),
+              "A|Bomba|<null>|<null>|<null>|<null>|<null>|<null>");
 }
 
 TEST_P(Actualizacion, AStoreWithoutAVersionRowCountsAsOlder) {
@@ -110,26 +109,24 @@ TEST_P(Actualizacion, AStoreWithoutAVersionRowCountsAsOlder) {
 }
 
 TEST_P(Actualizacion, ANewerStoreIsRefusedAndNothingChanges) {
-    motor(QStringLiteral("drop table liqcero"));
-    motor(QStringLiteral("drop table mottmp"), QStringLiteral("SYSTABLAS"));
+    motor(u"drop table liqcero"_s);
+    motor(u"drop table mottmp"_s, u"SYSTABLAS"_s);
     ejecutar("update version set valor = '331' where propiedad = 'version'");
     const Resultado r = actualizar();
     EXPECT_FALSE(r.ok);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("331"))) << r.error.toStdString();
-    EXPECT_TRUE(r.error.contains(QStringLiteral("más nueva"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"331"_s)) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"más nueva"_s)) << r.error.toStdString();
     EXPECT_EQ(r.cambios, QStringList());
     EXPECT_EQ(valor("select valor from version where propiedad = 'version'").toStdString(), "331");
-    EXPECT_THROW(filas("select * from liqcero"), ErrorDeStore);
-    EXPECT_THROW(filas("select * from mottmp", "SYSTABLAS"), ErrorDeStore);
+    EXPECT_THROW(filas("select * from liqcero"), Falla);
+    EXPECT_THROW(filas("select * from mottmp", "SYSTABLAS"), Falla);
 }
 
 TEST_P(Actualizacion, ATableWithoutIdentityGetsOneAndKeepsRowsOrderAndStrangeColumns) {
-    motor(QStringLiteral("drop table subitems"));
-    motor(QStringLiteral(
-        "create table subitems (interno varchar(40), ncm varchar(20), propia varchar(10), fob numeric)"));
+    motor(u"drop table subitems"_s);
+    motor(u"create table subitems (interno varchar(40), ncm varchar(20), propia varchar(10), fob numeric)"_s);
     for (int i = 1; i <= 3; ++i)
-        motor(QStringLiteral("insert into subitems (interno,ncm,propia,fob) values ('A','p%1','o%1',%1.5)")
-                  .arg(i));
+        motor(u"insert into subitems (interno,ncm,propia,fob) values ('A','p%1','o%1',%1.5)"_s.arg(i));
     const Resultado r = actualizar();
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ejecutar("insert into subitems (interno,ncm) values ('A','p4')");
@@ -139,9 +136,9 @@ TEST_P(Actualizacion, ATableWithoutIdentityGetsOneAndKeepsRowsOrderAndStrangeCol
 }
 
 TEST_P(Actualizacion, AnIdThatIsThereGoesOnBehindItsHighest) {
-    motor(QStringLiteral("drop table subitems"));
-    motor(QStringLiteral("create table subitems (id double precision, interno varchar(40))"));
-    motor(QStringLiteral("insert into subitems (id,interno) values (41,'A'), (7,'A')"));
+    motor(u"drop table subitems"_s);
+    motor(u"create table subitems (id double precision, interno varchar(40))"_s);
+    motor(u"insert into subitems (id,interno) values (41,'A'), (7,'A')"_s);
     const Resultado r = actualizar();
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     ejecutar("insert into subitems (interno) values ('A')");
@@ -150,19 +147,19 @@ TEST_P(Actualizacion, AnIdThatIsThereGoesOnBehindItsHighest) {
 
 TEST_P(Actualizacion, AFailureInTheMiddleLeavesTheStoreAsItWas) {
     // Two rows with the same id cannot become the identity of their lines.
-    motor(QStringLiteral("drop table subitems"));
-    motor(QStringLiteral("drop table caratula"));
+    motor(u"drop table subitems"_s);
+    motor(u"drop table caratula"_s);
     if (esServidor()) {
-        motor(QStringLiteral("create table subitems (id varchar(5), interno varchar(40))"));
-        motor(QStringLiteral("insert into subitems (id,interno) values ('x','A')"));
+        motor(u"create table subitems (id varchar(5), interno varchar(40))"_s);
+        motor(u"insert into subitems (id,interno) values ('x','A')"_s);
     } else {
-        motor(QStringLiteral("create table subitems (id integer, interno text)"));
-        motor(QStringLiteral("insert into subitems (id,interno) values (1,'A'), (1,'B')"));
+        motor(u"create table subitems (id integer, interno text)"_s);
+        motor(u"insert into subitems (id,interno) values (1,'A'), (1,'B')"_s);
     }
     const Resultado r = actualizar();
     EXPECT_FALSE(r.ok);
     EXPECT_FALSE(r.error.isEmpty());
-    EXPECT_THROW(filas("select * from caratula"), ErrorDeStore);
+    EXPECT_THROW(filas("select * from caratula"), Falla);
     EXPECT_EQ(valor("select count(*) as n from subitems").toStdString(), esServidor() ? "1" : "2");
 }
 
@@ -179,7 +176,7 @@ TEST_P(Actualizacion, ProgressNamesEveryTableAndReachesItsTotal) {
     });
     EXPECT_EQ(ultimo, total);
     EXPECT_EQ(total, static_cast<qint64>(esquema::tablas().size()));
-    EXPECT_TRUE(nombres.contains(QStringLiteral("INTERNOS: caratula")));
+    EXPECT_TRUE(nombres.contains(u"INTERNOS: caratula"_s));
 }
 
 TEST_P(Actualizacion, LineIdentitiesAreGeneratedAndNeverReused) {
@@ -207,8 +204,8 @@ TEST_P(Actualizacion, TheSumOfAColumnOfTextsCountsItsNumbers) {
 
 TEST_P(Actualizacion, TheStoreRoutineJoinsTheDescriptionsOfAnItemInOrder) {
     for (const char *d : {"'UNO'", "'DOS'", "null"})
-        ejecutar(QStringLiteral("insert into groupsubitems (interno,id,descripcion) values ('A',1,%1)")
-                     .arg(QLatin1String(d)));
+        ejecutar(
+            u"insert into groupsubitems (interno,id,descripcion) values ('A',1,%1)"_s.arg(QLatin1String(d)));
     ejecutar("insert into groupsubitems (interno,id,descripcion) values ('A',2,'OTRO')");
     EXPECT_EQ(
         valor("SELECT dbo.groupsubitem_descripcion_select_concat( 1, 'A' ) as descripcion").toStdString(),
@@ -218,14 +215,13 @@ TEST_P(Actualizacion, TheStoreRoutineJoinsTheDescriptionsOfAnItemInOrder) {
 TEST_P(Actualizacion, TheStoreProcedureGivesCancellationRowsTheirItem) {
     // Lines 1 and 2 fold into group 1 with root 1; line 3 is group 2.
     for (const char *exp : {"10", "11", "12"})
-        ejecutar(QStringLiteral("insert into subitems (interno,idexportacion) values ('A',%1)")
-                     .arg(QLatin1String(exp)));
+        ejecutar(u"insert into subitems (interno,idexportacion) values ('A',%1)"_s.arg(QLatin1String(exp)));
     ejecutar("insert into groupsubitems (interno,id,idsub) values ('A',1,1)");
     ejecutar("insert into groupsubitems (interno,id,idsub) values ('A',2,3)");
     ejecutar("insert into idrel (interno,idroot,idsub) values ('A',1,2)");
     for (const char *fila : {"10,null", "11,''", "12,'7'", "0,null", "99,null"})
-        ejecutar(QStringLiteral("insert into descargas (interno,idexportacion,iditem) values ('A',%1)")
-                     .arg(QLatin1String(fila)));
+        ejecutar(u"insert into descargas (interno,idexportacion,iditem) values ('A',%1)"_s.arg(
+            QLatin1String(fila)));
     ejecutar("insert into descargas (interno,idexportacion,iditem) values ('B',10,null)");
     ejecutar("exec ProcesarDescargasconTLR1 'A'");
     EXPECT_EQ(filas("select interno,idexportacion,iditem from descargas order by interno,idexportacion")
@@ -239,72 +235,69 @@ EN_AMBOS_STORES(Actualizacion);
 class PerfilMalo : public ::testing::Test {
  protected:
     QString perfilDeArchivos() {
-        const QString ruta = dir.filePath(QStringLiteral("p.perfil.ini"));
-        EXPECT_TRUE(StoreProfiles::escribirPerfilDeArchivos(ruta, QStringLiteral("P"),
-                                                            dir.filePath(QStringLiteral("db"))));
+        const QString ruta = dir.filePath(u"p.perfil.ini"_s);
+        EXPECT_TRUE(StoreProfiles::escribirPerfilDeArchivos(ruta, u"P"_s, dir.filePath(u"db"_s)));
         return ruta;
     }
     QTemporaryDir dir;
 };
 
 TEST_F(PerfilMalo, AMissingProfileIsNamed) {
-    const Resultado r = Actualizar(dir.filePath(QStringLiteral("nada.ini")));
+    const Resultado r = Actualizar(dir.filePath(u"nada.ini"_s));
     EXPECT_FALSE(r.ok);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("nada.ini"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"nada.ini"_s)) << r.error.toStdString();
 }
 
 TEST_F(PerfilMalo, AFileThatIsNoStoreIsNamedAndLeftAlone) {
     const QString perfil = perfilDeArchivos();
-    ASSERT_TRUE(QDir().mkpath(dir.filePath(QStringLiteral("db"))));
-    QFile f(dir.filePath(QStringLiteral("db/ncm.db")));
+    ASSERT_TRUE(QDir().mkpath(dir.filePath(u"db"_s)));
+    QFile f(dir.filePath(u"db/ncm.db"_s));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write("esto no es un store, pero es de alguien");
     f.close();
     const Resultado r = Actualizar(perfil);
     EXPECT_FALSE(r.ok);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("ncm.db"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"ncm.db"_s)) << r.error.toStdString();
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     EXPECT_EQ(f.readAll(), QByteArray("esto no es un store, pero es de alguien"));
-    EXPECT_FALSE(QFile::exists(dir.filePath(QStringLiteral("db/internos.db")))) << "nothing else may be made";
+    EXPECT_FALSE(QFile::exists(dir.filePath(u"db/internos.db"_s))) << "nothing else may be made";
 }
 
 TEST_F(PerfilMalo, ADamagedStoreIsNamed) {
     const QString perfil = perfilDeArchivos();
-    ASSERT_TRUE(QDir().mkpath(dir.filePath(QStringLiteral("db"))));
-    QFile f(dir.filePath(QStringLiteral("db/internos.db")));
+    ASSERT_TRUE(QDir().mkpath(dir.filePath(u"db"_s)));
+    QFile f(dir.filePath(u"db/internos.db"_s));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(QByteArray("SQLite format 3\0", 16) + QByteArray(4000, 'x'));
     f.close();
     const Resultado r = Actualizar(perfil);
     EXPECT_FALSE(r.ok);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("internos.db"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"internos.db"_s)) << r.error.toStdString();
 }
 
 TEST_F(PerfilMalo, AFolderInPlaceOfAFileIsNamed) {
     const QString perfil = perfilDeArchivos();
-    ASSERT_TRUE(QDir().mkpath(dir.filePath(QStringLiteral("db/personal.db"))));
+    ASSERT_TRUE(QDir().mkpath(dir.filePath(u"db/personal.db"_s)));
     const Resultado r = Actualizar(perfil);
     EXPECT_FALSE(r.ok);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("personal.db"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"personal.db"_s)) << r.error.toStdString();
 }
 
 TEST_F(PerfilMalo, AServerThatIsNotThereIsNamed) {
-    const QString ruta = dir.filePath(QStringLiteral("s.perfil.ini"));
-    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(ruta, QStringLiteral("S"), dir.path(), 6543,
-                                                        QStringLiteral("nobase"), QStringLiteral("nadie"),
-                                                        dir.path()));
+    const QString ruta = dir.filePath(u"s.perfil.ini"_s);
+    ASSERT_TRUE(StoreProfiles::escribirPerfilDeServidor(ruta, u"S"_s, dir.path(), 6543, u"nobase"_s,
+                                                        u"nadie"_s, dir.path()));
     const Resultado r = Actualizar(ruta);
     EXPECT_FALSE(r.ok);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("6543"))) << r.error.toStdString();
-    EXPECT_TRUE(r.error.contains(QStringLiteral("servidor"))) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"6543"_s)) << r.error.toStdString();
+    EXPECT_TRUE(r.error.contains(u"servidor"_s)) << r.error.toStdString();
 }
 
 TEST_F(PerfilMalo, EveryFileOfAFreshProfileIsMade) {
     const Resultado r = Actualizar(perfilDeArchivos());
     ASSERT_TRUE(r.ok) << r.error.toStdString();
     for (const char *nombre : {"internos", "systablas", "ncm", "catalogos", "personal", "usuario"})
-        EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("db/%1.db").arg(QLatin1String(nombre)))))
-            << nombre;
+        EXPECT_TRUE(QFile::exists(dir.filePath(u"db/%1.db"_s.arg(QLatin1String(nombre))))) << nombre;
 }
 
 }  // namespace

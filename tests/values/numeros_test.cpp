@@ -1,4 +1,4 @@
-#include "frame/numbers.h"
+#include "frame/base/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -11,23 +11,11 @@
 
 #include "tests/support/redondeo.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using numeros::Format;
-
-/// The workstation's separator for the life of a test.
-class ConSeparador {
- public:
-    explicit ConSeparador(QChar c) : antes_(numeros::separadorDecimal()) {
-        numeros::fijarSeparadorDecimal(c);
-    }
-    ~ConSeparador() { numeros::fijarSeparadorDecimal(antes_); }
-    ConSeparador(const ConSeparador &) = delete;
-    ConSeparador &operator=(const ConSeparador &) = delete;
-
- private:
-    QChar antes_;
-};
 
 /// The rule written the long way: the digits as the C library writes them (which the server does too),
 /// rounded one by one by hand, read back by Qt.
@@ -137,17 +125,12 @@ const std::vector<CasoDeFormato> &formatos() {
 
 TEST(Format, FollowsTheTableWithAPointAndWithAComma) {
     for (const CasoDeFormato &c : formatos()) {
-        {
-            const ConSeparador punto(u'.');
-            EXPECT_EQ(Format(c.valor, c.mascara).toStdString(), c.conPunto);
-        }
-        const ConSeparador coma(u',');
-        EXPECT_EQ(Format(c.valor, c.mascara), QString::fromLatin1(c.conPunto).replace(u'.', u','));
+        EXPECT_EQ(Format(c.valor, c.mascara, u'.').toStdString(), c.conPunto);
+        EXPECT_EQ(Format(c.valor, c.mascara, u','), QString::fromLatin1(c.conPunto).replace(u'.', u','));
     }
 }
 
 TEST(Format, TheShortWayWritesWhatTheDigitsSay) {
-    const ConSeparador punto(u'.');
     std::mt19937_64 azar(20261123);
     std::uniform_real_distribution<double> mantisa(-1, 1);
     std::uniform_int_distribution<int> escala(-6, 9);
@@ -156,35 +139,33 @@ TEST(Format, TheShortWayWritesWhatTheDigitsSay) {
         // Already rounded: what is left is the C library's own writing.
         std::array<char, 48> buf{};
         std::snprintf(buf.data(), buf.size(), v < 0 ? "%07.3f" : "%06.3f", v);
-        ASSERT_EQ(Format(v, u"00.000").toStdString(), buf.data());
+        ASSERT_EQ(Format(v, u"00.000", u'.').toStdString(), buf.data());
     }
-    EXPECT_EQ(Format(-1.5, QString(60, u'0') + QLatin1String(".00")).toStdString(),
+    EXPECT_EQ(Format(-1.5, QString(60, u'0') + ".00"_L1, u'.').toStdString(),
               "-" + std::string(59, '0') + "1.50");
-    EXPECT_EQ(Format(1.5, QStringLiteral("0.") + QString(20, u'0')).toStdString(), "1.50000000000000000000");
+    EXPECT_EQ(Format(1.5, u"0."_s + QString(20, u'0'), u'.').toStdString(), "1.50000000000000000000");
 }
 
 TEST(Format, AMaskWithoutIntegerDigitsShowsNoneBelowOne) {
-    const ConSeparador punto(u'.');
-    EXPECT_EQ(Format(0.25, u".00"), QStringLiteral(".25"));
-    EXPECT_EQ(Format(3.25, u".00"), QStringLiteral("3.25"));
+    EXPECT_EQ(Format(0.25, u".00", u'.'), u".25"_s);
+    EXPECT_EQ(Format(3.25, u".00", u'.'), u"3.25"_s);
 }
 
 TEST(Format, WhatIsNoNumberDoesNotCrash) {
-    EXPECT_EQ(Format(std::numeric_limits<double>::quiet_NaN(), u"00.00"), QStringLiteral("NaN"));
-    EXPECT_EQ(Format(std::numeric_limits<double>::infinity(), u"00.00"), QStringLiteral("∞"));
-    EXPECT_EQ(Format(-std::numeric_limits<double>::infinity(), u"00.00"), QStringLiteral("-∞"));
-    EXPECT_GT(Format(std::numeric_limits<double>::max(), u"00.00").size(), 300);
-    EXPECT_EQ(Format(std::numeric_limits<double>::denorm_min(), u"0").toStdString(), "0");
+    EXPECT_EQ(Format(std::numeric_limits<double>::quiet_NaN(), u"00.00", u'.'), u"NaN"_s);
+    EXPECT_EQ(Format(std::numeric_limits<double>::infinity(), u"00.00", u'.'), u"∞"_s);
+    EXPECT_EQ(Format(-std::numeric_limits<double>::infinity(), u"00.00", u'.'), u"-∞"_s);
+    EXPECT_GT(Format(std::numeric_limits<double>::max(), u"00.00", u'.').size(), 300);
+    EXPECT_EQ(Format(std::numeric_limits<double>::denorm_min(), u"0", u'.').toStdString(), "0");
 }
 
 TEST(Format, ATextIsReadInEitherSeparatorAndAnotherTextComesBack) {
     for (const char16_t separador : {u'.', u','}) {
-        const ConSeparador este(separador);
-        const QString esperado = QStringLiteral("12") + QChar(separador) + QStringLiteral("350");
-        EXPECT_EQ(Format(QStringLiteral("12.35"), u"00.000"), esperado);
-        EXPECT_EQ(Format(QStringLiteral("12,35"), u"00.000"), esperado);
-        EXPECT_EQ(Format(QStringLiteral("abc"), u"00.00"), QStringLiteral("abc"));
-        EXPECT_EQ(Format(QString(), u"00.00"), QString());
+        const QString esperado = u"12"_s + QChar(separador) + u"350"_s;
+        EXPECT_EQ(Format(u"12.35"_s, u"00.000", separador), esperado);
+        EXPECT_EQ(Format(u"12,35"_s, u"00.000", separador), esperado);
+        EXPECT_EQ(Format(u"abc"_s, u"00.00", separador), u"abc"_s);
+        EXPECT_EQ(Format(QString(), u"00.00", separador), QString());
     }
 }
 
@@ -192,10 +173,9 @@ TEST(Format, WhatItWritesReadsBackAsTheRoundedValue) {
     std::mt19937_64 azar(7);
     std::uniform_real_distribution<double> valores(-1e7, 1e7);
     for (const char16_t separador : {u'.', u','}) {
-        const ConSeparador este(separador);
         for (int i = 0; i < 20000; ++i) {
             const double v = valores(azar);
-            ASSERT_EQ(numeros::aNumero(Format(v, u"00.000")), numeros::redondear(v, 3)) << v;
+            ASSERT_EQ(numeros::aNumero(Format(v, u"00.000", separador)), numeros::redondear(v, 3)) << v;
         }
     }
 }

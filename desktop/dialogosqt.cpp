@@ -1,0 +1,186 @@
+#include "desktop/dialogosqt.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "assembly/FrmMostrarDatos.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/ventana.h"
+#include "header/FrmABMClientes.h"
+#include "header/FrmListado.h"
+#include "liquidation/Frm_ComprobacionErrores.h"
+#include "subitems/FrmCargaSufijos.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QWidget *duenio() {
+    QWidget *activa = QApplication::activeModalWidget();
+    if (activa == nullptr) activa = QApplication::activeWindow();
+    return activa != nullptr ? activa : pantallas::marco();
+}
+
+void ponerReloj(bool activo) {
+    const bool puesto = QApplication::overrideCursor() != nullptr;
+    if (activo && !puesto) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (!activo && puesto) QApplication::restoreOverrideCursor();
+}
+
+/// The arrow while a box waits for the user, also in the middle of long work.
+class SinReloj {
+ public:
+    SinReloj() : habia_(QApplication::overrideCursor() != nullptr) { ponerReloj(false); }
+    ~SinReloj() { ponerReloj(habia_); }
+    SinReloj(const SinReloj &) = delete;
+    SinReloj &operator=(const SinReloj &) = delete;
+
+ private:
+    bool habia_;
+};
+
+QString tituloDe(const QString &titulo) {
+    return titulo.isEmpty() ? QApplication::applicationName() : titulo;
+}
+
+QMessageBox::Icon iconoDe(Icono icono) {
+    switch (icono) {
+        case Icono::Informacion:
+            return QMessageBox::Information;
+        case Icono::Exclamacion:
+            return QMessageBox::Warning;
+        case Icono::Critico:
+            return QMessageBox::Critical;
+        case Icono::Pregunta:
+            return QMessageBox::Question;
+        case Icono::Ninguno:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// A text from elsewhere is never taken for markup, and its line ends are kept.
+void ponerTexto(QMessageBox &caja, const QString &texto) {
+    caja.setTextFormat(Qt::PlainText);
+    QString conFinales = texto;
+    caja.setText(conFinales.replace("\r\n"_L1, "\n"_L1));
+    // The texts carry their own line ends: a line of usual length is not broken again.
+    if (auto *etiqueta = caja.findChild<QLabel *>(u"qt_msgbox_label"_s)) {
+        const int ancho = etiqueta->fontMetrics().size(0, conFinales).width();
+        etiqueta->setMinimumWidth(std::min(ancho + 8, etiqueta->fontMetrics().averageCharWidth() * 100));
+    }
+}
+
+void mensaje(const Mensaje &m) {
+    const SinReloj sinReloj;
+    QMessageBox caja(duenio());
+    caja.setIcon(iconoDe(m.icono));
+    caja.setWindowTitle(tituloDe(m.titulo));
+    ponerTexto(caja, m.texto);
+    caja.addButton(u"&Aceptar"_s, QMessageBox::AcceptRole);
+    caja.setWindowModality(m.modalDeSistema ? Qt::ApplicationModal : Qt::WindowModal);
+    caja.exec();
+}
+
+bool preguntar(const Pregunta &p) {
+    const SinReloj sinReloj;
+    QMessageBox caja(duenio());
+    caja.setIcon(iconoDe(p.icono));
+    caja.setWindowTitle(tituloDe(p.titulo));
+    ponerTexto(caja, p.texto);
+    QPushButton *si = caja.addButton(u"&Sí"_s, QMessageBox::YesRole);
+    QPushButton *no = caja.addButton(u"&No"_s, QMessageBox::NoRole);
+    caja.setDefaultButton(p.porDefectoNo ? no : si);
+    caja.setEscapeButton(no);
+    caja.exec();
+    return caja.clickedButton() == si;
+}
+
+std::optional<QString> pedirTexto(const Entrada &e) {
+    const SinReloj sinReloj;
+    QInputDialog caja(duenio());
+    caja.setWindowTitle(tituloDe(e.titulo));
+    caja.setLabelText(e.texto);
+    caja.setInputMode(QInputDialog::TextInput);
+    caja.setTextValue(e.inicial);
+    caja.setOkButtonText(u"&Aceptar"_s);
+    caja.setCancelButtonText(u"&Cancelar"_s);
+    caja.setMinimumWidth(420);
+    if (auto *campo = caja.findChild<QLineEdit *>()) {
+        campo->setMaxLength(e.maximo);
+        campo->selectAll();
+    }
+    if (caja.exec() != QDialog::Accepted) return std::nullopt;
+    return caja.textValue();
+}
+
+int elegir(const Eleccion &e) {
+    const SinReloj sinReloj;
+    if (e.tipo == Eleccion::Tipo::Codigos) {
+        const int fila = Pantalla<FrmListado>().Elegir(e);
+        CerrarPantalla<FrmListado>();
+        return fila;
+    }
+    if (e.tipo == Eleccion::Tipo::Sufijos) {
+        const int fila = Pantalla<FrmCargaSufijos>().Elegir(e);
+        CerrarPantalla<FrmCargaSufijos>();
+        return fila;
+    }
+    QDialog caja(duenio());
+    caja.setWindowTitle(tituloDe(e.titulo));
+    auto *columna = new QVBoxLayout(&caja);
+    auto *lista = new QListWidget(&caja);
+    lista->addItems(e.filas);
+    lista->setCurrentRow(e.inicial);
+    columna->addWidget(lista);
+    auto *botones = new QDialogButtonBox(&caja);
+    botones->addButton(u"&Aceptar"_s, QDialogButtonBox::AcceptRole);
+    botones->addButton(u"&Cancelar"_s, QDialogButtonBox::RejectRole);
+    columna->addWidget(botones);
+    QObject::connect(botones, &QDialogButtonBox::accepted, &caja, &QDialog::accept);
+    QObject::connect(botones, &QDialogButtonBox::rejected, &caja, &QDialog::reject);
+    QObject::connect(lista, &QListWidget::itemActivated, &caja, &QDialog::accept);
+    caja.resize(460, 320);
+    return caja.exec() == QDialog::Accepted ? lista->currentRow() : -1;
+}
+
+RespuestaConOpciones preguntarConOpciones(const PreguntaConOpciones &p) {
+    const SinReloj sinReloj;
+    const RespuestaConOpciones respuesta = Pantalla<FrmABMClientes>().Preguntar(p);
+    CerrarPantalla<FrmABMClientes>();
+    return respuesta;
+}
+
+void informe(const Informe &i) {
+    const SinReloj sinReloj;
+    if (i.comoLista) {
+        Pantalla<Frm_ComprobacionErrores>().Mostrar(i);
+        CerrarPantalla<Frm_ComprobacionErrores>();
+        return;
+    }
+    Pantalla<FrmMostrarDatos>().Mostrar(i);
+    CerrarPantalla<FrmMostrarDatos>();
+}
+
+}  // namespace
+
+Dialogos DialogosQt() {
+    Dialogos d;
+    d.mensaje = mensaje;
+    d.preguntar = preguntar;
+    d.pedirTexto = pedirTexto;
+    d.elegir = elegir;
+    d.preguntarConOpciones = preguntarConOpciones;
+    d.informe = informe;
+    d.reloj = ponerReloj;
+    d.atenderEventos = [] { QApplication::processEvents(); };
+    return d;
+}

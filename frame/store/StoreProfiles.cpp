@@ -1,0 +1,302 @@
+#include "frame/store/StoreProfiles.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "frame/base/ini.h"
+
+using namespace Qt::StringLiterals;
+
+namespace StoreProfiles {
+
+namespace {
+
+const QString fechaDeArchivo = u"#MM/dd/yyyy HH:mm:ss#"_s;
+const QString fechaDeServidor = u"'yyyy-MM-dd HH:mm:ss'"_s;
+const QString sufijoDePerfil = u".perfil.ini"_s;
+
+[[noreturn]] void rechazar(const QString &texto) {
+    throw Falla{0, u"StoreProfiles"_s, texto, {}};
+}
+
+QString otro(const QString &valor, const QString &defecto) {
+    return valor.isEmpty() ? defecto : valor;
+}
+
+/// What one section says; null when the profile does not name the entity.
+std::unique_ptr<Conexion::Datos> leerEntidad(const QString &ruta, const QString &entidad) {
+    const auto leer = [&](const char *clave) { return LeerIni(entidad, QLatin1String(clave), ruta); };
+    const QString motor = leer("driver").toLower();
+    if (motor.isEmpty()) return nullptr;
+    auto datos = std::make_unique<Conexion::Datos>();
+    datos->entidad = entidad;
+    if (motor == "servidor"_L1) {
+        datos->servidor = true;
+        datos->host = leer("host");
+        bool esNumero = false;
+        datos->puerto = otro(leer("puerto"), u"5432"_s).toInt(&esNumero);
+        if (!esNumero || datos->puerto < 1 || datos->puerto > 65535)
+            rechazar(u"El perfil %1 dice puerto=%2 en la sección [%3]; escriba un número de puerto."_s.arg(
+                ruta, leer("puerto"), entidad));
+        datos->base = leer("base");
+        datos->esquema = otro(leer("esquema"), entidad.toLower());
+        datos->usuario = leer("usuario");
+        datos->clave = leer("clave");
+        if (datos->host.isEmpty() || datos->base.isEmpty())
+            rechazar(u"Al perfil %1 le falta el host o la base en la sección [%2]; complételos."_s.arg(
+                ruta, entidad));
+    } else if (motor == "archivo"_L1) {
+        const QString archivo = leer("archivo");
+        if (archivo.isEmpty())
+            rechazar(
+                u"Al perfil %1 le falta el archivo en la sección [%2]; complételo."_s.arg(ruta, entidad));
+        datos->archivo = QDir::cleanPath(
+            QFileInfo(ruta).absoluteDir().absoluteFilePath(QDir::fromNativeSeparators(archivo)));
+    } else {
+        rechazar(u"El perfil %1 dice driver=%2 en la sección [%3]; use \"archivo\" o \"servidor\"."_s.arg(
+            ruta, motor, entidad));
+    }
+    datos->separadorDecimal = otro(leer("separador"), u"."_s);
+    datos->formaDeFecha = otro(leer("fecha"), datos->servidor ? fechaDeServidor : fechaDeArchivo);
+    // Quotes around a whole value belong to the file's form and are gone by here; a literal needs its own.
+    if (datos->formaDeFecha.size() < 2 || datos->formaDeFecha.front() != datos->formaDeFecha.back() ||
+        datos->formaDeFecha.front().isLetter())
+        datos->formaDeFecha = QLatin1Char('\'') + datos->formaDeFecha + QLatin1Char('\'');
+    return datos;
+}
+
+bool mismoMotor(const Conexion::Datos &a, const Conexion::Datos &b) {
+    return a.servidor == b.servidor &&
+           (!a.servidor || (a.host == b.host && a.puerto == b.puerto && a.base == b.base));
+}
+
+bool escribir(const QString &ruta, const QString &nombre, const QStringList &lineas) {
+    QDir().mkpath(QFileInfo(ruta).absolutePath());
+    QFile f(ruta);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
+    return f.write(
+               (u"[PERFIL]\r\nnombre=%1\r\n"_s.arg(nombre) + lineas.join("\r\n"_L1) + "\r\n"_L1).toUtf8()) >
+           0;
+}
+
+/// The entities that have stores of their own; the last two belong to other programs' forms.
+QStringList conStore() {
+    return entidades().mid(0, 7);
+}
+
+using Secciones = std::map<QString, std::unique_ptr<Conexion::Datos>>;
+
+void presentarVecinos(Secciones &datos) {
+    for (const QString &entidad : entidades()) {
+        if (!datos.contains(entidad)) continue;
+        for (const QString &otra : entidades())
+            if (otra != entidad && datos.contains(otra) && mismoMotor(*datos[entidad], *datos[otra]))
+                datos[entidad]->vecinos.emplace_back(
+                    otra, datos[otra]->servidor ? datos[otra]->esquema : datos[otra]->archivo);
+    }
+}
+
+QString nombreDeArchivo(const QString &entidad) {
+    // ESTADO keeps the file name its libraries know.
+    return (entidad == "ESTADO"_L1 ? u"estados"_s : entidad.toLower()) + ".db"_L1;
+}
+
+/// What answers when no profile is chosen: the embedded stores, where they are, or else where they would be
+/// made.
+Secciones porDefecto(const QStringList &carpetas) {
+    QString db = carpetas.value(0) + u"/db"_s;
+    for (const QString &carpeta : carpetas)
+        if (QFileInfo::exists(carpeta + u"/db/internos.db"_s)) {
+            db = carpeta + u"/db"_s;
+            break;
+        }
+    Secciones datos;
+    for (const QString &entidad : conStore()) {
+        auto uno = std::make_unique<Conexion::Datos>();
+        uno->entidad = entidad;
+        uno->archivo = db + QLatin1Char('/') + nombreDeArchivo(entidad);
+        uno->formaDeFecha = fechaDeArchivo;
+        datos[entidad] = std::move(uno);
+    }
+    presentarVecinos(datos);
+    return datos;
+}
+
+}  // namespace
+
+const QStringList &entidades() {
+    static const QStringList todas{u"INTERNOS"_s,  u"SYSTABLAS"_s, u"NCM"_s,
+                                   u"CATALOGOS"_s, u"PERSONAL"_s,  u"USUARIO"_s,
+                                   u"ESTADO"_s,    u"EDCADASSA"_s, u"BOLDEP"_s};
+    return todas;
+}
+
+struct SPMain::Interno {
+    QString ruta;
+    QString nombre;
+    QString falla;  ///< why the chosen profile cannot be used
+    bool recienHecho = false;
+    Secciones datos;
+    std::map<QString, std::unique_ptr<Conexion>> conexiones;
+
+    const Conexion::Datos &de(const QString &entidad) const {
+        const auto encontrado = datos.find(entidad);
+        if (encontrado == datos.end())
+            rechazar(u"El perfil %1 no dice dónde está el store %2; agregue la sección [%2]."_s.arg(ruta).arg(
+                entidad));
+        return *encontrado->second;
+    }
+};
+
+SPMain::SPMain() : i_(std::make_unique<Interno>()) {
+    const QString programa = QCoreApplication::instance() != nullptr ? QCoreApplication::applicationDirPath()
+                                                                     : QDir::currentPath();
+    carpetas << programa
+             << QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/zendra"_s;
+}
+
+SPMain::~SPMain() = default;
+
+QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
+    std::vector<PerfilEncontrado> perfiles;
+    for (const QString &carpeta : carpetas) {
+        const QStringList archivos =
+            QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
+        for (const QString &archivo : archivos) {
+            const QString ruta = carpeta + QLatin1Char('/') + archivo;
+            perfiles.push_back(
+                {otro(LeerIni(u"PERFIL"_s, u"nombre"_s, ruta), archivo.chopped(sufijoDePerfil.size())),
+                 ruta});
+        }
+    }
+    if (perfiles.empty()) {
+        for (const QString &carpeta : carpetas) {
+            QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
+            if (QDir().mkpath(carpeta + u"/db"_s) &&
+                escribirPerfilDeArchivos(ruta, nombreDeFamilia, carpeta + u"/db"_s)) {
+                usarPerfil(ruta);
+                i_->recienHecho = true;
+                return ruta;
+            }
+        }
+        return {};
+    }
+    int cual = 0;
+    if (perfiles.size() > 1) cual = elegir ? elegir(perfiles) : -1;
+    if (cual < 0 || cual >= static_cast<int>(perfiles.size())) return {};
+    usarPerfil(perfiles[static_cast<std::size_t>(cual)].ruta);
+    return perfiles[static_cast<std::size_t>(cual)].ruta;
+}
+
+bool SPMain::usarPerfil(const QString &ruta, QString *error) {
+    const QFileInfo info(ruta);
+    const auto fallar = [&](const QString &texto) {
+        i_->falla = texto;
+        if (error != nullptr) *error = texto;
+        return false;
+    };
+    if (!info.exists())
+        return fallar(u"No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3."_s.arg(ruta));
+    if (!info.isFile() || !info.isReadable())
+        return fallar(u"No se puede leer el perfil %1; revise sus permisos."_s.arg(ruta));
+    std::map<QString, std::unique_ptr<Conexion::Datos>> datos;
+    try {
+        for (const QString &entidad : entidades())
+            if (auto de = leerEntidad(ruta, entidad)) datos[entidad] = std::move(de);
+    } catch (const Falla &e) {
+        return fallar(e.descripcion);
+    }
+    if (datos.empty())
+        return fallar(
+            u"El archivo %1 no es un perfil: no nombra ningún store; corrija la ruta o sus secciones."_s.arg(
+                ruta));
+    presentarVecinos(datos);
+    i_->falla.clear();
+    i_->conexiones.clear();
+    i_->datos = std::move(datos);
+    i_->ruta = info.absoluteFilePath();
+    i_->nombre = otro(LeerIni(u"PERFIL"_s, u"nombre"_s, ruta), info.completeBaseName());
+    return true;
+}
+
+void SPMain::LoadParameters() {
+    if (!i_->falla.isEmpty()) rechazar(i_->falla);
+    if (i_->datos.empty()) i_->datos = porDefecto(carpetas);
+    for (const auto &[entidad, datos] : i_->datos) {
+        if (datos->servidor || QFileInfo::exists(datos->archivo)) continue;
+        const QString quien = i_->ruta.isEmpty() ? u"el perfil incorporado"_s : u"el perfil "_s + i_->ruta;
+        rechazar(
+            u"No existe el archivo %1 que %2 nombra para %3; corrija el perfil o créelo con DbUpgrade3."_s
+                .arg(datos->archivo, quien, entidad));
+    }
+}
+
+QString SPMain::obtenerNombreDePerfilSeleccionado() const {
+    return i_->nombre;
+}
+QString SPMain::rutaDelPerfil() const {
+    return i_->ruta;
+}
+bool SPMain::perfilRecienHecho() const {
+    return i_->recienHecho;
+}
+
+Conexion &SPMain::getDataConnectionByEntity(const QString &entidad) {
+    auto &conexion = i_->conexiones[entidad];
+    if (!conexion) conexion = std::make_unique<Conexion>(std::make_unique<Conexion::Datos>(i_->de(entidad)));
+    return *conexion;
+}
+
+QString SPMain::getDataConnectionTAG(const QString &entidad) const {
+    return i_->de(entidad).servidor ? u"SQL"_s : u"ACCESS"_s;
+}
+
+QString SPMain::getDecimalSeparatorbyEntity(const QString &entidad) const {
+    return i_->de(entidad).separadorDecimal;
+}
+
+QString SPMain::getDateFormatbyEntity(const QString &entidad, const QDateTime &valor) const {
+    const QString forma = i_->de(entidad).formaDeFecha;
+    // The delimiters stand around the pattern; QDateTime would read a quote as its own.
+    const QString dentro = valor.toString(forma.mid(1, forma.size() - 2));
+    return forma.front() + dentro + forma.back();
+}
+
+QString SPMain::getNumberFormatbyEntity(int decimales, const QString &, const QString &) const {
+    return u"ROUND(999.999,%1)"_s.arg(decimales);
+}
+
+void SPMain::CloseAllDataConnection() {
+    for (const auto &[entidad, conexion] : i_->conexiones) conexion->cerrar();
+}
+
+const Conexion::Datos *SPMain::datos(const QString &entidad) const {
+    const auto encontrado = i_->datos.find(entidad);
+    return encontrado == i_->datos.end() ? nullptr : encontrado->second.get();
+}
+
+bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const QString &carpeta) {
+    QStringList lineas;
+    for (const QString &entidad : conStore())
+        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']') << u"driver=archivo"_s
+               << u"archivo=%1/%2"_s.arg(carpeta, nombreDeArchivo(entidad));
+    return escribir(ruta, nombre, lineas);
+}
+
+bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto,
+                              const QString &base, const QString &usuario, const QString &carpetaLocal) {
+    QStringList lineas;
+    for (const QString &entidad : conStore()) {
+        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']');
+        if (entidad == "USUARIO"_L1)
+            lineas << u"driver=archivo"_s << u"archivo=%1/%2"_s.arg(carpetaLocal, nombreDeArchivo(entidad));
+        else
+            lineas << u"driver=servidor"_s << u"host="_s + host << u"puerto=%1"_s.arg(puerto)
+                   << u"base="_s + base << u"esquema="_s + entidad.toLower() << u"usuario="_s + usuario;
+    }
+    return escribir(ruta, nombre, lineas);
+}
+
+}  // namespace StoreProfiles

@@ -1,0 +1,100 @@
+#pragma once
+// Profiles: which store answers for which entity.
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "frame/store/store.h"
+
+/// What a profile says of one entity. File store: `archivo` is the SQLite file. Server store: host (a path is
+/// a socket folder), puerto, base, esquema, usuario, clave (empty: PostgreSQL's own password file answers).
+struct Conexion::Datos {
+    QString entidad;
+    bool servidor = false;
+    QString archivo;
+    QString host;
+    int puerto = 5432;
+    QString base;
+    QString esquema;
+    QString usuario;
+    QString clave;
+    QString separadorDecimal = QStringLiteral(".");
+    /// Pattern of QDateTime between the literal's own delimiters, e.g. "#MM/dd/yyyy HH:mm:ss#".
+    QString formaDeFecha;
+    /// The other entities of the profile that live on the same engine, in profile order: their tables are
+    /// found by bare name. (entity, file or schema)
+    std::vector<std::pair<QString, QString>> vecinos;
+};
+
+struct PerfilEncontrado {
+    QString nombre;
+    QString ruta;
+};
+
+namespace StoreProfiles {
+
+/// The entities a profile may name, in their fixed order.
+const QStringList &
+entidades();  // INTERNOS, SYSTABLAS, NCM, CATALOGOS, PERSONAL, USUARIO, ESTADO, EDCADASSA, BOLDEP
+
+/// The profile and connection manager; `AppContext::DataManager` is one.
+class SPMain {
+ public:
+    SPMain();
+    ~SPMain();
+    SPMain(const SPMain &) = delete;
+    SPMain &operator=(const SPMain &) = delete;
+
+    /// Looks for profiles of `nombreDeFamilia` (files "*.perfil.ini") beside the program and in the user's
+    /// configuration folder. One: taken without a question. Several: `elegir` is asked for an index (-1
+    /// cancels). None: the embedded default is made. Answers the path of the profile's file, or the empty
+    /// text.
+    QString seleccionarPerfil(const QString &nombreDeFamilia);
+    /// Takes this file without looking around; false (with `error` in Spanish) when it cannot be read.
+    bool usarPerfil(const QString &ruta, QString *error = nullptr);
+    /// Asked when several profiles exist.
+    std::function<int(const std::vector<PerfilEncontrado> &)> elegir;
+    /// Folders searched for profiles; tests replace them.
+    QStringList carpetas;
+
+    /// Reads the chosen profile; with none chosen the embedded stores beside the program answer, under no
+    /// name. A profile that cannot be read or that names a missing file or an unreachable server raises
+    /// Falla with one Spanish sentence that says which and what to do (a missing file shows here, a
+    /// server at first use).
+    void LoadParameters();
+    QString obtenerNombreDePerfilSeleccionado() const;
+    QString rutaDelPerfil() const;
+    /// True when seleccionarPerfil found none and made the default: its stores are still to be made.
+    bool perfilRecienHecho() const;
+
+    /// The same object at every call while this manager lives, also across CloseAllDataConnection.
+    Conexion &getDataConnectionByEntity(const QString &entidad);
+    QString getDataConnectionTAG(const QString &entidad) const;
+    QString getDecimalSeparatorbyEntity(const QString &entidad) const;
+    /// The complete date literal of the entity's dialect, delimiters included.
+    QString getDateFormatbyEntity(const QString &entidad, const QDateTime &valor) const;
+    /// The store's rounding text for `decimales`, around the placeholder "999.999".
+    QString getNumberFormatbyEntity(int decimales, const QString &patron, const QString &entidad) const;
+    /// Closes every open handle; each connection opens again at its next statement.
+    void CloseAllDataConnection();
+
+    /// What the profile says of an entity; null when it does not name it.
+    const Conexion::Datos *datos(const QString &entidad) const;
+
+ private:
+    struct Interno;
+    std::unique_ptr<Interno> i_;
+};
+
+/// Writes a profile of file stores, one SQLite file an entity in `carpeta`.
+bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const QString &carpeta);
+/// Writes a profile on a PostgreSQL server, one schema an entity; USUARIO stays a file in `carpetaLocal`.
+bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto,
+                              const QString &base, const QString &usuario, const QString &carpetaLocal);
+
+}  // namespace StoreProfiles

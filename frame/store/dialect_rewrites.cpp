@@ -1,0 +1,303 @@
+// Rewrites inside an expression, and of whole commands.
+
+#include "frame/store/dialect_rewrites.h"
+
+#include <QDateTime>
+#include <array>
+
+#include "frame/base/numbers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace dialecto {
+
+namespace {
+
+// What a function of the statements is called on the file store; LEFT and RIGHT are words of joins there. A
+// function that answers text keeps comparing without regard to case.
+struct Funcion {
+    Clave clave;
+    const char *enArchivo;
+    bool texto;
+};
+constexpr std::array<Funcion, 5> funciones{{
+    {Clave::Left, "zleft", true},
+    {Clave::Right, "zright", true},
+    {Clave::Substring, "zsubstring", true},
+    {Clave::Len, "zlen", false},
+    {Clave::Charindex, "zcharindex", false},
+}};
+
+const Funcion *funcion(Clave clave) {
+    for (const Funcion &f : funciones)
+        if (f.clave == clave) return &f;
+    return nullptr;
+}
+
+// The forms a date between hashes is written in, by the profile's date form of an entity.
+constexpr std::array<const char *, 6> formasDeFecha{
+    "MM/dd/yyyy HH:mm:ss", "MM/dd/yyyy", "M/d/yyyy H:m:s", "M/d/yyyy", "yyyy-MM-dd HH:mm:ss", "yyyy-MM-dd"};
+
+QDateTime momentoEntreNumerales(QStringView vista) {
+    const QString dentro = vista.mid(1, vista.size() - 2).trimmed().toString();
+    for (const char *forma : formasDeFecha) {
+        QDateTime momento = QDateTime::fromString(dentro, QLatin1String(forma));
+        if (momento.isValid()) return momento;
+    }
+    return {};
+}
+
+void cambiarFecha(Tokens &t, std::size_t i, Motor motor) {
+    const QDateTime momento = momentoEntreNumerales(t[i].vista);
+    // A date that is none goes on as it stands, for the engine to refuse.
+    if (!momento.isValid()) return;
+    const QString texto = QLatin1Char('\'') + momento.toString(u"yyyy-MM-dd HH:mm:ss"_s) + QLatin1Char('\'');
+    t.cambiar(i, motor == Motor::PostgreSQL ? "TIMESTAMP "_L1 + texto : texto);
+}
+
+bool textoQueNoEsNumero(const Token &t) {
+    return t.clase == Clase::Texto && !numeros::esNumerico(t.vista.mid(1, t.vista.size() - 2));
+}
+
+bool esLlamadaDeTexto(const Tokens &t, std::size_t i) {
+    const Funcion *f = funcion(t[i].clave);
+    return f != nullptr && f->texto && t.sigue(i, Clave::Abre);
+}
+
+/// Whether the expression between `desde` and `hasta` answers a text, as far as its own words tell.
+bool contieneTexto(const Tokens &t, std::size_t desde, std::size_t hasta) {
+    for (std::size_t i = desde; i < hasta; ++i) {
+        const Token &k = t[i];
+        if (textoQueNoEsNumero(k) || esLlamadaDeTexto(t, i)) return true;
+        if (k.es(Clave::Select) || k.es(Clave::Igual) || k.es(Clave::Comparacion)) return false;
+        // What a function is given does not tell what it answers; a bare parenthesis is looked into.
+        if (k.es(Clave::Abre) && t.anterior(i) < t.size() && t[t.anterior(i)].clase == Clase::Palabra)
+            i = t.par(i);
+    }
+    return false;
+}
+
+}  // namespace
+
+void cambiarNombres(Tokens &t, Motor motor) {
+    const bool archivo = motor == Motor::SQLite;
+    const bool hayFunciones =
+        archivo && (t.tiene(Clave::Left) || t.tiene(Clave::Right) || t.tiene(Clave::Substring) ||
+                    t.tiene(Clave::Len) || t.tiene(Clave::Charindex));
+    // The file store reads brackets as they stand, and never takes an unknown name between them for a text.
+    const bool hayCorchetes = !archivo && t.tiene(Clave::EsCorchete);
+    if (!hayFunciones && !hayCorchetes && !t.tiene(Clave::EsFecha) && !t.tiene(Clave::Dbo)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        switch (t[i].clave) {
+            case Clave::EsCorchete:
+                if (hayCorchetes) {
+                    QString nombre = t[i].vista.mid(1, t[i].vista.size() - 2).toString().toLower();
+                    t.cambiar(
+                        i, QLatin1Char('"') + nombre.replace(QLatin1Char('"'), "\"\""_L1) + QLatin1Char('"'));
+                }
+                break;
+            case Clave::EsFecha:
+                cambiarFecha(t, i, motor);
+                break;
+            case Clave::Dbo:
+                if (t.sigue(i, Clave::Punto)) {
+                    t.cambiar(i, {});
+                    t.cambiar(t.significativo(i + 1), {});
+                }
+                break;
+            case Clave::Left:
+            case Clave::Right:
+            case Clave::Substring:
+            case Clave::Len:
+            case Clave::Charindex:
+                if (hayFunciones && t.sigue(i, Clave::Abre)) {
+                    const Funcion *f = funcion(t[i].clave);
+                    t.cambiar(i, QLatin1String(f->enArchivo));
+                    if (f->texto) {
+                        t.antes(i, u"("_s);
+                        t.detras(t.par(t.significativo(i + 1)), u" COLLATE ZCI)"_s);
+                    }
+                }
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+void cambiarConcatenaciones(Tokens &t) {
+    if (!t.tiene(Clave::Mas)) return;
+    std::vector<std::size_t> cadena;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::Mas)) continue;
+        const std::size_t izquierda = t.anterior(i);
+        if (izquierda >= t.size()) continue;
+        cadena.clear();
+        bool une = contieneTexto(t, t.inicioDePrimario(izquierda), izquierda + 1);
+        std::size_t mas = i;
+        while (mas < t.size() && t[mas].es(Clave::Mas)) {
+            cadena.push_back(mas);
+            const std::size_t operando = t.significativo(mas + 1);
+            if (operando >= t.size()) break;
+            const std::size_t fin = t.finDePrimario(operando);
+            une = une || contieneTexto(t, operando, fin);
+            mas = t.significativo(fin);
+        }
+        if (une)
+            for (const std::size_t m : cadena) t.cambiar(m, u"||"_s);
+        // Not past a parenthesis: it may hold a chain of its own.
+        const std::size_t parentesis = t.buscar(i + 1, cadena.back(), Clave::Abre);
+        while (cadena.size() > 1 && cadena.back() > parentesis) cadena.pop_back();
+        i = cadena.back();
+    }
+}
+
+void cambiarDivisiones(Tokens &t, Motor motor) {
+    if (!t.tiene(Clave::Barra)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::Barra)) continue;
+        const std::size_t divisor = t.significativo(i + 1);
+        if (!t.empiezaPrimario(divisor)) continue;
+        const std::size_t fin = t.finDePrimario(divisor);
+        const Token &d = t[divisor];
+        if (motor == Motor::PostgreSQL) {
+            // A column is floating already; whatever else could be whole is told not to be.
+            const bool columna = d.esNombre() && !t[fin - 1].es(Clave::Cierra);
+            const bool flotante = d.clase == Clase::Numero && !d.esEntero();
+            if (!columna && !flotante) t.detras(fin - 1, u"::double precision"_s);
+        } else if (d.esEntero() && d.vista.count(u'0') < d.vista.size()) {
+            t.detras(divisor, u".0"_s);
+        } else {
+            t.antes(divisor, u"zdivisor("_s);
+            t.detras(fin - 1, u")"_s);
+        }
+    }
+}
+
+void cambiarSumas(Tokens &t) {
+    if (!t.tiene(Clave::Sum)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::Sum) || !t.sigue(i, Clave::Abre)) continue;
+        const std::size_t abre = t.significativo(i + 1);
+        if (!t.empiezaPrimario(abre + 1) || t.sigue(abre, Clave::Distinct) || t.sigue(abre, Clave::All))
+            continue;
+        t.antes(i, u"zquince("_s);
+        t.detras(abre, u"zexacto("_s);
+        t.antes(t.par(abre), u")"_s);
+        t.detras(t.par(abre), u")"_s);
+    }
+}
+
+void cambiarLike(Tokens &t) {
+    if (!t.tiene(Clave::Like)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::Like) || !t.empiezaPrimario(i + 1)) continue;
+        std::size_t fin = t.finDePrimario(i + 1);
+        for (std::size_t j = t.significativo(fin);
+             j < t.size() && (t[j].es(Clave::Mas) || t[j].es(Clave::Une)); j = t.significativo(fin)) {
+            if (!t.empiezaPrimario(j + 1)) break;
+            fin = t.finDePrimario(j + 1);
+        }
+        t.detras(fin - 1, u" ESCAPE ''"_s);
+    }
+}
+
+// Updates over a join, in both spellings
+
+namespace {
+
+/// Target columns of a SET lose their table's name.
+void desnudarAsignaciones(Tokens &t, std::size_t desde, std::size_t hasta) {
+    bool izquierda = true;
+    for (std::size_t i = desde; i < hasta; ++i) {
+        if (t[i].es(Clave::Abre)) {
+            i = t.par(i);
+        } else if (t[i].es(Clave::Coma)) {
+            izquierda = true;
+        } else if (t[i].es(Clave::Igual)) {
+            izquierda = false;
+        } else if (izquierda && t[i].clase == Clase::Palabra && t.sigue(i, Clave::Punto)) {
+            t.cambiar(i, {});
+            i = t.significativo(i + 1);
+            t.cambiar(i, {});
+        }
+    }
+}
+
+/// Parts of "… inner join TABLE on CONDITION …": tokens from the first word of each to one behind it.
+struct Union {
+    std::size_t tabla = 0, finDeTabla = 0;
+    std::size_t condicion = 0, finDeCondicion = 0;
+};
+
+/// Reads the join at `inner` whose condition ends ahead of `fin`.
+std::optional<Union> leerUnion(const Tokens &t, std::size_t inner, Clave fin) {
+    Union u;
+    if (inner >= t.size() || !t[inner].es(Clave::Inner) || !t.sigue(inner, Clave::Join)) return std::nullopt;
+    u.tabla = t.significativo(t.significativo(inner + 1) + 1);
+    u.finDeTabla = t.buscar(u.tabla, t.size(), Clave::On);
+    if (u.finDeTabla >= t.size()) return std::nullopt;
+    u.condicion = t.significativo(u.finDeTabla + 1);
+    u.finDeCondicion = t.buscar(u.condicion, t.size(), fin);
+    // A second join is no statement of ours: the engine is to speak of it.
+    if (t.buscar(u.condicion, u.finDeCondicion, Clave::Join) < u.finDeCondicion) return std::nullopt;
+    return u;
+}
+
+QString entreParentesis(const Tokens &t, std::size_t desde, std::size_t hasta) {
+    const QString texto = t.escribirSinBordes(desde, hasta);
+    const bool estan = desde < hasta && t[desde].es(Clave::Abre) && t.par(desde) == t.anterior(hasta);
+    return estan ? texto : QLatin1Char('(') + texto + QLatin1Char(')');
+}
+
+}  // namespace
+
+std::optional<QString> cambiarUpdateConJoin(Tokens &t) {
+    const std::size_t update = t.significativo(0);
+    if (update >= t.size() || !t[update].es(Clave::Update) || !t.tiene(Clave::Join)) return std::nullopt;
+    const std::size_t tabla = t.significativo(update + 1);
+    if (tabla >= t.size() || t[tabla].clase != Clase::Palabra) return std::nullopt;
+    const std::size_t sigue = t.significativo(tabla + 1);
+    if (sigue >= t.size()) return std::nullopt;
+
+    std::optional<Union> u;
+    std::size_t set = sigue;
+    std::size_t finDeSet = 0;
+    std::size_t where = 0;
+    if (t[sigue].es(Clave::Inner)) {
+        u = leerUnion(t, sigue, Clave::Set);
+        if (!u || u->finDeCondicion >= t.size()) return std::nullopt;
+        set = u->finDeCondicion;
+        where = t.buscar(set, t.size(), Clave::Where);
+        finDeSet = where;
+    } else {
+        finDeSet = t.buscar(set, t.size(), Clave::From);
+        if (!t[set].es(Clave::Set) || finDeSet >= t.size()) return std::nullopt;
+        const std::size_t mismo = t.significativo(finDeSet + 1);
+        if (mismo >= t.size() || t[mismo].vista.compare(t[tabla].vista, Qt::CaseInsensitive) != 0)
+            return std::nullopt;
+        u = leerUnion(t, t.significativo(mismo + 1), Clave::Where);
+        if (!u) return std::nullopt;
+        where = u->finDeCondicion;
+    }
+    desnudarAsignaciones(t, set + 1, finDeSet);
+    QString texto = "UPDATE "_L1 + t[tabla].vista.toString() + " SET "_L1 +
+                    t.escribirSinBordes(set + 1, finDeSet) + " FROM "_L1 +
+                    t.escribirSinBordes(u->tabla, u->finDeTabla) + " WHERE "_L1 +
+                    entreParentesis(t, u->condicion, u->finDeCondicion);
+    if (where < t.size()) texto += " AND ("_L1 + t.escribirSinBordes(where + 1, t.size()) + QLatin1Char(')');
+    return texto;
+}
+
+std::optional<QString> cambiarExec(const Tokens &t) {
+    const std::size_t exec = t.significativo(0);
+    if (exec >= t.size() || !t[exec].es(Clave::Exec)) return std::nullopt;
+    std::size_t nombre = t.significativo(exec + 1);
+    if (nombre < t.size() && t[nombre].es(Clave::Dbo) && t.sigue(nombre, Clave::Punto))
+        nombre = t.significativo(t.significativo(nombre + 1) + 1);
+    if (nombre >= t.size() || t[nombre].clase != Clase::Palabra) return std::nullopt;
+    return "select "_L1 + t[nombre].vista.toString() + QLatin1Char('(') +
+           t.escribirSinBordes(nombre + 1, t.size()) + QLatin1Char(')');
+}
+
+}  // namespace dialecto

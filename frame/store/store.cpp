@@ -1,0 +1,311 @@
+#include "frame/store/store.h"
+
+#include <QElapsedTimer>
+#include <QSqlQuery>
+#include <QUuid>
+#include <algorithm>
+
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/store/StoreProfiles.h"
+#include "frame/store/dialect.h"
+#include "frame/store/engines.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::function<void(const TrazaDeSentencia &)> &traza() {
+    static std::function<void(const TrazaDeSentencia &)> actual;
+    return actual;
+}
+
+}  // namespace
+
+struct Conexion::Interno {
+    std::unique_ptr<Datos> datos;
+    QString nombre;      ///< Qt's name of the handle
+    QSqlDatabase motor;  ///< held, because Qt looks a name up under a lock
+    QString etiqueta;
+    bool abierta = false;
+    int ligeras = 0;  ///< how many runs asked for light writing
+    dialecto::Ajustes ajustes;
+
+    const QSqlDatabase &db() const { return motor; }
+    void soltar() {
+        motor = QSqlDatabase();
+        QSqlDatabase::removeDatabase(nombre);
+    }
+
+    void abrir() {
+        if (abierta) return;
+        try {
+            motor = datos->servidor ? motores::abrirServidor(*datos, nombre)
+                                    : motores::abrirArchivo(*datos, nombre);
+            ajustes.motor = datos->servidor ? dialecto::Motor::PostgreSQL : dialecto::Motor::SQLite;
+            ajustes.tablasOrdenadas = datos->servidor ? motores::tablasOrdenadasDeServidor(motor)
+                                                      : motores::tablasOrdenadasDeArchivo(motor);
+            abierta = true;
+            if (ligeras > 0) ligera(true);
+        } catch (Falla &e) {
+            abierta = false;
+            soltar();
+            e.fuente = datos->entidad;
+            throw;
+        }
+    }
+
+    void ligera(bool activa) const {
+        if (datos->servidor)
+            motores::escrituraLigeraEnServidor(db(), activa);
+        else
+            motores::escrituraLigeraEnArchivo(db(), activa);
+    }
+
+    qint64 correr(const QString &sentencia, const QString &traducida, motores::Filas *filas) {
+        const auto &hilo = traza();
+        QElapsedTimer reloj;
+        if (hilo) reloj.start();
+        qint64 cuantas = 0;
+        try {
+            // The engines end a text at its first zero character: what stands behind it, a condition perhaps,
+            // would be lost.
+            if (traducida.contains(QChar::Null))
+                throw Falla{0, {}, u"La sentencia contiene un carácter nulo."_s, {}};
+            cuantas = datos->servidor ? motores::correrEnServidor(db(), traducida, filas)
+                                      : motores::correrEnArchivo(db(), traducida, filas);
+        } catch (Falla &e) {
+            e.fuente = datos->entidad;
+            e.sentencia = sentencia;
+            // A server that went away: the next statement opens a new connection.
+            if (datos->servidor && !sigueViva()) cerrar();
+            throw;
+        }
+        if (hilo) hilo({datos->entidad, sentencia, traducida, reloj.nsecsElapsed() / 1000, cuantas});
+        return cuantas;
+    }
+
+    bool sigueViva() const {
+        if (!db().isOpen()) return false;
+        QSqlQuery consulta(db());
+        return consulta.exec(u"select 1"_s);
+    }
+
+    void cerrar() {
+        if (!abierta) return;
+        if (ligeras > 0) {
+            try {
+                ligera(false);
+            } catch (const Falla &) {
+                // The handle goes all the same; a server that went away is the usual reason to be here.
+            }
+        }
+        abierta = false;
+        motor.close();
+        soltar();
+    }
+};
+
+Conexion::Conexion(std::unique_ptr<Datos> datos) : i_(std::make_unique<Interno>()) {
+    i_->etiqueta = datos->servidor ? u"SQL"_s : u"ACCESS"_s;
+    i_->nombre = datos->entidad + QLatin1Char('-') + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    i_->datos = std::move(datos);
+}
+
+Conexion::~Conexion() {
+    i_->cerrar();
+}
+
+bool Conexion::crearrs(Recordset &rs) {
+    rs = Recordset();
+    i_->abrir();
+    motores::Filas filas;
+    i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), &filas);
+    rs.nombres_ = std::move(filas.nombres);
+    rs.celdas_ = std::move(filas.celdas);
+    rs.ancho_ = rs.nombres_.size();
+    return !rs.Eof();
+}
+
+bool Conexion::crearrsActualizable(Recordset &rs, const QString &tabla) {
+    rs = Recordset();
+    i_->abrir();
+    motores::Filas filas;
+    i_->correr(Sql, dialecto::conIdentidad(Sql, i_->ajustes), &filas);
+    // The identity is the last column, and none of the caller's.
+    const std::size_t ancho = filas.nombres.size();
+    for (std::size_t f = 0; f + ancho <= filas.celdas.size(); f += ancho) {
+        for (std::size_t c = 0; c + 1 < ancho; ++c) rs.celdas_.push_back(std::move(filas.celdas[f + c]));
+        rs.identidades_.push_back(filas.celdas[f + ancho - 1]);
+    }
+    filas.nombres.pop_back();
+    rs.nombres_ = std::move(filas.nombres);
+    rs.ancho_ = rs.nombres_.size();
+    rs.conexion_ = this;
+    rs.tabla_ = tabla;
+    return !rs.Eof();
+}
+
+qint64 Conexion::Ejecutar() {
+    i_->abrir();
+    return i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), nullptr);
+}
+
+QSqlDatabase Conexion::coneccion() {
+    i_->abrir();
+    return i_->db();
+}
+
+const QString &Conexion::entidad() const {
+    return i_->datos->entidad;
+}
+const QString &Conexion::etiqueta() const {
+    return i_->etiqueta;
+}
+bool Conexion::abierta() const {
+    return i_->abierta;
+}
+void Conexion::cerrar() {
+    i_->cerrar();
+}
+
+void Conexion::escrituraLigera(bool activa) {
+    i_->ligeras += activa ? 1 : -1;
+    if (i_->ligeras == (activa ? 1 : 0) && (activa || i_->abierta)) {
+        i_->abrir();
+        i_->ligera(activa);
+    }
+}
+
+EscrituraLigera::EscrituraLigera(Conexion &conexion) : conexion_(conexion) {
+    try {
+        conexion_.escrituraLigera(true);
+    } catch (const Falla &) {
+        conexion_.escrituraLigera(false);
+        throw;
+    }
+}
+
+EscrituraLigera::~EscrituraLigera() {
+    try {
+        Terminar();
+    } catch (const Falla &) {
+        // Nobody is left to tell.
+    }
+}
+
+void EscrituraLigera::Terminar() {
+    if (!activa_) return;
+    activa_ = false;
+    conexion_.escrituraLigera(false);
+}
+
+void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {
+    traza() = std::move(nueva);
+}
+
+// Recordset
+
+void Recordset::Close() {
+    *this = Recordset();
+}
+
+int Recordset::columna(QStringView nombre) const {
+    // A handful of columns: a walk beats a table. Most names come as the store spells them, and letters told
+    // apart by code are compared in a fraction of the time.
+    for (std::size_t c = 0; c < nombres_.size(); ++c)
+        if (nombre == nombres_[c]) return static_cast<int>(c);
+    for (std::size_t c = 0; c < nombres_.size(); ++c)
+        if (nombre.size() == nombres_[c].size() && nombre.compare(nombres_[c], Qt::CaseInsensitive) == 0)
+            return static_cast<int>(c);
+    throw Falla{3265, u"Recordset"_s, u"El conjunto de registros no tiene la columna %1."_s.arg(nombre), {}};
+}
+
+Campo Recordset::Fields(int columna) const {
+    if (Eof() || columna < 0 || static_cast<std::size_t>(columna) >= ancho_)
+        throw Falla{3021, u"Recordset"_s, u"No hay ningún registro activo."_s, {}};
+    return {celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(columna)]};
+}
+
+Campo Recordset::Fields(QStringView nombre) const {
+    return Fields(columna(nombre));
+}
+QString Recordset::Texto(QStringView nombre) const {
+    return EsNull(Fields(nombre).Value);
+}
+double Recordset::Numero(QStringView nombre) const {
+    return EsNumero(Fields(nombre).Value);
+}
+bool Recordset::EsNulo(QStringView nombre) const {
+    return Fields(nombre).Value.isNull();
+}
+
+void Recordset::Poner(QStringView nombre, const QVariant &valor) {
+    if (conexion_ == nullptr || Eof())
+        throw Falla{3251, u"Recordset"_s, u"El conjunto de registros no admite cambios."_s, {}};
+    const int c = columna(nombre);
+    QVariant &celda = celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(c)];
+    const bool ya = std::any_of(pendientes_.begin(), pendientes_.end(),
+                                [c](const Pendiente &p) { return p.columna == c; });
+    if (!ya) pendientes_.push_back({c, celda});
+    celda = valor;
+}
+
+void Recordset::olvidar() {
+    for (const Pendiente &p : pendientes_)
+        celdas_[static_cast<std::size_t>(fila_) * ancho_ + static_cast<std::size_t>(p.columna)] = p.antes;
+    pendientes_.clear();
+}
+
+void Recordset::Update() {
+    if (pendientes_.empty()) return;
+    conexion_->i_->abrir();
+    Conexion::Interno &conexion = *conexion_->i_;
+    QStringList cambios;
+    for (const Pendiente &p : pendientes_) {
+        const QVariant &valor = Fields(p.columna).Value;
+        QString texto;
+        if (valor.isNull())
+            texto = u"NULL"_s;
+        else if (valor.typeId() == QMetaType::QString || valor.typeId() == QMetaType::QDateTime)
+            texto = QLatin1Char('\'') + DoblarComillas(EsNull(valor)) + QLatin1Char('\'');
+        else
+            texto = numeros::aTexto(valor.toDouble());
+        cambios << QLatin1Char('"') + nombreDeColumna(p.columna) + "\" = "_L1 + texto;
+    }
+    QVariant &identidad = identidades_[static_cast<std::size_t>(fila_)];
+    // Written for the engine as it is: the identity is the engine's own word, and no module spells it.
+    const QString sql = u"update %1 set %2 where "_s.arg(tabla_, cambios.join(", "_L1));
+    qint64 tocadas = 0;
+    try {
+        if (conexion.datos->servidor) {
+            // The place finds the row at once, the number of its line tells that it still is that row. A row
+            // that another statement wrote meanwhile has a new place; its line finds it there.
+            const QString lugarYLinea = identidad.toString();
+            const qsizetype fin = lugarYLinea.indexOf(QLatin1Char(')')) + 1;
+            const QString lugar = lugarYLinea.left(fin);
+            const QString linea = lugarYLinea.mid(fin);
+            const QString laMisma = linea.isEmpty() ? QString() : " and zfila = "_L1 + linea;
+            const QString vuelta = u" returning ctid::text"_s;
+            const auto intentar = [&](const QString &donde) {
+                motores::Filas filas;
+                const QString texto = sql + donde + vuelta;
+                tocadas = conexion.correr(texto, texto, &filas);
+                if (tocadas == 1) identidad = filas.celdas.front().toString() + linea;
+            };
+            intentar(u"ctid = '%1'::tid"_s.arg(lugar) + laMisma);
+            if (tocadas == 0 && !linea.isEmpty()) intentar("zfila = "_L1 + linea);
+        } else {
+            const QString texto = sql + u"rowid = %1"_s.arg(identidad.toLongLong());
+            tocadas = conexion.correr(texto, texto, nullptr);
+        }
+    } catch (const Falla &) {
+        olvidar();
+        throw;
+    }
+    if (tocadas != 1) {
+        olvidar();
+        throw Falla{3167, u"Recordset"_s, u"El registro de %1 ya no está en el store."_s.arg(tabla_), sql};
+    }
+    pendientes_.clear();
+}

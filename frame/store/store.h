@@ -1,0 +1,147 @@
+#pragma once
+// The store seam: connections that take SQL text as the modules spell it, and the recordsets they answer
+// with.
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QVariant>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "frame/base/failure.h"
+
+/// A field of the row in hand.
+struct Campo {
+    QVariant Value;  ///< null QVariant for a null; numbers are double or qlonglong, texts QString
+};
+
+class Conexion;
+
+/// The rows of one statement, read whole at opening: a later write never changes what is being walked.
+/// Field names are matched without regard to case. (`EOF` itself is a macro of the C library, hence `Eof`.)
+class Recordset {
+ public:
+    bool Eof() const { return fila_ >= filas(); }
+    /// What Poner set and Update has not written is forgotten on moving.
+    void MoveNext() { irA(fila_ + 1); }
+    void MoveFirst() { irA(0); }
+    void Close();
+
+    /// The value of a column in the row in hand. An unknown name raises Falla; so does reading at the
+    /// end.
+    Campo Fields(QStringView nombre) const;
+    Campo Fields(int columna) const;
+    /// Short forms of EsNull(Fields(nombre).Value) and EsNumero(Fields(nombre).Value).
+    QString Texto(QStringView nombre) const;
+    double Numero(QStringView nombre) const;
+    bool EsNulo(QStringView nombre) const;
+
+    int RecordCount() const { return filas(); }
+    int columnas() const { return static_cast<int>(nombres_.size()); }
+    QString nombreDeColumna(int columna) const { return nombres_.at(columna); }
+
+    /// Sets a column of the row in hand; nothing reaches the store before Update. Only for a recordset opened
+    /// with crearrsActualizable.
+    void Poner(QStringView nombre, const QVariant &valor);
+    /// Writes what Poner set into exactly the row in hand, whatever other rows hold the same values. Raises
+    /// Falla when the row is gone.
+    void Update();
+
+ private:
+    friend class Conexion;
+    int filas() const { return ancho_ == 0 ? 0 : static_cast<int>(celdas_.size() / ancho_); }
+    int columna(QStringView nombre) const;
+    void irA(int fila) {
+        if (!pendientes_.empty()) olvidar();
+        fila_ = fila;
+    }
+    void olvidar();
+
+    std::vector<QString> nombres_;
+    std::vector<QVariant> celdas_;
+    std::size_t ancho_ = 0;
+    int fila_ = 0;
+    Conexion *conexion_ = nullptr;  ///< set for an updatable recordset
+    QString tabla_;
+    std::vector<QVariant> identidades_;  ///< one row identity a row, for Update
+    struct Pendiente {
+        int columna = 0;
+        QVariant antes;  ///< what the store holds
+    };
+    std::vector<Pendiente> pendientes_;
+};
+
+/// One statement as the trace sees it.
+struct TrazaDeSentencia {
+    QString entidad;
+    QString sentencia;  ///< as spelled by the module
+    QString traducida;  ///< as sent to the engine
+    qint64 microsegundos = 0;
+    qint64 filas = 0;  ///< rows read or touched
+};
+
+/// A connection of one store entity. The text of `Sql` is spelled in either of the two dialects the system
+/// speaks; the connection turns it into the engine's own before sending it. Every statement is committed
+/// alone.
+class Conexion {
+ public:
+    struct Datos;  ///< what the profile says of the entity; see StoreProfiles
+    explicit Conexion(std::unique_ptr<Datos> datos);
+    ~Conexion();
+    Conexion(const Conexion &) = delete;
+    Conexion &operator=(const Conexion &) = delete;
+
+    QString Sql;
+
+    /// Runs `Sql` and opens `rs` on its rows; true when there is at least one. Raises Falla.
+    bool crearrs(Recordset &rs);
+    /// The same for a "select ... from `tabla` ..." whose rows will be changed through Recordset::Update.
+    bool crearrsActualizable(Recordset &rs, const QString &tabla);
+    /// Runs `Sql` as a command; the number of rows touched, whose truth value is success. Raises
+    /// Falla.
+    qint64 Ejecutar();
+
+    /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind
+    /// coneccion().
+    Conexion &GetAssemblyConnection() { return *this; }
+    /// The engine's own handle (opened if needed), for libraries that speak to it directly.
+    QSqlDatabase coneccion();
+
+    const QString &entidad() const;
+    /// "SQL" for a server store, "ACCESS" for a file store.
+    const QString &etiqueta() const;
+    bool abierta() const;
+    /// Closes the engine's handle; the next statement opens it again, so this object stays usable.
+    void cerrar();
+
+    /// While on, rows are written without waiting for the disk: only for rows that the next assembly
+    /// rebuilds. What other entities own stays durable at once. Switching it off, and closing, make
+    /// everything written so far durable. Calls nest: the last "off" counts.
+    void escrituraLigera(bool activa);
+
+    /// Called after every statement when set; for tracing and benchmarks. Process-wide.
+    static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);
+
+ private:
+    struct Interno;
+    std::unique_ptr<Interno> i_;
+    friend class Recordset;
+};
+
+/// Switches light writing on for its own life; the end of the run is durable on every road.
+class EscrituraLigera {
+ public:
+    explicit EscrituraLigera(Conexion &conexion);
+    /// Silent when the store cannot take it any more; a run whose user has to hear of that calls Terminar
+    /// first.
+    ~EscrituraLigera();
+    /// Ends light writing here. Raises Falla.
+    void Terminar();
+    EscrituraLigera(const EscrituraLigera &) = delete;
+    EscrituraLigera &operator=(const EscrituraLigera &) = delete;
+
+ private:
+    Conexion &conexion_;
+    bool activa_ = true;
+};

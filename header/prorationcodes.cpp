@@ -1,0 +1,103 @@
+#include "header/prorationcodes.h"
+
+#include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/context.h"
+#include "frame/sqltext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using L = QLatin1String;
+
+const QString internos = u"INTERNOS"_s;
+
+}  // namespace
+
+std::vector<Prorrateo> CargarProrrateos(AppContext &ctx, const QString &interno) {
+    const Reloj reloj(ctx.dialogos);
+    std::vector<Prorrateo> codigos;
+    try {
+        Recordset rs;
+        Consultar(ctx, internos, "select * from prorrateo where interno = '"_L1 + interno + "'"_L1, rs);
+        for (; !rs.Eof(); rs.MoveNext())
+            codigos.push_back({rs.Texto(u"codigo"), rs.Texto(u"descripcion"),
+                               numeros::Format(rs.Numero(u"valor"), u"00.00", ctx.SeparadorDecimal)});
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(e.descripcion);
+    }
+    return codigos;
+}
+
+EstadoProrrateos EstadoDeProrrateos(const std::vector<Prorrateo> &codigos) {
+    return codigos.empty() ? EstadoProrrateos::Carga : EstadoProrrateos::Lista;
+}
+
+QString BarraDeProrrateos(EstadoProrrateos estado) {
+    return estado == EstadoProrrateos::Lista ? u"[INSERT] Agregar - [DELETE] Eliminar - [ESC] Cerrar"_s
+                                             : u"[F11] Agregar - [ESC] Cancelar"_s;
+}
+
+SalidaDeProrrateos EscapeEnProrrateos(EstadoProrrateos estado, bool hayCodigos) {
+    return estado == EstadoProrrateos::Carga && hayCodigos ? SalidaDeProrrateos::VuelveALista
+                                                           : SalidaDeProrrateos::Cierra;
+}
+
+Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QString &TxtCodigo,
+                           const QString &TxtDescripcion, const QString &TxtValor) {
+    const QString codigo = TxtCodigo.trimmed().toUpper();
+    if (codigo.isEmpty()) {
+        ctx.dialogos.advertir(u"Debe ingresar un valor en el campo CODIGO"_s);
+        return Veredicto::mal(u"TxtCodigo"_s);
+    }
+    if (!numeros::esNumerico(TxtValor)) {
+        ctx.dialogos.advertir(u"Debe ingresar un dato Númerico en el campo VALOR"_s);
+        return Veredicto::mal(u"TxtValor"_s);
+    }
+    if (numeros::aNumero(TxtValor) == 0) {
+        ctx.dialogos.advertir(u"El dato en el campo VALOR debe ser MAYOR A 0 (cero)"_s);
+        return Veredicto::mal(u"TxtValor"_s);
+    }
+    try {
+        Recordset rs;
+        Consultar(ctx, internos,
+                  "select count(1) as cont from prorrateo where codigo = '"_L1 + codigo +
+                      "' and interno = '"_L1 + interno + "'"_L1,
+                  rs);
+        if (!rs.Eof() && rs.Numero(u"Cont") > 0) {
+            ctx.dialogos.advertir(u"El codigo ya Existe"_s);
+            return Veredicto::mal(u"TxtCodigo"_s);
+        }
+        Ejecutar(ctx, internos,
+                 "Insert into prorrateo (interno,codigo,descripcion,valor) values ('"_L1 + interno +
+                     "','"_L1 + codigo + "','"_L1 + DoblarComillas(TxtDescripcion.toUpper()) + "',"_L1 +
+                     SqlNumber(ctx, TxtValor) + ")"_L1);
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(e.descripcion);
+        return Veredicto::mal();
+    }
+    return Veredicto::bien(u"TxtCodigo"_s);
+}
+
+bool EliminarProrrateo(AppContext &ctx, const QString &interno, const QString &codigo) {
+    try {
+        Ejecutar(
+            ctx, internos,
+            "delete from prorrateo where interno = '"_L1 + interno + "' and codigo = '"_L1 + codigo + "'"_L1);
+        return true;
+    } catch (const Falla &e) {
+        ctx.dialogos.critico(e.descripcion);
+        return false;
+    }
+}
+
+double TotalizarProrrateos(AppContext &ctx, const QString &interno) {
+    Recordset rs;
+    ctx.TotalProrrateado =
+        Consultar(ctx, internos,
+                  "select sum(valor) as tot from prorrateo where interno = '"_L1 + interno + "'"_L1, rs)
+            ? rs.Numero(u"tot")
+            : 0;
+    return ctx.TotalProrrateado;
+}

@@ -1,0 +1,21 @@
+#pragma once
+// The copy of an operation under a new key.
+
+#include <QString>
+
+struct AppContext;
+
+namespace oOperationCopy {
+
+/// Asks for the new key and duplicates every table of the operation, valuation sheets and free comment
+/// included: the copy was never armed (a null armed mark), was created today, and its lines have identities
+/// of their own, which the groups and the links of folded lines follow. The lock row stays with the original.
+/// Answers the new key; empty when the user left, the original is gone, the key exists already ("El Código de
+/// interno ya existe.") or the store failed (its words were shown).
+QString Mostrar(AppContext &ctx, const QString &Numero_Interno);
+
+/// The copy itself. `destino` must have no header; rows that a deletion left under it go first. The header is
+/// written last, so a copy that stopped halfway does not exist. Raises Falla.
+void Copiar(AppContext &ctx, const QString &origen, const QString &destino);
+
+}  // namespace oOperationCopy

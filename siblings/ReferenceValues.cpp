@@ -1,3 +1,0 @@
-#include "siblings/ReferenceValues.h"
-
-std::function<void(const oReferenceValues::Consulta &)> oReferenceValues::GetValoresCriterio;

@@ -1,0 +1,57 @@
+#pragma once
+// The article store: catalogues of a client's articles, one record an article.
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+struct AppContext;
+
+namespace ArticleStore {
+
+/// One article. What a line never tells (quantity) is kept by the store; price and unit weight stay as they
+/// are stored when they are not given.
+struct Articulo {
+    QString idcatalogo;
+    QString idarticulo;
+    QString descripcion;
+    QString Descripcion_Maria;
+    QString idunidad;
+    QString ncm;
+    QString idpais;
+    QString idpaisproc;
+    QString estadomerc;
+    QString sufijos;
+    QString biendeuso;  ///< "S" or "N"
+    QString otros;
+    QString codigoean;
+    QString itfiller;
+    QString naladisa;
+    std::optional<double> preciounitario;
+    std::optional<double> kgneto;  ///< of one unit
+};
+
+/// Adds the article, with the workstation's name and the moment. One that is there already is replaced; with
+/// `noSobrescribir` it stays as it is and nothing is said. True when a row was written. Raises Falla.
+bool Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir);
+
+/// The article of a catalogue, or nothing. Raises Falla.
+std::optional<Articulo> Leer(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo);
+
+/// Whether the catalogue holds an article: a catalogue exists by its articles. Raises Falla.
+bool ExisteCatalogo(AppContext &ctx, const QString &idcatalogo);
+
+/// The catalogues there are, by name. Raises Falla.
+QStringList Catalogos(AppContext &ctx);
+
+/// An article as the lists show it.
+struct FilaDeArticulo {
+    QString idarticulo;
+    QString descripcion;
+    QString ncm;
+};
+/// The articles of a catalogue by their code. Raises Falla.
+std::vector<FilaDeArticulo> Articulos(AppContext &ctx, const QString &idcatalogo);
+
+}  // namespace ArticleStore

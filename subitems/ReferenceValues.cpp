@@ -1,0 +1,3 @@
+#include "subitems/ReferenceValues.h"
+
+std::function<void(const oReferenceValues::Consulta &)> oReferenceValues::GetValoresCriterio;
