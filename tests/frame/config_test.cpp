@@ -204,8 +204,8 @@ TEST_F(Configuracion, AVatRateThatIsNoNumberEndsTheLoadAndLeavesTheRestUnread) {
         QString dicho;
         try {
             CargarConfiguracion(ctx);
-        } catch (const QString &texto) {
-            dicho = texto;
+        } catch (const Falla &falla) {
+            dicho = falla.descripcion;
         }
         EXPECT_EQ(dicho, "No coinciden los tipos: "_L1 + L(clave) +
                              u"=veintiuno no es un número; corríjalo en "_s + archivo() + QLatin1Char('.'));

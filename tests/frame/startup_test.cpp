@@ -235,8 +235,6 @@ QString arrancarCon(const QString &ruta, const QString &carpeta) {
         return {};
     } catch (const Falla &e) {
         return e.descripcion;
-    } catch (const QString &texto) {
-        return texto;
     }
 }
 

@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "desktop/dialogosqt.h"
+#include "frame/base/numbers.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "operations/FrmAbrir.h"
@@ -21,6 +22,8 @@ using namespace Qt::StringLiterals;
 
 void EnPantalla::SetUp() {
     EnAmbosStores::SetUp();
+    // As users see it: the locale of the program, not the plain one of the modules' tests.
+    ctx->SeparadorDecimal = numeros::separadorDelSistema();
     ClCntrl::banderaDeCambios() = false;
     ClCntrl::bloqueoDeNavegacion() = false;
 }
