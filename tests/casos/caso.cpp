@@ -84,7 +84,7 @@ Tablero leerOpciones(AppContext &ctx, const Planilla &opciones, QStringList &def
         else if (nombre == "AEC"_L1)
             tablero.aec = valor;
         else
-            defectos << "opciones.csv: no hay ninguna opción "_L1 + nombre + " con el valor "_L1 + valor;
+            defectos << u"opciones.csv: no hay ninguna opción "_s + nombre + " con el valor "_L1 + valor;
     }
     QFile archivo(ctx.ProgramFolder + "ZENDRA.ini"_L1);
     if (!archivo.open(QIODevice::WriteOnly) || archivo.write(texto.toUtf8()) < 0)
