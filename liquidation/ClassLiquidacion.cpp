@@ -9,6 +9,7 @@
 #include "frame/context.h"
 #include "header/automotive.h"
 #include "header/regime.h"
+#include "liquidation/fees.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,8 +17,6 @@ using numeros::PorcentajeRedondeado;
 using numeros::redondear;
 
 namespace {
-
-using L = QLatin1String;
 
 // The countries whose imports are capped, in ascending order.
 constexpr std::array<int, 129> paisesConTope{
@@ -29,8 +28,8 @@ constexpr std::array<int, 129> paisesConTope{
     405, 406, 407, 409, 410, 411, 412, 413, 414, 415, 416, 417, 418, 419, 420, 422, 423, 424, 425,
     426, 427, 429, 430, 435, 436, 438, 448, 449, 451, 501, 504, 512, 513, 518};
 
-const L china("310");
-const L si("S");
+constexpr auto china = "310"_L1;
+constexpr auto si = "S"_L1;
 
 const QString desbordamiento = u"Desbordamiento"_s;
 const QString divisionPorCero = u"División por cero"_s;
@@ -120,6 +119,7 @@ void ClassLiquidacion::CalcularDerechos(double porcentaje) {
         NcmDerechodeImportacionExtrazona = 0;
         return;
     }
+    // Without an indicator the cap is 0, and so is the duty.
     const double tope = NcmIndicadorMaximoArancel == 1 ? 30 : (NcmIndicadorMaximoArancel == 2 ? 35 : 0);
     const double x = tope * baseImponible_ / 100;
     auxPorcentaje_ = tope;
@@ -134,9 +134,9 @@ void ClassLiquidacion::CalcularDerechos(double porcentaje) {
 }
 
 double ClassLiquidacion::tramoDeEstadistica() const {
-    if (baseImponible_ <= 79999) return porcentajeDe(NcmTasaEstadistica);
-    if (baseImponible_ >= 80000 && baseImponible_ <= 99999) return 400;
-    return baseImponible_ >= 100000 ? 500 : 0;
+    const Arancel *tramo = TramoDeEstadistica(baseImponible_);
+    if (tramo == nullptr) return 0;
+    return tramo->importe > 0 ? tramo->importe : porcentajeDe(NcmTasaEstadistica);
 }
 
 /// Parts from Brazil under the automotive agreement: no duty and no statistics rate, three quarters of the
@@ -252,7 +252,10 @@ void ClassLiquidacion::GetMarcaImpuestosInternos(const QString &ncm) {
     try {
         Recordset rs;
         if (!Consultar(ctx_, u"USUARIO"_s,
-                       "select decreto, tasa_nominal from impuestos_internos where ncm = '"_L1 + ncm + "'"_L1,
+                       "select decreto, tasa_nominal "
+                       "from impuestos_internos "
+                       "where ncm = '"_L1 +
+                           ncm + "'"_L1,
                        rs))
             return;
         impInternoDecreto_ = rs.Texto(u"decreto").trimmed();

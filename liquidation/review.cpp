@@ -7,6 +7,7 @@
 #include "frame/base/values.h"
 #include "frame/sqltext.h"
 #include "header/automotive.h"
+#include "liquidation/fees.h"
 #include "liquidation/vehiculopartes.h"
 
 using namespace Qt::StringLiterals;
@@ -149,14 +150,14 @@ void escribirTotal(Corrida &k, const Resumen &s) {
                        "','"_L1 + convergencia + "',"_L1 + SqlNumber(k.ctx, s.total) + ",'"_L1 + k.interno +
                        "')"_L1) > 0)
             sumarPorPago(k.r, s.pgc, total);
-    } else if (s.concepto == "500"_L1 || s.concepto == "501"_L1) {
+    } else if (const Arancel *arancel = ArancelDe(s.concepto);
+               arancel != nullptr && arancel->esDeLaOperacion()) {
         // The fee of the customs system: once an operation, whatever its items hold.
-        constexpr double arancel = 10;
-        const QString enGrilla = u"10.00"_s;  // this text under either separator
-        const QString nombre = s.concepto == "501"_L1 ? u"ARANCEL SIM EXPO"_s : u"ARANCEL SIM IMPO"_s;
-        mostrar(s.concepto, hay ? descripcion : nombre, enGrilla, u"P"_s);
-        k.ejecutar(filaDeTotal(k, s.concepto, nombre, u"10"_s, u"P"_s));
-        k.r.totalP += arancel;
+        const QString nombre = QString::fromLatin1(arancel->nombre);
+        // A point under either separator.
+        mostrar(s.concepto, hay ? descripcion : nombre, Format(arancel->importe, u"00.00", u'.'), u"P"_s);
+        k.ejecutar(filaDeTotal(k, s.concepto, nombre, numeros::aTexto(arancel->importe), u"P"_s));
+        k.r.totalP += arancel->importe;
     } else if (total > 0) {
         mostrar(s.concepto, descripcion, conMascara(k.ctx, total), s.pgc);
         k.ejecutar(filaDeTotal(k, s.concepto, descripcion, s.total, s.pgc));
