@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QSysInfo>
+#include <cmath>
+#include <limits>
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
@@ -82,7 +84,11 @@ int LeerVersionDelStore(AppContext &ctx) {
     Recordset rs;
     if (!Consultar(ctx, internos, u"select valor from version where propiedad = 'version'"_s, rs))
         return sinVersion;
-    return static_cast<int>(rs.Numero(u"Valor"));
+    const QString valor = rs.Texto(u"Valor");
+    const double version = numeros::aNumero(valor);
+    if (!numeros::esNumerico(valor) || std::abs(version) > std::numeric_limits<int>::max())
+        throw Falla{13, internos, u"La versión del store no es un número: \"%1\"."_s.arg(valor), {}};
+    return static_cast<int>(version);
 }
 
 int ControlarVersionDelStore(AppContext &ctx) {
@@ -100,14 +106,6 @@ int ControlarVersionDelStore(AppContext &ctx) {
         return version;
     }
     return version;
-}
-
-QString TextoDeVersion(int mayor, int menor, int revision) {
-    return u"%1.%2.%3"_s.arg(mayor).arg(menor).arg(revision);
-}
-
-QString TextoFechaZendra() {
-    return enForma(u"Generado 21-11-2026"_s, true);
 }
 
 QString TextoNomenclador(AppContext &ctx) {

@@ -4,9 +4,10 @@
 #include <QString>
 
 #include "frame/context.h"
+#include "frame/version.h"
 
-/// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already,
-/// through usarPerfil). Raises Falla; nothing is retried.
+/// The start-up as far as the main menu. The profile is chosen through ctx.DataManager (or already, through
+/// usarPerfil). Raises Falla; nothing is retried.
 void Arrancar(AppContext &ctx);
 
 /// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises Falla.
@@ -14,7 +15,7 @@ QString LeerFechaDelNomenclador(AppContext &ctx);
 QString TituloDelMarco(const QString &perfil, int mayor, int menor, int revision, const QString &pc);
 /// The oldest version of the stores the program works with.
 constexpr int versionMinima = 330;
-/// The store's version, 300 when it tells none. Raises Falla.
+/// The store's version, 300 when it tells none. Raises Falla, also for a version that is no number.
 int LeerVersionDelStore(AppContext &ctx);
 /// The same, with the message and the start of the upgrade program below the oldest. A failure is dropped
 /// silently.
@@ -22,10 +23,7 @@ int ControlarVersionDelStore(AppContext &ctx);
 /// How the upgrade program is started; tests replace it.
 extern std::function<bool(const QString &programa, const QStringList &argumentos)> iniciarPrograma;
 
-/// The labels of the main menu: version ("3.5.1"), build date, nomenclature date, licence data date.
-QString TextoDeVersion(int mayor = ZENDRA_VERSION_MAYOR, int menor = ZENDRA_VERSION_MENOR,
-                       int revision = ZENDRA_VERSION_REVISION);
-QString TextoFechaZendra();
+/// The labels of the main menu that speak of data: nomenclature date, licence data date.
 QString TextoNomenclador(AppContext &ctx);
 QString TextoFechaDatosLNAPI(AppContext &ctx);
 /// The computer's name, at most 255 characters.

@@ -7,8 +7,10 @@
 #include <QDir>
 #include <QFile>
 #include <QLocale>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTcpServer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "frame/base/ini.h"
@@ -130,6 +132,16 @@ TEST_P(Arranque, AFailingVersionQueryIsDroppedInSilence) {
     EXPECT_THROW(LeerVersionDelStore(*ctx), Falla);
 }
 
+TEST_P(Arranque, AVersionRowThatIsNoNumberIsDroppedInSilence) {
+    for (const char *valor : {"'abc'", "''", "null", "'3 30'", "'99999999999'"}) {
+        ejecutar("update version set valor = "_L1 + L(valor) + " where propiedad = 'version'"_L1);
+        EXPECT_EQ(ControlarVersionDelStore(*ctx), 300) << valor;
+        EXPECT_THROW(LeerVersionDelStore(*ctx), Falla) << valor;
+    }
+    EXPECT_TRUE(registro.mensajes.empty());
+    EXPECT_TRUE(iniciados.isEmpty());
+}
+
 TEST_P(Arranque, AnUpgradeProgramThatIsNotThereFallsUnderTheSameSilence) {
     iniciarPrograma = original;
     qputenv("ProgramFiles", QByteArray("/no/existe"));
@@ -216,6 +228,39 @@ TEST(Fechas, ATextThatIsNoDateStandsUnchanged) {
     EXPECT_TRUE(QRegularExpression(u"^Generado \\d\\d-\\d\\d-\\d{4}$"_s).match(TextoFechaZendra()).hasMatch())
         << TextoFechaZendra().toStdString();
     EXPECT_FALSE(AFecha(u"Generado 14-06-2012"_s).isValid());
+}
+
+TEST(Fechas, TheDayOfTheBuildIsTheOneThatTheBuildWrote) {
+    QFile cabecera(CarpetaDeConstruccion() + "/generado/fechadegeneracion.h"_L1);
+    ASSERT_TRUE(cabecera.open(QIODevice::ReadOnly)) << cabecera.fileName().toStdString();
+    EXPECT_EQ(QString::fromLatin1(cabecera.readAll()).section('"', 1, 1), TextoFechaZendra().section(' ', 1));
+}
+
+TEST(Fechas, ABuildThatIsToldItsDayBearsThatDayAndWritesItOnlyOnce) {
+    QTemporaryDir dir;
+    const QString cabecera = dir.filePath("fecha.h");
+    const auto escribir = [&cabecera](const char *epoca) {
+        QProcess p;
+        QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+        entorno.insert("SOURCE_DATE_EPOCH", L(epoca));
+        p.setProcessEnvironment(entorno);
+        p.start("cmake",
+                {"-DARCHIVO=" + cabecera, "-P", CarpetaDeFuentes() + "/cmake/FechaDeGeneracion.cmake"});
+        ASSERT_TRUE(p.waitForFinished());
+        EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+    };
+    const auto leida = [&cabecera] {
+        QFile f(cabecera);
+        return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
+    };
+    // 14 June 2012 at noon, and three hours later.
+    escribir("1339675200");
+    EXPECT_EQ(leida(), "#define ZENDRA_FECHA_DE_GENERACION \"14-06-2012\"\n");
+    const QDateTime antes = QFileInfo(cabecera).lastModified();
+    escribir("1339686000");
+    EXPECT_EQ(QFileInfo(cabecera).lastModified(), antes) << "a build within the day compiles nothing again";
+    escribir("0");
+    EXPECT_EQ(leida(), "#define ZENDRA_FECHA_DE_GENERACION \"01-01-1970\"\n");
 }
 
 TEST(Fechas, TheNameOfTheWorkstationHasAtMost255Characters) {
