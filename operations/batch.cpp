@@ -1,6 +1,7 @@
 #include "operations/batch.h"
 
 #include <QJsonArray>
+#include <algorithm>
 #include <map>
 
 #include "assembly/run.h"
@@ -187,119 +188,169 @@ double contar(AppContext &ctx, const QString &tabla, const QString &clave, const
     return rs.Numero(u"valor");
 }
 
-int armar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJsonObject &resultado) {
-    if (orden.forzar) MarcarArmado(ctx, orden.clave, true);
-    OpcionesDeArmado opciones;
-    const PasoDeArmado paso = PrepararArmado(ctx, orden.clave, t, opciones);
-    bool entera = true;
-    if (paso == PasoDeArmado::Armar) {
-        entera = Generar(ctx, orden.clave, opciones);
-        if (ctx.ChequeoArmado != "SI"_L1) ArmadoFallido(ctx, orden.clave);
-    } else {
-        ctx.ChequeoArmado = paso == PasoDeArmado::YaArmado ? u"SI"_s : u"NO"_s;
-    }
-    resultado[u"armado"_s] = ctx.ChequeoArmado;
-    resultado[u"corrida"_s] = paso == PasoDeArmado::Armar;
-    resultado[u"items"_s] = contar(ctx, u"item"_s, orden.clave, " and id<>0");
-    resultado[u"grupos"_s] = contar(ctx, u"groupsubitems"_s, orden.clave);
-    return entera ? bien : falla;
-}
-
-int liquidar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJsonObject &resultado) {
-    if (contar(ctx, u"item"_s, orden.clave) == 0) {
-        ctx.dialogos.critico(u"El interno %1 no tiene items; ármelo antes de liquidarlo."_s.arg(orden.clave));
-        return falla;
-    }
-    ctx.CalcularCoeficiente = t.ChCOEF;
-    ctx.LiquidacionPendiente = true;
-    ClassLiquidacion calculo(ctx, orden.clave);
-    const ResultadoRecalculo r = RecalcularOperacion(ctx, orden.clave, calculo);
-    QJsonArray grilla;
-    for (const FilaLiq &f : r.grilla)
-        grilla.append(QJsonObject{
-            {u"numero"_s, f.numero}, {u"concepto"_s, f.concepto}, {u"total"_s, f.total}, {u"pgc"_s, f.pgc}});
-    resultado[u"totalP"_s] = numeros::Format(r.totalP, u"00.00", ctx.SeparadorDecimal);
-    resultado[u"totalG"_s] = numeros::Format(r.totalG, u"00.00", ctx.SeparadorDecimal);
-    resultado[u"totalC"_s] = numeros::Format(r.totalC, u"00.00", ctx.SeparadorDecimal);
-    resultado[u"baseImponible"_s] = numeros::Format(r.sumaBaseImponible, u"00.00", ctx.SeparadorDecimal);
-    resultado[u"baseIVA"_s] = numeros::Format(r.sumaBaseIVA, u"00.00", ctx.SeparadorDecimal);
-    resultado[u"conceptos"_s] = grilla;
-    return bien;
-}
+/// What a command works on.
+struct Trabajo {
+    AppContext &ctx;
+    const Orden &orden;
+    const EleccionDelTablero &tablero;
+    const SalidaDeObjetos &salida;
+    QJsonObject &resultado;
+};
 
 /// Work on an operation that is held like a dashboard would hold it.
-int conLaOperacion(AppContext &ctx, const Orden &orden, const std::function<int()> &trabajo) {
-    if (!ComprobarBloqueo(ctx, orden.clave)) return falla;
-    const BanderasDeOperacion banderas = LeerBanderas(ctx, orden.clave);
-    TomarBloqueo(ctx, orden.clave);
+int conLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
+    if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
+    const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
+    TomarBloqueo(t.ctx, t.orden.clave);
     int estado = falla;
     try {
-        estado = trabajo();
+        estado = hacer();
     } catch (...) {
         try {
-            GuardarYLiberar(ctx, orden.clave, banderas, std::nullopt);
+            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
         } catch (const Falla &) {
             // The store is gone; the first failure is the one to tell.
         }
         throw;
     }
-    GuardarYLiberar(ctx, orden.clave, banderas, std::nullopt);
+    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
     return estado;
 }
 
-int listar(AppContext &ctx, const SalidaDeObjetos &salida, QJsonObject &resultado) {
-    // All of them: the screen's fifty are a matter of the screen.
-    ctx.opciones.OperacionesMostrarTODO = true;
-    const std::vector<FilaDeInterno> filas = LeerInternos(ctx, {});
-    for (const FilaDeInterno &f : filas)
-        salida({{u"tipo"_s, u"operacion"_s},
-                {u"interno"_s, f.Interno},
-                {u"clase"_s, f.tipo},
-                {u"subregimen"_s, f.SubRegimen},
-                {u"cliente"_s, f.Cliente},
-                {u"despachante"_s, f.Despachante},
-                {u"vendedor"_s, f.Vendedor},
-                {u"detalle"_s, f.detalle}});
-    resultado[u"cantidad"_s] = static_cast<int>(filas.size());
+int armarTomada(const Trabajo &t) {
+    AppContext &ctx = t.ctx;
+    const QString &clave = t.orden.clave;
+    if (t.orden.forzar) MarcarArmado(ctx, clave, true);
+    OpcionesDeArmado opciones;
+    const PasoDeArmado paso = PrepararArmado(ctx, clave, t.tablero, opciones);
+    bool entera = true;
+    if (paso == PasoDeArmado::Armar) {
+        entera = Generar(ctx, clave, opciones);
+        if (ctx.ChequeoArmado != "SI"_L1) ArmadoFallido(ctx, clave);
+    } else {
+        ctx.ChequeoArmado = paso == PasoDeArmado::YaArmado ? u"SI"_s : u"NO"_s;
+    }
+    t.resultado[u"armado"_s] = ctx.ChequeoArmado;
+    t.resultado[u"corrida"_s] = paso == PasoDeArmado::Armar;
+    t.resultado[u"items"_s] = contar(ctx, u"item"_s, clave, " and id<>0");
+    t.resultado[u"grupos"_s] = contar(ctx, u"groupsubitems"_s, clave);
+    return entera ? bien : falla;
+}
+
+int armar(const Trabajo &t) {
+    return conLaOperacion(t, [&t] { return armarTomada(t); });
+}
+
+int liquidarTomada(const Trabajo &t) {
+    AppContext &ctx = t.ctx;
+    ctx.CalcularCoeficiente = t.tablero.ChCOEF;
+    ctx.LiquidacionPendiente = true;
+    ClassLiquidacion calculo(ctx, t.orden.clave);
+    const ResultadoRecalculo r = RecalcularOperacion(ctx, t.orden.clave, calculo);
+    QJsonArray grilla;
+    for (const FilaLiq &f : r.grilla)
+        grilla.append(QJsonObject{
+            {u"numero"_s, f.numero}, {u"concepto"_s, f.concepto}, {u"total"_s, f.total}, {u"pgc"_s, f.pgc}});
+    const auto conDosDecimales = [&ctx](double importe) {
+        return numeros::Format(importe, u"00.00", ctx.SeparadorDecimal);
+    };
+    t.resultado[u"totalP"_s] = conDosDecimales(r.totalP);
+    t.resultado[u"totalG"_s] = conDosDecimales(r.totalG);
+    t.resultado[u"totalC"_s] = conDosDecimales(r.totalC);
+    t.resultado[u"baseImponible"_s] = conDosDecimales(r.sumaBaseImponible);
+    t.resultado[u"baseIVA"_s] = conDosDecimales(r.sumaBaseIVA);
+    t.resultado[u"conceptos"_s] = grilla;
     return bien;
 }
 
-int correr(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
-           const SalidaDeObjetos &salida, QJsonObject &resultado) {
-    const QString &c = orden.comando;
-    if (c == "listar"_L1) return listar(ctx, salida, resultado);
-    if (c == "crear"_L1) {
-        const bool hecho = CrearInterno(ctx, orden.clave);
-        resultado[u"creado"_s] = hecho;
-        return hecho ? bien : falla;
-    }
-    if (!existe(ctx, orden.clave)) {
-        ctx.dialogos.critico(
-            u"No se encontró el interno %1; revise la clave o créelo primero."_s.arg(orden.clave));
-        return falla;
-    }
-    if (c == "borrar"_L1) {
-        // The screen's own question: without a "Si" among the answers nothing is removed.
-        const bool confirmado = ConfirmarEliminacion(ctx, orden.clave);
-        const bool hecho = confirmado && EliminarSinPreguntar(ctx, orden.clave);
-        resultado[u"borrado"_s] = hecho;
-        return hecho || !confirmado ? bien : falla;
-    }
-    if (c == "comprobar"_L1) {
-        resultado[u"diferencias"_s] = ComprobarInterno(ctx, orden.clave);
-        return bien;
-    }
-    return conLaOperacion(ctx, orden, [&] {
-        return c == "armar"_L1 ? armar(ctx, orden, tablero, resultado)
-                               : liquidar(ctx, orden, tablero, resultado);
-    });
+int liquidar(const Trabajo &t) {
+    return conLaOperacion(t, [&t] { return liquidarTomada(t); });
+}
+
+int listar(const Trabajo &t) {
+    // All of them: the screen's fifty are a matter of the screen.
+    t.ctx.opciones.OperacionesMostrarTODO = true;
+    const std::vector<FilaDeInterno> filas = LeerInternos(t.ctx, {});
+    for (const FilaDeInterno &f : filas)
+        t.salida({{u"tipo"_s, u"operacion"_s},
+                  {u"interno"_s, f.Interno},
+                  {u"clase"_s, f.tipo},
+                  {u"subregimen"_s, f.SubRegimen},
+                  {u"cliente"_s, f.Cliente},
+                  {u"despachante"_s, f.Despachante},
+                  {u"vendedor"_s, f.Vendedor},
+                  {u"detalle"_s, f.detalle}});
+    t.resultado[u"cantidad"_s] = static_cast<int>(filas.size());
+    return bien;
+}
+
+int crear(const Trabajo &t) {
+    const bool hecho = CrearInterno(t.ctx, t.orden.clave);
+    t.resultado[u"creado"_s] = hecho;
+    return hecho ? bien : falla;
+}
+
+int borrar(const Trabajo &t) {
+    // The screen's own question: without a "Si" among the answers nothing is removed.
+    const bool confirmado = ConfirmarEliminacion(t.ctx, t.orden.clave);
+    const bool hecho = confirmado && EliminarSinPreguntar(t.ctx, t.orden.clave);
+    t.resultado[u"borrado"_s] = hecho;
+    return hecho || !confirmado ? bien : falla;
+}
+
+int comprobar(const Trabajo &t) {
+    t.resultado[u"diferencias"_s] = ComprobarInterno(t.ctx, t.orden.clave);
+    return bien;
+}
+
+/// One command: how it is called, what it asks of the store first, and what it does.
+struct Fila {
+    linea::Comando comando = {};
+    bool sobreExistente = true;  ///< the operation has to be there
+    int (*hacer)(const Trabajo &) = nullptr;
+};
+
+QString defectoDeClave(const QString &clave) {
+    constexpr qsizetype largo = 40;
+    return clave.size() > largo ? u"la clave de una operación tiene 40 caracteres como máximo"_s : QString();
+}
+
+const std::vector<Fila> &tablaDeComandos() {
+    static const std::vector<linea::Argumento> clave{
+        {.nombre = "CLAVE", .texto = "la clave de una operación", .control = defectoDeClave}};
+    static const std::vector<Fila> todas{
+        {.comando = {.nombre = "armar",
+                     .texto = "Arma la operación: grupos, items y liquidación, si su marca lo pide.",
+                     .argumentos = clave,
+                     .opciones = {{.nombre = "forzar", .texto = "La arma aunque la marca no lo pida."}}},
+         .hacer = armar},
+        {.comando = {.nombre = "liquidar",
+                     .texto = "Vuelve a calcular derechos y tributos de los items, y dice los totales.",
+                     .argumentos = clave},
+         .hacer = liquidar},
+        {.comando = {.nombre = "comprobar",
+                     .texto = "Compara la carátula y los items con las líneas, y dice las diferencias.",
+                     .argumentos = clave},
+         .hacer = comprobar},
+        {.comando = {.nombre = "crear", .texto = "Crea una operación vacía.", .argumentos = clave},
+         .sobreExistente = false,
+         .hacer = crear},
+        {.comando = {.nombre = "borrar",
+                     .texto = "Borra la operación, si entre las respuestas está el Si que lo confirma.",
+                     .argumentos = clave},
+         .hacer = borrar},
+        {.comando = {.nombre = "listar", .texto = "Dice cada operación en una línea."},
+         .sobreExistente = false,
+         .hacer = listar},
+    };
+    return todas;
 }
 
 }  // namespace
 
-const QStringList &Comandos() {
-    static const QStringList todos{u"armar"_s, u"liquidar"_s, u"comprobar"_s,
-                                   u"crear"_s, u"borrar"_s,   u"listar"_s};
+std::vector<linea::Comando> Comandos() {
+    std::vector<linea::Comando> todos;
+    for (const Fila &f : tablaDeComandos()) todos.push_back(f.comando);
     return todos;
 }
 
@@ -350,14 +401,19 @@ bool VersionAdecuada(AppContext &ctx) {
 
 int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
              const SalidaDeObjetos &salida, QJsonObject &resultado) {
+    const std::vector<Fila> &todas = tablaDeComandos();
+    const auto fila = std::find_if(todas.begin(), todas.end(),
+                                   [&orden](const Fila &f) { return orden.comando == L(f.comando.nombre); });
+    if (fila == todas.end())
+        throw Falla{0, u"lote"_s, u"No existe el comando \"%1\"."_s.arg(orden.comando), {}};
     resultado[u"resultado"_s] = orden.comando;
     if (!orden.clave.isEmpty()) resultado[u"interno"_s] = orden.clave;
-    try {
-        return correr(ctx, orden, tablero, salida, resultado);
-    } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
+    if (fila->sobreExistente && !existe(ctx, orden.clave)) {
+        ctx.dialogos.critico(
+            u"No se encontró el interno %1; revise la clave o créelo primero."_s.arg(orden.clave));
         return falla;
     }
+    return fila->hacer({ctx, orden, tablero, salida, resultado});
 }
 
 }  // namespace lote

@@ -3,25 +3,27 @@
 
 #include <QJsonObject>
 #include <QString>
-#include <QStringList>
 #include <functional>
+#include <vector>
 
+#include "frame/commandline.h"
 #include "frame/context.h"
 #include "operations/status.h"
 
 namespace lote {
 
 struct Orden {
-    QString comando;  ///< armar, liquidar, comprobar, crear, borrar, listar
-    QString clave;
+    QString comando;      ///< the name of one of Comandos()
+    QString clave;        ///< of the operation; empty for a command on none
     bool forzar = false;  ///< arm although the mark does not ask for it
 };
 
 constexpr int bien = 0;
 constexpr int falla = 1;
-constexpr int malPedido = 2;
+constexpr int malPedido = linea::malUso;
 
-const QStringList &Comandos();
+/// The commands as the command line knows them.
+std::vector<linea::Comando> Comandos();
 
 /// The dashboard as a program that starts finds it: from the options and the settings area.
 EleccionDelTablero TableroInicial(AppContext &ctx);
@@ -40,7 +42,7 @@ using SalidaDeObjetos = std::function<void(const QJsonObject &)>;
 bool VersionAdecuada(AppContext &ctx);
 
 /// Runs the order; `resultado` takes the last line's members. An operation that is written is locked like a
-/// screen would, and released at the end. Answers the exit status.
+/// screen would, and released at the end. Answers the exit status; raises Falla.
 int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
              const SalidaDeObjetos &salida, QJsonObject &resultado);
 

@@ -1,25 +1,25 @@
 // Makes the stores of a profile, brings older ones up, and loads tables into them.
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QStandardPaths>
 #include <QTextStream>
-#include <QUuid>
+#include <optional>
 
+#include "frame/commandline.h"
+#include "frame/lasthandler.h"
 #include "frame/store/StoreProfiles.h"
+#include "upgrade/servidor.h"
 #include "upgrade/upgrade.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Salida { bien = 0, fallo = 1, malLlamado = 2 };
+constexpr int bien = 0;
+constexpr int fallo = 1;
 
 QTextStream &salida() {
     static QTextStream s(stdout);
@@ -30,10 +30,6 @@ QTextStream &errores() {
     return s;
 }
 
-int malUso(const QString &texto) {
-    errores() << texto << Qt::endl;
-    return malLlamado;
-}
 int falla(const QString &texto) {
     errores() << texto << Qt::endl;
     return fallo;
@@ -52,49 +48,64 @@ void mostrarProgreso(const QString &que, qint64 hecho, qint64 total) {
     salida() << (total > 0 ? u"  %1 (%2 %)"_s.arg(que).arg(hecho * 100 / total) : u"  "_s + que) << Qt::endl;
 }
 
-struct Servidor {
-    QString host;
-    int puerto = 0;
-    QString base;
-    QString usuario;
-};
+/// "host,puerto,base,usuario"; nothing when it is not that.
+std::optional<servidor::Acceso> leerAcceso(const QString &texto) {
+    const QStringList datos = texto.split(QLatin1Char(','));
+    bool numero = false;
+    const servidor::Acceso acceso{datos.value(0).trimmed(), datos.value(1).trimmed().toInt(&numero),
+                                  datos.value(2).trimmed(), datos.value(3).trimmed()};
+    constexpr int partes = 4;
+    if (datos.size() != partes || !numero || acceso.host.isEmpty() || acceso.base.isEmpty() ||
+        acceso.usuario.isEmpty())
+        return std::nullopt;
+    return acceso;
+}
 
-/// Makes the base when the server has none of that name; an empty text, or what is wrong.
-QString crearBase(const Servidor &s) {
-    const QString conexion = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    QString error;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, conexion);
-        db.setHostName(s.host);
-        db.setPort(s.puerto);
-        db.setUserName(s.usuario);
-        db.setDatabaseName(u"postgres"_s);
-        if (!db.open()) {
-            error =
-                u"No se puede conectar con el servidor %1:%2 (%3). Verifique que esté encendido y que el "
-                "usuario sea correcto."_s.arg(s.host)
-                    .arg(s.puerto)
-                    .arg(db.lastError().databaseText().simplified());
-        } else {
-            QSqlQuery q(db);
-            q.prepare(u"select 1 from pg_database where datname = ?"_s);
-            q.addBindValue(s.base);
-            QString nombre = s.base;
-            nombre.replace(QLatin1Char('"'), "\"\""_L1);
-            if (q.exec() && !q.next()) {
-                const QString crear =
-                    u"create database \"%1\" template template0 encoding 'UTF8'"_s.arg(nombre);
-                // The order by code point of the file store, where the server's system knows it.
-                if (!q.exec(crear + u" lc_collate 'C.UTF-8' lc_ctype 'C.UTF-8'"_s) && !q.exec(crear))
-                    error =
-                        u"No se puede crear la base %1 (%2). Pida a quien administra el servidor que la "
-                        "cree."_s.arg(s.base, q.lastError().databaseText().simplified());
-            }
-        }
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(conexion);
-    return error;
+QString defectoDeAcceso(const QString &texto) {
+    return leerAcceso(texto) ? QString() : u"\"%1\" no es host,puerto,base,usuario"_s.arg(texto);
+}
+
+QString defectoDeCarga(const QString &texto) {
+    return texto.indexOf(QLatin1Char('=')) > 0 ? QString() : u"\"%1\" no es TABLA=ARCHIVO"_s.arg(texto);
+}
+
+linea::Programa descripcion() {
+    return {
+        .nombre = "DbUpgrade3",
+        .texto = u"Crea los stores de un perfil, los lleva a la versión %1 y carga tablas en ellos."_s.arg(
+            actualizacion::versionDelStore),
+        .opciones =
+            {
+                {.nombre = "perfil",
+                 .valor = "ARCHIVO",
+                 .texto = "El perfil que dice dónde están los stores; sin ella, el único que haya. Si no hay "
+                          "ninguno se crea uno de stores de archivo."},
+                {.nombre = "crear-archivos",
+                 .valor = "CARPETA",
+                 .texto = "Escribe antes un perfil de stores de archivo en esa carpeta.",
+                 .excluyeA = "crear-servidor"},
+                {.nombre = "crear-servidor",
+                 .valor = "DATOS",
+                 .texto = "Escribe antes un perfil de servidor, y crea la base si no está. Los datos son "
+                          "host,puerto,base,usuario.",
+                 .control = defectoDeAcceso},
+                {.nombre = "demostracion", .texto = "Carga los datos de demostración en las tablas vacías."},
+                {.nombre = "cargar",
+                 .valor = "TABLA=ARCHIVO",
+                 .texto = "Carga un CSV con encabezado en una tabla.",
+                 .repetible = true,
+                 .control = defectoDeCarga},
+                {.nombre = "reemplazar", .texto = "Vacía cada tabla antes de cargarla.", .soloCon = "cargar"},
+                {.nombre = "nomenclador",
+                 .valor = "ARCHIVO",
+                 .texto = "Carga un nomenclador en CSV con encabezado."},
+                {.nombre = "unidad",
+                 .valor = "CODIGO",
+                 .texto = "La unidad estadística para lo que el nomenclador no diga.",
+                 .soloCon = "nomenclador"},
+            },
+        .nota = "Termina con 0 si hizo lo pedido, con 1 si falló y con 2 si el pedido está mal hecho.",
+    };
 }
 
 /// Tells what a load did; the number of rows it did not understand does not make it a failure.
@@ -106,92 +117,56 @@ int contar(const QString &archivo, const actualizacion::ResultadoCsv &r) {
     return bien;
 }
 
-}  // namespace
+/// A profile of file stores in the folder that was asked for; its path into `ruta`, or what is wrong.
+QString crearPerfilDeArchivos(const QString &enCarpeta, QString &ruta) {
+    const QString carpeta = QDir(enCarpeta).absolutePath();
+    if (ruta.isEmpty()) ruta = carpeta + u"/zendra.perfil.ini"_s;
+    if (QDir().mkpath(carpeta) && StoreProfiles::escribirPerfilDeArchivos(ruta, u"Local"_s, carpeta))
+        return {};
+    return u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta);
+}
 
-int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(u"DbUpgrade3"_s);
+/// A profile of a server store, and its base when it is missing; the path into `ruta`, or what is wrong.
+QString crearPerfilDeServidor(const servidor::Acceso &acceso, QString &ruta) {
+    if (ruta.isEmpty())
+        ruta =
+            QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + u"/servidor.perfil.ini"_s;
+    const QString carpeta = QFileInfo(ruta).absolutePath();
+    if (const QString error = servidor::CrearBase(acceso); !error.isEmpty()) return error;
+    if (QDir().mkpath(carpeta) &&
+        StoreProfiles::escribirPerfilDeServidor(ruta, u"Servidor"_s, acceso.host, acceso.puerto, acceso.base,
+                                                acceso.usuario, carpeta))
+        return {};
+    return u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta);
+}
 
-    QCommandLineParser args;
-    args.setApplicationDescription(
-        u"Crea los stores de un perfil, los lleva a la versión %1 y carga tablas en ellos."_s.arg(
-            actualizacion::versionDelStore));
-    const QCommandLineOption ayuda({u"h"_s, u"help"_s, u"ayuda"_s}, u"Muestra esta ayuda."_s);
-    const QCommandLineOption perfil(u"perfil"_s, u"El perfil; sin él, el único que haya."_s, u"ARCHIVO"_s);
-    const QCommandLineOption archivos(
-        u"crear-archivos"_s, u"Escribe antes un perfil de stores de archivo en esa carpeta."_s, u"CARPETA"_s);
-    const QCommandLineOption enServidor(
-        u"crear-servidor"_s, u"Escribe antes un perfil de servidor: host,puerto,base,usuario."_s, u"DATOS"_s);
-    const QCommandLineOption demostracion(u"demostracion"_s,
-                                          u"Carga los datos de demostración en las tablas vacías."_s);
-    const QCommandLineOption cargar(u"cargar"_s, u"Carga un CSV con encabezado en una tabla."_s,
-                                    u"TABLA=ARCHIVO"_s);
-    const QCommandLineOption nomenclador(u"nomenclador"_s, u"Carga un nomenclador en CSV con encabezado."_s,
-                                         u"ARCHIVO"_s);
-    const QCommandLineOption unidad(u"unidad"_s, u"Unidad estadística para lo que el nomenclador no diga."_s,
-                                    u"CODIGO"_s);
-    const QCommandLineOption reemplazar(u"reemplazar"_s, u"Vacía cada tabla antes de cargarla."_s);
-    args.addOptions(
-        {ayuda, perfil, archivos, enServidor, demostracion, cargar, nomenclador, unidad, reemplazar});
-    if (!args.parse(QCoreApplication::arguments())) {
-        const QStringList desconocidas = args.unknownOptionNames();
-        return malUso(
-            desconocidas.isEmpty()
-                ? u"A una opción le falta su valor; vea DbUpgrade3 --ayuda."_s
-                : u"No se conoce la opción \"%1\"; vea DbUpgrade3 --ayuda."_s.arg(desconocidas.front()));
-    }
-    if (args.isSet(ayuda)) {
-        // Qt's own words around the options.
-        salida() << args.helpText()
-                        .replace(u"Usage:"_s, u"Uso:"_s)
-                        .replace(u"[options]"_s, u"[opciones]"_s)
-                        .replace(u"Options:"_s, u"Opciones:"_s)
-                 << Qt::endl;
-        return bien;
-    }
-    if (!args.positionalArguments().isEmpty())
-        return malUso(
-            u"No se entiende \"%1\"; vea DbUpgrade3 --ayuda."_s.arg(args.positionalArguments().front()));
-    if (args.isSet(archivos) && args.isSet(enServidor))
-        return malUso(u"--crear-archivos y --crear-servidor no van juntos; elija uno."_s);
-    if (args.isSet(unidad) && !args.isSet(nomenclador))
-        return malUso(u"--unidad sólo sirve con --nomenclador."_s);
-    for (const QString &par : args.values(cargar))
-        if (par.indexOf(QLatin1Char('=')) <= 0)
-            return malUso(u"\"%1\" no sirve; --cargar lleva TABLA=ARCHIVO."_s.arg(par));
-
-    QString ruta = args.value(perfil);
-    if (args.isSet(archivos)) {
-        const QString carpeta = QDir(args.value(archivos)).absolutePath();
-        if (ruta.isEmpty()) ruta = carpeta + u"/zendra.perfil.ini"_s;
-        if (!QDir().mkpath(carpeta) || !StoreProfiles::escribirPerfilDeArchivos(ruta, u"Local"_s, carpeta))
-            return falla(
-                u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta));
-        salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
-    } else if (args.isSet(enServidor)) {
-        const QStringList datos = args.value(enServidor).split(QLatin1Char(','));
-        bool numero = false;
-        const Servidor s{datos.value(0).trimmed(), datos.value(1).trimmed().toInt(&numero),
-                         datos.value(2).trimmed(), datos.value(3).trimmed()};
-        if (datos.size() != 4 || !numero || s.host.isEmpty() || s.base.isEmpty() || s.usuario.isEmpty())
-            return malUso(u"--crear-servidor lleva host,puerto,base,usuario."_s);
-        const QString local = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-        if (ruta.isEmpty()) ruta = local + u"/servidor.perfil.ini"_s;
-        const QString carpeta = QFileInfo(ruta).absolutePath();
-        if (const QString error = crearBase(s); !error.isEmpty()) return falla(error);
-        if (!QDir().mkpath(carpeta) || !StoreProfiles::escribirPerfilDeServidor(
-                                           ruta, u"Servidor"_s, s.host, s.puerto, s.base, s.usuario, carpeta))
-            return falla(
-                u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta));
-        salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
-    } else if (ruta.isEmpty()) {
+/// The profile to work on, written first when that was asked for; its path into `ruta`, or what is wrong.
+QString prepararPerfil(const linea::Pedido &pedido, QString &ruta) {
+    ruta = pedido.valor("perfil");
+    const bool dado = !ruta.isEmpty();
+    QString error;
+    if (pedido.tiene("crear-archivos")) {
+        error = crearPerfilDeArchivos(pedido.valor("crear-archivos"), ruta);
+    } else if (pedido.tiene("crear-servidor")) {
+        error = crearPerfilDeServidor(*leerAcceso(pedido.valor("crear-servidor")), ruta);
+    } else if (dado) {
+        return {};
+    } else {
         StoreProfiles::SPMain manager;
         manager.elegir = [](const std::vector<PerfilEncontrado> &) { return -1; };
         ruta = manager.seleccionarPerfil(u"Zendra"_s);
-        if (ruta.isEmpty()) return malUso(u"Hay varios perfiles; indique uno con --perfil."_s);
-        salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
     }
+    if (error.isEmpty() && !ruta.isEmpty()) salida() << u"Perfil: %1"_s.arg(ruta) << Qt::endl;
+    return error;
+}
 
+int trabajar(const linea::Pedido &pedido) {
+    QString ruta;
+    if (const QString error = prepararPerfil(pedido, ruta); !error.isEmpty()) return falla(error);
+    if (ruta.isEmpty()) {
+        falla(u"Hay varios perfiles; indique uno con --perfil."_s);
+        return linea::malUso;
+    }
     const actualizacion::Resultado hecho = actualizacion::Actualizar(ruta, mostrarProgreso);
     if (!hecho.ok) return falla(hecho.error);
     for (const QString &cambio : hecho.cambios) salida() << cambio << Qt::endl;
@@ -200,24 +175,37 @@ int main(int argc, char **argv) {
                     .arg(actualizacion::versionDelStore)
              << Qt::endl;
 
-    if (args.isSet(demostracion)) {
+    if (pedido.tiene("demostracion")) {
         const actualizacion::Resultado demo = actualizacion::CargarDemostracion(ruta, {});
         if (!demo.ok) return falla(demo.error);
         for (const QString &cambio : demo.cambios) salida() << cambio << Qt::endl;
         salida() << u"Datos de demostración cargados."_s << Qt::endl;
     }
     int estado = bien;
-    for (const QString &par : args.values(cargar)) {
+    for (const QString &par : pedido.valores("cargar")) {
         const qsizetype igual = par.indexOf(QLatin1Char('='));
         const QString archivo = par.mid(igual + 1);
-        estado = std::max(
-            estado, contar(archivo, actualizacion::CargarCsv(ruta, par.left(igual), archivo,
-                                                             args.isSet(reemplazar), {}, mostrarProgreso)));
+        const int este =
+            contar(archivo, actualizacion::CargarCsv(ruta, par.left(igual), archivo,
+                                                     pedido.tiene("reemplazar"), {}, mostrarProgreso));
+        estado = std::max(estado, este);
     }
-    if (args.isSet(nomenclador)) {
-        const QString archivo = args.value(nomenclador);
-        estado = std::max(estado, contar(archivo, actualizacion::CargarNomenclador(
-                                                      ruta, archivo, args.value(unidad), mostrarProgreso)));
+    if (pedido.tiene("nomenclador")) {
+        const QString archivo = pedido.valor("nomenclador");
+        const int este = contar(archivo, actualizacion::CargarNomenclador(
+                                             ruta, archivo, pedido.valor("unidad"), mostrarProgreso));
+        estado = std::max(estado, este);
     }
     return estado;
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(u"DbUpgrade3"_s);
+    const linea::Pedido pedido = linea::Leer(descripcion(), QCoreApplication::arguments());
+    if (pedido.que != linea::Que::Trabajar) return linea::Contestar(pedido);
+    return CorrerConUltimaDefensa([&pedido] { return trabajar(pedido); },
+                                  [](const QString &texto) { falla(texto); }, fallo);
 }

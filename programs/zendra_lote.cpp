@@ -1,14 +1,15 @@
 // The batch program: one command on the stores of a profile, every message a line of JSON on standard output.
-#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
-#include <QTextStream>
+#include <QScopeGuard>
 #include <cstdio>
 
+#include "frame/commandline.h"
 #include "frame/jsondialogs.h"
+#include "frame/lasthandler.h"
 #include "frame/startup.h"
 #include "operations/batch.h"
 
@@ -16,48 +17,36 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the command line asked for.
-struct Pedido {
-    QString perfil, ajustes, opciones, respuestas, traza;
-    lote::Orden orden;
-};
-
-bool leerPedido(const QStringList &argumentos, Pedido &pedido, QString &error) {
-    QCommandLineParser linea;
-    const QCommandLineOption perfil(u"perfil"_s, QString(), u"archivo"_s);
-    const QCommandLineOption ajustes(u"ajustes"_s, QString(), u"archivo"_s);
-    const QCommandLineOption opciones(u"opciones"_s, QString(), u"archivo"_s);
-    const QCommandLineOption respuestas(u"respuestas"_s, QString(), u"archivo"_s);
-    const QCommandLineOption traza(u"traza"_s, QString(), u"archivo"_s);
-    const QCommandLineOption forzar(u"forzar"_s);
-    linea.addOptions({perfil, ajustes, opciones, respuestas, traza, forzar});
-    const QString uso =
-        u"Use: zendra_lote --perfil ARCHIVO [--ajustes ARCHIVO] [--opciones ARCHIVO.json] [--respuestas "
-        "ARCHIVO.json] [--traza ARCHIVO] [--forzar] "
-        "armar|liquidar|comprobar|crear|borrar CLAVE | listar"_s;
-    if (!linea.parse(argumentos)) {
-        const QStringList desconocidas = linea.unknownOptionNames();
-        error = (desconocidas.isEmpty() ? u"A una opción le falta su valor. "_s
-                                        : u"No existe la opción --%1. "_s.arg(desconocidas.front())) +
-                uso;
-        return false;
-    }
-    const QStringList resto = linea.positionalArguments();
-    pedido = {linea.value(perfil),   linea.value(ajustes),
-              linea.value(opciones), linea.value(respuestas),
-              linea.value(traza),    {resto.value(0), resto.value(1).trimmed(), linea.isSet(forzar)}};
-    const bool listar = pedido.orden.comando == "listar"_L1;
-    if (pedido.perfil.isEmpty())
-        error = u"Falta --perfil. "_s + uso;
-    else if (!lote::Comandos().contains(pedido.orden.comando))
-        error = u"No existe el comando \"%1\". "_s.arg(pedido.orden.comando) + uso;
-    else if (resto.size() != (listar ? 1 : 2) || (!listar && pedido.orden.clave.isEmpty()))
-        error = u"El comando %1 lleva %2. "_s.arg(
-                    pedido.orden.comando, listar ? u"ninguna clave"_s : u"la clave de una operación"_s) +
-                uso;
-    else if (pedido.orden.clave.size() > 40)
-        error = u"La clave de una operación tiene 40 caracteres como máximo."_s;
-    return error.isEmpty();
+linea::Programa descripcion() {
+    return {
+        .nombre = "zendra_lote",
+        .texto =
+            u"Trabaja sin pantallas sobre las operaciones de un perfil. Cada mensaje y cada pregunta es "
+            "una línea JSON de la salida; la última línea es el resultado."_s,
+        .opciones =
+            {
+                {.nombre = "perfil",
+                 .valor = "ARCHIVO",
+                 .texto = "El perfil que dice dónde están los stores.",
+                 .obligatoria = true},
+                {.nombre = "ajustes",
+                 .valor = "ARCHIVO",
+                 .texto = "Los ajustes de la PC; sin ella, los del usuario."},
+                {.nombre = "opciones",
+                 .valor = "ARCHIVO",
+                 .texto = "Opciones para esta corrida: un objeto JSON con los nombres del archivo de "
+                          "configuración y de los controles de la pantalla de la operación."},
+                {.nombre = "respuestas",
+                 .valor = "ARCHIVO",
+                 .texto = "Lo que se contesta a las preguntas, en su orden: una lista JSON de textos. Detrás "
+                          "del último la respuesta es No, o el texto vacío."},
+                {.nombre = "traza",
+                 .valor = "ARCHIVO",
+                 .texto = "Escribe ahí cada sentencia: microsegundos, filas, entidad y texto."},
+            },
+        .comandos = lote::Comandos(),
+        .nota = "Termina con 0 si hizo lo pedido, con 1 si falló y con 2 si el pedido está mal hecho.",
+    };
 }
 
 bool leerJson(const QString &archivo, QJsonDocument &documento, QString &error) {
@@ -116,6 +105,57 @@ void escribirLinea(const QString &texto) {
     std::fflush(stdout);
 }
 
+/// What the files of the command line ask for; false with one Spanish line in `error`.
+bool leerArchivos(const linea::Pedido &pedido, QStringList &respuestas, QJsonObject &opciones,
+                  QString &error) {
+    if (!leerRespuestas(pedido.valor("respuestas"), respuestas, error) ||
+        !leerOpciones(pedido.valor("opciones"), opciones, error))
+        return false;
+    // A trial of the options on a context of its own: a wrong one is told before any store is touched.
+    AppContext prueba;
+    EleccionDelTablero tablero;
+    if (!lote::AplicarOpciones(opciones, prueba, tablero, error)) return false;
+    if (QFile::exists(pedido.valor("perfil"))) return true;
+    error = u"No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3."_s.arg(pedido.valor("perfil"));
+    return false;
+}
+
+/// Statements go into `traza` from here on; false when it cannot be written.
+bool trazar(QFile &traza) {
+    if (traza.fileName().isEmpty()) return true;
+    if (!traza.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
+    Conexion::fijarTraza([&traza](const TrazaDeSentencia &t) {
+        QString texto = t.sentencia;
+        texto.replace("\r\n"_L1, " "_L1).replace(QLatin1Char('\n'), QLatin1Char(' '));
+        traza.write(u"%1\t%2\t%3\t%4\n"_s.arg(t.microsegundos).arg(t.filas).arg(t.entidad, texto).toUtf8());
+    });
+    return true;
+}
+
+int trabajar(AppContext &ctx, const linea::Pedido &pedido, QJsonObject &resultado) {
+    QString error;
+    QStringList respuestas;
+    QJsonObject opciones;
+    if (!leerArchivos(pedido, respuestas, opciones, error)) return negar(error);
+    QFile traza(pedido.valor("traza"));
+    const auto sinTraza = qScopeGuard([] { Conexion::fijarTraza({}); });
+    if (!trazar(traza))
+        return negar(u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(traza.fileName()));
+
+    ctx.ajustes = Ajustes(pedido.valor("ajustes"));
+    ctx.dialogos = DialogosJson(escribirLinea, respuestas);
+    ctx.PcName = NombreDeLaPC();
+    if (!ctx.DataManager.usarPerfil(pedido.valor("perfil"), &error)) throw Falla{0, {}, error, {}};
+    ctx.DataManager.LoadParameters();
+    if (!lote::VersionAdecuada(ctx)) return lote::falla;
+    Arrancar(ctx);
+    EleccionDelTablero tablero = lote::TableroInicial(ctx);
+    lote::AplicarOpciones(opciones, ctx, tablero, error);
+    return lote::Ejecutar(
+        ctx, {pedido.comando, pedido.argumentos.value(0), pedido.tiene("forzar")}, tablero,
+        [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); }, resultado);
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -125,63 +165,20 @@ int main(int argc, char **argv) {
     if (QLocale::system().language() == QLocale::C)
         QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
 
-    Pedido pedido;
-    QString error;
-    QStringList respuestas;
-    QJsonObject opciones;
-    if (!leerPedido(QCoreApplication::arguments(), pedido, error) ||
-        !leerRespuestas(pedido.respuestas, respuestas, error) ||
-        !leerOpciones(pedido.opciones, opciones, error))
-        return negar(error);
+    const linea::Pedido pedido = linea::Leer(descripcion(), QCoreApplication::arguments());
+    if (pedido.que != linea::Que::Trabajar) return linea::Contestar(pedido);
 
     AppContext ctx;
     fijarContexto(&ctx);
-    ctx.ajustes = Ajustes(pedido.ajustes);
-    ctx.dialogos = DialogosJson(escribirLinea, respuestas);
-    ctx.PcName = NombreDeLaPC();
-    {
-        // A trial of the options on a context of its own: a wrong one is told before any store is touched.
-        AppContext prueba;
-        EleccionDelTablero tablero;
-        if (!lote::AplicarOpciones(opciones, prueba, tablero, error)) return negar(error);
+    ctx.dialogos = DialogosJson(escribirLinea, {});
+    QJsonObject resultado{{u"resultado"_s, pedido.comando}};
+    const int estado =
+        CorrerConUltimaDefensa([&] { return trabajar(ctx, pedido, resultado); },
+                               [&ctx](const QString &texto) { ctx.dialogos.critico(texto); }, lote::falla);
+    if (estado != lote::malPedido) {
+        resultado[u"estado"_s] = estado;
+        escribirLinea(LineaJson(resultado));
     }
-    if (!QFile::exists(pedido.perfil))
-        return negar(
-            u"No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3."_s.arg(pedido.perfil));
-
-    QFile traza(pedido.traza);
-    if (!pedido.traza.isEmpty()) {
-        if (!traza.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return negar(u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(pedido.traza));
-        Conexion::fijarTraza([&traza](const TrazaDeSentencia &t) {
-            QString texto = t.sentencia;
-            texto.replace("\r\n"_L1, " "_L1).replace(QLatin1Char('\n'), QLatin1Char(' '));
-            traza.write(
-                u"%1\t%2\t%3\t%4\n"_s.arg(t.microsegundos).arg(t.filas).arg(t.entidad, texto).toUtf8());
-        });
-    }
-
-    int estado = lote::falla;
-    QJsonObject resultado;
-    try {
-        if (!ctx.DataManager.usarPerfil(pedido.perfil, &error)) throw Falla{0, {}, error, {}};
-        ctx.DataManager.LoadParameters();
-        if (lote::VersionAdecuada(ctx)) {
-            Arrancar(ctx);
-            EleccionDelTablero tablero = lote::TableroInicial(ctx);
-            lote::AplicarOpciones(opciones, ctx, tablero, error);
-            const auto escribir = [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); };
-            estado = lote::Ejecutar(ctx, pedido.orden, tablero, escribir, resultado);
-        }
-    } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
-    } catch (const QString &texto) {
-        ctx.dialogos.critico(texto);
-    }
-    if (resultado.isEmpty()) resultado[u"resultado"_s] = pedido.orden.comando;
-    resultado[u"estado"_s] = estado;
-    escribirLinea(LineaJson(resultado));
-    Conexion::fijarTraza({});
     fijarContexto(nullptr);
     return estado;
 }

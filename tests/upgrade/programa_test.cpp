@@ -7,11 +7,16 @@
 #include <QTemporaryDir>
 
 #include "frame/store/StoreProfiles.h"
+#include "frame/version.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString programa() {
+    return qEnvironmentVariable("ZENDRA_BIN", CarpetaDeConstruccion()) + u"/DbUpgrade3"_s;
+}
 
 struct Corrida {
     int estado = -1;
@@ -20,7 +25,7 @@ struct Corrida {
 
 Corrida DbUpgrade3(const QStringList &argumentos) {
     QProcess p;
-    p.start(CarpetaDeConstruccion() + u"/DbUpgrade3"_s, argumentos);
+    p.start(programa(), argumentos);
     Corrida c;
     constexpr int paciencia = 120000;
     if (!p.waitForFinished(paciencia)) return c;
@@ -30,16 +35,69 @@ Corrida DbUpgrade3(const QStringList &argumentos) {
     return c;
 }
 
-TEST(DbUpgrade3Program, AWrongArgumentIsOneLineAndStatusTwo) {
-    for (const QStringList &malos :
-         {QStringList{"--nada"}, QStringList{"suelto"}, QStringList{"--cargar", "sinigual"},
-          QStringList{"--crear-archivos", "a", "--crear-servidor", "h,1,b,u"},
-          QStringList{"--crear-servidor", "h,puerto,b,u"}, QStringList{"--unidad", "01"}}) {
-        const Corrida c = DbUpgrade3(malos);
-        EXPECT_EQ(c.estado, 2) << malos.join(' ').toStdString();
-        EXPECT_EQ(c.errores.count('\n'), 1) << c.errores.toStdString();
+TEST(DbUpgrade3Program, AWrongUseIsOneSentenceThatNamesTheHelpAndStatusTwo) {
+    struct Caso {
+        QStringList argumentos;
+        QString dice;
+    };
+    const Caso casos[] = {
+        {{"--nada"}, u"No existe la opción --nada; vea DbUpgrade3 --ayuda."_s},
+        {{"suelto"}, u"Sobra \"suelto\": DbUpgrade3 no lleva argumentos; vea DbUpgrade3 --ayuda."_s},
+        {{"--perfil"}, u"A la opción --perfil le falta su valor; vea DbUpgrade3 --ayuda."_s},
+        {{"--demostracion=si"}, u"La opción --demostracion no lleva valor; vea DbUpgrade3 --ayuda."_s},
+        {{"--cargar", "sinigual"},
+         u"--cargar no sirve: \"sinigual\" no es TABLA=ARCHIVO; vea DbUpgrade3 --ayuda."_s},
+        {{"--crear-archivos", "a", "--crear-servidor", "h,1,b,u"},
+         u"Las opciones --crear-archivos y --crear-servidor no van juntas; vea DbUpgrade3 --ayuda."_s},
+        {{"--crear-servidor", "h,puerto,b,u"},
+         u"--crear-servidor no sirve: \"h,puerto,b,u\" no es host,puerto,base,usuario; vea DbUpgrade3 "
+         "--ayuda."_s},
+        {{"--unidad", "01"}, u"La opción --unidad sólo sirve con --nomenclador; vea DbUpgrade3 --ayuda."_s},
+        {{"--reemplazar"}, u"La opción --reemplazar sólo sirve con --cargar; vea DbUpgrade3 --ayuda."_s},
+    };
+    for (const Caso &caso : casos) {
+        const Corrida c = DbUpgrade3(caso.argumentos);
+        EXPECT_EQ(c.estado, 2) << caso.argumentos.join(' ').toStdString();
+        EXPECT_EQ(c.errores.toStdString(), (caso.dice + '\n').toStdString());
         EXPECT_EQ(c.salida, QString());
     }
+}
+
+TEST(DbUpgrade3Program, TheHelpNamesEveryOptionAndMakesNothing) {
+    const Corrida c = DbUpgrade3({"--perfil", "/no/hay.ini", "--ayuda"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_EQ(c.errores, QString());
+    for (const char *parte :
+         {"Uso: DbUpgrade3 [opciones]", "--perfil ARCHIVO", "--crear-archivos CARPETA",
+          "--crear-servidor DATOS", "--demostracion", "--cargar TABLA=ARCHIVO", "Puede repetirse.",
+          "--reemplazar", "--nomenclador ARCHIVO", "--unidad CODIGO", "--version"})
+        EXPECT_TRUE(c.salida.simplified().contains(QLatin1String(parte)))
+            << parte << " in " << c.salida.toStdString();
+    EXPECT_EQ(DbUpgrade3({"-h"}).salida, c.salida);
+}
+
+TEST(DbUpgrade3Program, TheVersionIsTheProgramsWithTheDayOfItsBuild) {
+    const Corrida c = DbUpgrade3({"--version"});
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_EQ(c.salida, u"DbUpgrade3 %1 (%2)\n"_s.arg(TextoDeVersion(), TextoFechaZendra()));
+    EXPECT_EQ(c.errores, QString());
+}
+
+TEST(DbUpgrade3Program, AFileThatDoesNotFitInMemoryIsToldAndTheProgramEndsInOrder) {
+    QFile permiso(u"/proc/sys/vm/overcommit_memory"_s);
+    if (permiso.open(QIODevice::ReadOnly) && permiso.readAll().startsWith('1'))
+        GTEST_SKIP() << "this machine promises any amount of memory (vm.overcommit_memory = 1)";
+    // A profile of four terabytes that takes no room on the disk; no machine reads it whole.
+    QTemporaryDir dir;
+    QFile enorme(dir.filePath("enorme.ini"));
+    ASSERT_TRUE(enorme.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(enorme.resize(qint64(1) << 42));
+    enorme.close();
+    qputenv("ASAN_OPTIONS", "allocator_may_return_null=1");
+    const Corrida c = DbUpgrade3({"--perfil", enorme.fileName()});
+    qunsetenv("ASAN_OPTIONS");
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_TRUE(c.errores.contains(u"La memoria de la PC no alcanza"_s)) << c.errores.toStdString();
 }
 
 TEST(DbUpgrade3Program, AMissingProfileIsStatusOne) {
@@ -88,7 +146,7 @@ TEST(DbUpgrade3Program, ALoadThatIsKilledLeavesNothingAndCanBeRepeated) {
     const QStringList carga{"--perfil", perfil, "--cargar", "vendedor=" + f.fileName()};
 
     QProcess p;
-    p.start(CarpetaDeConstruccion() + u"/DbUpgrade3"_s, carga);
+    p.start(programa(), carga);
     // Its first word of progress comes from the middle of the load.
     QByteArray dicho;
     while (!dicho.contains("Cargando vendedor") && p.waitForReadyRead(60000))
@@ -120,8 +178,7 @@ TEST(DbUpgrade3Program, TwoUpgradesAtTheSameTimeDoNotCollide) {
     ASSERT_TRUE(StoreProfiles::escribirPerfilDeArchivos(perfil, u"Dos"_s, dir.filePath("db")));
     QProcess uno;
     QProcess otro;
-    for (QProcess *p : {&uno, &otro})
-        p->start(CarpetaDeConstruccion() + u"/DbUpgrade3"_s, {"--perfil", perfil});
+    for (QProcess *p : {&uno, &otro}) p->start(programa(), {"--perfil", perfil});
     for (QProcess *p : {&uno, &otro}) {
         ASSERT_TRUE(p->waitForFinished(60000));
         EXPECT_EQ(p->exitCode(), 0) << p->readAllStandardError().toStdString();

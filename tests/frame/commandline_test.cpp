@@ -1,0 +1,165 @@
+// How a command line is read by its description.
+
+#include "frame/commandline.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString defectoDePar(const QString &valor) {
+    return valor.contains('=') ? QString() : u"\"%1\" no es A=B"_s.arg(valor);
+}
+
+const linea::Programa &conComandos() {
+    static const linea::Programa p{
+        .nombre = "obra",
+        .texto = u"Hace obras."_s,
+        .opciones = {{.nombre = "plano", .valor = "ARCHIVO", .texto = "El plano.", .obligatoria = true}},
+        .comandos = {{.nombre = "alzar",
+                      .texto = "Alza una pared entre dos puntos.",
+                      .argumentos = {{.nombre = "DESDE", .texto = "un punto"},
+                                     {.nombre = "HASTA", .texto = "otro punto"}},
+                      .opciones = {{.nombre = "doble", .texto = "Dos veces."}}},
+                     {.nombre = "medir", .texto = "Mide."}}};
+    return p;
+}
+
+const linea::Programa &sinComandos() {
+    static const linea::Programa p{.nombre = "pala",
+                                   .texto = u"Mueve cosas."_s,
+                                   .opciones = {{.nombre = "par",
+                                                 .valor = "A=B",
+                                                 .texto = "Un par.",
+                                                 .repetible = true,
+                                                 .control = defectoDePar},
+                                                {.nombre = "lento", .texto = "Despacio.", .soloCon = "par"},
+                                                {.nombre = "ya", .texto = "Ahora.", .excluyeA = "luego"},
+                                                {.nombre = "luego", .texto = "Después."}},
+                                   .nota = "Nada más."};
+    return p;
+}
+
+linea::Pedido leer(const linea::Programa &p, const QStringList &argumentos) {
+    return linea::Leer(p, QStringList{"x"} + argumentos);
+}
+
+void seNiega(const linea::Programa &p, const QStringList &argumentos, const QString &dice) {
+    const linea::Pedido pedido = leer(p, argumentos);
+    EXPECT_EQ(pedido.que, linea::Que::MalUso) << argumentos.join(' ').toStdString();
+    EXPECT_EQ(pedido.texto.toStdString(), dice.toStdString());
+}
+
+TEST(CommandLine, TheCommandItsArgumentsAndTheOptionsAreHandedOver) {
+    const linea::Pedido p = leer(conComandos(), {"alzar", "--plano", "p.txt", " a ", "--doble", "b"});
+    EXPECT_EQ(p.que, linea::Que::Trabajar) << p.texto.toStdString();
+    EXPECT_EQ(p.comando, "alzar"_L1);
+    EXPECT_EQ(p.argumentos, (QStringList{"a", "b"}));
+    EXPECT_EQ(p.valor("plano"), "p.txt"_L1);
+    EXPECT_TRUE(p.tiene("doble"));
+    EXPECT_EQ(leer(conComandos(), {"--plano=q", "medir"}).valor("plano"), "q"_L1);
+    EXPECT_FALSE(leer(conComandos(), {"--plano=q", "medir"}).tiene("doble"));
+}
+
+TEST(CommandLine, AnOptionThatMayBeRepeatedKeepsItsOrder) {
+    const linea::Pedido p = leer(sinComandos(), {"--par", "b=1", "--par", "a=2", "--lento"});
+    EXPECT_EQ(p.que, linea::Que::Trabajar) << p.texto.toStdString();
+    EXPECT_EQ(p.valores("par"), (QStringList{"b=1", "a=2"}));
+    EXPECT_EQ(p.valor("par"), "b=1"_L1);
+    EXPECT_EQ(leer(sinComandos(), {}).que, linea::Que::Trabajar);
+}
+
+TEST(CommandLine, WhatStandsBehindTwoDashesIsAnArgument) {
+    const linea::Pedido p = leer(conComandos(), {"--plano", "p", "alzar", "--", "-a", "--doble"});
+    EXPECT_EQ(p.argumentos, (QStringList{"-a", "--doble"})) << p.texto.toStdString();
+    EXPECT_FALSE(p.tiene("doble"));
+}
+
+TEST(CommandLine, EveryWrongUseIsOneSentenceOfWhatAndWhereToLook) {
+    seNiega(conComandos(), {"alzar", "a", "b"}, u"Falta --plano ARCHIVO; vea obra alzar --ayuda."_s);
+    seNiega(conComandos(), {"--plano", "p", "alzar", "a"},
+            u"Falta HASTA (otro punto); vea obra alzar --ayuda."_s);
+    seNiega(conComandos(), {"--plano", "p", "alzar", "a", "b", "c"},
+            u"Sobra \"c\": el comando alzar lleva sólo DESDE (un punto) y HASTA (otro punto); vea obra alzar "
+            "--ayuda."_s);
+    seNiega(conComandos(), {"--plano", "p", "medir", "--doble"},
+            u"La opción --doble es del comando alzar; vea obra medir --ayuda."_s);
+    seNiega(sinComandos(), {"suelto"}, u"Sobra \"suelto\": pala no lleva argumentos; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--par", "ab"}, u"--par no sirve: \"ab\" no es A=B; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--lento"}, u"La opción --lento sólo sirve con --par; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--ya", "--luego"},
+            u"Las opciones --ya y --luego no van juntas; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--luego", "--ya"},
+            u"Las opciones --ya y --luego no van juntas; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--par"}, u"A la opción --par le falta su valor; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--ya=1"}, u"La opción --ya no lleva valor; vea pala --ayuda."_s);
+    seNiega(sinComandos(), {"--ayuda=1"}, u"La opción --ayuda no lleva valor; vea pala --ayuda."_s);
+}
+
+TEST(CommandLine, TheHelpIsMadeOfTheDescription) {
+    const linea::Pedido general = leer(conComandos(), {"--ayuda"});
+    EXPECT_EQ(general.que, linea::Que::Mostrar);
+    EXPECT_EQ(general.texto.toStdString(),
+              "Hace obras.\n"
+              "\n"
+              "Uso: obra --plano ARCHIVO COMANDO [opciones]\n"
+              "\n"
+              "Comandos:\n"
+              "  alzar DESDE HASTA  Alza una pared entre dos puntos.\n"
+              "  medir              Mide.\n"
+              "\n"
+              "Opciones:\n"
+              "  --plano ARCHIVO  El plano. Obligatoria.\n"
+              "\n"
+              "Sobre el programa:\n"
+              "  --ayuda    Muestra esta ayuda (también -h y --help).\n"
+              "  --version  Muestra la versión y la fecha en que se generó (también -v).\n"
+              "\n"
+              "Cada comando tiene su ayuda: obra COMANDO --ayuda\n");
+    EXPECT_EQ(leer(conComandos(), {"alzar", "--ayuda"}).texto.toStdString(),
+              "Alza una pared entre dos puntos.\n"
+              "\n"
+              "Uso: obra --plano ARCHIVO alzar DESDE HASTA [opciones]\n"
+              "\n"
+              "Argumentos:\n"
+              "  DESDE  un punto\n"
+              "  HASTA  otro punto\n"
+              "\n"
+              "Opciones del comando:\n"
+              "  --doble  Dos veces.\n"
+              "\n"
+              "Opciones:\n"
+              "  --plano ARCHIVO  El plano. Obligatoria.\n");
+    const QString sin = leer(sinComandos(), {"-h"}).texto;
+    EXPECT_TRUE(sin.contains(u"Uso: pala [opciones]\n"_s)) << sin.toStdString();
+    EXPECT_TRUE(sin.contains(u"--par A=B  Un par. Puede repetirse.\n"_s)) << sin.toStdString();
+    EXPECT_TRUE(sin.endsWith(u"\nNada más.\n"_s)) << sin.toStdString();
+}
+
+TEST(CommandLine, LongLinesOfAHelpAreCutAtWordsAndGoOnUnderTheirText) {
+    const QByteArray larga = QByteArray("palabra ").repeated(30).trimmed();
+    const linea::Programa p{
+        .nombre = "x", .texto = u"X."_s, .opciones = {{.nombre = "o", .texto = larga.constData()}}};
+    const QStringList lineas = leer(p, {"--ayuda"}).texto.split('\n');
+    int conPalabras = 0;
+    for (const QString &una : lineas) {
+        EXPECT_LE(una.size(), 80) << una.toStdString();
+        conPalabras += una.contains("palabra"_L1) ? 1 : 0;
+        if (una.contains("palabra"_L1)) {
+            EXPECT_EQ(una.indexOf("palabra"_L1), 6) << una.toStdString();
+        }
+    }
+    EXPECT_GE(conPalabras, 3);
+}
+
+TEST(CommandLine, AnAnswerGoesWhereItBelongsWithItsStatus) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(linea::Contestar(leer(sinComandos(), {"--version"})), 0);
+    EXPECT_EQ(linea::Contestar(leer(sinComandos(), {"--nada"})), 2);
+    EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("pala "));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "No existe la opción --nada; vea pala --ayuda.\n");
+}
+
+}  // namespace
