@@ -67,14 +67,15 @@ const char *const tablasDeDemostracion[] = {
     "coment",
 };
 
-/// Without the two VAT rates (law 23.349, art. 28) nothing would show VAT. A configuration that is there
-/// stays.
-void ponerTasas(const QString &rutaDelPerfil, Resultado &resultado) {
+/// What a first look needs: the two VAT rates (law 23.349, art. 28), without which nothing would show VAT,
+/// and every operation in the list. A configuration that is there stays.
+void ponerConfiguracion(const QString &rutaDelPerfil, Resultado &resultado) {
     const QString archivo = ArchivoDelPerfil(rutaDelPerfil);
     if (archivo == rutaDelPerfil || QFile::exists(archivo)) return;
     const QString general = u"GENERAL"_s;
     if (EscribirIni(general, u"IVARIN"_s, u"21"_s, archivo) &&
-        EscribirIni(general, u"IVARNI"_s, u"10.5"_s, archivo))
+        EscribirIni(general, u"IVARNI"_s, u"10.5"_s, archivo) &&
+        EscribirIni(general, u"OperacionesMostrarTODO"_s, u"S"_s, archivo))
         resultado.cambios << u"se creó la configuración %1"_s.arg(archivo);
 }
 
@@ -106,7 +107,7 @@ Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progr
             }
             resultado.cambios << u"%1: %2 filas"_s.arg(tabla).arg(parte.cargadas);
         }
-        ponerTasas(rutaDelPerfil, resultado);
+        ponerConfiguracion(rutaDelPerfil, resultado);
         resultado.ok = true;
     } catch (const Falla &e) {
         resultado.error = e.descripcion;

@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QRegularExpression>
 #include <QSet>
 
+#include "frame/startup.h"
+#include "operations/browser.h"
 #include "subitems/SuffixChecker.h"
 #include "tests/support/tienda.h"
 #include "upgrade/upgrade.h"
@@ -208,6 +212,45 @@ TEST_P(Demostracion, TheOtherFourAreOfTheirKind) {
                   "*")
             << ncm.toStdString();
     }
+}
+
+TEST_P(Demostracion, TheConfigurationShowsEveryOperationAndBothVatRates) {
+    const QString archivo = ArchivoDelPerfil(tienda->perfil());
+    QFile::remove(archivo);
+    ctx->DataManager.CloseAllDataConnection();
+    const actualizacion::Resultado r = actualizacion::CargarDemostracion(tienda->perfil());
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.cambios, QStringList{u"se creó la configuración %1"_s.arg(archivo)});
+    QFile escrito(archivo);
+    ASSERT_TRUE(escrito.open(QIODevice::ReadOnly));
+    EXPECT_EQ(
+        QString::fromUtf8(escrito.readAll()).split(QRegularExpression(u"[\r\n]+"_s), Qt::SkipEmptyParts),
+        (QStringList{"[GENERAL]", "IVARIN=21", "IVARNI=10.5", "OPERACIONESMOSTRARTODO=S"}));
+    // As a program that starts on this profile finds it, with more operations than a page of the list.
+    for (int n = 0; n < 60; ++n) ejecutar(u"insert into caratula (interno) values ('Z%1')"_s.arg(n));
+    AppContext nuevo;
+    nuevo.ajustes = Ajustes(tienda->carpeta() + "/otros.ini");
+    nuevo.dialogos = DialogosDePrueba(registro);
+    ASSERT_TRUE(nuevo.DataManager.usarPerfil(tienda->perfil()));
+    Arrancar(nuevo);
+    EXPECT_TRUE(nuevo.opciones.OperacionesMostrarTODO);
+    const std::vector<FilaDeInterno> lista = LeerInternos(nuevo, {});
+    ASSERT_EQ(lista.size(), 65U);
+    EXPECT_EQ(lista[2].Interno, u"IC-2026-0001"_s);
+}
+
+TEST_P(Demostracion, AConfigurationThatIsThereStays) {
+    const QString archivo = ArchivoDelPerfil(tienda->perfil());
+    QFile f(archivo);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write("[GENERAL]\r\nIVARIN=19\r\n");
+    f.close();
+    ctx->DataManager.CloseAllDataConnection();
+    const actualizacion::Resultado r = actualizacion::CargarDemostracion(tienda->perfil());
+    EXPECT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.cambios, QStringList());
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), QByteArray("[GENERAL]\r\nIVARIN=19\r\n"));
 }
 
 TEST_P(Demostracion, ASecondLoadLeavesWhatIsThere) {
