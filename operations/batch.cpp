@@ -6,6 +6,7 @@
 
 #include "assembly/run.h"
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/jsondialogs.h"
 #include "frame/startup.h"
 #include "header/changes.h"
@@ -177,14 +178,16 @@ const std::map<QString, Poner> &opcionesConocidas() {
 
 bool existe(AppContext &ctx, const QString &clave) {
     Recordset rs;
-    return Consultar(ctx, internos, "select interno from caratula where interno = '"_L1 + clave + "'"_L1, rs);
+    return Consultar(ctx, internos, "select interno from caratula where interno = "_L1 + EnComillas(clave),
+                     rs);
 }
 
 double contar(AppContext &ctx, const QString &tabla, const QString &clave, const char *cola = "") {
     Recordset rs;
     Consultar(
         ctx, internos,
-        "select count(*) as valor from "_L1 + tabla + " where interno = '"_L1 + clave + "'"_L1 + L(cola), rs);
+        "select count(*) as valor from "_L1 + tabla + " where interno = "_L1 + EnComillas(clave) + L(cola),
+        rs);
     return rs.Numero(u"valor");
 }
 

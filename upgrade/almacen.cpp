@@ -124,29 +124,37 @@ QString Almacen::tipoDe(Tipo tipo) const {
 QStringList Almacen::tablas(const QString &esquema) const {
     if (!servidor_) return lista(u"select lower(name) from main.sqlite_master where type = 'table'"_s);
     return lista(
-        u"select c.relname::text from pg_catalog.pg_class c join pg_catalog.pg_namespace n on "
-        "n.oid = c.relnamespace where c.relkind in ('r', 'p', 'v', 'f') and n.nspname = '%1'"_s.arg(esquema));
+        u"select c.relname::text "
+        "from pg_catalog.pg_class c "
+        "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
+        "where c.relkind in ('r', 'p', 'v', 'f') "
+        "and n.nspname = '%1'"_s.arg(esquema));
 }
 
 QStringList Almacen::indices(const QString &esquema) const {
     if (!servidor_) return lista(u"select lower(name) from main.sqlite_master where type = 'index'"_s);
     return lista(
-        u"select c.relname::text from pg_catalog.pg_class c join pg_catalog.pg_namespace n on "
-        "n.oid = c.relnamespace where c.relkind = 'i' and n.nspname = '%1'"_s.arg(esquema));
+        u"select c.relname::text "
+        "from pg_catalog.pg_class c "
+        "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
+        "where c.relkind = 'i' "
+        "and n.nspname = '%1'"_s.arg(esquema));
 }
 
 QHash<QString, ColumnaDelStore> Almacen::columnas(const QString &esquema, const QString &tabla) const {
     QHash<QString, ColumnaDelStore> todas;
     QSqlQuery consulta(db_);
     consulta.setForwardOnly(true);
-    const QString sql =
-        servidor_ ? u"select a.attname::text, t.typname::text, a.attidentity <> '' or a.atthasdef "
-                    "from pg_catalog.pg_attribute a join pg_catalog.pg_class c on c.oid = a.attrelid "
-                    "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
-                    "join pg_catalog.pg_type t on t.oid = a.atttypid "
-                    "where n.nspname = '%1' and c.relname = '%2' and a.attnum > 0 and not "
-                    "a.attisdropped"_s.arg(esquema, tabla)
-                  : u"select lower(name), lower(type), pk from pragma_table_info('%1', 'main')"_s.arg(tabla);
+    const QString sql = servidor_
+                            ? u"select a.attname::text, t.typname::text, a.attidentity <> '' or a.atthasdef "
+                              "from pg_catalog.pg_attribute a "
+                              "join pg_catalog.pg_class c on c.oid = a.attrelid "
+                              "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
+                              "join pg_catalog.pg_type t on t.oid = a.atttypid "
+                              "where n.nspname = '%1' and c.relname = '%2' "
+                              "and a.attnum > 0 and not a.attisdropped"_s.arg(esquema, tabla)
+                            : u"select lower(name), lower(type), pk "
+                              "from pragma_table_info('%1', 'main')"_s.arg(tabla);
     if (!consulta.exec(sql))
         Detener(u"El store %1 no se puede leer: %2"_s.arg(donde_,
                                                           consulta.lastError().databaseText().simplified()));
@@ -162,26 +170,30 @@ void Almacen::prepararServidor() {
         Detener(u"La base %1 no guarda UTF-8; cree otra con esa codificación y nómbrela en el perfil."_s.arg(
             donde_));
     // Texts order by code point, as in the file store, and still know the case of accented letters.
-    const QString orden =
-        lista(u"select datcollate from pg_catalog.pg_database where datname = current_database()"_s).value(0);
+    const QString sqlDelOrden =
+        u"select datcollate "
+        "from pg_catalog.pg_database "
+        "where datname = current_database()"_s;
+    const QString orden = lista(sqlDelOrden).value(0);
     const bool ordena =
         orden == "C"_L1 || orden == "POSIX"_L1 || orden.startsWith("C."_L1, Qt::CaseInsensitive);
-    if (!ordena &&
-        !lista(u"select 1 from pg_catalog.pg_collation where collname = 'C.utf8' and collencoding in "
-               "(-1, pg_char_to_encoding('UTF8'))"_s)
-             .isEmpty())
-        cotejo_ = u" collate pg_catalog.\"C.utf8\""_s;
+    const QString sqlDelCotejo =
+        u"select 1 "
+        "from pg_catalog.pg_collation "
+        "where collname = 'C.utf8' "
+        "and collencoding in (-1, pg_char_to_encoding('UTF8'))"_s;
+    if (!ordena && !lista(sqlDelCotejo).isEmpty()) cotejo_ = u" collate pg_catalog.\"C.utf8\""_s;
     if (lista(u"select lower('Ñ')"_s).value(0) != u"ñ"_s)
         Detener(
             u"La base %1 no distingue mayúsculas de minúsculas en las letras acentuadas; créela con "
             "LC_CTYPE 'C.UTF-8' y nómbrela en el perfil."_s.arg(donde_));
     ejecutar(u"create extension if not exists citext schema public"_s);
-    const QString esquemaDelTipo =
-        lista(
-            u"select n.nspname::text from pg_catalog.pg_extension e join pg_catalog.pg_namespace n on "
-            "n.oid = e.extnamespace where e.extname = 'citext'"_s)
-            .value(0);
-    tipoTexto_ = comillas(esquemaDelTipo) + ".citext"_L1;
+    const QString sqlDelTipo =
+        u"select n.nspname::text "
+        "from pg_catalog.pg_extension e "
+        "join pg_catalog.pg_namespace n on n.oid = e.extnamespace "
+        "where e.extname = 'citext'"_s;
+    tipoTexto_ = comillas(lista(sqlDelTipo).value(0)) + ".citext"_L1;
 }
 
 }  // namespace actualizacion

@@ -127,10 +127,11 @@ void ponerAlDiaLaNumeracion(const Destino &destino) {
     for (const Columna &c : destino.tabla->columnas) {
         if (c.tipo != Tipo::Generado) continue;
         destino.almacen->lista(
-            u"select setval(pg_get_serial_sequence('%1', '%2'), "
-            "greatest(coalesce((select max(%3) from %1), 0) "
-            "+ 1, nextval(pg_get_serial_sequence('%1', '%2'))), false)"_s.arg(destino.nombre, c.nombre,
-                                                                              Almacen::comillas(c.nombre)));
+            u"select setval("
+            "pg_get_serial_sequence('%1', '%2'), "
+            "greatest(coalesce((select max(%3) from %1), 0) + 1, "
+            "nextval(pg_get_serial_sequence('%1', '%2'))), "
+            "false)"_s.arg(destino.nombre, c.nombre, Almacen::comillas(c.nombre)));
     }
 }
 
@@ -156,8 +157,9 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
     a.comenzar();
     try {
         if (reemplazar) a.ejecutar(u"delete from %1"_s.arg(destino.nombre));
-        if (!insercion.prepare(u"insert into %1 (%2) values (%3)"_s.arg(destino.nombre, nombres.join(", "_L1),
-                                                                        marcas.join(", "_L1))))
+        if (!insercion.prepare(
+                u"insert into %1 (%2) "
+                "values (%3)"_s.arg(destino.nombre, nombres.join(", "_L1), marcas.join(", "_L1))))
             Detener(u"El store rechazó la carga de %1: %2"_s.arg(
                 destino.tabla->nombre, insercion.lastError().databaseText().simplified()));
         const qsizetype ancho = lector.encabezado().size();

@@ -172,11 +172,14 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
             presentes.insert(p);
         // A position that is there keeps the columns that the file does not speak of.
         const bool listo =
-            insercion.prepare(u"insert into %1 (%2) values (%3)"_s.arg(destino.nombre, alta.join(", "_L1),
-                                                                       marcas.join(", "_L1))) &&
+            insercion.prepare(
+                u"insert into %1 (%2) "
+                "values (%3)"_s.arg(destino.nombre, alta.join(", "_L1), marcas.join(", "_L1))) &&
             (cambio.isEmpty() ||
-             modificacion.prepare(u"update %1 set %2 where \"001\" = ? and \"002\" = ? and \"003\" = ?"_s.arg(
-                 destino.nombre, cambio.join(", "_L1))));
+             modificacion.prepare(u"update %1 "
+                                  "set %2 "
+                                  "where \"001\" = ? and \"002\" = ? and \"003\" = ?"_s.arg(
+                                      destino.nombre, cambio.join(", "_L1))));
         if (!listo)
             Detener(u"El store rechazó la carga del nomenclador: %1"_s.arg(
                 insercion.lastError().databaseText() + modificacion.lastError().databaseText()));

@@ -6,7 +6,7 @@
 #include <QSqlQuery>
 #include <QUuid>
 
-#include "upgrade/almacen.h"
+#include "upgrade/tablas.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,8 +14,9 @@ namespace servidor {
 
 namespace {
 
-// %S is the schema, %C the text type. Bodies are single expressions on pg_catalog's own types wherever they
-// can be, so that the planner can write them into the statement that calls them.
+// %S is the schema, %C the text type, %T its schema, %O the column that keeps the order of insertion. Bodies
+// are single expressions on pg_catalog's own types wherever they can be, so that the planner can write them
+// into the statement that calls them.
 const char *const funciones[] = {
     // True for a text that reads as one number, for any number; false for null and for empty text.
     R"(create or replace function %S.isnumeric(valor text) returns integer language sql immutable parallel safe as $$
@@ -107,7 +108,7 @@ const char *const funciones[] = {
     // The description of an item: those of its groups in their order, each closed by a semicolon.
     R"(create or replace function %S.groupsubitem_descripcion_select_concat(nro double precision, clave %C)
   returns %C language sql stable as $$
-  select coalesce(pg_catalog.string_agg(coalesce(g.descripcion::text, '') || ';', '' order by g.zfila), '')::%C
+  select coalesce(pg_catalog.string_agg(coalesce(g.descripcion::text, '') || ';', '' order by g.%O), '')::%C
     from %S.groupsubitems g where g.interno operator(%T.=) clave and g.id = nro $$)",
 
     // Gives each cancellation row that has no item yet the item of the line with the same export record.
@@ -209,6 +210,7 @@ QStringList Sentencias(const QString &esquema, const QString &tipoTexto) {
         s.replace("%S"_L1, esquema);
         s.replace("%C"_L1, tipoTexto);
         s.replace("%T"_L1, esquemaDelTipo);
+        s.replace("%O"_L1, actualizacion::columnaDeOrden);
     }
     return sentencias;
 }
