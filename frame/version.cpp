@@ -1,6 +1,6 @@
 #include "frame/version.h"
 
-#include "fechadegeneracion.h"
+#include "build_date.h"
 
 using namespace Qt::StringLiterals;
 

@@ -231,7 +231,7 @@ TEST(Fechas, ATextThatIsNoDateStandsUnchanged) {
 }
 
 TEST(Fechas, TheDayOfTheBuildIsTheOneThatTheBuildWrote) {
-    QFile cabecera(CarpetaDeConstruccion() + "/generado/fechadegeneracion.h"_L1);
+    QFile cabecera(CarpetaDeConstruccion() + "/generado/build_date.h"_L1);
     ASSERT_TRUE(cabecera.open(QIODevice::ReadOnly)) << cabecera.fileName().toStdString();
     EXPECT_EQ(QString::fromLatin1(cabecera.readAll()).section('"', 1, 1), TextoFechaZendra().section(' ', 1));
 }
@@ -244,8 +244,7 @@ TEST(Fechas, ABuildThatIsToldItsDayBearsThatDayAndWritesItOnlyOnce) {
         QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
         entorno.insert("SOURCE_DATE_EPOCH", L(epoca));
         p.setProcessEnvironment(entorno);
-        p.start("cmake",
-                {"-DARCHIVO=" + cabecera, "-P", CarpetaDeFuentes() + "/cmake/FechaDeGeneracion.cmake"});
+        p.start("cmake", {"-DARCHIVO=" + cabecera, "-P", CarpetaDeFuentes() + "/cmake/BuildDate.cmake"});
         ASSERT_TRUE(p.waitForFinished());
         EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
     };
