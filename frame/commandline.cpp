@@ -93,6 +93,7 @@ QString seccion(const QString &titulo, const std::vector<Renglon> &renglones) {
 
 QString seccionDeOpciones(const QString &titulo, const std::vector<Opcion> &opciones) {
     std::vector<Renglon> renglones;
+    renglones.reserve(opciones.size());
     for (const Opcion &o : opciones)
         renglones.emplace_back(conValor(o), t(o.texto) + (o.obligatoria ? u" Obligatoria."_s : QString()) +
                                                 (o.repetible ? u" Puede repetirse."_s : QString()));
@@ -115,6 +116,7 @@ QString usoDe(const Programa &p, const Comando *c) {
 
 QString ayudaDelPrograma(const Programa &p) {
     std::vector<Renglon> comandos;
+    comandos.reserve(p.comandos.size());
     for (const Comando &c : p.comandos) {
         QString nombre = t(c.nombre);
         for (const Argumento &a : c.argumentos) nombre += u" "_s + t(a.nombre);
@@ -131,6 +133,7 @@ QString ayudaDelPrograma(const Programa &p) {
 
 QString ayudaDelComando(const Programa &p, const Comando &c) {
     std::vector<Renglon> argumentos;
+    argumentos.reserve(c.argumentos.size());
     for (const Argumento &a : c.argumentos) argumentos.emplace_back(t(a.nombre), t(a.texto));
     return enLineas(t(c.texto), 0) + u"\nUso: %1\n"_s.arg(usoDe(p, &c)) +
            seccion(u"Argumentos"_s, argumentos) + seccionDeOpciones(u"Opciones del comando"_s, c.opciones) +

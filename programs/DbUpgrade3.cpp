@@ -132,7 +132,7 @@ QString crearPerfilDeServidor(const servidor::Acceso &acceso, QString &ruta) {
         ruta =
             QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + u"/servidor.perfil.ini"_s;
     const QString carpeta = QFileInfo(ruta).absolutePath();
-    if (const QString error = servidor::CrearBase(acceso); !error.isEmpty()) return error;
+    if (QString error = servidor::CrearBase(acceso); !error.isEmpty()) return error;
     if (QDir().mkpath(carpeta) &&
         StoreProfiles::escribirPerfilDeServidor(ruta, u"Servidor"_s, acceso.host, acceso.puerto, acceso.base,
                                                 acceso.usuario, carpeta))
