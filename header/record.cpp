@@ -1,9 +1,9 @@
 #include "header/record.h"
 
-#include <stdexcept>
-
 #include "frame/base/dates.h"
+#include "frame/base/failure.h"
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
 #include "header/fieldrules.h"
 #include "header/invoices.h"
@@ -89,20 +89,22 @@ const std::vector<ColumnaDeCarga> columnas{
 
 void cargarColumna(const AppContext &ctx, Caratula &c, const Recordset &rs, const ColumnaDeCarga &columna) {
     const QString nombre = L(columna.columna);
-    QString &texto = c[columna.control].texto;
+    ControlDeCaratula &control = c[columna.control];
+    QString &texto = control.texto;
     const QString valor = rs.Texto(nombre);
     switch (columna.modo) {
         case Carga::Texto:
             texto = valor;
             break;
         case Carga::Numero:
-            texto = numeros::Format(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal);
+        case Carga::NoCero: {
+            const double numero = rs.Numero(nombre);
+            const bool vacio = columna.modo == Carga::NoCero && numero == 0;
+            texto = vacio ? QString() : numeros::Format(numero, columna.mascara, ctx.SeparadorDecimal);
+            control.mostrado = texto;
+            control.cargado = vacio ? QString() : numeros::aTexto(numero);
             break;
-        case Carga::NoCero:
-            texto = rs.Numero(nombre) != 0
-                        ? numeros::Format(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal)
-                        : QString();
-            break;
+        }
         case Carga::SoN:
             texto = valor == "S"_L1 || valor == "N"_L1 ? valor : QString();
             break;
@@ -119,6 +121,17 @@ void cargarColumna(const AppContext &ctx, Caratula &c, const Recordset &rs, cons
             if (!valor.isEmpty()) texto = valor;
             break;
     }
+}
+
+template <class Controles>
+auto &controlDe(Controles &controles, const QString &nombre) {
+    const auto i = controles.find(nombre);
+    if (i == controles.end())
+        throw Falla{0,
+                    u"FrmCaratula"_s,
+                    u"La carátula no tiene el campo \"%1\", revise el nombre."_s.arg(nombre),
+                    {}};
+    return i->second;
 }
 
 }  // namespace
@@ -204,15 +217,16 @@ const DefinicionDeControl *DefinicionDe(const QString &nombre) {
     return i == porNombre.end() ? nullptr : i->second;
 }
 
+bool EsCampoDeCodigo(const DefinicionDeControl &definicion) {
+    // The reason has two tables, by the direction of the regime, and so none of its own here.
+    return *definicion.clave != 0 || L(definicion.nombre) == "Txtmotdestsusp"_L1;
+}
+
 ControlDeCaratula &Caratula::control(const QString &nombre) {
-    const auto i = controles.find(nombre);
-    if (i == controles.end()) throw std::out_of_range("no such control: " + nombre.toStdString());
-    return i->second;
+    return controlDe(controles, nombre);
 }
 const ControlDeCaratula &Caratula::control(const QString &nombre) const {
-    const auto i = controles.find(nombre);
-    if (i == controles.end()) throw std::out_of_range("no such control: " + nombre.toStdString());
-    return i->second;
+    return controlDe(controles, nombre);
 }
 ControlDeCaratula &Caratula::operator[](const char *nombre) {
     return control(QString(L(nombre)));
@@ -242,7 +256,7 @@ Caratula CaratulaVacia(const QString &interno) {
 bool CargarCaratula(AppContext &ctx, Caratula &c) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, u"INTERNOS"_s, "select * from caratula where interno = '"_L1 + c.interno + "'"_L1,
+    if (!Consultar(ctx, u"INTERNOS"_s, "select * from caratula where interno = "_L1 + EnComillas(c.interno),
                    rs)) {
         ctx.dialogos.advertir(u"No se encontro Interno en base de datos"_s);
         return false;

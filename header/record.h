@@ -15,7 +15,17 @@ struct ControlDeCaratula {
     bool visible = true;
     bool habilitado = true;
     QString texto;
+    QString mostrado;  ///< what a mask shows of a loaded number …
+    QString cargado;   ///< … and the number itself, with all its decimals; empty when none was loaded
 
+    /// What the control stands for: a mask is for showing alone, so a number that nobody has changed since it
+    /// was loaded counts with the decimals that its mask hides.
+    const QString &valor() const { return !cargado.isEmpty() && texto == mostrado ? cargado : texto; }
+    /// A text from a key or a rule. A loaded number is gone with it, also when both look alike.
+    void poner(const QString &nuevo) {
+        texto = nuevo;
+        cargado.clear();
+    }
     /// What the checks call enabled: a hidden control takes no input.
     bool activo() const { return visible && habilitado; }
 };
@@ -34,6 +44,8 @@ struct DefinicionDeControl {
 const std::vector<DefinicionDeControl> &ControlesDeCaratula();
 /// Null for a name that is not one of them; in any case.
 const DefinicionDeControl *DefinicionDe(const QString &nombre);
+/// True for the fields that hold a code, whose letters are capitals.
+bool EsCampoDeCodigo(const DefinicionDeControl &definicion);
 
 /// Names compare without regard to case: a column of `dest` is a control's name in small letters.
 struct SinMayusculas {
@@ -64,13 +76,15 @@ struct Caratula {
     std::map<QString, QString, SinMayusculas> divisaVista;
     ServiciosDeCaratula servicios;
 
-    /// The control; it must be one of ControlesDeCaratula.
+    /// The control, by its name in any case. Raises Falla for a name that is not one of ControlesDeCaratula.
     ControlDeCaratula &operator[](const char *nombre);
     const ControlDeCaratula &operator[](const char *nombre) const;
     ControlDeCaratula &control(const QString &nombre);
     const ControlDeCaratula &control(const QString &nombre) const;
     const QString &texto(const char *nombre) const { return (*this)[nombre].texto; }
-    void poner(const char *nombre, const QString &valor) { (*this)[nombre].texto = valor; }
+    /// The number or text that rules and statements take: `texto` unless a mask shows less than was loaded.
+    const QString &valor(const char *nombre) const { return (*this)[nombre].valor(); }
+    void poner(const char *nombre, const QString &valor) { (*this)[nombre].poner(valor); }
     /// The regime code as it stands.
     const QString &regimen() const { return texto("TxtSubReg"); }
 };
@@ -94,5 +108,6 @@ struct SalidaDeCaratula {
 SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c);
 
 /// The invoices as the column factura1 keeps them: each followed by a comma, cut to 80 characters, less the
-/// last one, so that the last number may be truncated. The table of invoices keeps them whole.
+/// last one, so that the last number may be truncated. The table of invoices keeps them whole. Empty without
+/// invoices; the column then stays as it is.
 QString FacturasEnUnaLinea(const QStringList &facturas);
