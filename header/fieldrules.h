@@ -5,7 +5,9 @@
 #include <QString>
 
 #include "frame/base/verdict.h"
-#include "header/record.h"
+#include "header/caratula.h"
+
+struct AppContext;
 
 /// ENTER on a field: its look-up, its check or its derived figures. ok: the focus moves on; else it goes to
 /// `foco`. A field without a rule just moves on.

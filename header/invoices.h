@@ -4,7 +4,9 @@
 #include <QString>
 #include <QStringList>
 
-#include "header/record.h"
+#include "header/caratula.h"
+
+struct AppContext;
 
 /// The operation's invoices in their order. Raises Falla.
 QStringList CargarFacturas(AppContext &ctx, const QString &interno);
