@@ -311,6 +311,7 @@ void LeerCaratula(ContextoArmado &r) {
         {u"OpcionesGanancias", &ContextoArmado::OpcionesGanancias},
     }};
     for (const Texto &t : textos) r.*t.campo = rs.Texto(t.columna);
+    r.idsubreg = RegimenEnMayusculas(r.idsubreg);
     r.fobdivisas = rs.Numero(u"FOBDIVISAS");
     r.valoraprorratear = rs.Numero(u"VALORAPRORRATEAR");
     r.fletedivisas = rs.Numero(u"fletedivisas");

@@ -7,6 +7,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,10 +51,6 @@ constexpr std::array<Bandera, 4> banderas{{{"eximgan", &Ficha::eximgan},
                                            {"cvdi", &Ficha::cvdi},
                                            {"ExcepLAPIAEC", &Ficha::ExcepLAPIAEC}}};
 
-QString entreComillas(const QString &texto) {
-    return QLatin1Char('\'') + DoblarComillas(texto) + QLatin1Char('\'');
-}
-
 bool existe(AppContext &ctx, const QString &entidad, const QString &sql) {
     Recordset rs;
     return Consultar(ctx, entidad, sql, rs) && rs.Numero(u"cant") > 0;
@@ -81,7 +78,8 @@ void revisarCuit(AppContext &ctx, const QString &cuit, std::vector<Falta> &falta
             {campo, u"El dígito verificador del CUIT %1 no es correcto, revise el número."_s.arg(cuit)});
         return;
     }
-    if (existe(ctx, personal, "select count(*) as cant from clientes where cuit = "_L1 + entreComillas(cuit)))
+    if (existe(ctx, personal,
+               "select count(*) as cant from clientes where cuit = "_L1 + TextoEnComillas(cuit)))
         faltas.push_back(
             {campo,
              u"Ya existe un cliente con el CUIT %1, búsquelo en la lista para modificarlo."_s.arg(cuit)});
@@ -110,12 +108,12 @@ QString loQueFaltaEn(AppContext &ctx, const Ventaja &v) {
     const QString idventaja = v.idventaja.trimmed();
     if (idventaja.isEmpty()) return u"Falta el código de la ventaja"_s;
     if (!existe(ctx, u"SYSTABLAS"_s,
-                "select count(*) as cant from ventajas where id = "_L1 + entreComillas(idventaja)))
+                "select count(*) as cant from ventajas where id = "_L1 + TextoEnComillas(idventaja)))
         return u"La ventaja %1 no existe"_s.arg(idventaja);
     const QString subreg = v.idSubRegimen.trimmed();
     if (!subreg.isEmpty() &&
         !existe(ctx, u"SYSTABLAS"_s,
-                "select count(*) as cant from sta where id = "_L1 + entreComillas(subreg)))
+                "select count(*) as cant from sta where id = "_L1 + TextoEnComillas(subreg)))
         return u"El subrégimen %1 no existe"_s.arg(subreg);
     const QString ncm = v.NCM.trimmed();
     if (!ncm.isEmpty() && !comienzoDePosicion.match(ncm).hasMatch())
@@ -137,22 +135,17 @@ void revisarVentajas(AppContext &ctx, const std::vector<Ventaja> &ventajas, std:
     }
 }
 
-/// The columns with their values, apart from the tax number.
-std::vector<std::pair<QString, QString>> valores(AppContext &ctx, const Ficha &ficha) {
-    const QString separador = ctx.DataManager.getDecimalSeparatorbyEntity(personal);
-    std::vector<std::pair<QString, QString>> todos;
-    todos.reserve(textos.size() + numericos.size() + banderas.size());
-    for (const Texto &t : textos) todos.emplace_back(L(t.columna), entreComillas((ficha.*t.campo).trimmed()));
-    for (const Numero &n : numericos)
-        todos.emplace_back(L(n.columna), AStoreNumero((ficha.*n.campo).trimmed(), separador));
-    for (const Bandera &b : banderas) todos.emplace_back(L(b.columna), ficha.*b.campo ? u"'S'"_s : u"'N'"_s);
-    return todos;
+/// The columns of a record, apart from the tax number.
+void poner(Escritura &escritura, const Ficha &ficha) {
+    for (const Texto &t : textos) escritura.texto(t.columna, (ficha.*t.campo).trimmed());
+    for (const Numero &n : numericos) escritura.numero(n.columna, (ficha.*n.campo).trimmed());
+    for (const Bandera &b : banderas) escritura.marca(b.columna, ficha.*b.campo);
 }
 
 std::vector<Ventaja> leerVentajas(AppContext &ctx, const QString &cuit) {
     std::vector<Ventaja> ventajas;
     Recordset rs;
-    Consultar(ctx, personal, "select * from VentajasRel where cuit = '"_L1 + cuit + "'"_L1, rs);
+    Consultar(ctx, personal, "select * from VentajasRel where cuit = "_L1 + EnComillas(cuit), rs);
     for (; !rs.Eof(); rs.MoveNext())
         ventajas.push_back({rs.Texto(u"idSubRegimen"), rs.Texto(u"NCM"), rs.Texto(u"idventaja")});
     return ventajas;
@@ -161,12 +154,15 @@ std::vector<Ventaja> leerVentajas(AppContext &ctx, const QString &cuit) {
 void guardarVentajas(AppContext &ctx, const QString &cuit, const std::vector<Ventaja> &ventajas) {
     // Untouched rows are not written again: a statement that fails halfway would lose them.
     if (leerVentajas(ctx, cuit) == ventajas) return;
-    Ejecutar(ctx, personal, "delete from VentajasRel where cuit = '"_L1 + cuit + "'"_L1);
+    Ejecutar(ctx, personal, "delete from VentajasRel where cuit = "_L1 + EnComillas(cuit));
     for (const Ventaja &v : ventajas)
         Ejecutar(ctx, personal,
-                 "insert into VentajasRel (cuit,idSubRegimen,NCM,idventaja) values ('"_L1 + cuit + "',"_L1 +
-                     entreComillas(v.idSubRegimen.trimmed()) + ","_L1 + entreComillas(v.NCM.trimmed()) +
-                     ","_L1 + entreComillas(v.idventaja.trimmed()) + ")"_L1);
+                 Escritura(ctx, personal)
+                     .codigo("cuit", cuit)
+                     .texto("idSubRegimen", v.idSubRegimen.trimmed())
+                     .texto("NCM", v.NCM.trimmed())
+                     .texto("idventaja", v.idventaja.trimmed())
+                     .insertar(u"VentajasRel"_s));
 }
 
 QStringList columnaDe(const std::vector<Fila> &filas, QString Fila::*campo) {
@@ -201,7 +197,8 @@ QStringList Cuits(const std::vector<Fila> &filas) {
 
 std::optional<Ficha> Leer(AppContext &ctx, const QString &cuit) {
     Recordset rs;
-    if (!Consultar(ctx, personal, "select * from clientes where cuit = '"_L1 + cuit + "'"_L1, rs)) return {};
+    if (!Consultar(ctx, personal, "select * from clientes where cuit = "_L1 + EnComillas(cuit), rs))
+        return {};
     Ficha ficha;
     ficha.cuit = rs.Texto(u"cuit");
     for (const Texto &t : textos) ficha.*t.campo = rs.Texto(QString(L(t.columna)));
@@ -247,22 +244,13 @@ std::optional<Falta> Guardar(AppContext &ctx, const Ficha &ficha, bool nuevo) {
         return faltas.front();
     }
     const QString cuit = nuevo ? LimpiarCuit(ficha.cuit) : ficha.cuit;
-    QStringList columnas;
-    QStringList datos;
-    QStringList asignaciones;
-    for (const auto &[columna, valor] : valores(ctx, ficha)) {
-        columnas << columna;
-        datos << valor;
-        asignaciones << columna + " = "_L1 + valor;
-    }
-    const QLatin1Char coma(',');
-    if (nuevo)
-        Ejecutar(ctx, personal,
-                 "insert into clientes (cuit,"_L1 + columnas.join(coma) + ") values ('"_L1 + cuit + "',"_L1 +
-                     datos.join(coma) + ")"_L1);
-    else
-        Ejecutar(ctx, personal,
-                 "update clientes set "_L1 + asignaciones.join(coma) + " where cuit = '"_L1 + cuit + "'"_L1);
+    const QString tabla = u"clientes"_s;
+    Escritura escritura(ctx, personal);
+    if (nuevo) escritura.codigo("cuit", cuit);
+    poner(escritura, ficha);
+    Ejecutar(
+        ctx, personal,
+        nuevo ? escritura.insertar(tabla) : escritura.actualizar(tabla, "cuit = "_L1 + EnComillas(cuit)));
     guardarVentajas(ctx, cuit, ficha.ventajas);
     return {};
 }
@@ -270,7 +258,7 @@ std::optional<Falta> Guardar(AppContext &ctx, const Ficha &ficha, bool nuevo) {
 int OperacionesQueLoUsan(AppContext &ctx, const QString &cuit) {
     Recordset rs;
     Consultar(ctx, u"INTERNOS"_s,
-              "select count(*) as cant from caratula where cuitcliente = '"_L1 + cuit + "'"_L1, rs);
+              "select count(*) as cant from caratula where cuitcliente = "_L1 + EnComillas(cuit), rs);
     return rs.Eof() ? 0 : static_cast<int>(rs.Numero(u"cant"));
 }
 
@@ -294,8 +282,8 @@ bool Borrar(AppContext &ctx, const QString &cuit) {
                 usos == 1 ? u"esa operación queda"_s : u"esas operaciones quedan"_s);
     }
     if (!ctx.dialogos.preguntar(pregunta)) return false;
-    Ejecutar(ctx, personal, "delete from VentajasRel where cuit = '"_L1 + cuit + "'"_L1);
-    Ejecutar(ctx, personal, "delete from clientes where cuit = '"_L1 + cuit + "'"_L1);
+    Ejecutar(ctx, personal, "delete from VentajasRel where cuit = "_L1 + EnComillas(cuit));
+    Ejecutar(ctx, personal, "delete from clientes where cuit = "_L1 + EnComillas(cuit));
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include "frame/base/verdict.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
@@ -19,12 +20,7 @@ FrmABMProrrateos::FrmABMProrrateos() : ventana(HacerDialogo()) {
 
 void FrmABMProrrateos::Conectar() {
     for (QLineEdit *campo : {ui.TxtCodigo, ui.TxtDescripcion, ui.TxtValor}) ClCntrl::Vincular(campo);
-    for (QLineEdit *campo : {ui.TxtCodigo, ui.TxtDescripcion})
-        QObject::connect(campo, &QLineEdit::textEdited, ventana.get(), [campo](const QString &texto) {
-            const int lugar = campo->cursorPosition();
-            campo->setText(texto.toUpper());
-            campo->setCursorPosition(lugar);
-        });
+    for (QLineEdit *campo : {ui.TxtCodigo, ui.TxtDescripcion}) campos::EnMayusculas(campo);
     EscucharTeclas(ventana.get(), [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
     EscucharTeclas(ui.Lst, [this](QKeyEvent *tecla) {
         if (tecla->key() != Qt::Key_Delete) return false;

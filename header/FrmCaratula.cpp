@@ -71,8 +71,8 @@ void FrmCaratula::Conectar() {
         if (esDato(*campo.definicion)) ConectarCampo(campo);
     ClCntrl::Vincular(ui.LstFact);
     EscucharTeclas(ui.LstFact, [this](QKeyEvent *tecla) { return LstFact_KeyDown(tecla); });
-    QObject::connect(ui.txtPorc, &QLineEdit::textEdited, v,
-                     [this] { Trabajar([this] { PorcentajeTecla(Contexto(), c_); }); });
+    Escuchar(ui.txtPorc,
+             [this](QEvent *evento) { return evento->type() == QEvent::KeyRelease && txtPorc_KeyUp(); });
     QObject::connect(ui.CmdProrrat, &QPushButton::clicked, v, [this] { CmdProrrat_Click(); });
     QObject::connect(ui.cmdComentario, &QPushButton::clicked, v, [this] { cmdComentario_Click(); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
@@ -85,33 +85,33 @@ void FrmCaratula::Conectar() {
 }
 
 void FrmCaratula::ConectarCampo(const Campo &campo) {
-    const auto anotar = [this] {
-        if (ClCntrl::banderaDeCambios())
-            Manejar(Contexto(), [this] { AnotarCambio(Contexto(), c_.interno); });
-    };
     if (auto *casilla = qobject_cast<QCheckBox *>(campo.control)) {
-        QObject::connect(casilla, &QCheckBox::clicked, casilla, [this, campo, casilla, anotar] {
-            anotar();
+        QObject::connect(casilla, &QCheckBox::clicked, casilla, [this, campo, casilla] {
+            AnotarCambioDeUsuario();
             if (casilla->isChecked()) CasillaTildada(Contexto(), campo.nombre);
         });
         return;
     }
     ClCntrl::Vincular(campo.control);
-    ClCntrl::alCambiar(campo.control, anotar);
+    ClCntrl::alCambiar(campo.control, [this] { AnotarCambioDeUsuario(); });
     auto *linea = qobject_cast<QLineEdit *>(campo.control);
     if (linea == nullptr) return;
+    if (EsCampoDeCodigo(*campo.definicion)) campos::EnMayusculas(linea);
     EscucharTeclas(linea, [this, campo](QKeyEvent *tecla) { return Campo_KeyDown(campo, tecla); });
-    QObject::connect(linea, &QLineEdit::textEdited, linea,
-                     [this, campo] { Trabajar([&] { CampoCambia(Contexto(), c_, campo.nombre); }); });
+    QObject::connect(linea, &QLineEdit::textEdited, linea, [this, campo] {
+        Trabajar([&] {
+            c_.control(campo.nombre).poner(campos::TextoDe(campo.control));
+            CampoCambia(Contexto(), c_, campo.nombre);
+        });
+    });
     Escuchar(linea, [this, campo, linea](QEvent *evento) {
-        if (evento->type() == QEvent::FocusIn) alEntrar_ = linea->text();
-        if (evento->type() == QEvent::FocusOut) {
-            const auto porque = static_cast<QFocusEvent *>(evento)->reason();
-            // A window that comes over this one takes nothing from the field.
-            if (porque != Qt::ActiveWindowFocusReason && porque != Qt::PopupFocusReason &&
-                linea->text() != alEntrar_)
-                QTimer::singleShot(0, linea, [this, campo] { Campo_LostFocus(campo); });
-        }
+        if (evento->type() != QEvent::FocusOut) return false;
+        const auto porque = static_cast<QFocusEvent *>(evento)->reason();
+        // A window that comes over this one takes nothing from the field.
+        if (porque == Qt::ActiveWindowFocusReason || porque == Qt::PopupFocusReason) return false;
+        // Later, with the keyboard where it goes: the rule may ask.
+        if (std::exchange(dejado_, nullptr) != linea)
+            QTimer::singleShot(0, linea, [this, campo] { Campo_LostFocus(campo); });
         return false;
     });
 }
@@ -182,6 +182,12 @@ void FrmCaratula::OcultarGruposVacios() {
     }
 }
 
+void FrmCaratula::AnotarCambioDeUsuario() {
+    if (!ClCntrl::banderaDeCambios()) return;
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] { AnotarCambio(ctx, c_.interno); });
+}
+
 void FrmCaratula::Trabajar(const std::function<void()> &hacer) {
     Leer();
     Manejar(Contexto(), hacer);
@@ -212,10 +218,12 @@ bool FrmCaratula::Campo_KeyDown(const Campo &campo, const QKeyEvent *tecla) {
 bool FrmCaratula::Campo_Enter(const Campo &campo) {
     Veredicto v = Veredicto::bien();
     Trabajar([&] { v = CampoEnter(Contexto(), c_, campo.nombre); });
-    // What ENTER has looked at, leaving the field does not look at again; amounts and dates take their form.
+    // What ENTER has looked at, the focus that goes on because of it does not look at again.
     Campo_LostFocus(campo);
-    alEntrar_ = campos::TextoDe(campo.control);
-    if (v.ok && v.foco.isEmpty()) return false;
+    if (v.ok && v.foco.isEmpty()) {
+        dejado_ = campo.control;
+        return false;
+    }
     PonerFoco(v.foco);
     return true;
 }
@@ -237,14 +245,19 @@ bool FrmCaratula::Campo_F6(const Campo &campo) {
             CampoF6(ctx, c_, campo.nombre);
         }
     });
-    if (campos::TextoDe(campo.control) != alEntrar_) Manejar(ctx, [&] { AnotarCambio(ctx, c_.interno); });
-    alEntrar_ = campos::TextoDe(campo.control);
     return true;
 }
 
 void FrmCaratula::Campo_LostFocus(const Campo &campo) {
     if (!ventana->isVisible()) return;
     Trabajar([&] { CampoPierdeFoco(Contexto(), c_, campo.nombre); });
+    if (auto *linea = qobject_cast<QLineEdit *>(campo.control)) linea->setModified(false);
+}
+
+bool FrmCaratula::txtPorc_KeyUp() {
+    // The key that leaves the field is released in the next one.
+    if (ui.txtPorc->hasFocus()) Trabajar([this] { PorcentajeTecla(Contexto(), c_); });
+    return false;
 }
 
 bool FrmCaratula::LstFact_KeyDown(const QKeyEvent *tecla) {
@@ -269,18 +282,20 @@ void FrmCaratula::cmdComentario_Click() {
 }
 
 void FrmCaratula::Form_Escape() {
-    // The field in hand is left too.
+    // The field in hand is left too, when something was typed into it.
     for (const Campo &campo : campos_)
-        if (campo.control->hasFocus() && campo.definicion->tipo == TipoDeControl::Texto &&
-            campos::TextoDe(campo.control) != alEntrar_)
+        if (auto *linea = qobject_cast<QLineEdit *>(campo.control);
+            linea != nullptr && linea->hasFocus() && linea->isModified())
             Campo_LostFocus(campo);
     SalidaDeCaratula salida;
+    // The forms that saving gives to texts change nothing that the user has not changed.
+    ClCntrl::banderaDeCambios() = false;
     Trabajar([&] { salida = GuardarCaratula(Contexto(), c_); });
     if (!salida.cierra) {
+        ClCntrl::banderaDeCambios() = true;
         PonerFoco(salida.foco);
         return;
     }
-    ClCntrl::banderaDeCambios() = false;
     const auto avisar = std::move(alCerrar);
     CerrarPantalla<FrmCaratula>();
     if (avisar) avisar();

@@ -40,6 +40,7 @@ class FrmCaratula {
     bool Campo_Enter(const Campo &campo);
     bool Campo_F6(const Campo &campo);
     void Campo_LostFocus(const Campo &campo);
+    bool txtPorc_KeyUp();
     bool LstFact_KeyDown(const QKeyEvent *tecla);
     void CmdProrrat_Click();
     void cmdComentario_Click();
@@ -50,9 +51,10 @@ class FrmCaratula {
     void EscribirOpciones();
     void OcultarGruposVacios();
     void Trabajar(const std::function<void()> &hacer);
+    void AnotarCambioDeUsuario();
     void PonerFoco(const QString &nombre);
 
     std::vector<Campo> campos_;
     Caratula c_;
-    QString alEntrar_;  ///< the text of the field in hand when it took the focus
+    const QWidget *dejado_ = nullptr;  ///< the field whose rule of leaving ENTER has run already
 };

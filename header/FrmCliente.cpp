@@ -6,6 +6,7 @@
 
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmListado.h"
@@ -64,7 +65,10 @@ void FrmCliente::Conectar() {
     for (const QCheckBox *marca : {ui.chkEximGan, ui.chkIvaReduccion})
         QObject::connect(marca, &QCheckBox::toggled, v, [this] { HabilitarPorcentajes(); });
 
-    for (QLineEdit *campo : {ui.TxtVentaja, ui.TxtNcm}) ClCntrl::Vincular(campo);
+    for (QLineEdit *campo : {ui.TxtVentaja, ui.TxtNcm}) {
+        ClCntrl::Vincular(campo);
+        campos::EnMayusculas(campo);
+    }
     EscucharTeclas(ui.TxtVentaja, [this](QKeyEvent *tecla) { return TxtVentaja_KeyDown(tecla); });
     QObject::connect(ui.TxtVentaja, &QLineEdit::textChanged, v,
                      [this](const QString &id) { ui.LbVentaja->setText(DescripcionDeVentaja(id)); });
@@ -224,14 +228,14 @@ void FrmCliente::ElegirVentaja() {
         vistas << v.descripcion + " ("_L1 + v.id + QLatin1Char(')');
     const int cual = Contexto().dialogos.elegir({u"Ventajas"_s, vistas, -1, Eleccion::Tipo::Codigos});
     if (cual >= 0 && cual < static_cast<int>(catalogo_.size()))
-        ui.TxtVentaja->setText(catalogo_[static_cast<std::size_t>(cual)].id.trimmed());
+        ui.TxtVentaja->setText(catalogo_[static_cast<std::size_t>(cual)].id.trimmed().toUpper());
     ui.TxtVentaja->selectAll();
 }
 
 void FrmCliente::cmdAgregarVentaja_Click() {
     AppContext &ctx = Contexto();
-    const ClientBook::Ventaja v{ui.TxtSubReg->text().trimmed(), ui.TxtNcm->text().trimmed().toUpper(),
-                                ui.TxtVentaja->text().trimmed().toUpper()};
+    const ClientBook::Ventaja v{ui.TxtSubReg->text().trimmed(), ui.TxtNcm->text().trimmed(),
+                                ui.TxtVentaja->text().trimmed()};
     if (v == ClientBook::Ventaja()) {
         // Nothing to add: the work goes on.
         ui.cmdGuardar->setFocus();

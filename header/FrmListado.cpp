@@ -7,6 +7,7 @@
 
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
@@ -154,29 +155,18 @@ struct CampoVinculado {
         campo->selectAll();
     }
 
-    void Confirmar() {
+    /// `silencio` 1: without a word about a code that is not kept.
+    void Confirmar(int silencio = 0) {
         if (CampoRellenaCeros(campo->objectName())) campo->setText(RellenarCodigo(campo->text()));
         const QString clave = claveDe(campo);
         CampoDeCodigo escrito = leer(campo, clave);
-        const bool existe = ConfirmarCodigo(Contexto(), clave, escrito, regla.servicio);
+        const bool existe = ConfirmarCodigo(Contexto(), clave, escrito, regla.servicio, silencio);
         conservarDescripcion(escrito, existe);
         Escribir(escrito);
     }
 
     void AlSalir() {
-        if (!tocado) return;
-        if (CampoRellenaCeros(campo->objectName())) campo->setText(RellenarCodigo(campo->text()));
-        const QString clave = claveDe(campo);
-        CampoDeCodigo escrito = leer(campo, clave);
-        AppContext &ctx = Contexto();
-        if (regla.servicio == ServicioDeCodigo::Descripcion) {
-            escrito.descripcion = BuscarDescripcion(ctx, clave, escrito.codigo, escrito.aux, 1);
-        } else if (const QString guardado = BuscarId(ctx, clave, escrito.codigo, escrito.aux, 1);
-                   !guardado.isEmpty()) {
-            escrito.codigo = guardado;
-            conservarDescripcion(escrito, true);
-        }
-        Escribir(escrito);
+        if (tocado) Confirmar(1);
     }
 
     bool KeyDown(const QKeyEvent *tecla) {
@@ -189,14 +179,6 @@ struct CampoVinculado {
         return false;
     }
 };
-
-void enMayusculas(QLineEdit *campo, const QString &texto) {
-    const QString mayusculas = texto.toUpper();
-    if (mayusculas == texto) return;
-    const int cursor = campo->cursorPosition();
-    campo->setText(mayusculas);
-    campo->setCursorPosition(cursor);
-}
 
 }  // namespace
 
@@ -213,10 +195,8 @@ void VincularCodigo(QLineEdit *campo, QLabel *descripcion, ReglaDeCodigo regla) 
         if (motivo != Qt::ActiveWindowFocusReason && motivo != Qt::PopupFocusReason) vinculado->AlSalir();
         return false;
     });
-    QObject::connect(campo, &QLineEdit::textEdited, campo, [vinculado](const QString &texto) {
-        vinculado->tocado = true;
-        enMayusculas(vinculado->campo, texto);
-    });
+    QObject::connect(campo, &QLineEdit::textEdited, campo, [vinculado] { vinculado->tocado = true; });
+    campos::EnMayusculas(campo);
 }
 
 void MostrarDescripcion(const QLineEdit *campo, QLabel *descripcion, QString *aux) {

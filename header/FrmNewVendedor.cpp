@@ -37,7 +37,8 @@ void FrmNewVendedor::Cargar(const Vendedor &vendedor, bool editando) {
     ui.TxtCodigo->setEnabled(!editando);
     ui.TxtNombre->setText(vendedor.nombre);
     ui.TxtDomicilio->setText(vendedor.domicilio);
-    ui.cboPais->setCurrentIndex(ui.cboPais->findData(vendedor.paisdelexportador));
+    ui.cboPais->setCurrentIndex(
+        ui.cboPais->findData(vendedor.paisdelexportador, Qt::UserRole, Qt::MatchFixedString));
     const bool conCodigo = editando || !vendedor.codigo.isEmpty();
     (conCodigo ? ui.TxtNombre : ui.TxtCodigo)->setFocus();
 }

@@ -69,8 +69,9 @@ constexpr std::array<Definicion, 15> definiciones{{
      "select id,' ' + descripcion AS descr from UNIDADES order by descripcion ", Forma::Unidad,
      anchoDeCodigo},
     {"PUERTO", "Puertos", "INTERNOS",
-     "select cpor as id,lpor as descripcion from puertos where cpor is not null and lpor is not null  order "
-     "by lpor",
+     "select cpor as id,lpor as descripcion from puertos"
+     " where cpor is not null and lpor is not null "
+     " order by lpor",
      Forma::Puerto, anchoDePuerto},
     {"DIVISAS", "Divisas", "INTERNOS", "select * from DIVISAS order by descripcion,id", Forma::Divisa,
      anchoDeCodigo},

@@ -2,14 +2,16 @@
 
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/escritura.h"
 #include "header/automotive.h"
 
 using namespace Qt::StringLiterals;
 
 void MarcarArmado(AppContext &ctx, const QString &interno, bool pendiente) {
     Ejecutar(ctx, u"INTERNOS"_s,
-             "update caratula set factura8 = '"_L1 + (pendiente ? "S"_L1 : "N"_L1) + "' where interno = "_L1 +
-                 EnComillas(interno));
+             Escritura(ctx)
+                 .marca("factura8", pendiente)
+                 .actualizar(u"caratula"_s, "interno = "_L1 + EnComillas(interno)));
 }
 
 void AnotarCambio(AppContext &ctx, const QString &interno) {
@@ -17,7 +19,7 @@ void AnotarCambio(AppContext &ctx, const QString &interno) {
     Recordset rs;
     const bool pendiente =
         Consultar(ctx, u"INTERNOS"_s,
-                  "select factura8 from caratula where interno = '"_L1 + interno + QLatin1Char('\''), rs) &&
+                  "select factura8 from caratula where interno = "_L1 + EnComillas(interno), rs) &&
         rs.Texto(u"factura8") == "S"_L1;
     if (!pendiente) MarcarArmado(ctx, interno, true);
     if (!LeerAEC(ctx, interno).isEmpty()) GuardarAEC(ctx, interno, {});

@@ -1,5 +1,5 @@
 #pragma once
-// What every change of a header or of a line does to its operation.
+// What every change of a header, of a line or of a proration code does to its operation.
 
 #include <QString>
 

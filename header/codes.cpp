@@ -7,6 +7,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/escritura.h"
 #include "header/ListadoCodigos.h"
 
 using namespace Qt::StringLiterals;
@@ -50,17 +51,17 @@ constexpr Servicio identidad{"id", "BuscarId", &Tabla::entidadId};
 
 QString sentencia(const Tabla &t, const Servicio &s, const QString &codigo) {
     if (L(t.tabla) == "PUERTOS"_L1)
-        return "SELECT LPOR as descripcion FROM PUERTOS where cpor = '"_L1 + codigo + "'"_L1;
-    return "select "_L1 + L(s.columna) + " from "_L1 + L(t.tabla) + " where id ='"_L1 + codigo + "'"_L1;
+        return "SELECT LPOR as descripcion FROM PUERTOS where cpor = "_L1 + EnComillas(codigo);
+    return "select "_L1 + L(s.columna) + " from "_L1 + L(t.tabla) + " where id ="_L1 + EnComillas(codigo);
 }
 
 void completarAux(AppContext &ctx, const QString &clave, const QString &codigo, QString &aux) {
     Recordset rs;
     if (clave == "SUBREG"_L1 &&
-        Consultar(ctx, u"SYSTABLAS"_s, "select cstaimpexp from sta where id = '"_L1 + codigo + "'"_L1, rs))
+        Consultar(ctx, u"SYSTABLAS"_s, "select cstaimpexp from sta where id = "_L1 + EnComillas(codigo), rs))
         aux = rs.Texto(u"cstaimpexp");
     if (aux == "Div"_L1 &&
-        Consultar(ctx, u"INTERNOS"_s, "select * from divisas where id = '"_L1 + codigo + "'"_L1, rs))
+        Consultar(ctx, u"INTERNOS"_s, "select * from divisas where id = "_L1 + EnComillas(codigo), rs))
         aux = numeros::Format(rs.Numero(u"imp"), u"00.000000", ctx.SeparadorDecimal);
 }
 
@@ -152,25 +153,27 @@ QString Listar(AppContext &ctx, const QString &clave, QString &codigo, QString &
 bool ElegirCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo) {
     const auto fila = elegirFila(ctx, clave);
     if (!fila || fila->codigo.isEmpty()) return false;
-    campo.codigo = fila->codigo;
+    campo.codigo = fila->codigo.toUpper();
     campo.descripcion = fila->descripcion.trimmed();
     auxDeFila(ctx, clave, *fila, campo.aux);
     return true;
 }
 
-bool ConfirmarCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo, ServicioDeCodigo servicio) {
+bool ConfirmarCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo, ServicioDeCodigo servicio,
+                     int silencio) {
     if (campo.codigo.isEmpty()) {
         campo.descripcion.clear();
         return true;
     }
+    campo.codigo = campo.codigo.toUpper();
     if (servicio == ServicioDeCodigo::Descripcion) {
-        campo.descripcion = BuscarDescripcion(ctx, clave, campo.codigo, campo.aux);
+        campo.descripcion = BuscarDescripcion(ctx, clave, campo.codigo, campo.aux, silencio);
         return !campo.descripcion.isEmpty();
     }
-    const QString guardado = BuscarId(ctx, clave, campo.codigo, campo.aux);
+    const QString guardado = BuscarId(ctx, clave, campo.codigo, campo.aux, silencio);
     campo.descripcion.clear();
     if (guardado.isEmpty()) return false;
-    campo.codigo = guardado;
+    campo.codigo = guardado.toUpper();
     return true;
 }
 
@@ -199,7 +202,7 @@ QString ControlDivisa(AppContext &ctx, const QString &divisa, const QString &val
     if (divisa.isEmpty()) return valor;
     const QString internos = u"INTERNOS"_s;
     Recordset rs;
-    if (!Consultar(ctx, internos, "select [imp] from divisas where id = '"_L1 + divisa + "'"_L1, rs)) {
+    if (!Consultar(ctx, internos, "select [imp] from divisas where id = "_L1 + EnComillas(divisa), rs)) {
         ctx.dialogos.advertir(u"No se encontro codigo de DIVISAS en base."_s);
         return valor;
     }
@@ -214,11 +217,9 @@ QString ControlDivisa(AppContext &ctx, const QString &divisa, const QString &val
              Icono::Pregunta,
              false}))
         return valor;
-    const qint64 cambiadas =
-        Ejecutar(ctx, internos,
-                 "update divisas set imp = "_L1 +
-                     AStoreNumero(valor, ctx.DataManager.getDecimalSeparatorbyEntity(internos)) +
-                     " where id = '"_L1 + divisa + "'"_L1);
+    const qint64 cambiadas = Ejecutar(
+        ctx, internos,
+        Escritura(ctx).numero("imp", valor).actualizar(u"divisas"_s, "id = "_L1 + EnComillas(divisa)));
     if (cambiadas > 0)
         ctx.dialogos.informar(u"Valor Guardado Correctamente."_s);
     else

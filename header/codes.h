@@ -31,17 +31,18 @@ struct CampoDeCodigo {
     QString descripcion;
     QString aux;
 };
-/// F6 on a coded field: Listar; true when a row was chosen, and then the field holds its code and the plain
-/// description.
+/// F6 on a coded field: Listar; true when a row was chosen, and then the field holds its code, in capitals
+/// whatever the table has, and the plain description.
 bool ElegirCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo);
 
 /// Which service answers ENTER.
 enum class ServicioDeCodigo { Descripcion, Id };
-/// ENTER on a coded field: fills the description (Descripcion), or writes the code as stored (Id), and
-/// answers whether the code exists. A code that does not is told with the service's warning; the description
-/// is then emptied and the code stays. An empty field empties the description and is no failure.
+/// ENTER on a coded field: fills the description (Descripcion), or takes the code that the table has (Id),
+/// and answers whether the code exists. The code is in capitals behind it, whatever the table has. A code
+/// that does not exist is told with the service's warning unless `silencio` is 1; the description is then
+/// emptied and the code stays. An empty field empties the description and is no failure.
 bool ConfirmarCodigo(AppContext &ctx, const QString &clave, CampoDeCodigo &campo,
-                     ServicioDeCodigo servicio = ServicioDeCodigo::Descripcion);
+                     ServicioDeCodigo servicio = ServicioDeCodigo::Descripcion, int silencio = 0);
 
 /// A numeric code shorter than three characters with zeros ahead ("2" gives "002"); any other text as it is.
 QString RellenarCodigo(const QString &codigo);

@@ -3,7 +3,6 @@
 #include "frame/base/dates.h"
 #include "frame/base/numbers.h"
 #include "frame/context.h"
-#include "header/changes.h"
 #include "header/codes.h"
 #include "header/invoices.h"
 #include "header/parties.h"
@@ -27,11 +26,6 @@ constexpr Importe importes[] = {{"Txtfobdivisas", "TxtCoddivfob", "TxtDivValorFo
                                 {"Txtsegurodivisas", "TxtCodDivseguro", "TxtDivValorSeguro", "TxtDolSeguro"}};
 
 constexpr const char *mascaraDeCotizacion = "0.000000";
-
-/// Fields whose text takes the form of an amount when they lose the focus.
-constexpr const char *conFormaDeImporte[] = {"Txtfobdivisas", "Txtfletedivisas", "Txtsegurodivisas",
-                                             "TxtProrratear", "TxtAjustIncluir", "TxtAjustDeducir",
-                                             "TxtKgNeto",     "txtDCComiExt"};
 
 bool esNombre(const QString &nombre, const char *control) {
     return nombre.compare(L(control), Qt::CaseInsensitive) == 0;
@@ -92,9 +86,9 @@ bool revisarSN(AppContext &ctx, Caratula &c, const char *control) {
 
 /// The client's percentages fill what is added to the value and what is spread over the lines.
 void fobEnter(const AppContext &ctx, Caratula &c) {
-    const QString &texto = c.texto("Txtfobdivisas");
-    if (!esNumerico(texto)) return;
-    const double fob = aNumero(texto);
+    const QString &valor = c.valor("Txtfobdivisas");
+    if (!esNumerico(valor)) return;
+    const double fob = aNumero(valor);
     constexpr double ciento = 100;
     if (c.regalias > 0)
         c.poner("TxtAjustIncluir", Format(fob * c.regalias / ciento, u"00.00", ctx.SeparadorDecimal));
@@ -122,6 +116,7 @@ void vendedorEnter(AppContext &ctx, Caratula &c) {
 
 void RegimenEnter(AppContext &ctx, Caratula &c) {
     if (c.regimen().isEmpty()) return;
+    c.poner("TxtSubReg", RegimenEnMayusculas(c.regimen()));
     CampoDeCodigo campo{c.regimen(), {}, c.cstaimpexp};
     ConfirmarCodigo(ctx, u"SUBREG"_s, campo);
     c.poner("TxtSubRegDesc", campo.descripcion);
@@ -169,8 +164,8 @@ void TomarMotivo(Caratula &c, const QString &elegido) {
 
 void RecalcularDolar(const AppContext &ctx, Caratula &c, const char *importe, const char *tipoDeCambio,
                      const char *etiqueta) {
-    const QString &valor = c.texto(importe);
-    const QString &cambio = c.texto(tipoDeCambio);
+    const QString &valor = c.valor(importe);
+    const QString &cambio = c.valor(tipoDeCambio);
     if (!esNumerico(valor) || !esNumerico(cambio)) {
         c.poner(etiqueta, {});
         return;
@@ -185,7 +180,7 @@ void RecalcularDolares(const AppContext &ctx, Caratula &c) {
 }
 
 void HabilitarProrrateo(Caratula &c) {
-    const QString &valor = c.texto("TxtProrratear");
+    const QString &valor = c.valor("TxtProrratear");
     c["CmdProrrat"].habilitado = !esNumerico(valor) || aNumero(valor) == 0;
 }
 
@@ -242,7 +237,7 @@ void CampoCambia(const AppContext &ctx, Caratula &c, const QString &nombre) {
 }
 
 void PorcentajeTecla(const AppContext &ctx, Caratula &c) {
-    const QString &porcentaje = c.texto("txtPorc");
+    const QString &porcentaje = c.valor("txtPorc");
     if (porcentaje.isEmpty()) return;
     if (!esNumerico(porcentaje)) {
         c.poner("Txtsegurodivisas", {});
@@ -254,11 +249,11 @@ void PorcentajeTecla(const AppContext &ctx, Caratula &c) {
     const QString &fob = c.texto("TxtDolFob");
     const QString &flete = c.texto("TxtDolFlete");
     if (!esNumerico(fob) || !esNumerico(flete)) return;
-    const QString &prorratear = c.texto("TxtProrratear");
+    const QString &prorratear = c.valor("TxtProrratear");
     double base = aNumero(fob) + aNumero(flete);
     if (esNumerico(prorratear) || c.totalProrrateado > 0) base += aNumero(prorratear) + c.totalProrrateado;
     const QString dolares = Format(numeros::PorcentajeRedondeado(base, tasa), u"00.00", ctx.SeparadorDecimal);
-    const QString &cambio = c.texto("TxtDivValorSeguro");
+    const QString &cambio = c.valor("TxtDivValorSeguro");
     if (esNumerico(cambio) && aNumero(cambio) > 0)
         c.poner("Txtsegurodivisas",
                 Format(aNumero(dolares) / aNumero(cambio), u"00.00", ctx.SeparadorDecimal));
@@ -266,15 +261,14 @@ void PorcentajeTecla(const AppContext &ctx, Caratula &c) {
 }
 
 void CampoPierdeFoco(AppContext &ctx, Caratula &c, const QString &nombre) {
-    for (const char *importe : conFormaDeImporte) {
-        if (!esNombre(nombre, importe) || !esNumerico(c.texto(importe))) continue;
-        c.poner(importe, Format(c.texto(importe), u"00.00", ctx.SeparadorDecimal));
-        CampoCambia(ctx, c, nombre);
-    }
     for (const Importe &i : importes) {
-        if (!esNombre(nombre, i.cotizacion)) continue;
-        c.poner(i.cotizacion, ControlDivisa(ctx, c.texto(i.divisa), c.texto(i.cotizacion)));
-        AnotarCambio(ctx, c.interno);
+        if (esNombre(nombre, i.importe) && esNumerico(c.texto(i.importe))) {
+            const QString conForma = Format(c.texto(i.importe), u"00.00", ctx.SeparadorDecimal);
+            if (conForma != c.texto(i.importe)) c.poner(i.importe, conForma);
+            CampoCambia(ctx, c, nombre);
+        }
+        // The rate stays the one that was typed, whatever the answer.
+        if (esNombre(nombre, i.cotizacion)) ControlDivisa(ctx, c.texto(i.divisa), c.valor(i.cotizacion));
     }
     if (esNombre(nombre, "TxtPlazoaut"))
         if (const auto fecha = fechas::Leer(c.texto("TxtPlazoaut")))

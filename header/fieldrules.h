@@ -5,7 +5,9 @@
 #include <QString>
 
 #include "frame/base/verdict.h"
-#include "header/record.h"
+#include "header/caratula.h"
+
+struct AppContext;
 
 /// ENTER on a field: its look-up, its check or its derived figures. ok: the focus moves on; else it goes to
 /// `foco`. A field without a rule just moves on.
@@ -19,11 +21,13 @@ bool CampoF6(AppContext &ctx, Caratula &c, const QString &nombre);
 /// A text changed: dollar labels and the button of the proration codes.
 void CampoCambia(const AppContext &ctx, Caratula &c, const QString &nombre);
 
-/// A key was released in txtPorc: the insurance from its percentage.
+/// A key was released in txtPorc, also one that changed nothing there: the insurance from its percentage and
+/// from the amounts as they are now.
 void PorcentajeTecla(const AppContext &ctx, Caratula &c);
 
-/// The field lost the focus: amounts take their form, rates are held against the table (and the operation is
-/// marked as changed), dates take their form.
+/// The field lost the focus, on whatever road: the three amounts take their form, a rate is held against the
+/// table (what was typed stays), the term takes the form of a date. What that changes is marked as every
+/// change of a field is, by the screen.
 void CampoPierdeFoco(AppContext &ctx, Caratula &c, const QString &nombre);
 
 /// A tick box was ticked by the user: the two that force a common datum warn.

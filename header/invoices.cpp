@@ -1,18 +1,33 @@
 #include "header/invoices.h"
 
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
+#include "header/changes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using L = QLatin1String;
-
 const QString internos = u"INTERNOS"_s;
 
-QString clave(const QString &interno, const QString &factura) {
-    return "interno = '"_L1 + interno + "' and factura = '"_L1 + factura + "'"_L1;
+/// The condition that finds one invoice of the operation.
+QString esFactura(const QString &interno, const QString &factura) {
+    return "interno = "_L1 + EnComillas(interno) + " and factura = "_L1 + EnComillas(factura);
+}
+
+bool yaEsta(AppContext &ctx, const QString &interno, const QString &factura) {
+    Recordset rs;
+    Consultar(ctx, internos, "select count(*) as cant from facturas where "_L1 + esFactura(interno, factura),
+              rs);
+    return !rs.Eof() && rs.Numero(u"cant") > 0;
+}
+
+double ultimoOrden(AppContext &ctx, const QString &interno) {
+    Recordset rs;
+    Consultar(ctx, internos,
+              "select Max(orden) as ord from facturas where interno = "_L1 + EnComillas(interno), rs);
+    return rs.Eof() ? 0 : rs.Numero(u"ord");
 }
 
 }  // namespace
@@ -20,7 +35,8 @@ QString clave(const QString &interno, const QString &factura) {
 QStringList CargarFacturas(AppContext &ctx, const QString &interno) {
     Recordset rs;
     Consultar(ctx, internos,
-              "select factura from facturas where interno = '"_L1 + interno + "' order by orden"_L1, rs);
+              "select factura from facturas where interno = "_L1 + EnComillas(interno) + " order by orden"_L1,
+              rs);
     QStringList facturas;
     for (; !rs.Eof(); rs.MoveNext()) facturas << rs.Texto(u"factura");
     return facturas;
@@ -32,25 +48,22 @@ void RefrescarFacturas(AppContext &ctx, Caratula &c) {
 }
 
 bool Agregar_Facturas(AppContext &ctx, Caratula &c, const QString &factura) {
-    Recordset rs;
-    if (Consultar(ctx, internos,
-                  "select count(*) as cant from facturas where "_L1 + clave(c.interno, factura), rs) &&
-        rs.Numero(u"cant") > 0) {
+    if (yaEsta(ctx, c.interno, factura)) {
         ctx.dialogos.advertir(u"Ya existe esta factura."_s);
         return false;
     }
-    Consultar(ctx, internos,
-              "select Max(orden) as ord from facturas where interno = '"_L1 + c.interno + "'"_L1, rs);
-    const double orden = rs.Eof() ? 0 : rs.Numero(u"ord");
+    const QString orden = numeros::aTexto(ultimoOrden(ctx, c.interno) + 1);
     Ejecutar(ctx, internos,
-             "insert into facturas(interno,orden,factura) values ('"_L1 + c.interno + "',"_L1 +
-                 numeros::aTexto(orden + 1) + ",'"_L1 + factura + "')"_L1);
+             "insert into facturas(interno,orden,factura) values ("_L1 + EnComillas(c.interno) + u',' +
+                 orden + u',' + EnComillas(factura) + u')');
+    AnotarCambio(ctx, c.interno);
     RefrescarFacturas(ctx, c);
     c.poner("TxtFactura", {});
     return true;
 }
 
 void Eliminar_Factura(AppContext &ctx, Caratula &c, const QString &factura) {
-    Ejecutar(ctx, internos, "delete from facturas where "_L1 + clave(c.interno, factura));
+    Ejecutar(ctx, internos, "delete from facturas where "_L1 + esFactura(c.interno, factura));
+    AnotarCambio(ctx, c.interno);
     RefrescarFacturas(ctx, c);
 }

@@ -9,15 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using L = QLatin1String;
-
 constexpr qsizetype largoDeCuit = 11;
 
 const QString personal = u"PERSONAL"_s;
 
 bool leerVendedor(AppContext &ctx, const QString &codigo, QString &nombre) {
     Recordset rs;
-    if (!Consultar(ctx, personal, "select nombre from vendedor where codigo = '"_L1 + codigo + "'"_L1, rs))
+    if (!Consultar(ctx, personal, "select nombre from vendedor where codigo = "_L1 + EnComillas(codigo), rs))
         return false;
     nombre = rs.Texto(u"nombre");
     return true;
@@ -64,7 +62,7 @@ bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre) {
         return false;
     }
     Recordset rs;
-    if (!Consultar(ctx, u"PERSONAL"_s, "select nombre from despadu where cuit = '"_L1 + cuit + "'"_L1, rs)) {
+    if (!Consultar(ctx, personal, "select nombre from despadu where cuit = "_L1 + EnComillas(cuit), rs)) {
         ctx.dialogos.advertir(u"No se encontró el CUIT Ingresado"_s);
         return false;
     }
@@ -74,11 +72,11 @@ bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre) {
 
 QString BuscarNombre(AppContext &ctx, const QString &tabla, const QString &codigo) {
     if (tabla == "clientes"_L1)
-        return leerNombre(ctx, "select nombre from clientes where cuit = '"_L1 + codigo + "'"_L1);
+        return leerNombre(ctx, "select nombre from clientes where cuit = "_L1 + EnComillas(codigo));
     if (tabla == "despadu"_L1)
-        return leerNombre(ctx, "select nombre from despadu where cuit = '"_L1 + codigo + "'"_L1);
+        return leerNombre(ctx, "select nombre from despadu where cuit = "_L1 + EnComillas(codigo));
     if (tabla == "vendedor"_L1)
-        return leerNombre(ctx, "select nombre from vendedor where codigo = '"_L1 + codigo + "'"_L1);
+        return leerNombre(ctx, "select nombre from vendedor where codigo = "_L1 + EnComillas(codigo));
     return {};
 }
 
@@ -89,7 +87,8 @@ BusquedaDeCliente BuscarCliente(AppContext &ctx, const QString &cuit, ClienteDeC
     }
     Recordset rs;
     if (!Consultar(ctx, personal,
-                   "select nombre,regalias,ajxvinc_4102 from clientes where cuit = '"_L1 + cuit + "'"_L1, rs))
+                   "select nombre,regalias,ajxvinc_4102 from clientes where cuit = "_L1 + EnComillas(cuit),
+                   rs))
         return BusquedaDeCliente::NoEncontrado;
     cliente = {cuit, rs.Texto(u"nombre"), rs.Numero(u"regalias"), rs.Numero(u"ajxvinc_4102")};
     return BusquedaDeCliente::Encontrado;
@@ -143,7 +142,7 @@ QStringList CodigosDeVendedores(const std::vector<Vendedor> &vendedores) {
 
 std::optional<Vendedor> CargarVendedor(AppContext &ctx, const QString &codigo) {
     Recordset rs;
-    if (!Consultar(ctx, personal, "select * from vendedor where codigo = '"_L1 + codigo + "'"_L1, rs))
+    if (!Consultar(ctx, personal, "select * from vendedor where codigo = "_L1 + EnComillas(codigo), rs))
         return {};
     return vendedorDe(rs);
 }
@@ -157,31 +156,31 @@ GuardadoDeVendedor GuardarVendedor(AppContext &ctx, const Vendedor &v, bool edit
         ctx.dialogos.advertir(u"Falta el nombre del vendedor, ingréselo para guardar."_s);
         return GuardadoDeVendedor::FaltaNombre;
     }
-    const QString nombre = DoblarComillas(v.nombre);
-    const QString domicilio = DoblarComillas(v.domicilio);
+    const QString codigo = EnComillas(v.codigo);
+    const QString nombre = TextoEnComillas(v.nombre);
+    const QString domicilio = TextoEnComillas(v.domicilio);
+    const QString pais = EnComillas(v.paisdelexportador.toUpper());
     if (editando) {
         Ejecutar(ctx, personal,
-                 "update vendedor set nombre = '"_L1 + nombre + "', domicilio = '"_L1 + domicilio +
-                     "', paisdelexportador = '"_L1 + v.paisdelexportador + "' where codigo = '"_L1 +
-                     v.codigo + "'"_L1);
+                 "update vendedor set nombre = "_L1 + nombre + ", domicilio = "_L1 + domicilio +
+                     ", paisdelexportador = "_L1 + pais + " where codigo = "_L1 + codigo);
         return GuardadoDeVendedor::Guardado;
     }
     Recordset rs;
-    if (Consultar(ctx, personal,
-                  "select count(1) as cont from vendedor where codigo = '"_L1 + v.codigo + "'"_L1, rs) &&
+    if (Consultar(ctx, personal, "select count(1) as cont from vendedor where codigo = "_L1 + codigo, rs) &&
         rs.Numero(u"cont") > 0) {
         ctx.dialogos.advertir(u"El codigo ya existe.!"_s);
         return GuardadoDeVendedor::CodigoRepetido;
     }
     Ejecutar(ctx, personal,
-             "insert into vendedor (codigo,nombre,domicilio, paisdelexportador) values ('"_L1 + v.codigo +
-                 "','"_L1 + nombre + "','"_L1 + domicilio + "','"_L1 + v.paisdelexportador + "')"_L1);
+             "insert into vendedor (codigo,nombre,domicilio, paisdelexportador) values ("_L1 + codigo + u',' +
+                 nombre + u',' + domicilio + u',' + pais + u')');
     ctx.dialogos.informar(u"Datos ingresados correctamente."_s);
     return GuardadoDeVendedor::Guardado;
 }
 
 qint64 EliminarVendedor(AppContext &ctx, const QString &codigo) {
-    return Ejecutar(ctx, personal, "delete from vendedor where codigo = '"_L1 + codigo + "'"_L1);
+    return Ejecutar(ctx, personal, "delete from vendedor where codigo = "_L1 + EnComillas(codigo));
 }
 
 std::vector<PaisDeLista> CargarPais(AppContext &ctx) {

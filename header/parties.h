@@ -21,7 +21,7 @@ bool BuscarDespachante(AppContext &ctx, const QString &cuit, QString &nombre);
 /// that is not kept. Raises Falla.
 QString BuscarNombre(AppContext &ctx, const QString &tabla, const QString &codigo);
 
-// Clients, as the header asks for them; the book itself is siblings/ClientBook.h
+// Clients, as the header asks for them; the book itself is header/ClientBook.h
 
 /// What the header keeps of its client.
 struct ClienteDeCaratula {
@@ -69,8 +69,9 @@ std::optional<Vendedor> CargarVendedor(AppContext &ctx, const QString &codigo);
 
 /// What a save came to.
 enum class GuardadoDeVendedor { Guardado, FaltaCodigo, FaltaNombre, CodigoRepetido };
-/// FrmNewVendedor's save: a new seller, or with `editando` the change of the one with this code. What is
-/// missing and a code that exists are told; the answer names the field to go to. Raises Falla.
+/// FrmNewVendedor's save: a new seller, or with `editando` the change of the one with this code; the country
+/// goes in capitals. What is missing and a code that exists are told; the answer names the field to go to.
+/// Raises Falla.
 GuardadoDeVendedor GuardarVendedor(AppContext &ctx, const Vendedor &vendedor, bool editando);
 
 /// Deletes without a question; rows touched. Raises Falla.

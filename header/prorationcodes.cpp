@@ -4,12 +4,11 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/sqltext.h"
+#include "header/changes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using L = QLatin1String;
 
 const QString internos = u"INTERNOS"_s;
 
@@ -20,7 +19,7 @@ std::vector<Prorrateo> CargarProrrateos(AppContext &ctx, const QString &interno)
     std::vector<Prorrateo> codigos;
     try {
         Recordset rs;
-        Consultar(ctx, internos, "select * from prorrateo where interno = '"_L1 + interno + "'"_L1, rs);
+        Consultar(ctx, internos, "select * from prorrateo where interno = "_L1 + EnComillas(interno), rs);
         for (; !rs.Eof(); rs.MoveNext())
             codigos.push_back({rs.Texto(u"codigo"), rs.Texto(u"descripcion"),
                                numeros::Format(rs.Numero(u"valor"), u"00.00", ctx.SeparadorDecimal)});
@@ -62,17 +61,18 @@ Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QStrin
     try {
         Recordset rs;
         Consultar(ctx, internos,
-                  "select count(1) as cont from prorrateo where codigo = '"_L1 + codigo +
-                      "' and interno = '"_L1 + interno + "'"_L1,
+                  "select count(1) as cont from prorrateo where codigo = "_L1 + EnComillas(codigo) +
+                      " and interno = "_L1 + EnComillas(interno),
                   rs);
         if (!rs.Eof() && rs.Numero(u"Cont") > 0) {
             ctx.dialogos.advertir(u"El codigo ya Existe"_s);
             return Veredicto::mal(u"TxtCodigo"_s);
         }
         Ejecutar(ctx, internos,
-                 "Insert into prorrateo (interno,codigo,descripcion,valor) values ('"_L1 + interno +
-                     "','"_L1 + codigo + "','"_L1 + DoblarComillas(TxtDescripcion.toUpper()) + "',"_L1 +
-                     SqlNumber(ctx, TxtValor) + ")"_L1);
+                 "Insert into prorrateo (interno,codigo,descripcion,valor) values ("_L1 +
+                     EnComillas(interno) + u',' + EnComillas(codigo) + u',' +
+                     TextoEnComillas(TxtDescripcion.toUpper()) + u',' + SqlNumber(ctx, TxtValor) + u')');
+        AnotarCambio(ctx, interno);
     } catch (const Falla &e) {
         ctx.dialogos.critico(e.descripcion);
         return Veredicto::mal();
@@ -82,9 +82,10 @@ Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QStrin
 
 bool EliminarProrrateo(AppContext &ctx, const QString &interno, const QString &codigo) {
     try {
-        Ejecutar(
-            ctx, internos,
-            "delete from prorrateo where interno = '"_L1 + interno + "' and codigo = '"_L1 + codigo + "'"_L1);
+        const qint64 borrados = Ejecutar(ctx, internos,
+                                         "delete from prorrateo where interno = "_L1 + EnComillas(interno) +
+                                             " and codigo = "_L1 + EnComillas(codigo));
+        if (borrados > 0) AnotarCambio(ctx, interno);
         return true;
     } catch (const Falla &e) {
         ctx.dialogos.critico(e.descripcion);
@@ -94,10 +95,8 @@ bool EliminarProrrateo(AppContext &ctx, const QString &interno, const QString &c
 
 double TotalizarProrrateos(AppContext &ctx, const QString &interno) {
     Recordset rs;
-    ctx.TotalProrrateado =
-        Consultar(ctx, internos,
-                  "select sum(valor) as tot from prorrateo where interno = '"_L1 + interno + "'"_L1, rs)
-            ? rs.Numero(u"tot")
-            : 0;
+    Consultar(ctx, internos,
+              "select sum(valor) as tot from prorrateo where interno = "_L1 + EnComillas(interno), rs);
+    ctx.TotalProrrateado = rs.Eof() ? 0 : rs.Numero(u"tot");
     return ctx.TotalProrrateado;
 }

@@ -32,11 +32,12 @@ enum class SalidaDeProrrateos { VuelveALista, Cierra };
 SalidaDeProrrateos EscapeEnProrrateos(EstadoProrrateos estado, bool hayCodigos);
 
 /// Agregar (F11): the checks in their order, then the row. True: the screen reloads its list, empties the
-/// three fields and puts the focus on TxtCodigo. A store error is shown and refuses. Only a value of zero is
-/// refused: a negative one passes.
+/// three fields and puts the focus on TxtCodigo; the operation is marked as changed. A store error is shown
+/// and refuses. Only a value of zero is refused: a negative one passes.
 Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QString &TxtCodigo,
                            const QString &TxtDescripcion, const QString &TxtValor);
-/// Eliminar, also when lines carry the code. False when the store failed (its words were shown).
+/// Eliminar, also when lines carry the code; what was deleted marks the operation as changed. False when the
+/// store failed (its words were shown).
 bool EliminarProrrateo(AppContext &ctx, const QString &interno, const QString &codigo);
 
 /// The sum of the operation's codes, put into the shared total (AppContext::TotalProrrateado) too: run when

@@ -1,9 +1,8 @@
 #include "header/record.h"
 
-#include <stdexcept>
-
 #include "frame/base/dates.h"
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/context.h"
 #include "header/fieldrules.h"
 #include "header/invoices.h"
@@ -89,20 +88,22 @@ const std::vector<ColumnaDeCarga> columnas{
 
 void cargarColumna(const AppContext &ctx, Caratula &c, const Recordset &rs, const ColumnaDeCarga &columna) {
     const QString nombre = L(columna.columna);
-    QString &texto = c[columna.control].texto;
+    ControlDeCaratula &control = c[columna.control];
+    QString &texto = control.texto;
     const QString valor = rs.Texto(nombre);
     switch (columna.modo) {
         case Carga::Texto:
             texto = valor;
             break;
         case Carga::Numero:
-            texto = numeros::Format(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal);
+        case Carga::NoCero: {
+            const double numero = rs.Numero(nombre);
+            const bool vacio = columna.modo == Carga::NoCero && numero == 0;
+            texto = vacio ? QString() : numeros::Format(numero, columna.mascara, ctx.SeparadorDecimal);
+            control.mostrado = texto;
+            control.cargado = vacio ? QString() : numeros::aTexto(numero);
             break;
-        case Carga::NoCero:
-            texto = rs.Numero(nombre) != 0
-                        ? numeros::Format(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal)
-                        : QString();
-            break;
+        }
         case Carga::SoN:
             texto = valor == "S"_L1 || valor == "N"_L1 ? valor : QString();
             break;
@@ -122,104 +123,6 @@ void cargarColumna(const AppContext &ctx, Caratula &c, const Recordset &rs, cons
 }
 
 }  // namespace
-
-const std::vector<DefinicionDeControl> &ControlesDeCaratula() {
-    static const std::vector<DefinicionDeControl> controles{
-        {"TxtSubReg", T::Texto, "SUBREG", "TxtSubRegDesc"},
-        {"TxtSubRegDesc", T::Descripcion},
-        {"txtIdAduana1", T::Texto, "ADUANA", "TxtAduana1"},
-        {"TxtAduana1", T::Descripcion},
-        {"TxtIdAduana2", T::Texto, "ADUANA", "TxtAduana2"},
-        {"TxtAduana2", T::Descripcion},
-        {"TxtCUITCliente", T::Texto},
-        {"TxtNombre", T::Descripcion},
-        {"TxtCuitAduana", T::Texto},
-        {"TxtNombreadu", T::Descripcion},
-        {"Txtidvendedor", T::Texto},
-        {"TxtNombreven", T::Descripcion},
-        {"txtAnexo_Vendedor", T::Texto},
-        {"Txtfobdivisas", T::Texto},
-        {"TxtCoddivfob", T::Texto, "DIVISAS", "TxtDivValorFob"},
-        {"TxtDivValorFob", T::Texto},
-        {"TxtDolFob", T::Descripcion},
-        {"Txtfletedivisas", T::Texto},
-        {"TxtCodDivFlete", T::Texto, "DIVISAS", "TxtDivValorFlete"},
-        {"TxtDivValorFlete", T::Texto},
-        {"TxtDolFlete", T::Descripcion},
-        {"Txtsegurodivisas", T::Texto},
-        {"TxtCodDivseguro", T::Texto, "DIVISAS", "TxtDivValorSeguro"},
-        {"TxtDivValorSeguro", T::Texto},
-        {"TxtDolSeguro", T::Descripcion},
-        {"txtPorc", T::Texto},
-        {"TxtProrratear", T::Texto},
-        {"CmdProrrat", T::Boton},
-        {"TxtAjustIncluir", T::Texto},
-        {"TxtAjustDeducir", T::Texto},
-        {"TxtFactCon", T::Texto},
-        {"Txtidcondventa", T::Texto, "CODVENTA", "lbDescConven"},
-        {"lbDescConven", T::Descripcion},
-        {"TxtIdpais", T::Texto, "PAIS", "TxtdescPais"},
-        {"TxtdescPais", T::Descripcion},
-        {"Txtmotdestsusp", T::Texto},
-        {"TxtautdestSusp", T::Texto},
-        {"TxtPlazoaut", T::Texto},
-        {"TxtCierreVenta", T::Texto},
-        {"lbFacilidadPago", T::Descripcion},
-        {"cboFacilidadPago", T::Opciones},
-        {"TxtFactura", T::Texto},
-        {"LstFact", T::Lista},
-        {"ChFacturas", T::Casilla},
-        {"txtDepAlm", T::Texto},
-        {"txtDCEstMerc", T::Texto, "ESTADOMERCADERIA"},
-        {"chkDCForzarEstMerc", T::Casilla},
-        {"txtDCPaisOrigen", T::Texto, "PAIS"},
-        {"chkDCForzarPaisOrigen", T::Casilla},
-        {"txtDCPaisDest", T::Texto, "PAIS"},
-        {"txtDCStandard", T::Texto, "", "", 1},
-        {"TxtDCRegalias", T::Texto, "", "", 1},
-        {"txtDCBancos", T::Texto, "BANCOS"},
-        {"TxtKgNeto", T::Texto},
-        {"txtDCComiExt", T::Texto},
-        {"txtDATOCOMPRADOR", T::Texto},
-        {"txtNROTRANSINTER", T::Texto},
-        {"cboOpcionIVA", T::Opciones},
-        {"cboOpcionesGanancias", T::Opciones},
-        {"txtGastosAnterioresFOB", T::Texto},
-        {"txtGastosPosterioresFOB", T::Texto},
-        {"txtDJAIFechaEmbarqueAprox", T::Texto},
-        {"txtDJAIFechaArriboAprox", T::Texto},
-        {"chkDJAI_ForzarDescripcionMercaderia", T::Casilla},
-        {"txtDJAI_ForzarDescripcion", T::Texto, "", "", 400},
-        {"txtFechaEmbarque", T::Texto}};
-    return controles;
-}
-
-const DefinicionDeControl *DefinicionDe(const QString &nombre) {
-    static const std::map<QString, const DefinicionDeControl *, SinMayusculas> porNombre = [] {
-        std::map<QString, const DefinicionDeControl *, SinMayusculas> todos;
-        for (const DefinicionDeControl &d : ControlesDeCaratula()) todos[QString(L(d.nombre))] = &d;
-        return todos;
-    }();
-    const auto i = porNombre.find(nombre);
-    return i == porNombre.end() ? nullptr : i->second;
-}
-
-ControlDeCaratula &Caratula::control(const QString &nombre) {
-    const auto i = controles.find(nombre);
-    if (i == controles.end()) throw std::out_of_range("no such control: " + nombre.toStdString());
-    return i->second;
-}
-const ControlDeCaratula &Caratula::control(const QString &nombre) const {
-    const auto i = controles.find(nombre);
-    if (i == controles.end()) throw std::out_of_range("no such control: " + nombre.toStdString());
-    return i->second;
-}
-ControlDeCaratula &Caratula::operator[](const char *nombre) {
-    return control(QString(L(nombre)));
-}
-const ControlDeCaratula &Caratula::operator[](const char *nombre) const {
-    return control(QString(L(nombre)));
-}
 
 Caratula CaratulaVacia(const QString &interno) {
     Caratula c;
@@ -242,7 +145,7 @@ Caratula CaratulaVacia(const QString &interno) {
 bool CargarCaratula(AppContext &ctx, Caratula &c) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, u"INTERNOS"_s, "select * from caratula where interno = '"_L1 + c.interno + "'"_L1,
+    if (!Consultar(ctx, u"INTERNOS"_s, "select * from caratula where interno = "_L1 + EnComillas(c.interno),
                    rs)) {
         ctx.dialogos.advertir(u"No se encontro Interno en base de datos"_s);
         return false;

@@ -1,79 +1,12 @@
 #pragma once
-// The declaration header as FrmCaratula holds it: every control with its state, loading and saving. The
-// screen copies its widgets into this state, calls the routine of the event, and copies the state back.
+// Loading and saving of the declaration header.
 
 #include <QString>
 #include <QStringList>
-#include <functional>
-#include <map>
-#include <vector>
+
+#include "header/caratula.h"
 
 struct AppContext;
-
-/// One control of the screen. A tick box holds "S" or "N", a list of two answers the answer.
-struct ControlDeCaratula {
-    bool visible = true;
-    bool habilitado = true;
-    QString texto;
-
-    /// What the checks call enabled: a hidden control takes no input.
-    bool activo() const { return visible && habilitado; }
-};
-
-enum class TipoDeControl { Texto, Descripcion, Casilla, Lista, Opciones, Boton };
-
-/// A control by its name, with what its keys do.
-struct DefinicionDeControl {
-    const char *nombre;
-    TipoDeControl tipo;
-    const char *clave = "";        ///< code table of a coded field ("LL-" + clave is its tag)
-    const char *descripcion = "";  ///< control that shows the description of the code
-    int maximo = 0;                ///< characters it takes; 0: no limit
-};
-/// Every control that has a rule, in the order of the work.
-const std::vector<DefinicionDeControl> &ControlesDeCaratula();
-/// Null for a name that is not one of them; in any case.
-const DefinicionDeControl *DefinicionDe(const QString &nombre);
-
-/// Names compare without regard to case: a column of `dest` is a control's name in small letters.
-struct SinMayusculas {
-    bool operator()(const QString &a, const QString &b) const {
-        return a.compare(b, Qt::CaseInsensitive) < 0;
-    }
-};
-
-/// The two screens that the header opens in the middle of a rule; without them nothing is chosen.
-struct ServiciosDeCaratula {
-    /// The book of clients (SeleccionarCliente): the chosen tax number, or the empty text.
-    std::function<QString()> SeleccionarCliente;
-    /// FrmNewVendedor with the code filled in.
-    std::function<void(const QString &codigo)> AgregarVendedor;
-};
-
-struct Caratula {
-    QString interno;
-    std::map<QString, ControlDeCaratula, SinMayusculas> controles;
-    QStringList LstFact;            ///< invoice numbers, in order
-    int cboOpcionIVA = -1;          ///< index of the option; -1: none
-    int cboOpcionesGanancias = -1;  ///< the same
-    QString cstaimpexp;             ///< direction letter of the regime
-    double regalias = 0;            ///< percent of the client in hand
-    double ajxvinc_4102 = 0;        ///< percent of the client in hand
-    double totalProrrateado = 0;    ///< sum of the proration codes
-    /// Currency whose rate was filled last, by its field: ENTER on an unchanged currency keeps a typed rate.
-    std::map<QString, QString, SinMayusculas> divisaVista;
-    ServiciosDeCaratula servicios;
-
-    /// The control; it must be one of ControlesDeCaratula.
-    ControlDeCaratula &operator[](const char *nombre);
-    const ControlDeCaratula &operator[](const char *nombre) const;
-    ControlDeCaratula &control(const QString &nombre);
-    const ControlDeCaratula &control(const QString &nombre) const;
-    const QString &texto(const char *nombre) const { return (*this)[nombre].texto; }
-    void poner(const char *nombre, const QString &valor) { (*this)[nombre].texto = valor; }
-    /// The regime code as it stands.
-    const QString &regimen() const { return texto("TxtSubReg"); }
-};
 
 /// The state before a regime is known: all shown but what only some regimes have.
 Caratula CaratulaVacia(const QString &interno);
@@ -94,5 +27,6 @@ struct SalidaDeCaratula {
 SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c);
 
 /// The invoices as the column factura1 keeps them: each followed by a comma, cut to 80 characters, less the
-/// last one, so that the last number may be truncated. The table of invoices keeps them whole.
+/// last one, so that the last number may be truncated. The table of invoices keeps them whole. Empty without
+/// invoices; the column then stays as it is.
 QString FacturasEnUnaLinea(const QStringList &facturas);

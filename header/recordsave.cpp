@@ -1,9 +1,8 @@
-#include <utility>
-
 #include "frame/base/dates.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/escritura.h"
 #include "header/record.h"
 #include "header/regime.h"
 
@@ -17,6 +16,10 @@ const QString internos = u"INTERNOS"_s;
 
 constexpr qsizetype largoDeFactura1 = 80;
 constexpr qsizetype largoDeDescripcionDJAI = 400;
+
+/// What the box of a store error calls the place: the office reads it to the support by telephone.
+constexpr int lineaDeRevision = 1;
+constexpr int lineaDeEscritura = 13;
 
 /// How the checks go on.
 enum class Fin {
@@ -119,13 +122,12 @@ Fin revisarDJAI(Revision &r) {
                      u"Fecha de Embarque Aproximado debe tener una fecha válida"_s, Fin::Queda);
     if (r.c.texto("chkDJAI_ForzarDescripcionMercaderia") == "S"_L1 && r.vacio("txtDJAI_ForzarDescripcion"))
         return r.mal("txtDJAI_ForzarDescripcion", u"Debe escribir descripcion de mercaderia"_s, Fin::Queda);
-    QString descripcion = r.c.texto("txtDJAI_ForzarDescripcion");
-    r.c.poner("txtDJAI_ForzarDescripcion", descripcion.replace(QLatin1Char('\''), QLatin1Char(' ')));
+    r.c.poner("txtDJAI_ForzarDescripcion", SinComillas(r.c.texto("txtDJAI_ForzarDescripcion")));
     return Fin::Sigue;
 }
 
 Fin revisar(Revision &r) {
-    r.c.poner("TxtSubReg", r.c.regimen().toUpper());
+    r.c.poner("TxtSubReg", RegimenEnMayusculas(r.c.regimen()));
     Fin fin = revisarPartes(r);
     if (fin == Fin::Sigue) fin = revisarEmbarque(r);
     if (fin == Fin::Sigue) fin = revisarImporte(r, fob);
@@ -137,73 +139,77 @@ Fin revisar(Revision &r) {
     return fin;
 }
 
-/// The columns of the one update, in their order.
+/// The columns of the one update, in their order: each takes what its control stands for.
 class Actualizacion {
  public:
-    Actualizacion(AppContext &ctx, const Caratula &c) : ctx_(ctx), c_(c) {}
+    Actualizacion(const AppContext &ctx, const Caratula &c) : ctx_(ctx), c_(c), escritura_(ctx, internos) {}
 
-    void codigo(const char *columna, const char *control) { poner(columna, entreComillas(valor(control))); }
-    void texto(const char *columna, const char *control) {
-        poner(columna, entreComillas(DoblarComillas(valor(control))));
+    void codigo(const char *columna, const char *control) {
+        const DefinicionDeControl *d = DefinicionDe(QString(L(control)));
+        const bool mayusculas = d != nullptr && EsCampoDeCodigo(*d);
+        escritura_.codigo(columna, mayusculas ? valor(control).toUpper() : valor(control));
     }
-    /// Apostrophes become blanks.
+    /// The regime has its capitals already, and one of them is spelled in mixed case.
+    void regimen(const char *columna) { escritura_.codigo(columna, c_.regimen()); }
+    void texto(const char *columna, const char *control) { escritura_.texto(columna, valor(control)); }
     void sinComillas(const char *columna, const char *control) {
-        poner(columna, entreComillas(valor(control).replace(QLatin1Char('\''), QLatin1Char(' '))));
+        escritura_.sinComillas(columna, valor(control));
     }
-    void numero(const char *columna, const char *control, QStringView mascara) {
-        poner(columna, deStore(numeros::Format(valor(control), mascara, ctx_.SeparadorDecimal)));
-    }
+    void numero(const char *columna, const char *control) { escritura_.numero(columna, valor(control)); }
     /// The column never shown goes back as it came.
     void numeroOculto(const char *columna, const char *control) {
-        poner(columna, deStore(c_.texto(control)));
+        escritura_.numero(columna, c_.texto(control));
     }
-    void positivo(const char *columna, const char *control, QStringView mascara) {
-        const double v = numeros::aNumero(valor(control));
-        poner(columna, deStore(v > 0 ? numeros::Format(v, mascara, ctx_.SeparadorDecimal) : u"0"_s));
+    void positivo(const char *columna, const char *control) {
+        const QString numero = valor(control);
+        escritura_.numero(columna, numeros::aNumero(numero) > 0 ? numero : u"0"_s);
     }
     void marca(const char *columna, const char *control) {
-        poner(columna, valor(control) == "S"_L1 ? u"'S'"_s : u"'N'"_s);
+        escritura_.marca(columna, valor(control) == "S"_L1);
     }
-    void mayusculas(const char *columna, const char *control) {
-        poner(columna, entreComillas(valor(control).toUpper()));
+    void siONo(const char *columna, const char *control) {
+        escritura_.codigo(columna, valor(control).toUpper());
+    }
+    void opcion(const char *columna, const char *control, const QString &codigo) {
+        escritura_.codigo(columna, c_[control].visible ? codigo : QString());
     }
     void fecha(const char *columna, const char *control) {
         const auto dia = fechas::Leer(valor(control));
-        poner(columna, dia ? ctx_.DataManager.getDateFormatbyEntity(internos, dia->startOfDay()) : u"null"_s);
+        escritura_.crudo(
+            columna, dia ? ctx_.DataManager.getDateFormatbyEntity(internos, dia->startOfDay()) : u"null"_s);
     }
-    void poner(const char *columna, const QString &valorSql) {
-        if (!partes_.isEmpty()) partes_ += QLatin1Char(',');
-        partes_ += L(columna) + " = "_L1 + valorSql;
+    /// A date as the text it is, which the store reads; none is no date.
+    void fechaEnTexto(const char *columna, const char *control) {
+        const QString dia = valor(control).trimmed();
+        escritura_.crudo(columna, dia.isEmpty() ? u"null"_s : EnComillas(dia));
     }
-    /// What a control writes: a hidden one writes empty, and so 0 as a number.
-    QString valor(const char *control) const {
-        const ControlDeCaratula &uno = c_[control];
-        return uno.visible ? uno.texto : QString();
+    void textoLargo(const char *columna, const char *control, qsizetype largo) {
+        escritura_.texto(columna, valor(control).left(largo));
     }
-    static QString entreComillas(const QString &texto) {
-        return QLatin1Char('\'') + texto + QLatin1Char('\'');
+    void facturas(const char *columna) {
+        const QString linea = FacturasEnUnaLinea(c_.LstFact);
+        if (!linea.isEmpty()) escritura_.texto(columna, linea);
     }
     QString sentencia() const {
-        return "update caratula set "_L1 + partes_ + " where interno = '"_L1 + c_.interno + "'"_L1;
+        return escritura_.actualizar(u"caratula"_s, "interno = "_L1 + EnComillas(c_.interno));
     }
 
  private:
-    QString deStore(const QString &numero) const {
-        return AStoreNumero(numero, ctx_.DataManager.getDecimalSeparatorbyEntity(internos));
-    }
+    /// What a control writes: a hidden one writes empty, and so 0 as a number.
+    QString valor(const char *control) const { return c_[control].visible ? c_.valor(control) : QString(); }
 
-    AppContext &ctx_;
+    const AppContext &ctx_;
     const Caratula &c_;
-    QString partes_;
+    Escritura escritura_;
 };
 
-void ponerPartes(Actualizacion &a, const Caratula &c) {
-    a.codigo("idsubreg", "TxtSubReg");
+void ponerPartes(Actualizacion &a) {
+    a.regimen("idsubreg");
     a.codigo("idaduana", "txtIdAduana1");
     a.codigo("idaduanasal", "TxtIdAduana2");
     a.codigo("cuitcliente", "TxtCUITCliente");
     a.codigo("cuitdespaduana", "TxtCuitAduana");
-    a.poner("factura1", Actualizacion::entreComillas(DoblarComillas(FacturasEnUnaLinea(c.LstFact))));
+    a.facturas("factura1");
     a.texto("factura2", "TxtNombreven");
     a.texto("factura3", "TxtNombreadu");
     a.texto("factura5", "txtDepAlm");
@@ -212,19 +218,19 @@ void ponerPartes(Actualizacion &a, const Caratula &c) {
 }
 
 void ponerImportes(Actualizacion &a) {
-    a.numero("fobdivisas", "Txtfobdivisas", u"00.00");
+    a.numero("fobdivisas", "Txtfobdivisas");
     a.codigo("fobcoddivisas", "TxtCoddivfob");
-    a.numero("fobdivcambio", "TxtDivValorFob", u"0.000000");
-    a.numero("fletedivisas", "Txtfletedivisas", u"00.00");
+    a.numero("fobdivcambio", "TxtDivValorFob");
+    a.numero("fletedivisas", "Txtfletedivisas");
     a.codigo("fletecoddivisas", "TxtCodDivFlete");
-    a.numero("fletedivcambio", "TxtDivValorFlete", u"0.000000");
-    a.numero("Segurodivisas", "Txtsegurodivisas", u"00.00");
+    a.numero("fletedivcambio", "TxtDivValorFlete");
+    a.numero("Segurodivisas", "Txtsegurodivisas");
     a.codigo("segurocoddivisas", "TxtCodDivseguro");
-    a.numero("segurodivcambio", "TxtDivValorSeguro", u"0.000000");
-    a.numero("seguroporcentaje", "txtPorc", u"00.00");
-    a.numero("valoraprorratear", "TxtProrratear", u"00.00");
-    a.numero("ajusteincluir", "TxtAjustIncluir", u"00.00");
-    a.numero("ajustededucir", "TxtAjustDeducir", u"00.00");
+    a.numero("segurodivcambio", "TxtDivValorSeguro");
+    a.numero("seguroporcentaje", "txtPorc");
+    a.numero("valoraprorratear", "TxtProrratear");
+    a.numero("ajusteincluir", "TxtAjustIncluir");
+    a.numero("ajustededucir", "TxtAjustDeducir");
     a.numeroOculto("factorconver", "TxtFactCon");
 }
 
@@ -240,26 +246,22 @@ void ponerDestino(Actualizacion &a, const Caratula &c) {
 }
 
 void ponerDatosComunes(Actualizacion &a, const Caratula &c) {
-    a.numero("DCComext", "txtDCComiExt", u"00.00");
+    a.numero("DCComext", "txtDCComiExt");
     a.codigo("DCEstMerc", "txtDCEstMerc");
     a.marca("DCForzarEstMerc", "chkDCForzarEstMerc");
     a.codigo("DCPaisOrigen", "txtDCPaisOrigen");
     a.marca("DCForzarPaisOrigen", "chkDCForzarPaisOrigen");
     a.codigo("DCPaisDestino", "txtDCPaisDest");
-    a.mayusculas("DCStandard", "txtDCStandard");
-    a.mayusculas("DCRegalias", "TxtDCRegalias");
+    a.siONo("DCStandard", "txtDCStandard");
+    a.siONo("DCRegalias", "TxtDCRegalias");
     a.codigo("DCBancos", "txtDCBancos");
-    a.numero("DCKgNeto", "TxtKgNeto", u"00.00");
+    a.numero("DCKgNeto", "TxtKgNeto");
     a.sinComillas("DATOCOMPRADOR", "txtDATOCOMPRADOR");
     a.sinComillas("NROTRANSINTER", "txtNROTRANSINTER");
-    const auto opcion = [&](const char *control, const QString &codigo) {
-        return Actualizacion::entreComillas(c[control].visible ? codigo : QString());
-    };
-    a.poner("OpcionesIVA", opcion("cboOpcionIVA", OpcionIVACodigo(c.cboOpcionIVA)));
-    a.poner("OpcionesGanancias",
-            opcion("cboOpcionesGanancias", OpcionGananciasCodigo(c.cboOpcionesGanancias)));
-    a.positivo("gastos_anteriores_fob", "txtGastosAnterioresFOB", u"00.000");
-    a.positivo("gastos_posteriores_fob", "txtGastosPosterioresFOB", u"00.000");
+    a.opcion("OpcionesIVA", "cboOpcionIVA", OpcionIVACodigo(c.cboOpcionIVA));
+    a.opcion("OpcionesGanancias", "cboOpcionesGanancias", OpcionGananciasCodigo(c.cboOpcionesGanancias));
+    a.positivo("gastos_anteriores_fob", "txtGastosAnterioresFOB");
+    a.positivo("gastos_posteriores_fob", "txtGastosPosterioresFOB");
 }
 
 void ponerDJAI(Actualizacion &a, const Caratula &c) {
@@ -267,21 +269,18 @@ void ponerDJAI(Actualizacion &a, const Caratula &c) {
     a.fecha("DJAI_FECHA_EMB_APROX", "txtDJAIFechaEmbarqueAprox");
     a.fecha("DJAI_FECHA_ARRIB_APROX", "txtDJAIFechaArriboAprox");
     a.marca("DC_DJAI_ForzarDescripcionMercaderia", "chkDJAI_ForzarDescripcionMercaderia");
-    a.poner("DC_DJAI_DescripcionMercaderia",
-            Actualizacion::entreComillas(
-                DoblarComillas(a.valor("txtDJAI_ForzarDescripcion").left(largoDeDescripcionDJAI))));
+    a.textoLargo("DC_DJAI_DescripcionMercaderia", "txtDJAI_ForzarDescripcion", largoDeDescripcionDJAI);
 }
 
 qint64 escribir(AppContext &ctx, const Caratula &c) {
     const Reloj reloj(ctx.dialogos);
     Actualizacion a(ctx, c);
-    ponerPartes(a, c);
+    ponerPartes(a);
     ponerImportes(a);
     ponerDestino(a, c);
     ponerDatosComunes(a, c);
     ponerDJAI(a, c);
-    const QString embarque = a.valor("txtFechaEmbarque").trimmed();
-    a.poner("fechaembarque", embarque.isEmpty() ? u"null"_s : a.entreComillas(embarque));
+    a.fechaEnTexto("fechaembarque", "txtFechaEmbarque");
     a.texto("anexo_vendedor", "txtAnexo_Vendedor");
     return Ejecutar(ctx, internos, a.sentencia());
 }
@@ -314,7 +313,7 @@ QString FacturasEnUnaLinea(const QStringList &facturas) {
 }
 
 SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c) {
-    int seccion = 1;
+    int seccion = lineaDeRevision;
     try {
         Revision revision{ctx, c, {}};
         const Fin fin = revisar(revision);
@@ -322,7 +321,7 @@ SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c) {
         if (fin == Fin::Preguntar)
             return salirPreguntando(ctx, c, u"desea SALIR de la caratula, sin guardar la información?"_s,
                                     revision.foco);
-        seccion = 13;  // the number of the step in hand, for the error's box
+        seccion = lineaDeEscritura;
         if (escribir(ctx, c) == 0)
             return salirPreguntando(ctx, c, u"Los datos no pueden ser guardados, desea SALIR de caratula?"_s,
                                     {});

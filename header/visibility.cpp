@@ -1,5 +1,6 @@
 #include "header/visibility.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
 #include "header/regime.h"
 
@@ -18,7 +19,7 @@ void mostrarYHabilitar(Caratula &c, const char *nombre, bool si = true) {
 }
 
 void vaciarYOcultar(Caratula &c, const char *nombre) {
-    c[nombre].texto.clear();
+    c.poner(nombre, {});
     c[nombre].visible = false;
 }
 
@@ -47,7 +48,7 @@ void aplicarDest(Caratula &c, const QStringList &quita) {
         if (DefinicionDe(nombre) == nullptr) continue;
         ControlDeCaratula &control = c.control(nombre);
         control.visible = false;
-        control.texto.clear();
+        control.poner({});
     }
 }
 
@@ -71,7 +72,7 @@ const QStringList &ControlesDJAI() {
 
 std::optional<QStringList> ControlesQueQuita(AppContext &ctx, const QString &regimen) {
     Recordset rs;
-    if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = '"_L1 + regimen + "'"_L1, rs))
+    if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = "_L1 + EnComillas(regimen), rs))
         return {};
     QStringList quita;
     for (int n = 0; n < rs.columnas(); ++n) {

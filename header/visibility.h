@@ -5,7 +5,9 @@
 #include <QStringList>
 #include <optional>
 
-#include "header/record.h"
+#include "header/caratula.h"
+
+struct AppContext;
 
 /// The columns of the regime's row of `dest` that hold "x", in the row's order: the controls it drops.
 /// Nothing when the regime has no row. Raises Falla.

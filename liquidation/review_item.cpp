@@ -103,7 +103,7 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     Recordset rs;
     if (!Consultar(ctx, internos, "select * from caratula where interno = '"_L1 + interno + "'"_L1, rs))
         return false;
-    c.CaratulaSubRegimen = rs.Texto(u"idsubreg");
+    c.CaratulaSubRegimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
     c.CaratulaFobTotal = c.CaratulaFobTotalSinG = rs.Numero(u"fobdivisas");
     c.CaratulaFleteTotal = rs.Numero(u"fletedivisas");
     c.CaratulaSeguroValor = rs.Numero(u"segurodivisas");

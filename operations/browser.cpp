@@ -5,6 +5,7 @@
 #include "frame/base/numbers.h"
 #include "frame/startup.h"
 #include "header/codes.h"
+#include "header/regime.h"
 #include "operations/lifecycle.h"
 
 using namespace Qt::StringLiterals;
@@ -60,7 +61,7 @@ std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos 
     std::vector<FilaDeInterno> filas;
     Recordset rs;
     for (Consultar(ctx, internos, SentenciaDeInternos(ctx, filtro), rs); !rs.Eof(); rs.MoveNext()) {
-        const QString subregimen = rs.Texto(u"idsubreg");
+        const QString subregimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
         filas.push_back({tipoDe(getTypeOPfromSubReg(ctx, subregimen)), rs.Texto(u"interno"), subregimen,
                          rs.Texto(u"factura3"), rs.Texto(u"factura7"), rs.Texto(u"factura2"),
                          detalleDe(ctx, rs)});

@@ -56,7 +56,7 @@ bool conserva(const Recordset &dest, const char *control) {
 
 /// The header's checks, in their order; the first that fails decides.
 bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) {
-    const QString regimen = c.Texto(u"idsubreg");
+    const QString regimen = RegimenEnMayusculas(c.Texto(u"idsubreg"));
     if (c.Numero(u"fobdivisas") == 0) return false;
     Recordset dest;
     if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = '"_L1 + regimen + "'"_L1, dest))
@@ -120,7 +120,7 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
     Recordset c;
     if (!Consultar(ctx, internos, "select * from caratula"_L1 + donde(interno), c)) return e;
     e.existe = true;
-    e.idsubreg = c.Texto(u"idsubreg");
+    e.idsubreg = RegimenEnMayusculas(c.Texto(u"idsubreg"));
     e.LbSubregimen = e.idsubreg;
     e.tipo = DireccionRegimen(ctx, e.idsubreg);
     if (e.tipo.isEmpty()) e.tipo = u"N"_s;
@@ -165,7 +165,7 @@ PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const Elecc
     Recordset rs;
     Consultar(ctx, internos, "select idsubreg,factura8 from caratula"_L1 + donde(interno), rs);
     if (rs.Eof() || rs.Texto(u"factura8") != "S"_L1) return PasoDeArmado::YaArmado;
-    const QString regimen = rs.Texto(u"idsubreg");
+    const QString regimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
     ctx.CalcularDigitalizacion = eleccion.chkCalcularServicioDigitalizacion;
     ctx.ajustes.Guardar(zendra, flags, claveDigitalizacion,
                         eleccion.chkCalcularServicioDigitalizacion ? u"S"_s : u"N"_s);

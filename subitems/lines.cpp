@@ -95,7 +95,7 @@ void leerCaratula(AppContext &ctx, SubItems &s) {
                        s.interno + "'"_L1,
                    rs))
         return;
-    s.idsubreg = rs.Texto(u"idsubreg");
+    s.idsubreg = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
     s.fobdivisas = rs.Numero(u"fobdivisas");
     s.ONCCAHabilitado = rs.Texto(u"ONCCAHabilitado") == "S"_L1;
 }

@@ -212,6 +212,22 @@ TEST(CamposDeCodigo, TheTagNamesTheKey) {
     EXPECT_EQ(ClaveDeEtiqueta(u"NOENTER"_s).toStdString(), "");
 }
 
+TEST_P(Busquedas, ACodedFieldHoldsCapitalsAlsoWhereItsTableDoesNot) {
+    ejecutar("insert into pais (id,descripcion) values ('br','BRASIL')", "SYSTABLAS");
+    CampoDeCodigo campo{u"br"_s, {}, {}};
+    EXPECT_TRUE(ConfirmarCodigo(*ctx, u"PAIS"_s, campo, ServicioDeCodigo::Id));
+    EXPECT_EQ(campo.codigo.toStdString(), "BR");
+    campo = {u"br"_s, {}, {}};
+    EXPECT_TRUE(ConfirmarCodigo(*ctx, u"PAIS"_s, campo));
+    EXPECT_EQ((campo.codigo + campo.descripcion).toStdString(), "BRBRASIL");
+    campo = {};
+    // By the length of the code first: 200, br.
+    registro.indices = {1};
+    EXPECT_TRUE(ElegirCodigo(*ctx, u"PAIS"_s, campo));
+    EXPECT_EQ(campo.codigo.toStdString(), "BR");
+    EXPECT_EQ(id("PAIS", "BR").toStdString(), "br") << "the service answers what is stored";
+}
+
 EN_AMBOS_STORES(Busquedas);
 
 }  // namespace

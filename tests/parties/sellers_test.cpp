@@ -177,6 +177,16 @@ TEST_P(Vendedores, TheListAnswersWhatItLeftChosen) {
     EXPECT_EQ(nombre.toStdString(), "NORD");
 }
 
+TEST_P(Vendedores, ACountryIsNeverStoredInSmallLetters) {
+    Vendedor v = nuevo;
+    v.paisdelexportador = u"br"_s;
+    ASSERT_EQ(GuardarVendedor(*ctx, v, false), GuardadoDeVendedor::Guardado);
+    EXPECT_EQ(valor(u"select paisdelexportador from vendedor"_s, personal), u"BR"_s);
+    v.paisdelexportador = u"cl"_s;
+    ASSERT_EQ(GuardarVendedor(*ctx, v, true), GuardadoDeVendedor::Guardado);
+    EXPECT_EQ(valor(u"select paisdelexportador from vendedor"_s, personal), u"CL"_s);
+}
+
 EN_AMBOS_STORES(Vendedores);
 
 }  // namespace

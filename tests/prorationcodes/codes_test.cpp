@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "assembly/run.h"
-#include "frame/base/numbers.h"
+#include "header/automotive.h"
 #include "header/changes.h"
 #include "header/prorationcodes.h"
 #include "tests/support/tienda.h"
@@ -100,6 +100,28 @@ TEST_P(CodigosDeProrrateo, AnErrorOfTheStoreIsShown) {
     EXPECT_FALSE(EliminarProrrateo(*ctx, conComilla, "A"));
     EXPECT_TRUE(CargarProrrateos(*ctx, conComilla).empty());
     EXPECT_EQ(registro.mensajes.size(), 3U);
+}
+
+TEST_P(CodigosDeProrrateo, ACodeAddedOrDeletedMarksTheOperation) {
+    ejecutar("insert into caratula (interno,factura8) values ('OP 1','N')");
+    const auto marcas = [this] {
+        const QString marca = valor("select factura8 from caratula where interno = 'OP 1'");
+        return (marca + '/' + LeerAEC(*ctx, interno)).toStdString();
+    };
+    const auto sinMarcas = [this] {
+        MarcarArmado(*ctx, interno, false);
+        GuardarAEC(*ctx, interno, "R");
+    };
+    sinMarcas();
+    EXPECT_FALSE(agregar("EMB", "", "0").ok);
+    EXPECT_EQ(marcas(), "N/R") << "refused";
+    EXPECT_TRUE(agregar("EMB", "", "5").ok);
+    EXPECT_EQ(marcas(), "S/");
+    sinMarcas();
+    EXPECT_TRUE(EliminarProrrateo(*ctx, interno, "OTRO"));
+    EXPECT_EQ(marcas(), "N/R") << "nothing was deleted";
+    EXPECT_TRUE(EliminarProrrateo(*ctx, interno, "EMB"));
+    EXPECT_EQ(marcas(), "S/");
 }
 
 EN_AMBOS_STORES(CodigosDeProrrateo);

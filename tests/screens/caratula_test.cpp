@@ -16,47 +16,11 @@
 #include "header/FrmLstDiv.h"
 #include "header/FrmLstVendedores.h"
 #include "operations/FrmDetalleInterno.h"
-#include "tests/support/pantallas.h"
+#include "tests/screens/caratula_pantalla.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString importacion = u"IC-2026-0001"_s;
-const QString exportacion = u"EC-2026-0002"_s;
-const QString djai = u"DJAI-2026-0004"_s;
-
-class PantallaDeCaratula : public EnPantalla {
- protected:
-    void SetUp() override {
-        EnPantalla::SetUp();
-        ctx->SeparadorDecimal = QLatin1Char(',');
-    }
-    FrmCaratula &mostrar(const QString &interno = importacion) {
-        auto &pantalla = Pantalla<FrmCaratula>();
-        pantalla.alCerrar = [this] { ++cierres; };
-        pantalla.Mostrar(interno);
-        esperarVentana(pantalla.ventana.get());
-        return pantalla;
-    }
-    /// The text typed in place of what the field holds, and ENTER.
-    static void teclear(QLineEdit *campo, const QString &texto) {
-        campo->setFocus();
-        campo->selectAll();
-        if (texto.isEmpty())
-            tecla(Qt::Key_Delete);
-        else
-            escribir(texto);
-        tecla(Qt::Key_Return);
-    }
-    QString guardado(const char *columna, const QString &interno = importacion) {
-        return valor(u"select %1 from caratula where interno = '%2'"_s.arg(QLatin1String(columna), interno));
-    }
-    std::string ultimo() const {
-        return registro.mensajes.empty() ? "<ninguno>" : registro.mensajes.back().texto.toStdString();
-    }
-    int cierres = 0;
-};
 
 TEST_P(PantallaDeCaratula, TheDashboardOpensItAndGoesOnToTheLines) {
     ejecutar(u"update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"_s);
