@@ -206,10 +206,6 @@ int armar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJso
 }
 
 int liquidar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &t, QJsonObject &resultado) {
-    if (contar(ctx, u"item"_s, orden.clave) == 0) {
-        ctx.dialogos.critico(u"El interno %1 no tiene items; ármelo antes de liquidarlo."_s.arg(orden.clave));
-        return falla;
-    }
     ctx.CalcularCoeficiente = t.ChCOEF;
     ctx.LiquidacionPendiente = true;
     ClassLiquidacion calculo(ctx, orden.clave);

@@ -75,6 +75,7 @@ bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) 
 }
 
 void estadoDeItems(AppContext &ctx, const QString &interno, EstadoDeOperacion &e) {
+    e.itemsMirados = true;
     Recordset rs;
     Consultar(ctx, internos, "select count(1) as cont from item"_L1 + donde(interno), rs);
     const bool generado = rs.Numero(u"cont") > 0;
@@ -114,11 +115,12 @@ void habilitar(EstadoDeOperacion &e) {
 
 }  // namespace
 
-EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
+EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno, const EstadoDeOperacion &anterior) {
     const Reloj reloj(ctx.dialogos);
-    EstadoDeOperacion e;
     Recordset c;
-    if (!Consultar(ctx, internos, "select * from caratula"_L1 + donde(interno), c)) return e;
+    if (!Consultar(ctx, internos, "select * from caratula"_L1 + donde(interno), c)) return {};
+    EstadoDeOperacion e = anterior;
+    e.itemsMirados = false;
     e.existe = true;
     e.idsubreg = c.Texto(u"idsubreg");
     e.LbSubregimen = e.idsubreg;
