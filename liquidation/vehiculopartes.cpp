@@ -78,9 +78,10 @@ void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QStrin
 
 void CerrarVehiculoPartes(AppContext &ctx, const QString &interno, const VehiculoPartes &memoria) {
     if (!memoria.advertir) return;
-    Ejecutar(
-        ctx, internos,
-        "delete from itemventaja where interno = '"_L1 + interno + "' and idventaja = 'VEHICULOPARTES'"_L1);
+    Ejecutar(ctx, internos,
+             "delete from itemventaja"
+             " where interno = "_L1 +
+                 EnComillas(interno) + " and idventaja = 'VEHICULOPARTES'"_L1);
     ctx.dialogos.advertir(
         u"ADVERTENCIA: Hay posiciones con LAPI\r\npero que no estan en el Regimen "
         "Automotriz.\r\n\r\nVerifique el subregimen del despacho."_s);

@@ -54,9 +54,8 @@ bool nombraLinea(const QString &tabla, const QString &columna) {
     return tabla == "idrel"_L1 && (es(columna, "idsub") || es(columna, "idroot"));
 }
 
-void copiarValor(AppContext &ctx, const QString &entidad, const QString &nombre, const QVariant &valor,
+void copiarValor(AppContext &ctx, const QString &entidad, const char *columna, const QVariant &valor,
                  Escritura &fila) {
-    const QByteArray columna = nombre.toLatin1();
     if (valor.isNull()) {
         fila.crudo(columna, u"NULL"_s);
         return;
@@ -94,17 +93,18 @@ void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const 
         const QString columna = rs.nombreDeColumna(c);
         // The order of insertion and a generated identity are the store's own.
         if (es(columna, "zfila") || es(columna, generada)) continue;
+        const QByteArray nombreDeColumna = columna.toLatin1();
         const QVariant valor = rs.Fields(c).Value;
         if (const auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas))
-            fila.crudo(columna.toLatin1(), *propio);
+            fila.crudo(nombreDeColumna.constData(), *propio);
         else
-            copiarValor(ctx, entidad, columna, valor, fila);
+            copiarValor(ctx, entidad, nombreDeColumna.constData(), valor, fila);
     }
     Ejecutar(ctx, entidad, fila.insertar(nombre));
 }
 
 QString deLaClave(const QString &interno) {
-    return " where interno = '"_L1 + interno + "'"_L1;
+    return " where interno = "_L1 + EnComillas(interno);
 }
 
 bool existe(AppContext &ctx, const QString &interno) {
