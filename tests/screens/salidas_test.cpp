@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QDirIterator>
 #include <QElapsedTimer>
+#include <QPointer>
+#include <QScopedValueRollback>
 #include <QTest>
 
 #include "assembly/FrmArmarItem.h"
@@ -221,17 +223,27 @@ class Salidas : public EnPantalla {
             if (*listo) return;
             // Again from here, for the loops that a screen runs by itself.
             pulsarEscape(veces, listo, completar);
-            QWidget *ventana = QApplication::activeModalWidget();
+            QPointer<QWidget> ventana = QApplication::activeModalWidget();
             if (ventana == nullptr) ventana = QApplication::activeWindow();
-            if (ventana == nullptr || !ventana->isVisible() || !QTest::qWaitForWindowExposed(ventana)) return;
+            if (tecleando || ventana == nullptr || !ventana->isVisible() ||
+                !QTest::qWaitForWindowExposed(ventana))
+                return;
             if (alAbrir) std::exchange(alAbrir, nullptr)();
             constexpr int bastantes = 4;
-            if (++*veces == 2 && completar) completar();
+            if (++*veces == 2 && completar) {
+                const QScopedValueRollback<bool> solo(tecleando, true);
+                completar();
+            }
+            // A look-up that was told may have taken its place for a moment.
+            if (ventana == nullptr || ventana->windowHandle() == nullptr) return;
             if (*veces <= bastantes) {
                 QTest::keyClick(ventana->windowHandle(), Qt::Key_Escape);
                 return;
             }
-            ADD_FAILURE() << "ESC does not leave it: " << ventana->objectName().toStdString();
+            QStringList dicho;
+            for (const Mensaje &m : registro.mensajes) dicho << m.texto;
+            ADD_FAILURE() << "ESC does not leave it: " << ventana->objectName().toStdString()
+                          << "; it said: " << dicho.join(" / "_L1).toStdString();
             // Not from within its own handlers, which may refuse.
             if (auto *dialogo = qobject_cast<QDialog *>(ventana))
                 dialogo->done(QDialog::Rejected);
@@ -269,6 +281,7 @@ class Salidas : public EnPantalla {
         ctx->ChequeoArmado = u"SI"_s;
     }
 
+    bool tecleando = false;         ///< keys are on their way: no ESC between them
     std::function<void()> alAbrir;  ///< done once, when the first window stands
     decltype(FrmPrincipal::terminar) terminarAntes;
     decltype(iniciarPrograma) iniciarAntes;
