@@ -124,11 +124,15 @@ TEST_P(Ordenes, RecalculatingWritesTheDutiesAndTellsTheTotals) {
     EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
 }
 
-TEST_P(Ordenes, AnOperationThatWasNeverArmedCannotBeRecalculated) {
+TEST_P(Ordenes, AnOperationWithoutItemsIsLiquidatedIntoItsFourTotals) {
+    ejecutar(u"insert into liqcero (interno,idconcepto,valor) values ('IC-2026-0001','010',5)"_s);
     const Corrida c = lote({"liquidar", "IC-2026-0001"});
-    EXPECT_EQ(c.estado, 1);
-    ASSERT_EQ(c.textos().size(), 1);
-    EXPECT_TRUE(c.textos()[0].contains("IC-2026-0001"_L1)) << c.textos()[0].toStdString();
+    EXPECT_EQ(c.estado, 0);
+    EXPECT_TRUE(c.mensajes().empty());
+    EXPECT_EQ(c.resultado().value("totalP"_L1).toString(), "00,00"_L1);
+    EXPECT_TRUE(c.resultado().value("conceptos"_L1).toArray().isEmpty());
+    EXPECT_EQ(filas(u"select idconcepto,valor from liqcero where interno = 'IC-2026-0001'"_s),
+              u"###baseiva|0\n###baseimp|0\n###ajded|0\n###ajinc|0"_s);
     EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
 }
 
@@ -205,18 +209,6 @@ TEST_P(Ordenes, AKeyThatIsNotThereIsToldByEveryCommandThatNeedsIt) {
         EXPECT_TRUE(c.textos()[0].contains("NO-HAY"_L1)) << c.textos()[0].toStdString();
         EXPECT_EQ(cuantas("interno", "NO-HAY"), 0) << comando;
     }
-}
-
-TEST_P(Ordenes, AnOperationWithoutItemsIsLiquidatedIntoItsFourTotals) {
-    ejecutar(u"insert into liqcero (interno,idconcepto,valor) values ('IC-2026-0001','010',5)"_s);
-    const Corrida c = lote({"liquidar", "IC-2026-0001"});
-    EXPECT_EQ(c.estado, 0);
-    EXPECT_TRUE(c.mensajes().empty());
-    EXPECT_EQ(c.resultado().value("totalP"_L1).toString(), "00,00"_L1);
-    EXPECT_TRUE(c.resultado().value("conceptos"_L1).toArray().isEmpty());
-    EXPECT_EQ(filas(u"select idconcepto,valor from liqcero where interno = 'IC-2026-0001'"_s),
-              u"###baseiva|0\n###baseimp|0\n###ajded|0\n###ajinc|0"_s);
-    EXPECT_EQ(cuantas("interno", "IC-2026-0001"), 0);
 }
 
 TEST_P(Ordenes, EveryMessageAndQuestionIsALineWithItsFiveMembers) {
