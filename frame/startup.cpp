@@ -47,6 +47,9 @@ std::function<bool(const QString &, const QStringList &)> iniciarPrograma =
     };
 
 void Arrancar(AppContext &ctx) {
+    // Ahead of the first number that is read: the options' own.
+    if (!numeros::haySeparadorDelSistema())
+        ctx.dialogos.mensaje({u"No se puedo obtener la información"_s, {}, Icono::Ninguno, false});
     if (ctx.ProgramFolder.isEmpty())
         ctx.ProgramFolder =
             QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();

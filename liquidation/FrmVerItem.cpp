@@ -33,7 +33,7 @@ void ponerFila(QTableWidget *grilla, int fila, const std::vector<Celda> &celdas)
     for (const Celda &celda : celdas) estilo::PonerCelda(grilla, fila, columna++, celda.texto, celda.numero);
 }
 
-const QStringList cero{u"0"_s};
+const QString itemCero = u"0"_s;
 
 }  // namespace
 
@@ -71,7 +71,7 @@ void FrmVerItem::Conectar() {
     QObject::connect(ui.Scr, &QScrollBar::valueChanged, v, [this](int posicion) { Scr_Change(posicion); });
     QObject::connect(ui.sTab, &QTabWidget::currentChanged, v, [this](int indice) {
         // The operation's page is calculated where its liquidation is looked at.
-        if (indice == liquidacion && item_ == cero.first() && !enCorrida_) VerDetalle(item_);
+        if (indice == liquidacion && item_ == itemCero && !enCorrida_) VerDetalle(item_);
     });
     // Shortcuts, as the grids would take these keys for themselves.
     const auto atajo = [v](const QKeySequence &teclas, const std::function<void()> &hacer) {
@@ -91,10 +91,13 @@ void FrmVerItem::Mostrar(const QString &interno) {
     ventana->setModal(true);
     ui.sTab->setCurrentIndex(liquidacion);
     MostrarVentana(ventana.get());
+    item_ = itemCero;
+    items_ = {itemCero};
     Manejar(ctx, [&] { items_ = ItemsDeOperacion(ctx, interno); });
-    ui.Scr->setRange(0, std::max(0, static_cast<int>(items_.size()) - 1));
-    ui.lbCantidadItems->setText(u"de %1"_s.arg(std::max(0, static_cast<int>(items_.size()) - 1)));
-    VerDetalle(items_.value(0, cero.first()));
+    const int ultimo = static_cast<int>(items_.size()) - 1;
+    ui.Scr->setRange(0, ultimo);
+    ui.lbCantidadItems->setText(u"de %1"_s.arg(ultimo));
+    VerDetalle(itemCero);
     ElegirSolapa(liquidacion);
 }
 
@@ -103,17 +106,21 @@ void FrmVerItem::VerDetalle(const QString &item) {
     AppContext &ctx = Contexto();
     enCorrida_ = true;
     const bool enLiquidacion = ui.sTab->currentIndex() == liquidacion;
-    const bool conLiquidacion = item != cero.first() || enLiquidacion || ctx.LiquidacionPendiente;
+    const bool deOperacion = item == itemCero;
+    const bool conLiquidacion = !deOperacion || enLiquidacion || ctx.LiquidacionPendiente;
+    bool cargada = false;
     Manejar(ctx, [&] {
         const VistaDeItem vista =
             VerDetalleITEM(ctx, interno_, item, enLiquidacion, *calculo_, [this](const QString &estado) {
                 ui.lbEstado->setText(estado);
                 ui.lbEstado->repaint();
             });
-        if (!vista.cargada) return;
+        cargada = vista.cargada;
+        if (!cargada) return;
         item_ = item;
         Pintar(vista, conLiquidacion);
     });
+    if (deOperacion) sinPagina_ = !cargada;
     enCorrida_ = false;
 }
 
@@ -130,7 +137,7 @@ void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion) {
             etiqueta->setText(texto);
         }
     }
-    const bool deOperacion = vista.item == cero.first();
+    const bool deOperacion = vista.item == itemCero;
     ui.lbNCM->setText(deOperacion ? u"Operación completa"_s : vista.campo(u"LbPos"_s));
     ui.lbAutoliq->setVisible(vista.lbAutoliq);
     ui.LbLapi->setVisible(vista.LbLapi);
@@ -251,7 +258,8 @@ void FrmVerItem::TxtItem_Enter() {
 void FrmVerItem::Form_Escape() {
     if (enCorrida_) return;
     AppContext &ctx = Contexto();
-    if (ctx.LiquidacionPendiente) {
+    // Where the run cannot be made it cannot be asked for: the mark stays, and the next entry runs again.
+    if (ctx.LiquidacionPendiente && !sinPagina_) {
         ctx.dialogos.advertir(
             u"Se modifico algun concepto de liquidación, \r\ndebe ir al item 0 (cero) para calcular y "
             "actualizar los totales."_s);

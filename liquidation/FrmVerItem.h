@@ -41,4 +41,6 @@ class FrmVerItem {
     QString item_;
     std::unique_ptr<ClassLiquidacion> calculo_;
     bool enCorrida_ = false;
+    bool sinPagina_ =
+        false;  ///< the operation's page could not be shown, so it cannot be asked for on leaving
 };

@@ -1,5 +1,7 @@
 #include "liquidation/consistency.h"
 
+#include "frame/base/values.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -87,11 +89,10 @@ QString GenerarReporte(AppContext &ctx, const QString &interno, bool &hayDiferen
     const auto agregar = [&reporte](const QString &linea) { reporte += linea + "\r\n"_L1; };
     Caratula caratula;
     Recordset rs;
-    if (Consultar(
-            ctx, internos,
-            "Select DCPaisOrigen, DcForzarPaisOrigen, DcPaisDestino From Caratula Where Interno = '"_L1 +
-                interno + "'"_L1,
-            rs)) {
+    if (Consultar(ctx, internos,
+                  "Select DCPaisOrigen, DcForzarPaisOrigen, DcPaisDestino From Caratula Where Interno = "_L1 +
+                      EnComillas(interno),
+                  rs)) {
         caratula = {pais(rs, u"DCPaisOrigen"), pais(rs, u"DcPaisDestino"),
                     rs.Texto(u"DcForzarPaisOrigen") == "S"_L1};
     } else {
@@ -99,15 +100,19 @@ QString GenerarReporte(AppContext &ctx, const QString &interno, bool &hayDiferen
         agregar(u"Error Buscando Interno en CARATULA"_s);
     }
     if (!Consultar(ctx, internos,
-                   "Select SubItems.ID as SubItemsID,SubItems.IdPais as SubItemsIDPAIS,SubItems.IdPaisProc "
-                   "as SubItemsIDPAISPROC,GroupSubItems.ID as GroupSubItemsID, "
-                   "GroupSubItems.IdPais as GroupSubItemsIDPAIS, GroupSubItems.IdPaisProc as "
-                   "GroupSubItemsIDPROC,Item.IdPais as ItemIDPAIS, Item.IdProc as "
-                   "ItemIDPAISPROC From SubItems, GroupSubItems, Item Where GroupSubItems.ID = Item.ID AND "
-                   "SubItems.ID = GroupSubItems.IDSUB AND SubItems.Interno = "
-                   "GroupSubItems.Interno AND GroupSubItems.Interno = Item.Interno AND "
-                   "GroupSubItems.Interno = '"_L1 +
-                       interno + "' Order by GroupSubitems.ID, GroupSubItems.IDSub "_L1,
+                   "Select SubItems.ID as SubItemsID,"
+                   "SubItems.IdPais as SubItemsIDPAIS,SubItems.IdPaisProc as SubItemsIDPAISPROC,"
+                   "GroupSubItems.ID as GroupSubItemsID, "
+                   "GroupSubItems.IdPais as GroupSubItemsIDPAIS, "
+                   "GroupSubItems.IdPaisProc as GroupSubItemsIDPROC,"
+                   "Item.IdPais as ItemIDPAIS, Item.IdProc as ItemIDPAISPROC "
+                   "From SubItems, GroupSubItems, Item "
+                   "Where GroupSubItems.ID = Item.ID "
+                   "AND SubItems.ID = GroupSubItems.IDSUB "
+                   "AND SubItems.Interno = GroupSubItems.Interno "
+                   "AND GroupSubItems.Interno = Item.Interno "
+                   "AND GroupSubItems.Interno = "_L1 +
+                       EnComillas(interno) + " Order by GroupSubitems.ID, GroupSubItems.IDSub "_L1,
                    rs)) {
         hayDiferencias = true;
         agregar(u"Error Analizando Interno en Item/SubItems/GroupSubItems"_s);

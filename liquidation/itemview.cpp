@@ -12,6 +12,7 @@ namespace {
 using L = QLatin1String;
 
 const QString internos = u"INTERNOS"_s;
+const QString itemCero = u"0"_s;
 
 /// A page while it is filled.
 struct Pagina {
@@ -34,10 +35,12 @@ struct Pagina {
 
 void leerGrupos(const Pagina &p) {
     Recordset rs;
-    for (p.consultar("select "
-                     "idarticulo,ncm,descripcion,idunidad,cantidad,preciounitario,fob,sufijos,estadistica,"
-                     "valorrelacionestadistica from groupsubitems where id = "_L1 +
-                         p.v.item + " and interno = '"_L1 + p.interno + "'  ORDER BY idsub"_L1,
+    for (p.consultar("select idarticulo,ncm,descripcion,"
+                     "idunidad,cantidad,preciounitario,fob,"
+                     "sufijos,estadistica,valorrelacionestadistica"
+                     " from groupsubitems"
+                     " where id = "_L1 +
+                         p.v.item + " and interno = "_L1 + EnComillas(p.interno) + "  ORDER BY idsub"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.grupos.push_back({rs.Texto(u"idarticulo"), rs.Texto(u"ncm"),
@@ -49,14 +52,19 @@ void leerGrupos(const Pagina &p) {
 }
 
 void leerCertificados(const Pagina &p) {
-    const QString grupos =
-        " select idsub from groupsubitems where interno = '"_L1 + p.interno + "' and id = "_L1 + p.v.item;
+    const QString interno = EnComillas(p.interno);
+    const QString grupos = " select idsub from groupsubitems where interno = "_L1 + interno;
     Recordset rs;
-    for (p.consultar("select certorig from subitems where interno = '"_L1 + p.interno +
-                         "' and  (certorig is not null and certorig<>'') and  id in ( select * from ( "_L1 +
-                         grupos + " Union  select idsub from idrel where interno = '"_L1 + p.interno +
-                         "' and idroot in (  select idsub from groupsubitems where interno = '"_L1 +
-                         p.interno + "'  and id = "_L1 + p.v.item + ")) as tino ) "_L1,
+    for (p.consultar("select certorig from subitems"
+                     " where interno = "_L1 +
+                         interno +
+                         " and  (certorig is not null and certorig<>'')"
+                         " and  id in ( select * from ( "_L1 +
+                         grupos + " and id = "_L1 + p.v.item +
+                         " Union "
+                         " select idsub from idrel where interno = "_L1 +
+                         interno + " and idroot in ( "_L1 + grupos + "  and id = "_L1 + p.v.item +
+                         ")) as tino ) "_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.certificados << rs.Texto(u"certorig");
@@ -64,13 +72,15 @@ void leerCertificados(const Pagina &p) {
 
 void leerListas(const Pagina &p) {
     Recordset rs;
-    for (p.consultar("select * from iteminfo where iditem = "_L1 + p.v.item + " and interno = '"_L1 +
-                         p.interno + "'"_L1,
+    for (p.consultar("select * from iteminfo"
+                     " where iditem = "_L1 +
+                         p.v.item + " and interno = "_L1 + EnComillas(p.interno),
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.informacion.emplace_back(rs.Texto(u"idinfo"), rs.Texto(u"valor"));
-    for (p.consultar("select * from itemventaja where iditem = "_L1 + p.v.item + " and interno ='"_L1 +
-                         p.interno + "' order by idventaja"_L1,
+    for (p.consultar("select * from itemventaja"
+                     " where iditem = "_L1 +
+                         p.v.item + " and interno ="_L1 + EnComillas(p.interno) + " order by idventaja"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString ventaja = rs.Texto(u"idventaja");
@@ -81,9 +91,12 @@ void leerListas(const Pagina &p) {
 
 void leerCancelaciones(const Pagina &p) {
     Recordset rs;
-    for (p.consultar("select dit,item,subitem,ncm,expctit,cantidad,factorponderacion from descargas where "
-                     "interno = '"_L1 +
-                         p.interno + "' and iditem =  "_L1 + p.v.item + " order by dit, item, subitem"_L1,
+    for (p.consultar("select dit,item,subitem,ncm,expctit,"
+                     "cantidad,factorponderacion"
+                     " from descargas"
+                     " where interno = "_L1 +
+                         EnComillas(p.interno) + " and iditem =  "_L1 + p.v.item +
+                         " order by dit, item, subitem"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.cancelaciones.push_back({rs.Texto(u"dit"), rs.Texto(u"item"), rs.Texto(u"subitem"),
@@ -92,7 +105,14 @@ void leerCancelaciones(const Pagina &p) {
                                      p.comoNumero(rs.Numero(u"factorponderacion"))});
 }
 
-void ponerDatos(const Pagina &p, const Recordset &item) {
+/// The item's row. Item 0 may have none: every column reads as a null then.
+struct FilaDeItem {
+    const Recordset &rs;
+    QString Texto(QStringView columna) const { return rs.Eof() ? QString() : rs.Texto(columna); }
+    double Numero(QStringView columna) const { return rs.Eof() ? 0 : rs.Numero(columna); }
+};
+
+void ponerDatos(const Pagina &p, const FilaDeItem &item) {
     const auto codigo = [&](const char *control, QStringView columna) {
         p.poner(control, item.Texto(columna));
     };
@@ -119,7 +139,7 @@ void ponerDatos(const Pagina &p, const Recordset &item) {
     p.poner("TxtCOEF", p.comoNumero(item.Numero(u"cofexp")));
     p.monto("TxtAjusteInc", item.Numero(u"ajusteinc"));
     p.monto("txtAjusteDed", item.Numero(u"ajusteded"));
-    const QStringView mascara = p.v.item == "0"_L1 ? QStringView(u"00.000000") : QStringView(u"00.00");
+    const QStringView mascara = p.v.item == itemCero ? QStringView(u"00.000000") : QStringView(u"00.00");
     p.poner("OLDTxtInsCons", p.conMascara(item.Numero(u"insumostemp"), mascara));
     p.poner("txtConsumo", p.conMascara(item.Numero(u"insumosacons"), mascara));
     codigo("TxtCodPror", u"codprorrateo");
@@ -165,9 +185,10 @@ void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
     p.v.recalculada = recalcular;
     Recordset rs;
     p.consultar(
-        "select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
-        "interno = '"_L1 +
-            p.interno + "' and id<>0"_L1,
+        "select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro"
+        " from item"
+        " where interno = "_L1 +
+            EnComillas(p.interno) + " and id<>0"_L1,
         rs);
     c.FOBTotalITEM = rs.Numero(u"fob");
     c.FLETETotalITEM = rs.Numero(u"flete");
@@ -207,12 +228,12 @@ QString VistaDeItem::campo(const QString &control) const {
 }
 
 QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno) {
-    QStringList numeros;
+    QStringList numeros{itemCero};
     Recordset rs;
-    for (Consultar(ctx, internos, "select id from item where interno = '"_L1 + interno + "' order by id"_L1,
-                   rs);
+    for (Consultar(ctx, internos,
+                   "select id from item where interno = "_L1 + EnComillas(interno) + " order by id"_L1, rs);
          !rs.Eof(); rs.MoveNext())
-        numeros << rs.Texto(u"id");
+        if (const QString id = rs.Texto(u"id"); id != itemCero) numeros << id;
     return numeros;
 }
 
@@ -223,14 +244,21 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
     VistaDeItem v;
     v.item = item;
     const Pagina p{ctx, interno, v};
-    if (!CargarCaratulaEnCalculadora(ctx, interno, calculo)) return v;
+    if (!CargarCaratulaEnCalculadora(ctx, interno, calculo)) {
+        v.aviso = u"El interno %1 ya no existe: vuelva a buscarlo en la lista."_s.arg(interno);
+        ctx.dialogos.advertir(v.aviso);
+        return v;
+    }
     v.idsubreg = calculo.CaratulaSubRegimen;
     v.cantidadDeItems = static_cast<int>(ItemsDeOperacion(ctx, interno).size()) - 1;
+    const bool cero = item == itemCero;
     Recordset fila;
-    if (!p.consultar("select * from item where interno = '"_L1 + interno + "' and id = "_L1 + item, fila))
+    if (!p.consultar("select * from item where interno = "_L1 + EnComillas(interno) + " and id = "_L1 + item,
+                     fila) &&
+        !cero)
         return v;
     const bool recalcular = paginaDeLiquidacion || ctx.LiquidacionPendiente;
-    if (item == "0"_L1) {
+    if (cero) {
         leerListas(p);
         verItemCero(p, recalcular, calculo, estado);
     } else {
@@ -240,7 +268,7 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
         if (!verItem(p, fila, calculo)) return v;
         leerCancelaciones(p);
     }
-    ponerDatos(p, fila);
+    ponerDatos(p, {fila});
     v.cargada = true;
     return v;
 }

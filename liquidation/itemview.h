@@ -22,7 +22,7 @@ struct FilaDeCancelacion {
 /// A page of the item screen. Texts are as shown: amounts and quantities "00.00".
 struct VistaDeItem {
     bool cargada = false;  ///< false: the load ended before the item's data, for the reason in `aviso`
-    QString aviso;         ///< empty when there is no such item
+    QString aviso;         ///< told to the user already; empty when there is no such item
     QString item;          ///< its number
     int cantidadDeItems = 0;
     QString idsubreg;
@@ -44,12 +44,14 @@ struct VistaDeItem {
     QString campo(const QString &control) const;
 };
 
-/// The numbers of the operation's items in order, 0 first.
+/// The numbers of the operation's items in order, 0 first: the operation's own page is there also when its
+/// row is not. Raises Falla.
 QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno);
 
 /// Loads a page. Item "0" spreads the header's adjustments, and with the liquidation page wanted, or with the
 /// liquidation pending, runs the recalculation of the operation (`estado` hears its progress); without a run
-/// it shows the totals of the last one. Any other item reads its stored rows. Raises Falla.
+/// it shows the totals of the last one. It needs no row of its own, nor any item: what has no row reads as
+/// empty. Any other item reads its stored rows. An operation that is gone is told. Raises Falla.
 VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
                            bool paginaDeLiquidacion, ClassLiquidacion &calculo,
                            const std::function<void(const QString &)> &estado = {});

@@ -1,10 +1,10 @@
 #include "liquidation/review.h"
 
-#include <QStringBuilder>
 #include <algorithm>
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/escritura.h"
 #include "frame/sqltext.h"
 #include "header/automotive.h"
 #include "liquidation/fees.h"
@@ -19,6 +19,7 @@ using numeros::aNumero;
 using numeros::Format;
 
 const QString internos = u"INTERNOS"_s;
+const QString liqcero = u"liqcero"_s;
 
 QString conMascara(const AppContext &ctx, double valor) {
     return Format(valor, u"00.00", ctx.SeparadorDecimal);
@@ -83,8 +84,9 @@ void sumarAlResumen(Corrida &k, const DetalleLiq &d) {
 
 void recalcularConceptos(Corrida &k, const QString &id) {
     Recordset filas;
-    for (k.consultar("select * from itemliq where iditem> 0 and interno = '"_L1 + k.interno +
-                         "' and iditem = "_L1 + id + " ORDER BY idconceptos"_L1,
+    for (k.consultar("select * from itemliq"
+                     " where iditem> 0 and interno = "_L1 +
+                         EnComillas(k.interno) + " and iditem = "_L1 + id + " ORDER BY idconceptos"_L1,
                      filas);
          !filas.Eof(); filas.MoveNext()) {
         const QString codigo = filas.Texto(u"idconceptos").trimmed();
@@ -92,8 +94,8 @@ void recalcularConceptos(Corrida &k, const QString &id) {
         const double porcentaje = k.calculo.ObtenerLqPorc();
         if (codigo == "020"_L1 && id != "0"_L1)
             k.ejecutar("update item set COFEXP = "_L1 +
-                       PonerPuntoDecimal(k.calculo.ItemCoeficienteExportacion) + " where interno = '"_L1 +
-                       k.interno + "' and id = "_L1 + id);
+                       PonerPuntoDecimal(k.calculo.ItemCoeficienteExportacion) + " where interno = "_L1 +
+                       EnComillas(k.interno) + " and id = "_L1 + id);
         DetalleLiq d{codigo,
                      conMascara(k.ctx, total),
                      conMascara(k.ctx, porcentaje),
@@ -119,11 +121,15 @@ void recalcularItem(Corrida &k, const Recordset &item) {
     recalcularConceptos(k, id);
 }
 
-QString filaDeTotal(const Corrida &k, const QString &codigo, const QString &concepto, const QString &valor,
-                    const QString &pgc) {
-    return "insert into liqcero (idconcepto,concepto,valor,interno,pgc) values ('"_L1 + codigo + "','"_L1 +
-           DoblarComillas(concepto) + "',"_L1 + SqlNumber(k.ctx, valor) + ",'"_L1 + k.interno + "','"_L1 +
-           pgc + "')"_L1;
+/// A concept's row of liqcero, up to its payment kind.
+Escritura filaDeTotal(const Corrida &k, const QString &codigo, const QString &concepto,
+                      const QString &valor) {
+    Escritura fila(k.ctx);
+    fila.codigo("idconcepto", codigo)
+        .texto("concepto", concepto)
+        .numero("valor", valor)
+        .codigo("interno", k.interno);
+    return fila;
 }
 
 void sumarPorPago(ResultadoRecalculo &r, const QString &pgc, double importe) {
@@ -136,7 +142,7 @@ void sumarPorPago(ResultadoRecalculo &r, const QString &pgc, double importe) {
 void escribirTotal(Corrida &k, const Resumen &s) {
     Recordset rs;
     const bool hay =
-        k.consultar("select LTAXABR as descripcion from tax where ctax = '"_L1 + s.concepto + "'"_L1, rs);
+        k.consultar("select LTAXABR as descripcion from tax where ctax = "_L1 + EnComillas(s.concepto), rs);
     const QString descripcion = hay ? rs.Texto(u"descripcion") : QString();
     const double total = aNumero(s.total);
     const auto mostrar = [&k](const QString &numero, const QString &concepto, const QString &importe,
@@ -146,9 +152,7 @@ void escribirTotal(Corrida &k, const Resumen &s) {
     if (!hay && s.concepto == "FCV"_L1) {
         const QString convergencia = u"Factor de Convergencia"_s;
         mostrar({}, "("_L1 + s.concepto + ") "_L1 + convergencia, conMascara(k.ctx, total), s.pgc);
-        if (k.ejecutar("insert into liqcero (idconcepto,concepto,valor,interno) values ('"_L1 + s.concepto +
-                       "','"_L1 + convergencia + "',"_L1 + SqlNumber(k.ctx, s.total) + ",'"_L1 + k.interno +
-                       "')"_L1) > 0)
+        if (k.ejecutar(filaDeTotal(k, s.concepto, convergencia, s.total).insertar(liqcero)) > 0)
             sumarPorPago(k.r, s.pgc, total);
     } else if (const Arancel *arancel = ArancelDe(s.concepto);
                arancel != nullptr && arancel->esDeLaOperacion()) {
@@ -156,21 +160,26 @@ void escribirTotal(Corrida &k, const Resumen &s) {
         const QString nombre = QString::fromLatin1(arancel->nombre);
         // A point under either separator.
         mostrar(s.concepto, hay ? descripcion : nombre, Format(arancel->importe, u"00.00", u'.'), u"P"_s);
-        k.ejecutar(filaDeTotal(k, s.concepto, nombre, numeros::aTexto(arancel->importe), u"P"_s));
+        k.ejecutar(filaDeTotal(k, s.concepto, nombre, numeros::aTexto(arancel->importe))
+                       .codigo("pgc", u"P"_s)
+                       .insertar(liqcero));
         k.r.totalP += arancel->importe;
     } else if (total > 0) {
         mostrar(s.concepto, descripcion, conMascara(k.ctx, total), s.pgc);
-        k.ejecutar(filaDeTotal(k, s.concepto, descripcion, s.total, s.pgc));
+        k.ejecutar(filaDeTotal(k, s.concepto, descripcion, s.total).codigo("pgc", s.pgc).insertar(liqcero));
         sumarPorPago(k.r, s.pgc, total);
     }
 }
 
 void escribirTotales(Corrida &k) {
-    k.ejecutar("delete from liqcero where interno = '"_L1 + k.interno + "'"_L1);
+    k.ejecutar("delete from liqcero where interno = "_L1 + EnComillas(k.interno));
     for (const Resumen &s : k.resumen) escribirTotal(k, s);
     const auto reservado = [&k](const char *codigo, double valor) {
-        k.ejecutar("insert into liqcero (idconcepto,valor,interno) values ('"_L1 + L(codigo) + "',"_L1 +
-                   PonerPuntoDecimal(valor) + ",'"_L1 + k.interno + "')"_L1);
+        k.ejecutar(Escritura(k.ctx)
+                       .codigo("idconcepto", L(codigo))
+                       .crudo("valor", PonerPuntoDecimal(valor))
+                       .codigo("interno", k.interno)
+                       .insertar(liqcero));
     };
     reservado("###baseiva", k.r.sumaBaseIVA);
     reservado("###baseimp", k.r.sumaBaseImponible);
@@ -181,12 +190,15 @@ void escribirTotales(Corrida &k) {
 void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &estado) {
     k.ctx.dialogos.atenderEventos();
     for (const DetalleLiq &d : k.r.detalle) {
-        // One of these a concept: built in one go.
-        k.ejecutar("update itemliq set baseimp = "_L1 % SqlNumber(k.ctx, d.base) % ",porcentaje = "_L1 %
-                   SqlNumber(k.ctx, d.porcentaje) % ",total = "_L1 % SqlNumber(k.ctx, d.total) %
-                   ",pgc = '"_L1 % d.pgc % "',motivo = '"_L1 % d.motivo % "' where interno = '"_L1 %
-                   k.interno % "'   and iditem = "_L1 % d.iditem % "  and idconceptos = '"_L1 % d.concepto %
-                   "'"_L1);
+        k.ejecutar(Escritura(k.ctx)
+                       .numero("baseimp", d.base)
+                       .numero("porcentaje", d.porcentaje)
+                       .numero("total", d.total)
+                       .codigo("pgc", d.pgc)
+                       .codigo("motivo", d.motivo)
+                       .actualizar(u"itemliq"_s, "interno = "_L1 + EnComillas(k.interno) +
+                                                     "   and iditem = "_L1 + d.iditem +
+                                                     "  and idconceptos = "_L1 + EnComillas(d.concepto)));
         if (estado) estado("Liquidando ITEM "_L1 + d.iditem + " ..."_L1);
     }
     k.r.escrito = true;
@@ -200,14 +212,16 @@ void repartirAjuste(AppContext &ctx, const QString &interno, const ClassLiquidac
     for (Consultar(ctx, internos,
                    "select id,(FOBtotal * "_L1 + SqlNumber(ctx, importe) + ") / ("_L1 +
                        SqlNumber(ctx, calculo.CaratulaFobTotalSinG) +
-                       ") as valor from item where id<>0 and interno = '"_L1 + interno + "' and "_L1 +
-                       L(tipo),
+                       ") as valor"
+                       " from item"
+                       " where id<>0 and interno = "_L1 +
+                       EnComillas(interno) + " and "_L1 + L(tipo),
                    rs);
          !rs.Eof(); rs.MoveNext())
         Ejecutar(ctx, internos,
                  "update item set "_L1 + L(columna) + " = "_L1 +
                      SqlNumber(ctx, conMascara(ctx, rs.Numero(u"valor"))) + " where id = "_L1 +
-                     rs.Texto(u"ID") + " and interno = '"_L1 + interno + "'"_L1);
+                     rs.Texto(u"ID") + " and interno = "_L1 + EnComillas(interno));
 }
 
 }  // namespace
@@ -226,7 +240,7 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
     RepartirAjustesDeCaratula(ctx, interno, calculo);
     ctx.CalculoAEC = LeerAEC(ctx, interno);
     Recordset items;
-    for (k.consultar("select * from item where interno = '"_L1 + interno + "' and id<>0"_L1, items);
+    for (k.consultar("select * from item where interno = "_L1 + EnComillas(interno) + " and id<>0"_L1, items);
          !items.Eof(); items.MoveNext())
         recalcularItem(k, items);
     CerrarVehiculoPartes(ctx, interno, k.vehiculoPartes);
@@ -248,7 +262,7 @@ ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno) 
                                                              {"###ajded"_L1, &r.sumaAjusteDed},
                                                              {"###ajinc"_L1, &r.sumaAjusteInc}};
     Recordset rs;
-    for (Consultar(ctx, internos, "select * from liqcero where interno = '"_L1 + interno + "'"_L1, rs);
+    for (Consultar(ctx, internos, "select * from liqcero where interno = "_L1 + EnComillas(interno), rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString codigo = rs.Texto(u"idconcepto");
         const double valor = rs.Numero(u"valor");
@@ -270,8 +284,10 @@ std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &inter
     Recordset rs;
     for (Consultar(ctx, internos,
                    "select idconceptos,conceptos,"_L1 + SqlRound(ctx, internos, u"porcentaje"_s, u"00.00") +
-                       ",baseimp,total,pgc,motivo from itemliq where total>0 and interno = '"_L1 + interno +
-                       "' and iditem = "_L1 + item + " order by idconceptos"_L1,
+                       ",baseimp,total,pgc,motivo"
+                       " from itemliq"
+                       " where total>0 and interno = "_L1 +
+                       EnComillas(interno) + " and iditem = "_L1 + item + " order by idconceptos"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext()) {
         const auto numero = [&ctx, &rs](int columna) {

@@ -48,7 +48,8 @@ void RepartirAjustesDeCaratula(AppContext &ctx, const QString &interno, const Cl
 
 /// The whole run for item 0: header adjustments spread, every item recalculated, liqcero rebuilt. `estado`
 /// hears "Liquidando ITEM n ..." and "LISTO". Writes itemliq back only when ctx.LiquidacionPendiente is set,
-/// and clears it then. Raises Falla.
+/// and clears it then. An operation without items is run like any other: liqcero keeps its four totals at 0,
+/// and the mark goes. One that is not there changes nothing. Raises Falla.
 ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo,
                                        const std::function<void(const QString &)> &estado = {});
 

@@ -33,8 +33,10 @@ TasaGuardada tasaGuardada(AppContext &ctx, const QString &interno, const QString
     Recordset rs;
     TasaGuardada t;
     t.hay = Consultar(ctx, internos,
-                      "select porcentaje from itemliq where idconceptos = '"_L1 + L(concepto) +
-                          "' and interno = '"_L1 + interno + "' and iditem = "_L1 + id + L(cola),
+                      "select porcentaje from itemliq"
+                      " where idconceptos = "_L1 +
+                          EnComillas(L(concepto)) + " and interno = "_L1 + EnComillas(interno) +
+                          " and iditem = "_L1 + id + L(cola),
                       rs);
     if (t.hay) t.porcentaje = rs.Numero(u"Porcentaje");
     return t;
@@ -59,7 +61,7 @@ QString derechoAdicional(AppContext &ctx, const QString &interno, const QString 
 void leerDecretos(AppContext &ctx, const QString &interno) {
     MotivoDecreto d;
     Recordset rs;
-    for (Consultar(ctx, internos, "select flag,valor from sysflag where interno = '"_L1 + interno + "'"_L1,
+    for (Consultar(ctx, internos, "select flag,valor from sysflag where interno = "_L1 + EnComillas(interno),
                    rs);
          !rs.Eof(); rs.MoveNext()) {
         const QString flag = rs.Texto(u"flag");
@@ -101,7 +103,7 @@ void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, 
 
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c) {
     Recordset rs;
-    if (!Consultar(ctx, internos, "select * from caratula where interno = '"_L1 + interno + "'"_L1, rs))
+    if (!Consultar(ctx, internos, "select * from caratula where interno = "_L1 + EnComillas(interno), rs))
         return false;
     c.CaratulaSubRegimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
     c.CaratulaFobTotal = c.CaratulaFobTotalSinG = rs.Numero(u"fobdivisas");
@@ -116,9 +118,9 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     c.CaratulaDivisasFlete = rs.Numero(u"fletedivcambio");
     c.CaratulaDivisasSeguro = rs.Numero(u"segurodivcambio");
     c.CaratulaFobTotal =
-        suma(ctx, "select sum(fob) as total from groupsubitems where interno = '"_L1 + interno + "'"_L1);
-    c.CaratulaFobTotalSinG = suma(ctx, "select sum(fobtotal) as total from item where interno = '"_L1 +
-                                           interno + "' and tipoitem <> 'G'"_L1);
+        suma(ctx, "select sum(fob) as total from groupsubitems where interno = "_L1 + EnComillas(interno));
+    c.CaratulaFobTotalSinG = suma(ctx, "select sum(fobtotal) as total from item where interno = "_L1 +
+                                           EnComillas(interno) + " and tipoitem <> 'G'"_L1);
     leerDecretos(ctx, interno);
     return true;
 }
@@ -132,9 +134,10 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     const QString id = item.Texto(u"ID");
     Recordset rs;
     Consultar(ctx, internos,
-              "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where "
-              "interno = '"_L1 +
-                  interno + (id == "0"_L1 ? u"' and id <> 0"_s : "' and id = "_L1 + id),
+              "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro"
+              " from item"
+              " where interno = "_L1 +
+                  EnComillas(interno) + (id == "0"_L1 ? u" and id <> 0"_s : " and id = "_L1 + id),
               rs);
     c.FOBTotalITEM = rs.Numero(u"vfob");
     c.FLETETotalITEM = rs.Numero(u"flete");
@@ -164,8 +167,9 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     const bool hay =
         Consultar(ctx, u"NCM"_s,
                   "select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi "
-                  "from ncm where [001] = '"_L1 +
-                      ncm.left(10) + "' and [002] = '"_L1 + digitos + "'"_L1,
+                  "from ncm "
+                  "where [001] = "_L1 +
+                      EnComillas(ncm.left(10)) + " and [002] = "_L1 + EnComillas(digitos),
                   posicion);
     // Everything that hangs on the position stays as the item before left it.
     if (!hay) return CargaDePosicion::NoEsta;
@@ -176,7 +180,7 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     c.ncmDIEMIndMaxArancelValor = ctx.opciones.DIEMCHINA_IndMaxArancel;
     Recordset diem;
     c.ncmCalculaDIEMCHINA = Consultar(
-        ctx, u"SYSTABLAS"_s, "select diem from DIEMCHINA where ncm = '"_L1 + ncm.left(10) + "'"_L1, diem);
+        ctx, u"SYSTABLAS"_s, "select diem from DIEMCHINA where ncm = "_L1 + EnComillas(ncm.left(10)), diem);
     if (c.ncmCalculaDIEMCHINA) c.ncmDIEMCHINAValor = diem.Numero(u"diem");
     return CargaDePosicion::Encontrada;
 }

@@ -1,5 +1,8 @@
 #include "liquidation/vehiculopartes.h"
 
+#include "frame/base/values.h"
+#include "frame/escritura.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -11,13 +14,17 @@ const QString internos = u"INTERNOS"_s;
 void agregar(AppContext &ctx, const QString &interno, const QString &id) {
     Recordset rs;
     if (Consultar(ctx, internos,
-                  "select idventaja from itemventaja where iditem = "_L1 + id +
-                      " and idventaja = 'VEHICULOPARTES' and interno = '"_L1 + interno + "'"_L1,
+                  "select idventaja from itemventaja"
+                  " where iditem = "_L1 +
+                      id + " and idventaja = 'VEHICULOPARTES' and interno = "_L1 + EnComillas(interno),
                   rs))
         return;
     Ejecutar(ctx, internos,
-             "insert into itemventaja (iditem,idventaja,interno) values ("_L1 + id +
-                 ",'VEHICULOPARTES','"_L1 + interno + "')"_L1);
+             Escritura(ctx)
+                 .crudo("iditem", id)
+                 .codigo("idventaja", u"VEHICULOPARTES"_s)
+                 .codigo("interno", interno)
+                 .insertar(u"itemventaja"_s));
 }
 
 /// A position that has an automotive mark of another kind, or comes from inside the zone.
@@ -29,8 +36,10 @@ void fueraDelRegimen(AppContext &ctx, const QString &interno, const QString &id,
     if (z == "B"_L1) {
         if (!ctx.opciones.QUINDELRAF) return;
         if (Ejecutar(ctx, internos,
-                     "UPDATE item set lista = 'MERCOSUR' where id = "_L1 + id + " and interno = '"_L1 +
-                         interno + "' and (itmodif<>'S' or itmodif is null)"_L1) > 0)
+                     "UPDATE item set lista = 'MERCOSUR'"
+                     " where id = "_L1 +
+                         id + " and interno = "_L1 + EnComillas(interno) +
+                         " and (itmodif<>'S' or itmodif is null)"_L1) > 0)
             c.ItemLISTA_MERCOSUR = true;
         return;
     }
@@ -69,9 +78,10 @@ void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QStrin
 
 void CerrarVehiculoPartes(AppContext &ctx, const QString &interno, const VehiculoPartes &memoria) {
     if (!memoria.advertir) return;
-    Ejecutar(
-        ctx, internos,
-        "delete from itemventaja where interno = '"_L1 + interno + "' and idventaja = 'VEHICULOPARTES'"_L1);
+    Ejecutar(ctx, internos,
+             "delete from itemventaja"
+             " where interno = "_L1 +
+                 EnComillas(interno) + " and idventaja = 'VEHICULOPARTES'"_L1);
     ctx.dialogos.advertir(
         u"ADVERTENCIA: Hay posiciones con LAPI\r\npero que no estan en el Regimen "
         "Automotriz.\r\n\r\nVerifique el subregimen del despacho."_s);

@@ -9,6 +9,7 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmCaratula.h"
+#include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/handover.h"
 #include "subitems/FrmConsultas.h"
@@ -21,7 +22,7 @@ namespace {
 const QString zendra = u"ZENDRA"_s;
 const QString flags = u"FLAGS"_s;
 
-/// What a status label shows while its state is not known.
+/// What a status label shows that was never worked out.
 const QString sinDato = u"—"_s;
 
 }  // namespace
@@ -79,14 +80,15 @@ void FrmDetalleInterno::TomarFoco() {
 void FrmDetalleInterno::VerDatos() {
     AppContext &ctx = Contexto();
     Manejar(ctx, [&] {
-        const EstadoDeOperacion estado = LeerEstado(ctx, interno_);
-        PintarEstado(estado);
-        HabilitarBotones(estado);
-        ElegirOpcionDJAI(estado);
+        estado_ = LeerEstado(ctx, interno_, estado_);
+        PintarEstado();
+        HabilitarBotones();
+        ElegirOpcionDJAI();
     });
 }
 
-void FrmDetalleInterno::PintarEstado(const EstadoDeOperacion &e) {
+void FrmDetalleInterno::PintarEstado() {
+    const EstadoDeOperacion &e = estado_;
     ui.LbSubregimen->setText(e.LbSubregimen);
     ui.LbAduana->setText(e.LbAduana);
     ui.LbDespa->setText(e.LbDespa);
@@ -102,7 +104,8 @@ void FrmDetalleInterno::PintarEstado(const EstadoDeOperacion &e) {
     pintar(ui.LbEstadoBultos, e.LbEstadoBultos);
 }
 
-void FrmDetalleInterno::HabilitarBotones(const EstadoDeOperacion &e) {
+void FrmDetalleInterno::HabilitarBotones() {
+    const EstadoDeOperacion &e = estado_;
     ui.ChCOEF->setEnabled(e.ChCOEF);
     ui.cmdITEM->setEnabled(e.cmdITEM);
     ui.frmOrdenar->setEnabled(e.frmOrdenar);
@@ -117,8 +120,10 @@ void FrmDetalleInterno::HabilitarBotones(const EstadoDeOperacion &e) {
     ui.framDJAI->setVisible(e.framDJAIVisible);
 }
 
-void FrmDetalleInterno::ElegirOpcionDJAI(const EstadoDeOperacion &e) {
+void FrmDetalleInterno::ElegirOpcionDJAI() {
+    const EstadoDeOperacion &e = estado_;
     ui.opDJAI_MezclarDescripciones->setEnabled(e.mezclarHabilitado);
+    if (!e.itemsMirados || !EsDeclaracionDJAI(e.idsubreg)) return;
     QRadioButton *elegida = ui.opDJAI_No_Usar_Descripcion;
     if (e.opcionDJAI == "MARIA"_L1) elegida = ui.opDJAI_Usar_Descripcion_Maria;
     if (e.opcionDJAI == "CATALOGO"_L1) elegida = ui.opDJAI_Usar_Descripcion_Catalogo;
@@ -157,12 +162,12 @@ void FrmDetalleInterno::Form_GotFocus() {
 
 void FrmDetalleInterno::CerrarInterno() {
     AppContext &ctx = Contexto();
-    const bool guardado = Manejar(ctx, [&] {
+    Manejar(ctx, [&] {
         std::optional<int> coeficiente;
         if (ui.ChCOEF->isEnabled()) coeficiente = ui.ChCOEF->isChecked() ? 1 : 0;
         GuardarYLiberar(ctx, interno_, LeerBanderas(), coeficiente);
     });
-    if (guardado) Form_Unload();
+    Form_Unload();
 }
 
 void FrmDetalleInterno::Form_Unload() {
@@ -184,13 +189,16 @@ void FrmDetalleInterno::cmdITEM_Click() {
             return;
         }
         auto &armado = Pantalla<FrmArmarItem>();
-        armado.alCambiarTablero = [this](const Avance &avance) {
-            if (avance.control == "ChCOEF"_L1) ui.ChCOEF->setChecked(avance.valor != 0);
-            if (avance.control == "LbSubregimen"_L1) ui.LbSubregimen->setText(avance.texto);
-        };
+        armado.alCambiarTablero = [this](const Avance &avance) { SeguirCorrida(avance); };
         armado.alCerrar = [this] { SeguirArmado(); };
         armado.Mostrar(interno_, opciones);
     });
+}
+
+void FrmDetalleInterno::SeguirCorrida(const Avance &avance) {
+    if (avance.control == "LbSubregimen"_L1) ui.LbSubregimen->setText(avance.texto);
+    for (QCheckBox *casilla : {ui.ChCOEF, ui.ChMulta})
+        if (avance.control == casilla->objectName()) casilla->setChecked(avance.valor != 0);
 }
 
 void FrmDetalleInterno::SeguirArmado() {

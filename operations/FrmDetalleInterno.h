@@ -20,6 +20,9 @@ class FrmDetalleInterno {
     void VerDatos();
     void TomarFoco();
     const QString &Interno() const { return interno_; }
+    /// What ESC does: keeps the flags, gives the lock back and closes. A store that cannot take the lock back
+    /// is told and the screen closes all the same; the next opening finds the lock.
+    void CerrarInterno();
     /// Called when the screen has closed.
     std::function<void()> alCerrar;
 
@@ -32,8 +35,9 @@ class FrmDetalleInterno {
     bool Form_KeyDown(const QKeyEvent *tecla);
     void Form_GotFocus();
     void Form_Unload();
-    void CerrarInterno();
     void cmdITEM_Click();
+    /// The run speaks of a control of this screen.
+    void SeguirCorrida(const Avance &avance);
     /// Goes on where the run's screen has closed.
     void SeguirArmado();
     void AbrirItems();
@@ -42,13 +46,14 @@ class FrmDetalleInterno {
     void CmdTransMaria_Click();
     void opDJAI_MezclarDescripciones_Click();
     void opDJAI_Usar_Descripcion_Catalogo_Click();
-    void PintarEstado(const EstadoDeOperacion &estado);
-    void HabilitarBotones(const EstadoDeOperacion &estado);
-    void ElegirOpcionDJAI(const EstadoDeOperacion &estado);
+    void PintarEstado();
+    void HabilitarBotones();
+    void ElegirOpcionDJAI();
     EleccionDelTablero LeerEleccion() const;
     BanderasDeOperacion LeerBanderas() const;
 
     std::array<QCheckBox *, 8> CkFlag{};
     QString interno_;
-    bool enItems_ = false;  ///< from the assembly button until the item screen has closed
+    EstadoDeOperacion estado_;  ///< what the screen shows
+    bool enItems_ = false;      ///< from the assembly button until the item screen has closed
 };

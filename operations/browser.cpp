@@ -3,6 +3,7 @@
 #include <QDateTime>
 
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "frame/startup.h"
 #include "header/codes.h"
 #include "header/regime.h"
@@ -41,8 +42,9 @@ QString tipoDe(const QString &direccion) {
 
 QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
     QStringList condiciones;
-    if (!f.txtCliente.isEmpty()) condiciones << " cuitcliente = '"_L1 + f.txtCliente + "' "_L1;
-    if (!f.txtDespachante.isEmpty()) condiciones << " cuitdespaduana = '"_L1 + f.txtDespachante + "' "_L1;
+    if (!f.txtCliente.isEmpty()) condiciones << " cuitcliente = "_L1 + EnComillas(f.txtCliente) + " "_L1;
+    if (!f.txtDespachante.isEmpty())
+        condiciones << " cuitdespaduana = "_L1 + EnComillas(f.txtDespachante) + " "_L1;
     if (f.chkFiltroFecha)
         condiciones << " ( FechaAlta between "_L1 +
                            ctx.DataManager.getDateFormatbyEntity(internos, f.desde.startOfDay()) +

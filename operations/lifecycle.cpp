@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 
+#include "frame/base/values.h"
+#include "frame/escritura.h"
 #include "frame/startup.h"
 #include "header/regime.h"
 #include "operations/oOperationCopy.h"
@@ -18,6 +20,10 @@ const QString zendra = u"ZENDRA"_s;
 
 QString bandera(int n) {
     return "FLAG"_L1 + QString::number(n);
+}
+
+QString deLaClave(const QString &interno) {
+    return " where interno = "_L1 + EnComillas(interno);
 }
 
 /// The tables of an operation, in the order of their removal.
@@ -42,9 +48,7 @@ QString fechaLarga(const Recordset &rs) {
 void liberarInsumos(AppContext &ctx, const QString &clave) {
     Recordset rs;
     for (Consultar(ctx, internos,
-                   "select cancelaciones,idcatalogo,idarticulo,id from subitems where interno = '"_L1 +
-                       clave + "'"_L1,
-                   rs);
+                   "select cancelaciones,idcatalogo,idarticulo,id from subitems"_L1 + deLaClave(clave), rs);
          !rs.Eof(); rs.MoveNext()) {
         if (rs.Texto(u"cancelaciones") != "OK"_L1) continue;
         if (!insumos::crearEnlace)
@@ -72,14 +76,14 @@ std::function<insumos::Enlace()> insumos::crearEnlace;
 bool CrearInterno(AppContext &ctx, const QString &clave) {
     try {
         Recordset rs;
-        if (Consultar(ctx, internos, "select interno from caratula where interno = '"_L1 + clave + "'"_L1,
-                      rs)) {
+        if (Consultar(ctx, internos, "select interno from caratula"_L1 + deLaClave(clave), rs)) {
             ctx.dialogos.advertir(u"El Código de interno ya existe."_s);
             return false;
         }
         if (Ejecutar(ctx, internos,
-                     "insert into caratula (interno, fechaalta, ONCCAHabilitado) values ('"_L1 + clave +
-                         "',"_L1 +
+                     "insert into caratula (interno, fechaalta, ONCCAHabilitado)"
+                     " values ("_L1 +
+                         EnComillas(clave) + ","_L1 +
                          ctx.DataManager.getDateFormatbyEntity(internos, QDate::currentDate().startOfDay()) +
                          ",'N')"_L1) == 0)
             return false;
@@ -103,8 +107,7 @@ QString NuevoInterno(AppContext &ctx) {
 bool ComprobarBloqueo(AppContext &ctx, const QString &interno) {
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
-    if (!Consultar(ctx, internos,
-                   "select interno,maquina,fecha from interno where interno = '"_L1 + interno + "'"_L1, rs))
+    if (!Consultar(ctx, internos, "select interno,maquina,fecha from interno"_L1 + deLaClave(interno), rs))
         return true;
     if (rs.Texto(u"maquina").trimmed().toUpper() != ctx.PcName.trimmed().toUpper()) {
         ctx.dialogos.informar("Este interno esta abierto por la PC: "_L1 + rs.Texto(u"maquina") +
@@ -115,7 +118,7 @@ bool ComprobarBloqueo(AppContext &ctx, const QString &interno) {
         "El estado de INTERNO indica que el mismo esta abierto.\r\n\r\nSe procedera a "
         "cambiar el estado.\r\n\r\nUltimo Acceso: "_L1 +
         fechaLarga(rs));
-    Ejecutar(ctx, internos, "delete from interno where interno = '"_L1 + interno + "'"_L1);
+    Ejecutar(ctx, internos, "delete from interno"_L1 + deLaClave(interno));
     return true;
 }
 
@@ -129,10 +132,14 @@ BanderasDeOperacion LeerBanderas(AppContext &ctx, const QString &interno) {
 }
 
 void TomarBloqueo(AppContext &ctx, const QString &interno) {
-    Ejecutar(ctx, internos,
-             "insert into interno (interno,maquina,usuario,fecha) values ('"_L1 + interno + "','"_L1 +
-                 ctx.PcName + "','',"_L1 +
-                 ctx.DataManager.getDateFormatbyEntity(internos, QDateTime::currentDateTime()) + ")"_L1);
+    Ejecutar(
+        ctx, internos,
+        Escritura(ctx)
+            .codigo("interno", interno)
+            .codigo("maquina", ctx.PcName)
+            .codigo("usuario", {})
+            .crudo("fecha", ctx.DataManager.getDateFormatbyEntity(internos, QDateTime::currentDateTime()))
+            .insertar(u"interno"_s));
 }
 
 Apertura AbrirSinPantalla(AppContext &ctx, const QString &interno) {
@@ -151,7 +158,7 @@ void GuardarYLiberar(AppContext &ctx, const QString &interno, const BanderasDeOp
         ctx.ajustes.Guardar(zendra, interno, bandera(n),
                             QString::number(banderas[static_cast<std::size_t>(n)]));
     if (coefexpo) ctx.ajustes.Guardar(zendra, interno, u"COEFEXPO"_s, QString::number(*coefexpo));
-    Ejecutar(ctx, internos, "delete from interno where interno = '"_L1 + interno + "'"_L1);
+    Ejecutar(ctx, internos, "delete from interno"_L1 + deLaClave(interno));
 }
 
 bool ConfirmarEliminacion(AppContext &ctx, const QString &interno) {
@@ -173,8 +180,7 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
         barra(paso);
         liberarInsumos(ctx, interno);
         for (const TablaDeOperacion &t : tablas) {
-            Ejecutar(ctx, L(t.entidad),
-                     "delete from "_L1 + L(t.tabla) + " where interno = '"_L1 + interno + "'"_L1);
+            Ejecutar(ctx, L(t.entidad), "delete from "_L1 + L(t.tabla) + deLaClave(interno));
             barra(++paso);
         }
         borrarAjustes(ctx, interno);
@@ -192,7 +198,8 @@ QString CopiarInterno(AppContext &ctx, const QString &interno) {
 
 QString getTypeOPfromSubReg(AppContext &ctx, const QString &idsubreg) {
     Recordset rs;
-    if (!Consultar(ctx, u"SYSTABLAS"_s, "select CSTAIMPEXP from STA where id = '"_L1 + idsubreg + "'"_L1, rs))
+    if (!Consultar(ctx, u"SYSTABLAS"_s, "select CSTAIMPEXP from STA where id = "_L1 + EnComillas(idsubreg),
+                   rs))
         return {};
     return rs.Texto(u"cstaimpexp");
 }

@@ -39,8 +39,8 @@ bool EliminarInterno(AppContext &ctx, const QString &interno);
 bool ConfirmarEliminacion(AppContext &ctx, const QString &interno);
 bool EliminarSinPreguntar(AppContext &ctx, const QString &interno);
 
-/// Asks for the new key and duplicates every table of the operation, with a null armed mark for the copy. The
-/// new key, or empty.
+/// Asks for the new key and duplicates every table of the operation. The new key, or empty (a message has
+/// told why, or the user left).
 QString CopiarInterno(AppContext &ctx, const QString &interno);
 
 /// `cstaimpexp` of a subregime by the browser's own statement; empty when there is no row.

@@ -2,10 +2,11 @@
 
 #include <QDateTime>
 #include <map>
+#include <optional>
 
 #include "frame/base/values.h"
 #include "frame/context.h"
-#include "frame/sqltext.h"
+#include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,19 +41,6 @@ bool es(const QString &columna, const char *nombre) {
     return columna.compare(L(nombre), Qt::CaseInsensitive) == 0;
 }
 
-QString literal(AppContext &ctx, const QString &entidad, const QVariant &valor) {
-    if (valor.isNull()) return u"NULL"_s;
-    switch (valor.typeId()) {
-        case QMetaType::QString:
-            return QLatin1Char('\'') + DoblarComillas(valor.toString()) + QLatin1Char('\'');
-        case QMetaType::QDate:
-        case QMetaType::QDateTime:
-            return ctx.DataManager.getDateFormatbyEntity(entidad, valor.toDateTime());
-        default:
-            return SqlNumber(ctx, valor.toDouble());
-    }
-}
-
 /// The day of the process; a context that was never started has the present one.
 QString hoy(AppContext &ctx) {
     return ctx.TodayInternos.isEmpty()
@@ -66,40 +54,57 @@ bool nombraLinea(const QString &tabla, const QString &columna) {
     return tabla == "idrel"_L1 && (es(columna, "idsub") || es(columna, "idroot"));
 }
 
-QString valorPara(AppContext &ctx, const Tabla &tabla, const QString &columna, const QVariant &valor,
-                  const QString &destino, const Identidades &lineas) {
-    const QString entidad = QString(L(tabla.entidad));
-    const QString nombre = QString(L(tabla.nombre));
-    if (es(columna, "interno")) return literal(ctx, entidad, destino);
-    if (nombre == "caratula"_L1) {
-        if (es(columna, "factura8")) return u"NULL"_s;
-        if (es(columna, "fechaalta")) return hoy(ctx);
+void copiarValor(AppContext &ctx, const QString &entidad, const char *columna, const QVariant &valor,
+                 Escritura &fila) {
+    if (valor.isNull()) {
+        fila.crudo(columna, u"NULL"_s);
+        return;
     }
-    if (nombraLinea(nombre, columna) && !valor.isNull()) {
-        const auto nueva = lineas.find(EsNull(valor));
-        if (nueva != lineas.end()) return nueva->second;
+    switch (valor.typeId()) {
+        case QMetaType::QString:
+            fila.texto(columna, valor.toString());
+            return;
+        case QMetaType::QDate:
+        case QMetaType::QDateTime:
+            fila.crudo(columna, ctx.DataManager.getDateFormatbyEntity(entidad, valor.toDateTime()));
+            return;
+        default:
+            fila.numero(columna, valor.toDouble());
     }
-    return literal(ctx, entidad, valor);
+}
+
+/// What the copy holds in place of the original's value, as SQL; nothing where it holds the same.
+std::optional<QString> valorPropio(AppContext &ctx, const QString &tabla, const QString &columna,
+                                   const QVariant &valor, const QString &destino, const Identidades &lineas) {
+    if (es(columna, "interno")) return TextoEnComillas(destino);
+    if (tabla == "caratula"_L1 && es(columna, "fechaalta")) return hoy(ctx);
+    if (!nombraLinea(tabla, columna) || valor.isNull()) return std::nullopt;
+    const auto nueva = lineas.find(EsNull(valor));
+    return nueva == lineas.end() ? std::nullopt : std::optional(nueva->second);
 }
 
 void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const QString &destino,
                 const Identidades &lineas, const char *generada) {
-    QStringList columnas;
-    QStringList valores;
+    const QString entidad = L(tabla.entidad);
+    const QString nombre = L(tabla.nombre);
+    // Each store has a decimal separator of its own.
+    Escritura fila(ctx, entidad);
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
         // The order of insertion and a generated identity are the store's own.
         if (es(columna, "zfila") || es(columna, generada)) continue;
-        columnas << columna;
-        valores << valorPara(ctx, tabla, columna, rs.Fields(c).Value, destino, lineas);
+        const QByteArray nombreDeColumna = columna.toLatin1();
+        const QVariant valor = rs.Fields(c).Value;
+        if (const auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas))
+            fila.crudo(nombreDeColumna.constData(), *propio);
+        else
+            copiarValor(ctx, entidad, nombreDeColumna.constData(), valor, fila);
     }
-    Ejecutar(ctx, QString(L(tabla.entidad)),
-             "insert into "_L1 + L(tabla.nombre) + " ("_L1 + columnas.join(QLatin1Char(',')) +
-                 ") values ("_L1 + valores.join(QLatin1Char(',')) + ")"_L1);
+    Ejecutar(ctx, entidad, fila.insertar(nombre));
 }
 
 QString deLaClave(const QString &interno) {
-    return " where interno = '"_L1 + interno + "'"_L1;
+    return " where interno = "_L1 + EnComillas(interno);
 }
 
 bool existe(AppContext &ctx, const QString &interno) {
@@ -146,19 +151,9 @@ void Copiar(AppContext &ctx, const QString &origen, const QString &destino) {
     if (existe(ctx, destino)) throw Falla{0, internos, u"El Código de interno ya existe."_s, {}};
     // Thousands of rows, each a statement of its own: the disk is waited for once, before the copy counts as
     // done.
-    Conexion &conexion = ctx.conexion(internos);
-    conexion.escrituraLigera(true);
-    try {
-        copiarTodo(ctx, origen, destino);
-    } catch (const Falla &) {
-        try {
-            conexion.escrituraLigera(false);
-        } catch (const Falla &) {
-            // The first failure is the one to tell.
-        }
-        throw;
-    }
-    conexion.escrituraLigera(false);
+    EscrituraLigera ligera(ctx.conexion(internos));
+    copiarTodo(ctx, origen, destino);
+    ligera.Terminar();
 }
 
 QString Mostrar(AppContext &ctx, const QString &Numero_Interno) {

@@ -8,8 +8,9 @@ struct AppContext;
 namespace oOperationCopy {
 
 /// Asks for the new key and duplicates every table of the operation, valuation sheets and free comment
-/// included: the copy was never armed (a null armed mark), was created today, and its lines have identities
-/// of their own, which the groups and the links of folded lines follow. The lock row stays with the original.
+/// included. The armed mark goes over as it stands: with its items or without, the copy waits for an assembly
+/// where the original does. The copy was created today, and its lines have identities of their own, which the
+/// groups and the links of folded lines follow. The lock row stays with the original.
 /// Answers the new key; empty when the user left, the original is gone, the key exists already ("El Código de
 /// interno ya existe.") or the store failed (its words were shown).
 QString Mostrar(AppContext &ctx, const QString &Numero_Interno);

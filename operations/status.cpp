@@ -4,6 +4,7 @@
 
 #include "assembly/run.h"
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
 #include "header/changes.h"
 #include "header/parties.h"
 #include "header/regime.h"
@@ -25,7 +26,7 @@ const QString completo = u"COMPLETO!"_s;
 const QString incompleto = u"INCOMPLETO"_s;
 
 QString donde(const QString &interno) {
-    return " where interno = '"_L1 + interno + "'"_L1;
+    return " where interno = "_L1 + EnComillas(interno);
 }
 
 double contar(AppContext &ctx, const QString &sql) {
@@ -59,7 +60,7 @@ bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) 
     const QString regimen = RegimenEnMayusculas(c.Texto(u"idsubreg"));
     if (c.Numero(u"fobdivisas") == 0) return false;
     Recordset dest;
-    if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = '"_L1 + regimen + "'"_L1, dest))
+    if (!Consultar(ctx, u"USUARIO"_s, "select * from dest where subreg = "_L1 + EnComillas(regimen), dest))
         return false;
     if (regimen.isEmpty()) return false;
     if (falta(c, "factura5") && regimen.endsWith("06"_L1)) return false;
@@ -75,6 +76,7 @@ bool caratulaCompleta(AppContext &ctx, const Recordset &c, const QString &tipo) 
 }
 
 void estadoDeItems(AppContext &ctx, const QString &interno, EstadoDeOperacion &e) {
+    e.itemsMirados = true;
     Recordset rs;
     Consultar(ctx, internos, "select count(1) as cont from item"_L1 + donde(interno), rs);
     const bool generado = rs.Numero(u"cont") > 0;
@@ -114,11 +116,12 @@ void habilitar(EstadoDeOperacion &e) {
 
 }  // namespace
 
-EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
+EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno, const EstadoDeOperacion &anterior) {
     const Reloj reloj(ctx.dialogos);
-    EstadoDeOperacion e;
     Recordset c;
-    if (!Consultar(ctx, internos, "select * from caratula"_L1 + donde(interno), c)) return e;
+    if (!Consultar(ctx, internos, "select * from caratula"_L1 + donde(interno), c)) return {};
+    EstadoDeOperacion e = anterior;
+    e.itemsMirados = false;
     e.existe = true;
     e.idsubreg = RegimenEnMayusculas(c.Texto(u"idsubreg"));
     e.LbSubregimen = e.idsubreg;
@@ -131,8 +134,8 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno) {
     const QString cliente = c.Texto(u"cuitcliente");
     e.LbDespa = (despachante + QLatin1Char(' ') + BuscarNombre(ctx, u"despadu"_s, despachante)).trimmed();
     e.LbCliente = (cliente + QLatin1Char(' ') + BuscarNombre(ctx, u"clientes"_s, cliente)).trimmed();
-    e.LbItem = numeros::aTexto(
-        contar(ctx, "select count(*) as valor from item where id<>0 and interno = '"_L1 + interno + "'"_L1));
+    e.LbItem = numeros::aTexto(contar(
+        ctx, "select count(*) as valor from item where id<>0 and interno = "_L1 + EnComillas(interno)));
     e.LbSubItem =
         numeros::aTexto(contar(ctx, "select count(*) as valor from groupsubitems"_L1 + donde(interno)));
 
@@ -210,8 +213,9 @@ void ArmadoFallido(AppContext &ctx, const QString &interno) {
 int InformarNcmMayorFob(AppContext &ctx, const QString &interno) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   "select ncm, fobtotal From item where interno='"_L1 + interno +
-                       "' and id <> 0 order by fobtotal DESC"_L1,
+                   "select ncm, fobtotal From item"
+                   " where interno="_L1 +
+                       EnComillas(interno) + " and id <> 0 order by fobtotal DESC"_L1,
                    rs)) {
         ctx.dialogos.informar(u"No se encuentra el Interno con sus items armados "_s,
                               u"Informar NCM de mayor FOB en Items"_s);
@@ -221,8 +225,10 @@ int InformarNcmMayorFob(AppContext &ctx, const QString &interno) {
         const QString ncm = rs.Texto(u"ncm");
         Recordset plazo;
         if (!Consultar(ctx, u"NCM"_s,
-                       "select [071] From NCM where [001]='"_L1 + ncm.left(10) + "' and [002]='"_L1 +
-                           ncm.mid(11, 2) + "' and [003]='"_L1 + ncm.right(1) + "'"_L1,
+                       "select [071] From NCM"
+                       " where [001]="_L1 +
+                           EnComillas(ncm.left(10)) + " and [002]="_L1 + EnComillas(ncm.mid(11, 2)) +
+                           " and [003]="_L1 + EnComillas(ncm.right(1)),
                        plazo))
             continue;
         const QString codigo = plazo.Texto(u"071").left(1);

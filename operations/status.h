@@ -10,7 +10,7 @@ struct EstadoDeOperacion {
     bool Completo = true;
     QString idsubreg, tipo;  ///< tipo: cstaimpexp, or "N"
     QString marca;           ///< "T" or "P"
-    // labels; an empty status text means: leave the label as it was at design
+    // Labels. A status text is empty while it was never worked out: the label is as it was at design.
     QString LbEstadoCaratula, LbEstadoSubItem, LbEstadoItem, LbEstadoBultos;
     QString LbSubregimen, LbAduana, LbDespa, LbCliente, LbItem, LbSubItem;
     // enabled
@@ -19,25 +19,30 @@ struct EstadoDeOperacion {
          CmdHojaVal = false;
     // shown
     bool frmOrdenarVisible = false, framDJAIVisible = false;
+    /// The items were looked at this time: the choice of descriptions is restored for a DJAI, and only then.
+    bool itemsMirados = false;
     QString opcionDJAI;  ///< "MARIA", "CATALOGO", "MEZCLA" or empty
     bool mezclarHabilitado = false;
 };
-/// Raises Falla.
-EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno);
+/// Where the operation stands. A status, a box and a choice that this reading does not come to (an incomplete
+/// header ends it) are those of `anterior`, what the dashboard shows now, and the buttons judge by them. An
+/// operation that is not there answers a state without `existe`, with everything empty and off. Raises Falla.
+EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno, const EstadoDeOperacion &anterior = {});
 
-/// Result of the assembly sequence up to the point where the run's screen opens.
+/// What the dashboard does next on the road to the items: stay, open the run's screen, or go to the items.
 enum class PasoDeArmado { NoSigue, Armar, YaArmado };
 struct EleccionDelTablero {
     bool opOrdenxNCM = false;
     bool ChMulta = false, ChCOEF = false, chkCalcularServicioDigitalizacion = false;
     QString opcionDJAI;  ///< "NO", "MARIA", "CATALOGO", "MEZCLA", or empty: none selected
 };
-/// Steps 1 to 3 of the assembly sequence: checks, settings and shared flags; `opciones` is what Generar
-/// takes.
+/// Before the run: the checks (a refusal has told its reason), the armed mark, the settings that are kept and
+/// the shared flags. `opciones` is what Generar takes, filled for `Armar` alone. Raises Falla.
 PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const EleccionDelTablero &eleccion,
                             struct OpcionesDeArmado &opciones);
-/// Step 4 for a result other than "SI": the operation must be armed again.
+/// After a run whose result is not "SI": the operation must be armed again. Raises Falla.
 void ArmadoFallido(AppContext &ctx, const QString &interno);
 
-/// The number in the first character of [071] of the item of largest FOB, if it is 1, 2, 3, 4 or 8, else -1.
+/// The number in the first character of [071] of the item of largest FOB that has one of 1, 2, 3, 4 and 8;
+/// -1 when none has, and without items, which a message tells. Raises Falla.
 int InformarNcmMayorFob(AppContext &ctx, const QString &interno);

@@ -88,8 +88,15 @@ QString conCifras(bool negativo, quint64 entero, int enteros, int decimales, QCh
 
 }  // namespace
 
+std::function<QString()> leerSeparadorDelSistema = [] { return QLocale().decimalPoint(); };
+
 QChar separadorDelSistema() {
-    return QLocale().decimalPoint() == QLatin1String(".") ? QLatin1Char('.') : QLatin1Char(',');
+    return leerSeparadorDelSistema() == QLatin1String(".") ? QLatin1Char('.') : QLatin1Char(',');
+}
+
+bool haySeparadorDelSistema() {
+    const QString dicho = leerSeparadorDelSistema();
+    return dicho == QLatin1String(".") || dicho == QLatin1String(",");
 }
 
 double redondear(double valor, int decimales) {

@@ -2,11 +2,17 @@
 // Numbers and their text forms: one rounding rule and one mask rule for the whole program.
 
 #include <QString>
+#include <functional>
 
 namespace numeros {
 
-/// The workstation's decimal separator, "." or ",", as its locale tells it.
+/// How the workstation's decimal separator is read; tests replace it.
+extern std::function<QString()> leerSeparadorDelSistema;
+
+/// The workstation's decimal separator, "." or ",", as its locale tells it; "," where it tells neither.
 QChar separadorDelSistema();
+/// False where the locale tells no separator, or one that numbers are not read back with.
+bool haySeparadorDelSistema();
 
 /// `valor` rounded to `decimales` places, halves away from zero, judged on its rendering with 15 significant
 /// decimal digits: 1.005 is 1.01 although its binary value lies below. Never answers negative zero.

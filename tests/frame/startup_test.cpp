@@ -48,6 +48,49 @@ class Arranque : public EnAmbosStores {
     QStringList iniciados, conArgumentos;
 };
 
+/// Starts a context of its own on the stores and answers it.
+std::unique_ptr<AppContext> arrancado(const Tienda &tienda, Registro &registro) {
+    auto nuevo = std::make_unique<AppContext>();
+    nuevo->ajustes = Ajustes(tienda.carpeta() + "/otros.ini"_L1);
+    nuevo->ProgramFolder = tienda.carpeta() + QLatin1Char('/');
+    nuevo->dialogos = DialogosDePrueba(registro);
+    nuevo->DataManager.carpetas = {tienda.carpeta()};
+    Arrancar(*nuevo);
+    return nuevo;
+}
+
+TEST_P(Arranque, AWorkstationWithoutADecimalSeparatorIsToldOnceAndHasTheComma) {
+    const auto leer = numeros::leerSeparadorDelSistema;
+    for (const char16_t *dicho : {u"", u"\u066b", u"·"}) {
+        numeros::leerSeparadorDelSistema = [dicho] { return QString::fromUtf16(dicho); };
+        registro = {};
+        EXPECT_EQ(arrancado(*tienda, registro)->SeparadorDecimal, u',');
+        QStringList textos;
+        for (const Mensaje &m : registro.mensajes) textos << m.texto;
+        EXPECT_EQ(textos.count(u"No se puedo obtener la información"_s), 1);
+        EXPECT_EQ(textos.value(0), u"No se puedo obtener la información"_s);
+    }
+    numeros::leerSeparadorDelSistema = leer;
+    // A locale that says so by itself.
+    QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+    registro = {};
+    EXPECT_EQ(arrancado(*tienda, registro)->SeparadorDecimal, u',');
+    ASSERT_FALSE(registro.mensajes.empty());
+    EXPECT_EQ(registro.mensajes[0].texto, u"No se puedo obtener la información"_s);
+}
+
+TEST_P(Arranque, AWorkstationWithADecimalSeparatorHearsNothingOfIt) {
+    const auto leer = numeros::leerSeparadorDelSistema;
+    for (const char16_t dicho : {u'.', u','}) {
+        numeros::leerSeparadorDelSistema = [dicho] { return QString(dicho); };
+        registro = {};
+        EXPECT_EQ(arrancado(*tienda, registro)->SeparadorDecimal, dicho);
+        for (const Mensaje &m : registro.mensajes)
+            EXPECT_NE(m.texto, u"No se puedo obtener la información"_s);
+    }
+    numeros::leerSeparadorDelSistema = leer;
+}
+
 TEST_P(Arranque, FillsTheContextAndSetsThePointerBack) {
     ejecutar(u"insert into control_fecha (fecha) values ('2026-01-12 00:00:00')"_s, u"NCM"_s);
     AppContext nuevo;

@@ -211,7 +211,46 @@ TEST_P(Vista, AnItemThatIsNotThereLoadsNothing) {
 TEST_P(Vista, TheNumbersOfTheItemsComeInOrderWithZeroFirst) {
     for (const int id : {10, 2, 0, 1}) item(id);
     EXPECT_EQ(ItemsDeOperacion(*ctx, L(clave)).join(QLatin1Char(' ')).toStdString(), "0 1 2 10");
-    EXPECT_TRUE(ItemsDeOperacion(*ctx, u"NO"_s).isEmpty());
+    ejecutar(u"delete from item where id = 0"_s);
+    EXPECT_EQ(ItemsDeOperacion(*ctx, L(clave)).join(QLatin1Char(' ')).toStdString(), "0 1 2 10")
+        << "the operation's page needs no row";
+    EXPECT_EQ(ItemsDeOperacion(*ctx, u"NO"_s), QStringList(u"0"_s));
+}
+
+TEST_P(Vista, ItemZeroWithoutItemRowsRunsWithNoneAndClearsTheMark) {
+    insertar(u"liqcero"_s, {{"interno", "'OP1'"}, {"idconcepto", "'010'"}, {"valor", "5"}});
+    ctx->LiquidacionPendiente = true;
+    const VistaDeItem v = ver("0");
+    EXPECT_TRUE(v.cargada);
+    EXPECT_TRUE(v.recalculada);
+    EXPECT_EQ(v.cantidadDeItems, 0);
+    EXPECT_EQ(v.lbTOTALG.toStdString(), "00.00");
+    EXPECT_EQ(campo(v, "LbBaseImp"), "00.00");
+    EXPECT_EQ(campo(v, "TxtLista"), "");
+    EXPECT_FALSE(ctx->LiquidacionPendiente);
+    EXPECT_EQ(totales(),
+              "###baseiva|<null>|0|<null>\n###baseimp|<null>|0|<null>\n###ajded|<null>|0|<null>\n"
+              "###ajinc|<null>|0|<null>");
+}
+
+TEST_P(Vista, ItemZeroOfItemsThatLackItsRowShowsTheirTotals) {
+    catalogo();
+    item(1);
+    filas(1, {"010"});
+    const VistaDeItem v = ver("0", true);
+    EXPECT_TRUE(v.cargada);
+    EXPECT_EQ(v.cantidadDeItems, 1);
+    // 20 % of the base 1110.
+    EXPECT_EQ(v.lbTOTALG.toStdString(), "222.00");
+}
+
+TEST_P(Vista, AnOperationThatIsGoneIsTold) {
+    ejecutar(u"delete from caratula"_s);
+    const VistaDeItem v = ver("0", true);
+    EXPECT_FALSE(v.cargada);
+    EXPECT_EQ(v.aviso.toStdString(), "El interno OP1 ya no existe: vuelva a buscarlo en la lista.");
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto, v.aviso);
 }
 
 TEST_P(Vista, TheGroupsShowTheirMasksAndOnlyADjaiTheirDescription) {

@@ -287,6 +287,50 @@ TEST_P(Tablero, TheDepositRegimeHasNoPackagesAndHandsOverOnItsItemsAlone) {
     EXPECT_FALSE(e.CmdTransMaria || e.cmdExportar || e.cmdExportINS || e.CmdPrint);
 }
 
+TEST_P(Tablero, WhatTheRoutineDoesNotReachStaysAsItWasAndTheButtonsJudgeByIt) {
+    linea("100");
+    item(1);
+    bultos();
+    const EstadoDeOperacion antes = estado();
+    ASSERT_EQ(antes.LbEstadoItem, "GENERADO!"_L1);
+    ASSERT_EQ(antes.LbEstadoBultos, "COMPLETO"_L1);
+    poner(u"fobdivisas = 0"_s);
+    EstadoDeOperacion e = LeerEstado(*ctx, u"A1"_s, antes);
+    EXPECT_EQ(e.LbEstadoCaratula, "INCOMPLETO"_L1);
+    EXPECT_EQ(e.LbEstadoSubItem, "COMPLETO!"_L1);
+    EXPECT_EQ(e.LbEstadoItem, "GENERADO!"_L1);
+    EXPECT_EQ(e.LbEstadoBultos, "COMPLETO"_L1);
+    EXPECT_FALSE(e.Completo);
+    EXPECT_FALSE(e.itemsMirados);
+    EXPECT_FALSE(e.cmdITEM) << "the header itself is not complete";
+    EXPECT_TRUE(e.CmdBultos && e.cmdCertOrig) << "of an import: by its items alone";
+    EXPECT_FALSE(e.CmdTransMaria || e.CmdPrint || e.CmdHojaVal);
+    // Lines that no longer match leave the items' label behind them too, while the packages are read.
+    poner(u"fobdivisas = 99, factura9 = '0'"_s);
+    e = LeerEstado(*ctx, u"A1"_s, e);
+    EXPECT_EQ(e.LbEstadoSubItem, "INCOMPLETO"_L1);
+    EXPECT_EQ(e.LbEstadoItem, "GENERADO!"_L1);
+    EXPECT_EQ(e.LbEstadoBultos, "INCOMPLETO"_L1);
+    EXPECT_TRUE(e.CmdBultos);
+    // An export asks for all of it.
+    poner(u"idsubreg = 'EC01'"_s);
+    EXPECT_FALSE(LeerEstado(*ctx, u"A1"_s, e).CmdBultos);
+}
+
+TEST_P(Tablero, TheBoxesOfOrderAndDescriptionsStayWhileTheItemsAreNotLookedAt) {
+    linea("100");
+    poner(u"idsubreg = 'DJAI'"_s);
+    const EstadoDeOperacion antes = estado();
+    ASSERT_TRUE(antes.itemsMirados && antes.frmOrdenarVisible && antes.framDJAIVisible);
+    poner(u"fobdivisas = 0"_s);
+    const EstadoDeOperacion e = LeerEstado(*ctx, u"A1"_s, antes);
+    EXPECT_FALSE(e.itemsMirados);
+    EXPECT_TRUE(e.frmOrdenarVisible);
+    EXPECT_TRUE(e.framDJAIVisible);
+    EXPECT_EQ(e.mezclarHabilitado, antes.mezclarHabilitado);
+    EXPECT_FALSE(e.frmOrdenar) << "to be seen, not to be used";
+}
+
 TEST_P(Tablero, AnOperationThatIsNotThereHasNoState) {
     EXPECT_FALSE(LeerEstado(*ctx, u"B9"_s).existe);
     EXPECT_TRUE(estado().existe);

@@ -7,6 +7,7 @@
 #include "assembly/run.h"
 #include "frame/ui/Pantalla.h"
 #include "liquidation/FrmVerItem.h"
+#include "tests/support/marcas.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
@@ -165,6 +166,71 @@ TEST_P(PantallaDeItems, ClosingRunsTheConsistencyReport) {
     ASSERT_EQ(registro.informes.size(), 1U);
     EXPECT_TRUE(registro.informes[0].comoLista);
     EXPECT_TRUE(registro.informes[0].texto.contains("(Pais Origen ITEM=999)"_L1));
+}
+
+const QString cuatroTotales = u"###baseiva|0\n###baseimp|0\n###ajded|0\n###ajinc|0"_s;
+const QString totalesDeLaOperacion = u"select idconcepto,valor from liqcero where interno = 'IC-2026-0001'"_s;
+
+TEST_P(PantallaDeItems, AnOperationWithoutItemRowsIsRunWithNoneAndEscapeLeaves) {
+    ejecutar(u"delete from item where interno = 'IC-2026-0001'"_s);
+    ejecutar(u"insert into liqcero (interno,idconcepto,valor) values ('IC-2026-0001','010',5)"_s);
+    auto &ui = mostrar().ui;
+    EXPECT_EQ(ui.TxtItem->text(), u"0"_s);
+    EXPECT_EQ(ui.lbCantidadItems->text(), u"de 0"_s);
+    EXPECT_EQ(ui.lbTOTALG->text(), u"00,00"_s);
+    EXPECT_EQ(ui.LbFobUs->text(), u"00,00"_s);
+    EXPECT_EQ(ui.GrdLiq->rowCount(), 0);
+    EXPECT_EQ(filas(totalesDeLaOperacion), cuatroTotales);
+    EXPECT_FALSE(ctx->LiquidacionPendiente);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
+    EXPECT_TRUE(registro.mensajes.empty());
+}
+
+TEST_P(PantallaDeItems, ItemsWithoutTheRowOfItemZeroAreLiquidatedAndEscapeLeaves) {
+    ejecutar(u"delete from item where interno = 'IC-2026-0001' and id = 0"_s);
+    auto &ui = mostrar().ui;
+    EXPECT_EQ(ui.TxtItem->text(), u"0"_s);
+    EXPECT_EQ(ui.lbCantidadItems->text(), u"de 19"_s);
+    EXPECT_GT(ui.GrdLiq->rowCount(), 3);
+    EXPECT_FALSE(ctx->LiquidacionPendiente);
+    tecla(Qt::Key_PageDown);
+    EXPECT_EQ(ui.TxtItem->text(), u"1"_s);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
+}
+
+TEST_P(PantallaDeItems, AnOperationThatIsGoneIsToldAndEscapeLeaves) {
+    ejecutar(u"delete from caratula where interno = 'IC-2026-0001'"_s);
+    mostrar();
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto,
+              u"El interno IC-2026-0001 ya no existe: vuelva a buscarlo en la lista."_s);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
+}
+
+TEST_P(PantallaDeItems, ARunThatTheStoreStopsIsToldAndEscapeLeavesItPending) {
+    ejecutar(u"drop table liqcero"_s);
+    mostrar();
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+    EXPECT_TRUE(ctx->LiquidacionPendiente) << "nothing was written back";
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(PantallaAbierta<FrmVerItem>());
+}
+
+TEST_P(PantallaDeItems, WhatTheOperationHoldsIsShownAsItIsWritten) {
+    ejecutar(u"update pais set descripcion = '<b>A&B</b>' where id = '310'"_s, u"SYSTABLAS"_s);
+    ejecutar(
+        u"update item set idpais = '310', idproc = '310', ncm = '8413.70.10.100L' where interno = "
+        "'IC-2026-0001' and id = 1"_s);
+    auto &items = mostrar();
+    tecla(Qt::Key_PageDown);
+    EXPECT_EQ(items.ui.LbDescPais->text(), u"<b>A&B</b>"_s);
+    EXPECT_EQ(comoMarcas(items.ventana.get()).toStdString(), "");
+    for (const QLabel *etiqueta : {items.ui.LbDescPais, items.ui.LbDest, items.ui.lbNCM, items.ui.LbEstMerc})
+        EXPECT_EQ(etiqueta->textFormat(), Qt::PlainText) << etiqueta->objectName().toStdString();
 }
 
 EN_AMBOS_STORES(PantallaDeItems);

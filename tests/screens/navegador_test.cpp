@@ -142,7 +142,8 @@ TEST_P(Navegador, F6CopiesTheOperationUnderTheKeyAsked) {
     tecla(Qt::Key_F6);
     EXPECT_EQ(valor(u"select count(*) from subitems where interno = 'COPIA'"_s),
               valor(u"select count(*) from subitems where interno = 'DJAI-2026-0004'"_s));
-    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'COPIA'"_s), u"<null>"_s);
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'COPIA'"_s),
+              valor(u"select factura8 from caratula where interno = 'DJAI-2026-0004'"_s));
     EXPECT_EQ(navegador.InternoSeleccionado(), u"COPIA"_s);
 }
 

@@ -10,6 +10,7 @@
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "subitems/FrmConsultas.h"
+#include "tests/support/marcas.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
@@ -241,6 +242,142 @@ TEST_P(Tablero, TheFocusTakesTheCoefficientFlagAway) {
     QEvent foco(QEvent::WindowActivate);
     QApplication::sendEvent(tablero.ventana.get(), &foco);
     EXPECT_FALSE(ctx->CalcularCoeficiente);
+}
+
+// ---- labels keep what the routine does not reach
+
+TEST_P(Tablero, ALabelThatTheRoutineDoesNotReachKeepsWhatItShowedAndTheButtonsJudgeByIt) {
+    auto &tablero = abrir(importacion);
+    armar(tablero);
+    tecla(Qt::Key_Escape);
+    esperarVentana(tablero.ventana.get());
+    auto &ui = tablero.ui;
+    ASSERT_EQ(ui.LbEstadoItem->text(), u"GENERADO!"_s);
+    const QString bultos = ui.LbEstadoBultos->text();
+    ejecutar(u"update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"_s);
+    tablero.VerDatos();
+    EXPECT_EQ(ui.LbEstadoCaratula->text(), u"INCOMPLETO"_s);
+    EXPECT_EQ(ui.LbEstadoSubItem->text(), u"COMPLETO!"_s);
+    EXPECT_EQ(ui.LbEstadoItem->text(), u"GENERADO!"_s);
+    EXPECT_EQ(ui.LbEstadoBultos->text(), bultos);
+    EXPECT_FALSE(ui.cmdITEM->isEnabled());
+    EXPECT_TRUE(ui.CmdBultos->isEnabled()) << "its items are generated";
+    EXPECT_FALSE(ui.frmOrdenar->isVisible());
+    EXPECT_FALSE(ui.CmdTransMaria->isEnabled());
+}
+
+TEST_P(Tablero, TheOrderBoxStaysAsItWasWhileTheItemsAreNotLookedAt) {
+    auto &tablero = abrir(importacion);
+    ASSERT_TRUE(tablero.ui.frmOrdenar->isVisible());
+    ejecutar(u"update caratula set fobdivisas = 0 where interno = 'IC-2026-0001'"_s);
+    tablero.VerDatos();
+    EXPECT_TRUE(tablero.ui.frmOrdenar->isVisible());
+    EXPECT_FALSE(tablero.ui.frmOrdenar->isEnabled());
+    EXPECT_EQ(tablero.ui.LbEstadoItem->text(), u"SIN GENERAR"_s);
+}
+
+TEST_P(Tablero, ADescriptionChosenForADjaiIsStillChosenWhenItsHeaderIsNotComplete) {
+    auto &tablero = abrir(djai);
+    tablero.ui.opDJAI_Usar_Descripcion_Maria->click();
+    ejecutar(u"update caratula set fobdivisas = 0 where interno = 'DJAI-2026-0004'"_s);
+    tablero.VerDatos();
+    EXPECT_TRUE(tablero.ui.framDJAI->isVisible());
+    EXPECT_TRUE(tablero.ui.opDJAI_Usar_Descripcion_Maria->isChecked());
+}
+
+// ---- the box of the fines
+
+TEST_P(Tablero, TheBoxOfTheFinesFollowsTheAnswerOfTheRun) {
+    ejecutar(u"update caratula set idsubreg = 'IDA4' where interno = 'IC-2026-0001'"_s);
+    for (const bool respuesta : {true, false}) {
+        auto &tablero = abrir(importacion);
+        // As the user left it before: the answer decides, either way.
+        tablero.ui.ChMulta->setChecked(!respuesta);
+        ejecutar(u"update caratula set factura8 = 'S' where interno = 'IC-2026-0001'"_s);
+        registro = {};
+        registro.respuestas.push_back(respuesta);
+        armar(tablero);
+        ASSERT_EQ(registro.preguntas.size(), 1U);
+        EXPECT_EQ(registro.preguntas[0].texto, u"Desea calcular multas?"_s);
+        EXPECT_EQ(tablero.ui.ChMulta->isChecked(), respuesta) << "while the items stand over it";
+        EXPECT_EQ(valor(u"select count(*) from itemliq where interno = 'IC-2026-0001' and idconceptos = "
+                        "'041' and iditem > 0"_s) != u"0"_s,
+                  respuesta);
+        tecla(Qt::Key_Escape);
+        EXPECT_EQ(tablero.ui.ChMulta->isChecked(), respuesta) << "and when they have closed";
+        esperarVentana(tablero.ventana.get());
+        tecla(Qt::Key_Escape);
+    }
+}
+
+// ---- one operation at a time
+
+TEST_P(Tablero, OpeningAnotherOperationClosesTheFirstAsByEscape) {
+    auto &primera = abrir(exportacion);
+    teclaEn(primera.ui.CkFlag_3, Qt::Key_Space);
+    int cerradas = 0;
+    primera.alCerrar = [&cerradas] { ++cerradas; };
+    auto &segunda = abrir(importacion);
+    EXPECT_EQ(segunda.Interno(), importacion);
+    EXPECT_EQ(segunda.ui.LbInterno->text(), importacion);
+    EXPECT_EQ(filas(u"select interno,maquina from interno"_s), u"IC-2026-0001|PC1"_s);
+    EXPECT_EQ(ctx->ajustes.Leer(u"ZENDRA"_s, exportacion, u"FLAG3"_s), u"0"_s);
+    EXPECT_TRUE(segunda.ui.CkFlag_3->isChecked()) << "the flags are each operation's own";
+    EXPECT_EQ(cerradas, 1);
+    EXPECT_TRUE(registro.mensajes.empty());
+    tecla(Qt::Key_Escape);
+    EXPECT_EQ(valor(u"select count(*) from interno"_s), u"0"_s);
+}
+
+TEST_P(Tablero, OpeningTheSameOperationAgainBringsItsWindowToTheFront) {
+    auto &tablero = abrir(importacion);
+    teclaEn(tablero.ui.CkFlag_3, Qt::Key_Space);
+    for (const QString &clave : {importacion, importacion.toLower()}) {
+        tablero.ventana->lower();
+        AbrirInterno(clave);
+        ASSERT_EQ(&Pantalla<FrmDetalleInterno>(), &tablero);
+        EXPECT_FALSE(tablero.ui.CkFlag_3->isChecked()) << "nothing is read anew";
+        EXPECT_EQ(tablero.Interno(), importacion);
+        EXPECT_TRUE(tablero.ventana->isVisible());
+        EXPECT_TRUE(registro.mensajes.empty());
+        EXPECT_EQ(filas(u"select interno,maquina from interno"_s), u"IC-2026-0001|PC1"_s);
+    }
+}
+
+TEST_P(Tablero, AStoreThatCannotTakeTheLockBackKeepsNobodyInTheOperation) {
+    abrir(importacion);
+    ejecutar(u"drop table interno"_s);
+    tecla(Qt::Key_Escape);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
+    EXPECT_FALSE(PantallaAbierta<FrmDetalleInterno>());
+}
+
+// ---- what is shown is what was keyed
+
+TEST_P(Tablero, KeysAndNamesAreShownAsTheyWereKeyed) {
+    const QString clave = u"<b>A&B</b>"_s;
+    ejecutar(
+        u"insert into caratula (interno,idsubreg,idaduana,cuitcliente,cuitdespaduana) values "
+        "('<b>A&B</b>','<i>R</i>','<u>1</u>','<s>30</s>','<s>20</s>')"_s);
+    auto &tablero = abrir(clave);
+    EXPECT_EQ(tablero.ui.LbInterno->text(), clave);
+    EXPECT_EQ(tablero.ventana->windowTitle(), u"Operación <b>A&B</b>"_s);
+    EXPECT_EQ(comoMarcas(tablero.ventana.get()).toStdString(), "");
+    const QFontMetrics letra(tablero.ui.LbInterno->font());
+    EXPECT_GE(tablero.ui.LbInterno->sizeHint().width(), letra.horizontalAdvance(clave)) << "every sign of it";
+}
+
+TEST_P(Tablero, ARegimeStoredInSmallLettersIsReadAsTheOneInCapitals) {
+    for (const char *regimen : {"djai", "DJAI"}) {
+        ejecutar("update caratula set idsubreg = '"_L1 + QLatin1String(regimen) +
+                 "' where interno = 'DJAI-2026-0004'"_L1);
+        auto &ui = abrir(djai).ui;
+        EXPECT_EQ(ui.LbSubregimen->text(), u"DJAI"_s) << regimen;
+        EXPECT_EQ(ui.LbEstadoCaratula->text(), u"COMPLETO!"_s) << regimen;
+        EXPECT_TRUE(ui.framDJAI->isVisible()) << regimen;
+        tecla(Qt::Key_Escape);
+    }
 }
 
 EN_AMBOS_STORES(Tablero);

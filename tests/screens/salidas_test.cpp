@@ -1,0 +1,385 @@
+// No window keeps its user: every screen is left by ESC, over an operation that is only a header, over stores
+// without a table, and when the tables go while the screen stands.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QTest>
+
+#include "assembly/FrmArmarItem.h"
+#include "assembly/FrmMostrarDatos.h"
+#include "desktop/FrmBase.h"
+#include "desktop/FrmConGen.h"
+#include "desktop/FrmConfig.h"
+#include "desktop/FrmPerfiles.h"
+#include "desktop/FrmPrincipal.h"
+#include "desktop/MenuP.h"
+#include "frame/startup.h"
+#include "frame/ui/ClCntrl.h"
+#include "header/FrmABMClientes.h"
+#include "header/FrmABMProrrateos.h"
+#include "header/FrmCaratula.h"
+#include "header/FrmCliente.h"
+#include "header/FrmClientes.h"
+#include "header/FrmListado.h"
+#include "header/FrmListadoDespachante.h"
+#include "header/FrmListadoeX.h"
+#include "header/FrmLstDiv.h"
+#include "header/FrmLstProrrateo.h"
+#include "header/FrmLstVendedores.h"
+#include "header/FrmNewVendedor.h"
+#include "liquidation/FrmVerItem.h"
+#include "liquidation/Frm_ComprobacionErrores.h"
+#include "operations/FrmAbrir.h"
+#include "operations/FrmDetalleInterno.h"
+#include "operations/FrmInternoNew.h"
+#include "subitems/FrmCargaSufijos.h"
+#include "subitems/FrmConsultas.h"
+#include "subitems/FrmDetalleNomenclador.h"
+#include "subitems/FrmPosicion.h"
+#include "subitems/FrmSubItems.h"
+#include "subitems/FrmSufijos.h"
+#include "tests/support/pantallas.h"
+#include "upgrade/schema.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString vacia = u"VACIA"_s;
+const QString posicion = u"8413.70.10.100L"_s;
+
+/// A screen, the road by which users come to it (which may wait until it is closed), and whether it stands.
+struct Salida {
+    const char *nombre;
+    std::function<void()> abrir;
+    std::function<bool()> abierta;
+    std::function<void()> completar;  ///< keys in what the screen asks for before it lets go
+};
+
+template <class T>
+Salida salidaDe(const char *nombre, std::function<void()> abrir, std::function<void()> completar = {}) {
+    return {nombre, std::move(abrir),
+            [] { return PantallaAbierta<T>() && Pantalla<T>().ventana->isVisible(); }, std::move(completar)};
+}
+
+/// A header wants a broker, a seller and an invoice from whoever leaves it.
+void completarCaratula() {
+    auto &ui = Pantalla<FrmCaratula>().ui;
+    const std::pair<QLineEdit *, QString> pedidos[] = {
+        {ui.TxtCuitAduana, u"20167890122"_s}, {ui.Txtidvendedor, u"V001"_s}, {ui.TxtFactura, u"F1"_s}};
+    for (const auto &[campo, texto] : pedidos) {
+        if (!campo->isVisible() || !campo->isEnabled()) continue;
+        campo->setFocus();
+        escribir(texto);
+        tecla(Qt::Key_Return);
+    }
+}
+
+Eleccion tresFilas(Eleccion::Tipo tipo) {
+    return {u"Lista"_s, {u"A"_s, u"B"_s, u"C"_s}, 0, tipo};
+}
+
+class Salidas : public EnPantalla {
+ protected:
+    void SetUp() override {
+        EnPantalla::SetUp();
+        terminarAntes = FrmPrincipal::terminar;
+        iniciarAntes = iniciarPrograma;
+        FrmPrincipal::terminar = [] { Pantalla<FrmPrincipal>().ventana->hide(); };
+        iniciarPrograma = [](const QString &, const QStringList &) { return true; };
+        ejecutar(u"insert into caratula (interno,fechaalta) values ('VACIA',null)"_s);
+        ctx->ConfigFilePath = tienda->carpeta() + "/Prueba.cfg"_L1;
+        ctx->ChequeoArmado = u"SI"_s;
+        // As the dashboard leaves it on the road to the items.
+        ctx->LiquidacionPendiente = true;
+    }
+    void TearDown() override {
+        EnPantalla::TearDown();
+        FrmPrincipal::terminar = terminarAntes;
+        iniciarPrograma = iniciarAntes;
+    }
+
+    static std::vector<Salida> todas() {
+        const auto informe = Informe{u"Informe"_s, u"Una línea"_s, false};
+        return {
+            salidaDe<FrmABMClientes>("FrmABMClientes",
+                                     [] {
+                                         Pantalla<FrmABMClientes>().Preguntar(
+                                             {u"¿?"_s, {}, {}, {u"A"_s, u"B"_s}, u"&Si"_s, u"&No"_s});
+                                         CerrarPantalla<FrmABMClientes>();
+                                     }),
+            salidaDe<FrmABMProrrateos>("FrmABMProrrateos",
+                                       [] {
+                                           Pantalla<FrmABMProrrateos>().Mostrar(vacia);
+                                           CerrarPantalla<FrmABMProrrateos>();
+                                       }),
+            salidaDe<FrmArmarItem>("FrmArmarItem", [] { Pantalla<FrmArmarItem>().Mostrar(vacia, {}); }),
+            salidaDe<FrmBase>("FrmBase", [] { Pantalla<FrmBase>().Mostrar(); }),
+            salidaDe<FrmCaratula>(
+                "FrmCaratula", [] { Pantalla<FrmCaratula>().Mostrar(vacia); }, completarCaratula),
+            salidaDe<FrmCargaSufijos>("FrmCargaSufijos",
+                                      [] {
+                                          Pantalla<FrmCargaSufijos>().Elegir(
+                                              tresFilas(Eleccion::Tipo::Sufijos));
+                                          CerrarPantalla<FrmCargaSufijos>();
+                                      }),
+            salidaDe<FrmCliente>("FrmCliente",
+                                 [] {
+                                     Pantalla<FrmCliente>().Agregar();
+                                     CerrarPantalla<FrmCliente>();
+                                 }),
+            salidaDe<FrmClientes>("FrmClientes", [] { Pantalla<FrmClientes>().Mostrar(); }),
+            salidaDe<FrmClientes>("FrmClientes",
+                                  [] {
+                                      QString cuit;
+                                      QString nombre;
+                                      SeleccionarCliente(cuit, nombre);
+                                  }),
+            salidaDe<FrmConGen>("FrmConGen", [] { Pantalla<FrmConGen>().Mostrar(); }),
+            salidaDe<FrmConfig>("FrmConfig", [] { Pantalla<FrmConfig>().Mostrar(); }),
+            salidaDe<FrmConsultas>("FrmConsultas", [] { Pantalla<FrmConsultas>().Mostrar(); }),
+            salidaDe<FrmDetalleInterno>("FrmDetalleInterno", [] { AbrirInterno(vacia); }),
+            salidaDe<FrmDetalleNomenclador>("FrmDetalleNomenclador", [] { VerDetalleNomenclador(posicion); }),
+            salidaDe<FrmInternoNew>("FrmInternoNew", [] { Pantalla<FrmInternoNew>().Mostrar(); }),
+            salidaDe<FrmListado>("FrmListado",
+                                 [] {
+                                     Pantalla<FrmListado>().Elegir(tresFilas(Eleccion::Tipo::Codigos));
+                                     CerrarPantalla<FrmListado>();
+                                 }),
+            salidaDe<FrmListadoDespachante>("FrmListadoDespachante",
+                                            [] {
+                                                QString cuit;
+                                                QString nombre;
+                                                ListarDespachantes(cuit, nombre);
+                                            }),
+            salidaDe<FrmListadoeX>("FrmListadoeX",
+                                   [] {
+                                       Pantalla<FrmListadoeX>().Elegir(u"Lista"_s, {{u"A"_s, u"Uno"_s}});
+                                       CerrarPantalla<FrmListadoeX>();
+                                   }),
+            salidaDe<FrmLstDiv>("FrmLstDiv",
+                                [] {
+                                    Pantalla<FrmLstDiv>().Mostrar(vacia);
+                                    CerrarPantalla<FrmLstDiv>();
+                                }),
+            salidaDe<FrmLstProrrateo>("FrmLstProrrateo",
+                                      [] {
+                                          Pantalla<FrmLstProrrateo>().Elegir(vacia);
+                                          CerrarPantalla<FrmLstProrrateo>();
+                                      }),
+            salidaDe<FrmLstVendedores>("FrmLstVendedores",
+                                       [] {
+                                           QString codigo;
+                                           QString nombre;
+                                           ListarVendedores(codigo, nombre);
+                                       }),
+            salidaDe<FrmMostrarDatos>("FrmMostrarDatos",
+                                      [informe] {
+                                          Pantalla<FrmMostrarDatos>().Mostrar(informe);
+                                          CerrarPantalla<FrmMostrarDatos>();
+                                      }),
+            salidaDe<FrmNewVendedor>("FrmNewVendedor", [] { AgregarVendedor({}); }),
+            salidaDe<FrmPerfiles>("FrmPerfiles",
+                                  [] {
+                                      Pantalla<FrmPerfiles>().Elegir({});
+                                      CerrarPantalla<FrmPerfiles>();
+                                  }),
+            salidaDe<FrmPosicion>("FrmPosicion", [] { ElegirPosicion(posicion.left(10)); }),
+            salidaDe<FrmPrincipal>("FrmPrincipal", [] { Pantalla<FrmPrincipal>().Mostrar(); }),
+            salidaDe<MenuP>("MenuP", [] { Pantalla<FrmPrincipal>().Mostrar(); }),
+            salidaDe<FrmSubItems>("FrmSubItems",
+                                  [] {
+                                      Pantalla<FrmSubItems>().Mostrar(vacia, {1, 1, 1, 1, 1, 1, 1, 1});
+                                  }),
+            salidaDe<FrmSufijos>("FrmSufijos", [] { VerSufijos(posicion, {}); }),
+            salidaDe<FrmVerItem>("FrmVerItem", [] { Pantalla<FrmVerItem>().Mostrar(vacia); }),
+            salidaDe<Frm_ComprobacionErrores>("Frm_ComprobacionErrores",
+                                              [informe] {
+                                                  Pantalla<Frm_ComprobacionErrores>().Mostrar(informe);
+                                                  CerrarPantalla<Frm_ComprobacionErrores>();
+                                              }),
+        };
+    }
+
+    /// Takes every table away, with what hangs from it.
+    void quitarTablas(const char *menos = "") {
+        for (const esquema::Tabla &t : esquema::tablas()) {
+            if (t.nombre == QLatin1String(menos)) continue;
+            const bool servidor = ctx->DataManager.getDataConnectionTAG(t.entidad) == "SQL"_L1;
+            ejecutar("drop table "_L1 + t.nombre + (servidor ? " cascade"_L1 : ""_L1), t.entidad);
+        }
+    }
+
+    /// Presses ESC as often as a user would try, wherever the keyboard is; what still stands then is told and
+    /// closed by force, so that the test goes on.
+    void pulsarEscape(const std::shared_ptr<int> &veces, const std::shared_ptr<bool> &listo,
+                      const std::function<void()> &completar) {
+        QTimer::singleShot(10, qApp, [this, veces, listo, completar] {
+            if (*listo) return;
+            // Again from here, for the loops that a screen runs by itself.
+            pulsarEscape(veces, listo, completar);
+            QPointer<QWidget> ventana = QApplication::activeModalWidget();
+            if (ventana == nullptr) ventana = QApplication::activeWindow();
+            if (tecleando || ventana == nullptr || !ventana->isVisible() ||
+                !QTest::qWaitForWindowExposed(ventana))
+                return;
+            if (alAbrir) std::exchange(alAbrir, nullptr)();
+            constexpr int bastantes = 4;
+            if (++*veces == 2 && completar) {
+                const QScopedValueRollback<bool> solo(tecleando, true);
+                completar();
+            }
+            // A look-up that was told may have taken its place for a moment.
+            if (ventana == nullptr || ventana->windowHandle() == nullptr) return;
+            if (*veces <= bastantes) {
+                QTest::keyClick(ventana->windowHandle(), Qt::Key_Escape);
+                return;
+            }
+            QStringList dicho;
+            for (const Mensaje &m : registro.mensajes) dicho << m.texto;
+            ADD_FAILURE() << "ESC does not leave it: " << ventana->objectName().toStdString()
+                          << "; it said: " << dicho.join(" / "_L1).toStdString();
+            // Not from within its own handlers, which may refuse.
+            if (auto *dialogo = qobject_cast<QDialog *>(ventana))
+                dialogo->done(QDialog::Rejected);
+            else
+                ventana->hide();
+        });
+    }
+
+    /// Opens the screen and leaves it by ESC.
+    void entrarYSalir(const Salida &salida) {
+        SCOPED_TRACE(salida.nombre);
+        const auto veces = std::make_shared<int>(0);
+        const auto listo = std::make_shared<bool>(false);
+        // Whoever is asked whether to leave without saving says yes.
+        registro.respuestas.assign(8, true);
+        pulsarEscape(veces, listo, salida.completar);
+        try {
+            salida.abrir();
+        } catch (const Falla &e) {
+            ADD_FAILURE() << "no handler took: " << e.descripcion.toStdString();
+        }
+        QElapsedTimer reloj;
+        reloj.start();
+        while (salida.abierta() && reloj.elapsed() < 5000) QTest::qWait(5);
+        *listo = true;
+        EXPECT_FALSE(salida.abierta());
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "a window keeps the keyboard";
+        // The next one starts from nothing.
+        alAbrir = nullptr;
+        pantallas::CerrarTodas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ClCntrl::banderaDeCambios() = false;
+        registro = {};
+        ctx->LiquidacionPendiente = true;
+        ctx->ChequeoArmado = u"SI"_s;
+    }
+
+    bool tecleando = false;         ///< keys are on their way: no ESC between them
+    std::function<void()> alAbrir;  ///< done once, when the first window stands
+    decltype(FrmPrincipal::terminar) terminarAntes;
+    decltype(iniciarPrograma) iniciarAntes;
+};
+
+TEST_P(Salidas, EveryScreenOfTheProgramIsAmongThem) {
+    QStringList faltan;
+    QStringList estan;
+    for (const Salida &salida : todas()) estan << QLatin1String(salida.nombre);
+    for (const char *carpeta : {"assembly", "desktop", "frame", "header", "liquidation", "operations",
+                                "outputs", "regulatory", "subitems"}) {
+        QDirIterator formas(CarpetaDeFuentes() + QLatin1Char('/') + QLatin1String(carpeta), {u"*.ui"_s},
+                            QDir::Files, QDirIterator::Subdirectories);
+        while (formas.hasNext()) {
+            formas.next();
+            if (const QString nombre = formas.fileInfo().completeBaseName(); !estan.contains(nombre))
+                faltan << nombre;
+        }
+    }
+    EXPECT_EQ(faltan.join(QLatin1Char(' ')).toStdString(), "");
+    EXPECT_GE(estan.size(), 30);
+}
+
+TEST_P(Salidas, AnOperationThatIsOnlyAHeaderKeepsNobody) {
+    for (const Salida &salida : todas()) entrarYSalir(salida);
+}
+
+TEST_P(Salidas, StoresWithoutTablesKeepNobody) {
+    quitarTablas();
+    for (const Salida &salida : todas()) entrarYSalir(salida);
+}
+
+TEST_P(Salidas, AHeaderAloneInStoresWithoutOtherTablesKeepsNobody) {
+    quitarTablas("caratula");
+    for (const Salida &salida : todas()) entrarYSalir(salida);
+}
+
+// What writes when it is left, or asks the store then.
+TEST_P(Salidas, TablesThatGoWhileTheScreenStandsKeepNobody) {
+    for (const char *nombre :
+         {"FrmABMProrrateos", "FrmArmarItem", "FrmCaratula", "FrmCliente", "FrmClientes", "FrmDetalleInterno",
+          "FrmInternoNew", "FrmLstDiv", "FrmLstProrrateo", "FrmNewVendedor", "FrmSubItems", "FrmVerItem"}) {
+        TearDown();
+        SetUp();
+        for (const Salida &salida : todas()) {
+            if (QLatin1String(salida.nombre) != QLatin1String(nombre)) continue;
+            alAbrir = [this] { quitarTablas(); };
+            entrarYSalir(salida);
+            break;
+        }
+    }
+}
+
+TEST_P(Salidas, AnOperationThatIsGoneKeepsNobody) {
+    ejecutar(u"delete from caratula where interno = 'VACIA'"_s);
+    for (const Salida &salida : todas()) entrarYSalir(salida);
+}
+
+TEST_P(Salidas, EveryBoxOfTheSeamIsLeftByEscape) {
+    const Dialogos d = [this] {
+        conDialogosDeVerdad();
+        return ctx->dialogos;
+    }();
+    const std::pair<const char *, std::function<void()>> cajas[] = {
+        {"mensaje", [&d] { d.informar(u"Texto"_s); }},
+        {"mensaje del sistema", [&d] { d.critico(u"Texto"_s, {}, true); }},
+        {"pregunta",
+         [&d] {
+             EXPECT_FALSE(d.preguntar({u"¿?"_s, {}, Icono::Pregunta, false}));
+         }},
+        {"entrada",
+         [&d] {
+             EXPECT_FALSE(d.pedirTexto({u"Título"_s, u"Texto"_s, 10, {}}).has_value());
+         }},
+        {"lista", [&d] { EXPECT_EQ(d.elegir(tresFilas(Eleccion::Tipo::General)), -1); }},
+        {"lista de códigos", [&d] { EXPECT_EQ(d.elegir(tresFilas(Eleccion::Tipo::Codigos)), -1); }},
+        {"lista de sufijos", [&d] { EXPECT_EQ(d.elegir(tresFilas(Eleccion::Tipo::Sufijos)), -1); }},
+        {"lista vacía",
+         [&d] {
+             EXPECT_EQ(d.elegir({u"Lista"_s, {}, -1, Eleccion::Tipo::General}), -1);
+         }},
+        {"pregunta con opciones",
+         [&d] {
+             EXPECT_FALSE(d.preguntarConOpciones({u"¿?"_s, {}, {}, {u"A"_s, u"B"_s}, u"&Si"_s, u"&No"_s}).si);
+         }},
+        {"informe",
+         [&d] {
+             d.informe({u"Informe"_s, u"Una línea"_s, false});
+         }},
+        {"informe como lista",
+         [&d] {
+             d.informe({u"Informe"_s, u"Una\r\nDos"_s, true});
+         }},
+    };
+    for (const auto &[nombre, abrir] : cajas)
+        entrarYSalir({nombre, abrir, [] { return QApplication::activeModalWidget() != nullptr; }, {}});
+}
+
+EN_AMBOS_STORES(Salidas);
+
+}  // namespace
