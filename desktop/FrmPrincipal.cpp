@@ -10,7 +10,8 @@
 #include "frame/ui/eventos.h"
 #include "operations/FrmInternoNew.h"
 
-std::function<void()> FrmPrincipal::terminar = [] { QApplication::quit(); };
+// At once: no window is asked whether it agrees.
+std::function<void()> FrmPrincipal::terminar = [] { QApplication::exit(); };
 
 FrmPrincipal::FrmPrincipal()
     : ventana(std::make_unique<QMainWindow>(nullptr, Qt::Window | Qt::CustomizeWindowHint |

@@ -5,6 +5,9 @@
 
 #include "frame/context.h"
 
+/// The family of profiles that a start looks for, and the name of the one that a first start makes.
+inline const QString familiaDePerfiles = QStringLiteral("ZENDRA3");
+
 /// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already,
 /// through usarPerfil). Raises Falla; nothing is retried.
 void Arrancar(AppContext &ctx);
