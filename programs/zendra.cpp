@@ -8,7 +8,7 @@
 #include "desktop/FrmPrimerInicio.h"
 #include "desktop/FrmPrincipal.h"
 #include "desktop/dialogosqt.h"
-#include "desktop/senales.h"
+#include "desktop/fin.h"
 #include "frame/context.h"
 #include "frame/lasthandler.h"
 #include "frame/startup.h"
@@ -63,7 +63,7 @@ int main(int argc, char **argv) {
     if (textosDeQt.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&textosDeQt);
     estilo::Aplicar(aplicacion);
-    AlPedirFin(&aplicacion, [] { FrmPrincipal::terminar(); });
+    AlPedirFin(&aplicacion, [] { TerminarPrograma(); });
 
     // Owned here: its connections close before the application, and with it the database library, goes.
     AppContext ctx;

@@ -1,9 +1,12 @@
 #pragma once
-// The wish of the session, or of who started the program, that it ends.
+// The end of the program: by its user, or by who started it.
 
 #include <functional>
 
 class QObject;
+
+/// Ends the process at once, without asking any window whether it agrees; tests replace it.
+extern std::function<void()> TerminarPrograma;
 
 /// Calls `hacer` from the event loop, once for each time the process is asked to end (SIGTERM, SIGINT,
 /// SIGHUP). Lives as long as `contexto`. Once a process.

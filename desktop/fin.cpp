@@ -1,8 +1,9 @@
-#include "desktop/senales.h"
+#include "desktop/fin.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QObject>
 #include <QSocketNotifier>
 #include <array>
@@ -22,6 +23,8 @@ void alRecibir(int) {
 }
 
 }  // namespace
+
+std::function<void()> TerminarPrograma = [] { QCoreApplication::exit(); };
 
 void AlPedirFin(QObject *contexto, std::function<void()> hacer) {
     if (pipe2(despertador.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
