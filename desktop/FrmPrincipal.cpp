@@ -1,16 +1,14 @@
 #include "desktop/FrmPrincipal.h"
 
-#include <QApplication>
 #include <QLayout>
 
 #include "desktop/MenuP.h"
+#include "desktop/fin.h"
 #include "frame/context.h"
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/eventos.h"
 #include "operations/FrmInternoNew.h"
-
-std::function<void()> FrmPrincipal::terminar = [] { QApplication::quit(); };
 
 FrmPrincipal::FrmPrincipal()
     : ventana(std::make_unique<QMainWindow>(nullptr, Qt::Window | Qt::CustomizeWindowHint |
@@ -61,7 +59,7 @@ void FrmPrincipal::Form_Unload() {
     AppContext &ctx = Contexto();
     if (ctx.ConnNcm != nullptr) ctx.ConnNcm->cerrar();
     if (ctx.ConnCatalogos != nullptr) ctx.ConnCatalogos->cerrar();
-    terminar();
+    TerminarPrograma();
 }
 
 void FrmPrincipal::mnuinternos_Click() {

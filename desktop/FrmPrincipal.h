@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <functional>
 #include <memory>
 
 #include "ui_FrmPrincipal.h"
@@ -19,9 +18,6 @@ class FrmPrincipal {
 
     Ui::FrmPrincipal ui;
     std::unique_ptr<QMainWindow> ventana;
-
-    /// Ends the process; tests replace it.
-    static std::function<void()> terminar;
 
  private:
     void Form_Load();

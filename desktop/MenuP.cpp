@@ -4,7 +4,7 @@
 #include <array>
 
 #include "desktop/FrmConfig.h"
-#include "desktop/FrmPrincipal.h"
+#include "desktop/fin.h"
 #include "frame/context.h"
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
@@ -114,7 +114,7 @@ void MenuP::Conectar() {
     });
     EscucharTeclas(ventana.get(), [](QKeyEvent *tecla) {
         if (tecla->key() != Qt::Key_Escape) return false;
-        FrmPrincipal::terminar();
+        TerminarPrograma();
         return true;
     });
 }

@@ -1,5 +1,7 @@
 #include "frame/context.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 AppContext *&actual() {
@@ -15,10 +17,12 @@ bool MotivoDecreto::alguno() const {
 }
 
 AppContext &Contexto() {
-    if (actual() == nullptr) {
-        static AppContext propio;
-        actual() = &propio;
-    }
+    if (actual() == nullptr)
+        throw Falla{
+            0,
+            u"AppContext"_s,
+            u"El programa no tiene su contexto de trabajo en este momento; ciérrelo y vuelva a iniciarlo."_s,
+            {}};
     return *actual();
 }
 

@@ -74,9 +74,9 @@ struct AppContext {
     Conexion &conexion(const QString &entidad) { return DataManager.getDataConnectionByEntity(entidad); }
 };
 
-/// The record of this process. Tests put their own in its place.
+/// The record of this process, which its program (or test) owns. Raises Falla while there is none.
 AppContext &Contexto();
-void fijarContexto(AppContext *contexto);
+void fijarContexto(AppContext *contexto);  ///< null takes it away
 
 /// A read in two lines: opens `rs` with `sql` on `entidad`; true when it holds a row. Raises Falla.
 bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Recordset &rs);

@@ -54,7 +54,7 @@ void Arrancar(AppContext &ctx) {
         ctx.ProgramFolder =
             QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator();
     if (ctx.DataManager.rutaDelPerfil().isEmpty())
-        ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(u"ZENDRA3"_s);
+        ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(familiaDePerfiles);
     else
         ctx.ProfileIniPath = ctx.DataManager.rutaDelPerfil();
     ctx.DataManager.LoadParameters();

@@ -6,6 +6,9 @@
 #include "frame/context.h"
 #include "frame/version.h"
 
+/// The family of profiles that a start looks for, and the name of the one that a first start makes.
+inline const QString familiaDePerfiles = QStringLiteral("ZENDRA3");
+
 /// The start-up as far as the main menu. The profile is chosen through ctx.DataManager (or already, through
 /// usarPerfil). Raises Falla; nothing is retried.
 void Arrancar(AppContext &ctx);

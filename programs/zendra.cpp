@@ -3,12 +3,14 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
-#include <QWindow>
 
 #include "desktop/FrmPerfiles.h"
+#include "desktop/FrmPrimerInicio.h"
 #include "desktop/FrmPrincipal.h"
 #include "desktop/dialogosqt.h"
+#include "desktop/fin.h"
 #include "frame/context.h"
+#include "frame/lasthandler.h"
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
@@ -26,27 +28,27 @@ void elegirLocale() {
         QLocale::setDefault(delSistema);
 }
 
-int fallar(const AppContext &ctx, const QString &texto) {
-    ctx.dialogos.reloj(false);
-    ctx.dialogos.critico(texto);
-    return EXIT_FAILURE;
+int elegirPerfil(const std::vector<PerfilEncontrado> &perfiles) {
+    const int elegido = Pantalla<FrmPerfiles>().Elegir(perfiles);
+    CerrarPantalla<FrmPerfiles>();
+    return elegido;
+}
+
+/// Where there is nothing to work on yet: true when there is now.
+bool ofrecerStores(const AppContext &ctx) {
+    const bool hechos =
+        Pantalla<FrmPrimerInicio>().Ofrecer(ctx.DataManager.carpetaDelDefecto(), familiaDePerfiles);
+    CerrarPantalla<FrmPrimerInicio>();
+    return hechos;
 }
 
 int correr(AppContext &ctx) {
-    ctx.DataManager.elegir = [](const std::vector<PerfilEncontrado> &perfiles) {
-        const int elegido = Pantalla<FrmPerfiles>().Elegir(perfiles);
-        CerrarPantalla<FrmPerfiles>();
-        return elegido;
-    };
-    try {
-        Arrancar(ctx);
-        Pantalla<FrmPrincipal>().Mostrar();
-    } catch (const Falla &e) {
-        return fallar(ctx, e.descripcion);
-    } catch (const QString &texto) {
-        return fallar(ctx, texto);
-    }
-    return QApplication::exec();
+    ctx.DataManager.elegir = elegirPerfil;
+    if (ctx.DataManager.primerInicio() && !ofrecerStores(ctx)) return EXIT_SUCCESS;
+    Arrancar(ctx);
+    Pantalla<FrmPrincipal>().Mostrar();
+    // Asked while no event loop ran: there is nothing left for one to do.
+    return SePidioFin() ? EXIT_SUCCESS : QApplication::exec();
 }
 
 }  // namespace
@@ -61,9 +63,18 @@ int main(int argc, char **argv) {
     if (textosDeQt.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&textosDeQt);
     estilo::Aplicar(aplicacion);
-    AppContext &ctx = Contexto();
+    AlPedirFin(&aplicacion, [] { TerminarPrograma(); });
+
+    // Owned here: its connections close before the application, and with it the database library, goes.
+    AppContext ctx;
     ctx.dialogos = DialogosQt();
-    const int estado = correr(ctx);
+    fijarContexto(&ctx);
+    const int estado = CorrerConUltimaDefensa([&ctx] { return correr(ctx); },
+                                              [&ctx](const QString &texto) {
+                                                  ctx.dialogos.reloj(false);
+                                                  ctx.dialogos.critico(texto);
+                                              });
     pantallas::CerrarTodas();
+    fijarContexto(nullptr);
     return estado;
 }

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "frame/base/ini.h"
 
@@ -103,15 +104,39 @@ QString nombreDeArchivo(const QString &entidad) {
     return (entidad == "ESTADO"_L1 ? u"estados"_s : entidad.toLower()) + ".db"_L1;
 }
 
+/// The first of `carpetas` that holds the embedded stores; empty where none does.
+QString carpetaConStores(const QStringList &carpetas) {
+    for (const QString &carpeta : carpetas)
+        if (QFileInfo::exists(carpeta + u"/db/internos.db"_s)) return carpeta;
+    return {};
+}
+
+/// Whether something can be made in `carpeta`, be it there already or not. Makes nothing.
+bool sePuedeEscribir(const QString &carpeta) {
+    QFileInfo info(carpeta);
+    while (!info.exists() && !info.isRoot()) info = QFileInfo(info.absolutePath());
+    return info.isDir() && info.isWritable();
+}
+
+std::vector<PerfilEncontrado> perfilesDe(const QStringList &carpetas) {
+    std::vector<PerfilEncontrado> perfiles;
+    for (const QString &carpeta : carpetas) {
+        const QStringList archivos =
+            QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
+        for (const QString &archivo : archivos) {
+            const QString ruta = carpeta + QLatin1Char('/') + archivo;
+            perfiles.push_back(
+                {otro(LeerIni(u"PERFIL"_s, u"nombre"_s, ruta), archivo.chopped(sufijoDePerfil.size())),
+                 ruta});
+        }
+    }
+    return perfiles;
+}
+
 /// What answers when no profile is chosen: the embedded stores, where they are, or else where they would be
 /// made.
 Secciones porDefecto(const QStringList &carpetas) {
-    QString db = carpetas.value(0) + u"/db"_s;
-    for (const QString &carpeta : carpetas)
-        if (QFileInfo::exists(carpeta + u"/db/internos.db"_s)) {
-            db = carpeta + u"/db"_s;
-            break;
-        }
+    const QString db = otro(carpetaConStores(carpetas), carpetas.value(0)) + u"/db"_s;
     Secciones datos;
     for (const QString &entidad : conStore()) {
         auto uno = std::make_unique<Conexion::Datos>();
@@ -159,23 +184,24 @@ SPMain::SPMain() : i_(std::make_unique<Interno>()) {
 
 SPMain::~SPMain() = default;
 
+bool SPMain::primerInicio() const {
+    return perfilesDe(carpetas).empty() && carpetaConStores(carpetas).isEmpty();
+}
+
+QString SPMain::carpetaDelDefecto() const {
+    const auto escribible = std::find_if(carpetas.begin(), carpetas.end(), sePuedeEscribir);
+    return escribible == carpetas.end() ? carpetas.value(carpetas.size() - 1) : *escribible;
+}
+
 QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
-    std::vector<PerfilEncontrado> perfiles;
-    for (const QString &carpeta : carpetas) {
-        const QStringList archivos =
-            QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
-        for (const QString &archivo : archivos) {
-            const QString ruta = carpeta + QLatin1Char('/') + archivo;
-            perfiles.push_back(
-                {otro(LeerIni(u"PERFIL"_s, u"nombre"_s, ruta), archivo.chopped(sufijoDePerfil.size())),
-                 ruta});
-        }
-    }
+    const std::vector<PerfilEncontrado> perfiles = perfilesDe(carpetas);
     if (perfiles.empty()) {
+        // Stores that are there without a profile are the ones it names.
+        const QString conStores = carpetaConStores(carpetas);
         for (const QString &carpeta : carpetas) {
-            QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
-            if (QDir().mkpath(carpeta + u"/db"_s) &&
-                escribirPerfilDeArchivos(ruta, nombreDeFamilia, carpeta + u"/db"_s)) {
+            const QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
+            const QString db = otro(conStores, carpeta) + u"/db"_s;
+            if (QDir().mkpath(db) && escribirPerfilDeArchivos(ruta, nombreDeFamilia, db)) {
                 usarPerfil(ruta);
                 i_->recienHecho = true;
                 return ruta;

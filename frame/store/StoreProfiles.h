@@ -55,6 +55,11 @@ class SPMain {
     /// cancels). None: the embedded default is made. Answers the path of the profile's file, or the empty
     /// text.
     QString seleccionarPerfil(const QString &nombreDeFamilia);
+    /// True where nothing tells of any stores: there is no profile, and no embedded store beside the program
+    /// or in the user's configuration folder.
+    bool primerInicio() const;
+    /// Where the embedded default is made: the first of `carpetas` that can be written, else the last.
+    QString carpetaDelDefecto() const;
     /// Takes this file without looking around; false (with `error` in Spanish) when it cannot be read.
     bool usarPerfil(const QString &ruta, QString *error = nullptr);
     /// Asked when several profiles exist.

@@ -15,9 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Labels say what they are by the dynamic property "papel": titulo, dato, rotulo, ayuda; or by "estado".
+// Labels say what they are by the dynamic property "papel": titulo, dato, rotulo, ayuda; or by "estado". What they
+// show may be anybody's words: no label of any window takes them for markup.
 constexpr char hoja[] = R"(
 QDialog, QMainWindow, QWidget#MenuP { background: #f4f7f7; }
+QLabel { qproperty-textFormat: PlainText; }
 QLabel[papel="titulo"] { font-size: 15pt; font-weight: 600; color: #006666; }
 QLabel[papel="subtitulo"] { font-weight: 600; color: #263238; }
 QLabel[papel="rotulo"] { color: #546e7a; }

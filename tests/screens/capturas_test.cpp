@@ -6,12 +6,14 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "assembly/FrmArmarItem.h"
 #include "assembly/FrmMostrarDatos.h"
 #include "assembly/run.h"
 #include "desktop/FrmPerfiles.h"
+#include "desktop/FrmPrimerInicio.h"
 #include "desktop/FrmPrincipal.h"
 #include "desktop/dialogosqt.h"
 #include "frame/ui/Pantalla.h"
@@ -152,6 +154,30 @@ TEST_P(Capturas, ChoiceOfProfileAndAutomotiveQuestion) {
     armar(u"ICR-2026-0005"_s);
     Pantalla<FrmVerItem>().Mostrar(u"ICR-2026-0005"_s);
     EXPECT_TRUE(vista);
+}
+
+TEST_P(Capturas, FirstStart) {
+    FrmPrimerInicio inicio;
+    inicio.Cargar(u"/home/despachos/.config/zendra"_s, u"ZENDRA3"_s);
+    inicio.ventana->show();
+    esperarVentana(inicio.ventana.get());
+    foto(inicio.ventana.get(), u"primer-inicio"_s);
+    EXPECT_EQ(ordenDeTab(inicio.ventana.get()).join(QLatin1Char(' ')), u"LstStores cmdCrear cmdSalir"_s);
+    // In the middle of the work, on stores that are given up there.
+    QTemporaryDir dir;
+    inicio.Cargar(dir.path(), u"ZENDRA3"_s);
+    bool tomada = false;
+    ctx->dialogos.atenderEventos = [&] {
+        if (tomada || inicio.ui.pbAvance->value() < 60) return;
+        tomada = true;
+        foto(inicio.ventana.get(), u"primer-inicio-creando"_s);
+        tecla(Qt::Key_Escape);
+    };
+    tecla(Qt::Key_Return);
+    EXPECT_TRUE(tomada);
+    EXPECT_FALSE(inicio.ventana->isVisible());
+    EXPECT_EQ(inicio.ventana->result(), QDialog::Rejected);
+    EXPECT_TRUE(QDir(dir.path()).isEmpty());
 }
 
 TEST_P(Capturas, MessageAndQuestion) {

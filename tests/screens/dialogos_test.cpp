@@ -8,9 +8,11 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <stdexcept>
 
 #include "desktop/FrmPerfiles.h"
 #include "desktop/dialogosqt.h"
+#include "frame/lasthandler.h"
 #include "header/FrmABMClientes.h"
 #include "liquidation/Frm_ComprobacionErrores.h"
 #include "tests/support/pantallas.h"
@@ -164,6 +166,28 @@ TEST_P(Ventanas, OfSeveralProfilesTheUserTakesOneByKeyboard) {
     EXPECT_EQ(eleccion.Elegir(perfiles), 1);
     conVentanaModal([](QWidget *modal) { QTest::keyClick(modal, Qt::Key_Escape); });
     EXPECT_EQ(eleccion.Elegir(perfiles), -1);
+}
+
+TEST_P(Ventanas, WhatNobodyCaughtInTheEventLoopIsToldInABoxAndEndsWithOne) {
+    bool dicho = false;
+    const int estado = CorrerConUltimaDefensa(
+        [] {
+            QTimer::singleShot(0, qApp, [] { throw std::runtime_error("vector::at"); });
+            return QApplication::exec();
+        },
+        [&](const QString &texto) {
+            conVentanaModal([&](QWidget *modal) {
+                auto *caja = qobject_cast<QMessageBox *>(modal);
+                ASSERT_NE(caja, nullptr);
+                EXPECT_EQ(caja->icon(), QMessageBox::Critical);
+                EXPECT_TRUE(caja->text().contains("vector::at"_L1)) << caja->text().toStdString();
+                dicho = true;
+                QTest::keyClick(caja, Qt::Key_Return);
+            });
+            ctx->dialogos.critico(texto);
+        });
+    EXPECT_TRUE(dicho);
+    EXPECT_EQ(estado, EXIT_FAILURE);
 }
 
 EN_AMBOS_STORES(Ventanas);

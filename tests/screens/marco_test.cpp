@@ -6,6 +6,7 @@
 
 #include "desktop/FrmPrincipal.h"
 #include "desktop/MenuP.h"
+#include "desktop/fin.h"
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
 #include "header/FrmClientes.h"
@@ -21,8 +22,8 @@ class Marco : public EnPantalla {
  protected:
     void SetUp() override {
         EnPantalla::SetUp();
-        anterior = FrmPrincipal::terminar;
-        FrmPrincipal::terminar = [this] { ++terminados; };
+        anterior = TerminarPrograma;
+        TerminarPrograma = [this] { ++terminados; };
         iniciarAnterior = iniciarPrograma;
         iniciarPrograma = [this](const QString &programa, const QStringList &) {
             iniciados << programa;
@@ -31,7 +32,7 @@ class Marco : public EnPantalla {
     }
     void TearDown() override {
         EnPantalla::TearDown();
-        FrmPrincipal::terminar = anterior;
+        TerminarPrograma = anterior;
         iniciarPrograma = iniciarAnterior;
     }
     FrmPrincipal &mostrar() {

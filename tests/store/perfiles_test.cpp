@@ -139,6 +139,33 @@ TEST_F(Perfiles, WhereTheProgramsFolderCannotBeWrittenTheUsersOwnTakesTheDefault
     EXPECT_EQ(sp.seleccionarPerfil("ZENDRA3"), QString());
 }
 
+TEST_F(Perfiles, AFirstStartIsOneWithoutAProfileAndWithoutStores) {
+    EXPECT_TRUE(sp.primerInicio());
+    ASSERT_TRUE(QDir(dos.path()).mkdir("db"));
+    escribir(dos, "db/internos.db", "");
+    EXPECT_FALSE(sp.primerInicio()) << "stores without a profile are there to be used";
+    QFile::remove(dos.filePath("db/internos.db"));
+    escribir(dos, "a.perfil.ini", "[PERFIL]\r\n");
+    EXPECT_FALSE(sp.primerInicio());
+}
+
+TEST_F(Perfiles, TheDefaultIsMadeInTheFirstFolderThatCanBeWritten) {
+    EXPECT_EQ(sp.carpetaDelDefecto(), uno.path());
+    const QString archivo = escribir(uno, "programa", "");
+    sp.carpetas = {archivo, dos.filePath("nueva/zendra")};
+    EXPECT_EQ(sp.carpetaDelDefecto(), dos.filePath("nueva/zendra"));
+    EXPECT_FALSE(QFile::exists(dos.filePath("nueva"))) << "nothing is made by asking";
+    sp.carpetas = {archivo};
+    EXPECT_EQ(sp.carpetaDelDefecto(), archivo);
+}
+
+TEST_F(Perfiles, TheDefaultNamesTheStoresThatAreThereAlready) {
+    ASSERT_TRUE(QDir(dos.path()).mkdir("db"));
+    escribir(dos, "db/internos.db", "");
+    EXPECT_EQ(sp.seleccionarPerfil("ZENDRA3"), uno.filePath("ZENDRA3.perfil.ini"));
+    EXPECT_EQ(sp.datos("INTERNOS")->archivo, dos.filePath("db/internos.db"));
+}
+
 // The file's form
 
 TEST_F(Perfiles, EveryWordOfAProfileIsRead) {

@@ -128,6 +128,8 @@ QStringList recortados(QWidget *ventana) {
         if (!campo->isVisible()) continue;
         QString texto;
         if (const auto *etiqueta = qobject_cast<const QLabel *>(campo)) {
+            if (etiqueta->textFormat() != Qt::PlainText && !etiqueta->text().isEmpty())
+                malos << etiqueta->objectName() + " as markup: "_L1 + etiqueta->text();
             if (etiqueta->wordWrap()) {
                 if (etiqueta->height() < etiqueta->heightForWidth(etiqueta->width()))
                     malos << etiqueta->objectName() + ": "_L1 + etiqueta->text();

@@ -57,7 +57,7 @@ void conPantallaModal(const std::function<void(T &)> &hacer) {
 }
 
 /// What a reader would not see whole: the names and texts of visible labels, buttons and headings that are
-/// narrower or lower than their text.
+/// narrower or lower than their text, and of labels that take their text for markup.
 QStringList recortados(QWidget *ventana);
 /// Saves a picture of the window as screenshots/<scale>x/<nombre>.png of the build folder; fails on clipped
 /// texts and on a window that is larger than 1280 by 720.
