@@ -88,8 +88,8 @@ void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const 
     QStringList valores;
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
-        // The order of insertion and a generated identity are the store's own.
-        if (es(columna, "zfila") || es(columna, generada)) continue;
+        // A generated identity is the store's own.
+        if (es(columna, generada)) continue;
         columnas << columna;
         valores << valorPara(ctx, tabla, columna, rs.Fields(c).Value, destino, lineas);
     }
