@@ -11,6 +11,7 @@
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/config.h"
 
 using namespace Qt::StringLiterals;
 

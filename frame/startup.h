@@ -5,8 +5,8 @@
 
 #include "frame/context.h"
 
-/// Steps 1 to 12 of the start-up, in order. The profile is chosen through ctx.DataManager (or already,
-/// through usarPerfil). Raises Falla; nothing is retried.
+/// The start-up from the profile to the date of the nomenclature. The profile is chosen through
+/// ctx.DataManager (or already, through usarPerfil). Raises Falla; nothing is retried.
 void Arrancar(AppContext &ctx);
 
 /// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises Falla.
