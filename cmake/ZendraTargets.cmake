@@ -25,13 +25,17 @@ function(zendra_unidad objetivo)
   set_target_properties(${objetivo} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
 endfunction()
 
-# Warnings are errors, everywhere alike.
+# Warnings are errors, everywhere alike. With CON_TEXTOS_SUELTOS a plain "text" may still stand for a QString.
 function(zendra_reglas objetivo)
   zendra_unidad(${objetivo})
   target_include_directories(${objetivo} PUBLIC ${CMAKE_SOURCE_DIR})
   target_compile_options(${objetivo} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
-  target_compile_definitions(${objetivo} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY)
+  # A connection says its context; Qt knows this word from 6.7 on, scripts/connections looks until then.
+  target_compile_definitions(${objetivo} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY QT_NO_CONTEXTLESS_CONNECT)
+  if(NOT "CON_TEXTOS_SUELTOS" IN_LIST ARGN)
+    target_compile_definitions(${objetivo} PRIVATE QT_NO_CAST_FROM_ASCII)
+  endif()
 endfunction()
 
 # The core is read by the sanitizers in whatever program it runs: its own tests, the batch, the screens.
@@ -45,7 +49,7 @@ endfunction()
 
 # Tests are compiled once and run once: reading them fast is worth more than running them fast.
 function(zendra_prueba objetivo)
-  zendra_reglas(${objetivo})
+  zendra_reglas(${objetivo} ${ARGN})
 endfunction()
 
 function(zendra_pch objetivo)

@@ -1,11 +1,10 @@
 #include "desktop/FrmConGen.h"
 
 #include <QPrinterInfo>
-#include <array>
-#include <utility>
 
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
@@ -13,42 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Ventana = Ui::FrmConGen;
-
-/// Each box and what it shows.
-constexpr std::array<std::pair<QCheckBox * Ventana::*, bool ValoresConGen::*>, 22> casillas{{
-    {&Ventana::chByArt, &ValoresConGen::chByArt},
-    {&Ventana::Check1, &ValoresConGen::Check1},
-    {&Ventana::Check2, &ValoresConGen::Check2},
-    {&Ventana::Check3, &ValoresConGen::Check3},
-    {&Ventana::Check4, &ValoresConGen::Check4},
-    {&Ventana::chVfySbtDup, &ValoresConGen::chVfySbtDup},
-    {&Ventana::chSbtNroArtAI, &ValoresConGen::chSbtNroArtAI},
-    {&Ventana::Chk_NoCalcularLiquidacion, &ValoresConGen::Chk_NoCalcularLiquidacion},
-    {&Ventana::chINSTEMPPerMer, &ValoresConGen::chINSTEMPPerMer},
-    {&Ventana::chINSTEMPVDE, &ValoresConGen::chINSTEMPVDE},
-    {&Ventana::chFlgArtModSub, &ValoresConGen::chFlgArtModSub},
-    {&Ventana::chSbtMantCodart, &ValoresConGen::chSbtMantCodart},
-    {&Ventana::chSbtMantDatos, &ValoresConGen::chSbtMantDatos},
-    {&Ventana::chSbtMostrarAsc, &ValoresConGen::chSbtMostrarAsc},
-    {&Ventana::chkEnviarComExt, &ValoresConGen::chkEnviarComExt},
-    {&Ventana::chkSBTForzarARTenAI, &ValoresConGen::chkSBTForzarARTenAI},
-    {&Ventana::chVendedorxNombre, &ValoresConGen::chVendedorxNombre},
-    {&Ventana::chCANCSinStock, &ValoresConGen::chCANCSinStock},
-    {&Ventana::chSbtFuncionCargaPor, &ValoresConGen::chSbtFuncionCargaPor},
-    {&Ventana::chkMostrarOperaciones, &ValoresConGen::chkMostrarOperaciones},
-    {&Ventana::chResponderOpcionesObligatorio, &ValoresConGen::chResponderOpcionesObligatorio},
-    {&Ventana::chkNoMandarDescripcionenITEM, &ValoresConGen::chkNoMandarDescripcionenITEM},
-}};
-
-/// Each text and what it shows.
-constexpr std::array<std::pair<QLineEdit * Ventana::*, QString ValoresConGen::*>, 5> textos{{
-    {&Ventana::textIniciales, &ValoresConGen::textIniciales},
-    {&Ventana::txtRIN, &ValoresConGen::txtRIN},
-    {&Ventana::TxtRNI, &ValoresConGen::TxtRNI},
-    {&Ventana::txtIndMaxArancel, &ValoresConGen::txtIndMaxArancel},
-    {&Ventana::txtPrefPorc, &ValoresConGen::txtPrefPorc},
-}};
+/// Calls `tratar` with every option that the screen shows.
+template <class Tratar>
+void porCadaOpcion(Tratar tratar) {
+    for (const FilaDeOpcion &opcion : FilasDeOpciones())
+        if (*opcion.control != '\0') tratar(opcion);
+}
 
 }  // namespace
 
@@ -58,15 +27,26 @@ FrmConGen::FrmConGen() : ventana(HacerDialogo()) {
     Conectar();
 }
 
+QWidget *FrmConGen::Control(const FilaDeOpcion &opcion) const {
+    const QString nombre = QLatin1String(opcion.control);
+    auto *control = ventana->findChild<QWidget *>(nombre);
+    if (control == nullptr)
+        throw Falla{0, u"FrmConGen"_s, u"La pantalla de opciones no tiene el control %1."_s.arg(nombre), {}};
+    return control;
+}
+
 void FrmConGen::Form_Load() {
-    ui.cboListado->addItems({u"Numero de Interno"_s, u"Fecha de Creación"_s});
+    ui.cboListado->addItem(u"Numero de Interno"_s, u"0"_s);
+    ui.cboListado->addItem(u"Fecha de Creación"_s, u"1"_s);
     const QStringList impresoras = QPrinterInfo::availablePrinterNames();
     ui.LstImpresoras->addItems(impresoras);
     Pintar(LeerConGen(Contexto(), impresoras));
 }
 
 void FrmConGen::Conectar() {
-    for (const auto &[campo, miembro] : textos) ClCntrl::Vincular(ui.*campo);
+    porCadaOpcion([this](const FilaDeOpcion &opcion) {
+        if (auto *campo = qobject_cast<QLineEdit *>(Control(opcion))) ClCntrl::Vincular(campo);
+    });
     Escuchar(ventana.get(), [this](QEvent *evento) {
         const bool escape =
             evento->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Escape;
@@ -85,25 +65,20 @@ void FrmConGen::Mostrar() {
 
 void FrmConGen::Pintar(const ValoresConGen &valores) {
     ui.rutaLabel->setText(valores.rutaLabel);
-    ui.cboListado->setCurrentIndex(valores.cboListado);
-    for (const auto &[campo, miembro] : textos) (ui.*campo)->setText(valores.*miembro);
-    for (const auto &[casilla, miembro] : casillas) (ui.*casilla)->setChecked(valores.*miembro);
-    (valores.opARMARITEM1 ? ui.opARMARITEM1 : ui.opARMARITEM2)->setChecked(true);
+    porCadaOpcion([&](const FilaDeOpcion &opcion) {
+        campos::PonerTexto(Control(opcion), valores[QString(QLatin1String(opcion.control))]);
+    });
+    // Two buttons, one option.
+    ui.opARMARITEM2->setChecked(!ui.opARMARITEM1->isChecked());
     ui.chINSTEMPPerMer->setEnabled(valores.insumosHabilitados);
     ui.chINSTEMPVDE->setEnabled(valores.insumosHabilitados);
-    const auto halladas = ui.LstImpresoras->findItems(valores.LstImpresoras, Qt::MatchExactly);
-    ui.LstImpresoras->setCurrentItem(halladas.isEmpty() ? nullptr : halladas.first());
 }
 
 ValoresConGen FrmConGen::Leer() const {
     ValoresConGen valores;
-    valores.cboListado = ui.cboListado->currentIndex();
-    for (const auto &[campo, miembro] : textos) valores.*miembro = (ui.*campo)->text();
-    for (const auto &[casilla, miembro] : casillas) valores.*miembro = (ui.*casilla)->isChecked();
-    valores.opARMARITEM1 = ui.opARMARITEM1->isChecked();
-    valores.insumosHabilitados = ui.chINSTEMPPerMer->isEnabled();
-    if (const QListWidgetItem *impresora = ui.LstImpresoras->currentItem())
-        valores.LstImpresoras = impresora->text();
+    porCadaOpcion([&](const FilaDeOpcion &opcion) {
+        valores.controles[QLatin1String(opcion.control)] = campos::TextoDe(Control(opcion));
+    });
     return valores;
 }
 

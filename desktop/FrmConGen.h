@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <memory>
 
+#include "frame/optionrows.h"
 #include "frame/options.h"
 #include "ui_FrmConGen.h"
 
@@ -16,6 +17,7 @@ class FrmConGen {
     std::unique_ptr<QDialog> ventana;
 
  private:
+    QWidget *Control(const FilaDeOpcion &opcion) const;
     void Form_Load();
     void Conectar();
     void Pintar(const ValoresConGen &valores);

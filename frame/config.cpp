@@ -53,69 +53,34 @@ void cargarUbicaciones(AppContext &ctx) {
     }
 }
 
-double leerTasa(const AppContext &ctx, const char *clave) {
-    const QString texto = LeerIni(general, L(clave), ctx.ConfigFilePath);
+/// The text of a rate, with either separator, as a number is read on this workstation.
+QString tasaLegible(const AppContext &ctx, const FilaDeOpcion &fila, const QString &texto) {
     QString limpio = texto;
-    if (limpio.isEmpty()) return 0;
     ReemplazarSeparadorDecimal(limpio, ctx.SeparadorDecimal);
-    if (!numeros::esNumerico(limpio))
+    if (!limpio.isEmpty() && !numeros::esNumerico(limpio))
         throw Falla{13,
                     u"CargarConfiguracion"_s,
                     u"No coinciden los tipos: %1=%2 no es un número; corríjalo en %3."_s.arg(
-                        L(clave), texto, ctx.ConfigFilePath),
+                        L(fila.clave), texto, ctx.ConfigFilePath),
                     {}};
-    return numeros::aNumero(limpio);
+    return limpio;
 }
 
 void cargarOpciones(AppContext &ctx) {
-    Opciones &o = ctx.opciones;
-    const auto leer = [&ctx](const char *clave) { return LeerIni(general, L(clave), ctx.ConfigFilePath); };
-    const auto si = [&leer](const char *clave) { return leer(clave) == "S"_L1; };
-    const auto nivel = [&si](const char *clave) { return si(clave) ? 2 : 1; };
-    const auto letra = [&leer](const char *clave) {
-        return leer(clave).trimmed() == "S"_L1 ? u"S"_s : u"N"_s;
-    };
-    const auto numero = [&leer](const char *clave, double defecto) {
-        const QString texto = leer(clave);
-        return numeros::esNumerico(texto) ? numeros::aNumero(texto) : defecto;
-    };
-    o.QUINDEL = si("QUINDEL");
-    o.QUINDELRAF = si("QUINDELRAF");
-    o.NROSUFIJ = leer("NROSUFIJ");
-    o.MODIFCAT = nivel("MODIFCAT");
-    o.VALORCAT = nivel("VALORCAT");
-    o.PRIMR100 = nivel("PRIMR100");
-    o.GROUPBYART = si("GROUPBYART");
-    o.ARMARITEM = numero("ARMARITEM", 2) == 1 ? 1 : 2;
-    o.MODARTSUB = letra("MODARTSUB");
-    // The key is read for its own sake: every value of it means level 2.
-    o.VERSION = 2;
-    o.VrySbtDup = si("VrySbtDup") ? u"S"_s : u"N"_s;
-    o.SbtMantCodart = si("SbtMantCodart");
-    o.SbtMantDatos = si("SbtMantDatos");
-    o.SbtMostrarAsc = si("SbtMostrarAsc");
-    o.FlgIdArtTOOtros = si("FlgIdArtTOOtros");
-    o.SbtNroArtAI = si("SbtNroArtAI");
-    o.NOCALCLIQU = si("NOCALCLIQU");
-    o.EnviarComExt = si("EnviarComExt");
-    o.SbtForzarNroArtAI = si("SbtForzarNroArtAI");
-    o.VendedorOrderxNombre = si("VendedorOrderxNombre");
-    o.SbtFuncionCargaPor = leer("SbtFuncionCargaPor") != "N"_L1;
-    o.Responder_Opciones_Obligatorio = si("Responder_Opciones_Obligatorio");
-    o.OperacionesMostrarTODO = si("OperacionesMostrarTODO");
-    o.NoEnviarDescripcionAlITEM = si("NoEnviarDescripcionAlITEM");
-    o.CancelManual = ctx.ajustes.Leer(general, u"OBJ"_s, u"CancelManual"_s, u"N"_s) == "S"_L1;
-    o.LISTADO = static_cast<int>(numero("LISTADO", 0));
-    o.IVARIN = leerTasa(ctx, "IVARIN");
-    o.IVARNI = leerTasa(ctx, "IVARNI");
-    o.DEVICENAME = leer("DEVICENAME");
-    o.DRIVERNAME = leer("DRIVERNAME");
-    o.PORT = leer("PORT");
-    o.DIEMCHINA_IndMaxArancel = numero("DIEMCHINA-IndMaxArancel", 35);
-    o.DIEMCHINA_PrefPorc = numero("DIEMCHINA-PrefPorc", 40);
-    // The temporary inputs library is a seam; without it the shrinkage option has no meaning.
-    o.RestarPerMer =
-        o.TempInputsAvailable && ctx.ajustes.Leer(zendra, u"OBJ"_s, u"INSTMP.RestarPerMer"_s) == "S"_L1;
+    using T = TurnoDeCarga;
+    for (const T turno : {T::AntesDeLasTasas, T::Tasas, T::TrasLasTasas})
+        for (const FilaDeOpcion &fila : FilasDeOpciones()) {
+            if (fila.turno != turno) continue;
+            const QString texto = LeerOpcion(ctx, fila);
+            PonerOpcion(fila, ctx.opciones, turno == T::Tasas ? tasaLegible(ctx, fila, texto) : texto);
+        }
+}
+
+QString aplicacion(const FilaDeOpcion &fila) {
+    return QString(L(fila.area)).section(QLatin1Char('/'), 0, 0);
+}
+QString seccion(const FilaDeOpcion &fila) {
+    return QString(L(fila.area)).section(QLatin1Char('/'), 1, 1);
 }
 
 }  // namespace
@@ -135,4 +100,16 @@ void CargarConfiguracion(AppContext &ctx) {
     ctx.ajustes.Guardar(zendra, u"DEFAULT"_s, u"UBICACION"_s, ctx.ProgramFolder);
     cargarUbicaciones(ctx);
     cargarOpciones(ctx);
+}
+
+QString LeerOpcion(const AppContext &ctx, const FilaDeOpcion &fila) {
+    if (fila.clase == ClaseDeOpcion::BanderaDeInsumos && !ctx.opciones.TempInputsAvailable) return u"N"_s;
+    if (*fila.area != '\0') return ctx.ajustes.Leer(aplicacion(fila), seccion(fila), L(fila.clave));
+    return LeerIni(general, L(fila.clave), ctx.ConfigFilePath);
+}
+
+bool EscribirOpcion(AppContext &ctx, const FilaDeOpcion &fila, const QString &texto) {
+    if (*fila.area == '\0') return EscribirIni(general, L(fila.clave), texto, ctx.ConfigFilePath);
+    ctx.ajustes.Guardar(aplicacion(fila), seccion(fila), L(fila.clave), texto);
+    return true;
 }

@@ -7,8 +7,8 @@
 #include <memory>
 
 #include "frame/base/numbers.h"
-#include "frame/config.h"
 #include "frame/dialogs.h"
+#include "frame/optionrows.h"
 #include "frame/settings.h"
 #include "frame/store/StoreProfiles.h"
 #include "frame/store/store.h"

@@ -3,45 +3,24 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
+#include <map>
 
 #include "frame/base/verdict.h"
 
 struct AppContext;
 
-/// FrmConGen, one member a control.
+/// What FrmConGen shows beside its controls' values.
 struct ValoresConGen {
-    QString rutaLabel;  ///< path of the configuration file, shown beside "UBICACION ZENDRA.INI:"
-    QString textIniciales;
-    int cboListado = 0;  ///< 0 "Numero de Interno", 1 "Fecha de Creación"
-    bool chByArt = false;
-    bool Check1 = false;        ///< MODIFCAT
-    bool Check2 = false;        ///< PRIMR100
-    bool Check3 = false;        ///< VALORCAT
-    bool Check4 = false;        ///< FlgIdArtTOOtros
-    bool opARMARITEM1 = false;  ///< else opARMARITEM2
-    bool chVfySbtDup = false;
-    bool chSbtNroArtAI = false;
-    bool Chk_NoCalcularLiquidacion = false;
+    QString rutaLabel;                ///< path of the configuration file
     bool insumosHabilitados = false;  ///< the two controls of the temporary inputs; cleared while disabled
-    bool chINSTEMPPerMer = false;
-    bool chINSTEMPVDE = false;
-    QString LstImpresoras;  ///< the selected printer; empty: none
-    QString txtRIN;
-    QString TxtRNI;
-    bool chFlgArtModSub = false;
-    bool chSbtMantCodart = false;
-    bool chSbtMantDatos = false;
-    bool chSbtMostrarAsc = false;
-    bool chkEnviarComExt = false;
-    bool chkSBTForzarARTenAI = false;
-    bool chVendedorxNombre = false;
-    bool chCANCSinStock = false;
-    bool chSbtFuncionCargaPor = false;
-    bool chkMostrarOperaciones = false;
-    bool chResponderOpcionesObligatorio = false;
-    bool chkNoMandarDescripcionenITEM = false;
-    QString txtIndMaxArancel;
-    QString txtPrefPorc;
+    /// For each control that an option's row names, what it holds: a box or a button "S" or "N", a list the
+    /// number of its row from 0, the printers the selected one's name, else the text as typed.
+    std::map<QString, QString> controles;
+
+    /// Raises Falla for a name that no option's row holds.
+    QString &operator[](QStringView control);
+    const QString &operator[](QStringView control) const;
 };
 
 /// What the screen shows on load. `impresoras` are the platform's printers: the stored one is selected when

@@ -12,4 +12,5 @@ QString SqlNumber(const AppContext &ctx, const QString &valor);
 
 /// The store-side rounding of `expresion` to as many decimals as `mascara` has behind its "." ("00.000" gives
 /// 3), in the words of the entity's store.
-QString SqlRound(const AppContext &ctx, const QString &entidad, const QString &expresion, QStringView mascara);
+QString SqlRound(const AppContext &ctx, const QString &entidad, const QString &expresion,
+                 QStringView mascara);

@@ -13,6 +13,7 @@
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/config.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,8 +9,8 @@
 /// The family of profiles that a start looks for, and the name of the one that a first start makes.
 inline const QString familiaDePerfiles = QStringLiteral("ZENDRA3");
 
-/// The start-up as far as the main menu. The profile is chosen through ctx.DataManager (or already, through
-/// usarPerfil). Raises Falla; nothing is retried.
+/// The start-up from the profile to the date of the nomenclature. The profile is chosen through
+/// ctx.DataManager (or already, through usarPerfil). Raises Falla; nothing is retried.
 void Arrancar(AppContext &ctx);
 
 /// NomenclatureDate: the newest date of the nomenclature in long form, or empty. Raises Falla.

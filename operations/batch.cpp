@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <algorithm>
 #include <map>
+#include <optional>
+#include <variant>
 
 #include "assembly/run.h"
 #include "frame/base/numbers.h"
@@ -28,8 +30,8 @@ const QString zendra = u"ZENDRA"_s;
 const QString flags = u"FLAGS"_s;
 const QString sinDescripciones = u"NO"_s;
 
-/// Reads a JSON value into one option; false when it is of another kind.
-using Poner = std::function<bool(const QJsonValue &, AppContext &, EleccionDelTablero &)>;
+/// Reads a JSON value into a control of the dashboard; false when it is of another kind.
+using Poner = std::function<bool(const QJsonValue &, EleccionDelTablero &)>;
 
 /// A flag is written as in the configuration file ("S", "N") or as a truth value.
 bool leerFlag(const QJsonValue &v, bool &donde) {
@@ -43,83 +45,18 @@ bool leerFlag(const QJsonValue &v, bool &donde) {
     return true;
 }
 
-Poner flag(bool Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
-        return leerFlag(v, ctx.opciones.*miembro);
-    };
-}
 Poner control(bool EleccionDelTablero::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
-        return leerFlag(v, t.*miembro);
-    };
-}
-Poner letra(QString Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
-        bool si = false;
-        if (!leerFlag(v, si)) return false;
-        ctx.opciones.*miembro = si ? u"S"_s : u"N"_s;
-        return true;
-    };
-}
-Poner nivel(int Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
-        bool si = false;
-        if (!leerFlag(v, si)) return false;
-        ctx.opciones.*miembro = si ? 2 : 1;
-        return true;
-    };
-}
-Poner texto(QString Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
-        ctx.opciones.*miembro = v.toString();
-        return v.isString();
-    };
-}
-bool leerNumero(const QJsonValue &v, double &donde) {
-    if (v.isDouble())
-        donde = v.toDouble();
-    else if (v.isString() && numeros::esNumerico(v.toString()))
-        donde = numeros::aNumero(v.toString());
-    else
-        return false;
-    return true;
-}
-Poner numero(double Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
-        return leerNumero(v, ctx.opciones.*miembro);
-    };
-}
-Poner entero(int Opciones::*miembro) {
-    return [miembro](const QJsonValue &v, AppContext &ctx, EleccionDelTablero &) {
-        double valor = 0;
-        if (!leerNumero(v, valor)) return false;
-        ctx.opciones.*miembro = static_cast<int>(valor);
-        return true;
-    };
+    return [miembro](const QJsonValue &v, EleccionDelTablero &t) { return leerFlag(v, t.*miembro); };
 }
 
-bool ponerOrden(const QJsonValue &v, AppContext &ctx, EleccionDelTablero &t) {
-    double valor = 0;
-    if (!leerNumero(v, valor)) return false;
-    ctx.opciones.ARMARITEM = valor == 1 ? 1 : 2;
-    t.opOrdenxNCM = valor == 1;
-    return true;
-}
-
-bool ponerOrdenDeCarga(const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
+bool ponerOrdenDeCarga(const QJsonValue &v, EleccionDelTablero &t) {
     bool si = false;
     if (!leerFlag(v, si)) return false;
     t.opOrdenxNCM = !si;
     return true;
 }
 
-/// Every value of this key means the same level.
-bool ponerVersion(const QJsonValue &v, AppContext &, EleccionDelTablero &) {
-    double valor = 0;
-    return leerNumero(v, valor);
-}
-
-bool ponerDescripcion(const QJsonValue &v, AppContext &, EleccionDelTablero &t) {
+bool ponerDescripcion(const QJsonValue &v, EleccionDelTablero &t) {
     const QString modo = v.toString();
     if (!v.isString() ||
         !QStringList{QString(), u"NO"_s, u"MARIA"_s, u"CATALOGO"_s, u"MEZCLA"_s}.contains(modo))
@@ -128,41 +65,8 @@ bool ponerDescripcion(const QJsonValue &v, AppContext &, EleccionDelTablero &t) 
     return true;
 }
 
-const std::map<QString, Poner> &opcionesConocidas() {
-    static const std::map<QString, Poner> todas{
-        {u"QUINDEL"_s, flag(&Opciones::QUINDEL)},
-        {u"QUINDELRAF"_s, flag(&Opciones::QUINDELRAF)},
-        {u"NROSUFIJ"_s, texto(&Opciones::NROSUFIJ)},
-        {u"MODIFCAT"_s, nivel(&Opciones::MODIFCAT)},
-        {u"VALORCAT"_s, nivel(&Opciones::VALORCAT)},
-        {u"PRIMR100"_s, nivel(&Opciones::PRIMR100)},
-        {u"GROUPBYART"_s, flag(&Opciones::GROUPBYART)},
-        {u"ARMARITEM"_s, ponerOrden},
-        {u"MODARTSUB"_s, letra(&Opciones::MODARTSUB)},
-        {u"VrySbtDup"_s, letra(&Opciones::VrySbtDup)},
-        {u"SbtMantCodart"_s, flag(&Opciones::SbtMantCodart)},
-        {u"SbtMantDatos"_s, flag(&Opciones::SbtMantDatos)},
-        {u"SbtMostrarAsc"_s, flag(&Opciones::SbtMostrarAsc)},
-        {u"FlgIdArtTOOtros"_s, flag(&Opciones::FlgIdArtTOOtros)},
-        {u"SbtNroArtAI"_s, flag(&Opciones::SbtNroArtAI)},
-        {u"NOCALCLIQU"_s, flag(&Opciones::NOCALCLIQU)},
-        {u"EnviarComExt"_s, flag(&Opciones::EnviarComExt)},
-        {u"SbtForzarNroArtAI"_s, flag(&Opciones::SbtForzarNroArtAI)},
-        {u"VendedorOrderxNombre"_s, flag(&Opciones::VendedorOrderxNombre)},
-        {u"SbtFuncionCargaPor"_s, flag(&Opciones::SbtFuncionCargaPor)},
-        {u"Responder_Opciones_Obligatorio"_s, flag(&Opciones::Responder_Opciones_Obligatorio)},
-        {u"OperacionesMostrarTODO"_s, flag(&Opciones::OperacionesMostrarTODO)},
-        {u"NoEnviarDescripcionAlITEM"_s, flag(&Opciones::NoEnviarDescripcionAlITEM)},
-        {u"CancelManual"_s, flag(&Opciones::CancelManual)},
-        {u"LISTADO"_s, entero(&Opciones::LISTADO)},
-        {u"IVARIN"_s, numero(&Opciones::IVARIN)},
-        {u"IVARNI"_s, numero(&Opciones::IVARNI)},
-        {u"DIEMCHINA-IndMaxArancel"_s, numero(&Opciones::DIEMCHINA_IndMaxArancel)},
-        {u"DIEMCHINA-PrefPorc"_s, numero(&Opciones::DIEMCHINA_PrefPorc)},
-        {u"DEVICENAME"_s, texto(&Opciones::DEVICENAME)},
-        {u"DRIVERNAME"_s, texto(&Opciones::DRIVERNAME)},
-        {u"PORT"_s, texto(&Opciones::PORT)},
-        {u"VERSION"_s, ponerVersion},
+const std::map<QString, Poner> &controlesDelTablero() {
+    static const std::map<QString, Poner> todos{
         {u"opOrdenxCarga"_s, ponerOrdenDeCarga},
         {u"opOrdenxNCM"_s, control(&EleccionDelTablero::opOrdenxNCM)},
         {u"ChMulta"_s, control(&EleccionDelTablero::ChMulta)},
@@ -173,7 +77,26 @@ const std::map<QString, Poner> &opcionesConocidas() {
          control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
         {u"DJAI_USAR_DESCRIPCION"_s, ponerDescripcion},
     };
-    return todas;
+    return todos;
+}
+
+/// A JSON value as the configuration file spells it; nothing for one that is no flag, number or text.
+std::optional<QString> comoEnElArchivo(const QJsonValue &v) {
+    if (v.isBool()) return v.toBool() ? u"S"_s : u"N"_s;
+    if (v.isDouble()) return numeros::aTexto(v.toDouble());
+    if (v.isString()) return v.toString();
+    return std::nullopt;
+}
+
+/// Takes the value of an option; false when it is of another kind.
+bool ponerOpcion(const FilaDeOpcion &fila, const QJsonValue &v, AppContext &ctx, EleccionDelTablero &t) {
+    const std::optional<QString> texto = comoEnElArchivo(v);
+    const bool esTexto = fila.clase == ClaseDeOpcion::Texto || fila.clase == ClaseDeOpcion::Impresora;
+    if (!texto || (esTexto && !v.isString()) || !OpcionAdmite(fila, *texto)) return false;
+    PonerOpcion(fila, ctx.opciones, *texto);
+    // The dashboard starts on the order that the options tell.
+    if (fila.clase == ClaseDeOpcion::Orden) t.opOrdenxNCM = ctx.opciones.ARMARITEM == 1;
+    return true;
 }
 
 bool existe(AppContext &ctx, const QString &clave) {
@@ -371,12 +294,16 @@ EleccionDelTablero TableroInicial(AppContext &ctx) {
 bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTablero &tablero,
                      QString &error) {
     for (auto o = opciones.constBegin(); o != opciones.constEnd(); ++o) {
-        const auto conocida = opcionesConocidas().find(o.key());
-        if (conocida == opcionesConocidas().end()) {
+        const auto control = controlesDelTablero().find(o.key());
+        const FilaDeOpcion *fila = BuscarOpcion(o.key());
+        // What the run does not keep, and what hangs on a library that it does not have, is no option of it.
+        const bool conocida = fila != nullptr && !std::holds_alternative<std::monostate>(fila->miembro) &&
+                              fila->clase != ClaseDeOpcion::BanderaDeInsumos;
+        if (!conocida && control == controlesDelTablero().end()) {
             error = u"La opción \"%1\" no existe; revise el archivo de opciones."_s.arg(o.key());
             return false;
         }
-        if (!conocida->second(o.value(), ctx, tablero)) {
+        if (!(conocida ? ponerOpcion(*fila, o.value(), ctx, tablero) : control->second(o.value(), tablero))) {
             error = u"La opción \"%1\" no admite ese valor; revise el archivo de opciones."_s.arg(o.key());
             return false;
         }

@@ -91,8 +91,8 @@ void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const 
     Escritura fila(ctx, entidad);
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
-        // The order of insertion and a generated identity are the store's own.
-        if (es(columna, "zfila") || es(columna, generada)) continue;
+        // A generated identity is the store's own.
+        if (es(columna, generada)) continue;
         const QByteArray nombreDeColumna = columna.toLatin1();
         const QVariant valor = rs.Fields(c).Value;
         if (const auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas))

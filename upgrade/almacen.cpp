@@ -31,7 +31,8 @@ void Detener(const QString &descripcion) {
     throw Falla{0, u"DbUpgrade3"_s, descripcion, {}};
 }
 
-Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager) : servidor_(datos.servidor) {
+Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager)
+    : servidor_(datos.motor == &motores::servidor()) {
     if (!servidor_) {
         donde_ = datos.archivo;
         db_ = manager.getDataConnectionByEntity(datos.entidad).coneccion();

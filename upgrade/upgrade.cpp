@@ -195,7 +195,7 @@ void actualizarTodo(const QString &ruta, Marcha &m) {
     for (const QString &entidad : StoreProfiles::entidades()) {
         const Conexion::Datos *datos = manager.datos(entidad);
         if (datos == nullptr) continue;
-        (datos->servidor ? esquemas : archivos).push_back(datos);
+        (datos->motor == &motores::servidor() ? esquemas : archivos).push_back(datos);
         m.total += esquema::tablasDe(entidad).size();
     }
 

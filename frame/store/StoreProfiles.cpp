@@ -14,53 +14,30 @@ namespace StoreProfiles {
 
 namespace {
 
-const QString fechaDeArchivo = u"#MM/dd/yyyy HH:mm:ss#"_s;
-const QString fechaDeServidor = u"'yyyy-MM-dd HH:mm:ss'"_s;
 const QString sufijoDePerfil = u".perfil.ini"_s;
 
-[[noreturn]] void rechazar(const QString &texto) {
-    throw Falla{0, u"StoreProfiles"_s, texto, {}};
-}
+using motores::Datos;
+using motores::Seccion;
 
 QString otro(const QString &valor, const QString &defecto) {
     return valor.isEmpty() ? defecto : valor;
 }
 
 /// What one section says; null when the profile does not name the entity.
-std::unique_ptr<Conexion::Datos> leerEntidad(const QString &ruta, const QString &entidad) {
-    const auto leer = [&](const char *clave) { return LeerIni(entidad, QLatin1String(clave), ruta); };
-    const QString motor = leer("driver").toLower();
-    if (motor.isEmpty()) return nullptr;
-    auto datos = std::make_unique<Conexion::Datos>();
+std::unique_ptr<Datos> leerEntidad(const QString &ruta, const QString &entidad) {
+    const Seccion seccion{ruta, entidad};
+    const QString driver = seccion.valor("driver").toLower();
+    if (driver.isEmpty()) return nullptr;
+    auto datos = std::make_unique<Datos>();
     datos->entidad = entidad;
-    if (motor == "servidor"_L1) {
-        datos->servidor = true;
-        datos->host = leer("host");
-        bool esNumero = false;
-        datos->puerto = otro(leer("puerto"), u"5432"_s).toInt(&esNumero);
-        if (!esNumero || datos->puerto < 1 || datos->puerto > 65535)
-            rechazar(u"El perfil %1 dice puerto=%2 en la sección [%3]; escriba un número de puerto."_s.arg(
-                ruta, leer("puerto"), entidad));
-        datos->base = leer("base");
-        datos->esquema = otro(leer("esquema"), entidad.toLower());
-        datos->usuario = leer("usuario");
-        datos->clave = leer("clave");
-        if (datos->host.isEmpty() || datos->base.isEmpty())
-            rechazar(u"Al perfil %1 le falta el host o la base en la sección [%2]; complételos."_s.arg(
-                ruta, entidad));
-    } else if (motor == "archivo"_L1) {
-        const QString archivo = leer("archivo");
-        if (archivo.isEmpty())
-            rechazar(
-                u"Al perfil %1 le falta el archivo en la sección [%2]; complételo."_s.arg(ruta, entidad));
-        datos->archivo = QDir::cleanPath(
-            QFileInfo(ruta).absoluteDir().absoluteFilePath(QDir::fromNativeSeparators(archivo)));
-    } else {
-        rechazar(u"El perfil %1 dice driver=%2 en la sección [%3]; use \"archivo\" o \"servidor\"."_s.arg(
-            ruta, motor, entidad));
-    }
-    datos->separadorDecimal = otro(leer("separador"), u"."_s);
-    datos->formaDeFecha = otro(leer("fecha"), datos->servidor ? fechaDeServidor : fechaDeArchivo);
+    datos->motor = motores::porDriver(driver);
+    if (datos->motor == nullptr)
+        Seccion::rechazar(
+            u"El perfil %1 dice driver=%2 en la sección [%3]; use \"archivo\" o \"servidor\"."_s.arg(
+                ruta, driver, entidad));
+    datos->motor->leer(seccion, *datos);
+    datos->separadorDecimal = seccion.valor("separador", u"."_s);
+    datos->formaDeFecha = seccion.valor("fecha", datos->motor->formaDeFecha);
     // Quotes around a whole value belong to the file's form and are gone by here; a literal needs its own.
     if (datos->formaDeFecha.size() < 2 || datos->formaDeFecha.front() != datos->formaDeFecha.back() ||
         datos->formaDeFecha.front().isLetter())
@@ -68,9 +45,8 @@ std::unique_ptr<Conexion::Datos> leerEntidad(const QString &ruta, const QString 
     return datos;
 }
 
-bool mismoMotor(const Conexion::Datos &a, const Conexion::Datos &b) {
-    return a.servidor == b.servidor &&
-           (!a.servidor || (a.host == b.host && a.puerto == b.puerto && a.base == b.base));
+bool juntos(const Datos &a, const Datos &b) {
+    return a.motor == b.motor && a.motor->juntos(a, b);
 }
 
 bool escribir(const QString &ruta, const QString &nombre, const QStringList &lineas) {
@@ -87,16 +63,15 @@ QStringList conStore() {
     return entidades().mid(0, 7);
 }
 
-using Secciones = std::map<QString, std::unique_ptr<Conexion::Datos>>;
+using Secciones = std::map<QString, std::unique_ptr<Datos>>;
 
-void presentarVecinos(Secciones &datos) {
-    for (const QString &entidad : entidades()) {
-        if (!datos.contains(entidad)) continue;
-        for (const QString &otra : entidades())
-            if (otra != entidad && datos.contains(otra) && mismoMotor(*datos[entidad], *datos[otra]))
-                datos[entidad]->vecinos.emplace_back(
-                    otra, datos[otra]->servidor ? datos[otra]->esquema : datos[otra]->archivo);
-    }
+void presentarVecinos(Secciones &secciones) {
+    for (const auto &[entidad, datos] : secciones)
+        for (const QString &otra : entidades()) {
+            const auto vecino = secciones.find(otra);
+            if (otra != entidad && vecino != secciones.end() && juntos(*datos, *vecino->second))
+                datos->vecinos.emplace_back(otra, datos->motor->lugar(*vecino->second));
+        }
 }
 
 QString nombreDeArchivo(const QString &entidad) {
@@ -139,10 +114,11 @@ Secciones porDefecto(const QStringList &carpetas) {
     const QString db = otro(carpetaConStores(carpetas), carpetas.value(0)) + u"/db"_s;
     Secciones datos;
     for (const QString &entidad : conStore()) {
-        auto uno = std::make_unique<Conexion::Datos>();
+        auto uno = std::make_unique<Datos>();
         uno->entidad = entidad;
+        uno->motor = &motores::archivo();
         uno->archivo = db + QLatin1Char('/') + nombreDeArchivo(entidad);
-        uno->formaDeFecha = fechaDeArchivo;
+        uno->formaDeFecha = uno->motor->formaDeFecha;
         datos[entidad] = std::move(uno);
     }
     presentarVecinos(datos);
@@ -166,11 +142,11 @@ struct SPMain::Interno {
     Secciones datos;
     std::map<QString, std::unique_ptr<Conexion>> conexiones;
 
-    const Conexion::Datos &de(const QString &entidad) const {
+    const Datos &de(const QString &entidad) const {
         const auto encontrado = datos.find(entidad);
         if (encontrado == datos.end())
-            rechazar(u"El perfil %1 no dice dónde está el store %2; agregue la sección [%2]."_s.arg(ruta).arg(
-                entidad));
+            Seccion::rechazar(u"El perfil %1 no dice dónde está el store %2; agregue la sección [%2]."_s.arg(
+                ruta, entidad));
         return *encontrado->second;
     }
 };
@@ -227,7 +203,7 @@ bool SPMain::usarPerfil(const QString &ruta, QString *error) {
         return fallar(u"No existe el perfil %1; corrija la ruta o créelo con DbUpgrade3."_s.arg(ruta));
     if (!info.isFile() || !info.isReadable())
         return fallar(u"No se puede leer el perfil %1; revise sus permisos."_s.arg(ruta));
-    std::map<QString, std::unique_ptr<Conexion::Datos>> datos;
+    Secciones datos;
     try {
         for (const QString &entidad : entidades())
             if (auto de = leerEntidad(ruta, entidad)) datos[entidad] = std::move(de);
@@ -248,14 +224,15 @@ bool SPMain::usarPerfil(const QString &ruta, QString *error) {
 }
 
 void SPMain::LoadParameters() {
-    if (!i_->falla.isEmpty()) rechazar(i_->falla);
+    if (!i_->falla.isEmpty()) Seccion::rechazar(i_->falla);
     if (i_->datos.empty()) i_->datos = porDefecto(carpetas);
     for (const auto &[entidad, datos] : i_->datos) {
-        if (datos->servidor || QFileInfo::exists(datos->archivo)) continue;
+        const QString falta = datos->motor->archivoQueFalta(*datos);
+        if (falta.isEmpty()) continue;
         const QString quien = i_->ruta.isEmpty() ? u"el perfil incorporado"_s : u"el perfil "_s + i_->ruta;
-        rechazar(
+        Seccion::rechazar(
             u"No existe el archivo %1 que %2 nombra para %3; corrija el perfil o créelo con DbUpgrade3."_s
-                .arg(datos->archivo, quien, entidad));
+                .arg(falta, quien, entidad));
     }
 }
 
@@ -271,12 +248,12 @@ bool SPMain::perfilRecienHecho() const {
 
 Conexion &SPMain::getDataConnectionByEntity(const QString &entidad) {
     auto &conexion = i_->conexiones[entidad];
-    if (!conexion) conexion = std::make_unique<Conexion>(std::make_unique<Conexion::Datos>(i_->de(entidad)));
+    if (!conexion) conexion = std::make_unique<Conexion>(std::make_unique<Datos>(i_->de(entidad)));
     return *conexion;
 }
 
 QString SPMain::getDataConnectionTAG(const QString &entidad) const {
-    return i_->de(entidad).servidor ? u"SQL"_s : u"ACCESS"_s;
+    return i_->de(entidad).motor->etiqueta;
 }
 
 QString SPMain::getDecimalSeparatorbyEntity(const QString &entidad) const {
@@ -298,7 +275,7 @@ void SPMain::CloseAllDataConnection() {
     for (const auto &[entidad, conexion] : i_->conexiones) conexion->cerrar();
 }
 
-const Conexion::Datos *SPMain::datos(const QString &entidad) const {
+const Datos *SPMain::datos(const QString &entidad) const {
     const auto encontrado = i_->datos.find(entidad);
     return encontrado == i_->datos.end() ? nullptr : encontrado->second.get();
 }
@@ -306,7 +283,8 @@ const Conexion::Datos *SPMain::datos(const QString &entidad) const {
 bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const QString &carpeta) {
     QStringList lineas;
     for (const QString &entidad : conStore())
-        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']') << u"driver=archivo"_s
+        lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']')
+               << u"driver="_s + motores::archivo().driver
                << u"archivo=%1/%2"_s.arg(carpeta, nombreDeArchivo(entidad));
     return escribir(ruta, nombre, lineas);
 }
@@ -317,10 +295,12 @@ bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const 
     for (const QString &entidad : conStore()) {
         lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']');
         if (entidad == "USUARIO"_L1)
-            lineas << u"driver=archivo"_s << u"archivo=%1/%2"_s.arg(carpetaLocal, nombreDeArchivo(entidad));
+            lineas << u"driver="_s + motores::archivo().driver
+                   << u"archivo=%1/%2"_s.arg(carpetaLocal, nombreDeArchivo(entidad));
         else
-            lineas << u"driver=servidor"_s << u"host="_s + host << u"puerto=%1"_s.arg(puerto)
-                   << u"base="_s + base << u"esquema="_s + entidad.toLower() << u"usuario="_s + usuario;
+            lineas << u"driver="_s + motores::servidor().driver << u"host="_s + host
+                   << u"puerto=%1"_s.arg(puerto) << u"base="_s + base << u"esquema="_s + entidad.toLower()
+                   << u"usuario="_s + usuario;
     }
     return escribir(ruta, nombre, lineas);
 }

@@ -9,28 +9,10 @@
 #include <memory>
 #include <vector>
 
+#include "frame/store/engines.h"
 #include "frame/store/store.h"
 
-/// What a profile says of one entity. File store: `archivo` is the SQLite file. Server store: host (a path is
-/// a socket folder), puerto, base, esquema, usuario, clave (empty: PostgreSQL's own password file answers).
-struct Conexion::Datos {
-    QString entidad;
-    bool servidor = false;
-    QString archivo;
-    QString host;
-    int puerto = 5432;
-    QString base;
-    QString esquema;
-    QString usuario;
-    QString clave;
-    QString separadorDecimal = QStringLiteral(".");
-    /// Pattern of QDateTime between the literal's own delimiters, e.g. "#MM/dd/yyyy HH:mm:ss#".
-    QString formaDeFecha;
-    /// The other entities of the profile that live on the same engine, in profile order: their tables are
-    /// found by bare name. (entity, file or schema)
-    std::vector<std::pair<QString, QString>> vecinos;
-};
-
+/// A profile that was found: the name it gives itself, and its file.
 struct PerfilEncontrado {
     QString nombre;
     QString ruta;

@@ -11,12 +11,8 @@ QString traducirCon(const QString &texto, const Ajustes &ajustes, bool conIdenti
     thread_local Tokens t;
     // Something does not close: the engine is to say so of the text as it stands.
     if (!t.partir(texto)) return texto;
-    cambiarNombres(t, ajustes.motor);
+    for (const auto cambiar : ajustes.gramatica->expresiones) cambiar(t);
     if (const auto exec = cambiarExec(t)) return *exec;
-    if (ajustes.motor == Motor::SQLite) cambiarConcatenaciones(t);
-    if (ajustes.motor == Motor::PostgreSQL) cambiarSumas(t);
-    cambiarDivisiones(t, ajustes.motor);
-    if (ajustes.motor == Motor::PostgreSQL) cambiarLike(t);
     cambiarSelects(t, ajustes, conIdentidadDeFila);
     if (const auto update = cambiarUpdateConJoin(t)) return *update;
     return t.editado() ? t.escribir(0, t.size()) : texto;

@@ -3,6 +3,7 @@
 #include "frame/store/dialect_rewrites.h"
 
 #include <QDateTime>
+#include <algorithm>
 #include <array>
 
 #include "frame/base/numbers.h"
@@ -47,12 +48,17 @@ QDateTime momentoEntreNumerales(QStringView vista) {
     return {};
 }
 
-void cambiarFecha(Tokens &t, std::size_t i, Motor motor) {
-    const QDateTime momento = momentoEntreNumerales(t[i].vista);
-    // A date that is none goes on as it stands, for the engine to refuse.
-    if (!momento.isValid()) return;
-    const QString texto = QLatin1Char('\'') + momento.toString(u"yyyy-MM-dd HH:mm:ss"_s) + QLatin1Char('\'');
-    t.cambiar(i, motor == Motor::PostgreSQL ? "TIMESTAMP "_L1 + texto : texto);
+/// Every #date# as its moment between quotes, behind `palabra`.
+void cambiarFechas(Tokens &t, QLatin1String palabra) {
+    if (!t.tiene(Clave::EsFecha)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::EsFecha)) continue;
+        const QDateTime momento = momentoEntreNumerales(t[i].vista);
+        // A date that is none goes on as it stands, for the engine to refuse.
+        if (!momento.isValid()) continue;
+        t.cambiar(
+            i, palabra + QLatin1Char('\'') + momento.toString(u"yyyy-MM-dd HH:mm:ss"_s) + QLatin1Char('\''));
+    }
 }
 
 bool textoQueNoEsNumero(const Token &t) {
@@ -79,49 +85,42 @@ bool contieneTexto(const Tokens &t, std::size_t desde, std::size_t hasta) {
 
 }  // namespace
 
-void cambiarNombres(Tokens &t, Motor motor) {
-    const bool archivo = motor == Motor::SQLite;
-    const bool hayFunciones =
-        archivo && (t.tiene(Clave::Left) || t.tiene(Clave::Right) || t.tiene(Clave::Substring) ||
-                    t.tiene(Clave::Len) || t.tiene(Clave::Charindex));
-    // The file store reads brackets as they stand, and never takes an unknown name between them for a text.
-    const bool hayCorchetes = !archivo && t.tiene(Clave::EsCorchete);
-    if (!hayFunciones && !hayCorchetes && !t.tiene(Clave::EsFecha) && !t.tiene(Clave::Dbo)) return;
+void quitarDbo(Tokens &t) {
+    if (!t.tiene(Clave::Dbo)) return;
     for (std::size_t i = 0; i < t.size(); ++i) {
-        switch (t[i].clave) {
-            case Clave::EsCorchete:
-                if (hayCorchetes) {
-                    QString nombre = t[i].vista.mid(1, t[i].vista.size() - 2).toString().toLower();
-                    t.cambiar(
-                        i, QLatin1Char('"') + nombre.replace(QLatin1Char('"'), "\"\""_L1) + QLatin1Char('"'));
-                }
-                break;
-            case Clave::EsFecha:
-                cambiarFecha(t, i, motor);
-                break;
-            case Clave::Dbo:
-                if (t.sigue(i, Clave::Punto)) {
-                    t.cambiar(i, {});
-                    t.cambiar(t.significativo(i + 1), {});
-                }
-                break;
-            case Clave::Left:
-            case Clave::Right:
-            case Clave::Substring:
-            case Clave::Len:
-            case Clave::Charindex:
-                if (hayFunciones && t.sigue(i, Clave::Abre)) {
-                    const Funcion *f = funcion(t[i].clave);
-                    t.cambiar(i, QLatin1String(f->enArchivo));
-                    if (f->texto) {
-                        t.antes(i, u"("_s);
-                        t.detras(t.par(t.significativo(i + 1)), u" COLLATE ZCI)"_s);
-                    }
-                }
-                break;
-            default:
-                break;
-        }
+        if (!t[i].es(Clave::Dbo) || !t.sigue(i, Clave::Punto)) continue;
+        t.cambiar(i, {});
+        t.cambiar(t.significativo(i + 1), {});
+    }
+}
+
+void cambiarCorchetes(Tokens &t) {
+    if (!t.tiene(Clave::EsCorchete)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::EsCorchete)) continue;
+        QString nombre = t[i].vista.mid(1, t[i].vista.size() - 2).toString().toLower();
+        t.cambiar(i, QLatin1Char('"') + nombre.replace(QLatin1Char('"'), "\"\""_L1) + QLatin1Char('"'));
+    }
+}
+
+void fechasComoTexto(Tokens &t) {
+    cambiarFechas(t, {});
+}
+
+void fechasComoMomento(Tokens &t) {
+    cambiarFechas(t, "TIMESTAMP "_L1);
+}
+
+void cambiarFunciones(Tokens &t) {
+    if (std::none_of(funciones.begin(), funciones.end(), [&t](const Funcion &f) { return t.tiene(f.clave); }))
+        return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        const Funcion *f = t[i].clave == Clave::Ninguna ? nullptr : funcion(t[i].clave);
+        if (f == nullptr || !t.sigue(i, Clave::Abre)) continue;
+        t.cambiar(i, QLatin1String(f->enArchivo));
+        if (!f->texto) continue;
+        t.antes(i, u"("_s);
+        t.detras(t.par(t.significativo(i + 1)), u" COLLATE ZCI)"_s);
     }
 }
 
@@ -152,26 +151,40 @@ void cambiarConcatenaciones(Tokens &t) {
     }
 }
 
-void cambiarDivisiones(Tokens &t, Motor motor) {
+namespace {
+
+/// Calls `tratar` with the first and the last token of every divisor.
+template <class Tratar>
+void porCadaDivisor(const Tokens &t, Tratar tratar) {
     if (!t.tiene(Clave::Barra)) return;
     for (std::size_t i = 0; i < t.size(); ++i) {
         if (!t[i].es(Clave::Barra)) continue;
         const std::size_t divisor = t.significativo(i + 1);
-        if (!t.empiezaPrimario(divisor)) continue;
-        const std::size_t fin = t.finDePrimario(divisor);
+        if (t.empiezaPrimario(divisor)) tratar(divisor, t.finDePrimario(divisor) - 1);
+    }
+}
+
+}  // namespace
+
+void guardarDivisores(Tokens &t) {
+    porCadaDivisor(t, [&t](std::size_t divisor, std::size_t ultimo) {
         const Token &d = t[divisor];
-        if (motor == Motor::PostgreSQL) {
-            // A column is floating already; whatever else could be whole is told not to be.
-            const bool columna = d.esNombre() && !t[fin - 1].es(Clave::Cierra);
-            const bool flotante = d.clase == Clase::Numero && !d.esEntero();
-            if (!columna && !flotante) t.detras(fin - 1, u"::double precision"_s);
-        } else if (d.esEntero() && d.vista.count(u'0') < d.vista.size()) {
+        if (d.esEntero() && d.vista.count(u'0') < d.vista.size()) {
             t.detras(divisor, u".0"_s);
         } else {
             t.antes(divisor, u"zdivisor("_s);
-            t.detras(fin - 1, u")"_s);
+            t.detras(ultimo, u")"_s);
         }
-    }
+    });
+}
+
+void dividirConDecimales(Tokens &t) {
+    porCadaDivisor(t, [&t](std::size_t divisor, std::size_t ultimo) {
+        // A column is floating already; whatever else could be whole is told not to be.
+        const bool columna = t[divisor].esNombre() && !t[ultimo].es(Clave::Cierra);
+        const bool flotante = t[divisor].clase == Clase::Numero && !t[divisor].esEntero();
+        if (!columna && !flotante) t.detras(ultimo, u"::double precision"_s);
+    });
 }
 
 void cambiarSumas(Tokens &t) {

@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include "frame/store/dialect.h"
 #include "frame/store/dialect_rewrites.h"
 
 using namespace Qt::StringLiterals;
@@ -152,12 +153,16 @@ std::size_t trasElBy(const Tokens &t, std::size_t palabra) {
     return t.significativo(t.significativo(palabra + 1) + 1);
 }
 
-/// PostgreSQL sets nulls behind everything else unless told; SQLite sets them first.
+const QString nulosPrimero = u" NULLS FIRST"_s;
+const QString nulosUltimos = u" NULLS LAST"_s;
+
+/// Tells where the nulls of every term of the order go: ahead of everything else, and behind it in a
+/// descending one.
 void ordenarNulos(Tokens &t, const Select &s) {
     std::size_t ultimoVisto = t.size();
     const auto marcar = [&] {
         if (ultimoVisto < s.fin)
-            t.detras(ultimoVisto, t[ultimoVisto].es(Clave::Desc) ? u" NULLS LAST"_s : u" NULLS FIRST"_s);
+            t.detras(ultimoVisto, t[ultimoVisto].es(Clave::Desc) ? nulosUltimos : nulosPrimero);
     };
     for (std::size_t i = trasElBy(t, s.orderBy); i < s.fin; ++i) {
         if (t[i].clase == Clase::Espacio) continue;
@@ -174,24 +179,23 @@ void ordenarNulos(Tokens &t, const Select &s) {
 /// The order that both engines can give the rows of `s` beyond its own; empty when there is none.
 QString ordenComun(const Tokens &t, const Select &s, const Ajustes &a) {
     if (s.deUnion) return {};
-    const bool pg = a.motor == Motor::PostgreSQL;
+    const QString nulos = a.gramatica->nulosAlFinal ? nulosPrimero : QString();
     if (s.groupBy != 0) {
         const QString grupo = t.escribirSinBordes(trasElBy(t, s.groupBy), s.finDeGrupo);
         if (s.distinct || grupo.isEmpty() || grupo.contains(QLatin1Char('(')) ||
             grupo.contains(QLatin1Char('\'')))
             return {};
-        return pg ? QString(grupo).replace(QLatin1Char(','), " NULLS FIRST,"_L1) + " NULLS FIRST"_L1 : grupo;
+        return QString(grupo).replace(QLatin1Char(','), nulos + QLatin1Char(',')) + nulos;
     }
     if (s.sumario) return {};
     if (s.distinct) {
         if (s.asterisco || s.from == 0) return {};
         QStringList posiciones;
-        for (int c = 1; c <= s.columnas; ++c)
-            posiciones << QString::number(c) + (pg ? " NULLS FIRST"_L1 : QLatin1String());
+        for (int c = 1; c <= s.columnas; ++c) posiciones << QString::number(c) + nulos;
         return posiciones.join(QLatin1Char(','));
     }
     if (s.tabla.isEmpty() || !a.tablasOrdenadas.contains(s.tabla)) return {};
-    return s.alias + (pg ? ".zfila"_L1 : ".rowid"_L1);
+    return s.alias + QLatin1Char('.') + a.gramatica->ordenDeInsercion;
 }
 
 void ordenar(Tokens &t, const Select &s, const Ajustes &a) {
@@ -199,7 +203,7 @@ void ordenar(Tokens &t, const Select &s, const Ajustes &a) {
     if (s.subconsulta && s.tope.isEmpty()) return;
     const QString comun = ordenComun(t, s, a);
     if (s.orderBy != 0) {
-        if (a.motor == Motor::PostgreSQL) ordenarNulos(t, s);
+        if (a.gramatica->nulosAlFinal) ordenarNulos(t, s);
         if (!comun.isEmpty()) t.detras(ultimo(t, s), ", "_L1 + comun);
     } else if (!comun.isEmpty()) {
         t.detras(ultimo(t, s), " ORDER BY "_L1 + comun);
@@ -223,14 +227,7 @@ void cambiarSelects(Tokens &t, const Ajustes &a, bool conIdentidadDeFila) {
         const std::size_t previo = t.anterior(i);
         if (previo < t.size() && (t[previo].es(Clave::Union) || t[previo].es(Clave::All))) s.deUnion = true;
         if (primero && conIdentidadDeFila && s.from != 0) {
-            QString fila = s.alias + ".rowid"_L1;
-            if (a.motor == Motor::PostgreSQL) {
-                fila = s.alias + ".ctid"_L1;
-                // A place alone may be another row's by the time of the update.
-                fila = a.tablasOrdenadas.contains(s.tabla)
-                           ? "concat("_L1 + fila + ", "_L1 + s.alias + ".zfila)"_L1
-                           : fila + "::text"_L1;
-            }
+            const QString fila = a.gramatica->identidad(s.alias, a.tablasOrdenadas.contains(s.tabla));
             t.antes(s.from, ", "_L1 + fila + " as z_identidad "_L1);
         }
         primero = false;

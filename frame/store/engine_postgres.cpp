@@ -1,9 +1,12 @@
+#include <QDateTime>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QStringList>
 
+#include "frame/base/failure.h"
+#include "frame/store/dialect_rewrites.h"
 #include "frame/store/dialect_tokens.h"
 #include "frame/store/engines.h"
 
@@ -11,7 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace motores {
 
+namespace enServidor {
 namespace {
+
+/// Unlike the place of a row it stays the row's for good; SQLite's own row numbers do both.
+constexpr QLatin1String ordenDeInsercion("zfila");
 
 Falla error(const QSqlError &e) {
     QString texto = e.databaseText().trimmed();
@@ -55,9 +62,7 @@ void comprobarQueEsUna(const QString &sql) {
     }
 }
 
-}  // namespace
-
-QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) {
+QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre);
     db.setHostName(datos.host);
     db.setPort(datos.puerto);
@@ -72,8 +77,8 @@ QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) 
         throw Falla{
             -1,
             {},
-            u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); verifique que el servidor "
-            "esté encendido y los datos del perfil."_s.arg(datos.base, datos.host)
+            u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); "
+            "verifique que el servidor esté encendido y los datos del perfil."_s.arg(datos.base, datos.host)
                 .arg(datos.puerto)
                 .arg(motivo),
             {}};
@@ -88,7 +93,7 @@ QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre) 
     return db;
 }
 
-qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas) {
+qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     // The driver takes no statement at all for a mistake.
     QStringView algo = QStringView(sql).trimmed();
     while (algo.endsWith(QLatin1Char(';'))) algo = algo.chopped(1).trimmed();
@@ -99,38 +104,136 @@ qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas
     QSqlQuery consulta(db);
     if (!consulta.exec(sql)) throw error(consulta.lastError());
     if (!consulta.isSelect()) return std::max(0, consulta.numRowsAffected());
-    const int columnas = consulta.record().count();
-    if (filas != nullptr) {
-        const QSqlRecord registro = consulta.record();
-        for (int c = 0; c < columnas; ++c) filas->nombres.push_back(registro.fieldName(c));
-    }
+    std::vector<int> visibles;
+    const QSqlRecord registro = consulta.record();
+    for (int c = 0; c < registro.count(); ++c)
+        if (registro.fieldName(c) != ordenDeInsercion) visibles.push_back(c);
+    if (filas != nullptr)
+        for (const int c : visibles) filas->nombres.push_back(registro.fieldName(c));
     qint64 leidas = 0;
     while (consulta.next()) {
         ++leidas;
         if (filas == nullptr) continue;
-        for (int c = 0; c < columnas; ++c) filas->celdas.push_back(celda(consulta.value(c)));
+        for (const int c : visibles) filas->celdas.push_back(celda(consulta.value(c)));
     }
     return leidas;
 }
 
-QSet<QString> tablasOrdenadasDeServidor(const QSqlDatabase &db) {
+QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
     QSet<QString> tablas;
     Filas filas;
-    correrEnServidor(
-        db,
-        u"select distinct c.relname::text from pg_catalog.pg_attribute a join pg_catalog.pg_class c on "
-        "c.oid = a.attrelid where a.attname = 'zfila' and c.relkind = 'r' and not a.attisdropped"_s,
-        &filas);
+    correr(db,
+           u"select distinct c.relname::text "
+           "from pg_catalog.pg_attribute a "
+           "join pg_catalog.pg_class c on c.oid = a.attrelid "
+           "where a.attname = '%1' and c.relkind = 'r' and not a.attisdropped"_s.arg(ordenDeInsercion),
+           &filas);
     for (const QVariant &nombre : filas.celdas) tablas.insert(nombre.toString());
     return tablas;
 }
 
-void escrituraLigeraEnServidor(const QSqlDatabase &db, bool activa) {
-    correrEnServidor(db, u"set synchronous_commit to %1"_s.arg(activa ? u"off"_s : u"on"_s), nullptr);
+void escrituraLigera(const QSqlDatabase &db, bool activa) {
+    correr(db, u"set synchronous_commit to %1"_s.arg(activa ? u"off"_s : u"on"_s), nullptr);
     // A commit that waits takes everything before it to the disk; it waits only when it has written something
     // itself.
-    if (!activa)
-        correrEnServidor(db, u"select pg_catalog.pg_logical_emit_message(true, 'zendra', '')"_s, nullptr);
+    if (!activa) correr(db, u"select pg_catalog.pg_logical_emit_message(true, 'zendra', '')"_s, nullptr);
+}
+
+// What a profile says of a server
+
+void leer(const Seccion &seccion, Datos &datos) {
+    constexpr int puertoMayor = 65535;
+    datos.host = seccion.valor("host");
+    bool esNumero = false;
+    datos.puerto = seccion.valor("puerto", u"5432"_s).toInt(&esNumero);
+    if (!esNumero || datos.puerto < 1 || datos.puerto > puertoMayor)
+        Seccion::rechazar(
+            u"El perfil %1 dice puerto=%2 en la sección [%3]; escriba un número de puerto."_s.arg(
+                seccion.ruta, seccion.valor("puerto"), seccion.entidad));
+    datos.base = seccion.valor("base");
+    datos.esquema = seccion.valor("esquema", seccion.entidad.toLower());
+    datos.usuario = seccion.valor("usuario");
+    datos.clave = seccion.valor("clave");
+    if (datos.host.isEmpty() || datos.base.isEmpty())
+        Seccion::rechazar(u"Al perfil %1 le falta el host o la base en la sección [%2]; complételos."_s.arg(
+            seccion.ruta, seccion.entidad));
+}
+
+bool juntos(const Datos &a, const Datos &b) {
+    return a.host == b.host && a.puerto == b.puerto && a.base == b.base;
+}
+
+QString lugar(const Datos &datos) {
+    return datos.esquema;
+}
+
+QString archivoQueFalta(const Datos &) {
+    return {};
+}
+
+// The row in hand
+
+bool vive(const QSqlDatabase &db) {
+    if (!db.isOpen()) return false;
+    QSqlQuery consulta(db);
+    return consulta.exec(u"select 1"_s);
+}
+
+/// The row's place, and its line behind it where the table has lines: a place alone may be another row's by
+/// the time of the update.
+QString identidadDeFila(const QString &alias, bool ordenada) {
+    const QString lugarDeFila = alias + ".ctid"_L1;
+    return ordenada
+               ? "concat("_L1 + lugarDeFila + ", "_L1 + alias + QLatin1Char('.') + ordenDeInsercion + ")"_L1
+               : lugarDeFila + "::text"_L1;
+}
+
+qint64 cambiarFila(const Correr &correr, const QString &update, QVariant &identidad) {
+    // The place finds the row at once, the number of its line tells that it still is that row. A row that
+    // another statement wrote meanwhile has a new place; its line finds it there.
+    const QString lugarYLinea = identidad.toString();
+    const qsizetype fin = lugarYLinea.indexOf(QLatin1Char(')')) + 1;
+    const QString linea = lugarYLinea.mid(fin);
+    const QString esLaLinea = linea.isEmpty() ? QString() : ordenDeInsercion + " = "_L1 + linea;
+    const auto intentar = [&](const QString &condicion) {
+        Filas filas;
+        const qint64 tocadas = correr(update + " where "_L1 + condicion + " returning ctid::text"_L1, &filas);
+        if (tocadas == 1) identidad = filas.celdas.front().toString() + linea;
+        return tocadas;
+    };
+    QString enSuLugar = u"ctid = '%1'::tid"_s.arg(lugarYLinea.left(fin));
+    if (!linea.isEmpty()) enSuLugar += " and "_L1 + esLaLinea;
+    const qint64 tocadas = intentar(enSuLugar);
+    return tocadas != 0 || linea.isEmpty() ? tocadas : intentar(esLaLinea);
+}
+
+}  // namespace
+}  // namespace enServidor
+
+const Motor &servidor() {
+    using namespace dialecto;
+    using namespace enServidor;
+    static const Motor motor{
+        .driver = u"servidor"_s,
+        .etiqueta = u"SQL"_s,
+        .formaDeFecha = u"'yyyy-MM-dd HH:mm:ss'"_s,
+        .gramatica = {.expresiones = {quitarDbo, cambiarCorchetes, fechasComoMomento, cambiarSumas,
+                                      dividirConDecimales, cambiarLike},
+                      .ordenDeInsercion = ordenDeInsercion,
+                      .nulosAlFinal = true,
+                      .identidad = identidadDeFila},
+        .leer = leer,
+        .juntos = juntos,
+        .lugar = lugar,
+        .archivoQueFalta = archivoQueFalta,
+        .abrir = abrir,
+        .vive = vive,
+        .tablasOrdenadas = tablasOrdenadas,
+        .correr = correr,
+        .cambiarFila = cambiarFila,
+        .escrituraLigera = escrituraLigera,
+    };
+    return motor;
 }
 
 }  // namespace motores

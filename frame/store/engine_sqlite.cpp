@@ -2,11 +2,15 @@
 // of ten thousand short statements would otherwise spend a third of its time between the two.
 #include <sqlite3.h>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QUrl>
 
+#include "frame/base/failure.h"
+#include "frame/base/values.h"
+#include "frame/store/dialect_rewrites.h"
 #include "frame/store/engines.h"
 #include "frame/store/sqlite_functions.h"
 
@@ -14,6 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace motores {
 
+namespace enArchivo {
 namespace {
 
 sqlite3 *mango(const QSqlDatabase &db) {
@@ -74,6 +79,12 @@ QVariant celda(sqlite3_stmt *s, int columna) {
     throw Falla{SQLITE_CANTOPEN, {}, descripcion, {}};
 }
 
+[[noreturn]] void rechazarIlegible(const QString &archivo, const Falla &e) {
+    rechazar(
+        u"El archivo %1 no es un store legible (%2); "
+        "repóngalo de una copia de seguridad o corrija el perfil."_s.arg(archivo, e.descripcion));
+}
+
 void comprobarArchivo(const QString &archivo) {
     const QFileInfo info(archivo);
     if (!info.exists())
@@ -92,9 +103,7 @@ void comprobarArchivo(const QString &archivo) {
                 info.absolutePath(), info.fileName()));
 }
 
-}  // namespace
-
-QSqlDatabase abrirArchivo(const Conexion::Datos &datos, const QString &nombre) {
+QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     comprobarArchivo(datos.archivo);
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, nombre);
     db.setDatabaseName(enUri(datos.archivo));
@@ -110,32 +119,32 @@ QSqlDatabase abrirArchivo(const Conexion::Datos &datos, const QString &nombre) {
     try {
         // A long run writes the same pages over and over: they are folded back into the file seldom.
         mandar(motor,
-               u"PRAGMA temp_store=MEMORY; PRAGMA cache_size=-65536; PRAGMA main.journal_mode=WAL; "
-               "PRAGMA main.synchronous=FULL; PRAGMA wal_autocheckpoint=20000"_s);
+               u"PRAGMA temp_store=MEMORY; "
+               "PRAGMA cache_size=-65536; "
+               "PRAGMA main.journal_mode=WAL; "
+               "PRAGMA main.synchronous=FULL; "
+               "PRAGMA wal_autocheckpoint=20000"_s);
         // A look inside: a file that is no store of ours says so here, and not in the middle of the work.
         mandar(motor, u"select count(*) from main.sqlite_master"_s);
     } catch (const Falla &e) {
-        rechazar(
-            u"El archivo %1 no es un store legible (%2); repóngalo de una copia de "
-            "seguridad o corrija el perfil."_s.arg(datos.archivo, e.descripcion));
+        rechazarIlegible(datos.archivo, e);
     }
     for (const auto &[entidad, archivo] : datos.vecinos) {
         // A neighbour that is not there is told when its own connection is asked for.
         if (!QFileInfo::exists(archivo)) continue;
         try {
-            mandar(motor, u"ATTACH '%1' AS %2; PRAGMA %2.journal_mode=WAL; PRAGMA %2.synchronous=FULL"_s.arg(
-                              enUri(archivo).replace(QLatin1Char('\''), "''"_L1), entidad.toLower()));
+            mandar(motor,
+                   u"ATTACH '%1' AS %2; "
+                   "PRAGMA %2.journal_mode=WAL; "
+                   "PRAGMA %2.synchronous=FULL"_s.arg(DoblarComillas(enUri(archivo)), entidad.toLower()));
         } catch (const Falla &e) {
-            rechazar(
-                u"El archivo %1 no es un store legible (%2); repóngalo de una copia de "
-                "seguridad o corrija el "
-                "perfil."_s.arg(archivo, e.descripcion));
+            rechazarIlegible(archivo, e);
         }
     }
     return db;
 }
 
-qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas) {
+qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     sqlite3 *motor = mango(db);
     const QByteArray utf8 = sql.toUtf8();
     const char *resto = nullptr;
@@ -170,7 +179,7 @@ qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas)
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
-void escrituraLigeraEnArchivo(const QSqlDatabase &db, bool activa) {
+void escrituraLigera(const QSqlDatabase &db, bool activa) {
     sqlite3 *motor = mango(db);
     // NORMAL, not OFF: the log is synced ahead of each checkpoint, so that a power cut loses the latest rows
     // of the run but never breaks the file.
@@ -183,18 +192,87 @@ void escrituraLigeraEnArchivo(const QSqlDatabase &db, bool activa) {
     mandar(motor, u"PRAGMA main.user_version=%1"_s.arg(version));
 }
 
-QSet<QString> tablasOrdenadasDeArchivo(const QSqlDatabase &db) {
+QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
     QSet<QString> tablas;
     Filas esquemas;
-    correrEnArchivo(db, u"select name from pragma_database_list where name <> 'temp'"_s, &esquemas);
+    correr(db, u"select name from pragma_database_list where name <> 'temp'"_s, &esquemas);
     for (const QVariant &esquema : esquemas.celdas) {
         Filas filas;
-        correrEnArchivo(
-            db, u"select lower(name) from %1.sqlite_master where type = 'table'"_s.arg(esquema.toString()),
-            &filas);
+        correr(db,
+               u"select lower(name) "
+               "from %1.sqlite_master "
+               "where type = 'table'"_s.arg(esquema.toString()),
+               &filas);
         for (const QVariant &nombre : filas.celdas) tablas.insert(nombre.toString());
     }
     return tablas;
+}
+
+// What a profile says of a file
+
+void leer(const Seccion &seccion, Datos &datos) {
+    const QString archivo = seccion.valor("archivo");
+    if (archivo.isEmpty())
+        Seccion::rechazar(u"Al perfil %1 le falta el archivo en la sección [%2]; complételo."_s.arg(
+            seccion.ruta, seccion.entidad));
+    datos.archivo = QDir::cleanPath(
+        QFileInfo(seccion.ruta).absoluteDir().absoluteFilePath(QDir::fromNativeSeparators(archivo)));
+}
+
+bool juntos(const Datos &, const Datos &) {
+    return true;
+}
+
+QString lugar(const Datos &datos) {
+    return datos.archivo;
+}
+
+QString archivoQueFalta(const Datos &datos) {
+    return QFileInfo::exists(datos.archivo) ? QString() : datos.archivo;
+}
+
+// The row in hand
+
+bool vive(const QSqlDatabase &db) {
+    return db.isOpen();
+}
+
+QString identidadDeFila(const QString &alias, bool) {
+    return alias + ".rowid"_L1;
+}
+
+qint64 cambiarFila(const Correr &correr, const QString &update, QVariant &identidad) {
+    return correr(update + u" where rowid = %1"_s.arg(identidad.toLongLong()), nullptr);
+}
+
+}  // namespace
+}  // namespace enArchivo
+
+const Motor &archivo() {
+    using namespace dialecto;
+    using namespace enArchivo;
+    static const Motor motor{
+        .driver = u"archivo"_s,
+        .etiqueta = u"ACCESS"_s,
+        .formaDeFecha = u"#MM/dd/yyyy HH:mm:ss#"_s,
+        // Brackets it reads as they stand, and never takes an unknown name between them for a text.
+        .gramatica = {.expresiones = {quitarDbo, fechasComoTexto, cambiarFunciones, cambiarConcatenaciones,
+                                      guardarDivisores},
+                      .ordenDeInsercion = "rowid"_L1,
+                      .nulosAlFinal = false,
+                      .identidad = identidadDeFila},
+        .leer = leer,
+        .juntos = juntos,
+        .lugar = lugar,
+        .archivoQueFalta = archivoQueFalta,
+        .abrir = abrir,
+        .vive = vive,
+        .tablasOrdenadas = tablasOrdenadas,
+        .correr = correr,
+        .cambiarFila = cambiarFila,
+        .escrituraLigera = escrituraLigera,
+    };
+    return motor;
 }
 
 }  // namespace motores

@@ -1,16 +1,51 @@
 #pragma once
-// The two engines behind a connection: opening, and running one translated statement. Failures raise
-// Falla.
+// What an engine is: its words, its grammar, and what it does for a connection. Two of them; which one
+// answers for an entity is settled once, when the profile is read.
 
 #include <QSet>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariant>
+#include <functional>
+#include <utility>
 #include <vector>
 
-#include "frame/store/StoreProfiles.h"
+#include "frame/store/dialect.h"
 
 namespace motores {
+
+struct Motor;
+
+/// What a profile says of one entity. File store: `archivo` is the SQLite file. Server store: host (a path is
+/// a socket folder), puerto, base, esquema, usuario, clave (empty: PostgreSQL's own password file answers).
+struct Datos {
+    QString entidad;
+    const Motor *motor = nullptr;  ///< never null once read
+    QString archivo;
+    QString host;
+    int puerto = 5432;
+    QString base;
+    QString esquema;
+    QString usuario;
+    QString clave;
+    QString separadorDecimal = QStringLiteral(".");
+    /// Pattern of QDateTime between the literal's own delimiters, e.g. "#MM/dd/yyyy HH:mm:ss#".
+    QString formaDeFecha;
+    /// The other entities of the profile that live on the same engine, in profile order: their tables are
+    /// found by bare name. (entity, what Motor::lugar answers for it)
+    std::vector<std::pair<QString, QString>> vecinos;
+};
+
+/// One section of a profile, as an engine reads it.
+struct Seccion {
+    QString ruta;     ///< the profile's file
+    QString entidad;  ///< the section's name
+
+    /// The text of a key; `defecto` when it is missing or blank.
+    QString valor(const char *clave, const QString &defecto = {}) const;
+    /// Raises Falla with `texto`, one Spanish sentence for the user.
+    [[noreturn]] static void rechazar(const QString &texto);
+};
 
 /// The rows of a statement, one cell after the other.
 struct Filas {
@@ -18,21 +53,50 @@ struct Filas {
     std::vector<QVariant> celdas;
 };
 
-/// Opens the entity's store with its neighbours in reach. `nombre` is the connection's name for Qt.
-QSqlDatabase abrirArchivo(const Conexion::Datos &datos, const QString &nombre);
-QSqlDatabase abrirServidor(const Conexion::Datos &datos, const QString &nombre);
+/// Runs one text for a connection, with its trace and its failures: see Motor::correr.
+using Correr = std::function<qint64(const QString &sql, Filas *filas)>;
 
-/// The tables that keep an order of insertion, lower case.
-QSet<QString> tablasOrdenadasDeArchivo(const QSqlDatabase &db);
-QSet<QString> tablasOrdenadasDeServidor(const QSqlDatabase &db);
+/// One engine. What fails raises Falla with the engine's words.
+struct Motor {
+    QString driver;    ///< the profile's word for it
+    QString etiqueta;  ///< the dialect's name for the modules: "SQL" for a server store, "ACCESS" for a file
+    QString formaDeFecha;  ///< of date literals, where the profile tells none; delimiters included
+    dialecto::Gramatica gramatica;
 
-/// Runs `sql`; fills `filas` when it is given. Answers the rows touched by a command, or read.
-qint64 correrEnArchivo(const QSqlDatabase &db, const QString &sql, Filas *filas);
-qint64 correrEnServidor(const QSqlDatabase &db, const QString &sql, Filas *filas);
+    /// Takes from a profile's section what this engine has to know. Raises Falla for what is missing or
+    /// wrong.
+    void (*leer)(const Seccion &seccion, Datos &datos);
+    /// Whether one connection reaches the tables of both.
+    bool (*juntos)(const Datos &a, const Datos &b);
+    /// Where the entity lies, as a connection of its neighbours has to be told: its file or its schema.
+    QString (*lugar)(const Datos &datos);
+    /// The file that has to be there before the first statement and is not; empty when there is none to miss.
+    QString (*archivoQueFalta)(const Datos &datos);
 
-/// Not waiting for the disk at every statement (true), or durable again, with everything written so far
-/// (false).
-void escrituraLigeraEnArchivo(const QSqlDatabase &db, bool activa);
-void escrituraLigeraEnServidor(const QSqlDatabase &db, bool activa);
+    /// Opens the entity's store with its neighbours in reach. `nombre` is the connection's name for Qt.
+    QSqlDatabase (*abrir)(const Datos &datos, const QString &nombre);
+    /// Whether statements still reach the store behind an open handle.
+    bool (*vive)(const QSqlDatabase &db);
+    /// The tables that keep an order of insertion, lower case.
+    QSet<QString> (*tablasOrdenadas)(const QSqlDatabase &db);
+    /// Runs `sql`, one statement of the engine's own; fills `filas` when it is given. Answers the rows
+    /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
+    /// business: `*` does not show it.
+    qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
+    /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a
+    /// select with Gramatica::identidad answered; renews `identidad` where the row moved. Answers the rows
+    /// touched: 0 when the row is gone.
+    qint64 (*cambiarFila)(const Correr &correr, const QString &update, QVariant &identidad);
+    /// Not waiting for the disk at every statement (true), or durable again, with everything written so far
+    /// (false).
+    void (*escrituraLigera)(const QSqlDatabase &db, bool activa);
+};
+
+/// SQLite: a file an entity.
+const Motor &archivo();
+/// PostgreSQL: a schema an entity.
+const Motor &servidor();
+/// The engine that a profile calls `driver`, in any case; null for a word that names none.
+const Motor *porDriver(const QString &driver);
 
 }  // namespace motores

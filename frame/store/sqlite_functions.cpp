@@ -213,10 +213,11 @@ sqlite3_stmt *preparar(sqlite3_context *contexto, const char *sql) {
 }
 
 void fDescripciones(sqlite3_context *contexto, int, sqlite3_value **valores) {
-    sqlite3_stmt *s =
-        preparar(contexto,
-                 "select coalesce(descripcion, '') from groupsubitems where id = ?1 and interno = ?2 "
-                 "order by rowid");
+    sqlite3_stmt *s = preparar(contexto,
+                               "select coalesce(descripcion, '') "
+                               "from groupsubitems "
+                               "where id = ?1 and interno = ?2 "
+                               "order by rowid");
     if (s == nullptr) return;
     sqlite3_bind_value(s, 1, valores[0]);
     sqlite3_bind_value(s, 2, valores[1]);
@@ -235,16 +236,21 @@ void fDescripciones(sqlite3_context *contexto, int, sqlite3_value **valores) {
 }
 
 void fDescargas(sqlite3_context *contexto, int, sqlite3_value **valores) {
-    sqlite3_stmt *s = preparar(
-        contexto,
-        "update descargas set iditem = (select cast(cast(g.id as integer) as text) from subitems s join "
-        "groupsubitems g "
-        "on g.interno = s.interno and (g.idsub = s.id or exists (select 1 from idrel r where r.interno = "
-        "s.interno and "
-        "r.idroot = g.idsub and r.idsub = s.id)) where s.interno = ?1 and s.idexportacion = "
-        "descargas.idexportacion and "
-        "g.id is not null order by s.id limit 1) where interno = ?1 and (iditem is null or iditem = '') and "
-        "idexportacion <> 0");
+    // Each unload takes the item of its line: the line's own, or that of the group it was folded into.
+    sqlite3_stmt *s = preparar(contexto,
+                               "update descargas "
+                               "set iditem = ("
+                               "select cast(cast(g.id as integer) as text) "
+                               "from subitems s "
+                               "join groupsubitems g "
+                               "on g.interno = s.interno and (g.idsub = s.id or exists ("
+                               "select 1 from idrel r "
+                               "where r.interno = s.interno and r.idroot = g.idsub and r.idsub = s.id)) "
+                               "where s.interno = ?1 and s.idexportacion = descargas.idexportacion "
+                               "and g.id is not null "
+                               "order by s.id limit 1) "
+                               "where interno = ?1 and (iditem is null or iditem = '') "
+                               "and idexportacion <> 0");
     if (s == nullptr) return;
     sqlite3 *motor = sqlite3_context_db_handle(contexto);
     sqlite3_bind_value(s, 1, valores[0]);

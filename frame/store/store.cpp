@@ -1,13 +1,11 @@
 #include "frame/store/store.h"
 
 #include <QElapsedTimer>
-#include <QSqlQuery>
 #include <QUuid>
 #include <algorithm>
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
-#include "frame/store/StoreProfiles.h"
 #include "frame/store/dialect.h"
 #include "frame/store/engines.h"
 
@@ -23,43 +21,38 @@ std::function<void(const TrazaDeSentencia &)> &traza() {
 }  // namespace
 
 struct Conexion::Interno {
+    explicit Interno(std::unique_ptr<Datos> de)
+        : datos(std::move(de)),
+          motor(*datos->motor),
+          nombre(datos->entidad + QLatin1Char('-') + QUuid::createUuid().toString(QUuid::WithoutBraces)),
+          ajustes{&motor.gramatica, {}} {}
+
     std::unique_ptr<Datos> datos;
-    QString nombre;      ///< Qt's name of the handle
-    QSqlDatabase motor;  ///< held, because Qt looks a name up under a lock
-    QString etiqueta;
+    const motores::Motor &motor;
+    QString nombre;   ///< Qt's name of the handle
+    QSqlDatabase db;  ///< held, because Qt looks a name up under a lock
     bool abierta = false;
     int ligeras = 0;  ///< how many runs asked for light writing
     dialecto::Ajustes ajustes;
 
-    const QSqlDatabase &db() const { return motor; }
     void soltar() {
-        motor = QSqlDatabase();
+        db = QSqlDatabase();
         QSqlDatabase::removeDatabase(nombre);
     }
 
     void abrir() {
         if (abierta) return;
         try {
-            motor = datos->servidor ? motores::abrirServidor(*datos, nombre)
-                                    : motores::abrirArchivo(*datos, nombre);
-            ajustes.motor = datos->servidor ? dialecto::Motor::PostgreSQL : dialecto::Motor::SQLite;
-            ajustes.tablasOrdenadas = datos->servidor ? motores::tablasOrdenadasDeServidor(motor)
-                                                      : motores::tablasOrdenadasDeArchivo(motor);
+            db = motor.abrir(*datos, nombre);
+            ajustes.tablasOrdenadas = motor.tablasOrdenadas(db);
             abierta = true;
-            if (ligeras > 0) ligera(true);
+            if (ligeras > 0) motor.escrituraLigera(db, true);
         } catch (Falla &e) {
             abierta = false;
             soltar();
             e.fuente = datos->entidad;
             throw;
         }
-    }
-
-    void ligera(bool activa) const {
-        if (datos->servidor)
-            motores::escrituraLigeraEnServidor(db(), activa);
-        else
-            motores::escrituraLigeraEnArchivo(db(), activa);
     }
 
     qint64 correr(const QString &sentencia, const QString &traducida, motores::Filas *filas) {
@@ -72,45 +65,34 @@ struct Conexion::Interno {
             // would be lost.
             if (traducida.contains(QChar::Null))
                 throw Falla{0, {}, u"La sentencia contiene un carácter nulo."_s, {}};
-            cuantas = datos->servidor ? motores::correrEnServidor(db(), traducida, filas)
-                                      : motores::correrEnArchivo(db(), traducida, filas);
+            cuantas = motor.correr(db, traducida, filas);
         } catch (Falla &e) {
             e.fuente = datos->entidad;
             e.sentencia = sentencia;
-            // A server that went away: the next statement opens a new connection.
-            if (datos->servidor && !sigueViva()) cerrar();
+            // A store that went away: the next statement opens a new connection.
+            if (!motor.vive(db)) cerrar();
             throw;
         }
         if (hilo) hilo({datos->entidad, sentencia, traducida, reloj.nsecsElapsed() / 1000, cuantas});
         return cuantas;
     }
 
-    bool sigueViva() const {
-        if (!db().isOpen()) return false;
-        QSqlQuery consulta(db());
-        return consulta.exec(u"select 1"_s);
-    }
-
     void cerrar() {
         if (!abierta) return;
         if (ligeras > 0) {
             try {
-                ligera(false);
+                motor.escrituraLigera(db, false);
             } catch (const Falla &) {
                 // The handle goes all the same; a server that went away is the usual reason to be here.
             }
         }
         abierta = false;
-        motor.close();
+        db.close();
         soltar();
     }
 };
 
-Conexion::Conexion(std::unique_ptr<Datos> datos) : i_(std::make_unique<Interno>()) {
-    i_->etiqueta = datos->servidor ? u"SQL"_s : u"ACCESS"_s;
-    i_->nombre = datos->entidad + QLatin1Char('-') + QUuid::createUuid().toString(QUuid::WithoutBraces);
-    i_->datos = std::move(datos);
-}
+Conexion::Conexion(std::unique_ptr<Datos> datos) : i_(std::make_unique<Interno>(std::move(datos))) {}
 
 Conexion::~Conexion() {
     i_->cerrar();
@@ -153,14 +135,14 @@ qint64 Conexion::Ejecutar() {
 
 QSqlDatabase Conexion::coneccion() {
     i_->abrir();
-    return i_->db();
+    return i_->db;
 }
 
 const QString &Conexion::entidad() const {
     return i_->datos->entidad;
 }
 const QString &Conexion::etiqueta() const {
-    return i_->etiqueta;
+    return i_->motor.etiqueta;
 }
 bool Conexion::abierta() const {
     return i_->abierta;
@@ -173,7 +155,7 @@ void Conexion::escrituraLigera(bool activa) {
     i_->ligeras += activa ? 1 : -1;
     if (i_->ligeras == (activa ? 1 : 0) && (activa || i_->abierta)) {
         i_->abrir();
-        i_->ligera(activa);
+        i_->motor.escrituraLigera(i_->db, activa);
     }
 }
 
@@ -219,6 +201,13 @@ int Recordset::columna(QStringView nombre) const {
         if (nombre.size() == nombres_[c].size() && nombre.compare(nombres_[c], Qt::CaseInsensitive) == 0)
             return static_cast<int>(c);
     throw Falla{3265, u"Recordset"_s, u"El conjunto de registros no tiene la columna %1."_s.arg(nombre), {}};
+}
+
+QString Recordset::nombreDeColumna(int columna) const {
+    if (columna < 0 || static_cast<std::size_t>(columna) >= nombres_.size())
+        throw Falla{
+            3265, u"Recordset"_s, u"El conjunto de registros no tiene la columna %1."_s.arg(columna), {}};
+    return nombres_[static_cast<std::size_t>(columna)];
 }
 
 Campo Recordset::Fields(int columna) const {
@@ -268,37 +257,20 @@ void Recordset::Update() {
         if (valor.isNull())
             texto = u"NULL"_s;
         else if (valor.typeId() == QMetaType::QString || valor.typeId() == QMetaType::QDateTime)
-            texto = QLatin1Char('\'') + DoblarComillas(EsNull(valor)) + QLatin1Char('\'');
+            texto = TextoEnComillas(EsNull(valor));
         else
             texto = numeros::aTexto(valor.toDouble());
         cambios << QLatin1Char('"') + nombreDeColumna(p.columna) + "\" = "_L1 + texto;
     }
-    QVariant &identidad = identidades_[static_cast<std::size_t>(fila_)];
-    // Written for the engine as it is: the identity is the engine's own word, and no module spells it.
-    const QString sql = u"update %1 set %2 where "_s.arg(tabla_, cambios.join(", "_L1));
+    // Written for the engine as it is: how a row is found again is the engine's own matter.
+    const QString sql = u"update %1 set %2"_s.arg(tabla_, cambios.join(", "_L1));
     qint64 tocadas = 0;
     try {
-        if (conexion.datos->servidor) {
-            // The place finds the row at once, the number of its line tells that it still is that row. A row
-            // that another statement wrote meanwhile has a new place; its line finds it there.
-            const QString lugarYLinea = identidad.toString();
-            const qsizetype fin = lugarYLinea.indexOf(QLatin1Char(')')) + 1;
-            const QString lugar = lugarYLinea.left(fin);
-            const QString linea = lugarYLinea.mid(fin);
-            const QString laMisma = linea.isEmpty() ? QString() : " and zfila = "_L1 + linea;
-            const QString vuelta = u" returning ctid::text"_s;
-            const auto intentar = [&](const QString &donde) {
-                motores::Filas filas;
-                const QString texto = sql + donde + vuelta;
-                tocadas = conexion.correr(texto, texto, &filas);
-                if (tocadas == 1) identidad = filas.celdas.front().toString() + linea;
-            };
-            intentar(u"ctid = '%1'::tid"_s.arg(lugar) + laMisma);
-            if (tocadas == 0 && !linea.isEmpty()) intentar("zfila = "_L1 + linea);
-        } else {
-            const QString texto = sql + u"rowid = %1"_s.arg(identidad.toLongLong());
-            tocadas = conexion.correr(texto, texto, nullptr);
-        }
+        tocadas = conexion.motor.cambiarFila(
+            [&conexion](const QString &texto, motores::Filas *filas) {
+                return conexion.correr(texto, texto, filas);
+            },
+            sql, identidades_[static_cast<std::size_t>(fila_)]);
     } catch (const Falla &) {
         olvidar();
         throw;

@@ -11,6 +11,10 @@
 
 #include "frame/base/failure.h"
 
+namespace motores {
+struct Datos;
+}
+
 /// A field of the row in hand.
 struct Campo {
     QVariant Value;  ///< null QVariant for a null; numbers are double or qlonglong, texts QString
@@ -39,7 +43,8 @@ class Recordset {
 
     int RecordCount() const { return filas(); }
     int columnas() const { return static_cast<int>(nombres_.size()); }
-    QString nombreDeColumna(int columna) const { return nombres_.at(columna); }
+    /// The column's name as the store spells it. Raises Falla for a number that is none.
+    QString nombreDeColumna(int columna) const;
 
     /// Sets a column of the row in hand; nothing reaches the store before Update. Only for a recordset opened
     /// with crearrsActualizable.
@@ -86,7 +91,7 @@ struct TrazaDeSentencia {
 /// alone.
 class Conexion {
  public:
-    struct Datos;  ///< what the profile says of the entity; see StoreProfiles
+    using Datos = motores::Datos;  ///< what the profile says of the entity
     explicit Conexion(std::unique_ptr<Datos> datos);
     ~Conexion();
     Conexion(const Conexion &) = delete;

@@ -1,9 +1,10 @@
 #include "frame/ui/campos.h"
 
-#include <QCheckBox>
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 
 using namespace Qt::StringLiterals;
@@ -12,8 +13,10 @@ QString campos::TextoDe(const QWidget *campo) {
     if (const auto *linea = qobject_cast<const QLineEdit *>(campo)) return linea->text();
     if (const auto *plano = qobject_cast<const QPlainTextEdit *>(campo)) return plano->toPlainText();
     if (const auto *combo = qobject_cast<const QComboBox *>(campo)) return combo->currentData().toString();
-    if (const auto *casilla = qobject_cast<const QCheckBox *>(campo))
-        return casilla->isChecked() ? u"S"_s : u"N"_s;
+    if (const auto *boton = qobject_cast<const QAbstractButton *>(campo))
+        return boton->isChecked() ? u"S"_s : u"N"_s;
+    if (const auto *lista = qobject_cast<const QListWidget *>(campo))
+        return lista->currentItem() == nullptr ? QString() : lista->currentItem()->text();
     if (const auto *etiqueta = qobject_cast<const QLabel *>(campo)) return etiqueta->text();
     return {};
 }
@@ -30,8 +33,11 @@ bool campos::PonerTexto(QWidget *campo, QString texto) {
         plano->setPlainText(texto);
     } else if (auto *combo = qobject_cast<QComboBox *>(campo)) {
         combo->setCurrentIndex(combo->findData(texto));
-    } else if (auto *casilla = qobject_cast<QCheckBox *>(campo)) {
-        casilla->setChecked(texto == "S"_L1);
+    } else if (auto *boton = qobject_cast<QAbstractButton *>(campo)) {
+        boton->setChecked(texto == "S"_L1);
+    } else if (auto *lista = qobject_cast<QListWidget *>(campo)) {
+        const auto halladas = lista->findItems(texto, Qt::MatchExactly);
+        lista->setCurrentItem(halladas.isEmpty() ? nullptr : halladas.first());
     } else if (auto *etiqueta = qobject_cast<QLabel *>(campo)) {
         etiqueta->setText(texto);
     }

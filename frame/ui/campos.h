@@ -8,7 +8,8 @@ class QWidget;
 
 namespace campos {
 
-/// What a field holds: its text; of a combo box the data of its row, of a tick box "S" or "N".
+/// What a field holds: its text; of a combo box the data of its row, of a tick box or an option button "S" or
+/// "N", of a list the text of the row in hand (empty for none).
 QString TextoDe(const QWidget *campo);
 /// Puts a text into a field. False when the field shows it already, and then keeps its cursor.
 bool PonerTexto(QWidget *campo, QString texto);

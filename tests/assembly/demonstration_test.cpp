@@ -47,7 +47,6 @@ QStringList leer(AppContext &ctx, const Derivada &d, const QString &interno) {
     for (; !rs.Eof(); rs.MoveNext()) {
         QStringList celdas;
         for (int c = 0; c < rs.columnas(); ++c) {
-            if (rs.nombreDeColumna(c) == "zfila"_L1) continue;
             const QVariant valor = rs.Fields(c).Value;
             celdas << rs.nombreDeColumna(c).toLower() + '='_L1 +
                           (valor.isNull() ? u"<null>"_s : EsNull(valor));

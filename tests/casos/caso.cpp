@@ -8,6 +8,7 @@
 #include "assembly/run.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/config.h"
 #include "frame/escritura.h"
 #include "header/automotive.h"
 #include "liquidation/review.h"

@@ -6,7 +6,7 @@
 #include <QString>
 #include <vector>
 
-#include "frame/store/dialect.h"
+#include "frame/store/engines.h"
 
 struct Par {
     const char *caso;  ///< the fact, as the test's name
@@ -21,17 +21,17 @@ inline void PrintTo(const Par &par, std::ostream *salida) {
 }
 
 /// The tables of the tests that keep an order of insertion.
-inline dialecto::Ajustes ajustesDePrueba(dialecto::Motor motor) {
-    return {motor,
+inline dialecto::Ajustes ajustesDePrueba(const motores::Motor &motor) {
+    return {&motor.gramatica,
             {QStringLiteral("subitems"), QStringLiteral("item"), QStringLiteral("groupsubitems"),
              QStringLiteral("ncm"), QStringLiteral("tax")}};
 }
 
 inline QString enSQLite(const char *texto) {
-    return dialecto::traducir(QString::fromUtf8(texto), ajustesDePrueba(dialecto::Motor::SQLite));
+    return dialecto::traducir(QString::fromUtf8(texto), ajustesDePrueba(motores::archivo()));
 }
 inline QString enPostgreSQL(const char *texto) {
-    return dialecto::traducir(QString::fromUtf8(texto), ajustesDePrueba(dialecto::Motor::PostgreSQL));
+    return dialecto::traducir(QString::fromUtf8(texto), ajustesDePrueba(motores::servidor()));
 }
 
 class Pares : public ::testing::TestWithParam<Par> {};

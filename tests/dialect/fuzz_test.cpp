@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using dialecto::Motor;
-
 const char *const semillas[] = {
     "Update groupsubitems Set groupsubitems.IDsub = SubItems.ID,groupsubitems.idcatalogo = "
     "SubItems.idcatalogo from groupsubitems INNER JOIN subitems ON "
@@ -94,10 +92,10 @@ bool enOrden(const std::vector<QString> &antes, const std::vector<QString> &desp
 void comprobar(const QString &texto) {
     const bool entendido = dialecto::Tokens().partir(texto);
     const std::vector<QString> antes = citados(texto);
-    for (const Motor motor : {Motor::SQLite, Motor::PostgreSQL}) {
+    for (const motores::Motor *motor : {&motores::archivo(), &motores::servidor()}) {
         for (const bool identidad : {false, true}) {
-            const QString traducido = identidad ? dialecto::conIdentidad(texto, ajustesDePrueba(motor))
-                                                : dialecto::traducir(texto, ajustesDePrueba(motor));
+            const QString traducido = identidad ? dialecto::conIdentidad(texto, ajustesDePrueba(*motor))
+                                                : dialecto::traducir(texto, ajustesDePrueba(*motor));
             if (!entendido) {
                 ASSERT_EQ(traducido.toStdString(), texto.toStdString()) << "not understood, so not touched";
                 continue;

@@ -83,27 +83,27 @@ const Par ordenes[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Orders, Selects, ::testing::ValuesIn(ordenes), nombreDelPar);
 
-QString conIdentidadEn(dialecto::Motor motor, const char *texto) {
+QString conIdentidadEn(const motores::Motor &motor, const char *texto) {
     return dialecto::conIdentidad(QString::fromUtf8(texto), ajustesDePrueba(motor));
 }
 
 TEST(RowIdentity, IsTheLastColumnOfTheSelect) {
     const char *texto = "select top 2 * from item where interno = 'X' order by itflete desc";
-    EXPECT_EQ(conIdentidadEn(dialecto::Motor::SQLite, texto).toStdString(),
+    EXPECT_EQ(conIdentidadEn(motores::archivo(), texto).toStdString(),
               "select   * , item.rowid as z_identidad from item where interno = 'X' order by itflete desc, "
               "item.rowid LIMIT 2");
-    EXPECT_EQ(conIdentidadEn(dialecto::Motor::PostgreSQL, texto).toStdString(),
+    EXPECT_EQ(conIdentidadEn(motores::servidor(), texto).toStdString(),
               "select   * , concat(item.ctid, item.zfila) as z_identidad from item where interno = 'X' order "
               "by itflete "
               "desc NULLS LAST, item.zfila LIMIT 2");
 }
 
 TEST(RowIdentity, IsOfTheOuterSelectAlone) {
-    EXPECT_EQ(conIdentidadEn(dialecto::Motor::SQLite,
-                             "select a,b from item as i where a in (select a from subitems)")
-                  .toStdString(),
-              "select a,b , i.rowid as z_identidad from item as i where a in (select a from subitems) ORDER "
-              "BY i.rowid");
+    EXPECT_EQ(
+        conIdentidadEn(motores::archivo(), "select a,b from item as i where a in (select a from subitems)")
+            .toStdString(),
+        "select a,b , i.rowid as z_identidad from item as i where a in (select a from subitems) ORDER "
+        "BY i.rowid");
 }
 
 }  // namespace

@@ -43,8 +43,7 @@ struct Puesto {
         QStringList columnas;
         for (int c = 0; c < rs.columnas(); ++c) {
             const QString columna = rs.nombreDeColumna(c);
-            if (columna != "id"_L1 && columna != "zfila"_L1 && columna != "preciounitario"_L1 &&
-                columna != "fob"_L1)
+            if (columna != "id"_L1 && columna != "preciounitario"_L1 && columna != "fob"_L1)
                 columnas << columna;
         }
         constexpr int veces = 20;
@@ -90,8 +89,8 @@ struct Puesto {
                 QStringList celdas;
                 for (int c = 0; c < rs.columnas(); ++c) {
                     const QString columna = rs.nombreDeColumna(c);
-                    const bool dada = columna == "zfila"_L1 || columna == "idsub"_L1 ||
-                                      (columna == "id"_L1 && L(tabla) == "subitems"_L1);
+                    const bool dada =
+                        columna == "idsub"_L1 || (columna == "id"_L1 && L(tabla) == "subitems"_L1);
                     if (!dada) celdas << celda(rs.Fields(c).Value);
                 }
                 lineas << celdas.join(QLatin1Char('|'));

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QMap>
 #include <QTest>
 
 #include "desktop/FrmBase.h"
@@ -11,6 +12,7 @@
 #include "desktop/FrmConfig.h"
 #include "frame/base/ini.h"
 #include "frame/config.h"
+#include "frame/optionrows.h"
 #include "frame/ui/Pantalla.h"
 #include "header/FrmABMProrrateos.h"
 #include "header/FrmLstProrrateo.h"
@@ -84,6 +86,34 @@ TEST_P(PantallasDeOpciones, EscapeStoresEveryOptionIntoTheFileAndTheRun) {
     EXPECT_TRUE(otra.chkMostrarOperaciones->isChecked());
     EXPECT_TRUE(otra.opARMARITEM1->isChecked());
     EXPECT_EQ(otra.cboListado->currentText(), u"Fecha de Creación"_s);
+}
+
+TEST_P(PantallasDeOpciones, EveryBoxSetsItsOwnOptionAndNoOther) {
+    ctx->opciones.TempInputsAvailable = true;
+    const auto todas = [this] {
+        QMap<QString, QString> valores;
+        for (const FilaDeOpcion &fila : FilasDeOpciones())
+            valores[QLatin1String(fila.clave)] = TextoDeOpcion(fila, ctx->opciones);
+        return valores;
+    };
+    int casillas = 0;
+    for (const FilaDeOpcion &fila : FilasDeOpciones()) {
+        auto *casilla = opciones().ventana->findChild<QCheckBox *>(QLatin1String(fila.control));
+        if (*fila.control == '\0' || casilla == nullptr) {
+            tecla(Qt::Key_Escape);
+            continue;
+        }
+        ++casillas;
+        QMap<QString, QString> esperadas = todas();
+        QString &suya = esperadas[QLatin1String(fila.clave)];
+        // The one that the run does not keep changes its setting alone.
+        if (!suya.isEmpty()) suya = suya == "S"_L1 ? u"N"_s : u"S"_s;
+        teclaEn(casilla, Qt::Key_Space);
+        tecla(Qt::Key_Escape);
+        EXPECT_EQ(todas(), esperadas) << fila.clave;
+    }
+    EXPECT_EQ(casillas, 22);
+    EXPECT_EQ(ctx->ajustes.Leer(u"oInputsLink"_s, u"CONFIG"_s, u"opVDE"_s), u"S"_s);
 }
 
 TEST_P(PantallasDeOpciones, AValueOfDiemChinaThatIsNoNumberKeepsTheScreenWithTheRestStored) {

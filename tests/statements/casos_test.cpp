@@ -68,17 +68,14 @@ QString celda(const QVariant &valor) {
 void leer(AppContext &ctx, const QString &texto, const QString &entidad, Respuesta &r) {
     Recordset rs;
     Consultar(ctx, entidad, texto, rs);
-    QList<int> visibles;
     for (int c = 0; c < rs.columnas(); ++c) {
-        if (rs.nombreDeColumna(c) == "zfila"_L1) continue;
-        visibles << c;
         const QString nombre = rs.nombreDeColumna(c).toLower();
         static const QRegularExpression deTabla(u"^[a-z_0-9]+$"_s);
         r.columnas << (deTabla.match(nombre).hasMatch() ? nombre : QString());
     }
     for (; !rs.Eof(); rs.MoveNext()) {
         QStringList celdas;
-        for (const int c : visibles) celdas << celda(rs.Fields(c).Value);
+        for (int c = 0; c < rs.columnas(); ++c) celdas << celda(rs.Fields(c).Value);
         r.filas << celdas.join(QLatin1Char('|'));
     }
 }

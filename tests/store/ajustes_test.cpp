@@ -6,6 +6,8 @@
 #include "frame/base/ini.h"
 #include "frame/settings.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray leer(const QString &archivo) {
@@ -24,80 +26,83 @@ void escribir(const QString &archivo, const QByteArray &texto) {
 class AreaDeAjustes : public ::testing::Test {
  protected:
     QTemporaryDir dir;
-    QString archivo = dir.filePath("ajustes.ini");
+    QString archivo = dir.filePath(u"ajustes.ini"_s);
     Ajustes ajustes{archivo};
 };
 
 TEST_F(AreaDeAjustes, WhatIsNotThereIsTheDefault) {
-    EXPECT_EQ(ajustes.Leer("Zendra", "FLAGS", "x"), QString());
-    EXPECT_EQ(ajustes.Leer("Zendra", "FLAGS", "x", "S").toStdString(), "S");
-    ajustes.Borrar("Zendra", "FLAGS", "x");
-    ajustes.Guardar("Zendra", "FLAGS", "x", "");
+    EXPECT_EQ(ajustes.Leer(u"Zendra"_s, u"FLAGS"_s, u"x"_s), QString());
+    EXPECT_EQ(ajustes.Leer(u"Zendra"_s, u"FLAGS"_s, u"x"_s, u"S"_s).toStdString(), "S");
+    ajustes.Borrar(u"Zendra"_s, u"FLAGS"_s, u"x"_s);
+    ajustes.Guardar(u"Zendra"_s, u"FLAGS"_s, u"x"_s, u""_s);
     // An empty value is a value.
-    EXPECT_EQ(ajustes.Leer("Zendra", "FLAGS", "x", "S"), QString());
+    EXPECT_EQ(ajustes.Leer(u"Zendra"_s, u"FLAGS"_s, u"x"_s, u"S"_s), QString());
 }
 
 TEST_F(AreaDeAjustes, ApplicationSectionAndKeyEachTellApart) {
-    ajustes.Guardar("Uno", "A", "k", "1");
-    ajustes.Guardar("Dos", "A", "k", "2");
-    ajustes.Guardar("Uno", "B", "k", "3");
-    ajustes.Guardar("Uno", "A", "l", "4");
-    EXPECT_EQ(ajustes.Leer("Uno", "A", "k").toStdString(), "1");
-    EXPECT_EQ(ajustes.Leer("Dos", "A", "k").toStdString(), "2");
-    EXPECT_EQ(ajustes.Leer("Uno", "B", "k").toStdString(), "3");
-    EXPECT_EQ(ajustes.Leer("Uno", "A", "l").toStdString(), "4");
-    ajustes.Guardar("Uno", "A", "k", "5");
-    EXPECT_EQ(ajustes.Leer("Uno", "A", "k").toStdString(), "5");
-    ajustes.Borrar("Uno", "A", "k");
-    EXPECT_EQ(ajustes.Leer("Uno", "A", "k", "no").toStdString(), "no");
-    EXPECT_EQ(ajustes.Leer("Uno", "A", "l").toStdString(), "4");
+    ajustes.Guardar(u"Uno"_s, u"A"_s, u"k"_s, u"1"_s);
+    ajustes.Guardar(u"Dos"_s, u"A"_s, u"k"_s, u"2"_s);
+    ajustes.Guardar(u"Uno"_s, u"B"_s, u"k"_s, u"3"_s);
+    ajustes.Guardar(u"Uno"_s, u"A"_s, u"l"_s, u"4"_s);
+    EXPECT_EQ(ajustes.Leer(u"Uno"_s, u"A"_s, u"k"_s).toStdString(), "1");
+    EXPECT_EQ(ajustes.Leer(u"Dos"_s, u"A"_s, u"k"_s).toStdString(), "2");
+    EXPECT_EQ(ajustes.Leer(u"Uno"_s, u"B"_s, u"k"_s).toStdString(), "3");
+    EXPECT_EQ(ajustes.Leer(u"Uno"_s, u"A"_s, u"l"_s).toStdString(), "4");
+    ajustes.Guardar(u"Uno"_s, u"A"_s, u"k"_s, u"5"_s);
+    EXPECT_EQ(ajustes.Leer(u"Uno"_s, u"A"_s, u"k"_s).toStdString(), "5");
+    ajustes.Borrar(u"Uno"_s, u"A"_s, u"k"_s);
+    EXPECT_EQ(ajustes.Leer(u"Uno"_s, u"A"_s, u"k"_s, u"no"_s).toStdString(), "no");
+    EXPECT_EQ(ajustes.Leer(u"Uno"_s, u"A"_s, u"l"_s).toStdString(), "4");
 }
 
 TEST_F(AreaDeAjustes, KeysWithSeparatorsAndAccentsSurviveAndStayApart) {
     // An operation's key may hold what a path, a URL or an INI file means something by.
-    const QStringList raras{"OP/1", "OP\\1", "OP//1", "OP%2F1", "/OP", "OP/",     "Ñandú/áé", "[x]",
-                            "a=b",  "a;b",   "#1",    " ",      " x ", "General", "%General", "a\nb",
-                            "🚢",    "",      "a,b",   "\"q\"",  "%",   "..",      "@x"};
+    const QStringList raras{u"OP/1"_s,     u"OP\\1"_s,   u"OP//1"_s,    u"OP%2F1"_s, u"/OP"_s, u"OP/"_s,
+                            u"Ñandú/áé"_s, u"[x]"_s,     u"a=b"_s,      u"a;b"_s,    u"#1"_s,  u" "_s,
+                            u" x "_s,      u"General"_s, u"%General"_s, u"a\nb"_s,   u"🚢"_s,   u""_s,
+                            u"a,b"_s,      u"\"q\""_s,   u"%"_s,        u".."_s,     u"@x"_s};
     for (const QString &rara : raras) {
-        ajustes.Guardar("Zendra", rara, "k", "seccion " + rara);
-        ajustes.Guardar("Zendra", "S", rara, "clave " + rara);
-        ajustes.Guardar(rara, "S", "k", "aplicacion " + rara);
+        ajustes.Guardar(u"Zendra"_s, rara, u"k"_s, "seccion "_L1 + rara);
+        ajustes.Guardar(u"Zendra"_s, u"S"_s, rara, "clave "_L1 + rara);
+        ajustes.Guardar(rara, u"S"_s, u"k"_s, "aplicacion "_L1 + rara);
     }
     // A new start reads them from the file.
     const Ajustes otra(archivo);
     for (const Ajustes *a : std::initializer_list<const Ajustes *>{&ajustes, &otra})
         for (const QString &rara : raras) {
-            EXPECT_EQ(a->Leer("Zendra", rara, "k").toStdString(), ("seccion " + rara).toStdString());
-            EXPECT_EQ(a->Leer("Zendra", "S", rara).toStdString(), ("clave " + rara).toStdString());
-            EXPECT_EQ(a->Leer(rara, "S", "k").toStdString(), ("aplicacion " + rara).toStdString());
+            EXPECT_EQ(a->Leer(u"Zendra"_s, rara, u"k"_s).toStdString(), ("seccion "_L1 + rara).toStdString());
+            EXPECT_EQ(a->Leer(u"Zendra"_s, u"S"_s, rara).toStdString(), ("clave "_L1 + rara).toStdString());
+            EXPECT_EQ(a->Leer(rara, u"S"_s, u"k"_s).toStdString(), ("aplicacion "_L1 + rara).toStdString());
         }
 }
 
 TEST_F(AreaDeAjustes, AnyValueSurvives) {
-    const QStringList valores{"S",          "",      " blancos ",         "a,b,c", "C:\\ruta\\x", "á\nñ",
-                              "@Invalid()", "\"x\"", QString(5000, u'ñ'), "1,50"};
-    for (int i = 0; i < valores.size(); ++i) ajustes.Guardar("Zendra", "S", QString::number(i), valores[i]);
+    const QStringList valores{
+        u"S"_s,    u""_s,           u" blancos "_s, u"a,b,c"_s,          u"C:\\ruta\\x"_s,
+        u"á\nñ"_s, u"@Invalid()"_s, u"\"x\""_s,     QString(5000, u'ñ'), u"1,50"_s};
+    for (int i = 0; i < valores.size(); ++i)
+        ajustes.Guardar(u"Zendra"_s, u"S"_s, QString::number(i), valores[i]);
     const Ajustes otra(archivo);
     for (int i = 0; i < valores.size(); ++i)
-        EXPECT_EQ(otra.Leer("Zendra", "S", QString::number(i)).toStdString(), valores[i].toStdString());
+        EXPECT_EQ(otra.Leer(u"Zendra"_s, u"S"_s, QString::number(i)).toStdString(), valores[i].toStdString());
 }
 
 TEST_F(AreaDeAjustes, TwoProgramsOnOneAreaKeepEachOthersKeys) {
     Ajustes otra(archivo);
-    ajustes.Guardar("Zendra", "A", "uno", "1");
-    otra.Guardar("Zendra", "A", "dos", "2");
-    ajustes.Guardar("Zendra", "A", "tres", "3");
+    ajustes.Guardar(u"Zendra"_s, u"A"_s, u"uno"_s, u"1"_s);
+    otra.Guardar(u"Zendra"_s, u"A"_s, u"dos"_s, u"2"_s);
+    ajustes.Guardar(u"Zendra"_s, u"A"_s, u"tres"_s, u"3"_s);
     const Ajustes nueva(archivo);
-    EXPECT_EQ(nueva.Leer("Zendra", "A", "uno").toStdString(), "1");
-    EXPECT_EQ(nueva.Leer("Zendra", "A", "dos").toStdString(), "2");
-    EXPECT_EQ(nueva.Leer("Zendra", "A", "tres").toStdString(), "3");
+    EXPECT_EQ(nueva.Leer(u"Zendra"_s, u"A"_s, u"uno"_s).toStdString(), "1");
+    EXPECT_EQ(nueva.Leer(u"Zendra"_s, u"A"_s, u"dos"_s).toStdString(), "2");
+    EXPECT_EQ(nueva.Leer(u"Zendra"_s, u"A"_s, u"tres"_s).toStdString(), "3");
 }
 
 TEST_F(AreaDeAjustes, ARunWithAFileOfItsOwnTouchesNothingElse) {
     EXPECT_EQ(ajustes.archivo(), archivo);
-    ajustes.Guardar("Zendra", "A", "k", "v");
+    ajustes.Guardar(u"Zendra"_s, u"A"_s, u"k"_s, u"v"_s);
     EXPECT_TRUE(QFile::exists(archivo));
-    EXPECT_EQ(Ajustes(dir.filePath("otro.ini")).Leer("Zendra", "A", "k"), QString());
+    EXPECT_EQ(Ajustes(dir.filePath(u"otro.ini"_s)).Leer(u"Zendra"_s, u"A"_s, u"k"_s), QString());
 }
 
 // The configuration file
@@ -108,7 +113,7 @@ class ArchivoIni : public ::testing::Test {
         return LeerIni(QString::fromUtf8(seccion), QString::fromUtf8(clave), archivo);
     }
     QTemporaryDir dir;
-    QString archivo = dir.filePath("ZENDRA.ini");
+    QString archivo = dir.filePath(u"ZENDRA.ini"_s);
 };
 
 TEST_F(ArchivoIni, WhatIsMissingIsTheEmptyText) {
@@ -116,7 +121,7 @@ TEST_F(ArchivoIni, WhatIsMissingIsTheEmptyText) {
     escribir(archivo, "[A]\nk=1\n");
     EXPECT_EQ(valor("B", "k"), QString());
     EXPECT_EQ(valor("A", "l"), QString());
-    EXPECT_EQ(LeerIni("A", "k", dir.path()), QString());
+    EXPECT_EQ(LeerIni(u"A"_s, u"k"_s, dir.path()), QString());
 }
 
 TEST_F(ArchivoIni, SectionsAndKeysAreFoundInAnyCaseAndBlanksAroundAreDropped) {
@@ -156,36 +161,36 @@ TEST_F(ArchivoIni, AValueIsCutAtSevenHundredAndFiftyCharacters) {
 
 TEST_F(ArchivoIni, WritingKeepsTheRestAsItStands) {
     escribir(archivo, "; cabeza\r\n[A]\r\nUno=1\r\n\r\n[B]\r\nDos=2\r\n");
-    EXPECT_TRUE(EscribirIni("a", "uno", "nuevo", archivo));
-    EXPECT_TRUE(EscribirIni("A", "tres", "3", archivo));
-    EXPECT_TRUE(EscribirIni("C", "cuatro", "á", archivo));
+    EXPECT_TRUE(EscribirIni(u"a"_s, u"uno"_s, u"nuevo"_s, archivo));
+    EXPECT_TRUE(EscribirIni(u"A"_s, u"tres"_s, u"3"_s, archivo));
+    EXPECT_TRUE(EscribirIni(u"C"_s, u"cuatro"_s, u"á"_s, archivo));
     EXPECT_EQ(leer(archivo).toStdString(),
               "; cabeza\r\n[A]\r\nUNO=nuevo\r\nTRES=3\r\n\r\n[B]\r\nDos=2\r\n[C]\r\nCUATRO=á\r\n");
     EXPECT_EQ(valor("C", "Cuatro").toStdString(), "á");
 }
 
 TEST_F(ArchivoIni, AFileThatIsNotThereIsMade) {
-    EXPECT_TRUE(EscribirIni("A", "k", "v", archivo));
+    EXPECT_TRUE(EscribirIni(u"A"_s, u"k"_s, u"v"_s, archivo));
     EXPECT_EQ(leer(archivo).toStdString(), "[A]\r\nK=v\r\n");
 }
 
 TEST_F(ArchivoIni, AValueIsOneLine) {
-    EXPECT_TRUE(EscribirIni("A", "k", "uno\r\n[B]\nk=2", archivo));
+    EXPECT_TRUE(EscribirIni(u"A"_s, u"k"_s, u"uno\r\n[B]\nk=2"_s, archivo));
     EXPECT_EQ(valor("B", "k"), QString());
     EXPECT_EQ(valor("A", "k").toStdString(), "uno  [B] k=2");
 }
 
 TEST_F(ArchivoIni, WhatCannotBeWrittenIsTold) {
-    EXPECT_FALSE(EscribirIni("A", "k", "v", dir.path()));
-    EXPECT_FALSE(EscribirIni("A", "k", "v", dir.filePath("no/hay/carpeta.ini")));
+    EXPECT_FALSE(EscribirIni(u"A"_s, u"k"_s, u"v"_s, dir.path()));
+    EXPECT_FALSE(EscribirIni(u"A"_s, u"k"_s, u"v"_s, dir.filePath(u"no/hay/carpeta.ini"_s)));
 }
 
 TEST_F(ArchivoIni, APathEndsInItsSeparatorOnce) {
-    EXPECT_EQ(TerminarEnBarra("C:\\datos").toStdString(), "C:\\datos\\");
-    EXPECT_EQ(TerminarEnBarra("C:\\datos\\").toStdString(), "C:\\datos\\");
-    EXPECT_EQ(TerminarEnBarra("/srv/datos").toStdString(), "/srv/datos/");
-    EXPECT_EQ(TerminarEnBarra("/srv/datos/").toStdString(), "/srv/datos/");
-    EXPECT_EQ(TerminarEnBarra("").toStdString(), "\\");
+    EXPECT_EQ(TerminarEnBarra(u"C:\\datos"_s).toStdString(), "C:\\datos\\");
+    EXPECT_EQ(TerminarEnBarra(u"C:\\datos\\"_s).toStdString(), "C:\\datos\\");
+    EXPECT_EQ(TerminarEnBarra(u"/srv/datos"_s).toStdString(), "/srv/datos/");
+    EXPECT_EQ(TerminarEnBarra(u"/srv/datos/"_s).toStdString(), "/srv/datos/");
+    EXPECT_EQ(TerminarEnBarra(u""_s).toStdString(), "\\");
 }
 
 }  // namespace

@@ -21,12 +21,12 @@ class RedondeoDelStore : public EnAmbosStores {
     void TearDown() override { EnAmbosStores::TearDown(); }
     /// Puts the value into a numeric column, all its 17 digits.
     void poner(double v) {
-        ejecutar("delete from divisas");
-        ejecutar("insert into divisas (id,imp) values ('X'," + QString::number(v, 'g', 17) + ")");
+        ejecutar(u"delete from divisas"_s);
+        ejecutar("insert into divisas (id,imp) values ('X',"_L1 + QString::number(v, 'g', 17) + ")"_L1);
     }
     double numero(const QString &sql) {
         Recordset rs;
-        Consultar(*ctx, "INTERNOS", sql, rs);
+        Consultar(*ctx, u"INTERNOS"_s, sql, rs);
         return EsNumero(rs.Fields(0).Value);
     }
 };
@@ -42,7 +42,7 @@ TEST_P(RedondeoDelStore, RoundFollowsTheTableUnderEitherSeparator) {
                                      << c.decimales;
             EXPECT_FALSE(r == 0 && std::signbit(r));
             ejecutar(u"update divisas set imp = ROUND(imp,%1)"_s.arg(c.decimales));
-            EXPECT_EQ(numero("select imp from divisas"), c.esperado);
+            EXPECT_EQ(numero(u"select imp from divisas"_s), c.esperado);
             EXPECT_EQ(numeros::redondear(c.valor, c.decimales), c.esperado);
         }
     }
@@ -54,19 +54,19 @@ TEST_P(RedondeoDelStore, TheStoreAndTheProgramAgreeOnManyValues) {
     std::uniform_int_distribution<int> escala(-6, 13);
     std::uniform_int_distribution<int> forma(0, 2);
     std::vector<double> valores;
-    QString sql = "insert into divisas (id,imp) values ";
+    QString sql = u"insert into divisas (id,imp) values "_s;
     for (int i = 0; i < 3000; ++i) {
         double v = mantisa(azar) * std::pow(10.0, escala(azar));
         // Beside a half is where they could part.
         if (forma(azar) > 0) v = (std::floor(v * 100) + 0.5) / 100;
         if (forma(azar) == 2) v = std::nextafter(v, 0);
         valores.push_back(v);
-        sql += (i == 0 ? "('" : ",('") + QString::number(i) + "'," + QString::number(v, 'g', 17) + ")";
+        sql += (i == 0 ? u"('"_s : u",('"_s) + QString::number(i) + "',"_L1 + QString::number(v, 'g', 17) + ")"_L1;
     }
     ejecutar(sql);
     for (const int decimales : {0, 2, 3, 5}) {
         Recordset rs;
-        Consultar(*ctx, "INTERNOS", u"select id,round(imp,%1) as r from divisas"_s.arg(decimales), rs);
+        Consultar(*ctx, u"INTERNOS"_s, u"select id,round(imp,%1) as r from divisas"_s.arg(decimales), rs);
         ASSERT_EQ(rs.RecordCount(), 3000);
         for (; !rs.Eof(); rs.MoveNext()) {
             const double v = valores[static_cast<std::size_t>(rs.Numero(u"id"))];
@@ -77,25 +77,27 @@ TEST_P(RedondeoDelStore, TheStoreAndTheProgramAgreeOnManyValues) {
 }
 
 TEST_P(RedondeoDelStore, SqlRoundRoundsAnExpressionInsideTheStatement) {
-    ejecutar("insert into divisas (id,imp) values ('X',1.005)");
-    ejecutar("insert into divisas (id,imp) values ('Y',2)");
+    ejecutar(u"insert into divisas (id,imp) values ('X',1.005)"_s);
+    ejecutar(u"insert into divisas (id,imp) values ('Y',2)"_s);
     const auto redondeo = [this](const char *expresion, QStringView mascara) {
-        return SqlRound(*ctx, "INTERNOS", QLatin1String(expresion), mascara);
+        return SqlRound(*ctx, u"INTERNOS"_s, QLatin1String(expresion), mascara);
     };
-    EXPECT_EQ(valor("select " + redondeo("imp", u"00.00") + " from divisas where id = 'X'").toStdString(),
-              "1.01");
     EXPECT_EQ(
-        valor("select " + redondeo("imp / 3", u"00.00000") + " from divisas where id = 'Y'").toStdString(),
-        "0.66667");
-    EXPECT_EQ(valor("select " + redondeo("sum(imp)", u"00.00") + " as s from divisas").toStdString(), "3.01");
-    EXPECT_EQ(ejecutar("update divisas set imp = " + redondeo("imp * 1.5", u"00.000")), 2);
+        valor("select "_L1 + redondeo("imp", u"00.00") + " from divisas where id = 'X'"_L1).toStdString(),
+        "1.01");
+    EXPECT_EQ(valor("select "_L1 + redondeo("imp / 3", u"00.00000") + " from divisas where id = 'Y'"_L1)
+                  .toStdString(),
+              "0.66667");
+    EXPECT_EQ(valor("select "_L1 + redondeo("sum(imp)", u"00.00") + " as s from divisas"_L1).toStdString(),
+              "3.01");
+    EXPECT_EQ(ejecutar("update divisas set imp = "_L1 + redondeo("imp * 1.5", u"00.000")), 2);
     // 1.005 by 1.5 is 1.5075, half a thousandth: up.
-    EXPECT_EQ(filas("select imp from divisas").toStdString(), "1.508\n3");
+    EXPECT_EQ(filas(u"select imp from divisas"_s).toStdString(), "1.508\n3");
 }
 
 TEST_P(RedondeoDelStore, ANullRoundsToANull) {
-    ejecutar("insert into divisas (id) values ('X')");
-    EXPECT_EQ(valor("select round(imp,2) from divisas").toStdString(), "<null>");
+    ejecutar(u"insert into divisas (id) values ('X')"_s);
+    EXPECT_EQ(valor(u"select round(imp,2) from divisas"_s).toStdString(), "<null>");
 }
 
 TEST_P(RedondeoDelStore, WhatFormatWritesIsWhatTheStoreHolds) {
@@ -104,26 +106,26 @@ TEST_P(RedondeoDelStore, WhatFormatWritesIsWhatTheStoreHolds) {
         for (const double v : {1.005, -2.675, 0.285, 123456.785, 99.995, -0.004, 1234567.125}) {
             // The usual road of a field: its text, the mask, the entity's separator.
             const QString texto = AStoreNumero(numeros::Format(v, u"00.00", separador),
-                                               ctx->DataManager.getDecimalSeparatorbyEntity("INTERNOS"));
-            ejecutar("delete from divisas");
-            ejecutar("insert into divisas (id,imp) values ('X'," + texto + ")");
-            EXPECT_EQ(numero("select imp from divisas"), numeros::redondear(v, 2)) << texto.toStdString();
+                                               ctx->DataManager.getDecimalSeparatorbyEntity(u"INTERNOS"_s));
+            ejecutar(u"delete from divisas"_s);
+            ejecutar("insert into divisas (id,imp) values ('X',"_L1 + texto + ")"_L1);
+            EXPECT_EQ(numero(u"select imp from divisas"_s), numeros::redondear(v, 2)) << texto.toStdString();
             poner(v);
-            EXPECT_EQ(numeros::Format(numero("select round(imp,2) from divisas"), u"00.00", separador),
+            EXPECT_EQ(numeros::Format(numero(u"select round(imp,2) from divisas"_s), u"00.00", separador),
                       numeros::Format(v, u"00.00", separador));
         }
     }
 }
 
 TEST_P(RedondeoDelStore, DivisionIsFloatingAndRefusesZero) {
-    ejecutar("insert into divisas (id,imp) values ('X',7)");
-    EXPECT_EQ(valor("select round(imp / 2,2) from divisas").toStdString(), "3.5");
-    EXPECT_EQ(valor("select 7 / 2 from divisas").toStdString(), "3.5");
-    EXPECT_EQ(valor("select imp * 5 / 100 from divisas").toStdString(), "0.35");
-    EXPECT_EQ(valor("select count(*) / 2 from divisas").toStdString(), "0.5");
-    EXPECT_THROW(valor("select imp / 0 from divisas"), Falla);
-    EXPECT_THROW(valor("select imp / (imp - 7) from divisas"), Falla);
-    EXPECT_EQ(valor("select imp / null from divisas").toStdString(), "<null>");
+    ejecutar(u"insert into divisas (id,imp) values ('X',7)"_s);
+    EXPECT_EQ(valor(u"select round(imp / 2,2) from divisas"_s).toStdString(), "3.5");
+    EXPECT_EQ(valor(u"select 7 / 2 from divisas"_s).toStdString(), "3.5");
+    EXPECT_EQ(valor(u"select imp * 5 / 100 from divisas"_s).toStdString(), "0.35");
+    EXPECT_EQ(valor(u"select count(*) / 2 from divisas"_s).toStdString(), "0.5");
+    EXPECT_THROW(valor(u"select imp / 0 from divisas"_s), Falla);
+    EXPECT_THROW(valor(u"select imp / (imp - 7) from divisas"_s), Falla);
+    EXPECT_EQ(valor(u"select imp / null from divisas"_s).toStdString(), "<null>");
 }
 
 }  // namespace

@@ -236,7 +236,6 @@ QString EnAmbosStores::filas(const QString &sql, const QString &entidad) {
     for (; !rs.Eof(); rs.MoveNext()) {
         QStringList celdas;
         for (int c = 0; c < rs.columnas(); ++c) {
-            if (rs.nombreDeColumna(c) == "zfila"_L1) continue;
             const QVariant v = rs.Fields(c).Value;
             celdas << (v.isNull() ? u"<null>"_s : EsNull(v));
         }

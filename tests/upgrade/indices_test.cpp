@@ -115,7 +115,7 @@ class Indices : public EnAmbosStores {
 
     QString plan(const Caso &caso) {
         dialecto::Ajustes ajustes;
-        ajustes.motor = esServidor() ? dialecto::Motor::PostgreSQL : dialecto::Motor::SQLite;
+        ajustes.gramatica = &(esServidor() ? motores::servidor() : motores::archivo()).gramatica;
         for (const esquema::Tabla &t : esquema::tablas()) ajustes.tablasOrdenadas.insert(t.nombre);
         const QString sql = dialecto::traducir(QString::fromLatin1(caso.sentencia), ajustes);
         QSqlQuery q(ctx->conexion(QLatin1String(caso.entidad)).coneccion());
