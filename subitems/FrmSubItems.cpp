@@ -121,7 +121,7 @@ void FrmSubItems::OfrecerBloques() {
     mostrar({ui.framCancelaciones}, s_.bloque(B::Cancelaciones));
     mostrar({ui.rotuloCargaPor, ui.opFobUnitario, ui.opFobTotal}, s_.opcionesDeFob);
     mostrar({ui.rotuloEAN, ui.TxtCodigoEAN}, s_.eanHabilitado);
-    mostrar({ui.cmdInsumos}, EsRegimenConInsumos(s_.idsubreg) && s_.enlace.Mostrar);
+    mostrar({ui.cmdInsumos}, EsRegimenConInsumos(s_.idsubreg) && s_.enlace);
 }
 
 void FrmSubItems::Leer() {

@@ -212,7 +212,7 @@ void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const s
     if (s.opcionesDeFob) s.opFobUnitario = ctx.ajustes.Leer(zendra, flags, claveCargaPor) == "U"_L1;
     leerCaratula(ctx, s);
     s.eanHabilitado = llevaEan(ctx, s.idsubreg);
-    if (insumos::crearEnlace) s.enlace = insumos::crearEnlace();
+    s.enlace = insumos::Enlazar();
     RefrescarTotales(ctx, s);
 }
 
@@ -239,10 +239,9 @@ void VaciarCampos(const AppContext &ctx, SubItems &s) {
 }
 
 bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
-    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace.EstadoConexion || !s.enlace.EstadoConexion())
-        return false;
-    if (s.enlace.ConectarDB) s.enlace.ConectarDB(s.interno);
-    const auto eleccion = s.enlace.Mostrar ? s.enlace.Mostrar() : std::nullopt;
+    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace || !s.enlace->EstadoConexion()) return false;
+    s.enlace->ConectarDB(s.interno);
+    const auto eleccion = s.enlace->Mostrar();
     if (!eleccion) return false;
     CamposSubItem &c = s.campos;
     c.TxtIdCatalogo = eleccion->CATNRO;

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "frame/base/verdict.h"
@@ -68,18 +69,18 @@ struct SubItems {
     bool ONCCAHabilitado = false;
     bool eanHabilitado = false;                                                  ///< TxtCodigoEAN is on
     std::array<bool, 8> ofrece{true, true, true, true, true, true, true, true};  ///< by BloqueDeLinea
-    bool opcionesDeFob = false;  ///< opFobTotal and opFobUnitario are shown
-    bool opFobUnitario = true;   ///< which of the two leads; else opFobTotal
-    bool FramDerEsp = false;     ///< the specific duty's frame is enabled
-    bool articuloFijo = false;   ///< the article's fields are locked
-    bool VincularDatos = false;  ///< the line comes from the inputs link
-    bool marcaERR = false;       ///< the link flagged the line
-    double SBTREI = 0;           ///< the line's refund value, kept by a change
-    QString descripcionDefecto;  ///< text kept with LbDescCatalogo, what suffix questions offer
-    QString LbTotal;             ///< FOB that the header declares, "##.00"
-    QString LbTotSubitems;       ///< sum of the lines' FOB, "00.00"
-    QString lbDIF;               ///< what is missing, "00.00"
-    insumos::Enlace enlace;      ///< empty while the library is absent
+    bool opcionesDeFob = false;             ///< opFobTotal and opFobUnitario are shown
+    bool opFobUnitario = true;              ///< which of the two leads; else opFobTotal
+    bool FramDerEsp = false;                ///< the specific duty's frame is enabled
+    bool articuloFijo = false;              ///< the article's fields are locked
+    bool VincularDatos = false;             ///< the line comes from the inputs link
+    bool marcaERR = false;                  ///< the link flagged the line
+    double SBTREI = 0;                      ///< the line's refund value, kept by a change
+    QString descripcionDefecto;             ///< text kept with LbDescCatalogo, what suffix questions offer
+    QString LbTotal;                        ///< FOB that the header declares, "##.00"
+    QString LbTotSubitems;                  ///< sum of the lines' FOB, "00.00"
+    QString lbDIF;                          ///< what is missing, "00.00"
+    std::optional<insumos::Enlace> enlace;  ///< nothing while the library is absent
     CamposSubItem campos;
 
     bool bloque(BloqueDeLinea b) const { return ofrece.at(static_cast<std::size_t>(b)); }

@@ -309,7 +309,7 @@ void valoresDeReferencia(const SubItems &s, qint64 id) {
 
 /// Step 17: false when the link refuses the line, which is then gone.
 bool tomarInsumos(AppContext &ctx, const SubItems &s) {
-    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace.AgregarInsumo) return true;
+    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace) return true;
     const CamposSubItem &c = s.campos;
     Recordset rs;
     if (!Consultar(ctx, internos,
@@ -322,7 +322,7 @@ bool tomarInsumos(AppContext &ctx, const SubItems &s) {
     double CIFDescontado = 0;
     const insumos::Toma toma{c.TxtIdCatalogo, c.txtIdArticulo, s.interno, id,
                              Format(c.TxtCantidad, u"00.00", ctx.SeparadorDecimal)};
-    if (s.enlace.AgregarInsumo(toma, CIFDescontado)) {
+    if (s.enlace->AgregarInsumo(toma, CIFDescontado)) {
         Ejecutar(ctx, internos,
                  "update subitems set insumostemp = "_L1 + SqlNumber(ctx, CIFDescontado) +
                      ",cancelaciones = 'OK'"_L1 + donde);
@@ -389,8 +389,8 @@ bool borrarLinea(AppContext &ctx, const SubItems &s, qint64 id) {
                    rs))
         return false;
     if (rs.Texto(u"cancelaciones") == "OK"_L1 &&
-        (!s.enlace.EliminarInsumo ||
-         !s.enlace.EliminarInsumo(s.interno, rs.Texto(u"idcatalogo"), rs.Texto(u"idarticulo"), id))) {
+        (!s.enlace ||
+         !s.enlace->EliminarInsumo(s.interno, rs.Texto(u"idcatalogo"), rs.Texto(u"idarticulo"), id))) {
         ctx.dialogos.advertir(u"Error en eliminar la relacion con insumos"_s);
         return false;
     }

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <optional>
 
 #include "frame/ui/Pantalla.h"
 #include "subitems/FrmSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
+#include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,33 +19,13 @@ const QString importacion = u"IC-2026-0001"_s;
 class LineasCargadas : public EnLineas {
  protected:
     void conEnlace() {
-        insumos::crearEnlace = [this] {
-            insumos::Enlace e;
-            e.EstadoConexion = [] { return true; };
-            e.Mostrar = [this] {
-                insumos::Eleccion una;
-                una.CATNRO = u"INS01"_s;
-                una.PRDNRO = u"P-1"_s;
-                una.PRDDES = u"Bomba"_s;
-                una.PRDNCM = bomba;
-                una.PRDUNI = u"07"_s;
-                una.PRDPRE = u"10,5"_s;
-                una.PRDPAI = u"203"_s;
-                una.PRDSUF = u"AA01-AB(X 1)-ZB(000750)-"_s;
-                return std::optional(una);
-            };
-            e.AgregarInsumo = [this](const insumos::Toma &, double &cif) {
-                cif = 12.75;
-                return acepta;
-            };
-            e.EliminarInsumo = [this](const QString &, const QString &, const QString &, qint64) {
-                return acepta;
-            };
-            return e;
-        };
+        libreria.emplace();
+        libreria->eleccion =
+            insumos::Eleccion{u"INS01"_s, u"P-1"_s,  u"Bomba"_s, bomba,
+                              u"07"_s,    u"10,5"_s, u"203"_s,   u"AA01-AB(X 1)-ZB(000750)-"_s};
         ejecutar("update caratula set idsubreg = 'EC02' where interno = 'OP 1'");
     }
-    bool acepta = true;
+    std::optional<LibreriaDeInsumos> libreria;
 };
 
 TEST_P(LineasCargadas, TheListShowsEveryLineAndTheTotals) {
@@ -204,7 +186,7 @@ TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
     llenar(pantalla.ui.TxtFobTotal, u"252"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(linea("idcatalogo,idarticulo,insumostemp,cancelaciones"), "INS01|P-1|12.75|OK");
-    acepta = false;
+    libreria->acepta = false;
     registro.respuestas = {true};
     tecla(Qt::Key_F9);
     tecla(Qt::Key_Delete);
@@ -216,7 +198,7 @@ TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
 // On an inputs regime, an insert that the link refuses leaves no row, and the user sees no separate message.
 TEST_P(LineasCargadas, ALineThatTheLinkRefusesLeavesNoRowAndNoMessage) {
     conEnlace();
-    acepta = false;
+    libreria->acepta = false;
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
     EXPECT_TRUE(ui.cmdInsumos->isVisible());
