@@ -20,10 +20,12 @@ const std::array<L, 17> temporales{"IT01"_L1, "IT03"_L1, "IT04"_L1, "IT05"_L1, "
                                    "IT11"_L1, "IT13"_L1, "IT14"_L1, "IT15"_L1, "IT16"_L1, "IT17"_L1,
                                    "ET01"_L1, "ET02"_L1, "ETA1"_L1, "ETE1"_L1, "ETE2"_L1};
 
-// RnaE06 is spelled in mixed case, and only so.
+// Spelled in mixed case, and only so.
+constexpr L mezclado("RnaE06");
+
 const std::array<L, 23> conInsumos{"EC02"_L1, "EC03"_L1, "EC04"_L1, "EC05"_L1, "EC06"_L1, "EC16"_L1,
                                    "EG02"_L1, "EG03"_L1, "IC81"_L1, "IC82"_L1, "IC83"_L1, "DIR6"_L1,
-                                   "IC06"_L1, "IC26"_L1, "IC36"_L1, "IG06"_L1, "IT06"_L1, "RnaE06"_L1,
+                                   "IC06"_L1, "IC26"_L1, "IC36"_L1, "IG06"_L1, "IT06"_L1, mezclado,
                                    "TG06"_L1, "TG16"_L1, "TR06"_L1, "MARE"_L1, "IDT4"_L1};
 
 const std::array<L, 42> conSolapa{
@@ -67,6 +69,10 @@ int indiceDe(const std::array<Opcion, N> &opciones, const QString &codigo) {
 }
 
 }  // namespace
+
+QString RegimenEnMayusculas(const QString &codigo) {
+    return codigo == mezclado ? codigo : codigo.toUpper();
+}
 
 QString DireccionRegimen(AppContext &ctx, const QString &codigo) {
     if (codigo.isEmpty()) return {};

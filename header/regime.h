@@ -1,10 +1,15 @@
 #pragma once
-// What a subregime code means: pure predicates, exact and case-sensitive on the stored code unless told.
+// What a subregime code means: pure predicates, exact and case-sensitive on the code unless told. Who reads a
+// code from the store or from a field reads it through RegimenEnMayusculas.
 
 #include <QString>
 #include <QStringView>
 
 struct AppContext;
+
+/// The code as the predicates spell it: the stores find a regime in any case, so one in small letters is the
+/// one in capitals. "RnaE06", the only code in mixed case, stays where it is spelled so.
+QString RegimenEnMayusculas(const QString &codigo);
 
 /// `cstaimpexp` of the code in the table sta: "I" or "E"; empty for a missing row, a null, or an empty code
 /// (which sends nothing to the store). Raises Falla.

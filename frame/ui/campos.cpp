@@ -37,3 +37,13 @@ bool campos::PonerTexto(QWidget *campo, QString texto) {
     }
     return true;
 }
+
+void campos::EnMayusculas(QLineEdit *campo) {
+    QObject::connect(campo, &QLineEdit::textEdited, campo, [campo](const QString &texto) {
+        const QString mayusculas = texto.toUpper();
+        if (mayusculas == texto) return;
+        const int cursor = campo->cursorPosition();
+        campo->setText(mayusculas);
+        campo->setCursorPosition(cursor);
+    });
+}

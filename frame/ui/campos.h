@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class QLineEdit;
 class QWidget;
 
 namespace campos {
@@ -11,5 +12,7 @@ namespace campos {
 QString TextoDe(const QWidget *campo);
 /// Puts a text into a field. False when the field shows it already, and then keeps its cursor.
 bool PonerTexto(QWidget *campo, QString texto);
+/// Letters typed or pasted into the field become capitals as they come.
+void EnMayusculas(QLineEdit *campo);
 
 }  // namespace campos
