@@ -73,7 +73,7 @@ TEST_P(Grabado, ApostrophesInAnyFieldBreakNoStatement) {
           &CamposSubItem::TxtCodProrrateo, &CamposSubItem::TxtIdpais})
         c.*campo = "a'b";
     ASSERT_TRUE(grabar()) << ultimoMensaje();
-    EXPECT_EQ(linea("idarticulo,descripcion,descripcion_maria,otros,codprorrateo"), "O'1|a b|a b|a'b|a'b");
+    EXPECT_EQ(linea("idarticulo,descripcion,descripcion_maria,otros,codprorrateo"), "O'1|a b|a b|a'b|A'B");
     ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
     ASSERT_TRUE(grabar()) << ultimoMensaje();
     EXPECT_EQ(linea("otros,certorig,cancnrosubitem"), "a'b|a'b|a'b");

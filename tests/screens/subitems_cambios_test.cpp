@@ -195,6 +195,38 @@ TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
     EXPECT_EQ(pantalla.ui.LstArticulos->rowCount(), 1);
 }
 
+TEST_P(LineasCargadas, TheNoOfTheLinkAmongManyCheckedLinesStopsThere) {
+    conEnlace();
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    for (int n = 0; n < 3; ++n) {
+        tecla(Qt::Key_F8);
+        llenar(ui.TxtCantidad, u"24"_s);
+        llenar(ui.TxtFobTotal, u"252"_s);
+        tecla(Qt::Key_F11);
+    }
+    ASSERT_EQ(ultimoMensaje(), "<ninguno>");
+    ejecutar("update caratula set factura8 = 'N' where interno = 'OP 1'");
+    const QStringList ids = filas("select id from subitems where interno = 'OP 1' order by id").split(u'\n');
+    ASSERT_EQ(ids.size(), 3);
+    libreria->retenidas = {ids[1].toLongLong()};
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Home);
+    for (int n = 0; n < 3; ++n) {
+        tecla(Qt::Key_Space);
+        tecla(Qt::Key_Down);
+    }
+    registro.respuestas = {true};
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(ultimoMensaje(), "Error en eliminar la relacion con insumos");
+    EXPECT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(linea("id"), ids[1].toStdString() + "\n" + ids[2].toStdString());
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 2);
+    // Two of 252 stay.
+    EXPECT_EQ(ui.LbTotSubitems->text(), u"504.00"_s);
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'"), u"S"_s);
+}
+
 // On an inputs regime, an insert that the link refuses leaves no row, and the user sees no separate message.
 TEST_P(LineasCargadas, ALineThatTheLinkRefusesLeavesNoRowAndNoMessage) {
     conEnlace();
