@@ -231,8 +231,8 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
 }  // namespace
 
 void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegadas) {
-    if (!r.go_InputsLink.EnviarGrupoIdSub) return;
-    if (r.go_InputsLink.EnviarGrupoIdSub(r.interno, raiz, plegadas.join('|'_L1))) return;
+    if (!r.go_InputsLink) return;
+    if (r.go_InputsLink->EnviarGrupoIdSub(r.interno, raiz, plegadas.join('|'_L1))) return;
     throw Falla{
         0, u"go_InputsLink.EnviarGrupoIdSub"_s, u"Error en enviar vinculación de subitems a insumos"_s, {}};
 }

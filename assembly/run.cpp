@@ -75,12 +75,12 @@ void borrarDerivados(const ContextoArmado &r) {
 
 /// Tells the input-records service the number of each item that consumes inputs, with its root lines.
 Fase enviarItems(ContextoArmado &r) {
-    if (!r.go_InputsLink.presente()) return Fase::Sigue;
+    if (!r.go_InputsLink) return Fase::Sigue;
     constexpr auto paso = PasoArmado::ActualizandoInsumos;
     r.ctx.dialogos.avance({Avance::Tipo::MostrarPaso, static_cast<int>(paso), u"lbInsumos"_s, 0, 100,
                            TextosDePasos().at(static_cast<int>(paso))});
     MarcarCorriendo(r, paso);
-    if (EsRegimenConInsumos(r.idsubreg) && r.go_InputsLink.EnviarNroItem) {
+    if (EsRegimenConInsumos(r.idsubreg)) {
         Recordset items;
         r.consultar("select id from item where interno = "_L1 + EnComillas(r.interno) +
                         " and cancelaciones = 'OK'"_L1,
@@ -93,8 +93,8 @@ Fase enviarItems(ContextoArmado &r) {
                             " and id = "_L1 + id,
                         grupos);
             for (; !grupos.Eof(); grupos.MoveNext()) lineas << grupos.Texto(u"idsub");
-            if (!r.go_InputsLink.EnviarNroItem(static_cast<qint64>(items.Numero(u"id")),
-                                               lineas.join('|'_L1))) {
+            if (!r.go_InputsLink->EnviarNroItem(static_cast<qint64>(items.Numero(u"id")),
+                                                lineas.join('|'_L1))) {
                 r.ctx.ChequeoArmado = u"NO"_s;
                 return Fase::Corta;
             }
@@ -348,12 +348,11 @@ void FijarDecreto(ContextoArmado &r) {
     insertarBandera(r, "1439/96A1"_L1, "N"_L1);
 }
 
-bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones,
-             const EnlaceDeInsumos &enlace) {
+bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones) {
     const Reloj reloj(ctx.dialogos);
     ContextoArmado r{ctx, interno};
     r.opciones = opciones;
-    r.go_InputsLink = enlace;
+    r.go_InputsLink = insumos::Enlazar();
     bool seCierra = true;
     const auto conManejador = [&](const auto &hacer) {
         try {

@@ -3,10 +3,11 @@
 
 #include <QString>
 #include <QStringList>
-#include <functional>
+#include <optional>
 #include <utility>
 
 #include "frame/context.h"
+#include "subitems/inputslink.h"
 
 /// How a phase ends: go on, or the run stops here (the phase has set ChequeoArmado and said its word).
 enum class Fase { Sigue, Corta };
@@ -22,14 +23,6 @@ struct OpcionesDeArmado {
     bool chkCalcularServicioDigitalizacion = false;
     bool sinDescripcion = false;  ///< the no-description flag
     ModoDescripcion modo = ModoDescripcion::Ninguno;
-};
-
-/// The link to the input-records service. Absent by default: no function set.
-struct EnlaceDeInsumos {
-    /// Tells the root line and its "|"-joined folded lines; false on failure.
-    std::function<bool(const QString &interno, qint64 idroot, const QString &idsublist)> EnviarGrupoIdSub;
-    std::function<bool(qint64 iditem, const QString &idsublist)> EnviarNroItem;
-    bool presente() const { return static_cast<bool>(EnviarGrupoIdSub) || static_cast<bool>(EnviarNroItem); }
 };
 
 struct ContextoArmado {
@@ -61,7 +54,7 @@ struct ContextoArmado {
 
     // options
     OpcionesDeArmado opciones;
-    EnlaceDeInsumos go_InputsLink;
+    std::optional<insumos::Enlace> go_InputsLink;  ///< nothing while the library is absent
 
     // client (Personal), read at the proration step
     QString ClienteCuit;
@@ -119,8 +112,7 @@ void FijarDecreto(ContextoArmado &r);
 /// error shows its box and leaves the result as it is. What the run decides about ChCOEF stands in
 /// ctx.CalcularCoeficiente. True when the screen is to be closed, false when it stays open (the road of an
 /// unexpected failure). Whatever its end, all that it wrote is on the disk when it returns.
-bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones,
-             const EnlaceDeInsumos &enlace = {});
+bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &opciones);
 
 // Phases, in the order of the run. Each raises Falla on a failing statement.
 // normalise.cpp

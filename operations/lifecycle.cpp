@@ -51,15 +51,15 @@ void liberarInsumos(AppContext &ctx, const QString &clave) {
                    "select cancelaciones,idcatalogo,idarticulo,id from subitems"_L1 + deLaClave(clave), rs);
          !rs.Eof(); rs.MoveNext()) {
         if (rs.Texto(u"cancelaciones") != "OK"_L1) continue;
-        if (!insumos::crearEnlace)
+        const auto enlace = insumos::Enlazar();
+        if (!enlace)
             throw Falla{429,
                         u"oInputsLink.clInputsLink"_s,
                         u"No se puede crear el enlace de insumos: la operación tiene líneas con "
                         "insumos tomados y la biblioteca no está instalada."_s,
                         {}};
-        const insumos::Enlace enlace = insumos::crearEnlace();
-        enlace.EliminarInsumo(clave, rs.Texto(u"idCatalogo"), rs.Texto(u"IdArticulo"),
-                              static_cast<qint64>(rs.Numero(u"ID")));
+        enlace->EliminarInsumo(clave, rs.Texto(u"idCatalogo"), rs.Texto(u"IdArticulo"),
+                               static_cast<qint64>(rs.Numero(u"ID")));
     }
 }
 
@@ -70,8 +70,6 @@ void borrarAjustes(AppContext &ctx, const QString &clave) {
 }
 
 }  // namespace
-
-std::function<insumos::Enlace()> insumos::crearEnlace;
 
 bool CrearInterno(AppContext &ctx, const QString &clave) {
     try {

@@ -23,8 +23,12 @@ std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posici
     std::vector<NormaLnapi> normas;
     Recordset rs;
     Consultar(ctx, u"NCM"_s,
-              "select lnapi, norma From LNAPIPosicionesAfectadas where posicion='"_L1 + claveDe(posicion) +
-                  "' ORDER BY aclaraciones DESC"_L1,
+              "select lnapi, norma "
+              "From LNAPIPosicionesAfectadas "
+              "where posicion='"_L1 +
+                  claveDe(posicion) +
+                  "' "
+                  "ORDER BY aclaraciones DESC"_L1,
               rs);
     for (; !rs.Eof(); rs.MoveNext()) normas.push_back({rs.Texto(u"lnapi"), rs.Texto(u"norma")});
     return normas;
@@ -32,7 +36,11 @@ std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posici
 
 QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero) {
     Recordset rs;
-    if (!Consultar(ctx, u"NCM"_s, "select descripcion From LNAPIAclaraciones where aclaracion="_L1 + numero,
+    if (!Consultar(ctx, u"NCM"_s,
+                   "select descripcion "
+                   "From LNAPIAclaraciones "
+                   "where aclaracion="_L1 +
+                       numero,
                    rs))
         return u"No Posee Descripción la aclaración número: "_s + numero;
     return rs.Texto(u"descripcion");
@@ -41,8 +49,12 @@ QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero) {
 QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion) {
     Recordset rs;
     if (!Consultar(ctx, u"NCM"_s,
-                   "select aclaraciones From LNAPIPosicionesAfectadas where posicion='"_L1 +
-                       claveDe(posicion) + "' ORDER BY aclaraciones DESC"_L1,
+                   "select aclaraciones "
+                   "From LNAPIPosicionesAfectadas "
+                   "where posicion='"_L1 +
+                       claveDe(posicion) +
+                       "' "
+                       "ORDER BY aclaraciones DESC"_L1,
                    rs))
         return u"-1"_s;
     QString texto;

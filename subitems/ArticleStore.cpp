@@ -3,9 +3,9 @@
 #include <QDateTime>
 #include <vector>
 
-#include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,57 +31,46 @@ constexpr Columna columnas[] = {
     {"codigoean", &Articulo::codigoean},     {"itfiller", &Articulo::itfiller},
     {"naladisa", &Articulo::naladisa}};
 
-QString entreComillas(const QString &texto) {
-    return QLatin1Char('\'') + DoblarComillas(texto) + QLatin1Char('\'');
+/// The record's key, ready behind a "where".
+QString claveDe(const QString &idcatalogo, const QString &idarticulo) {
+    return "idcatalogo = "_L1 + TextoEnComillas(idcatalogo) + " and idarticulo = "_L1 +
+           TextoEnComillas(idarticulo);
 }
 
-QString numero(AppContext &ctx, double valor) {
-    return AStoreNumero(numeros::aTexto(valor), ctx.DataManager.getDecimalSeparatorbyEntity(catalogos));
+void ponerCifrasYFirma(const AppContext &ctx, const Articulo &a, Escritura &e) {
+    if (a.preciounitario) e.numero("preciounitario", *a.preciounitario);
+    if (a.kgneto) e.numero("kgneto", *a.kgneto);
+    e.texto("usuario", ctx.PcName)
+        .crudo("fecha", ctx.DataManager.getDateFormatbyEntity(catalogos, QDateTime::currentDateTime()));
 }
 
-QString condicion(const QString &idcatalogo, const QString &idarticulo) {
-    return " where idcatalogo = "_L1 + entreComillas(idcatalogo) + " and idarticulo = "_L1 +
-           entreComillas(idarticulo);
+QString alta(const AppContext &ctx, Articulo a) {
+    if (a.biendeuso.isEmpty()) a.biendeuso = u"N"_s;
+    Escritura e(ctx, catalogos);
+    e.crudo("cantidad", u"1"_s);
+    for (const Columna &c : columnas) e.texto(c.nombre, a.*c.campo);
+    ponerCifrasYFirma(ctx, a, e);
+    return e.insertar(u"catarticulos"_s);
 }
 
-/// Column and value of everything the record tells, ready for a statement.
-std::vector<std::pair<QString, QString>> valores(AppContext &ctx, const Articulo &a) {
-    std::vector<std::pair<QString, QString>> pares;
-    for (const Columna &c : columnas) pares.emplace_back(L(c.nombre), entreComillas(a.*c.campo));
-    if (a.preciounitario) pares.emplace_back("preciounitario"_L1, numero(ctx, *a.preciounitario));
-    if (a.kgneto) pares.emplace_back("kgneto"_L1, numero(ctx, *a.kgneto));
-    pares.emplace_back("usuario"_L1, entreComillas(ctx.PcName));
-    pares.emplace_back("fecha"_L1,
-                       ctx.DataManager.getDateFormatbyEntity(catalogos, QDateTime::currentDateTime()));
-    return pares;
-}
-
-QString alta(AppContext &ctx, const Articulo &a) {
-    QString nombres = u"cantidad"_s;
-    QString textos = u"1"_s;
-    for (const auto &[nombre, valor] : valores(ctx, a)) {
-        nombres += QLatin1Char(',') + nombre;
-        textos += QLatin1Char(',') + valor;
-    }
-    return "insert into catarticulos ("_L1 + nombres + ") values ("_L1 + textos + ")"_L1;
-}
-
-QString cambio(AppContext &ctx, const Articulo &a) {
-    QString partes;
-    for (const auto &[nombre, valor] : valores(ctx, a)) {
-        if (!partes.isEmpty()) partes += QLatin1Char(',');
-        partes += nombre + " = "_L1 + valor;
-    }
-    return "update catarticulos set "_L1 + partes + condicion(a.idcatalogo, a.idarticulo);
+QString cambio(const AppContext &ctx, const Articulo &a) {
+    Escritura e(ctx, catalogos);
+    for (const Columna &c : columnas)
+        if (!(a.*c.campo).isEmpty()) e.texto(c.nombre, a.*c.campo);
+    ponerCifrasYFirma(ctx, a, e);
+    return e.actualizar(u"catarticulos"_s, claveDe(a.idcatalogo, a.idarticulo));
 }
 
 }  // namespace
 
 bool ArticleStore::Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir) {
     Recordset rs;
-    const bool existe = Consultar(
-        ctx, catalogos,
-        "select idarticulo from catarticulos"_L1 + condicion(articulo.idcatalogo, articulo.idarticulo), rs);
+    const bool existe = Consultar(ctx, catalogos,
+                                  "select idarticulo "
+                                  "from catarticulos "
+                                  "where "_L1 +
+                                      claveDe(articulo.idcatalogo, articulo.idarticulo),
+                                  rs);
     if (existe && noSobrescribir) return false;
     return Ejecutar(ctx, catalogos, existe ? cambio(ctx, articulo) : alta(ctx, articulo)) > 0;
 }
@@ -89,7 +78,12 @@ bool ArticleStore::Agregar(AppContext &ctx, const Articulo &articulo, bool noSob
 std::optional<Articulo> ArticleStore::Leer(AppContext &ctx, const QString &idcatalogo,
                                            const QString &idarticulo) {
     Recordset rs;
-    if (!Consultar(ctx, catalogos, "select * from catarticulos"_L1 + condicion(idcatalogo, idarticulo), rs))
+    if (!Consultar(ctx, catalogos,
+                   "select * "
+                   "from catarticulos "
+                   "where "_L1 +
+                       claveDe(idcatalogo, idarticulo),
+                   rs))
         return {};
     Articulo a;
     for (const Columna &c : columnas) a.*c.campo = rs.Texto(QString(L(c.nombre)));
@@ -100,15 +94,22 @@ std::optional<Articulo> ArticleStore::Leer(AppContext &ctx, const QString &idcat
 
 bool ArticleStore::ExisteCatalogo(AppContext &ctx, const QString &idcatalogo) {
     Recordset rs;
-    return Consultar(
-        ctx, catalogos,
-        "select top 1 idcatalogo from catarticulos where idcatalogo = "_L1 + entreComillas(idcatalogo), rs);
+    return Consultar(ctx, catalogos,
+                     "select top 1 idcatalogo "
+                     "from catarticulos "
+                     "where idcatalogo = "_L1 +
+                         TextoEnComillas(idcatalogo),
+                     rs);
 }
 
 QStringList ArticleStore::Catalogos(AppContext &ctx) {
     Recordset rs;
     QStringList nombres;
-    Consultar(ctx, catalogos, u"select distinct idcatalogo from catarticulos order by idcatalogo"_s, rs);
+    Consultar(ctx, catalogos,
+              u"select distinct idcatalogo "
+              "from catarticulos "
+              "order by idcatalogo"_s,
+              rs);
     for (; !rs.Eof(); rs.MoveNext()) nombres << rs.Texto(u"idcatalogo");
     return nombres;
 }
@@ -118,8 +119,12 @@ std::vector<ArticleStore::FilaDeArticulo> ArticleStore::Articulos(AppContext &ct
     Recordset rs;
     std::vector<FilaDeArticulo> articulos;
     Consultar(ctx, catalogos,
-              "select idarticulo,descripcion,ncm from catarticulos where idcatalogo = "_L1 +
-                  entreComillas(idcatalogo) + " order by idarticulo"_L1,
+              "select idarticulo,descripcion,ncm "
+              "from catarticulos "
+              "where idcatalogo = "_L1 +
+                  TextoEnComillas(idcatalogo) +
+                  " "
+                  "order by idarticulo"_L1,
               rs);
     articulos.reserve(static_cast<std::size_t>(rs.RecordCount()));
     for (; !rs.Eof(); rs.MoveNext())

@@ -10,8 +10,7 @@ struct AppContext;
 
 namespace ArticleStore {
 
-/// One article. What a line never tells (quantity) is kept by the store; price and unit weight stay as they
-/// are stored when they are not given.
+/// One article. An empty text and a figure that is not given are not told: the stored article keeps its own.
 struct Articulo {
     QString idcatalogo;
     QString idarticulo;
@@ -23,7 +22,7 @@ struct Articulo {
     QString idpaisproc;
     QString estadomerc;
     QString sufijos;
-    QString biendeuso;  ///< "S" or "N"
+    QString biendeuso;  ///< "S" or "N"; a new article that is not told has "N"
     QString otros;
     QString codigoean;
     QString itfiller;
@@ -32,8 +31,9 @@ struct Articulo {
     std::optional<double> kgneto;  ///< of one unit
 };
 
-/// Adds the article, with the workstation's name and the moment. One that is there already is replaced; with
-/// `noSobrescribir` it stays as it is and nothing is said. True when a row was written. Raises Falla.
+/// Adds the article, with the workstation's name and the moment. One that is there already takes what the
+/// record tells; with `noSobrescribir` it stays as it is and nothing is said. True when a row was written.
+/// Raises Falla.
 bool Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir);
 
 /// The article of a catalogue, or nothing. Raises Falla.

@@ -63,13 +63,16 @@ void FrmSubItems::Conectar() {
 }
 
 void FrmSubItems::ConectarCampo(const Campo &campo) {
-    if (*campo.definicion->clave != 0)
+    auto *linea = qobject_cast<QLineEdit *>(campo.control);
+    if (*campo.definicion->clave != 0) {
         ConectarCodigo(campo);
-    else
+    } else {
         ClCntrl::Vincular(campo.control);
+        if (campo.definicion->esCodigo()) campos::EnMayusculas(linea);
+    }
     ClCntrl::alCambiar(campo.control,
                        [this] { Manejar(Contexto(), [this] { AnotarCambio(Contexto(), s_.interno); }); });
-    if (auto *linea = qobject_cast<QLineEdit *>(campo.control)) {
+    if (linea != nullptr) {
         EscucharTeclas(linea, [this, campo](QKeyEvent *tecla) { return Campo_KeyDown(campo, tecla); });
         QObject::connect(linea, &QLineEdit::textEdited, linea, [this, campo] { Campo_Change(campo); });
     }
@@ -121,7 +124,7 @@ void FrmSubItems::OfrecerBloques() {
     mostrar({ui.framCancelaciones}, s_.bloque(B::Cancelaciones));
     mostrar({ui.rotuloCargaPor, ui.opFobUnitario, ui.opFobTotal}, s_.opcionesDeFob);
     mostrar({ui.rotuloEAN, ui.TxtCodigoEAN}, s_.eanHabilitado);
-    mostrar({ui.cmdInsumos}, EsRegimenConInsumos(s_.idsubreg) && s_.enlace.Mostrar);
+    mostrar({ui.cmdInsumos}, EsRegimenConInsumos(s_.idsubreg) && s_.enlace);
 }
 
 void FrmSubItems::Leer() {
@@ -217,6 +220,8 @@ bool FrmSubItems::Form_KeyDown(const QKeyEvent *tecla) {
 
 void FrmSubItems::Form_Unload() {
     ClCntrl::banderaDeCambios() = false;
+    // The article in hand leaves with its screen.
+    Contexto().ReconfirmarSufijos = false;
     const auto avisar = alCerrar;
     CerrarPantalla<FrmSubItems>();
     if (avisar) avisar();

@@ -10,11 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype largoCodificado = 4;
-constexpr qsizetype largoLibre = 2;
-
-const QString ncm = u"NCM"_s;
-
 /// The tokens of a suffix text, upper case. A "-" inside parentheses belongs to the value: the entry of lines
 /// never writes one, an imported line may.
 QStringList tokens(const QString &sufijos) {
@@ -54,38 +49,14 @@ int SuffixCheckerClass::Validar(const QString &posicion, const QString &sufijos)
 
 RequisitosDeSufijo SuffixCheckerClass::Requisitos(const QString &posicion) const {
     RequisitosDeSufijo requisitos;
-    const ClavesNcm claves = CortarPosicion(posicion);
-    Recordset rs;
-    requisitos.existe = Consultar(ctx_, ncm,
-                                  "select [001] as pos from ncm where [001]='"_L1 + claves.c001 +
-                                      "' and [002]='"_L1 + claves.c002 + "'"_L1,
-                                  rs);
+    requisitos.existe = ExistePosicion(ctx_, posicion);
     if (!requisitos.existe) return requisitos;
-    const QString lista = ListaDeClavesSim(posicion);
-    Recordset familias;
-    Consultar(ctx_, ncm, "select distinct left(sufijo,2) as asufijo from sufidos where sim in "_L1 + lista,
-              familias);
-    for (; !familias.Eof(); familias.MoveNext()) {
-        FamiliaDeSufijo familia;
-        const QString codigo = familias.Texto(u"asufijo");
-        familia.codigo = codigo.toUpper();
-        Recordset filas;
-        if (!Consultar(ctx_, ncm,
-                       "select sufijo,detalle from sufidos where sim in "_L1 + lista +
-                           " and left(sufijo,2) = '"_L1 + codigo + "'"_L1,
-                       filas))
-            continue;
-        // The first row tells the family's kind; one of another length, or of a letter without a type,
-        // demands nothing.
-        const qsizetype largo = filas.Texto(u"sufijo").size();
-        familia.libre = largo == largoLibre;
-        if (familia.libre && !familia.codigo.startsWith('A'_L1) && !familia.codigo.startsWith('Z'_L1))
-            continue;
-        if (!familia.libre && largo != largoCodificado) continue;
+    for (const FamiliaDelCatalogo &f : LeerFamilias(ctx_, posicion)) {
+        if (!f.pedible()) continue;
+        FamiliaDeSufijo familia{f.codigo.toUpper(), !f.codificada(), {}};
         if (!familia.libre) {
             familia.opciones.insert(familia.codigo + "00"_L1);
-            for (; !filas.Eof(); filas.MoveNext())
-                familia.opciones.insert(filas.Texto(u"sufijo").trimmed().toUpper());
+            for (const FilaDeSufijo &fila : f.filas) familia.opciones.insert(fila.sufijo.trimmed().toUpper());
         }
         requisitos.familias.push_back(std::move(familia));
     }

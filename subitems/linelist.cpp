@@ -49,9 +49,12 @@ const QStringList &ColumnasDeSubItems() {
 }
 
 QString SentenciaSubItems(const QString &interno, bool descendente, const QString &condicion) {
-    return "select interno,estadomerc,sufijos,idpais,kgneto,id,ncm,idunidad,cantidad,preciounitario,fob,"
-           "idarticulo,cancelaciones, itfiller, descripcion as descr, descripcion_maria, idcatalogo, "
-           "naladisa, factura_nro from subitems as a where interno = '"_L1 +
+    return "select interno,estadomerc,sufijos,idpais,kgneto,"
+           "id,ncm,idunidad,cantidad,preciounitario,fob,idarticulo,"
+           "cancelaciones, itfiller, descripcion as descr, descripcion_maria, "
+           "idcatalogo, naladisa, factura_nro "
+           "from subitems as a "
+           "where interno = '"_L1 +
            interno + condicion + (descendente ? " order by a.id desc"_L1 : " order by a.id asc"_L1);
 }
 

@@ -25,7 +25,6 @@ const QString internos = u"INTERNOS"_s;
 const QString zendra = u"ZENDRA"_s;
 const QString flags = u"FLAGS"_s;
 const QString claveCargaPor = u"CARGASBTPOR"_s;
-const QString kilogramo = u"01"_s;
 
 bool esControl(const QString &control, const char *nombre) {
     return control.compare(L(nombre), Qt::CaseInsensitive) == 0;
@@ -41,58 +40,13 @@ QString conForma(const AppContext &ctx, double valor, QStringView mascara) {
     return texto;
 }
 
-bool marcada(const Recordset &rs, QStringView columna) {
-    return rs.Texto(columna).trimmed() == "*"_L1;
-}
-
-QString condicionDe(const ClavesNcm &k) {
-    return "[001] = '"_L1 + k.c001 + "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1;
-}
-
-/// The upper levels of the description, one a line.
-QString nivelesSuperiores(AppContext &ctx, const ClavesNcm &k) {
-    Recordset rs;
-    QString texto;
-    if (!Consultar(
-            ctx, u"NCM"_s,
-            "select [004], [005], [006], [007], [008], [009], [010] from ncm where "_L1 + condicionDe(k), rs))
-        return texto;
-    for (int n = 0; n < rs.columnas(); ++n) {
-        const QString nivel = EsNull(rs.Fields(n).Value).trimmed();
-        if (!nivel.isEmpty()) texto += "\r\n  "_L1 + nivel;
-    }
-    return texto;
-}
-
-QString bloqueDeTexto(AppContext &ctx, const Recordset &rs, const ClavesNcm &k) {
-    return u"  Información de la Posición\r\n  ----------------------------\r\n"
-           "  Posición NCM: "_s +
-           rs.Texto(u"001") + QLatin1Char('.') + rs.Texto(u"002") + rs.Texto(u"003") +
-           "\r\n  Unidad Estadistica: "_L1 + rs.Texto(u"012") + "\r\n  Unidad Der. Esp.: "_L1 +
-           rs.Texto(u"020") + "\r\n  Posee LAPI: "_L1 + (marcada(rs, u"059") ? "Si"_L1 : "No"_L1) +
-           u"\r\n  Derecho de Importación ExtraZona: "_s + rs.Texto(u"015") +
-           u"\r\n  Derecho de Exportación: "_s + rs.Texto(u"018") + "\r\n  Reintegro Extrazona: "_L1 +
-           rs.Texto(u"019") + nivelesSuperiores(ctx, k);
-}
-
-/// The factor from one unit to another; nothing when the pair is not kept.
-std::optional<double> pase(AppContext &ctx, const QString &unidad, const QString &hacia) {
-    if (unidad.isEmpty() || hacia.isEmpty()) return {};
-    Recordset rs;
-    if (!Consultar(
-            ctx, internos,
-            "select pase from unidrel where unid1 = '"_L1 + unidad + "' and unid2 = '"_L1 + hacia + "'"_L1,
-            rs))
-        return {};
-    QString factor = rs.Texto(u"pase");
-    return aNumero(ReemplazarSeparadorDecimal(factor, ctx.SeparadorDecimal));
-}
-
 void leerCaratula(AppContext &ctx, SubItems &s) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   "select idsubreg,fobdivisas,ONCCAHabilitado from caratula where interno = '"_L1 +
-                       s.interno + "'"_L1,
+                   "select idsubreg,fobdivisas,ONCCAHabilitado "
+                   "from caratula "
+                   "where interno = "_L1 +
+                       EnComillas(s.interno),
                    rs))
         return;
     s.idsubreg = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
@@ -102,7 +56,12 @@ void leerCaratula(AppContext &ctx, SubItems &s) {
 
 bool llevaEan(AppContext &ctx, const QString &regimen) {
     Recordset rs;
-    if (!Consultar(ctx, u"SYSTABLAS"_s, "select item from EAN where subreg = '"_L1 + regimen + "'"_L1, rs))
+    if (!Consultar(ctx, u"SYSTABLAS"_s,
+                   "select item "
+                   "from EAN "
+                   "where subreg = "_L1 +
+                       EnComillas(regimen),
+                   rs))
         return false;
     const QString item = rs.Texto(u"item").trimmed();
     return !item.isEmpty() && item.compare("N"_L1, Qt::CaseInsensitive) != 0;
@@ -205,6 +164,7 @@ const DefinicionDeCampo *CampoDeSubItem(const QString &control) {
 }
 
 void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const std::array<int, 8> &banderas) {
+    ctx.ReconfirmarSufijos = false;
     s = SubItems();
     s.interno = interno;
     for (std::size_t n = 0; n < banderas.size(); ++n) s.ofrece.at(n) = banderas.at(n) != 0;
@@ -212,7 +172,7 @@ void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const s
     if (s.opcionesDeFob) s.opFobUnitario = ctx.ajustes.Leer(zendra, flags, claveCargaPor) == "U"_L1;
     leerCaratula(ctx, s);
     s.eanHabilitado = llevaEan(ctx, s.idsubreg);
-    if (insumos::crearEnlace) s.enlace = insumos::crearEnlace();
+    s.enlace = insumos::Enlazar();
     RefrescarTotales(ctx, s);
 }
 
@@ -221,7 +181,8 @@ void ElegirCargaPor(AppContext &ctx, SubItems &s, bool unitario) {
     ctx.ajustes.Guardar(zendra, flags, claveCargaPor, unitario ? u"U"_s : u"F"_s);
 }
 
-void VaciarCampos(const AppContext &ctx, SubItems &s) {
+void VaciarCampos(AppContext &ctx, SubItems &s) {
+    ctx.ReconfirmarSufijos = false;
     const CamposSubItem antes = s.campos;
     s.campos = CamposSubItem();
     s.campos.cboBiendeUso = antes.cboBiendeUso;
@@ -239,10 +200,9 @@ void VaciarCampos(const AppContext &ctx, SubItems &s) {
 }
 
 bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
-    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace.EstadoConexion || !s.enlace.EstadoConexion())
-        return false;
-    if (s.enlace.ConectarDB) s.enlace.ConectarDB(s.interno);
-    const auto eleccion = s.enlace.Mostrar ? s.enlace.Mostrar() : std::nullopt;
+    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace || !s.enlace->EstadoConexion()) return false;
+    s.enlace->ConectarDB(s.interno);
+    const auto eleccion = s.enlace->Mostrar();
     if (!eleccion) return false;
     CamposSubItem &c = s.campos;
     c.TxtIdCatalogo = eleccion->CATNRO;
@@ -261,79 +221,6 @@ bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
     c.LbDescPais = getPaisDescripcion(ctx, c.TxtIdpais);
     c.txtSufijos = eleccion->PRDSUF;
     return true;
-}
-
-Veredicto BuscarNCM(AppContext &ctx, SubItems &s) {
-    CamposSubItem &c = s.campos;
-    const QString foco = u"TxtPosicion"_s;
-    const qsizetype largo = c.TxtPosicion.size();
-    if (largo != 15 && largo != 14 && largo != 10) {
-        ctx.dialogos.advertir(u"Longitud erronea del Posición"_s);
-        return Veredicto::mal(foco);
-    }
-    const ClavesNcm k = CortarPosicion(c.TxtPosicion);
-    Recordset rs;
-    if (!Consultar(ctx, u"NCM"_s,
-                   "select [001],[002],[003],[004],[010],[012],[015],[018],[019],[020],[052],[044],[043],"
-                   "[059] from ncm where "_L1 +
-                       condicionDe(k),
-                   rs)) {
-        ctx.dialogos.advertir(u"POSICIÓN INEXISTENTE, en el Nomenclador"_s);
-        return Veredicto::mal(foco);
-    }
-    c.LbCodigoEstadistica = rs.Texto(u"012").trimmed();
-    c.LbIdDerEsp = rs.Texto(u"020").trimmed();
-    c.LbLapi = marcada(rs, u"059");
-    c.lbSegElect = marcada(rs, u"052");
-    c.lbProhibicion = marcada(rs, u"044");
-    c.lbREINT = rs.Numero(u"019") > 0;
-    s.FramDerEsp = !c.LbIdDerEsp.isEmpty();
-    if (!s.FramDerEsp) c.TxtDerEsp.clear();
-    c.txtNCMDesc = bloqueDeTexto(ctx, rs, k);
-    if (c.LbCodigoEstadistica == kilogramo) CalcularUnidades(ctx, s);
-    return Veredicto::bien();
-}
-
-void CalcularUnidades(AppContext &ctx, SubItems &s) {
-    CamposSubItem &c = s.campos;
-    if (!esNumerico(c.TxtCantidad)) return;
-    const double cantidad = aNumero(c.TxtCantidad);
-    if (const auto factor = pase(ctx, c.TxtUnidad, c.LbCodigoEstadistica))
-        c.TxtValorsobreestadistica = Format(cantidad * *factor, u"00.00", ctx.SeparadorDecimal);
-    else if (c.TxtUnidad == kilogramo && c.LbCodigoEstadistica == kilogramo)
-        c.TxtValorsobreestadistica = Format(cantidad, u"00.00", ctx.SeparadorDecimal);
-    if (const auto factor = pase(ctx, c.TxtUnidad, kilogramo))
-        c.TxtKgNeto = Format(cantidad * *factor, u"00.00", ctx.SeparadorDecimal);
-}
-
-void CalcularKgUnitario(const AppContext &ctx, SubItems &s) {
-    CamposSubItem &c = s.campos;
-    for (const char *sinPeso : {"08", "02", "07"})
-        if (c.TxtUnidad == L(sinPeso)) return;
-    if (!esNumerico(c.txtKgUnitario) || aNumero(c.txtKgUnitario) <= 0 || !esNumerico(c.TxtCantidad)) return;
-    const QString kilos =
-        Format(aNumero(c.TxtCantidad) * aNumero(c.txtKgUnitario), u"00.00", ctx.SeparadorDecimal);
-    c.TxtKgNeto = kilos;
-    if (c.LbCodigoEstadistica == kilogramo) c.TxtValorsobreestadistica = kilos;
-    if (s.FramDerEsp && c.LbIdDerEsp == kilogramo) c.TxtDerEsp = kilos;
-}
-
-void CalcularFob(const AppContext &ctx, SubItems &s) {
-    CamposSubItem &c = s.campos;
-    if (!esNumerico(c.TxtCantidad)) return;
-    const double cantidad = aNumero(c.TxtCantidad);
-    if (s.opFobUnitario) {
-        if (esNumerico(c.TxtUnitario))
-            c.TxtFobTotal = Format(aNumero(c.TxtUnitario) * cantidad, u"00.00", ctx.SeparadorDecimal);
-    } else if (esNumerico(c.TxtFobTotal) && cantidad != 0) {
-        c.TxtUnitario = Format(aNumero(c.TxtFobTotal) / cantidad, u"00.00000", ctx.SeparadorDecimal);
-    }
-}
-
-void CantidadCambia(AppContext &ctx, SubItems &s) {
-    CalcularUnidades(ctx, s);
-    CalcularKgUnitario(ctx, s);
-    CalcularFob(ctx, s);
 }
 
 Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control) {
@@ -386,6 +273,7 @@ bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {
     c.txtIdPaisProc = articulo->idpaisproc;
     c.TxtIdEstadoMercaderia = articulo->estadomerc;
     c.txtSufijos = articulo->sufijos;
+    ctx.ReconfirmarSufijos = true;
     c.cboBiendeUso = articulo->biendeuso == "S"_L1 ? u"S"_s : u"N"_s;
     c.txtOtros = articulo->otros;
     c.TxtFiller = articulo->itfiller;
@@ -409,8 +297,10 @@ void ActuSufijos(AppContext &ctx, SubItems &s) {
 bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     Recordset rs;
     if (!Consultar(ctx, internos,
-                   "select * from subitems where interno = '"_L1 + s.interno + "' and id = "_L1 +
-                       QString::number(id),
+                   "select * "
+                   "from subitems "
+                   "where interno = "_L1 +
+                       EnComillas(s.interno) + " and id = "_L1 + QString::number(id),
                    rs))
         return false;
     struct Columna {
@@ -466,18 +356,24 @@ bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     s.id = id;
     // A change writes no column of the article.
     s.articuloFijo = true;
-    s.VincularDatos = s.marcaERR = false;
+    // The link alone writes these two marks.
+    s.VincularDatos = c.TxtCanelaciones == "OK"_L1 || c.TxtCanelaciones == "ERR"_L1;
+    s.marcaERR = false;
+    ctx.ReconfirmarSufijos = false;
     ponerDescripciones(ctx, c);
     return true;
 }
 
 void RefrescarTotales(AppContext &ctx, SubItems &s) {
     Recordset rs;
-    const double total =
-        Consultar(ctx, internos,
-                  "select sum(fob) as total from subitems where interno = '"_L1 + s.interno + "'"_L1, rs)
-            ? rs.Numero(u"total")
-            : 0;
+    const double total = Consultar(ctx, internos,
+                                   "select sum(fob) as total "
+                                   "from subitems "
+                                   "where interno = "_L1 +
+                                       EnComillas(s.interno),
+                                   rs)
+                             ? rs.Numero(u"total")
+                             : 0;
     // "##.00": no digit is forced before the separator.
     s.LbTotal = Format(s.fobdivisas, u".00", ctx.SeparadorDecimal);
     s.LbTotSubitems = Format(total, u"00.00", ctx.SeparadorDecimal);

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "frame/base/verdict.h"
@@ -41,6 +42,12 @@ struct DefinicionDeCampo {
     TipoDeCampo tipo = TipoDeCampo::Texto;
     const char *clave = "";  ///< code table of a coded field
     QString CamposSubItem::*descripcion = nullptr;
+
+    /// Its letters are capitals: a field with a code table, the position, the proration code.
+    bool esCodigo() const {
+        return *clave != 0 || campo == &CamposSubItem::TxtPosicion ||
+               campo == &CamposSubItem::TxtCodProrrateo;
+    }
 };
 const std::vector<DefinicionDeCampo> &CamposDeSubItem();
 /// Null for a name that is not one of them; in any case.
@@ -72,14 +79,14 @@ struct SubItems {
     bool opFobUnitario = true;   ///< which of the two leads; else opFobTotal
     bool FramDerEsp = false;     ///< the specific duty's frame is enabled
     bool articuloFijo = false;   ///< the article's fields are locked
-    bool VincularDatos = false;  ///< the line comes from the inputs link
+    bool VincularDatos = false;  ///< the line comes from the inputs link, whose own catalogue it names
     bool marcaERR = false;       ///< the link flagged the line
     double SBTREI = 0;           ///< the line's refund value, kept by a change
     QString descripcionDefecto;  ///< text kept with LbDescCatalogo, what suffix questions offer
     QString LbTotal;             ///< FOB that the header declares, "##.00"
     QString LbTotSubitems;       ///< sum of the lines' FOB, "00.00"
     QString lbDIF;               ///< what is missing, "00.00"
-    insumos::Enlace enlace;      ///< empty while the library is absent
+    std::optional<insumos::Enlace> enlace;  ///< nothing while the library is absent
     CamposSubItem campos;
 
     bool bloque(BloqueDeLinea b) const { return ofrece.at(static_cast<std::size_t>(b)); }
@@ -100,14 +107,15 @@ void AbrirSubItems(AppContext &ctx, SubItems &s, const QString &interno, const s
 void ElegirCargaPor(AppContext &ctx, SubItems &s, bool unitario);
 
 /// Mode 1 with every text field empty, but those that the options keep, as after a line was saved.
-void VaciarCampos(const AppContext &ctx, SubItems &s);
+void VaciarCampos(AppContext &ctx, SubItems &s);
 
 /// SelectINSUMOS: the link's own list, on a regime with inputs and with a live link. True when the fields
 /// were taken from it.
 bool SelectINSUMOS(AppContext &ctx, SubItems &s);
 
-/// ENTER in TxtPosicion: units, marks and the text block of the position; false with a message when its
-/// length is wrong or the nomenclature does not have it.
+/// ENTER in TxtPosicion: units, marks and the text block of the position, and the statistical quantity where
+/// it follows the declared one; false with a message when its length is wrong or the nomenclature does not
+/// have it. Kilos stay as they are.
 Veredicto BuscarNCM(AppContext &ctx, SubItems &s);
 
 /// A quantity or a unit changed: the relations between units, the unit weight and the price mode.
@@ -131,8 +139,9 @@ bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control);
 /// mode). Not for texts that the program sets.
 void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control);
 
-/// Looks the article of TxtIdCatalogo and txtIdArticulo up in the article store and fills the line from it.
-/// False, with the description emptied and nothing told, when the store does not have it.
+/// Looks the article of TxtIdCatalogo and txtIdArticulo up in the article store and fills the line from it;
+/// its suffixes are to be reconfirmed. False, with the description emptied and nothing told, when the store
+/// does not have it.
 bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s);
 
 /// The suffixes of the line in hand asked for again; the field keeps its text when the user gives up.
@@ -156,7 +165,8 @@ Grabacion ModificarSubItems(AppContext &ctx, SubItems &s);
 /// Deletes one line, after a question. A line that took inputs gives them back first; when the link refuses,
 /// or is absent, it stays, with a message. True when it is gone.
 bool EliminarSubItem(AppContext &ctx, SubItems &s, qint64 id);
-/// Deletes the checked lines, after one question; the number of those that are gone.
+/// Deletes the checked lines, after one question, up to the first that the inputs link refuses; the number of
+/// lines deleted. What was deleted stays deleted.
 int lpEliminar(AppContext &ctx, SubItems &s, const std::vector<qint64> &ids);
 
 /// LbTotal, LbTotSubitems and lbDIF.

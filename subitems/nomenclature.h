@@ -17,6 +17,30 @@ struct FilaDeSufijo {
 /// Every suffix row that applies to the position, in the order of the catalogue. Raises Falla.
 std::vector<FilaDeSufijo> LeerSufijos(AppContext &ctx, const QString &posicion);
 
+/// Whether the nomenclature has the position's first two keys: the third is not asked for. Raises Falla.
+bool ExistePosicion(AppContext &ctx, const QString &posicion);
+
+/// A family of suffixes with its rows, the first of which tells its kind. The letters read in any case.
+struct FamiliaDelCatalogo {
+    QString codigo;                   ///< its two letters, as the catalogue spells them
+    std::vector<FilaDeSufijo> filas;  ///< never empty; `sim` is not read
+
+    /// Coded options of four characters.
+    bool codificada() const { return filas.front().sufijo.size() == 4; }
+    /// A free value, of text or of digits.
+    bool texto() const { return libre('A'); }
+    bool numero() const { return libre('Z'); }
+    /// It can be asked for. One of another length, or of a letter without a type, demands nothing.
+    bool pedible() const { return codificada() || texto() || numero(); }
+
+ private:
+    bool libre(char tipo) const {
+        return filas.front().sufijo.size() == 2 && codigo.startsWith(QLatin1Char(tipo), Qt::CaseInsensitive);
+    }
+};
+/// The families that the position's four keys bring, in the order of the record set. Raises Falla.
+std::vector<FamiliaDelCatalogo> LeerFamilias(AppContext &ctx, const QString &posicion);
+
 /// The licence mark and the stamps mark of a position, as the assembly asks for them.
 struct MarcasNcm {
     bool encontrada = false;

@@ -16,9 +16,12 @@ std::vector<PosicionEncontrada> BuscarPosiciones(AppContext &ctx, const QString 
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
     if (!Consultar(ctx, u"NCM"_s,
-                   "select [001]+ '.' +[002] + [003] as ncm,[012] as estadistica,[020] as deresp from ncm "
+                   "select [001]+ '.' +[002] + [003] as ncm,[012] as estadistica,[020] as deresp "
+                   "from ncm "
                    "where [001] like '"_L1 +
-                       buscado + "%' order by [001],[002],[003]"_L1,
+                       buscado +
+                       "%' "
+                       "order by [001],[002],[003]"_L1,
                    rs)) {
         ctx.dialogos.informar(origen == OrigenDeBusqueda::Pantalla ? u"Posición no encontrada."_s
                                                                    : u"Posición no Encontrada."_s);
@@ -46,8 +49,10 @@ DatosDePosicion MostrarDatos(AppContext &ctx, const QString &posicion) {
     Recordset rs;
     datos.encontrada = Consultar(
         ctx, u"NCM"_s,
-        "Select [010] as descrip,[004] as descrip1, [012] as estadistica,[020] as deresp, [059],[019] as "
-        "rein, [052] as segelect, [044] as prohibicion from ncm where [001] = '"_L1 +
+        "Select [010] as descrip,[004] as descrip1, [012] as estadistica,[020] as deresp, "
+        "[059],[019] as rein, [052] as segelect, [044] as prohibicion "
+        "from ncm "
+        "where [001] = '"_L1 +
             claves.c001 + "' and [002] = '"_L1 + claves.c002 + "' and [003] = '"_L1 + claves.c003 + "'"_L1,
         rs);
     if (!datos.encontrada) return datos;

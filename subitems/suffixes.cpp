@@ -12,25 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using L = QLatin1String;
-
 constexpr qsizetype largoCodificado = 4;
-constexpr qsizetype largoLibre = 2;
 
-/// A family with its rows, the first of which tells its kind.
-struct Familia {
-    QString codigo;
-    std::vector<FilaDeSufijo> filas;
+using Familia = FamiliaDelCatalogo;
 
-    bool libre() const { return filas.front().sufijo.size() == largoLibre; }
-    bool codificada() const { return filas.front().sufijo.size() == largoCodificado; }
-    bool texto() const { return libre() && codigo.startsWith(QLatin1Char('A'), Qt::CaseInsensitive); }
-    bool numero() const { return libre() && codigo.startsWith(QLatin1Char('Z'), Qt::CaseInsensitive); }
-    bool esArticulo() const {
-        return codigo.compare("AB"_L1, Qt::CaseInsensitive) == 0 ||
-               codigo.compare("AI"_L1, Qt::CaseInsensitive) == 0;
-    }
-};
+bool esArticulo(const Familia &familia) {
+    return familia.codigo.compare("AB"_L1, Qt::CaseInsensitive) == 0 ||
+           familia.codigo.compare("AI"_L1, Qt::CaseInsensitive) == 0;
+}
 
 /// What one run goes by.
 struct Corrida {
@@ -51,39 +40,6 @@ class BanderaDeReconfirmacion {
  private:
     AppContext &ctx_;
 };
-
-bool consultarNcm(AppContext &ctx, const QString &sql, Recordset &rs) {
-    return Consultar(ctx, u"NCM"_s, sql, rs);
-}
-
-bool existePosicion(AppContext &ctx, const QString &posicion) {
-    const ClavesNcm claves = CortarPosicion(posicion);
-    Recordset rs;
-    return consultarNcm(ctx,
-                        "select [001] as pos from ncm where [001]='"_L1 + claves.c001 + "' and [002]='"_L1 +
-                            claves.c002 + "'"_L1,
-                        rs);
-}
-
-/// The families that the position's four keys bring, in the order of the record set.
-std::vector<Familia> leerFamilias(AppContext &ctx, const QString &posicion) {
-    const QString lista = ListaDeClavesSim(posicion);
-    std::vector<Familia> familias;
-    Recordset rs;
-    consultarNcm(ctx, "select distinct left(sufijo,2) as asufijo from sufidos where sim in "_L1 + lista, rs);
-    for (; !rs.Eof(); rs.MoveNext()) {
-        Familia familia{rs.Texto(u"asufijo"), {}};
-        Recordset filas;
-        consultarNcm(ctx,
-                     "select sufijo,detalle from sufidos where sim in "_L1 + lista +
-                         " and left(sufijo,2) = '"_L1 + familia.codigo + "'"_L1,
-                     filas);
-        for (; !filas.Eof(); filas.MoveNext())
-            familia.filas.push_back({{}, filas.Texto(u"sufijo"), filas.Texto(u"detalle")});
-        familias.push_back(std::move(familia));
-    }
-    return familias;
-}
 
 const sufijos::Token *tokenDe(const Corrida &c, const Familia &familia) {
     const auto hallado = std::find_if(c.dados.begin(), c.dados.end(), [&familia](const sufijos::Token &t) {
@@ -132,7 +88,7 @@ std::optional<QString> pedirValor(const Corrida &c, const Familia &familia) {
         return enFamilia(token->valor);
     const int maximo = maximoDe(familia);
     const Entrada entrada{familia.filas.front().detalle.trimmed(), "SUFIJO "_L1 + familia.codigo, maximo,
-                          (familia.esArticulo() ? c.articulo : c.descripcion).left(maximo)};
+                          (esArticulo(familia) ? c.articulo : c.descripcion).left(maximo)};
     for (;;) {
         const QString tecleado = c.ctx.dialogos.pedirTexto(entrada).value_or(QString());
         if (tecleado.isEmpty()) {
@@ -159,19 +115,19 @@ QString cerrar(const QString &texto) {
 QString preguntarFamilias(const Corrida &c, const std::vector<Familia> &familias) {
     QString texto;
     for (const Familia &familia : familias) {
-        if (familia.filas.empty()) continue;
-        std::optional<QString> token;
-        if (familia.codificada())
-            token = pedirOpcion(c, familia);
-        else if (familia.texto() || familia.numero())
-            token = pedirValor(c, familia);
-        else
-            continue;
+        if (!familia.pedible()) continue;
+        const auto token = familia.codificada() ? pedirOpcion(c, familia) : pedirValor(c, familia);
         if (!token) return {};
         if (!texto.isEmpty()) texto += QLatin1Char('-');
         texto += *token;
     }
-    return cerrar(texto);
+    return texto.isEmpty() ? texto : cerrar(texto);
+}
+
+/// A text that stands, closed; one without tokens is the empty text.
+QString cerrado(const Corrida &c, const QString &actual) {
+    if (actual == sufijos::sinSufijos) return actual;
+    return c.dados.empty() ? QString() : cerrar(actual);
 }
 
 /// True when the text in hand stands as it is.
@@ -190,21 +146,21 @@ bool estaBien(AppContext &ctx, const QString &posicion, const QString &actual) {
 
 QString validar(const Corrida &c, const QString &posicion, const QString &actual, ModoDeSufijos modo) {
     AppContext &ctx = c.ctx;
-    if (!existePosicion(ctx, posicion)) {
+    if (!ExistePosicion(ctx, posicion)) {
         ctx.dialogos.advertir("No existe la posicion "_L1 + posicion + " en el nomenclador"_L1);
         return sufijos::errorNcm;
     }
     std::vector<Familia> familias;
     {
         const Reloj reloj(ctx.dialogos);
-        familias = leerFamilias(ctx, posicion);
+        familias = LeerFamilias(ctx, posicion);
     }
     if (familias.empty()) {
         ctx.dialogos.mensaje({u"No se encontro Sufijo en el nomenclador"_s, {}, Icono::Ninguno, false});
         return sufijos::sinSufijos;
     }
     if (modo != ModoDeSufijos::Construir && !actual.isEmpty() && estaBien(ctx, posicion, actual))
-        return cerrar(actual);
+        return cerrado(c, actual);
     return preguntarFamilias(c, familias);
 }
 

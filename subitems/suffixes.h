@@ -18,8 +18,9 @@ enum class ModoDeSufijos {
 /// The suffix text that the position needs, asking for what `actual` lacks: a list for each coded family
 /// (Eleccion::Tipo::Sufijos, index -1 on ESC), an input box for each free one. `articuloPorDefecto` is what
 /// the families AB and AI offer, `descripcionPorDefecto` what the others do. Answers "SIN SUFIJOS" when the
-/// position needs none, "##ERRORNCM##" when it does not exist, and the empty text when the user gave up or
-/// the store failed (told). Tokens of `actual` that still fit are kept without a question, in both modes. The
+/// position has no suffix rows, "##ERRORNCM##" when it does not exist, and the empty text when the user gave
+/// up, when the store failed (told), or when there is no token: none of the position's families can be asked
+/// for. Tokens of `actual` that still fit are kept without a question, in both modes. The
 /// shared flag `ctx.ReconfirmarSufijos` is off afterwards.
 QString ValidarSufijos(AppContext &ctx, const QString &posicion, const QString &actual, ModoDeSufijos modo,
                        const QString &articuloPorDefecto = {}, const QString &descripcionPorDefecto = {});

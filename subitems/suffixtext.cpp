@@ -105,6 +105,7 @@ QString ReemplazarValor(const QString &texto, const QString &familia, const QStr
 
 QString ForzarArticulo(const QString &texto, const QString &articulo) {
     const QString valor = NormalizarValor(articulo);
+    if (valor.isEmpty()) return texto;
     return ReemplazarValor(ReemplazarValor(texto, u"AI"_s, valor), u"AB"_s, valor);
 }
 

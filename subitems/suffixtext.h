@@ -45,7 +45,7 @@ QString NormalizarValorNumerico(const QString &valor);
 QString ReemplazarValor(const QString &texto, const QString &familia, const QString &valor);
 
 /// The article's number put into a finished text: the normalised article replaces the value of the family
-/// "AI" and then of "AB", when they are present.
+/// "AI" and then of "AB", when they are present. Without an article the text stays as it is.
 QString ForzarArticulo(const QString &texto, const QString &articulo);
 
 }  // namespace sufijos

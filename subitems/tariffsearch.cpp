@@ -13,8 +13,12 @@ std::vector<FilaDeConsulta> consultar(AppContext &ctx, const QString &condicion,
     const Reloj reloj(ctx.dialogos);
     Recordset rs;
     Consultar(ctx, u"NCM"_s,
-              "select [001],[002],[003],[004],[010] from ncm where "_L1 + condicion +
-                  " order by [001],[002],[003]"_L1,
+              "select [001],[002],[003],[004],[010] "
+              "from ncm "
+              "where "_L1 +
+                  condicion +
+                  " "
+                  "order by [001],[002],[003]"_L1,
               rs);
     std::vector<FilaDeConsulta> filas;
     filas.reserve(static_cast<std::size_t>(rs.RecordCount()));

@@ -108,8 +108,10 @@ std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QStr
     const ClavesNcm claves = CortarPosicion(posicion);
     Recordset rs;
     if (!Consultar(ctx, u"NCM"_s,
-                   "select * from ncm where [001] = '"_L1 + claves.c001 + "' and [002] = '"_L1 + claves.c002 +
-                       "'"_L1,
+                   "select * "
+                   "from ncm "
+                   "where [001] = '"_L1 +
+                       claves.c001 + "' and [002] = '"_L1 + claves.c002 + "'"_L1,
                    rs))
         return {};
     hoja.secciones = {seccion(rs, "Detalles del Nomenclador", generales, false),

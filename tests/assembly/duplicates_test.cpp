@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/assembly/operacion.h"
+#include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -127,18 +128,13 @@ TEST_P(Duplicados, AFoldedCancellationIsToldToTheInputsLink) {
     caratula();
     cien(u"1"_s, u"100"_s, {{u"cancelaciones"_s, u"'OK'"_s}});
     cien(u"1.005"_s, u"100.5"_s, {{u"cancelaciones"_s, u"'OK'"_s}});
+    const LibreriaDeInsumos libreria;
     ContextoArmado r = corrida();
     agrupar(r);
     AplicarDatosComunesAGrupos(r);
-    QStringList llamadas;
-    r.go_InputsLink.EnviarGrupoIdSub = [&](const QString &, qint64 raiz, const QString &lista) {
-        llamadas << QString::number(raiz) + ' '_L1 + lista;
-        return true;
-    };
     lp_BuscarDuplicados(r);
     const auto id = ids();
-    ASSERT_FALSE(llamadas.isEmpty());
-    EXPECT_EQ(llamadas.front(), u"%1 %2"_s.arg(id[0]).arg(id[1]));
+    EXPECT_EQ(libreria.llamadas.value(0), u"EnviarGrupoIdSub OP1 %1 %2"_s.arg(id[0]).arg(id[1]));
 }
 
 TEST_P(Duplicados, EveryLinkEndsOnTheTopRoot) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/assembly/operacion.h"
+#include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -266,23 +267,21 @@ TEST_P(Agrupacion, FoldedLinesOfACancellationAreToldToTheInputsLink) {
     for (int n = 0; n < 3; ++n) linea({{u"cancelaciones"_s, u"'OK'"_s}});
     linea({{u"preciounitario"_s, u"11"_s}});
     linea({{u"preciounitario"_s, u"11"_s}});
+    const LibreriaDeInsumos libreria;
     ContextoArmado r = corrida();
-    QStringList llamadas;
-    r.go_InputsLink.EnviarGrupoIdSub = [&](const QString &interno, qint64 raiz, const QString &lista) {
-        llamadas << interno + ' '_L1 + QString::number(raiz) + ' '_L1 + lista;
-        return true;
-    };
     agrupar(r);
     const auto id = ids();
-    EXPECT_EQ(llamadas.join('\n'_L1), u"OP1 %1 %2|%3"_s.arg(id[0]).arg(id[1]).arg(id[2]));
+    EXPECT_EQ(libreria.pedidos("EnviarGrupoIdSub"),
+              u"OP1 %1 %2|%3"_s.arg(id[0]).arg(id[1]).arg(id[2]).toStdString());
 }
 
 TEST_P(Agrupacion, ARefusalOfTheInputsLinkRaisesItsError) {
     caratula();
     linea({{u"cancelaciones"_s, u"'OK'"_s}});
     linea({{u"cancelaciones"_s, u"'OK'"_s}});
+    LibreriaDeInsumos libreria;
+    libreria.acepta = false;
     ContextoArmado r = corrida();
-    r.go_InputsLink.EnviarGrupoIdSub = [](const QString &, qint64, const QString &) { return false; };
     NormalizarLineas(r);
     try {
         AgruparLineas(r);

@@ -91,15 +91,15 @@ void Armado::sufijo(const QString &sim, const QString &codigo) {
 ContextoArmado Armado::corrida(const OpcionesDeArmado &opciones, const QString &interno) {
     ContextoArmado r{*ctx, interno};
     r.opciones = opciones;
+    r.go_InputsLink = insumos::Enlazar();
     LeerCaratula(r);
     ctx->ChequeoArmado = u"SI"_s;
     return r;
 }
 
-bool Armado::generar(const OpcionesDeArmado &opciones, const EnlaceDeInsumos &enlace,
-                     const QString &interno) {
+bool Armado::generar(const OpcionesDeArmado &opciones, const QString &interno) {
     ctx->ChequeoArmado = u"SI"_s;
-    return Generar(*ctx, interno, opciones, enlace);
+    return Generar(*ctx, interno, opciones);
 }
 
 void Armado::agrupar(ContextoArmado &r) {

@@ -31,8 +31,7 @@ class Armado : public EnAmbosStores {
     ContextoArmado corrida(const OpcionesDeArmado &opciones = {},
                            const QString &interno = QStringLiteral("OP1"));
     /// The whole run, with the result text set as the dashboard does.
-    bool generar(const OpcionesDeArmado &opciones = {}, const EnlaceDeInsumos &enlace = {},
-                 const QString &interno = QStringLiteral("OP1"));
+    bool generar(const OpcionesDeArmado &opciones = {}, const QString &interno = QStringLiteral("OP1"));
     /// Normalised and grouped lines, as the spread finds them.
     void agrupar(ContextoArmado &r);
 

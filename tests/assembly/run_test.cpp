@@ -6,6 +6,7 @@
 #include "header/automotive.h"
 #include "header/changes.h"
 #include "tests/assembly/operacion.h"
+#include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -96,7 +97,7 @@ TEST_P(Corrida, TheHourglassIsSetBackOnEveryRoad) {
     operacion();
     EXPECT_TRUE(generar());
     EXPECT_EQ(pasos, u"+-"_s);
-    EXPECT_FALSE(generar({}, {}, u"NADA"_s));
+    EXPECT_FALSE(generar({}, u"NADA"_s));
     EXPECT_EQ(pasos, u"+-+-"_s);
 }
 
@@ -110,7 +111,7 @@ TEST_P(Corrida, ASecondRunRebuildsTheSameRows) {
 
 TEST_P(Corrida, ARunLeavesTheRowsOfOtherOperationsAlone) {
     operacion({}, u"OTRA"_s);
-    EXPECT_TRUE(generar({}, {}, u"OTRA"_s));
+    EXPECT_TRUE(generar({}, u"OTRA"_s));
     const QString otra = derivados(u"OTRA"_s);
     operacion({{u"DCEstMerc"_s, u"'2'"_s}, {u"DCForzarEstMerc"_s, u"'S'"_s}});
     EXPECT_TRUE(generar());
@@ -136,7 +137,7 @@ TEST_P(Corrida, EverythingWrittenIsDurableOnEveryRoadOut) {
     EXPECT_TRUE(generar());
     EXPECT_NE(durante, plena);
     EXPECT_EQ(sincronia(), plena);
-    EXPECT_FALSE(generar({}, {}, u"NADA"_s));
+    EXPECT_FALSE(generar({}, u"NADA"_s));
     EXPECT_EQ(sincronia(), plena);
 }
 
@@ -153,25 +154,16 @@ TEST_P(Corrida, TheInputsLinkHearsTheLinesOfEachItemThatConsumesInputs) {
     operacion({{u"idsubreg"_s, u"'IC81'"_s}});
     ejecutar(u"update subitems set cancelaciones = 'OK' where interno = 'OP1' and idpais = '310'"_s);
     linea({{u"idpais"_s, u"'310'"_s}, {u"preciounitario"_s, u"20"_s}, {u"cancelaciones"_s, u"'OK'"_s}});
-    QStringList grupos;
-    QStringList items;
-    EnlaceDeInsumos enlace;
-    enlace.EnviarGrupoIdSub = [&](const QString &, qint64 raiz, const QString &lista) {
-        grupos << QString::number(raiz) + ' '_L1 + lista;
-        return true;
-    };
-    enlace.EnviarNroItem = [&](qint64 id, const QString &lista) {
-        items << QString::number(id) + ' '_L1 + lista;
-        return true;
-    };
-    EXPECT_TRUE(generar({.ARMARITEM = 1}, enlace));
+    const LibreriaDeInsumos libreria;
+    EXPECT_TRUE(generar({.ARMARITEM = 1}));
     EXPECT_EQ(ctx->ChequeoArmado, u"SI"_s);
     const auto id = ids();
-    EXPECT_EQ(grupos.join(';'_L1),
-              u"%1 %2|%3|%4|%5"_s.arg(id[1]).arg(id[3]).arg(id[5]).arg(id[7]).arg(id[9]));
+    EXPECT_EQ(libreria.pedidos("EnviarGrupoIdSub"),
+              u"OP1 %1 %2|%3|%4|%5"_s.arg(id[1]).arg(id[3]).arg(id[5]).arg(id[7]).arg(id[9]).toStdString());
     const QString consume =
         valor(u"select id from item where interno = 'OP1' and cancelaciones = 'OK' and id <> 0"_s);
-    EXPECT_EQ(items.join(';'_L1), u"%1 %2|%3"_s.arg(consume).arg(id[1]).arg(id[10]));
+    EXPECT_EQ(libreria.pedidos("EnviarNroItem"),
+              u"%1 %2|%3"_s.arg(consume).arg(id[1]).arg(id[10]).toStdString());
     EXPECT_EQ(marcas().mid(14, 6).join('\n'_L1),
               u"> Verificando Integridad\n# Verificando Integridad\n> Actualizando Insumos\n# Actualizando "
               u"Insumos\n"
@@ -181,14 +173,9 @@ TEST_P(Corrida, TheInputsLinkHearsTheLinesOfEachItemThatConsumesInputs) {
 TEST_P(Corrida, OutsideTheRegimesWithInputsNoItemIsToldButTheStepShows) {
     operacion();
     ejecutar(u"update subitems set cancelaciones = 'OK' where interno = 'OP1'"_s);
-    EnlaceDeInsumos enlace;
-    int llamadas = 0;
-    enlace.EnviarNroItem = [&](qint64, const QString &) {
-        ++llamadas;
-        return true;
-    };
-    EXPECT_TRUE(generar({}, enlace));
-    EXPECT_EQ(llamadas, 0);
+    const LibreriaDeInsumos libreria;
+    EXPECT_TRUE(generar());
+    EXPECT_EQ(libreria.pedidos("EnviarNroItem"), "");
     EXPECT_EQ(marcas().size(), 20);
 }
 
@@ -224,9 +211,9 @@ TEST_P(Corrida, AnUnexpectedErrorLeavesTheResultSiTheScreenOpenAndTheRowsAsFarAs
 TEST_P(Corrida, ARefusedLinkOfLinesEndsInTheErrorBoxWithItsOwnSource) {
     operacion();
     ejecutar(u"update subitems set cancelaciones = 'OK' where interno = 'OP1'"_s);
-    EnlaceDeInsumos enlace;
-    enlace.EnviarGrupoIdSub = [](const QString &, qint64, const QString &) { return false; };
-    EXPECT_FALSE(generar({}, enlace));
+    LibreriaDeInsumos libreria;
+    libreria.acepta = false;
+    EXPECT_FALSE(generar());
     EXPECT_EQ(ctx->ChequeoArmado, u"SI"_s);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes.front().texto,
@@ -235,7 +222,7 @@ TEST_P(Corrida, ARefusedLinkOfLinesEndsInTheErrorBoxWithItsOwnSource) {
 }
 
 TEST_P(Corrida, AnOperationWithoutHeaderEndsInTheErrorBoxOfStepTwo) {
-    EXPECT_FALSE(generar({}, {}, u"NADA"_s));
+    EXPECT_FALSE(generar({}, u"NADA"_s));
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_TRUE(registro.mensajes.front().texto.contains(" [ArmarItem.Generar]:2 : "_L1));
 }
@@ -244,7 +231,7 @@ TEST_P(Corrida, AKeyWithAQuoteIsRefusedByTheStoreWithoutHarm) {
     operacion();
     EXPECT_TRUE(generar());
     const QString antes = derivados();
-    EXPECT_FALSE(generar({}, {}, u"x'; delete from item where '1' = '1"_s));
+    EXPECT_FALSE(generar({}, u"x'; delete from item where '1' = '1"_s));
     EXPECT_EQ(registro.mensajes.back().icono, Icono::Critico);
     EXPECT_EQ(derivados(), antes);
 }
@@ -259,8 +246,8 @@ TEST_P(Corrida, TheEarlyEnds) {
     insertar(u"prorrateo"_s, {{u"interno"_s, u"'COD'"_s}, {u"codigo"_s, u"'EMB'"_s}, {u"valor"_s, u"1"_s}});
     operacion({{u"idsubreg"_s, u"'IC81'"_s}}, u"ENL"_s);
     ejecutar(u"update subitems set cancelaciones = 'OK' where interno = 'ENL'"_s);
-    EnlaceDeInsumos seNiega;
-    seNiega.EnviarNroItem = [](qint64, const QString &) { return false; };
+    LibreriaDeInsumos libreria;
+    libreria.seNiegaA = u"EnviarNroItem"_s;
 
     struct Caso {
         QString clave;
@@ -278,8 +265,7 @@ TEST_P(Corrida, TheEarlyEnds) {
     };
     for (const Caso &caso : casos) {
         registro = {};
-        EXPECT_TRUE(generar({.modo = ModoDescripcion::Maria}, seNiega, caso.clave))
-            << caso.clave.toStdString();
+        EXPECT_TRUE(generar({.modo = ModoDescripcion::Maria}, caso.clave)) << caso.clave.toStdString();
         EXPECT_EQ(ctx->ChequeoArmado, caso.resultado) << caso.clave.toStdString();
         EXPECT_EQ(registro.preguntas.size(), caso.preguntas) << caso.clave.toStdString();
         EXPECT_EQ(registro.informes.size(), caso.informes) << caso.clave.toStdString();
@@ -349,7 +335,7 @@ TEST_P(Corrida, OutsideIcTheAnswerToTheExternalTariffIsNo) {
     operacion({}, u"IC"_s);
     operacion({{u"idsubreg"_s, u"'ic04'"_s}}, u"MINUSCULA"_s);
     for (const QString &clave : {u"IT"_s, u"IC"_s, u"MINUSCULA"_s}) GuardarAEC(*ctx, clave, u"R"_s);
-    for (const QString &clave : {u"IT"_s, u"IC"_s}) EXPECT_TRUE(generar({}, {}, clave));
+    for (const QString &clave : {u"IT"_s, u"IC"_s}) EXPECT_TRUE(generar({}, clave));
     EXPECT_EQ(LeerAEC(*ctx, u"IT"_s), u"N"_s);
     EXPECT_EQ(LeerAEC(*ctx, u"IC"_s), u"R"_s);
 }
@@ -360,7 +346,7 @@ TEST_P(Corrida, AnExportIsAskedForItsCoefficient) {
         registro.respuestas = {respuesta};
         const QString clave = respuesta ? u"SI"_s : u"NO"_s;
         operacion({{u"idsubreg"_s, u"'EC01'"_s}}, clave);
-        EXPECT_TRUE(generar({.ChCOEF = !respuesta}, {}, clave));
+        EXPECT_TRUE(generar({.ChCOEF = !respuesta}, clave));
         ASSERT_EQ(registro.preguntas.size(), 1U);
         EXPECT_EQ(registro.preguntas.front().texto,
                   u"calculo del coeficiente de Exportación\r\n\r\n¿Los derechos y demás tributos están "
@@ -400,7 +386,7 @@ TEST_P(Corrida, TheWarningOfADjaiThatSendsNoDescriptions) {
             {{u"idsubreg"_s, '\''_L1 + QLatin1StringView(caso.regimen) + '\''_L1},
              {u"dc_djai_forzardescripcionmercaderia"_s, '\''_L1 + QLatin1StringView(caso.forzada) + '\''_L1}},
             clave);
-        EXPECT_TRUE(generar(caso.opciones, {}, clave));
+        EXPECT_TRUE(generar(caso.opciones, clave));
         int avisos = 0;
         for (const Mensaje &m : registro.mensajes) {
             if (!m.texto.startsWith("ADVERTENCIA: "_L1)) continue;
@@ -436,7 +422,7 @@ TEST_P(Corrida, TheDescriptionModesOfADjai) {
         linea({{u"descripcion"_s, u"'C1'"_s}, {u"descripcion_maria"_s, u"'M1'"_s}}, clave);
         linea({{u"descripcion"_s, u"'C2'"_s}, {u"descripcion_maria"_s, u"'M1'"_s}}, clave);
         linea({{u"descripcion"_s, u"'C3'"_s}, {u"descripcion_maria"_s, u"'M2'"_s}}, clave);
-        EXPECT_TRUE(generar(caso.opciones, {}, clave));
+        EXPECT_TRUE(generar(caso.opciones, clave));
         EXPECT_EQ(filas("select cantidad,descripcion from groupsubitems where interno = '"_L1 + clave +
                         "' order by cantidad,descripcion"_L1),
                   caso.grupos)
@@ -464,7 +450,7 @@ TEST_P(Corrida, TheForcedDescriptionBeatsEveryDashboardChoice) {
                  clave);
         linea({{u"descripcion_maria"_s, u"''"_s}}, clave);
         linea({{u"descripcion_maria"_s, u"'OTRA'"_s}}, clave);
-        EXPECT_TRUE(generar({.modo = modo}, {}, clave));
+        EXPECT_TRUE(generar({.modo = modo}, clave));
         EXPECT_TRUE(registro.preguntas.empty());
         EXPECT_EQ(filas("select id,descripcion from item where interno = '"_L1 + clave + "' order by id"_L1),
                   u"0|GRIFERIA DE BRONCE\n1|GRIFERIA DE BRONCE"_s);
@@ -490,7 +476,7 @@ TEST_P(Corrida, TheMarksOfThePositionsAreToldOnceEachInTheRegimesThatAsk) {
         caratula({{u"idsubreg"_s, '\''_L1 + clave + '\''_L1}}, clave);
         linea({{u"ncm"_s, u"'2208.30.20.000Q'"_s}}, clave);
         linea({{u"ncm"_s, u"'2208.30.20.000R'"_s}}, clave);
-        EXPECT_TRUE(generar({}, {}, clave));
+        EXPECT_TRUE(generar({}, clave));
         QStringList dichos;
         for (const Mensaje &m : registro.mensajes)
             if (m.texto.startsWith("Se han encontrado"_L1) && m.icono == Icono::Informacion)
@@ -506,8 +492,8 @@ TEST_P(Corrida, ATlr1KeepsNoAdvantages) {
     insertar(u"ventajasrel"_s, {{u"cuit"_s, u"'30'"_s}, {u"idventaja"_s, u"'V1'"_s}}, u"PERSONAL"_s);
     operacion({{u"idsubreg"_s, u"'TLR1'"_s}}, u"TLR"_s);
     operacion({}, u"IC"_s);
-    EXPECT_TRUE(generar({}, {}, u"IC"_s));
-    EXPECT_TRUE(generar({}, {}, u"TLR"_s));
+    EXPECT_TRUE(generar({}, u"IC"_s));
+    EXPECT_TRUE(generar({}, u"TLR"_s));
     EXPECT_EQ(valor(u"select count(*) from itemventaja where interno = 'TLR'"_s), u"0"_s);
     EXPECT_NE(valor(u"select count(*) from itemventaja where interno = 'IC'"_s), u"0"_s);
 }
@@ -526,7 +512,7 @@ TEST_P(Corrida, AnIcr3IsAskedForItsTlr1NumberAndRunsTheStoresProcedureInEitherCa
         Conexion::fijarTraza([&](const TrazaDeSentencia &t) {
             procedimientos += t.sentencia == "exec ProcesarDescargasconTLR1 '"_L1 + clave + '\''_L1 ? 1 : 0;
         });
-        EXPECT_TRUE(generar({}, {}, clave));
+        EXPECT_TRUE(generar({}, clave));
         Conexion::fijarTraza({});
         EXPECT_EQ(procedimientos, 1);
         ASSERT_EQ(registro.entradas.size(), 1U);
@@ -544,7 +530,7 @@ TEST_P(Corrida, TheDuplicateFoldRunsOnlyWhenItsOptionSaysSo) {
         caratula({}, opcion);
         linea({}, opcion);
         linea({{u"preciounitario"_s, u"10.005"_s}}, opcion);
-        EXPECT_TRUE(generar({}, {}, opcion));
+        EXPECT_TRUE(generar({}, opcion));
         EXPECT_EQ(valor("select count(*) from groupsubitems where interno = '"_L1 + opcion + '\''_L1),
                   opcion == "S"_L1 ? u"1"_s : u"2"_s);
     }

@@ -96,6 +96,7 @@ TEST_P(Cambios, AnInputsLineKeepsItsInputColumns) {
     llenarBomba();
     s.campos.TxtIdCatalogo = "INS01";
     s.campos.txtIdArticulo = "B-1";
+    s.VincularDatos = true;
     ASSERT_TRUE(grabar()) << ultimoMensaje();
     const qint64 id = grabacion.id;
     ejecutar(
@@ -258,9 +259,19 @@ TEST_P(Cambios, ALineWithInputsIsNotDeletedWithoutTheLink) {
     const qint64 b = nuevaBomba();
     ejecutar(u"update subitems set cancelaciones = 'OK' where id = %1"_s.arg(a));
     registro.respuestas = {true};
-    EXPECT_EQ(lpEliminar(*ctx, s, {a, b}), 1) << "the other one goes";
+    EXPECT_EQ(lpEliminar(*ctx, s, {a, b}), 0);
     EXPECT_EQ(ultimoMensaje(), "Error en eliminar la relacion con insumos");
-    EXPECT_EQ(linea("id"), std::to_string(a));
+    EXPECT_EQ(cuantas(), 2);
+}
+
+TEST_P(Cambios, ALineThatIsGoneAlreadyStopsNoDeletion) {
+    const qint64 a = nuevaBomba();
+    const qint64 b = nuevaBomba();
+    ejecutar(u"delete from subitems where id = %1"_s.arg(a));
+    registro.respuestas = {true};
+    EXPECT_EQ(lpEliminar(*ctx, s, {a, b}), 1);
+    EXPECT_EQ(cuantas(), 0);
+    EXPECT_TRUE(registro.mensajes.empty());
 }
 
 EN_AMBOS_STORES(Cambios);

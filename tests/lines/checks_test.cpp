@@ -7,6 +7,8 @@
 #include "header/automotive.h"
 #include "tests/lines/lineas.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class Controles : public Lineas {};
@@ -73,7 +75,8 @@ TEST_P(Controles, EachOneTellsItsWordAndItsFieldAndWritesNothing) {
 
 TEST_P(Controles, AQuantityThatIsNoNumberIsToldAfterThePrice) {
     llenarBomba();
-    s.campos.TxtUnidad = "09";  // another unit than the statistical one, so that check 8 does not speak
+    s.campos.TxtUnidad =
+        "09";  // another unit than the statistical one, so that their quantities are not compared
     s.campos.TxtCantidad = "dos";
     EXPECT_FALSE(grabar());
     EXPECT_EQ(ultimoMensaje(), "Debe ingresar un valor numerico en el campo CANTIDAD");
@@ -245,6 +248,43 @@ TEST_P(Controles, TheArticleIsForcedIntoTheSuffixes) {
     s.campos.txtIdArticulo = "n(75)-b";
     ASSERT_TRUE(grabar()) << ultimoMensaje();
     EXPECT_EQ(linea("sufijos"), "AA01-AB(N 75 B)-");
+}
+
+TEST_P(Controles, WithoutAnArticleTheForcedSuffixesStayAsTheyAre) {
+    ctx->opciones.SbtForzarNroArtAI = true;
+    llenarBomba();
+    s.campos.txtSufijos = "AA01-AB(NP 0750)-";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("sufijos"), "AA01-AB(NP 0750)-");
+}
+
+TEST_P(Controles, LettersAloneMakeNoLineOfTheInputsLink) {
+    llenarBomba();
+    s.campos.TxtIdCatalogo = "INS";
+    s.campos.txtIdArticulo = "INS-1";
+    EXPECT_FALSE(grabar());
+    EXPECT_EQ(ultimoMensaje(), "Codigo de catalogo no esta en base de datos.");
+    EXPECT_EQ(cuantas(), 0);
+}
+
+// Rows of three characters, of five, and of a letter without a type: no family can be asked for.
+TEST_P(Controles, APositionWhoseFamiliesAreAllSkippedIsALineWithoutSuffixes) {
+    for (const char *fila : {"'3901.  .  .   ','BA1','Corto'", "'3901.  .  .   ','CAXYZ','Largo'",
+                             "'3901.  .  .   ','MB','Sin tipo'"})
+        ejecutar("insert into sufidos (sim,sufijo,detalle) values ("_L1 + QLatin1String(fila) + ")"_L1,
+                 "NCM");
+    llenarPlastico();
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("sufijos"), "SIN SUFIJOS");
+    const qint64 id = grabacion.id;
+    // And the line can be changed, also one that holds what was stored once.
+    for (const char *guardado : {"SIN SUFIJOS", "-", "", "SIN SUFIJOS-"}) {
+        ejecutar("update subitems set sufijos = '"_L1 + QLatin1String(guardado) + "'"_L1);
+        ASSERT_TRUE(BuscarSubItem(*ctx, s, id));
+        ASSERT_TRUE(grabar()) << guardado << ": " << ultimoMensaje();
+        EXPECT_EQ(linea("sufijos"), "SIN SUFIJOS") << guardado;
+    }
+    EXPECT_TRUE(registro.mensajes.empty()) << ultimoMensaje();
 }
 
 EN_AMBOS_STORES(Controles);

@@ -148,6 +148,18 @@ TEST_P(CamposDeLinea, KilogramsDeclaredAreKilogramsOfTheStatistics) {
     EXPECT_EQ(s.campos.TxtValorsobreestadistica.toStdString(), "75.00");
 }
 
+TEST_P(CamposDeLinea, EnterOnThePositionLeavesTheNetKilosThatWereTyped) {
+    s.campos.TxtPosicion = posPlastico;
+    s.campos.TxtUnidad = "29";  // a tonne
+    s.campos.TxtCantidad = "2";
+    CampoDeLineaCambia(*ctx, s, "TxtCantidad");
+    EXPECT_EQ(s.campos.TxtKgNeto.toStdString(), "2000.00");
+    s.campos.TxtKgNeto = "1985.50";  // as weighed
+    ASSERT_TRUE(CampoDeLineaEnter(*ctx, s, "TxtPosicion").ok);
+    EXPECT_EQ(s.campos.TxtKgNeto.toStdString(), "1985.50");
+    EXPECT_EQ(s.campos.TxtValorsobreestadistica.toStdString(), "2000.00") << "it follows the declared one";
+}
+
 TEST_P(CamposDeLinea, TheUnitWeightFillsWhatIsMeasuredInKilograms) {
     s.campos.TxtPosicion = posVino;
     ASSERT_TRUE(BuscarNCM(*ctx, s).ok);
@@ -315,6 +327,39 @@ TEST_P(CamposDeLinea, SuffixesAskedForAgainKeepTheirTextWhenOneGivesUp) {
     registro.indices = {2};
     ActuSufijos(*ctx, s);
     EXPECT_EQ(s.campos.txtSufijos.toStdString(), "AA02-AB(X 1)-");
+}
+
+TEST_P(CamposDeLinea, AnArticleOfTheCatalogueHasItsSuffixesReconfirmed) {
+    ejecutar("update catarticulos set sufijos = 'AB(X 1)-'", "CATALOGOS");
+    s.campos.TxtIdCatalogo = "CAT";
+    s.campos.txtIdArticulo = "B-1";
+    ASSERT_TRUE(CampoDeLineaEnter(*ctx, s, "txtIdArticulo").ok);
+    registro.indices = {2};
+    ActuSufijos(*ctx, s);
+    EXPECT_EQ(s.campos.txtSufijos.toStdString(), "AA02-AB(X 1)-");
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].titulo.toStdString(), "Verificación de Sufijos");
+}
+
+TEST_P(CamposDeLinea, ALineThatWasLeftAsksForNoReconfirmationOfTheNext) {
+    llenarBomba();
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    const auto tomar = [this] {
+        s.campos.TxtIdCatalogo = "CAT";
+        s.campos.txtIdArticulo = "B-1";
+        ASSERT_TRUE(BuscarArticuloSobreCat(*ctx, s));
+        ASSERT_TRUE(ctx->ReconfirmarSufijos);
+    };
+    tomar();
+    VaciarCampos(*ctx, s);
+    EXPECT_FALSE(ctx->ReconfirmarSufijos) << "begun anew";
+    tomar();
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
+    EXPECT_FALSE(ctx->ReconfirmarSufijos) << "another line taken in hand";
+    VaciarCampos(*ctx, s);
+    tomar();
+    abrirCon("IC04");
+    EXPECT_FALSE(ctx->ReconfirmarSufijos) << "the screen opened again";
 }
 
 // List

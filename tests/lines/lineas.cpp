@@ -44,7 +44,6 @@ void Lineas::SetUp() {
 }
 
 void Lineas::TearDown() {
-    insumos::crearEnlace = nullptr;
     oReferenceValues::GetValoresCriterio = nullptr;
     EnAmbosStores::TearDown();
 }

@@ -6,7 +6,6 @@
 
 #include "frame/base/numbers.h"
 #include "header/changes.h"
-#include "subitems/ArticleStore.h"
 #include "subitems/ReferenceValues.h"
 #include "subitems/linelist.h"
 #include "tests/lines/lineas.h"
@@ -16,15 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Grabado : public Lineas {
- protected:
-    std::string articulo(const QString &columnas, const QString &cual = "B-1") {
-        return filas(u"select %1 from catarticulos where idcatalogo = 'CAT' and idarticulo = '%2'"_s.arg(
-                         columnas, cual),
-                     "CATALOGOS")
-            .toStdString();
-    }
-};
+class Grabado : public Lineas {};
 
 TEST_P(Grabado, EveryFieldReachesItsColumn) {
     abrirCon("IC04");
@@ -82,7 +73,7 @@ TEST_P(Grabado, ApostrophesInAnyFieldBreakNoStatement) {
           &CamposSubItem::TxtCodProrrateo, &CamposSubItem::TxtIdpais})
         c.*campo = "a'b";
     ASSERT_TRUE(grabar()) << ultimoMensaje();
-    EXPECT_EQ(linea("idarticulo,descripcion,descripcion_maria,otros,codprorrateo"), "O'1|a b|a b|a'b|a'b");
+    EXPECT_EQ(linea("idarticulo,descripcion,descripcion_maria,otros,codprorrateo"), "O'1|a b|a b|a'b|A'B");
     ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
     ASSERT_TRUE(grabar()) << ultimoMensaje();
     EXPECT_EQ(linea("otros,certorig,cancnrosubitem"), "a'b|a'b|a'b");
@@ -181,90 +172,49 @@ TEST_P(Grabado, AHeaderWithoutFobShowsNoForcedDigits) {
     EXPECT_EQ(s.lbDIF.toStdString(), "00.50");
 }
 
-// Catalogue
+// The licence mark
 
-TEST_P(Grabado, TheCatalogueDoesNotFollowWithoutAnOption) {
+TEST_P(Grabado, TheLicenceMarkIsThatOfThePositionAtTheMomentOfSaving) {
+    // The same units as the pump, without its mark.
+    ejecutar(
+        "insert into ncm ([001],[002],[003],[012],[020],[059]) values ('8413.70.10','200','R','07','','')",
+        "NCM");
     llenarBomba();
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.txtIdArticulo = "NUEVO";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("idarticulo", "NUEVO"), "");
+    s.campos.TxtPosicion = "8413.70.10.200R";  // typed over, without ENTER
+    s.campos.txtSufijos = "AB(X 1)-";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("ncm,lapi"), "8413.70.10.200R|N");
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
+    s.campos.TxtPosicion = posBomba;
+    s.campos.txtSufijos = "AA01-AB(X 1)-";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("ncm,lapi"), "8413.70.10.100L|S");
 }
 
-TEST_P(Grabado, ANewArticleIsAddedAndAnExistingOneStays) {
-    ctx->opciones.MODIFCAT = 2;
-    ctx->PcName = "PC 7";
+TEST_P(Grabado, ALineWhoseMarkWasNeverStoredTakesItWithAChange) {
     llenarBomba();
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.txtIdArticulo = "NUEVO";
-    s.campos.TxtDescArticulos = "Bomba nueva";
-    s.campos.TxtFiller = "F2";
-    s.campos.TxtIdpais = "203";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("descripcion,ncm,idunidad,idpais,itfiller,sufijos,biendeuso,usuario", "NUEVO"),
-              "Bomba nueva|8413.70.10.100L|07|203|F2|AA01-AB(X 1)-|N|PC 7");
-    EXPECT_EQ(articulo("preciounitario,kgneto", "NUEVO"), "<null>|<null>");
-    EXPECT_NE(articulo("fecha", "NUEVO"), "<null>");
-
-    llenarBomba();
-    s.campos.txtIdArticulo = "B-1";
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.TxtDescArticulos = "Otra cosa";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("descripcion,usuario"), "Bomba chica|OTRA PC");
-    EXPECT_TRUE(registro.mensajes.empty()) << "nothing is said of an article that stays";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    ejecutar("update subitems set lapi = ''");
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("lapi"), "S");
 }
 
-TEST_P(Grabado, AnArticleIsReplacedWithTheOtherOptionAndKeepsItsPrice) {
-    ctx->opciones.MODARTSUB = "S";
-    llenarBomba();
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.txtIdArticulo = "B-1";
-    s.campos.TxtDescArticulos = "Otra cosa";
-    s.campos.TxtUnitario = "99";
-    s.campos.TxtFobTotal = "2376";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("descripcion,preciounitario,kgneto,cantidad"), "Otra cosa|10.5|9.8|1");
-}
+// Codes
 
-TEST_P(Grabado, PriceAndUnitWeightGoAlongOnlyWithTheirOption) {
-    ctx->opciones.MODARTSUB = "S";
-    ctx->opciones.VALORCAT = 2;
+TEST_P(Grabado, CodesAreStoredInCapitalsWhereverTheyCameFrom) {
     llenarBomba();
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.txtIdArticulo = "B-1";
-    s.campos.TxtUnitario = "99.5";
-    s.campos.txtKgUnitario = "7,25";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("preciounitario,kgneto"), "99.5|7.25");
-}
-
-TEST_P(Grabado, ALineOfInputsAndABlockThatIsOffLeaveTheCatalogueAlone) {
-    ctx->opciones.MODARTSUB = "S";
-    llenarBomba();
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.txtIdArticulo = "INS-1";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("idarticulo", "INS-1"), "");
-    s.ofrece[static_cast<std::size_t>(BloqueDeLinea::Catalogos)] = false;
-    llenarBomba();
-    s.campos.TxtIdCatalogo = "CAT";
-    s.campos.txtIdArticulo = "OTRO";
-    ASSERT_TRUE(grabar());
-    EXPECT_EQ(articulo("idarticulo", "OTRO"), "");
-}
-
-TEST_P(Grabado, TheArticleStoreToleratesApostrophes) {
-    ArticleStore::Articulo a;
-    a.idcatalogo = "CAT";
-    a.idarticulo = "O'HIGGINS";
-    a.descripcion = "Llave d'agua";
-    EXPECT_TRUE(ArticleStore::Agregar(*ctx, a, true));
-    EXPECT_FALSE(ArticleStore::Agregar(*ctx, a, true));
-    const auto leido = ArticleStore::Leer(*ctx, "CAT", "O'HIGGINS");
-    ASSERT_TRUE(leido);
-    EXPECT_EQ(leido->descripcion.toStdString(), "Llave d'agua");
-    EXPECT_FALSE(leido->preciounitario);
+    s.campos.TxtPosicion = "8413.70.10.100l";
+    s.campos.TxtUnidad = "kg";
+    s.campos.TxtIdpais = "ar";
+    s.campos.txtIdPaisProc = "br";
+    s.campos.TxtIdEstadoMercaderia = "u";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("ncm,idunidad,idpais,idpaisproc,estadomerc"), "8413.70.10.100L|KG|AR|BR|U");
+    ejecutar("update subitems set ncm = '8413.70.10.100l', idpais = 'ar'");
+    ASSERT_TRUE(BuscarSubItem(*ctx, s, grabacion.id));
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("ncm,idpais"), "8413.70.10.100L|AR");
 }
 
 // Changes

@@ -6,7 +6,7 @@
 
 #include <QLocale>
 
-#include "subitems/inputslink.h"
+#include "tests/support/insumos.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;
@@ -27,7 +27,6 @@ class Ciclo : public EnAmbosStores {
     }
     void TearDown() override {
         Conexion::fijarTraza({});
-        insumos::crearEnlace = {};
         QLocale::setDefault(anterior);
         EnAmbosStores::TearDown();
     }
@@ -296,22 +295,11 @@ TEST_P(Ciclo, InputsAreGivenBackLineByLineAndARefusalIsNotLookedAt) {
         ejecutar("insert into subitems (interno,cancelaciones,idcatalogo,idarticulo) values ('A1','"_L1 +
                  L(estado) + "','CAT','ART')"_L1);
     const QString id = valor(u"select id from subitems where cancelaciones = 'OK' order by id"_s);
-    QStringList pedidos;
-    int enlaces = 0;
-    insumos::crearEnlace = [&] {
-        ++enlaces;
-        insumos::Enlace enlace;
-        enlace.EliminarInsumo = [&pedidos](const QString &interno, const QString &catalogo,
-                                           const QString &articulo, qint64 linea) {
-            pedidos << interno + QLatin1Char('|') + catalogo + QLatin1Char('|') + articulo +
-                           QLatin1Char('|') + QString::number(linea);
-            return false;
-        };
-        return enlace;
-    };
+    LibreriaDeInsumos libreria;
+    libreria.acepta = false;
     EXPECT_TRUE(EliminarSinPreguntar(*ctx, u"A1"_s));
-    EXPECT_EQ(enlaces, 1);
-    EXPECT_EQ(pedidos.join(QLatin1Char(';')).toStdString(), ("A1|CAT|ART|"_L1 + id).toStdString());
+    EXPECT_EQ(libreria.enlaces, 1);
+    EXPECT_EQ(libreria.pedidos("EliminarInsumo"), ("A1|CAT|ART|"_L1 + id).toStdString());
     EXPECT_EQ(cuantas("subitems", "A1"), "0"_L1);
 }
 

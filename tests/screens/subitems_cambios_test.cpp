@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <optional>
 
 #include "frame/ui/Pantalla.h"
 #include "subitems/FrmSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
+#include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,33 +19,13 @@ const QString importacion = u"IC-2026-0001"_s;
 class LineasCargadas : public EnLineas {
  protected:
     void conEnlace() {
-        insumos::crearEnlace = [this] {
-            insumos::Enlace e;
-            e.EstadoConexion = [] { return true; };
-            e.Mostrar = [this] {
-                insumos::Eleccion una;
-                una.CATNRO = u"INS01"_s;
-                una.PRDNRO = u"P-1"_s;
-                una.PRDDES = u"Bomba"_s;
-                una.PRDNCM = bomba;
-                una.PRDUNI = u"07"_s;
-                una.PRDPRE = u"10,5"_s;
-                una.PRDPAI = u"203"_s;
-                una.PRDSUF = u"AA01-AB(X 1)-ZB(000750)-"_s;
-                return std::optional(una);
-            };
-            e.AgregarInsumo = [this](const insumos::Toma &, double &cif) {
-                cif = 12.75;
-                return acepta;
-            };
-            e.EliminarInsumo = [this](const QString &, const QString &, const QString &, qint64) {
-                return acepta;
-            };
-            return e;
-        };
+        libreria.emplace();
+        libreria->eleccion =
+            insumos::Eleccion{u"INS01"_s, u"P-1"_s,  u"Bomba"_s, bomba,
+                              u"07"_s,    u"10,5"_s, u"203"_s,   u"AA01-AB(X 1)-ZB(000750)-"_s};
         ejecutar("update caratula set idsubreg = 'EC02' where interno = 'OP 1'");
     }
-    bool acepta = true;
+    std::optional<LibreriaDeInsumos> libreria;
 };
 
 TEST_P(LineasCargadas, TheListShowsEveryLineAndTheTotals) {
@@ -204,7 +186,7 @@ TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
     llenar(pantalla.ui.TxtFobTotal, u"252"_s);
     tecla(Qt::Key_F11);
     EXPECT_EQ(linea("idcatalogo,idarticulo,insumostemp,cancelaciones"), "INS01|P-1|12.75|OK");
-    acepta = false;
+    libreria->acepta = false;
     registro.respuestas = {true};
     tecla(Qt::Key_F9);
     tecla(Qt::Key_Delete);
@@ -213,10 +195,42 @@ TEST_P(LineasCargadas, ALineThatTookInputsStaysWhenTheLinkRefuses) {
     EXPECT_EQ(pantalla.ui.LstArticulos->rowCount(), 1);
 }
 
+TEST_P(LineasCargadas, TheNoOfTheLinkAmongManyCheckedLinesStopsThere) {
+    conEnlace();
+    auto &pantalla = lineas();
+    auto &ui = pantalla.ui;
+    for (int n = 0; n < 3; ++n) {
+        tecla(Qt::Key_F8);
+        llenar(ui.TxtCantidad, u"24"_s);
+        llenar(ui.TxtFobTotal, u"252"_s);
+        tecla(Qt::Key_F11);
+    }
+    ASSERT_EQ(ultimoMensaje(), "<ninguno>");
+    ejecutar("update caratula set factura8 = 'N' where interno = 'OP 1'");
+    const QStringList ids = filas("select id from subitems where interno = 'OP 1' order by id").split(u'\n');
+    ASSERT_EQ(ids.size(), 3);
+    libreria->retenidas = {ids[1].toLongLong()};
+    tecla(Qt::Key_F9);
+    tecla(Qt::Key_Home);
+    for (int n = 0; n < 3; ++n) {
+        tecla(Qt::Key_Space);
+        tecla(Qt::Key_Down);
+    }
+    registro.respuestas = {true};
+    tecla(Qt::Key_Delete);
+    EXPECT_EQ(ultimoMensaje(), "Error en eliminar la relacion con insumos");
+    EXPECT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(linea("id"), ids[1].toStdString() + "\n" + ids[2].toStdString());
+    EXPECT_EQ(ui.LstArticulos->rowCount(), 2);
+    // Two of 252 stay.
+    EXPECT_EQ(ui.LbTotSubitems->text(), u"504.00"_s);
+    EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'"), u"S"_s);
+}
+
 // On an inputs regime, an insert that the link refuses leaves no row, and the user sees no separate message.
 TEST_P(LineasCargadas, ALineThatTheLinkRefusesLeavesNoRowAndNoMessage) {
     conEnlace();
-    acepta = false;
+    libreria->acepta = false;
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
     EXPECT_TRUE(ui.cmdInsumos->isVisible());

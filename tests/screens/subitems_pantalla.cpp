@@ -16,7 +16,6 @@ void EnLineas::SetUp() {
 }
 
 void EnLineas::TearDown() {
-    insumos::crearEnlace = nullptr;
     oReferenceValues::GetValoresCriterio = nullptr;
     EnPantalla::TearDown();
 }

@@ -249,6 +249,18 @@ TEST_P(Sufijos, FamiliesOfAnotherLengthOrWithoutATypeAreSkipped) {
     EXPECT_EQ(preguntado(), 1U);
 }
 
+TEST_P(Sufijos, ATextWithoutTokensIsTheEmptyText) {
+    sufijo("84  .  .  .   ", "BA1");
+    sufijo("84  .  .  .   ", "MB");
+    EXPECT_EQ(construir(), "");
+    EXPECT_EQ(validar("", ModoDeSufijos::Reconfirmar), "");
+    EXPECT_EQ(validar("-", ModoDeSufijos::Reconfirmar), "");
+    EXPECT_EQ(validar("SIN SUFIJOS", ModoDeSufijos::Reconfirmar), "SIN SUFIJOS")
+        << "told, it stands unclosed";
+    EXPECT_EQ(preguntado(), 0U);
+    EXPECT_EQ(mensajes(), "");
+}
+
 TEST_P(Sufijos, ReRunningOnAFinishedTextAsksNothing) {
     tresFamilias();
     const char *const terminado = "AA02-AB(BOSCH)-ZB(000075)-";

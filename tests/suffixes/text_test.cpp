@@ -115,6 +115,9 @@ TEST(ArticuloForzado, ReplacesTheValuesOfAIAndAB) {
         {"AA01-ZB(000001)-", "abc", "AA01-ZB(000001)-"},
         {"SIN SUFIJOS", "abc", "SIN SUFIJOS"},
         {"", "abc", ""},
+        // No article, and one of marks alone: nothing to put in.
+        {"AA01-AI(VIEJO)-AB(OTRO)-", "", "AA01-AI(VIEJO)-AB(OTRO)-"},
+        {"AA01-AI(VIEJO)-AB(OTRO)-", "(-)", "AA01-AI(VIEJO)-AB(OTRO)-"},
     };
     for (const Caso &c : casos)
         EXPECT_EQ(
