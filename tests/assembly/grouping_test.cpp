@@ -72,10 +72,9 @@ TEST_P(Agrupacion, MeasuresAndAmountsOfAGroupAreSummed) {
            {u"ajustededucir"_s, u"null"_s}});
     ContextoArmado r = corrida();
     agrupar(r);
-    EXPECT_EQ(
-        grupos(u"cantidad,fob,kgneto,kgbruto,valorrelacionestadistica,valorderesp,insumostemp,insumosacons,"
-               "ajusteincluir,ajustededucir"_s),
-        u"5|50|4|5|5|10|3|1.5|3.25|1"_s);
+    EXPECT_EQ(grupos(u"cantidad,fob,kgneto,kgbruto,valorrelacionestadistica,valorderesp,"
+                     "insumostemp,insumosacons,ajusteincluir,ajustededucir"_s),
+              u"5|50|4|5|5|10|3|1.5|3.25|1"_s);
 }
 
 TEST_P(Agrupacion, LapiIsNotInsertedAndArrivesEmpty) {

@@ -4,7 +4,7 @@
 #include <map>
 #include <vector>
 
-#include "assembly/run.h"
+#include "assembly/phases.h"
 #include "tests/support/tienda.h"
 
 /// Column to SQL literal: {"fob", "12.5"}, {"idpais", "'203'"}, {"sufijos", "null"}.
