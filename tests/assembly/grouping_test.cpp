@@ -109,6 +109,16 @@ TEST_P(Agrupacion, LinesOfOneArticleKeepItAndItsCatalogueFromTheFirstLine) {
     EXPECT_EQ(vinculos(), u"%1|%2\n%1|%3"_s.arg(id[0]).arg(id[1]).arg(id[2]));
 }
 
+TEST_P(Agrupacion, PercentSignsInTheTextsOfALineAreText) {
+    caratula();
+    for (int n = 0; n < 2; ++n)
+        linea(
+            {{u"idarticulo"_s, u"'%1-100%'"_s}, {u"idcatalogo"_s, u"'%2 %3'"_s}, {u"itfiller"_s, u"'%4'"_s}});
+    ContextoArmado r = corrida();
+    agrupar(r);
+    EXPECT_EQ(grupos(u"cantidad,idarticulo,idcatalogo,itfiller"_s), u"2|%1-100%|%2 %3|%4"_s);
+}
+
 TEST_P(Agrupacion, AOneLineGroupIsLinkedByTheFirstPassAndHasNoIdrelRow) {
     caratula();
     linea();
