@@ -79,11 +79,14 @@ TEST_P(Listas, TwentyThousandCodesFromF6ToTheWindowAndALetterTyped) {
     EXPECT_EQ(campo->text(), u"19998"_s);
 
     EstadoDeLista lista(ListadoCodigosClass(*ctx).Listado(u"PUERTO"_s).vistas());
-    constexpr int vueltas = 200;
+    constexpr int vueltas = 100;
     const double busqueda = MejorTiempo([&lista] {
-                                for (int i = 0; i < vueltas; ++i) lista.Escribir(u"PUERTO 1234"_s);
+                                for (int i = 0; i < vueltas; ++i) {
+                                    lista.Escribir(u"p"_s);
+                                    lista.Escribir(u"PUERTO 1234"_s);
+                                }
                             }) /
-                            vueltas;
+                            (2.0 * vueltas);
     EXPECT_GE(lista.actual, 0);
     Informar("a letter's search in it", GetParam(), 1, busqueda);
 }
