@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <utility>
 
-#include "assembly/run.h"
+#include "assembly/options.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
 

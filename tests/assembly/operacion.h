@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "assembly/phases.h"
+#include "assembly/run.h"
 #include "tests/support/tienda.h"
 
 /// Column to SQL literal: {"fob", "12.5"}, {"idpais", "'203'"}, {"sufijos", "null"}.

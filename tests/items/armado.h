@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "assembly/phases.h"
+#include "assembly/run.h"
 #include "tests/support/tienda.h"
 
 /// Columns and their SQL literals.
