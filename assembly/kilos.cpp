@@ -32,7 +32,7 @@ double sumaDeKilos(ContextoArmado &r) {
                     u"total");
 }
 
-QString redondeado(const ContextoArmado &r, const QString &expresion) {
+QString enCentavos(const ContextoArmado &r, const QString &expresion) {
     return SqlRound(r.ctx, u"INTERNOS"_s, expresion, u"00.00");
 }
 
@@ -120,7 +120,7 @@ void llevarAItems(ContextoArmado &r, double kilos) {
         u"select id,estadistica,deresp,%1 as totalkg "
         "from groupsubitems "
         "where interno = %2 "
-        "group by id,estadistica,deresp"_s.arg(redondeado(r, u"sum(kgneto)"_s), clave),
+        "group by id,estadistica,deresp"_s.arg(enCentavos(r, u"sum(kgneto)"_s), clave),
         rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         const QString total = SqlNumber(r.ctx, rs.Numero(u"TotalKg"));
@@ -163,8 +163,8 @@ MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &
         u"select estadistica,deresp,%1 as est,%2 as esp "
         "from groupsubitems "
         "where %3 and id = %4 and interno= %5 "
-        "group by estadistica,deresp"_s.arg(redondeado(r, u"sum(valorrelacionestadistica)"_s),
-                                            redondeado(r, u"sum(valorderesp)"_s), prueba, id, r.clave()),
+        "group by estadistica,deresp"_s.arg(enCentavos(r, u"sum(valorrelacionestadistica)"_s),
+                                            enCentavos(r, u"sum(valorderesp)"_s), prueba, id, r.clave()),
         rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         m.medida = medidaDe(rs);
@@ -249,7 +249,7 @@ void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
     const QString parte = u"((fob * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fobTotal));
     r.ejecutar(
         u"Update groupsubitems set kgneto = %1 "
-        "where interno = %2 and kgneto <= 0 and flgkg='*'"_s.arg(redondeado(r, parte), r.clave()));
+        "where interno = %2 and kgneto <= 0 and flgkg='*'"_s.arg(enCentavos(r, parte), r.clave()));
     barra(r, 50);
     aplicarPiso(r);
     barra(r, 70);

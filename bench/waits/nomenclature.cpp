@@ -14,7 +14,7 @@ class Nomenclador : public EnPantalla {
     void SetUp() override {
         EnPantalla::SetUp();
         constexpr int posiciones = 30000;
-        constexpr int porVez = 500;
+        constexpr int porTanda = 500;
         static const QStringList bienes{u"Bombas para líquidos"_s,
                                         u"Válvulas de retención"_s,
                                         u"Contrapesos de fundición"_s,
@@ -22,9 +22,9 @@ class Nomenclador : public EnPantalla {
                                         u"Motores eléctricos de corriente alterna"_s,
                                         u"Aparatos de óptica"_s,
                                         u"Preparaciones alimenticias compuestas"_s};
-        for (int desde = 0; desde < posiciones; desde += porVez) {
+        for (int desde = 0; desde < posiciones; desde += porTanda) {
             QStringList valores;
-            for (int i = desde; i < desde + porVez; ++i)
+            for (int i = desde; i < desde + porTanda; ++i)
                 valores << u"('%1.%2.%3','%4','A','%5 y sus partes','%5, artículo %6')"_s.arg(1000 + i / 1000)
                                .arg(i / 10 % 100, 2, 10, '0'_L1)
                                .arg(i % 10 * 10, 2, 10, '0'_L1)
