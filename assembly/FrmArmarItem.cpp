@@ -3,6 +3,7 @@
 #include <QProgressBar>
 #include <QTimer>
 
+#include "frame/context.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/iconos.h"

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "assembly/run.h"
+#include "frame/dialogs.h"
 #include "ui_FrmArmarItem.h"
 
 /// The one long run as the user watches it: ten steps with their marks, two bars, and the item in hand.

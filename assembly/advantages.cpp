@@ -1,4 +1,7 @@
-#include "assembly/run.h"
+// Advantages of the client, of the regime and of the articles.
+
+#include "assembly/phases.h"
+#include "frame/escritura.h"
 #include "header/automotive.h"
 #include "subitems/nomenclature.h"
 
@@ -6,36 +9,37 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using L = QLatin1String;
-
-void insertar(ContextoArmado &r, const QString &deItems, const QString &ventaja) {
+void agregarAItems(const ContextoArmado &r, const QString &deItems, const QString &ventaja) {
     Recordset items;
     for (r.consultar(deItems, items); !items.Eof(); items.MoveNext())
-        r.ejecutar("insert into itemventaja (iditem,interno,idventaja) values ("_L1 + items.Texto(u"ID") +
-                   ",'"_L1 + r.interno + "','"_L1 + ventaja + "')"_L1);
+        AgregarVentaja(r, items.Texto(u"ID"), ventaja);
 }
 
 /// A row of a client that has no regime and names a position is met by both passes; the second insert stands.
 void insertarDelCliente(ContextoArmado &r, const QString &prueba, bool soloConPosicion) {
-    const QString todos = "select id from item where interno = '"_L1 + r.interno + "' and id<>0"_L1;
+    const QString todos =
+        u"select id from item "
+        "where interno = %1 and id<>0"_s.arg(r.clave());
     Recordset filas;
-    for (r.consultar("select * from VentajasRel where cuit = '"_L1 + r.ClienteCuit + "' and "_L1 + prueba,
-                     filas, u"PERSONAL"_s);
-         !filas.Eof(); filas.MoveNext()) {
+    r.consultar(
+        u"select * from VentajasRel "
+        "where cuit = %1 and %2"_s.arg(EnComillas(r.ClienteCuit), prueba),
+        filas, u"PERSONAL"_s);
+    for (; !filas.Eof(); filas.MoveNext()) {
         const QString ncm = filas.Texto(u"NCM").trimmed();
         if (ncm.isEmpty() && soloConPosicion) continue;
-        insertar(r, ncm.isEmpty() ? todos : todos + " and ncm like '"_L1 + ncm + "%'"_L1,
-                 filas.Texto(u"idventaja"));
+        agregarAItems(r, ncm.isEmpty() ? todos : todos + " and ncm like '"_L1 + ncm + "%'"_L1,
+                      filas.Texto(u"idventaja"));
     }
 }
 
 void cierreICR(ContextoArmado &r, const QString &ncm, const Recordset &posicion) {
     if (posicion.Texto(u"estampillado").trimmed() == "*"_L1)
         r.ejecutar(
-            "insert into ITEMINFO (IDITEM, IDINFO, VALOR, INTERNO) select "
-            "id,'CANT.ESTAMPILLAS',cantidad,'"_L1 +
-            r.interno + "' from item where interno = '"_L1 + r.interno + "' and ncm = '"_L1 + ncm +
-            "' and idunidad = '07'"_L1);
+            u"insert into ITEMINFO (IDITEM, IDINFO, VALOR, INTERNO) "
+            "select id,'CANT.ESTAMPILLAS',cantidad,%1 "
+            "from item "
+            "where interno = %1 and ncm = %2 and idunidad = '07'"_s.arg(r.clave(), EnComillas(ncm)));
     if (!r.ctx.CalculoAEC.isEmpty() && posicion.Texto(u"028") == "*"_L1) {
         PreguntarRegimenAutomotriz(r.ctx, r.interno);
         r.ctx.CalculoAEC = LeerAEC(r.ctx, r.interno, u"N"_s);
@@ -44,9 +48,17 @@ void cierreICR(ContextoArmado &r, const QString &ncm, const Recordset &posicion)
 
 }  // namespace
 
+void AgregarVentaja(const ContextoArmado &r, const QString &iditem, const QString &idventaja) {
+    r.ejecutar(Escritura(r.ctx)
+                   .crudo("iditem", iditem)
+                   .codigo("interno", r.interno)
+                   .codigo("idventaja", idventaja)
+                   .insertar(u"itemventaja"_s));
+}
+
 void VentajasDelCliente(ContextoArmado &r) {
     const QString sinRegimen = u"(idSubRegimen = '' or idSubRegimen is null)"_s;
-    insertarDelCliente(r, "(idSubRegimen = '"_L1 + r.idsubreg + "' or "_L1 + sinRegimen + ")"_L1, false);
+    insertarDelCliente(r, u"(idSubRegimen = %1 or %2)"_s.arg(EnComillas(r.idsubreg), sinRegimen), false);
     insertarDelCliente(r, sinRegimen, true);
 }
 
@@ -58,14 +70,20 @@ void CierreDelRegimen(ContextoArmado &r) {
     bool preguntado = false;
     bool agregar = false;
     Recordset rs;
-    for (r.consultar("select distinct ncm from item where interno = '"_L1 + r.interno + "' and id<>0"_L1, rs);
-         !rs.Eof(); rs.MoveNext()) {
+    r.consultar(
+        u"select distinct ncm from item "
+        "where interno = %1 and id<>0"_s.arg(r.clave()),
+        rs);
+    for (; !rs.Eof(); rs.MoveNext()) {
         const QString ncm = rs.Texto(u"ncm");
         Recordset posicion;
-        for (r.consultar("select [028], [041] as estampillado, [059] as LAPI from ncm where [001] = '"_L1 +
-                             ncm.left(10) + "' and [002] = '"_L1 + CortarPosicion(ncm).c002 + "'"_L1,
-                         posicion, u"NCM"_s);
-             !posicion.Eof(); posicion.MoveNext()) {
+        r.consultar(
+            u"select [028], [041] as estampillado, [059] as LAPI "
+            "from ncm "
+            "where [001] = %1 and [002] = %2"_s.arg(EnComillas(ncm.left(10)),
+                                                    EnComillas(CortarPosicion(ncm).c002)),
+            posicion, u"NCM"_s);
+        for (; !posicion.Eof(); posicion.MoveNext()) {
             if (icr) {
                 cierreICR(r, ncm, posicion);
                 continue;
@@ -75,38 +93,44 @@ void CierreDelRegimen(ContextoArmado &r) {
             if (!preguntado) {
                 preguntado = true;
                 agregar = r.ctx.dialogos.preguntar(
-                    {u"Hay Artículos con LAPI y Pertenecientes al Régimen automotriz\r\nDesea "
-                     "agregarle la ventaja << "
-                     "VEHICULOPARTES >>\r\n\r\n(Repuestos en IG04, IG05, IG06)"_s,
+                    {u"Hay Artículos con LAPI y Pertenecientes al Régimen automotriz\r\n"
+                     "Desea agregarle la ventaja << VEHICULOPARTES >>\r\n\r\n"
+                     "(Repuestos en IG04, IG05, IG06)"_s,
                      {},
                      Icono::Pregunta,
                      false});
             }
             if (agregar)
                 r.ejecutar(
-                    "insert into itemventaja (iditem,idventaja,interno) select id, "
-                    "'VEHICULOPARTES', interno from item where interno = '"_L1 +
-                    r.interno + "' and ncm = '"_L1 + ncm + "'"_L1);
+                    u"insert into itemventaja (iditem,idventaja,interno) "
+                    "select id, 'VEHICULOPARTES', interno "
+                    "from item "
+                    "where interno = %1 and ncm = %2"_s.arg(r.clave(), EnComillas(ncm)));
         }
     }
 }
 
 void ProcesarVentajasVinculadas(ContextoArmado &r) {
-    const QString interno = QLatin1Char('\'') + r.interno + QLatin1Char('\'');
     Recordset items;
-    for (r.consultar("select id from item where interno = "_L1 + interno + " order by id"_L1, items);
-         !items.Eof(); items.MoveNext()) {
-        const QString id = items.Texto(u"ID");
-        const QString grupos =
-            "select idsub from groupsubitems where interno = "_L1 + interno + " and [id]= "_L1 + id;
+    r.consultar(
+        u"select id from item "
+        "where interno = %1 order by id"_s.arg(r.clave()),
+        items);
+    for (; !items.Eof(); items.MoveNext()) {
         r.ejecutar(
-            " insert into itemventaja (iditem, idventaja, interno)  select distinct "_L1 + id +
-            ", ventaja, "_L1 + interno +
-            " from articulo_ventaja as v where exists(      select ventaja from subitems as a      where "
-            "interno = "_L1 +
-            interno + " and  id in (          "_L1 + grupos +
-            "         Union          select idsub from idrel where interno = "_L1 + interno +
-            " and idroot in ("_L1 + grupos +
-            ")     )      and a.idcatalogo = v.idcatalogo      and a.idarticulo = v.idarticulo  ) "_L1);
+            u" insert into itemventaja (iditem, idventaja, interno) "
+            " select distinct %2, ventaja, %1 "
+            "from articulo_ventaja as v "
+            "where exists( "
+            "     select ventaja from subitems as a "
+            "     where interno = %1 and  id in ( "
+            "         select idsub from groupsubitems where interno = %1 and [id]= %2"
+            "         Union "
+            "         select idsub from idrel where interno = %1 and idroot in ("
+            "select idsub from groupsubitems where interno = %1 and [id]= %2"
+            ")     ) "
+            "     and a.idcatalogo = v.idcatalogo "
+            "     and a.idarticulo = v.idarticulo "
+            " ) "_s.arg(r.clave(), items.Texto(u"ID")));
     }
 }

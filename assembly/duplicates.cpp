@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "assembly/run.h"
-#include "assembly/sql_text.h"
+#include "assembly/phases.h"
 #include "frame/base/values.h"
+#include "frame/escritura.h"
 #include "frame/sqltext.h"
 
 using namespace Qt::StringLiterals;
@@ -15,26 +15,30 @@ namespace {
 constexpr auto tolerancia = "0.0099"_L1;
 
 void leerCandidatos(const ContextoArmado &r, Recordset &rs) {
-    const QString clave = EnComillas(r.interno);
     r.consultar(
-        "select * from groupsubitems as a where a.interno = "_L1 + clave +
-            " and exists( select "
-            "preciounitario,sufijos,idunidad,idpais,idpaisproc,ncm,descripcion,cancelaciones,codigoean, "
-            "tipoitem, "
-            "itfiller from groupsubitems as b where a.interno = "_L1 +
-            clave +
-            " and a.preciounitario = b.preciounitario and a.sufijos = b.sufijos and a.idunidad = b.idunidad "
-            "and "
-            "a.idpais = b.idpais and a.idpaisproc = b.idpaisproc and a.itfiller = b.itfiller and a.ncm = b.ncm "_L1 +
-            (r.esDJAI() ? "and a.descripcion = b.descripcion "_L1 : ""_L1) +
-            "and sufijos in (select sufijos from groupsubitems where interno = "_L1 + clave +
-            " group by "
-            "interno,ncm,descripcion,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,estadistica,"
-            "deresp,"
-            "lapi,itfiller,cancelaciones,codigoean,tipoitem having count(*)>1) group by "
-            "preciounitario,sufijos,idunidad,idpais,idpaisproc,ncm,descripcion,cancelaciones,codigoean,"
-            "tipoitem,"
-            "ONCCACategoria,ONCCACortes, itfiller) "_L1,
+        u"select * from groupsubitems as a "
+        "where a.interno = %1 "
+        "and exists( select preciounitario,sufijos,idunidad,idpais,idpaisproc,"
+        "ncm,descripcion,cancelaciones,codigoean, tipoitem, itfiller "
+        "from groupsubitems as b "
+        "where a.interno = %1 "
+        "and a.preciounitario = b.preciounitario "
+        "and a.sufijos = b.sufijos "
+        "and a.idunidad = b.idunidad "
+        "and a.idpais = b.idpais "
+        "and a.idpaisproc = b.idpaisproc "
+        "and a.itfiller = b.itfiller "
+        "and a.ncm = b.ncm "
+        "%2"
+        "and sufijos in (select sufijos from groupsubitems "
+        "where interno = %1 "
+        "group by interno,ncm,descripcion,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,"
+        "estadistica,deresp,lapi,itfiller,cancelaciones,codigoean,tipoitem "
+        "having count(*)>1) "
+        "group by preciounitario,sufijos,idunidad,idpais,idpaisproc,"
+        "ncm,descripcion,cancelaciones,codigoean,tipoitem,"
+        "ONCCACategoria,ONCCACortes, itfiller) "_s.arg(
+            r.clave(), r.esDJAI() ? "and a.descripcion = b.descripcion "_L1 : ""_L1),
         rs);
 }
 
@@ -44,15 +48,13 @@ QString filtro(const ContextoArmado &r, const Recordset &candidato) {
         u"ncm",           u"descripcion", u"idpais",      u"idpaisproc",     u"sufijos",    u"idunidad",
         u"estadomerc",    u"biendeuso",   u"estadistica", u"deresp",         u"LAPI",       u"itfiller",
         u"cancelaciones", u"codigoean",   u"tipoitem",    u"ONCCACategoria", u"ONCCACortes"};
-    QString texto = "where interno = "_L1 + EnComillas(r.interno) + " and \r\n"_L1;
+    QString texto = u"where interno = %1 and \r\n"_s.arg(r.clave());
     for (const QStringView columna : columnas) {
         if (columna == u"descripcion" && !r.esDJAI()) continue;
-        texto += columna.toString() + " = "_L1 + EnComillas(DoblarComillas(candidato.Texto(columna))) +
-                 " and \r\n"_L1;
+        texto += u"%1 = %2 and \r\n"_s.arg(columna, TextoEnComillas(candidato.Texto(columna)));
     }
     const QString precio = SqlNumber(r.ctx, candidato.Numero(u"preciounitario"));
-    return texto + "preciounitario between ("_L1 + precio + " - "_L1 + tolerancia + ") and ("_L1 + precio +
-           " + "_L1 + tolerancia + ") "_L1;
+    return texto + u"preciounitario between (%1 - %2) and (%1 + %2) "_s.arg(precio, tolerancia);
 }
 
 /// The root of the groups of `donde`; the others are remembered as folded into it. Empty when none is left,
@@ -69,8 +71,7 @@ QString plegarRaices(const ContextoArmado &r, const QString &donde) {
         const QString id = rs.Texto(u"idsub");
         // A link of a root to itself would never leave the chains.
         if (id == raiz) continue;
-        r.ejecutar("insert into idrel (interno,idroot,idsub) values ("_L1 + EnComillas(r.interno) + ','_L1 +
-                   raiz + ", "_L1 + id + ')'_L1);
+        RecordarPlegada(r, raiz, id);
         plegadas << id;
     }
     if (cancela) EnviarGrupo(r, raiz.toLongLong(), plegadas);
@@ -86,48 +87,59 @@ void fundir(const ContextoArmado &r, const QString &donde, const QString &raiz) 
 
     Recordset rs;
     const bool hay = r.consultar(
-        "select count(preciounitario) as reg,interno,ncm,descripcion,"_L1 +
-            SqlRound(r.ctx, u"INTERNOS"_s, u"(sum(fob) / sum(cantidad))"_s, u"00.00000") +
-            " as unitario,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,sum(cantidad) as "
-            "sumcantidad,estadistica,sum(valorrelacionestadistica) as "
-            "valorestadistica,deresp,sum(valorderesp) as "
-            "sumvalorderesp,lapi,sum(kgneto) as sumkgneto,sum(kgbruto) as sumkgbruto,sum(fob) as "
-            "sumfob,itfiller,sum(insumostemp) as suminsumostemp,sum(insumosacons) as "
-            "suminsumosacons,cancelaciones,codigoean,tipoitem, ONCCACategoria, ONCCACortes, "
-            "sum(ajusteincluir) as "
-            "tajusteincluir, sum(ajustededucir) as tajustededucir from groupsubitems "_L1 +
-            donde +
-            "group by "
-            "interno,ncm,descripcion,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,estadistica,"
-            "deresp,"
-            "lapi,itfiller,cancelaciones,codigoean,tipoitem,ONCCACategoria , ONCCACortes"_L1,
+        u"select count(preciounitario) as reg,interno,ncm,descripcion,%1 as unitario,"
+        "idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,"
+        "sum(cantidad) as sumcantidad,"
+        "estadistica,sum(valorrelacionestadistica) as valorestadistica,"
+        "deresp,sum(valorderesp) as sumvalorderesp,"
+        "lapi,sum(kgneto) as sumkgneto,sum(kgbruto) as sumkgbruto,sum(fob) as sumfob,"
+        "itfiller,sum(insumostemp) as suminsumostemp,sum(insumosacons) as suminsumosacons,"
+        "cancelaciones,codigoean,tipoitem, ONCCACategoria, ONCCACortes, "
+        "sum(ajusteincluir) as tajusteincluir, sum(ajustededucir) as tajustededucir "
+        "from groupsubitems "
+        "%2group by interno,ncm,descripcion,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,"
+        "estadistica,deresp,lapi,itfiller,cancelaciones,codigoean,tipoitem,"
+        "ONCCACategoria , ONCCACortes"_s.arg(
+            SqlRound(r.ctx, u"INTERNOS"_s, u"(sum(fob) / sum(cantidad))"_s, u"00.00000"), donde),
         rs);
     if (!hay) return;
-
-    const auto texto = [&r, &rs](QStringView columna) {
-        return ",'"_L1 + DoblarComillas(rs.Texto(columna)) + '\''_L1;
-    };
-    const auto numero = [&r, &rs](QStringView columna) {
-        return ','_L1 + SqlNumber(r.ctx, rs.Numero(columna));
-    };
     r.ejecutar("delete from groupsubitems "_L1 + donde);
-    r.ejecutar(
-        "INSERT INTO "
-        "GROUPSUBITEMS(idcatalogo,idarticulo,idsub,interno,ncm,descripcion,preciounitario,idpais,idpaisproc,"
-        "sufijos,"
-        "idunidad,estadomerc,biendeuso,CANTIDAD,estadistica,valorrelacionestadistica,deresp,valorderesp,lapi,"
-        "kgneto,"
-        "kgbruto,fob,itfiller,insumostemp,insumosacons,cancelaciones,codigoean, tipoitem,ONCCACategoria , "
-        "ONCCACortes, ajusteincluir, ajustededucir) values ("_L1 +
-        EnComillas(DoblarComillas(catalogo)) + ','_L1 + EnComillas(DoblarComillas(articulo)) + ','_L1 + raiz +
-        ','_L1 + EnComillas(r.interno) + texto(u"ncm") + texto(u"descripcion") + numero(u"unitario") +
-        texto(u"idpais") + texto(u"idpaisproc") + texto(u"sufijos") + texto(u"idunidad") +
-        texto(u"estadomerc") + texto(u"biendeuso") + numero(u"sumcantidad") + texto(u"estadistica") +
-        numero(u"valorestadistica") + texto(u"deresp") + numero(u"sumvalorderesp") + texto(u"lapi") +
-        numero(u"sumkgneto") + numero(u"sumkgbruto") + numero(u"sumfob") + texto(u"itfiller") +
-        numero(u"suminsumostemp") + numero(u"suminsumosacons") + texto(u"cancelaciones") +
-        texto(u"codigoean") + texto(u"tipoitem") + texto(u"ONCCACategoria") + texto(u"ONCCACortes") +
-        numero(u"tajusteincluir") + numero(u"tajustededucir") + ')'_L1);
+
+    Escritura fusion(r.ctx);
+    fusion.texto("idcatalogo", catalogo)
+        .texto("idarticulo", articulo)
+        .crudo("idsub", raiz)
+        .codigo("interno", r.interno)
+        .texto("ncm", rs.Texto(u"ncm"))
+        .texto("descripcion", rs.Texto(u"descripcion"))
+        .numero("preciounitario", rs.Numero(u"unitario"))
+        .texto("idpais", rs.Texto(u"idpais"))
+        .texto("idpaisproc", rs.Texto(u"idpaisproc"))
+        .texto("sufijos", rs.Texto(u"sufijos"))
+        .texto("idunidad", rs.Texto(u"idunidad"))
+        .texto("estadomerc", rs.Texto(u"estadomerc"))
+        .texto("biendeuso", rs.Texto(u"biendeuso"))
+        .numero("CANTIDAD", rs.Numero(u"sumcantidad"))
+        .texto("estadistica", rs.Texto(u"estadistica"))
+        .numero("valorrelacionestadistica", rs.Numero(u"valorestadistica"))
+        .texto("deresp", rs.Texto(u"deresp"))
+        .numero("valorderesp", rs.Numero(u"sumvalorderesp"))
+        .texto("lapi", rs.Texto(u"lapi"))
+        .numero("kgneto", rs.Numero(u"sumkgneto"))
+        .numero("kgbruto", rs.Numero(u"sumkgbruto"))
+        .numero("fob", rs.Numero(u"sumfob"))
+        .texto("itfiller", rs.Texto(u"itfiller"))
+        .numero("insumostemp", rs.Numero(u"suminsumostemp"))
+        .numero("insumosacons", rs.Numero(u"suminsumosacons"))
+        .texto("cancelaciones", rs.Texto(u"cancelaciones"))
+        .texto("codigoean", rs.Texto(u"codigoean"))
+        // The blanks belong to the statement as it is sent.
+        .texto(" tipoitem", rs.Texto(u"tipoitem"))
+        .texto("ONCCACategoria ", rs.Texto(u"ONCCACategoria"))
+        .texto(" ONCCACortes", rs.Texto(u"ONCCACortes"))
+        .numero(" ajusteincluir", rs.Numero(u"tajusteincluir"))
+        .numero(" ajustededucir", rs.Numero(u"tajustededucir"));
+    r.ejecutar(u"INSERT INTO GROUPSUBITEMS(%1) values (%2)"_s.arg(fusion.columnas(), fusion.valores()));
 }
 
 }  // namespace
@@ -143,14 +155,17 @@ void lp_BuscarDuplicados(ContextoArmado &r) {
 }
 
 void UnificarIdRELbyInterno(ContextoArmado &r) {
-    const QString clave = EnComillas(r.interno);
+    const QString encadenadas =
+        u"select idroot, idsub from idrel as a "
+        "where a.interno = %1 "
+        "and exists (select idroot from idrel as b "
+        "where  b.interno = %1 and a.idsub = b.idroot)"_s.arg(r.clave());
     Recordset cadenas;
-    while (r.consultar("select idroot, idsub from idrel as a where a.interno = "_L1 + clave +
-                           " and exists (select idroot from idrel as b where  b.interno = "_L1 + clave +
-                           " and a.idsub = b.idroot)"_L1,
-                       cadenas)) {
+    while (r.consultar(encadenadas, cadenas)) {
         for (; !cadenas.Eof(); cadenas.MoveNext())
-            r.ejecutar("update idrel set idroot = "_L1 + cadenas.Texto(u"idroot") + " where interno = "_L1 +
-                       clave + " and idroot = "_L1 + cadenas.Texto(u"idsub"));
+            r.ejecutar(
+                u"update idrel set idroot = %1 "
+                "where interno = %2 and idroot = %3"_s.arg(cadenas.Texto(u"idroot"), r.clave(),
+                                                           cadenas.Texto(u"idsub")));
     }
 }

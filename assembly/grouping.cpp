@@ -2,8 +2,7 @@
 
 #include <array>
 
-#include "assembly/run.h"
-#include "assembly/sql_text.h"
+#include "assembly/phases.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/sqltext.h"
@@ -12,126 +11,120 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The description takes part in the group under its condition alone.
 void insertarGrupos(const ContextoArmado &r) {
-    const QString clave = EnComillas(r.interno);
-    if (r.condicionDescripcion()) {
+    const bool conDescripcion = r.condicionDescripcion();
+    const auto cuando = [conDescripcion](const QString &columna) {
+        return conDescripcion ? columna : QString();
+    };
+    const QString deLasLineas =
+        conDescripcion ? u"interno,ncm,preciounitario,Descripcion_Maria,idpais,idpaisproc,sufijos,"
+                         "idunidad,estadomerc,biendeuso,cantidad ,"
+                         "estadistica,valorrelacionestadistica,deresp,valorderesp,codprorrateo,"
+                         "kgneto,kgbruto,fob,itfiller,insumostemp,insumosacons,"
+                         "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, "
+                         "ajusteincluir, ajustededucir"_s
+                       : u"*"_s;
+    r.ejecutar(
+        u"INSERT INTO GROUPSUBITEMS ("
+        "interno,ncm,preciounitario,%2idpais,idpaisproc,sufijos,"
+        "idunidad,estadomerc,biendeuso,CANTIDAD,"
+        "estadistica,valorrelacionestadistica,deresp,valorderesp,codprorrateo,"
+        "kgneto,kgbruto,fob,itfiller,insumostemp,insumosacons,"
+        "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, "
+        "ajusteincluir, ajustededucir) \r\n"
+        "select "
+        "interno,ncm,preciounitario,%3idpais,idpaisproc,sufijos,"
+        "idunidad,estadomerc,biendeuso,sum(cantidad) as sumcantidad,"
+        "estadistica,sum(valorrelacionestadistica) as valorestadistica,"
+        "deresp,sum(valorderesp) as sumvalorderesp,codprorrateo,"
+        "sum(kgneto),sum(kgbruto),sum(fob),itfiller,sum(insumostemp),sum(insumosacons),"
+        "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, "
+        "sum(ajusteincluir), sum(ajustededucir)\r\n"
+        "from  (select %5 from subitems where interno = %1) as a \r\n"
+        "where interno = %1 "
+        "group by "
+        "interno,ncm,preciounitario,%4idpais,idpaisproc,sufijos,"
+        "idunidad,estadomerc,biendeuso,"
+        "estadistica,deresp,codprorrateo,itfiller,"
+        "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes "_s.arg(
+            r.clave(), cuando(u" Descripcion,"_s), cuando(u"Descripcion_Maria,"_s),
+            cuando(u" Descripcion_Maria , "_s), deLasLineas));
+}
+
+/// A measure or a null that a group's other columns fill.
+struct Relleno {
+    const char *cambio;
+    const char *prueba;
+};
+
+constexpr Relleno rellenosDeGrupos[] = {
+    {"valorrelacionestadistica = cantidad", "idunidad = estadistica and valorrelacionestadistica = 0"},
+    {"valorderesp = cantidad", "idunidad = deresp and valorderesp = 0"},
+    {"valorrelacionestadistica = valorderesp", "deresp = estadistica and valorrelacionestadistica = 0"},
+    {"valorrelacionestadistica = kgneto",
+     "(estadistica = '01' and valorrelacionestadistica=0) and kgneto > 0"},
+    {"kgneto = cantidad", "(idunidad = '01' and estadistica = '01' and cantidad>0) and kgneto = 0"},
+    {"kgneto = cantidad", "(idunidad = '01' and estadistica <> '01'  and cantidad>0) and kgneto = 0"},
+    {"kgneto = valorrelacionestadistica",
+     "(estadistica = '01' and idunidad <> '01' and valorrelacionestadistica>0) and kgneto = 0"},
+    {"idarticulo = ''", "idarticulo is null"},
+    {"kgbruto = '0'", "kgbruto is null"},
+    {"Idpais = ''", "Idpais is null"},
+    // Tests Idpais, and so fills nothing: a group without a country of provenance keeps its null.
+    {"Idpaisproc = ''", "Idpais is null"},
+    {"sufijos = ''", "sufijos is null"},
+    {"idunidad = ''", "idunidad is null"},
+    {"estadomerc = ''", "estadomerc is null"},
+    {"biendeuso = ''", "biendeuso is null"},
+    {"IdArticulo = ''", "IdArticulo is null"},
+    {"lapi = ''", "lapi is null"},
+    {"cancelaciones = ''", "cancelaciones is null"},
+};
+
+/// The groups of one line and that line: a summed quantity equals a line's only where there is one. The
+/// groups of several lines are left to the walk.
+QString comparacionesDeUnaLinea(const ContextoArmado &r) {
+    const auto descripcion = !r.condicionDescripcion() ? ""_L1
+                             : r.esSQL() ? "groupsubitems.descripcion = Descripcion_Maria and "_L1
+                                         : "groupsubitems.descripcion = subitems.Descripcion_Maria and "_L1;
+    return u"(groupsubitems.interno = subitems.Interno and "
+           "groupsubitems.ncm = subitems.NCM and "
+           "%1"
+           "groupsubitems.idpais = subitems.Idpais and "
+           "groupsubitems.idpaisproc = subitems.Idpaisproc and "
+           "groupsubitems.cantidad = subitems.cantidad and "
+           "groupsubitems.preciounitario = subitems.preciounitario and "
+           "groupsubitems.sufijos = subitems.sufijos and "
+           "groupsubitems.idunidad = subitems.idunidad and "
+           "groupsubitems.estadomerc = subitems.estadomerc and "
+           "groupsubitems.biendeuso = subitems.Biendeuso and "
+           "groupsubitems.tipoitem = subitems.tipoitem and "
+           "groupsubitems.itfiller = subitems.itfiller and "
+           "groupsubitems.codigoean = subitems.codigoean and "
+           "groupsubitems.codprorrateo = subitems.codprorrateo and "
+           "groupsubitems.cancelaciones = subitems.cancelaciones)"_s.arg(descripcion);
+}
+
+void vincularDeUnaLinea(const ContextoArmado &r) {
+    const QString comparaciones = comparacionesDeUnaLinea(r);
+    if (r.esSQL()) {
         r.ejecutar(
-            "INSERT INTO GROUPSUBITEMS (interno,ncm,preciounitario, "
-            "Descripcion,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,CANTIDAD,estadistica,"
-            "valorrelacionestadistica,deresp,valorderesp,codprorrateo,kgneto,kgbruto,fob,itfiller,"
-            "insumostemp,"
-            "insumosacons,cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, ajusteincluir, "
-            "ajustededucir) \r\n"
-            "select "
-            "interno,ncm,preciounitario,Descripcion_Maria,idpais,idpaisproc,sufijos,idunidad,estadomerc,"
-            "biendeuso,"
-            "sum(cantidad) as sumcantidad,estadistica,sum(valorrelacionestadistica) as "
-            "valorestadistica,deresp,sum(valorderesp) as "
-            "sumvalorderesp,codprorrateo,sum(kgneto),sum(kgbruto),sum(fob),itfiller,sum(insumostemp),sum("
-            "insumosacons),cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, sum(ajusteincluir), "
-            "sum(ajustededucir)\r\n"
-            "from  (select "
-            "interno,ncm,preciounitario,Descripcion_Maria,idpais,idpaisproc,sufijos,idunidad,estadomerc,"
-            "biendeuso,"
-            "cantidad "
-            ",estadistica,valorrelacionestadistica,deresp,valorderesp,codprorrateo,kgneto,kgbruto,fob,"
-            "itfiller,"
-            "insumostemp,insumosacons,cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, "
-            "ajusteincluir, "
-            "ajustededucir from subitems where interno = "_L1 +
-            clave + ") as a \r\nwhere interno = "_L1 + clave +
-            " group by interno,ncm,preciounitario, Descripcion_Maria , "
-            "idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,estadistica,deresp,codprorrateo,"
-            "itfiller,"
-            "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes "_L1);
+            u"Update groupsubitems "
+            "Set groupsubitems.IDsub = SubItems.ID,"
+            "groupsubitems.idcatalogo = SubItems.idcatalogo,"
+            "groupsubitems.IdArticulo = SubItems.IdArticulo "
+            "from groupsubitems INNER JOIN subitems ON %1 "
+            "where groupsubitems.interno = %2"_s.arg(comparaciones, r.clave()));
         return;
     }
     r.ejecutar(
-        "INSERT INTO GROUPSUBITEMS "
-        "(interno,ncm,preciounitario,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,CANTIDAD,"
-        "estadistica,"
-        "valorrelacionestadistica,deresp,valorderesp,codprorrateo,kgneto,kgbruto,fob,itfiller,insumostemp,"
-        "insumosacons,cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, ajusteincluir, "
-        "ajustededucir) \r\n"
-        "select "
-        "interno,ncm,preciounitario,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,sum(cantidad) as "
-        "sumcantidad,estadistica,sum(valorrelacionestadistica) as valorestadistica,deresp,sum(valorderesp) "
-        "as "
-        "sumvalorderesp,codprorrateo,sum(kgneto),sum(kgbruto),sum(fob),itfiller,sum(insumostemp),sum("
-        "insumosacons),"
-        "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, sum(ajusteincluir), "
-        "sum(ajustededucir)\r\n"
-        "from  (select * from subitems where interno = "_L1 +
-        clave + ") as a \r\nwhere interno = "_L1 + clave +
-        " group by "
-        "interno,ncm,preciounitario,idpais,idpaisproc,sufijos,idunidad,estadomerc,biendeuso,estadistica,"
-        "deresp,"
-        "codprorrateo,itfiller,cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes "_L1);
-}
-
-constexpr const char *rellenosDeGrupos[] = {
-    "update groupsubitems set valorrelacionestadistica = cantidad where idunidad = estadistica and "
-    "valorrelacionestadistica = 0 and interno = '",
-    "update groupsubitems set valorderesp = cantidad where idunidad = deresp and valorderesp = 0 and interno "
-    "= '",
-    "update groupsubitems set valorrelacionestadistica = valorderesp where deresp = estadistica and "
-    "valorrelacionestadistica = 0 and interno = '",
-    "update groupsubitems set valorrelacionestadistica = kgneto where (estadistica = '01' and "
-    "valorrelacionestadistica=0) and kgneto > 0 and interno = '",
-    "update groupsubitems set kgneto = cantidad where (idunidad = '01' and estadistica = '01' and "
-    "cantidad>0) and "
-    "kgneto = 0 and interno = '",
-    "update groupsubitems set kgneto = cantidad where (idunidad = '01' and estadistica <> '01'  and "
-    "cantidad>0) and "
-    "kgneto = 0 and interno = '",
-    "update groupsubitems set kgneto = valorrelacionestadistica where (estadistica = '01' and idunidad <> "
-    "'01' and "
-    "valorrelacionestadistica>0) and kgneto = 0 and interno = '",
-    "update groupsubitems set idarticulo = '' where idarticulo is null and interno = '",
-    "update groupsubitems set kgbruto = '0' where kgbruto is null and interno = '",
-    "update groupsubitems set Idpais = '' where Idpais is null and interno = '",
-    // Tests Idpais, and so fills nothing: a group without a country of provenance keeps its null.
-    "update groupsubitems set Idpaisproc = '' where Idpais is null and interno = '",
-    "update groupsubitems set sufijos = '' where sufijos is null and interno = '",
-    "update groupsubitems set idunidad = '' where idunidad is null and interno = '",
-    "update groupsubitems set estadomerc = '' where estadomerc is null and interno = '",
-    "update groupsubitems set biendeuso = '' where biendeuso is null and interno = '",
-    "update groupsubitems set IdArticulo = '' where IdArticulo is null and interno = '",
-    "update groupsubitems set lapi = '' where lapi is null and interno = '",
-    "update groupsubitems set cancelaciones = '' where cancelaciones is null and interno = '",
-};
-
-/// Links the groups of one line: a summed quantity equals a line's only where there is one. The groups of
-/// several lines are left to the walk.
-void vincularDeUnaLinea(const ContextoArmado &r) {
-    const bool sql = r.esSQL();
-    QString texto =
-        sql ? u"Update groupsubitems Set groupsubitems.IDsub = SubItems.ID,groupsubitems.idcatalogo = "
-              "SubItems.idcatalogo,groupsubitems.IdArticulo = SubItems.IdArticulo from groupsubitems INNER "
-              "JOIN "
-              "subitems ON "_s
-            : u"Update groupsubitems Inner Join subitems On "_s;
-    texto += "(groupsubitems.interno = subitems.Interno and groupsubitems.ncm = subitems.NCM and "_L1;
-    if (r.condicionDescripcion())
-        texto += sql ? "groupsubitems.descripcion = Descripcion_Maria and "_L1
-                     : "groupsubitems.descripcion = subitems.Descripcion_Maria and "_L1;
-    texto +=
-        "groupsubitems.idpais = subitems.Idpais and groupsubitems.idpaisproc = subitems.Idpaisproc and "
-        "groupsubitems.cantidad = subitems.cantidad and groupsubitems.preciounitario = "
-        "subitems.preciounitario and "
-        "groupsubitems.sufijos = subitems.sufijos and groupsubitems.idunidad = subitems.idunidad and "
-        "groupsubitems.estadomerc = subitems.estadomerc and groupsubitems.biendeuso = subitems.Biendeuso and "
-        "groupsubitems.tipoitem = subitems.tipoitem and groupsubitems.itfiller = subitems.itfiller and "
-        "groupsubitems.codigoean = subitems.codigoean and groupsubitems.codprorrateo = subitems.codprorrateo "
-        "and "
-        "groupsubitems.cancelaciones = subitems.cancelaciones)"_L1;
-    if (!sql) {
-        texto +=
-            " Set groupsubitems.IDsub = SubItems.ID,  groupsubitems.idcatalogo = SubItems.idcatalogo, "_L1;
-        texto += r.ctx.opciones.FlgIdArtTOOtros ? " groupsubitems.idarticulo = SubItems.otros "_L1
-                                                : " groupsubitems.idarticulo = SubItems.idarticulo "_L1;
-    }
-    r.ejecutar(texto + " where groupsubitems.interno = "_L1 + EnComillas(r.interno));
+        u"Update groupsubitems Inner Join subitems On %1 "
+        "Set groupsubitems.IDsub = SubItems.ID, "
+        " groupsubitems.idcatalogo = SubItems.idcatalogo, "
+        " groupsubitems.idarticulo = SubItems.%2 "
+        " where groupsubitems.interno = %3"_s.arg(
+            comparaciones, r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1, r.clave()));
 }
 
 /// One comparison with a column of the group in hand.
@@ -194,12 +187,12 @@ QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::arr
 /// Finds the lines of one group: the first is its root, the others are remembered as folded into it.
 void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
     const bool conDescripcion = r.condicionDescripcion();
-    const QString clave = EnComillas(r.interno);
     Recordset lineas;
     const bool hay = r.consultar(
-        "select id,"_L1 + (r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1) +
-            " as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller from subitems where interno = "_L1 +
-            clave + ' '_L1 + comparar(r, grupo, lineasDelGrupo, conDescripcion),
+        u"select id,%1 as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller "
+        "from subitems "
+        "where interno = %2 %3"_s.arg(r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1,
+                                      r.clave(), comparar(r, grupo, lineasDelGrupo, conDescripcion)),
         lineas);
     if (!hay) return;
 
@@ -213,22 +206,25 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
         unArticulo = unArticulo && lineas.Texto(u"fidarticulo").trimmed() == articulo.trimmed();
         const QString id = lineas.Texto(u"id");
         if (id == raiz) continue;
-        r.ejecutar("insert into idrel (interno,idroot,idsub) values ("_L1 + clave + ','_L1 + raiz + ", "_L1 +
-                   id + ')'_L1);
+        RecordarPlegada(r, raiz, id);
         plegadas << id;
     }
     if (cancela) EnviarGrupo(r, raiz.toLongLong(), plegadas);
 
-    QString texto = "update groupsubitems set idsub = "_L1 + raiz;
-    if (unArticulo)
-        texto += ", idarticulo = '"_L1 + DoblarComillas(articulo) + "' , idcatalogo = '"_L1 +
-                 DoblarComillas(catalogo) + "' "_L1;
-    else
-        texto += ", idarticulo = 'agrupado!' "_L1;
-    r.ejecutar(texto + " where interno = "_L1 + clave + ' '_L1 + comparar(r, grupo, elGrupo, conDescripcion));
+    const QString nombres = unArticulo ? u", idarticulo = %1 , idcatalogo = %2 "_s.arg(
+                                             TextoEnComillas(articulo), TextoEnComillas(catalogo))
+                                       : u", idarticulo = 'agrupado!' "_s;
+    r.ejecutar(
+        u"update groupsubitems set idsub = %1%2 "
+        "where interno = %3 %4"_s.arg(raiz, nombres, r.clave(), comparar(r, grupo, elGrupo, conDescripcion)));
 }
 
 }  // namespace
+
+void RecordarPlegada(const ContextoArmado &r, const QString &raiz, const QString &plegada) {
+    r.ejecutar(
+        u"insert into idrel (interno,idroot,idsub) values (%1,%2, %3)"_s.arg(r.clave(), raiz, plegada));
+}
 
 void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegadas) {
     if (!r.go_InputsLink) return;
@@ -239,43 +235,59 @@ void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegad
 
 void AgruparLineas(ContextoArmado &r) {
     insertarGrupos(r);
-    for (const char *relleno : rellenosDeGrupos) r.ejecutar(ConClave(relleno, r.interno));
+    for (const auto &[cambio, prueba] : rellenosDeGrupos)
+        r.ejecutar(
+            u"update groupsubitems set %1 "
+            "where %2 and interno = %3"_s.arg(QLatin1StringView(cambio), QLatin1StringView(prueba),
+                                              r.clave()));
     vincularDeUnaLinea(r);
     Recordset grupos;
     r.consultar(
-        "select * from groupsubitems where interno = "_L1 + EnComillas(r.interno) + " and (idsub is null)"_L1,
+        u"select * from groupsubitems "
+        "where interno = %1 and (idsub is null)"_s.arg(r.clave()),
         grupos);
     for (; !grupos.Eof(); grupos.MoveNext()) vincularGrupo(r, grupos);
 }
 
 void AplicarDatosComunesAGrupos(ContextoArmado &r) {
-    const QString clave = EnComillas(r.interno);
-    const auto siempre = [&](QLatin1StringView columna, const QString &valor) {
-        r.ejecutar("update groupsubitems set "_L1 + columna + " = "_L1 + EnComillas(valor) +
-                   " where interno = "_L1 + clave);
+    const QString clave = r.clave();
+    const auto enTodos = [&](QLatin1StringView columna, const QString &valor) {
+        r.ejecutar(
+            u"update groupsubitems set %1 = %2 "
+            "where interno = %3"_s.arg(columna, EnComillas(valor), clave));
     };
     if (!r.DCEstMerc.isEmpty()) {
         if (r.DCForzarEstMerc)
-            siempre("EstadoMerc"_L1, r.DCEstMerc);
+            enTodos("EstadoMerc"_L1, r.DCEstMerc);
         else
-            r.ejecutar("update groupsubitems set EstadoMerc = "_L1 + EnComillas(r.DCEstMerc) +
-                       " where (EstadoMerc='' or EstadoMerc is null) and  interno = "_L1 + clave);
+            r.ejecutar(
+                u"update groupsubitems set EstadoMerc = %1 "
+                "where (EstadoMerc='' or EstadoMerc is null) and  interno = %2"_s.arg(EnComillas(r.DCEstMerc),
+                                                                                      clave));
     }
     if (!r.DCPaisOrigen.isEmpty()) {
         if (r.DCForzarPaisOrigen)
-            siempre("IdPais"_L1, r.DCPaisOrigen);
+            enTodos("IdPais"_L1, r.DCPaisOrigen);
         else
-            r.ejecutar("update groupsubitems set IdPais = "_L1 + EnComillas(r.DCPaisOrigen) +
-                       " where (IdPais='' or IdPais is null) and interno = "_L1 + clave);
+            r.ejecutar(
+                u"update groupsubitems set IdPais = %1 "
+                "where (IdPais='' or IdPais is null) and interno = %2"_s.arg(EnComillas(r.DCPaisOrigen),
+                                                                             clave));
     }
     if (!r.DCPaisDestino.isEmpty())
-        r.ejecutar("update groupsubitems set IdPaisProc = "_L1 + EnComillas(r.DCPaisDestino) +
-                   " where (IdPaisProc='' or IdPaisProc is null) and interno = "_L1 + clave);
+        r.ejecutar(
+            u"update groupsubitems set IdPaisProc = %1 "
+            "where (IdPaisProc='' or IdPaisProc is null) and interno = %2"_s.arg(EnComillas(r.DCPaisDestino),
+                                                                                 clave));
     // These two run even with an empty value, which turns a null into empty text.
-    r.ejecutar("update groupsubitems set ONCCACategoria = "_L1 + EnComillas(r.ONCCACategoria) +
-               " where interno = "_L1 + clave + " and  (ONCCACategoria = '' or ONCCACategoria is null)"_L1);
-    r.ejecutar("update groupsubitems set ONCCACortes = "_L1 + EnComillas(r.ONCCACortes) +
-               " where interno = "_L1 + clave + " and  (ONCCACortes = '' or ONCCACortes is null)"_L1);
+    r.ejecutar(
+        u"update groupsubitems set ONCCACategoria = %1 "
+        "where interno = %2 and  (ONCCACategoria = '' or ONCCACategoria is null)"_s.arg(
+            EnComillas(r.ONCCACategoria), clave));
+    r.ejecutar(
+        u"update groupsubitems set ONCCACortes = %1 "
+        "where interno = %2 and  (ONCCACortes = '' or ONCCACortes is null)"_s.arg(EnComillas(r.ONCCACortes),
+                                                                                  clave));
     // The value is spread by now: its codes must not split an item.
     r.ejecutar("update groupsubitems set codprorrateo = '' where interno = "_L1 + clave);
     r.ejecutar("update groupsubitems set descripcion = '' where descripcion is null and interno = "_L1 +
@@ -285,19 +297,18 @@ void AplicarDatosComunesAGrupos(ContextoArmado &r) {
 
 void MezclarDescripcionITEM(ContextoArmado &r, const QString &descripcion) {
     constexpr qsizetype largoMaximo = 400;
-    const QString clave = EnComillas(r.interno);
     r.ejecutar(
-        "Update groupsubitems Set groupsubitems.Descripcion = SubItems.Descripcion from groupsubitems INNER "
-        "JOIN "
-        "subitems ON (groupsubitems.interno = subitems.Interno and groupsubitems.idsub = subitems.id) where "
-        "groupsubitems.interno = "_L1 +
-        clave);
+        "Update groupsubitems Set groupsubitems.Descripcion = SubItems.Descripcion "
+        "from groupsubitems INNER JOIN subitems "
+        "ON (groupsubitems.interno = subitems.Interno and groupsubitems.idsub = subitems.id) "
+        "where groupsubitems.interno = "_L1 +
+        r.clave());
     Recordset rs;
     r.consultar(
-        "SELECT id, dbo.groupsubitem_descripcion_select_concat( id, interno ) as descripcion From "
-        "groupsubitems "
+        "SELECT id, dbo.groupsubitem_descripcion_select_concat( id, interno ) as descripcion "
+        "From groupsubitems "
         "where interno = "_L1 +
-            clave,
+            r.clave(),
         rs);
     const auto plegarBlancos = [](QString &texto) { texto.replace("  "_L1, " "_L1); };
     for (; !rs.Eof(); rs.MoveNext()) {
@@ -305,7 +316,9 @@ void MezclarDescripcionITEM(ContextoArmado &r, const QString &descripcion) {
         for (int vez = 0; vez < 3; ++vez) plegarBlancos(texto);
         texto.chop(1);  // the separator behind the last description
         plegarBlancos(texto);
-        r.ejecutar("update item set descripcion = '"_L1 + DoblarComillas(texto.left(largoMaximo)) +
-                   "'  where interno = "_L1 + clave + " and id = "_L1 + rs.Texto(u"id"));
+        r.ejecutar(
+            u"update item set descripcion = %1  "
+            "where interno = %2 and id = %3"_s.arg(TextoEnComillas(texto.left(largoMaximo)), r.clave(),
+                                                   rs.Texto(u"id")));
     }
 }

@@ -1,111 +1,106 @@
+// Groups that agree on the key of an item become one item; each group keeps its own suffixes and price.
+
 #include <array>
 
-#include "assembly/run.h"
+#include "assembly/phases.h"
 #include "frame/base/values.h"
+#include "frame/escritura.h"
 #include "frame/sqltext.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using L = QLatin1String;
+using L = QLatin1StringView;
 
 constexpr int maximoDeGrupos = 300;
 
-QString redondeado(const ContextoArmado &r, const char *columna) {
-    return SqlRound(r.ctx, u"INTERNOS"_s, QString(L(columna)), u"00.00");
+QString redondeado(const ContextoArmado &r, const QString &columna) {
+    return SqlRound(r.ctx, u"INTERNOS"_s, columna, u"00.00");
 }
 
 /// "and column is null " or "and column = 'value' ", as the row has it.
-QString clausula(const Recordset &fila, const char *columna) {
-    const QString nombre = QString(L(columna));
-    if (fila.EsNulo(nombre)) return "and "_L1 + nombre + " is null "_L1;
-    return "and "_L1 + nombre + " = '"_L1 + fila.Texto(nombre) + "' "_L1;
+QString clausula(const Recordset &fila, L columna) {
+    const QString nombre = columna;
+    if (fila.EsNulo(nombre)) return u"and %1 is null "_s.arg(nombre);
+    return u"and %1 = %2 "_s.arg(nombre, EnComillas(fila.Texto(nombre)));
 }
 
 /// The description is free text: doubled, and compared without its end blanks.
 enum class Puntas { Recortadas, ComoEstan };
 QString clausulaDeDescripcion(const Recordset &fila, Puntas puntas) {
-    const QString columna = u"Descripcion"_s;
-    if (fila.EsNulo(columna)) return "and "_L1 + columna + " is null "_L1;
-    const QString texto = fila.Texto(columna);
-    return "and "_L1 + columna + " = '"_L1 +
-           DoblarComillas(puntas == Puntas::Recortadas ? texto.trimmed() : texto) + "' "_L1;
+    if (fila.EsNulo(u"Descripcion")) return u"and Descripcion is null "_s;
+    const QString texto = fila.Texto(u"Descripcion");
+    return u"and Descripcion = %1 "_s.arg(
+        TextoEnComillas(puntas == Puntas::Recortadas ? texto.trimmed() : texto));
 }
 
 /// What splits and numbering by appearance share: the key of the row's item.
 template <std::size_t N>
-QString claveDe(const ContextoArmado &r, const Recordset &fila, const std::array<const char *, N> &columnas,
+QString claveDe(const ContextoArmado &r, const Recordset &fila, const std::array<L, N> &columnas,
                 Puntas puntas) {
-    QString texto = "where interno = '"_L1 + r.interno + "' and ncm = '"_L1 + fila.Texto(u"ncm") +
-                    "' and idunidad = '"_L1 + fila.Texto(u"idunidad") + "' "_L1;
+    QString texto = u"where interno = %1 and ncm = %2 and idunidad = %3 "_s.arg(
+        r.clave(), EnComillas(fila.Texto(u"ncm")), EnComillas(fila.Texto(u"idunidad")));
     if (r.esDJAI()) texto += clausulaDeDescripcion(fila, puntas);
-    for (const char *columna : columnas) texto += clausula(fila, columna);
+    for (const L columna : columnas) texto += clausula(fila, columna);
     return texto;
 }
 
-constexpr std::array<const char *, 8> clavesDePartes{"idpais",    "idpaisproc",    "itfiller",  "estadomerc",
-                                                     "biendeuso", "cancelaciones", "codigoean", "tipoitem"};
-constexpr std::array<const char *, 8> clavesDeAparicion{"idpais",         "idpaisproc", "itfiller",
-                                                        "estadomerc",     "biendeuso",  "cancelaciones",
-                                                        "ONCCACategoria", "ONCCACortes"};
+constexpr std::array<L, 8> clavesDePartes{
+    "idpais"_L1,    "idpaisproc"_L1,    "itfiller"_L1,  "estadomerc"_L1,
+    "biendeuso"_L1, "cancelaciones"_L1, "codigoean"_L1, "tipoitem"_L1,
+};
+constexpr std::array<L, 8> clavesDeAparicion{
+    "idpais"_L1,    "idpaisproc"_L1,    "itfiller"_L1,       "estadomerc"_L1,
+    "biendeuso"_L1, "cancelaciones"_L1, "ONCCACategoria"_L1, "ONCCACortes"_L1,
+};
 
 /// One item out of its key columns (`clave`) and its sums (`sumas`).
 void insertarItem(ContextoArmado &r, const Recordset &clave, const Recordset &sumas, qint64 n) {
-    const auto texto = [&clave](QStringView columna) {
-        return QLatin1Char('\'') + clave.Texto(columna) + QLatin1Char('\'');
-    };
-    const auto numero = [&r, &sumas](QStringView columna) { return SqlNumber(r.ctx, sumas.Numero(columna)); };
-    const QStringList valores{
-        QLatin1Char('\'') + r.interno + QLatin1Char('\''),
-        texto(u"NCM"),
-        r.esDJAI() ? QLatin1Char('\'') + DoblarComillas(clave.Texto(u"Descripcion")) + QLatin1Char('\'')
-                   : u"''"_s,
-        texto(u"Idpais"),
-        texto(u"idpaisproc"),
-        texto(u"idunidad"),
-        texto(u"estadomerc"),
-        texto(u"Biendeuso"),
-        texto(u"estadistica"),
-        numero(u"valrel"),
-        texto(u"deresp"),
-        numero(u"valder"),
-        QString::number(n),
-        numero(u"Cant"),
-        numero(u"rkgneto"),
-        numero(u"FobTotal"),
-        numero(u"rkgbruto"),
-        texto(u"LAPI"),
-        texto(u"itfiller"),
-        numero(u"tinsumostemp"),
-        numero(u"tinsumosacons"),
-        texto(u"cancelaciones"),
-        texto(u"tipoitem"),
-        texto(u"ONCCACategoria"),
-        texto(u"ONCCACortes"),
-        numero(u"tajusteincluir"),
-        numero(u"tajustededucir")};
-    r.ejecutar(
-        "insert into item "
-        "(interno,ncm,descripcion,idpais,idproc,idunidad,estadomerc,biendeuso,estadistica,"
-        "valorrelacionestadistica,deresp,valorderesp,id,"
-        "cantidad,totalkneto,fobtotal,totalkbruto,lapi,itfiller,insumostemp,insumosacons,"
-        "cancelaciones,tipoitem,ONCCACategoria,ONCCACortes, ajusteinc, "
-        "ajusteded) values ("_L1 +
-        valores.join(QLatin1Char(',')) + ")"_L1);
+    Escritura item(r.ctx);
+    item.codigo("interno", r.interno)
+        .codigo("ncm", clave.Texto(u"NCM"))
+        .texto("descripcion", r.esDJAI() ? clave.Texto(u"Descripcion") : QString())
+        .codigo("idpais", clave.Texto(u"Idpais"))
+        .codigo("idproc", clave.Texto(u"idpaisproc"))
+        .codigo("idunidad", clave.Texto(u"idunidad"))
+        .codigo("estadomerc", clave.Texto(u"estadomerc"))
+        .codigo("biendeuso", clave.Texto(u"Biendeuso"))
+        .codigo("estadistica", clave.Texto(u"estadistica"))
+        .numero("valorrelacionestadistica", sumas.Numero(u"valrel"))
+        .codigo("deresp", clave.Texto(u"deresp"))
+        .numero("valorderesp", sumas.Numero(u"valder"))
+        .crudo("id", QString::number(n))
+        .numero("cantidad", sumas.Numero(u"Cant"))
+        .numero("totalkneto", sumas.Numero(u"rkgneto"))
+        .numero("fobtotal", sumas.Numero(u"FobTotal"))
+        .numero("totalkbruto", sumas.Numero(u"rkgbruto"))
+        .codigo("lapi", clave.Texto(u"LAPI"))
+        .codigo("itfiller", clave.Texto(u"itfiller"))
+        .numero("insumostemp", sumas.Numero(u"tinsumostemp"))
+        .numero("insumosacons", sumas.Numero(u"tinsumosacons"))
+        .codigo("cancelaciones", clave.Texto(u"cancelaciones"))
+        .codigo("tipoitem", clave.Texto(u"tipoitem"))
+        .codigo("ONCCACategoria", clave.Texto(u"ONCCACategoria"))
+        .codigo("ONCCACortes", clave.Texto(u"ONCCACortes"))
+        // The blanks belong to the statement as it is sent.
+        .numero(" ajusteinc", sumas.Numero(u"tajusteincluir"))
+        .numero(" ajusteded", sumas.Numero(u"tajustededucir"));
+    r.ejecutar(item.insertar(u"item"_s));
     r.ctx.dialogos.atenderEventos();
 }
 
 void numerarPorAparicion(ContextoArmado &r) {
     qint64 n = 0;
     Recordset primero;
-    while (r.consultar("select top 1 * from groupsubitems where interno = '"_L1 + r.interno +
-                           "' and id is null order by idsub"_L1,
-                       primero)) {
+    const QString siguiente =
+        u"select top 1 * from groupsubitems "
+        "where interno = %1 and id is null order by idsub"_s.arg(r.clave());
+    while (r.consultar(siguiente, primero)) {
         ++n;
         const auto numerar = [&](Puntas puntas) {
-            return r.ejecutar("update groupsubitems set id = "_L1 + QString::number(n) + " "_L1 +
-                              claveDe(r, primero, clavesDeAparicion, puntas));
+            return r.ejecutar(u"update groupsubitems set id = %1 %2"_s.arg(
+                QString::number(n), claveDe(r, primero, clavesDeAparicion, puntas)));
         };
         // The store keeps end blanks apart: a description that has them is met as it stands. A group that no
         // key meets would come first for ever, so it ends the run.
@@ -117,40 +112,39 @@ void numerarPorAparicion(ContextoArmado &r) {
                         {}};
         Recordset sumas;
         r.consultar(
-            "select sum("_L1 + redondeado(r, "valorrelacionestadistica") + ") as valrel, sum("_L1 +
-                redondeado(r, "valorderesp") +
-                ") as valder, sum(cantidad) as cant, sum(FOB) as fobtotal, sum("_L1 +
-                redondeado(r, "kgneto") +
-                ") as rkgneto, sum(kgbruto) As rkgbruto, sum(insumostemp) As tinsumostemp, "
-                "sum(insumosacons) As tinsumosacons, sum(ajusteincluir) As "
-                "tajusteincluir, sum(ajustededucir) As tajustededucir from groupsubitems where id = "_L1 +
-                QString::number(n) + " and interno = '"_L1 + r.interno + "'"_L1,
+            u"select sum(%1) as valrel, sum(%2) as valder, sum(cantidad) as cant, sum(FOB) as fobtotal, "
+            "sum(%3) as rkgneto, sum(kgbruto) As rkgbruto, "
+            "sum(insumostemp) As tinsumostemp, sum(insumosacons) As tinsumosacons, "
+            "sum(ajusteincluir) As tajusteincluir, sum(ajustededucir) As tajustededucir "
+            "from groupsubitems "
+            "where id = %4 and interno = %5"_s.arg(redondeado(r, u"valorrelacionestadistica"_s),
+                                                   redondeado(r, u"valorderesp"_s),
+                                                   redondeado(r, u"kgneto"_s), QString::number(n), r.clave()),
             sumas);
         insertarItem(r, primero, sumas, n);
     }
 }
 
 void numerarPorNcm(ContextoArmado &r) {
-    const L descripcion = r.esDJAI() ? "descripcion,"_L1 : ""_L1;
     qint64 n = 1;
     Recordset rs;
-    for (r.consultar("select interno,ncm,"_L1 + descripcion +
-                         "estadistica,idpais,idpaisproc,idunidad,estadomerc,biendeuso,sum("_L1 +
-                         redondeado(r, "valorrelacionestadistica") + ") as valrel,deresp,sum("_L1 +
-                         redondeado(r, "valorderesp") +
-                         ") as valder,sum(cantidad) as cant,lapi,sum(FOB) as fobtotal, sum("_L1 +
-                         redondeado(r, "kgneto") +
-                         ") as rkgneto, sum(kgbruto) as rkgbruto,itfiller,sum(insumostemp) as "
-                         "tinsumostemp, sum(insumosacons) as tinsumosacons,cancelaciones, "
-                         "tipoitem,ONCCACategoria,ONCCACortes, sum(ajusteincluir) as "
-                         "tajusteincluir,sum(ajustededucir) as tajustededucir  from groupsubitems where "
-                         "interno = '"_L1 +
-                         r.interno + "' group by interno,ncm,"_L1 + descripcion +
-                         "estadistica,idpais,idpaisproc,idunidad,estadomerc,deresp,biendeuso,lapi,itfiller,"
-                         "cancelaciones,tipoitem,ONCCACategoria,ONCCACortes order "
-                         "by tipoitem desc, ncm, itfiller"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+    r.consultar(
+        u"select interno,ncm,%1estadistica,idpais,idpaisproc,idunidad,estadomerc,biendeuso,"
+        "sum(%2) as valrel,deresp,sum(%3) as valder,"
+        "sum(cantidad) as cant,lapi,sum(FOB) as fobtotal, "
+        "sum(%4) as rkgneto, sum(kgbruto) as rkgbruto,"
+        "itfiller,sum(insumostemp) as tinsumostemp, sum(insumosacons) as tinsumosacons,"
+        "cancelaciones, tipoitem,ONCCACategoria,ONCCACortes, "
+        "sum(ajusteincluir) as tajusteincluir,sum(ajustededucir) as tajustededucir  "
+        "from groupsubitems "
+        "where interno = %5 "
+        "group by interno,ncm,%1estadistica,idpais,idpaisproc,idunidad,estadomerc,deresp,biendeuso,"
+        "lapi,itfiller,cancelaciones,tipoitem,ONCCACategoria,ONCCACortes "
+        "order by tipoitem desc, ncm, itfiller"_s.arg(
+            r.esDJAI() ? "descripcion,"_L1 : ""_L1, redondeado(r, u"valorrelacionestadistica"_s),
+            redondeado(r, u"valorderesp"_s), redondeado(r, u"kgneto"_s), r.clave()),
+        rs);
+    for (; !rs.Eof(); rs.MoveNext()) {
         insertarItem(r, rs, rs, n);
         if (!r.DATOCOMPRADOR.isEmpty())
             AgregarInformacionAdicional(r, n, u"DATO-COMPRADOR"_s, r.DATOCOMPRADOR);
@@ -161,75 +155,79 @@ void numerarPorNcm(ContextoArmado &r) {
 /// Gives each group the number of its item; numbering by appearance has done so already.
 void enlazarGrupos(ContextoArmado &r) {
     const QString comparaciones =
-        "(groupsubitems.interno = item.Interno and groupsubitems.ncm = item.NCM and "_L1 +
-        (r.esDJAI()
-             ? "(groupsubitems.descripcion = item.descripcion or groupsubitems.descripcion is null) and "_L1
-             : ""_L1) +
+        u"(groupsubitems.interno = item.Interno and "
+        "groupsubitems.ncm = item.NCM and "
+        "%1"
         "(groupsubitems.idpais = item.Idpais or groupsubitems.idpais is null) and "
         "(groupsubitems.idpaisproc = item.Idproc or groupsubitems.idpaisproc is null) and "
-        "groupsubitems.idunidad = item.idunidad and (groupsubitems.itfiller = item.itfiller or "
-        "groupsubitems.itfiller is null) and (groupsubitems.estadomerc = "
-        "item.estadomerc or groupsubitems.estadomerc is null) and groupsubitems.biendeuso = item.Biendeuso "
-        "and groupsubitems.cancelaciones = item.cancelaciones and "
-        "groupsubitems.tipoitem = item.tipoitem)"_L1;
-    const QString where = " where groupsubitems.interno = '"_L1 + r.interno + "'"_L1;
-    const qint64 tocados = r.esSQL()
-                               ? r.ejecutar(
-                                     "Update groupsubitems Set groupsubitems.ID = ITEM.ID from "
-                                     "groupsubitems INNER JOIN item on "_L1 +
-                                     comparaciones + where)
-                               : r.ejecutar("Update groupsubitems Inner Join item On "_L1 + comparaciones +
-                                            " Set groupsubitems.ID = ITEM.ID"_L1 + where);
-    if (tocados == 0) r.ctx.dialogos.critico(u"Error en Agrupar Subitems"_s);
+        "groupsubitems.idunidad = item.idunidad and "
+        "(groupsubitems.itfiller = item.itfiller or groupsubitems.itfiller is null) and "
+        "(groupsubitems.estadomerc = item.estadomerc or groupsubitems.estadomerc is null) and "
+        "groupsubitems.biendeuso = item.Biendeuso and "
+        "groupsubitems.cancelaciones = item.cancelaciones and "
+        "groupsubitems.tipoitem = item.tipoitem)"_s.arg(
+            r.esDJAI()
+                ? "(groupsubitems.descripcion = item.descripcion or groupsubitems.descripcion is null) and "_L1
+                : ""_L1);
+    const QString forma = r.esSQL() ? u"Update groupsubitems "
+                                      "Set groupsubitems.ID = ITEM.ID "
+                                      "from groupsubitems INNER JOIN item on %1 "
+                                      "where groupsubitems.interno = %2"_s
+                                    : u"Update groupsubitems Inner Join item On %1 "
+                                      "Set groupsubitems.ID = ITEM.ID "
+                                      "where groupsubitems.interno = %2"_s;
+    if (r.ejecutar(forma.arg(comparaciones, r.clave())) == 0)
+        r.ctx.dialogos.critico(u"Error en Agrupar Subitems"_s);
 }
 
 }  // namespace
 
 void ControlarKiloBruto(ContextoArmado &r) {
-    const auto contar = [&r](const char *prueba) {
-        Recordset rs;
-        r.consultar("select count(*) as cant from groupsubitems where interno = '"_L1 + r.interno +
-                        "' and "_L1 + L(prueba),
-                    rs);
-        return rs.Numero(u"cant");
+    const auto hay = [&r](L prueba) {
+        return r.numero(
+                   u"select count(*) as cant from groupsubitems "
+                   "where interno = %1 and %2"_s.arg(r.clave(), prueba),
+                   u"cant") > 0;
     };
-    const bool con = contar("kgbruto > 0") > 0;
-    const bool sin = contar("kgbruto = 0") > 0;
+    const bool con = hay("kgbruto > 0"_L1);
+    const bool sin = hay("kgbruto = 0"_L1);
     if (con && !sin) {
-        Recordset rs;
-        r.consultar(
-            "select sum(kgbruto) as total from groupsubitems where interno = '"_L1 + r.interno + "'"_L1, rs);
-        r.ejecutar("update caratula set BULPES= "_L1 + SqlNumber(r.ctx, rs.Numero(u"Total")) +
-                   " where interno = '"_L1 + r.interno + "'"_L1);
+        const double total = r.numero(
+            "select sum(kgbruto) as total from groupsubitems where interno = "_L1 + r.clave(), u"total");
+        r.ejecutar(
+            u"update caratula set BULPES= %1 "
+            "where interno = %2"_s.arg(SqlNumber(r.ctx, total), r.clave()));
     } else if (!con && sin) {
-        r.ejecutar("update caratula set BULPES = 0 where interno = '"_L1 + r.interno + "'"_L1);
+        r.ejecutar("update caratula set BULPES = 0 where interno = "_L1 + r.clave());
     } else {
         r.ctx.dialogos.informar(
-            u"Hay Subitem's que no tiene ingresado el KG Bruto.\r\n\r\nPor "
-            "favor verifique los mismos en la opcion CARGA DE SUBITEMS"_s,
+            u"Hay Subitem's que no tiene ingresado el KG Bruto.\r\n\r\n"
+            "Por favor verifique los mismos en la opcion CARGA DE SUBITEMS"_s,
             u"KG BRUTOS (BULTOS)"_s);
     }
 }
 
 void DividirItemsGrandes(ContextoArmado &r) {
-    const L descripcion = r.esDJAI() ? "descripcion,"_L1 : ""_L1;
     Recordset grandes;
-    for (r.consultar("select count(*),interno,ncm,estadistica,"_L1 + descripcion +
-                         "idpais,idpaisproc,idunidad,estadomerc,biendeuso,sum(valorrelacionestadistica) as "
-                         "valrel,deresp,sum(valorderesp) as valder,sum(cantidad) as "
-                         "cant,lapi,sum(FOB) as fobtotal, sum(kgneto) as rkgneto, sum(kgbruto) as "
-                         "rkgbruto,itfiller,cancelaciones,codigoean,tipoitem From "
-                         "groupsubitems where interno = '"_L1 +
-                         r.interno + "' group by interno,ncm,estadistica,"_L1 + descripcion +
-                         "idpais,idpaisproc,idunidad,estadomerc,deresp,biendeuso,lapi,itfiller,"
-                         "cancelaciones,codigoean,tipoitem having count(*)>300"_L1,
-                     grandes);
-         !grandes.Eof(); grandes.MoveNext()) {
+    r.consultar(
+        u"select count(*),interno,ncm,estadistica,%1idpais,idpaisproc,idunidad,estadomerc,biendeuso,"
+        "sum(valorrelacionestadistica) as valrel,deresp,sum(valorderesp) as valder,"
+        "sum(cantidad) as cant,lapi,sum(FOB) as fobtotal, "
+        "sum(kgneto) as rkgneto, sum(kgbruto) as rkgbruto,"
+        "itfiller,cancelaciones,codigoean,tipoitem "
+        "From groupsubitems "
+        "where interno = %2 "
+        "group by interno,ncm,estadistica,%1idpais,idpaisproc,idunidad,estadomerc,deresp,biendeuso,"
+        "lapi,itfiller,cancelaciones,codigoean,tipoitem "
+        "having count(*)>%3"_s.arg(r.esDJAI() ? "descripcion,"_L1 : ""_L1, r.clave(),
+                                   QString::number(maximoDeGrupos)),
+        grandes);
+    for (; !grandes.Eof(); grandes.MoveNext()) {
         Recordset grupos;
         const auto abrir = [&](Puntas puntas) {
-            r.internos().Sql =
-                "select * from groupsubitems "_L1 + claveDe(r, grandes, clavesDePartes, puntas);
-            return r.internos().crearrsActualizable(grupos, u"groupsubitems"_s);
+            return r.abrirActualizable(
+                "select * from groupsubitems "_L1 + claveDe(r, grandes, clavesDePartes, puntas), grupos,
+                u"groupsubitems"_s);
         };
         int contador = 1;
         int parte = 1;
@@ -256,71 +254,82 @@ void GenerarItems(ContextoArmado &r) {
 }
 
 void AgregarItemCero(ContextoArmado &r) {
-    const QString interno = QLatin1Char('\'') + r.interno + QLatin1Char('\'');
-    r.ejecutar("INSERT INTO item (id,interno,totalkneto) values (0,"_L1 + interno + ",0)"_L1);
-    const auto enTodos = [&](const char *columna, const QString &valor) {
-        r.ejecutar("update item set "_L1 + L(columna) + " = '"_L1 + valor + "' where interno = "_L1 +
-                   interno);
+    const QString clave = r.clave();
+    r.ejecutar(u"INSERT INTO item (id,interno,totalkneto) values (0,%1,0)"_s.arg(clave));
+    const auto enTodos = [&](L columna, const QString &literal) {
+        r.ejecutar(
+            u"update item set %1 = %2 "
+            "where interno = %3"_s.arg(columna, literal, clave));
     };
-    const auto enCero = [&](const char *columna, const QString &valor) {
-        r.ejecutar("update item set "_L1 + L(columna) + " = '"_L1 + valor + "' where id=0 and interno = "_L1 +
-                   interno);
+    const auto enCero = [&](L columna, const QString &literal) {
+        r.ejecutar(
+            u"update item set %1 = %2 "
+            "where id=0 and interno = %3"_s.arg(columna, literal, clave));
     };
     if (!r.DCPaisDestino.isEmpty())
-        r.ejecutar("update item set idproc = '"_L1 + r.DCPaisDestino + "' where interno = "_L1 + interno +
-                   " and (idproc = '' or idproc is null)"_L1);
-    if (!r.DCStandard.isEmpty()) enTodos("standard", r.DCStandard);
-    if (!r.DCRegalias.isEmpty()) enTodos("regalias", r.DCRegalias);
-    if (!r.DCEstMerc.isEmpty() && r.DCForzarEstMerc) enCero("EstadoMerc", r.DCEstMerc);
-    if (!r.DCPaisOrigen.isEmpty() && r.DCForzarPaisOrigen) enCero("IdPais", r.DCPaisOrigen);
+        r.ejecutar(
+            u"update item set idproc = %1 "
+            "where interno = %2 and (idproc = '' or idproc is null)"_s.arg(EnComillas(r.DCPaisDestino),
+                                                                           clave));
+    if (!r.DCStandard.isEmpty()) enTodos("standard"_L1, EnComillas(r.DCStandard));
+    if (!r.DCRegalias.isEmpty()) enTodos("regalias"_L1, EnComillas(r.DCRegalias));
+    if (!r.DCEstMerc.isEmpty() && r.DCForzarEstMerc) enCero("EstadoMerc"_L1, EnComillas(r.DCEstMerc));
+    if (!r.DCPaisOrigen.isEmpty() && r.DCForzarPaisOrigen) enCero("IdPais"_L1, EnComillas(r.DCPaisOrigen));
     // All eight hang on the agreement alone.
     if (!r.ONCCAAcuerdo.isEmpty()) {
-        enTodos("ONCCAAcuerdo", r.ONCCAAcuerdo);
-        enTodos("ONCCAElaborador", r.ONCCAElaborador);
-        enTodos("ONCCAEspecie", r.ONCCAEspecie);
-        enTodos("ONCCAFaneador", r.ONCCAFaneador);
-        enTodos("ONCCAMatadero", r.ONCCAMatadero);
-        enTodos("ONCCAMeccoorgbio", r.ONCCAMeccoorgbio);
-        enTodos("ONCCARes3106", r.ONCCARes3106);
-        enTodos("ONCCASisPro", r.ONCCASisPro);
+        enTodos("ONCCAAcuerdo"_L1, EnComillas(r.ONCCAAcuerdo));
+        enTodos("ONCCAElaborador"_L1, EnComillas(r.ONCCAElaborador));
+        enTodos("ONCCAEspecie"_L1, EnComillas(r.ONCCAEspecie));
+        enTodos("ONCCAFaneador"_L1, EnComillas(r.ONCCAFaneador));
+        enTodos("ONCCAMatadero"_L1, EnComillas(r.ONCCAMatadero));
+        enTodos("ONCCAMeccoorgbio"_L1, EnComillas(r.ONCCAMeccoorgbio));
+        enTodos("ONCCARes3106"_L1, EnComillas(r.ONCCARes3106));
+        enTodos("ONCCASisPro"_L1, EnComillas(r.ONCCASisPro));
     }
-    if (!r.OpcionesIVA.isEmpty()) enTodos("OpcionesIVA", r.OpcionesIVA);
-    if (!r.OpcionesGanancias.isEmpty()) enTodos("OpcionesGanancias", r.OpcionesGanancias);
+    if (!r.OpcionesIVA.isEmpty()) enTodos("OpcionesIVA"_L1, EnComillas(r.OpcionesIVA));
+    if (!r.OpcionesGanancias.isEmpty()) enTodos("OpcionesGanancias"_L1, EnComillas(r.OpcionesGanancias));
     if (r.descripcionForzada) {
-        const QString descripcion = DoblarComillas(r.DC_DJAI_DescripcionMercaderia);
-        enTodos("descripcion", descripcion);
-        r.ejecutar("update groupsubitems set descripcion = '"_L1 + descripcion + "' where interno = "_L1 +
-                   interno);
+        const QString descripcion = TextoEnComillas(r.DC_DJAI_DescripcionMercaderia);
+        enTodos("descripcion"_L1, descripcion);
+        r.ejecutar(
+            u"update groupsubitems set descripcion = %1 "
+            "where interno = %2"_s.arg(descripcion, clave));
     }
     struct Lista {
-        const char *prueba;
-        const char *lista;
+        L prueba;
+        L lista;
     };
     // The last four test equality: a split item of those lists carries a digit behind the marker and does not
     // map.
-    static constexpr std::array<Lista, 7> listas{{{"left(itfiller,9) = 'LISTA:314'", "314/R.AUTOMOTRIZ"},
-                                                  {"left(itfiller,14) = 'LISTA:MERCOSUR'", "MERCOSUR"},
-                                                  {"left(itfiller,11) = 'LISTA:904/1'", "904/1"},
-                                                  {"itfiller = 'LISTA:306'", "306"},
-                                                  {"itfiller = 'LISTA:355'", "355"},
-                                                  {"itfiller = 'LISTA:357'", "357"},
-                                                  {"itfiller = 'LISTA:359/3'", "359/3"}}};
+    static constexpr std::array<Lista, 7> listas{{
+        {"left(itfiller,9) = 'LISTA:314'"_L1, "314/R.AUTOMOTRIZ"_L1},
+        {"left(itfiller,14) = 'LISTA:MERCOSUR'"_L1, "MERCOSUR"_L1},
+        {"left(itfiller,11) = 'LISTA:904/1'"_L1, "904/1"_L1},
+        {"itfiller = 'LISTA:306'"_L1, "306"_L1},
+        {"itfiller = 'LISTA:355'"_L1, "355"_L1},
+        {"itfiller = 'LISTA:357'"_L1, "357"_L1},
+        {"itfiller = 'LISTA:359/3'"_L1, "359/3"_L1},
+    }};
     for (const Lista &l : listas)
-        r.ejecutar("update item set LISTA = '"_L1 + L(l.lista) + "' where interno = "_L1 + interno +
-                   " and "_L1 + L(l.prueba));
+        r.ejecutar(
+            u"update item set LISTA = %1 "
+            "where interno = %2 and %3"_s.arg(EnComillas(l.lista), clave, l.prueba));
 }
 
 void ControlarTiposGD(ContextoArmado &r) {
     Recordset rs;
-    if (!r.consultar("select id from item where interno = '"_L1 + r.interno + "' and tipoitem = 'G'"_L1, rs))
+    if (!r.consultar(u"select id from item "
+                     "where interno = %1 and tipoitem = 'G'"_s.arg(r.clave()),
+                     rs))
         return;
     const QString noSe = u"\r\n\r\nNo se establecio el ITEM RELACIONADO!"_s;
     if (rs.RecordCount() > 1) {
         r.ctx.dialogos.advertir(
             u"ADVERTENCIA!: Hay mas de 1 item tipo G, solo puede haber uno y ser el primer item"_s + noSe);
     } else if (rs.Numero(u"ID") == 1) {
-        r.ejecutar("Update item set itemasociado = '001' where interno = '"_L1 + r.interno +
-                   "' and tipoitem='D'"_L1);
+        r.ejecutar(
+            u"Update item set itemasociado = '001' "
+            "where interno = %1 and tipoitem='D'"_s.arg(r.clave()));
         r.ctx.dialogos.informar(u"Se establecio como ITEM RELACIONADO el 001 en todos los items tipo D"_s);
     } else {
         r.ctx.dialogos.advertir(u"ADVERTENCIA!: El Item tipo G debe ser el primer item"_s + noSe);
@@ -329,8 +338,6 @@ void ControlarTiposGD(ContextoArmado &r) {
 
 void AgregarInformacionAdicional(ContextoArmado &r, qint64 iditem, const QString &idinfo,
                                  const QString &valor) {
-    QString limpio = valor;
-    limpio.replace(QLatin1Char('\''), QLatin1Char(' '));
-    r.ejecutar("insert into ITEMINFO (INTERNO, IDITEM, IDINFO, VALOR) values ('"_L1 + r.interno + "',"_L1 +
-               QString::number(iditem) + ",'"_L1 + idinfo + "','"_L1 + limpio + "')"_L1);
+    r.ejecutar(u"insert into ITEMINFO (INTERNO, IDITEM, IDINFO, VALOR) values (%1,%2,%3,%4)"_s.arg(
+        r.clave(), QString::number(iditem), EnComillas(idinfo), EnComillas(SinComillas(valor))));
 }

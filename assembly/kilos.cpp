@@ -1,6 +1,8 @@
+// Kilos of the header are spread over the groups that have none, and checked item by item.
+
 #include <cmath>
 
-#include "assembly/run.h"
+#include "assembly/phases.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/sqltext.h"
@@ -9,23 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using L = QLatin1String;
 using numeros::Format;
 
 const QString tablaDeGrupos = u"groupsubitems"_s;
+constexpr auto kilo = "01"_L1;
 constexpr double piso = 0.01;
 
 double centavos(double valor) {
     return numeros::redondear(valor, 2);
-}
-
-QString clave(const ContextoArmado &r) {
-    return QLatin1Char('\'') + r.interno + QLatin1Char('\'');
-}
-
-double uno(ContextoArmado &r, const QString &sql, QStringView columna) {
-    Recordset rs;
-    return r.consultar(sql, rs) ? rs.Numero(columna) : 0;
 }
 
 /// A number as the user of this workstation writes it.
@@ -35,7 +28,12 @@ QString paraLeer(const ContextoArmado &r, double valor) {
 }
 
 double sumaDeKilos(ContextoArmado &r) {
-    return uno(r, "select sum(kgneto) as total from groupsubitems where interno = "_L1 + clave(r), u"total");
+    return r.numero("select sum(kgneto) as total from groupsubitems where interno = "_L1 + r.clave(),
+                    u"total");
+}
+
+QString enCentavos(const ContextoArmado &r, const QString &expresion) {
+    return SqlRound(r.ctx, u"INTERNOS"_s, expresion, u"00.00");
 }
 
 void barra(ContextoArmado &r, int porciento) {
@@ -47,10 +45,12 @@ void barra(ContextoArmado &r, int porciento) {
 /// more than the floor. Works on cents, so that it ends.
 void tomarDeLosPesados(ContextoArmado &r, double pedido) {
     while (pedido > 0) {
-        r.internos().Sql = "select top 1 * from groupsubitems where interno = "_L1 + clave(r) +
-                           " and kgneto > 0.01 order by kgneto desc"_L1;
         Recordset fila;
-        if (!r.internos().crearrsActualizable(fila, tablaDeGrupos)) return;
+        if (!r.abrirActualizable(u"select top 1 * from groupsubitems "
+                                 "where interno = %1 and kgneto > 0.01 "
+                                 "order by kgneto desc"_s.arg(r.clave()),
+                                 fila, tablaDeGrupos))
+            return;
         const double kilos = centavos(fila.Numero(u"kgneto"));
         const bool alcanza = kilos > pedido;
         const double antes = pedido;
@@ -63,22 +63,26 @@ void tomarDeLosPesados(ContextoArmado &r, double pedido) {
 
 /// Rows that got nothing are lifted to the floor, and the heaviest ones pay.
 void aplicarPiso(ContextoArmado &r) {
-    const double n = uno(
-        r, "select count(1) as cantidad from groupsubitems where kgneto <= 0 and interno = "_L1 + clave(r),
+    const double n = r.numero(
+        "select count(1) as cantidad from groupsubitems "
+        "where kgneto <= 0 and interno = "_L1 +
+            r.clave(),
         u"cantidad");
     if (n < 1) return;
     const double pedido = centavos(n * piso);
-    r.internos().Sql = "select * from groupsubitems where flgkg = '*' and interno = "_L1 + clave(r) +
-                       " and kgneto >  "_L1 + SqlNumber(r.ctx, pedido) + " order by kgneto desc"_L1;
     Recordset pesada;
-    if (r.internos().crearrsActualizable(pesada, tablaDeGrupos)) {
+    if (r.abrirActualizable(u"select * from groupsubitems "
+                            "where flgkg = '*' and interno = %1 and kgneto >  %2 "
+                            "order by kgneto desc"_s.arg(r.clave(), SqlNumber(r.ctx, pedido)),
+                            pesada, tablaDeGrupos)) {
         pesada.Poner(u"kgneto", centavos(pesada.Numero(u"kgneto") - pedido));
         pesada.Update();
     } else {
         tomarDeLosPesados(r, pedido);
     }
-    r.ejecutar("update groupsubitems set kgneto = 0.01  where interno = "_L1 + clave(r) +
-               " and kgneto <= 0"_L1);
+    r.ejecutar(
+        u"update groupsubitems set kgneto = 0.01  "
+        "where interno = %1 and kgneto <= 0"_s.arg(r.clave()));
 }
 
 /// The heaviest spread row takes what is missing; false when none is heavy enough.
@@ -86,13 +90,14 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
     const double diferencia = centavos(kilos - centavos(sumaDeKilos(r)));
     if (diferencia == 0) return true;
     const double valor = std::fabs(diferencia);
-    r.internos().Sql = "select top 2 * from groupsubitems where flgkg = '*' and interno = "_L1 + clave(r) +
-                       " and kgneto > "_L1 + SqlNumber(r.ctx, valor) + " order by kgneto desc"_L1;
     Recordset fila;
-    if (!r.internos().crearrsActualizable(fila, tablaDeGrupos)) {
+    if (!r.abrirActualizable(u"select top 2 * from groupsubitems "
+                             "where flgkg = '*' and interno = %1 and kgneto > %2 "
+                             "order by kgneto desc"_s.arg(r.clave(), SqlNumber(r.ctx, valor)),
+                             fila, tablaDeGrupos)) {
         r.ctx.dialogos.advertir(
-            u"Error al redondear prorrateo, no se encontro subitems con "
-            "kilos mayor a %1\r\nNo se puede continuar.."_s.arg(paraLeer(r, valor)));
+            u"Error al redondear prorrateo, no se encontro subitems con kilos mayor a %1\r\n"
+            "No se puede continuar.."_s.arg(paraLeer(r, valor)));
         return false;
     }
     fila.Poner(u"kgneto", centavos(fila.Numero(u"kgneto") + diferencia));
@@ -100,29 +105,37 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
     return true;
 }
 
+/// Where the kilo is the measure, the measure follows the kilos; the items take their groups' sums.
 void llevarAItems(ContextoArmado &r, double kilos) {
-    const L si("01");
-    r.ejecutar("update groupsubitems set valorrelacionestadistica = kgneto where interno = "_L1 + clave(r) +
-               " and estadistica = '01'"_L1);
-    r.ejecutar("update groupsubitems set valorderesp = kgneto where interno = "_L1 + clave(r) +
-               " and deresp = '01'"_L1);
+    const auto clave = r.clave();
+    r.ejecutar(
+        u"update groupsubitems set valorrelacionestadistica = kgneto "
+        "where interno = %1 and estadistica = '01'"_s.arg(clave));
+    r.ejecutar(
+        u"update groupsubitems set valorderesp = kgneto "
+        "where interno = %1 and deresp = '01'"_s.arg(clave));
     barra(r, 80);
     Recordset rs;
-    for (r.consultar("select id,estadistica,deresp,"_L1 +
-                         SqlRound(r.ctx, u"INTERNOS"_s, u"sum(kgneto)"_s, u"00.00") +
-                         " as totalkg from groupsubitems where interno = "_L1 + clave(r) +
-                         " group by id,estadistica,deresp"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+    r.consultar(
+        u"select id,estadistica,deresp,%1 as totalkg "
+        "from groupsubitems "
+        "where interno = %2 "
+        "group by id,estadistica,deresp"_s.arg(enCentavos(r, u"sum(kgneto)"_s), clave),
+        rs);
+    for (; !rs.Eof(); rs.MoveNext()) {
         const QString total = SqlNumber(r.ctx, rs.Numero(u"TotalKg"));
-        r.ejecutar("update item set totalkneto = "_L1 + total + " "_L1 +
-                   (rs.Texto(u"estadistica") == si ? ", valorrelacionestadistica = "_L1 + total + " "_L1
-                                                   : QString()) +
-                   (rs.Texto(u"deresp") == si ? ", valorderesp = "_L1 + total + " "_L1 : QString()) +
-                   " where interno = "_L1 + clave(r) + " and id = "_L1 + SqlNumber(r.ctx, rs.Numero(u"ID")));
+        const auto cuando = [&](QStringView unidad, const QString &forma) {
+            return rs.Texto(unidad) == kilo ? forma.arg(total) : QString();
+        };
+        r.ejecutar(
+            u"update item set totalkneto = %1 %2%3 "
+            "where interno = %4 and id = %5"_s.arg(
+                total, cuando(u"estadistica", u", valorrelacionestadistica = %1 "_s),
+                cuando(u"deresp", u", valorderesp = %1 "_s), clave, SqlNumber(r.ctx, rs.Numero(u"ID"))));
     }
-    r.ejecutar("update item set totalkneto = "_L1 + SqlNumber(r.ctx, kilos) + " where interno = "_L1 +
-               clave(r) + " and id = 0"_L1);
+    r.ejecutar(
+        u"update item set totalkneto = %1 "
+        "where interno = %2 and id = 0"_s.arg(SqlNumber(r.ctx, kilos), clave));
 }
 
 /// Which measure of an item is the kilo.
@@ -135,7 +148,6 @@ struct MedidaLeida {
 };
 
 Medida medidaDe(const Recordset &rs) {
-    const L kilo("01");
     const bool estadistica = rs.Texto(u"estadistica") == kilo;
     const bool especifica = rs.Texto(u"deresp") == kilo;
     if (estadistica) return especifica ? Medida::Ambas : Medida::Estadistica;
@@ -145,15 +157,15 @@ Medida medidaDe(const Recordset &rs) {
 /// The measure of the item's groups that pass `prueba`. Groups of one item may differ in their units: those
 /// that name the kilo count, in whatever order the store gives them.
 MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &id) {
-    const QString entidad = u"INTERNOS"_s;
     Recordset rs;
     MedidaLeida m;
-    m.hay = r.consultar("select estadistica,deresp,"_L1 +
-                            SqlRound(r.ctx, entidad, u"sum(valorrelacionestadistica)"_s, u"00.00") +
-                            " as est,"_L1 + SqlRound(r.ctx, entidad, u"sum(valorderesp)"_s, u"00.00") +
-                            " as esp from groupsubitems where "_L1 + prueba + " and id = "_L1 + id +
-                            " and interno= "_L1 + clave(r) + " group by estadistica,deresp"_L1,
-                        rs);
+    m.hay = r.consultar(
+        u"select estadistica,deresp,%1 as est,%2 as esp "
+        "from groupsubitems "
+        "where %3 and id = %4 and interno= %5 "
+        "group by estadistica,deresp"_s.arg(enCentavos(r, u"sum(valorrelacionestadistica)"_s),
+                                            enCentavos(r, u"sum(valorderesp)"_s), prueba, id, r.clave()),
+        rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         m.medida = medidaDe(rs);
         if (m.medida == Medida::Ninguna) continue;
@@ -164,8 +176,9 @@ MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &
 }
 
 void escribirKilos(ContextoArmado &r, double kilos, const QString &id) {
-    r.ejecutar("update item set totalkneto = "_L1 + SqlNumber(r.ctx, kilos) + " where id = "_L1 + id +
-               " and interno = "_L1 + clave(r));
+    r.ejecutar(
+        u"update item set totalkneto = %1 "
+        "where id = %2 and interno = %3"_s.arg(SqlNumber(r.ctx, kilos), id, r.clave()));
 }
 
 enum class Hallazgo { Ninguno, Informar, Cortar };
@@ -197,7 +210,7 @@ QString alaDerecha(const ContextoArmado &r, double valor) {
 void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
     barra(r, 10);
     double fobTotal =
-        uno(r, "select sum(fob) as total from groupsubitems where interno = "_L1 + clave(r), u"total");
+        r.numero("select sum(fob) as total from groupsubitems where interno = "_L1 + r.clave(), u"total");
     const double dados = sumaDeKilos(r);
     // Sums of cents carry a trace of the binary arithmetic, which is no kilo.
     constexpr int decimalesSeguros = 8;
@@ -208,31 +221,35 @@ void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
     }
     const double resto = centavos(kilos - dados);
     barra(r, 20);
-    r.ejecutar("update groupsubitems set flgkg = '*' where interno = "_L1 + clave(r) +
-               " and (kgneto <= 0 or kgneto is null)"_L1);
-    r.ejecutar("update groupsubitems set flgkg = '' where (flgkg is null or flgkg<>'*') and interno = "_L1 +
-               clave(r));
+    r.ejecutar(
+        u"update groupsubitems set flgkg = '*' "
+        "where interno = %1 and (kgneto <= 0 or kgneto is null)"_s.arg(r.clave()));
+    r.ejecutar(
+        "update groupsubitems set flgkg = '' "
+        "where (flgkg is null or flgkg<>'*') and interno = "_L1 +
+        r.clave());
     barra(r, 30);
     Recordset rs;
-    r.consultar("select sum(fob) as fobtotal,count(fob) as cantidad from groupsubitems where interno = "_L1 +
-                    clave(r) + " and (kgneto <= 0 or kgneto is null)"_L1,
-                rs);
+    r.consultar(
+        u"select sum(fob) as fobtotal,count(fob) as cantidad "
+        "from groupsubitems "
+        "where interno = %1 and (kgneto <= 0 or kgneto is null)"_s.arg(r.clave()),
+        rs);
     if (rs.Numero(u"Cantidad") == 0) {
         r.ctx.dialogos.informar(
-            u"No hay registros para prorratear!\r\nya que todos los articulos tienen cargado "
-            "kilo neto.\r\nSi desea prorratear debe poner los "
-            "kilos en 0 (cero)\r\nEn Carga de Subitems"_s,
+            u"No hay registros para prorratear!\r\n"
+            "ya que todos los articulos tienen cargado kilo neto.\r\n"
+            "Si desea prorratear debe poner los kilos en 0 (cero)\r\n"
+            "En Carga de Subitems"_s,
             u"PRORRATEO DE KILOS NETO.."_s);
         return;
     }
     if (rs.Numero(u"FobTotal") != 0) fobTotal = rs.Numero(u"FobTotal");
     barra(r, 40);
+    const QString parte = u"((fob * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fobTotal));
     r.ejecutar(
-        "Update groupsubitems set kgneto = "_L1 +
-        SqlRound(r.ctx, u"INTERNOS"_s,
-                 "((fob * "_L1 + SqlNumber(r.ctx, resto) + ") / "_L1 + SqlNumber(r.ctx, fobTotal) + ")"_L1,
-                 u"00.00") +
-        " where interno = "_L1 + clave(r) + " and kgneto <= 0 and flgkg='*'"_L1);
+        u"Update groupsubitems set kgneto = %1 "
+        "where interno = %2 and kgneto <= 0 and flgkg='*'"_s.arg(enCentavos(r, parte), r.clave()));
     barra(r, 50);
     aplicarPiso(r);
     barra(r, 70);
@@ -243,23 +260,25 @@ void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
 
 QString VerificarIntegridad(ContextoArmado &r) {
     Recordset rs;
-    for (r.consultar("select id from item where (estadistica<>'01' and deresp<>'01') and totalkneto > 0 "
-                     "and interno = "_L1 +
-                         clave(r),
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+    r.consultar(
+        "select id from item "
+        "where (estadistica<>'01' and deresp<>'01') and totalkneto > 0 and interno = "_L1 +
+            r.clave(),
+        rs);
+    for (; !rs.Eof(); rs.MoveNext()) {
         const QString id = rs.Texto(u"ID");
-        if (uno(r,
-                "select count(*) as cant from groupsubitems where kgneto = 0 and id = "_L1 + id +
-                    " and interno = "_L1 + clave(r),
-                u"cant") > 0) {
+        if (r.numero(u"select count(*) as cant from groupsubitems "
+                     "where kgneto = 0 and id = %1 and interno = %2"_s.arg(id, r.clave()),
+                     u"cant") > 0) {
             MostrarSubItems(r, id.toLongLong());
             return u"NO"_s;
         }
     }
-    r.consultar("select id from item where (estadistica='01' or deresp = '01') and interno = "_L1 + clave(r) +
-                    " and (valorrelacionestadistica > 0 or valorderesp > 0)"_L1,
-                rs);
+    r.consultar(
+        u"select id from item "
+        "where (estadistica='01' or deresp = '01') and interno = %1 "
+        "and (valorrelacionestadistica > 0 or valorderesp > 0)"_s.arg(r.clave()),
+        rs);
     const int total = rs.RecordCount();
     barra(r, 0);
     QString respuesta = u"SI"_s;
@@ -289,12 +308,13 @@ void MostrarSubItems(ContextoArmado &r, qint64 iditem) {
                        u"NCM             UD   CANTIDAD PRE. UNIT. UE   CANT. UE UDE  CANT UDE.    KG NETO"_s,
                        u"--------------- -- ---------- ---------- -- ---------- --- ---------- ----------"_s};
     Recordset rs;
-    for (r.consultar("select "
-                     "ncm,idunidad,cantidad,preciounitario,estadistica,valorrelacionestadistica,deresp,"
-                     "valorderesp,kgneto from groupsubitems where id = "_L1 +
-                         QString::number(iditem) + " and interno = "_L1 + clave(r),
-                     rs);
-         !rs.Eof(); rs.MoveNext())
+    r.consultar(
+        u"select ncm,idunidad,cantidad,preciounitario,"
+        "estadistica,valorrelacionestadistica,deresp,valorderesp,kgneto "
+        "from groupsubitems "
+        "where id = %1 and interno = %2"_s.arg(QString::number(iditem), r.clave()),
+        rs);
+    for (; !rs.Eof(); rs.MoveNext())
         lineas << QStringList{rs.Texto(u"ncm").leftJustified(15),
                               rs.Texto(u"idunidad").leftJustified(2),
                               alaDerecha(r, rs.Numero(u"cantidad")),

@@ -1,7 +1,6 @@
 #include <array>
 
-#include "assembly/run.h"
-#include "assembly/sql_text.h"
+#include "assembly/phases.h"
 #include "subitems/nomenclature.h"
 
 using namespace Qt::StringLiterals;
@@ -25,7 +24,8 @@ void VerificarMarcasNcm(ContextoArmado &r) {
     bool estampillas = false;
     Recordset posiciones;
     r.consultar(
-        "select distinct ncm from item where interno = "_L1 + EnComillas(r.interno) + " and id <> 0"_L1,
+        u"select distinct ncm from item "
+        "where interno = %1 and id <> 0"_s.arg(r.clave()),
         posiciones);
     for (; !posiciones.Eof(); posiciones.MoveNext()) {
         const MarcasNcm marcas = LeerMarcasNcm(r.ctx, posiciones.Texto(u"ncm"));

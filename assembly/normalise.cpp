@@ -3,62 +3,64 @@
 
 #include <QHash>
 
-#include "assembly/run.h"
-#include "assembly/sql_text.h"
+#include "assembly/phases.h"
 #include "subitems/SuffixChecker.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A statement around the operation's key.
-struct Relleno {
-    const char *antes;
-    const char *despues = "'";
-};
-
 // The order matters twice: the blanks of the suffixes come before their closing dash, and the nulls are
-// filled before the measures.
-constexpr Relleno rellenos[] = {
-    {"UPDATE SUBITEMS SET BIENDEUSO = 'N' WHERE INTERNO = '", "' and (BIENDEUSO='' or BIENDEUSO is null)"},
-    {"update subitems set tipoitem = 'N' where interno = '", "' and (tipoitem = '' or tipoitem is null)"},
-    {"update subitems set valorderesp = 0 where (valorderesp is null) and interno = '"},
-    {"update subitems set sufijos = '' where sufijos = 'SIN SUFIJOS' and interno = '"},
-    {"update subitems set sufijos = '' where sufijos IS NULL and interno = '"},
-    {"update subitems set idarticulo = '' where idarticulo is null and interno = '"},
-    {"update subitems set Idpais = '' where Idpais is null and interno = '"},
-    {"update subitems set descripcion_maria = '' where descripcion_maria is null and interno = '"},
-    {"update subitems set descripcion = '' where descripcion is null and interno = '"},
-    {"update subitems set Idpaisproc = '' where Idpaisproc is null and interno = '"},
-    {"update subitems set estadomerc = '' where estadomerc is null and interno = '"},
-    {"update subitems set biendeuso = '' where biendeuso is null and interno = '"},
-    {"update subitems set codprorrateo = '' where codprorrateo is null and interno = '"},
-    {"update subitems set LAPI = '' where LAPI is null and interno = '"},
-    {"update subitems set itfiller = '' where itfiller is null and interno = '"},
-    {"update subitems set deresp = '' where deresp is null and interno = '"},
-    {"update subitems set cancelaciones = '' where cancelaciones is null and interno = '"},
-    {"update subitems set codigoean = '' where codigoean is null and interno =  '"},
-    {"Update SubItems set sufijos = sufijos+'-' where not (sufijos = 'SIN SUFIJOS' or sufijos = '' or "
-     "sufijos is "
-     "null) and right(sufijos,1)<>'-' and interno = '"},
-    {"Update SubItems set insumostemp = 0 where ISNUMERIC(insumostemp)=0 and interno =  '"},
-    {"Update SubItems set insumostemp = 0 where insumostemp is null  and interno =  '"},
-    {"Update SubItems set insumosacons = 0 where ISNUMERIC(insumosacons)=0  and interno =  '"},
-    {"Update SubItems set insumosacons = 0 where insumosacons is null  and interno =  '"},
-    {"Update SubItems set kgneto = 0 where kgneto is null  and interno =  '"},
-    {"Update SubItems set ONCCACategoria = '' where ONCCACategoria is null  and interno =  '"},
-    {"Update SubItems set ONCCACortes = '' where ONCCACortes is null  and interno =  '"},
-    {"update subitems set idexportacion = 0 where interno = '", "' and idexportacion is null"},
-    {"update descargas set idexportacion = 0 where interno = '", "' and idexportacion is null"},
-    {"update descargas set iditem = NULL where interno = '", "' and iditem = ''"},
-    {"update descargas set idext = NULL where interno = '", "' and iditem is not null"},
-    {"Update SubItems set AjusteIncluir = 0 where ISNUMERIC(AjusteIncluir)=0 and interno =  '"},
-    {"Update SubItems set AjusteIncluir = 0 where AjusteIncluir is null  and interno =  '"},
-    {"Update SubItems set AjusteDeducir = 0 where ISNUMERIC(AjusteDeducir)=0 and interno =  '"},
-    {"Update SubItems set AjusteDeducir = 0 where AjusteDeducir is null  and interno =  '"},
-    {"update subitems set valorrelacionestadistica = cantidad where idunidad = estadistica and "
-     "valorrelacionestadistica = 0 and interno = '"},
-    {"update subitems set kgneto = cantidad where idunidad = '01' and kgneto = 0 and interno = '"},
+// filled before the measures. %1 is the operation's key.
+constexpr const char *rellenos[] = {
+    "UPDATE SUBITEMS SET BIENDEUSO = 'N' WHERE INTERNO = %1 and (BIENDEUSO='' or BIENDEUSO is null)",
+    "update subitems set tipoitem = 'N' where interno = %1 and (tipoitem = '' or tipoitem is null)",
+
+    "update subitems set valorderesp = 0 where (valorderesp is null) and interno = %1",
+    "update subitems set sufijos = '' where sufijos = 'SIN SUFIJOS' and interno = %1",
+    "update subitems set sufijos = '' where sufijos IS NULL and interno = %1",
+
+    "update subitems set idarticulo = '' where idarticulo is null and interno = %1",
+    "update subitems set Idpais = '' where Idpais is null and interno = %1",
+    "update subitems set descripcion_maria = '' where descripcion_maria is null and interno = %1",
+    "update subitems set descripcion = '' where descripcion is null and interno = %1",
+    "update subitems set Idpaisproc = '' where Idpaisproc is null and interno = %1",
+    "update subitems set estadomerc = '' where estadomerc is null and interno = %1",
+    "update subitems set biendeuso = '' where biendeuso is null and interno = %1",
+    "update subitems set codprorrateo = '' where codprorrateo is null and interno = %1",
+    "update subitems set LAPI = '' where LAPI is null and interno = %1",
+    "update subitems set itfiller = '' where itfiller is null and interno = %1",
+    "update subitems set deresp = '' where deresp is null and interno = %1",
+    "update subitems set cancelaciones = '' where cancelaciones is null and interno = %1",
+    "update subitems set codigoean = '' where codigoean is null and interno =  %1",
+
+    "Update SubItems set sufijos = sufijos+'-' "
+    "where not (sufijos = 'SIN SUFIJOS' or sufijos = '' or sufijos is null) "
+    "and right(sufijos,1)<>'-' and interno = %1",
+
+    // The inputs can hold stray text.
+    "Update SubItems set insumostemp = 0 where ISNUMERIC(insumostemp)=0 and interno =  %1",
+    "Update SubItems set insumostemp = 0 where insumostemp is null  and interno =  %1",
+    "Update SubItems set insumosacons = 0 where ISNUMERIC(insumosacons)=0  and interno =  %1",
+    "Update SubItems set insumosacons = 0 where insumosacons is null  and interno =  %1",
+    "Update SubItems set kgneto = 0 where kgneto is null  and interno =  %1",
+    "Update SubItems set ONCCACategoria = '' where ONCCACategoria is null  and interno =  %1",
+    "Update SubItems set ONCCACortes = '' where ONCCACortes is null  and interno =  %1",
+
+    "update subitems set idexportacion = 0 where interno = %1 and idexportacion is null",
+    "update descargas set idexportacion = 0 where interno = %1 and idexportacion is null",
+    "update descargas set iditem = NULL where interno = %1 and iditem = ''",
+    "update descargas set idext = NULL where interno = %1 and iditem is not null",
+
+    // So can the adjustments.
+    "Update SubItems set AjusteIncluir = 0 where ISNUMERIC(AjusteIncluir)=0 and interno =  %1",
+    "Update SubItems set AjusteIncluir = 0 where AjusteIncluir is null  and interno =  %1",
+    "Update SubItems set AjusteDeducir = 0 where ISNUMERIC(AjusteDeducir)=0 and interno =  %1",
+    "Update SubItems set AjusteDeducir = 0 where AjusteDeducir is null  and interno =  %1",
+
+    "update subitems set valorrelacionestadistica = cantidad "
+    "where idunidad = estadistica and valorrelacionestadistica = 0 and interno = %1",
+    "update subitems set kgneto = cantidad where idunidad = '01' and kgneto = 0 and interno = %1",
 };
 
 constexpr qsizetype anchoDePosicion = 15;
@@ -84,11 +86,9 @@ QString cabezaDelInforme() {
 }  // namespace
 
 void NormalizarLineas(ContextoArmado &r) {
-    for (const Relleno &relleno : rellenos)
-        r.ejecutar(QLatin1StringView(relleno.antes) + r.interno + QLatin1StringView(relleno.despues));
+    for (const char *relleno : rellenos) r.ejecutar(QLatin1StringView(relleno).arg(r.clave()));
     if (r.opciones.modo == ModoDescripcion::Catalogo)
-        r.ejecutar(
-            ConClave("update subitems set descripcion_maria = descripcion where interno = '", r.interno));
+        r.ejecutar("update subitems set descripcion_maria = descripcion where interno = "_L1 + r.clave());
 }
 
 Fase ControlarDescripciones(ContextoArmado &r) {
@@ -96,12 +96,13 @@ Fase ControlarDescripciones(ContextoArmado &r) {
     if (!r.esDJAI() || (modo != ModoDescripcion::Maria && modo != ModoDescripcion::Catalogo))
         return Fase::Sigue;
     Recordset rs;
-    r.consultar("select count(*) as total from subitems where interno = "_L1 + EnComillas(r.interno) +
-                    " and descripcion_maria = ''"_L1,
-                rs);
+    r.consultar(
+        u"select count(*) as total from subitems "
+        "where interno = %1 and descripcion_maria = ''"_s.arg(r.clave()),
+        rs);
     if (rs.Numero(u"total") <= 0) return Fase::Sigue;
     Pregunta p;
-    p.texto = "Hay "_L1 + rs.Texto(u"total") + u" articulos sin descripción, ¿desea continuar?"_s;
+    p.texto = u"Hay %1 articulos sin descripción, ¿desea continuar?"_s.arg(rs.Texto(u"total"));
     if (r.ctx.dialogos.preguntar(p)) return Fase::Sigue;
     r.ctx.ChequeoArmado = u"No"_s;
     return Fase::Corta;
@@ -111,7 +112,7 @@ Fase RevalidarSufijos(ContextoArmado &r) {
     const Dialogos &dialogos = r.ctx.dialogos;
     Recordset pares;
     Conexion &conexion = r.internos().GetAssemblyConnection();
-    conexion.Sql = "select distinct ncm,sufijos from subitems where interno = "_L1 + EnComillas(r.interno);
+    conexion.Sql = "select distinct ncm,sufijos from subitems where interno = "_L1 + r.clave();
     conexion.crearrs(pares);
     const int total = pares.RecordCount();
     const auto barra = [&](int valor) {

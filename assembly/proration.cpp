@@ -4,8 +4,7 @@
 #include <QLocale>
 #include <cmath>
 
-#include "assembly/run.h"
-#include "assembly/sql_text.h"
+#include "assembly/phases.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/sqltext.h"
@@ -39,48 +38,48 @@ double cociente(double a, double b) {
     return a / b;
 }
 
-double total(const ContextoArmado &r, const QString &sql, QStringView columna) {
-    Recordset rs;
-    return r.consultar(sql, rs) ? rs.Numero(columna) : 0;
-}
-
 // Over all groups
 
+/// The first group above the difference takes it.
+void ajustarGrupos(const ContextoArmado &r, double objetivo) {
+    const double suma =
+        r.numero("select sum(fob) as total from groupsubitems where interno = "_L1 + r.clave(), u"total");
+    if (iguales(suma, objetivo, decimalesDeImporte)) return;
+    const double diferencia =
+        redondear(objetivo - redondear(suma, decimalesDeImporte), decimalesDeDiferencia);
+    Recordset uno;
+    if (!r.abrirActualizable(
+            u"select * from groupsubitems "
+            "WHERE INTERNO = %1 and fob >%2"_s.arg(r.clave(), PonerPuntoDecimal(std::abs(diferencia))),
+            uno, u"groupsubitems"_s))
+        return;
+    const double fob = redondear(uno.Numero(u"fob"), decimalesDeImporte) + diferencia;
+    uno.Poner(u"fob", fob);
+    uno.Poner(u"preciounitario", redondear(cociente(fob, uno.Numero(u"cantidad")), decimalesDeUnitario));
+    uno.Update();
+}
+
 void repartirEntreTodos(ContextoArmado &r) {
-    const QString clave = EnComillas(r.interno);
     const double objetivo = redondear(r.fobdivisas + r.valoraprorratear, decimalesDeImporte);
     Recordset grupos;
-    r.consultar("select distinct idsub,fob,cantidad,fob + ((  "_L1 + redondeo(r, u"fob"_s, centavos) +
-                    " * "_L1 + SqlNumber(r.ctx, r.valoraprorratear) + ") / "_L1 +
-                    SqlNumber(r.ctx, r.fobdivisas) + ") as valor from groupsubitems where interno = "_L1 +
-                    clave,
-                grupos);
+    r.consultar(
+        u"select distinct idsub,fob,cantidad,fob + ((  %1 * %2) / %3) as valor "
+        "from groupsubitems "
+        "where interno = %4"_s.arg(redondeo(r, u"fob"_s, centavos), SqlNumber(r.ctx, r.valoraprorratear),
+                                   SqlNumber(r.ctx, r.fobdivisas), r.clave()),
+        grupos);
     for (; !grupos.Eof(); grupos.MoveNext()) {
         const QString valor =
             SqlNumber(r.ctx, numeros::Format(grupos.Numero(u"valor"), centavos, r.ctx.SeparadorDecimal));
-        r.ejecutar("update groupsubitems set fob = "_L1 + valor + ", preciounitario = "_L1 +
-                   redondeo(r, valor + "/cantidad"_L1, unitario) + "  where interno = "_L1 + clave +
-                   " and  idsub = "_L1 + grupos.Texto(u"idsub"));
+        r.ejecutar(
+            u"update groupsubitems set fob = %1, preciounitario = %2  "
+            "where interno = %3 and  idsub = %4"_s.arg(valor, redondeo(r, valor + "/cantidad"_L1, unitario),
+                                                       r.clave(), grupos.Texto(u"idsub")));
     }
-    r.ejecutar("update groupsubitems set fob = "_L1 + redondeo(r, u"fob"_s, centavos) +
-               " where interno = "_L1 + clave);
-    const double suma =
-        total(r, "select sum(fob) as total from groupsubitems where interno = "_L1 + clave, u"total");
-    if (!iguales(suma, objetivo, decimalesDeImporte)) {
-        const double diferencia =
-            redondear(objetivo - redondear(suma, decimalesDeImporte), decimalesDeDiferencia);
-        Recordset uno;
-        Conexion &internos = r.internos();
-        internos.Sql = "select * from groupsubitems WHERE INTERNO = "_L1 + clave + " and fob >"_L1 +
-                       PonerPuntoDecimal(std::abs(diferencia));
-        if (internos.crearrsActualizable(uno, u"groupsubitems"_s)) {
-            const double fob = redondear(uno.Numero(u"fob"), decimalesDeImporte) + diferencia;
-            uno.Poner(u"fob", fob);
-            uno.Poner(u"preciounitario",
-                      redondear(cociente(fob, uno.Numero(u"cantidad")), decimalesDeUnitario));
-            uno.Update();
-        }
-    }
+    r.ejecutar(
+        u"update groupsubitems set fob = %1 "
+        "where interno = %2"_s.arg(redondeo(r, u"fob"_s, centavos), r.clave()));
+    ajustarGrupos(r, objetivo);
     r.FobDeclarado = objetivo;
 }
 
@@ -88,12 +87,12 @@ void repartirEntreTodos(ContextoArmado &r) {
 
 /// Codes that no group carries stop the run: their amount would vanish.
 Fase controlarCodigosSinUso(ContextoArmado &r) {
-    const QString clave = EnComillas(r.interno);
     Recordset rs;
-    if (!r.consultar("select codigo, descripcion from prorrateo where interno = "_L1 + clave +
-                         " and codigo not in (select codprorrateo from groupsubitems where interno = "_L1 +
-                         clave + ')'_L1,
-                     rs))
+    if (!r.consultar(
+            u"select codigo, descripcion from prorrateo "
+            "where interno = %1 "
+            "and codigo not in (select codprorrateo from groupsubitems where interno = %1)"_s.arg(r.clave()),
+            rs))
         return Fase::Sigue;
     const QString raya(64, '-'_L1);
     QStringList lineas{raya, u"Se encontraron CODIGOS DE PRORRATEOS sin utilizar"_s,
@@ -106,39 +105,47 @@ Fase controlarCodigosSinUso(ContextoArmado &r) {
 }
 
 void repartirCodigo(const ContextoArmado &r, const QString &codigo, double valor) {
-    const QString donde =
-        " interno = "_L1 + EnComillas(r.interno) + " and codprorrateo = "_L1 + EnComillas(codigo);
+    const QString donde = u" interno = %1 and codprorrateo = %2"_s.arg(r.clave(), EnComillas(codigo));
     Recordset suma;
-    r.consultar("select sum(fob) as valor from groupsubitems where"_L1 + donde, suma);
+    r.consultar(
+        "select sum(fob) as valor from groupsubitems "
+        "where"_L1 +
+            donde,
+        suma);
     if (suma.EsNulo(u"valor")) return;
     Recordset grupos;
-    r.consultar("select distinct fob,cantidad,fob + (("_L1 + redondeo(r, u"fob"_s, centavos) + " * "_L1 +
-                    SqlNumber(r.ctx, valor) + ") / "_L1 + SqlNumber(r.ctx, suma.Numero(u"valor")) +
-                    ") as valor from groupsubitems where"_L1 + donde,
-                grupos);
+    r.consultar(
+        u"select distinct fob,cantidad,fob + ((%1 * %2) / %3) as valor "
+        "from groupsubitems "
+        "where%4"_s.arg(redondeo(r, u"fob"_s, centavos), SqlNumber(r.ctx, valor),
+                        SqlNumber(r.ctx, suma.Numero(u"valor")), donde),
+        grupos);
     for (; !grupos.Eof(); grupos.MoveNext()) {
         const QString nuevo = SqlNumber(r.ctx, grupos.Numero(u"valor"));
-        r.ejecutar("update groupsubitems set fob = "_L1 + nuevo + ", preciounitario = "_L1 +
-                   redondeo(r, nuevo + "/cantidad"_L1, unitario) + " where fob = "_L1 +
-                   numeroExacto(r, grupos.Numero(u"fob")) + " and cantidad = "_L1 +
-                   numeroExacto(r, grupos.Numero(u"cantidad")) + " and"_L1 + donde);
+        r.ejecutar(
+            u"update groupsubitems set fob = %1, preciounitario = %2 "
+            "where fob = %3 and cantidad = %4 and%5"_s.arg(
+                nuevo, redondeo(r, nuevo + "/cantidad"_L1, unitario), numeroExacto(r, grupos.Numero(u"fob")),
+                numeroExacto(r, grupos.Numero(u"cantidad")), donde));
     }
 }
 
+/// The first group of a code, by FOB, takes what the rounded shares leave.
 void ajustarCodigos(ContextoArmado &r, double suma) {
-    const QString clave = EnComillas(r.interno);
-    const double hay = total(r,
-                             "select sum("_L1 + redondeo(r, u"fob"_s, centavos) +
-                                 ") as total from groupsubitems where interno = "_L1 + clave,
-                             u"total");
+    const double hay = r.numero(
+        u"select sum(%1) as total from groupsubitems "
+        "where interno = %2"_s.arg(redondeo(r, u"fob"_s, centavos), r.clave()),
+        u"total");
     if (iguales(r.fobdivisas + suma, hay, decimalesDeImporte)) return;
     const double diferencia = redondear(hay - (r.fobdivisas + suma), decimalesDeImporte);
     Recordset uno;
-    Conexion &internos = r.internos();
-    internos.Sql = "select * from groupsubitems WHERE INTERNO = "_L1 + clave +
-                   " and codprorrateo in(select codigo from prorrateo where groupsubitems.interno = "
-                   "prorrateo.interno) order by fob"_L1;
-    if (!internos.crearrsActualizable(uno, u"groupsubitems"_s)) return;
+    if (!r.abrirActualizable(u"select * from groupsubitems "
+                             "WHERE INTERNO = %1 "
+                             "and codprorrateo in(select codigo from prorrateo "
+                             "where groupsubitems.interno = prorrateo.interno) "
+                             "order by fob"_s.arg(r.clave()),
+                             uno, u"groupsubitems"_s))
+        return;
     const double fob = uno.Numero(u"fob") - diferencia;
     uno.Poner(u"fob", fob);
     uno.Poner(u"preciounitario", cociente(fob, uno.Numero(u"cantidad")));
@@ -147,11 +154,11 @@ void ajustarCodigos(ContextoArmado &r, double suma) {
 
 Fase repartirPorCodigos(ContextoArmado &r) {
     if (controlarCodigosSinUso(r) == Fase::Corta) return Fase::Corta;
-    const QString clave = EnComillas(r.interno);
     double suma = 0;
     double ultimo = 0;
     Recordset codigos;
-    const bool hay = r.consultar("select codigo,valor from prorrateo where interno = "_L1 + clave, codigos);
+    const bool hay =
+        r.consultar("select codigo,valor from prorrateo where interno = "_L1 + r.clave(), codigos);
     for (; !codigos.Eof(); codigos.MoveNext()) {
         ultimo = codigos.Numero(u"valor");
         suma += ultimo;
@@ -159,8 +166,11 @@ Fase repartirPorCodigos(ContextoArmado &r) {
     }
     if (hay) {
         Recordset caratula;
-        r.consultar("select fobdivisas,fletedivisas,segurodivisas from caratula where interno = "_L1 + clave,
-                    caratula);
+        r.consultar(
+            "select fobdivisas,fletedivisas,segurodivisas from caratula "
+            "where interno = "_L1 +
+                r.clave(),
+            caratula);
         r.fobdivisas = caratula.Numero(u"fobdivisas");
         r.fletedivisas = caratula.Numero(u"fletedivisas");
         r.segurodivisas = caratula.Numero(u"segurodivisas");
@@ -176,15 +186,16 @@ Fase repartirPorCodigos(ContextoArmado &r) {
 /// The item with the largest share gives back, or takes, what the rounded shares leave.
 void ajustarItems(const ContextoArmado &r, QLatin1StringView columna, QLatin1StringView enOrden,
                   double importe) {
-    const QString clave = EnComillas(r.interno);
-    const double suma =
-        total(r, "select sum("_L1 + columna + ") as total from item where interno = "_L1 + clave, u"total");
+    const double suma = r.numero(
+        u"select sum(%1) as total from item "
+        "where interno = %2"_s.arg(columna, r.clave()),
+        u"total");
     if (iguales(suma, importe, decimalesDeImporte)) return;
     Recordset uno;
-    Conexion &internos = r.internos();
-    internos.Sql =
-        "select top 2 * from item where interno = "_L1 + clave + " order by "_L1 + enOrden + " desc"_L1;
-    if (!internos.crearrsActualizable(uno, u"item"_s)) return;
+    if (!r.abrirActualizable(u"select top 2 * from item "
+                             "where interno = %1 order by %2 desc"_s.arg(r.clave(), enOrden),
+                             uno, u"item"_s))
+        return;
     const QString nombre = QString(enOrden);
     uno.Poner(nombre, uno.Numero(nombre) - redondear(suma - importe, decimalesDeImporte));
     uno.Update();
@@ -199,45 +210,56 @@ Fase ProrratearValor(ContextoArmado &r) {
 }
 
 void ProrratearFleteYSeguro(ContextoArmado &r) {
-    const QString clave = EnComillas(r.interno);
     const auto porFob = [&r](double importe) {
         return redondeo(
-            r, "(FobTotal * "_L1 + SqlNumber(r.ctx, importe) + ")/"_L1 + SqlNumber(r.ctx, r.FobDeclarado),
+            r, u"(FobTotal * %1)/%2"_s.arg(SqlNumber(r.ctx, importe), SqlNumber(r.ctx, r.FobDeclarado)),
             centavos);
     };
-    r.ejecutar("update item set itFLETE = "_L1 + porFob(r.fletedivisas) + "  where interno = "_L1 + clave);
+    r.ejecutar(
+        u"update item set itFLETE = %1  "
+        "where interno = %2"_s.arg(porFob(r.fletedivisas), r.clave()));
     ajustarItems(r, "itFLETE"_L1, "itflete"_L1, r.fletedivisas);
-    r.ejecutar("update item set itSEGURO = "_L1 + porFob(r.segurodivisas) + " where interno = "_L1 + clave);
+    r.ejecutar(
+        u"update item set itSEGURO = %1 "
+        "where interno = %2"_s.arg(porFob(r.segurodivisas), r.clave()));
     ajustarItems(r, "itSEGURO"_L1, "itseguro"_L1, r.segurodivisas);
 }
 
 void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
-    const QString clave = EnComillas(r.interno);
+    const QString clave = r.clave();
     r.ejecutar(
-        "update ITEM set ItComExt = "_L1 +
-        redondeo(r,
-                 "("_L1 + SqlNumber(r.ctx, comision) + " * FobTotal) / "_L1 + SqlNumber(r.ctx, fobdeclarado),
-                 centavos) +
-        " where id<>0 and interno = "_L1 + clave);
-    const QString sumar =
-        "select sum(itcomext) as totalcomext from item where id<>0 and interno = "_L1 + clave;
-    const double diferencia = redondear(comision - total(r, sumar, u"totalcomext"), decimalesDeImporte);
+        u"update ITEM set ItComExt = %1 "
+        "where id<>0 and interno = %2"_s.arg(
+            redondeo(
+                r, u"(%1 * FobTotal) / %2"_s.arg(SqlNumber(r.ctx, comision), SqlNumber(r.ctx, fobdeclarado)),
+                centavos),
+            clave));
+    const auto sumaDeItems = [&r, &clave] {
+        return r.numero(
+            "select sum(itcomext) as totalcomext from item "
+            "where id<>0 and interno = "_L1 +
+                clave,
+            u"totalcomext");
+    };
+    const double diferencia = redondear(comision - sumaDeItems(), decimalesDeImporte);
     if (diferencia != 0) {
-        Conexion &internos = r.internos();
-        internos.Sql = diferencia < 0 ? "select top 1 * from item where id<>0 and interno = "_L1 + clave +
-                                            " and itcomext> "_L1 + SqlNumber(r.ctx, diferencia) +
-                                            " order by itcomext desc"_L1
-                                      : "select top 1 * from item where id<>0 and interno = "_L1 + clave +
-                                            " order by itcomext asc"_L1;
+        const QString elQueToma = diferencia < 0
+                                      ? u"select top 1 * from item "
+                                        "where id<>0 and interno = %1 and itcomext> %2 "
+                                        "order by itcomext desc"_s.arg(clave, SqlNumber(r.ctx, diferencia))
+                                      : u"select top 1 * from item "
+                                        "where id<>0 and interno = %1 "
+                                        "order by itcomext asc"_s.arg(clave);
         Recordset uno;
-        if (internos.crearrsActualizable(uno, u"item"_s)) {
+        if (r.abrirActualizable(elQueToma, uno, u"item"_s)) {
             uno.Poner(u"itcomext", uno.Numero(u"itcomext") + diferencia);
             uno.Update();
         }
     }
     // Each store adds in an order of its own, and a sum of cents carries a trace of that, which is no amount.
     constexpr int decimalesSeguros = 8;
-    r.ejecutar("update item set itcomext = "_L1 +
-               SqlNumber(r.ctx, numeros::redondear(total(r, sumar, u"totalcomext"), decimalesSeguros)) +
-               " where id=0 and interno = "_L1 + clave);
+    r.ejecutar(
+        u"update item set itcomext = %1 "
+        "where id=0 and interno = %2"_s.arg(SqlNumber(r.ctx, redondear(sumaDeItems(), decimalesSeguros)),
+                                            clave));
 }

@@ -29,6 +29,9 @@ class Escritura {
     Escritura &crudo(const char *columna, const QString &sql);
 
     bool vacia() const { return columnas_.isEmpty(); }
+    /// Each list joined by commas, for a statement that is spelled in another way.
+    QString columnas() const { return columnas_.join(QLatin1Char(',')); }
+    QString valores() const { return valores_.join(QLatin1Char(',')); }
 
     /// "insert into `tabla` (a,b) values (1,'x')".
     QString insertar(const QString &tabla) const;

@@ -114,33 +114,32 @@ QStringList lineasDesprolijas(const QString &interno, quint32 semilla) {
         const int cantidad = azar.bounded(1, 9);
         const bool enKilos = azar.bounded(4) == 0;
         const QString unidad = enKilos ? u"'01','01'"_s : u"'07','07'"_s;
-        sentencias
-            << u"insert into subitems "
-               u"(interno,ncm,idunidad,estadistica,cantidad,preciounitario,fob,idarticulo,"
-               "idcatalogo,descripcion,descripcion_maria,idpais,idpaisproc,estadomerc,sufijos,biendeuso,"
-               "tipoitem,"
-               "itfiller,insumostemp,ajusteincluir,valorrelacionestadistica,valorderesp,kgneto,kgbruto,"
-               "codigoean) "
-               "values ('%1',%2,%3,%4,%5,%6,%7,'CAT','Válvula','VÁLVULA',%8,%9,%10,%11,%12,%13,%14,%15,%16,%17,%18,%19,1.5,%20)"_s
-                   .arg(interno, uno({u"'8413.70.10.100L'", u"'8414.80.11.000W'", u"'8413.70.10.100l'"}),
-                        unidad)
-                   .arg(cantidad)
-                   .arg(precio)
-                   .arg(precio * cantidad, 0, 'f', 4)
-                   .arg(uno({u"'A'", u"'B'", u"'ñandú'", u"'ÑANDÚ'"}))
-                   .arg(uno({u"'203'", u"'310'", u"null", u"''"}))
-                   .arg(uno({u"'203'", u"null"}))
-                   .arg(uno({u"'1'", u"'2'", u"null"}))
-                   .arg(uno({u"'AA01-AB(Marca Ñ)-ZB(000750)'", u"'aa01-ab(MARCA ñ)-zb(000750)-'"}))
-                   .arg(uno({u"'N'", u"''", u"null", u"'S'"}))
-                   .arg(uno({u"'N'", u"''", u"null"}))
-                   .arg(uno({u"null", u"''", u"'LISTA:306'"}))
-                   .arg(uno({u"null", u"'abc'", u"'0.5'"}))
-                   .arg(uno({u"null", u"''", u"'2'"}))
-                   .arg(uno({u"0", u"0"}))
-                   .arg(uno({u"null", u"0"}))
-                   .arg(uno({u"null", u"0", u"2.25"}))
-                   .arg(uno({u"null", u"''"}));
+        sentencias << u"insert into subitems (interno,ncm,idunidad,estadistica,cantidad,preciounitario,fob,"
+                      "idarticulo,idcatalogo,descripcion,descripcion_maria,idpais,idpaisproc,estadomerc,"
+                      "sufijos,biendeuso,tipoitem,itfiller,insumostemp,ajusteincluir,"
+                      "valorrelacionestadistica,valorderesp,kgneto,kgbruto,codigoean) "
+                      "values ('%1',%2,%3,%4,%5,%6,%7,'CAT','Válvula','VÁLVULA',%8,%9,%10,%11,%12,%13,%14,"
+                      "%15,%16,%17,%18,%19,1.5,%20)"_s
+                          .arg(interno,
+                               uno({u"'8413.70.10.100L'", u"'8414.80.11.000W'", u"'8413.70.10.100l'"}),
+                               unidad)
+                          .arg(cantidad)
+                          .arg(precio)
+                          .arg(precio * cantidad, 0, 'f', 4)
+                          .arg(uno({u"'A'", u"'B'", u"'ñandú'", u"'ÑANDÚ'"}))
+                          .arg(uno({u"'203'", u"'310'", u"null", u"''"}))
+                          .arg(uno({u"'203'", u"null"}))
+                          .arg(uno({u"'1'", u"'2'", u"null"}))
+                          .arg(uno({u"'AA01-AB(Marca Ñ)-ZB(000750)'", u"'aa01-ab(MARCA ñ)-zb(000750)-'"}))
+                          .arg(uno({u"'N'", u"''", u"null", u"'S'"}))
+                          .arg(uno({u"'N'", u"''", u"null"}))
+                          .arg(uno({u"null", u"''", u"'LISTA:306'"}))
+                          .arg(uno({u"null", u"'abc'", u"'0.5'"}))
+                          .arg(uno({u"null", u"''", u"'2'"}))
+                          .arg(uno({u"0", u"0"}))
+                          .arg(uno({u"null", u"0"}))
+                          .arg(uno({u"null", u"0", u"2.25"}))
+                          .arg(uno({u"null", u"''"}));
     }
     return sentencias;
 }
@@ -220,13 +219,11 @@ TEST(DemostracionEnLosDosStores, UntidyLinesComeOutAlike) {
         const auto correr = [&](AppContext &ctx, Registro &registro) {
             fijarContexto(&ctx);
             registro = {};
-            Ejecutar(
-                ctx, u"INTERNOS"_s,
-                u"insert into caratula (interno,idsubreg,cuitcliente,fobdivisas,fletedivisas,segurodivisas,"
-                "valoraprorratear,dckgneto,dccomext,factura8) values "
-                "('%1','IC04','30708123451',0,333.33,44.44,%2,"
-                "9000,77.77,'S')"_s.arg(interno)
-                    .arg(repartir));
+            Ejecutar(ctx, u"INTERNOS"_s,
+                     u"insert into caratula (interno,idsubreg,cuitcliente,fobdivisas,fletedivisas,"
+                     "segurodivisas,valoraprorratear,dckgneto,dccomext,factura8) "
+                     "values ('%1','IC04','30708123451',0,333.33,44.44,%2,9000,77.77,'S')"_s.arg(interno)
+                         .arg(repartir));
             for (const QString &sql : lineasDesprolijas(interno, semilla)) Ejecutar(ctx, u"INTERNOS"_s, sql);
             fob = numeros::redondear(
                 total(ctx, "select sum(fob) as t from subitems where interno = '"_L1 + interno + '\''_L1), 2);

@@ -119,8 +119,8 @@ TEST_P(Duplicados, EveryMeasureOfTheMergedGroupsIsSummed) {
     ContextoArmado r = corrida();
     plegar(r);
     EXPECT_EQ(
-        grupos(u"kgneto,kgbruto,valorderesp,valorrelacionestadistica,insumostemp,insumosacons,ajusteincluir,"
-               "ajustededucir,sufijos,itfiller,tipoitem,biendeuso,ncm,idunidad,estadistica"_s),
+        grupos(u"kgneto,kgbruto,valorderesp,valorrelacionestadistica,insumostemp,insumosacons,"
+               "ajusteincluir,ajustededucir,sufijos,itfiller,tipoitem,biendeuso,ncm,idunidad,estadistica"_s),
         u"2.5|3|4|6|8|10|12|14|AB(X)-|LISTA:306|N|N|8409.91.12.100G|07|07"_s);
 }
 

@@ -73,10 +73,9 @@ TEST_P(Agrupacion, MeasuresAndAmountsOfAGroupAreSummed) {
            {u"ajustededucir"_s, u"null"_s}});
     ContextoArmado r = corrida();
     agrupar(r);
-    EXPECT_EQ(
-        grupos(u"cantidad,fob,kgneto,kgbruto,valorrelacionestadistica,valorderesp,insumostemp,insumosacons,"
-               "ajusteincluir,ajustededucir"_s),
-        u"5|50|4|5|5|10|3|1.5|3.25|1"_s);
+    EXPECT_EQ(grupos(u"cantidad,fob,kgneto,kgbruto,valorrelacionestadistica,valorderesp,"
+                     "insumostemp,insumosacons,ajusteincluir,ajustededucir"_s),
+              u"5|50|4|5|5|10|3|1.5|3.25|1"_s);
 }
 
 TEST_P(Agrupacion, LapiIsNotInsertedAndArrivesEmpty) {
@@ -109,6 +108,16 @@ TEST_P(Agrupacion, LinesOfOneArticleKeepItAndItsCatalogueFromTheFirstLine) {
     const auto id = ids();
     EXPECT_EQ(grupos(u"idsub,idarticulo,idcatalogo"_s), u"%1|A|CAT"_s.arg(id[0]));
     EXPECT_EQ(vinculos(), u"%1|%2\n%1|%3"_s.arg(id[0]).arg(id[1]).arg(id[2]));
+}
+
+TEST_P(Agrupacion, PercentSignsInTheTextsOfALineAreText) {
+    caratula();
+    for (int n = 0; n < 2; ++n)
+        linea(
+            {{u"idarticulo"_s, u"'%1-100%'"_s}, {u"idcatalogo"_s, u"'%2 %3'"_s}, {u"itfiller"_s, u"'%4'"_s}});
+    ContextoArmado r = corrida();
+    agrupar(r);
+    EXPECT_EQ(grupos(u"cantidad,idarticulo,idcatalogo,itfiller"_s), u"2|%1-100%|%2 %3|%4"_s);
 }
 
 TEST_P(Agrupacion, AOneLineGroupIsLinkedByTheFirstPassAndHasNoIdrelRow) {

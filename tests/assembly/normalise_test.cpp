@@ -238,19 +238,16 @@ TEST_P(Normalizacion, TheReportOfInvalidSuffixesIsBuiltToTheCharacter) {
     const QString blancos(33, ' '_L1);
     EXPECT_EQ(registro.informes.front().texto,
               u"Se han encontrado subitem's inválidos\r\n"
-              "-------------------------------------\r\n"
-              "\r\n"
+              "-------------------------------------\r\n\r\n"
               "       Posición--------------- ---------- \r\n"
               "8409.91.12.100G"_s +
                   blancos +
                   u" - BB01-\r\n"
-                  "Error: SUFIJO INVÁLIDOS\r\n"
-                  "\r\n"
+                  "Error: SUFIJO INVÁLIDOS\r\n\r\n"
                   "9999.99.99.999Z"_s +
                   blancos +
                   u" - \r\n"
-                  "Error: POSICIÓN INVALIDA\r\n"
-                  "\r\n"_s);
+                  "Error: POSICIÓN INVALIDA\r\n\r\n"_s);
     EXPECT_FALSE(registro.informes.front().comoLista);
 }
 
@@ -265,7 +262,7 @@ TEST_P(Normalizacion, ANullPositionIsCheckedAsEmptyText) {
 }
 
 TEST_P(Normalizacion, TheRevalidationTellsItsProgressByDistinctPair) {
-    // Three lines, two distinct pairs: the bar runs to 2, and the label tells its value ahead of the step.
+    // Three lines, two distinct pairs: the bar runs to 2, and the label tells the value that it had.
     caratula();
     linea();
     linea();

@@ -4,6 +4,7 @@
 #include <map>
 #include <vector>
 
+#include "assembly/phases.h"
 #include "assembly/run.h"
 #include "tests/support/tienda.h"
 

@@ -63,11 +63,11 @@ TEST_P(Prorrateo, ACodeWithNoGroupStopsTheRunWithTheListBeforeAnyRowChanges) {
     EXPECT_EQ(grupos(), u"1|30|30"_s);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     const QString raya(64, '-'_L1);
-    EXPECT_EQ(registro.mensajes.front().texto,
-              raya +
-                  u"\r\nSe encontraron CODIGOS DE PRORRATEOS sin utilizar\r\n"
-                  "No se puede continuar con el armado.\r\n"_s +
-                  raya + u"\r\nEMB - EMBALAJE\r\nINL - FLETE INTERNO"_s);
+    EXPECT_EQ(registro.mensajes.front().texto, raya +
+                                                   u"\r\n"
+                                                   "Se encontraron CODIGOS DE PRORRATEOS sin utilizar\r\n"
+                                                   "No se puede continuar con el armado.\r\n"_s +
+                                                   raya + u"\r\nEMB - EMBALAJE\r\nINL - FLETE INTERNO"_s);
     EXPECT_EQ(registro.mensajes.front().icono, Icono::Exclamacion);
 }
 
@@ -82,10 +82,9 @@ TEST_P(Prorrateo, ACodesAmountIsSpreadOverItsGroupsByFob) {
     ContextoArmado r = corrida();
     agrupar(r);
     EXPECT_EQ(ProrratearValor(r), Fase::Sigue);
-    EXPECT_EQ(
-        filas(
-            u"select idpais,round(fob,6),preciounitario from groupsubitems where interno = 'OP1' order by idpais"_s),
-        u"1|11.666667|11.66667\n2|23.333333|11.66667\n3|70|10"_s);
+    EXPECT_EQ(filas(u"select idpais,round(fob,6),preciounitario from groupsubitems "
+                    "where interno = 'OP1' order by idpais"_s),
+              u"1|11.666667|11.66667\n2|23.333333|11.66667\n3|70|10"_s);
     EXPECT_EQ(r.FobDeclarado, 105);
     EXPECT_TRUE(registro.mensajes.empty());
 }
@@ -100,10 +99,11 @@ TEST_P(Prorrateo, GroupsOfOneCodeWithTheSameFobAndQuantityAreTreatedAsOneAndTheL
     ContextoArmado r = corrida();
     agrupar(r);
     EXPECT_EQ(ProrratearValor(r), Fase::Sigue);
-    EXPECT_EQ(
-        filas(u"select idpais,round(fob,6),round(preciounitario,6) from groupsubitems where interno = 'OP1' "
-              "order by idpais"_s),
-        u"1|10.343333|5.171667\n2|10.333333|5.16667\n3|10.333333|5.16667\n4|70|10"_s);
+    EXPECT_EQ(filas(u"select idpais,round(fob,6),round(preciounitario,6) "
+                    "from groupsubitems "
+                    "where interno = 'OP1' "
+                    "order by idpais"_s),
+              u"1|10.343333|5.171667\n2|10.333333|5.16667\n3|10.333333|5.16667\n4|70|10"_s);
     EXPECT_EQ(r.FobDeclarado, 101);
     EXPECT_EQ(valor(u"select sum(round(fob,2)) from groupsubitems where interno = 'OP1'"_s), u"101"_s);
 }

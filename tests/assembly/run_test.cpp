@@ -3,71 +3,25 @@
 #include <QRegularExpression>
 #include <QSqlQuery>
 
-#include "header/automotive.h"
 #include "header/changes.h"
-#include "tests/assembly/operacion.h"
+#include "tests/assembly/corrida.h"
 #include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Corrida : public Armado {
- protected:
-    void SetUp() override {
-        Armado::SetUp();
-        for (const char *codigo : {"IC04", "IC81", "ICR3", "IT01", "IG04", "DJAI", "LAPI", "TLR1", "ZFE1"})
-            subregimen(QLatin1StringView(codigo), u"I"_s);
-        for (const char *codigo : {"EC01", "EC03", "ET01"}) subregimen(QLatin1StringView(codigo), u"E"_s);
-        insertar(u"clientes"_s, {{u"cuit"_s, u"'30'"_s}, {u"cvdi"_s, u"'S'"_s}}, u"PERSONAL"_s);
-        for (const char *concepto : {"010", "011", "415", "500", "501"})
-            insertar(u"tax"_s, {{u"ctax"_s, '\''_L1 + QLatin1StringView(concepto) + '\''_L1},
-                                {u"ltaxabr"_s, u"'CONCEPTO'"_s},
-                                {u"ctaxpog"_s, u"'P'"_s},
-                                {u"porcentaje"_s, u"1"_s}});
-    }
-
-    void subregimen(const QString &codigo, const QString &direccion) {
-        insertar(u"sta"_s,
-                 {{u"id"_s, '\''_L1 + codigo + '\''_L1}, {u"cstaimpexp"_s, '\''_L1 + direccion + '\''_L1}},
-                 u"SYSTABLAS"_s);
-    }
-    /// An operation of ten lines at 10, two items: five lines of Brazil and five of China.
-    void operacion(const Fila &cambios = {}, const QString &interno = u"OP1"_s) {
-        caratula(cambios, interno);
-        for (int n = 0; n < 10; ++n) linea({{u"idpais"_s, n % 2 == 0 ? u"'203'"_s : u"'310'"_s}}, interno);
-    }
-    QStringList marcas() const {
-        QStringList lista;
-        for (const Avance &a : registro.avances) {
-            if (a.tipo == Avance::Tipo::PasoCorriendo) lista << "> "_L1 + a.texto;
-            if (a.tipo == Avance::Tipo::PasoHecho) lista << "# "_L1 + a.texto;
-        }
-        return lista;
-    }
-    /// Every derived row of an operation.
-    QString derivados(const QString &interno = u"OP1"_s) {
-        QStringList todo;
-        for (const char *tabla :
-             {"groupsubitems", "idrel", "item", "itemliq", "itemventaja", "iteminfo", "sysflag"})
-            todo << filas("select * from "_L1 + QLatin1StringView(tabla) + " where interno = '"_L1 + interno +
-                          '\''_L1);
-        return todo.join("\n--\n"_L1);
-    }
-    QString armada(const QString &interno = u"OP1"_s) {
-        return valor("select factura8 from caratula where interno = '"_L1 + interno + '\''_L1);
-    }
-};
+class Corrida : public ConCorridas {};
 EN_AMBOS_STORES(Corrida);
 
 }  // namespace
 
 TEST(Pasos, TheTenCaptionsInTheirOrder) {
-    EXPECT_EQ(
-        TextosDePasos().join('|'_L1),
-        u"Revalidando sufijos...|Agrupar SubItem's|Verificando y Generando Prorrateo|Verificado Kilo Bruto|"
-        "Generar Item's|Armar Registros de Liquidación|Terminar Proceso|Verificando Integridad|"
-        "Verificando Marcas de NCM|Actualizando Insumos"_s);
+    EXPECT_EQ(TextosDePasos().join('|'_L1),
+              u"Revalidando sufijos...|Agrupar SubItem's|Verificando y Generando "
+              "Prorrateo|Verificado Kilo Bruto|Generar Item's|Armar Registros de "
+              "Liquidación|Terminar Proceso|Verificando Integridad|Verificando Marcas de "
+              "NCM|Actualizando Insumos"_s);
 }
 
 TEST_P(Corrida, AFinishedRunCountsAsArmedAndPassesItsMarksFromTopToBottom) {
@@ -165,9 +119,12 @@ TEST_P(Corrida, TheInputsLinkHearsTheLinesOfEachItemThatConsumesInputs) {
     EXPECT_EQ(libreria.pedidos("EnviarNroItem"),
               u"%1 %2|%3"_s.arg(consume).arg(id[1]).arg(id[10]).toStdString());
     EXPECT_EQ(marcas().mid(14, 6).join('\n'_L1),
-              u"> Verificando Integridad\n# Verificando Integridad\n> Actualizando Insumos\n# Actualizando "
-              u"Insumos\n"
-              "> Verificando Marcas de NCM\n# Verificando Marcas de NCM"_s);
+              u"> Verificando Integridad\n"
+              "# Verificando Integridad\n"
+              "> Actualizando Insumos\n"
+              "# Actualizando Insumos\n"
+              "> Verificando Marcas de NCM\n"
+              "# Verificando Marcas de NCM"_s);
 }
 
 TEST_P(Corrida, OutsideTheRegimesWithInputsNoItemIsToldButTheStepShows) {
@@ -193,7 +150,7 @@ TEST_P(Corrida, WithNoLiquidationItemsExistItemliqStaysEmptyAndTheClientsAdvanta
 }
 
 TEST_P(Corrida, AnUnexpectedErrorLeavesTheResultSiTheScreenOpenAndTheRowsAsFarAsTheyGot) {
-    // A spread over a header without FOB fails in the store, in step 11.
+    // A spread over a header without FOB fails in the store; the box tells where the run stood.
     operacion({{u"fobdivisas"_s, u"0"_s}, {u"valoraprorratear"_s, u"10"_s}});
     EXPECT_FALSE(generar());
     EXPECT_EQ(ctx->ChequeoArmado, u"SI"_s);
@@ -217,11 +174,11 @@ TEST_P(Corrida, ARefusedLinkOfLinesEndsInTheErrorBoxWithItsOwnSource) {
     EXPECT_EQ(ctx->ChequeoArmado, u"SI"_s);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes.front().texto,
-              u"0 - go_InputsLink.EnviarGrupoIdSub [ArmarItem.Generar]:10 : "
-              "Error en enviar vinculación de subitems a insumos"_s);
+              u"0 - go_InputsLink.EnviarGrupoIdSub [ArmarItem.Generar]:10 : Error en enviar "
+              "vinculación de subitems a insumos"_s);
 }
 
-TEST_P(Corrida, AnOperationWithoutHeaderEndsInTheErrorBoxOfStepTwo) {
+TEST_P(Corrida, AnOperationWithoutHeaderEndsInTheErrorBox) {
     EXPECT_FALSE(generar({}, u"NADA"_s));
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_TRUE(registro.mensajes.front().texto.contains(" [ArmarItem.Generar]:2 : "_L1));
@@ -260,7 +217,7 @@ TEST_P(Corrida, TheEarlyEnds) {
         {u"SIN"_s, u"No"_s, 1, 0, 0, u"> Revalidando sufijos..."_s, u"S"_s},
         {u"SUF"_s, u"No"_s, 0, 1, 0, u"> Revalidando sufijos..."_s, u"S"_s},
         {u"COD"_s, u"NO"_s, 0, 0, 1, u"> Verificando y Generando Prorrateo"_s, u"S"_s},
-        // The mark of step 17 is written by then; the dashboard writes 'S' over it.
+        // The armed mark is written by then; the dashboard writes 'S' over it.
         {u"ENL"_s, u"NO"_s, 0, 0, 0, u"> Actualizando Insumos"_s, u"N"_s},
     };
     for (const Caso &caso : casos) {
@@ -282,246 +239,6 @@ TEST_P(Corrida, ARunStoppedByItsSuffixesKeepsTheNormalisationOfItsLines) {
     ejecutar(u"update subitems set ncm = '0000', biendeuso = null where interno = 'OP1'"_s);
     EXPECT_TRUE(generar());
     EXPECT_EQ(valor(u"select count(*) from subitems where interno = 'OP1' and biendeuso = 'N'"_s), u"10"_s);
-}
-
-TEST_P(Corrida, TheDecreeFlagsOfTheTable) {
-    struct Caso {
-        const char *regimen, *motivo, *banderas, *filas;
-    };
-    constexpr Caso casos[] = {
-        {"IT01", "DTO.1439/96", "SNNNN", "1439/96|S|0"},
-        {"IT01", " DTO.1439/96 ", "SNNNN", "1439/96|S|0"},
-        {"ET01", "D1439/96-AI", "NSNNN", "1439/96A1|S|0"},
-        {"IT01", "D1330/04-A6", "NNSNN", "D1330/04A6|S|0"},
-        {"IT01", "D1330/04-A7", "NNNSN", "D1330/04A7|S|0"},
-        {"IT01", "D1330/04-A8", "NNNNS", "D1330/04A8|S|0"},
-        {"IT01", "FERIAS", "NNNNN", "1439/96|N|0\n1439/96A1|N|0"},
-        {"IT01", "", "NNNNN", "1439/96|N|0\n1439/96A1|N|0"},
-        {"IC04", "DTO.1439/96", "NNNNN", "1439/96|N|0\n1439/96A1|N|0"},
-        {"IT02", "DTO.1439/96", "NNNNN", "1439/96|N|0\n1439/96A1|N|0"},
-    };
-    int n = 0;
-    for (const Caso &caso : casos) {
-        const QString clave = u"D%1"_s.arg(++n);
-        caratula({{u"idsubreg"_s, '\''_L1 + QLatin1StringView(caso.regimen) + '\''_L1},
-                  {u"motivodestsuspensiva"_s, '\''_L1 + QLatin1StringView(caso.motivo) + '\''_L1}},
-                 clave);
-        ContextoArmado r = corrida({}, clave);
-        // What another operation left in the shared record must not stay.
-        ctx->decreto = {u"S"_s, u"S"_s, u"S"_s, u"S"_s, u"S"_s};
-        FijarDecreto(r);
-        const MotivoDecreto &d = ctx->decreto;
-        EXPECT_EQ(d.d1439_96 + d.d1439_96A1 + d.d1330_04A6 + d.d1330_04A7 + d.d1330_04A8,
-                  QLatin1StringView(caso.banderas))
-            << n;
-        EXPECT_EQ(
-            filas("select flag,valor,item from sysflag where interno = '"_L1 + clave + "' order by flag"_L1),
-            QLatin1StringView(caso.filas))
-            << n;
-    }
-}
-
-TEST_P(Corrida, TheFlagsOfAnEarlierRunGo) {
-    operacion({{u"idsubreg"_s, u"'IT01'"_s}, {u"motivodestsuspensiva"_s, u"'DTO.1439/96'"_s}});
-    EXPECT_TRUE(generar());
-    ejecutar(u"update caratula set motivodestsuspensiva = '' where interno = 'OP1'"_s);
-    EXPECT_TRUE(generar());
-    EXPECT_EQ(filas(u"select flag,valor from sysflag where interno = 'OP1' order by flag"_s),
-              u"1439/96|N\n1439/96A1|N"_s);
-}
-
-TEST_P(Corrida, OutsideIcTheAnswerToTheExternalTariffIsNo) {
-    operacion({{u"idsubreg"_s, u"'IT01'"_s}}, u"IT"_s);
-    operacion({}, u"IC"_s);
-    operacion({{u"idsubreg"_s, u"'ic04'"_s}}, u"MINUSCULA"_s);
-    for (const QString &clave : {u"IT"_s, u"IC"_s, u"MINUSCULA"_s}) GuardarAEC(*ctx, clave, u"R"_s);
-    for (const QString &clave : {u"IT"_s, u"IC"_s}) EXPECT_TRUE(generar({}, clave));
-    EXPECT_EQ(LeerAEC(*ctx, u"IT"_s), u"N"_s);
-    EXPECT_EQ(LeerAEC(*ctx, u"IC"_s), u"R"_s);
-}
-
-TEST_P(Corrida, AnExportIsAskedForItsCoefficient) {
-    for (const bool respuesta : {true, false}) {
-        registro = {};
-        registro.respuestas = {respuesta};
-        const QString clave = respuesta ? u"SI"_s : u"NO"_s;
-        operacion({{u"idsubreg"_s, u"'EC01'"_s}}, clave);
-        EXPECT_TRUE(generar({.ChCOEF = !respuesta}, clave));
-        ASSERT_EQ(registro.preguntas.size(), 1U);
-        EXPECT_EQ(registro.preguntas.front().texto,
-                  u"calculo del coeficiente de Exportación\r\n\r\n¿Los derechos y demás tributos están "
-                  u"incluidos en el "
-                  "precio FOB declarado?"_s);
-        EXPECT_EQ(ctx->CalcularCoeficiente, respuesta);
-    }
-}
-
-TEST_P(Corrida, EveryOtherRegimeLosesTheCoefficientUnasked) {
-    ctx->CalcularCoeficiente = true;
-    operacion();
-    EXPECT_TRUE(generar({.ChCOEF = true}));
-    EXPECT_TRUE(registro.preguntas.empty());
-    EXPECT_FALSE(ctx->CalcularCoeficiente);
-}
-
-TEST_P(Corrida, TheWarningOfADjaiThatSendsNoDescriptions) {
-    struct Caso {
-        const char *regimen;
-        OpcionesDeArmado opciones;
-        const char *forzada;
-        bool avisa;
-    };
-    const Caso casos[] = {
-        {"DJAI", {.sinDescripcion = true}, "N", true},
-        {"DJAI", {.modo = ModoDescripcion::Maria}, "N", false},
-        {"DJAI", {.sinDescripcion = true, .modo = ModoDescripcion::Mezcla}, "N", false},
-        {"DJAI", {.sinDescripcion = true}, "S", false},
-        {"IC04", {.sinDescripcion = true}, "N", false},
-    };
-    int n = 0;
-    for (const Caso &caso : casos) {
-        registro = {};
-        const QString clave = u"W%1"_s.arg(++n);
-        operacion(
-            {{u"idsubreg"_s, '\''_L1 + QLatin1StringView(caso.regimen) + '\''_L1},
-             {u"dc_djai_forzardescripcionmercaderia"_s, '\''_L1 + QLatin1StringView(caso.forzada) + '\''_L1}},
-            clave);
-        EXPECT_TRUE(generar(caso.opciones, clave));
-        int avisos = 0;
-        for (const Mensaje &m : registro.mensajes) {
-            if (!m.texto.startsWith("ADVERTENCIA: "_L1)) continue;
-            ++avisos;
-            EXPECT_EQ(
-                m.texto,
-                u"ADVERTENCIA: El sistema no envía la descripción de mercadería, ni lo tiene encuenta para "
-                u"el "
-                "armado de ítems, requerido por DJAI.\r\n\r\nEs su responsabilidad cargar la descripción "
-                "correspondiente en el SIM."_s);
-            EXPECT_EQ(m.icono, Icono::Informacion);
-        }
-        EXPECT_EQ(avisos, caso.avisa ? 1 : 0) << n;
-    }
-}
-
-TEST_P(Corrida, TheDescriptionModesOfADjai) {
-    // Lines 1 and 2 have one description for the customs system, line 3 another; those of the catalogue
-    // differ all.
-    struct Caso {
-        OpcionesDeArmado opciones;
-        QString grupos;  ///< cantidad, descripcion by quantity
-    };
-    const std::vector<Caso> casos{
-        {{.sinDescripcion = true}, u"3|"_s},
-        {{.modo = ModoDescripcion::Maria}, u"1|M2\n2|M1"_s},
-        {{.modo = ModoDescripcion::Catalogo}, u"1|C1\n1|C2\n1|C3"_s},
-    };
-    int n = 0;
-    for (const Caso &caso : casos) {
-        const QString clave = u"MO%1"_s.arg(++n);
-        caratula({{u"idsubreg"_s, u"'DJAI'"_s}}, clave);
-        linea({{u"descripcion"_s, u"'C1'"_s}, {u"descripcion_maria"_s, u"'M1'"_s}}, clave);
-        linea({{u"descripcion"_s, u"'C2'"_s}, {u"descripcion_maria"_s, u"'M1'"_s}}, clave);
-        linea({{u"descripcion"_s, u"'C3'"_s}, {u"descripcion_maria"_s, u"'M2'"_s}}, clave);
-        EXPECT_TRUE(generar(caso.opciones, clave));
-        EXPECT_EQ(filas("select cantidad,descripcion from groupsubitems where interno = '"_L1 + clave +
-                        "' order by cantidad,descripcion"_L1),
-                  caso.grupos)
-            << n;
-    }
-}
-
-TEST_P(Corrida, TheMixedModeWritesTheItemsDescriptionsOnTheServerStoreAlone) {
-    caratula({{u"idsubreg"_s, u"'DJAI'"_s}, {u"dc_djai_descripcionmercaderia"_s, u"'MUESTRAS'"_s}});
-    linea({{u"descripcion"_s, u"'CANILLA'"_s}});
-    linea({{u"descripcion"_s, u"'CANILLA'"_s}});
-    EXPECT_TRUE(generar({.modo = ModoDescripcion::Mezcla}));
-    EXPECT_EQ(valor(u"select descripcion from item where interno = 'OP1' and id = 1"_s),
-              esSQL() ? u"MUESTRAS CANILLA"_s : u"PIEZA MARIA"_s);
-}
-
-TEST_P(Corrida, TheForcedDescriptionBeatsEveryDashboardChoice) {
-    for (const auto modo : {ModoDescripcion::Ninguno, ModoDescripcion::Maria, ModoDescripcion::Catalogo,
-                            ModoDescripcion::Mezcla}) {
-        registro = {};
-        const QString clave = u"F%1"_s.arg(static_cast<int>(modo));
-        caratula({{u"idsubreg"_s, u"'DJAI'"_s},
-                  {u"dc_djai_forzardescripcionmercaderia"_s, u"'S'"_s},
-                  {u"dc_djai_descripcionmercaderia"_s, u"' GRIFERIA\r\nDE BRONCE '"_s}},
-                 clave);
-        linea({{u"descripcion_maria"_s, u"''"_s}}, clave);
-        linea({{u"descripcion_maria"_s, u"'OTRA'"_s}}, clave);
-        EXPECT_TRUE(generar({.modo = modo}, clave));
-        EXPECT_TRUE(registro.preguntas.empty());
-        EXPECT_EQ(filas("select id,descripcion from item where interno = '"_L1 + clave + "' order by id"_L1),
-                  u"0|GRIFERIA DE BRONCE\n1|GRIFERIA DE BRONCE"_s);
-        // The lines are not touched: mode 2 copies nothing.
-        EXPECT_EQ(
-            filas("select descripcion_maria from subitems where interno = '"_L1 + clave + "' order by id"_L1),
-            u"\nOTRA"_s);
-    }
-}
-
-TEST_P(Corrida, TheMarksOfThePositionsAreToldOnceEachInTheRegimesThatAsk) {
-    posicion(u"2208.30.20.000Q"_s, {{u"041"_s, u"'*'"_s}, {u"059"_s, u"'*'"_s}});
-    posicion(u"2208.30.20.000R"_s, {{u"041"_s, u"'*'"_s}, {u"059"_s, u"'*'"_s}});
-    struct Caso {
-        const char *regimen;
-        bool pregunta;
-    };
-    constexpr Caso casos[] = {{"IC04", true}, {"LAPI", true},  {"DJAI", true}, {"ZFE1", true},
-                              {"IG04", true}, {"IT01", false}, {"EC01", false}};
-    for (const Caso &caso : casos) {
-        registro = {};
-        const QString clave = QLatin1StringView(caso.regimen);
-        caratula({{u"idsubreg"_s, '\''_L1 + clave + '\''_L1}}, clave);
-        linea({{u"ncm"_s, u"'2208.30.20.000Q'"_s}}, clave);
-        linea({{u"ncm"_s, u"'2208.30.20.000R'"_s}}, clave);
-        EXPECT_TRUE(generar({}, clave));
-        QStringList dichos;
-        for (const Mensaje &m : registro.mensajes)
-            if (m.texto.startsWith("Se han encontrado"_L1) && m.icono == Icono::Informacion)
-                dichos << m.texto;
-        EXPECT_EQ(dichos.join('\n'_L1), caso.pregunta ? u"Se han encontrado posiciones con LAPI\n"
-                                                        "Se han encontrado posiciones con ESTAMPILLAS"_s
-                                                      : QString())
-            << caso.regimen;
-    }
-}
-
-TEST_P(Corrida, ATlr1KeepsNoAdvantages) {
-    insertar(u"ventajasrel"_s, {{u"cuit"_s, u"'30'"_s}, {u"idventaja"_s, u"'V1'"_s}}, u"PERSONAL"_s);
-    operacion({{u"idsubreg"_s, u"'TLR1'"_s}}, u"TLR"_s);
-    operacion({}, u"IC"_s);
-    EXPECT_TRUE(generar({}, u"IC"_s));
-    EXPECT_TRUE(generar({}, u"TLR"_s));
-    EXPECT_EQ(valor(u"select count(*) from itemventaja where interno = 'TLR'"_s), u"0"_s);
-    EXPECT_NE(valor(u"select count(*) from itemventaja where interno = 'IC'"_s), u"0"_s);
-}
-
-TEST_P(Corrida, AnIcr3IsAskedForItsTlr1NumberAndRunsTheStoresProcedureInEitherCase) {
-    int n = 0;
-    for (const auto &[respuesta, info] : std::vector<std::pair<std::optional<QString>, QString>>{
-             {u"26001'TLR1"_s, u"1|NRO.DECLAR-TLR1|26001 TLR1"_s},
-             {u"   "_s, QString()},
-             {std::nullopt, QString()}}) {
-        registro = {};
-        const QString clave = u"R%1"_s.arg(++n);
-        operacion({{u"idsubreg"_s, u"'ICR3'"_s}}, clave);
-        registro.textos = {respuesta};
-        int procedimientos = 0;
-        Conexion::fijarTraza([&](const TrazaDeSentencia &t) {
-            procedimientos += t.sentencia == "exec ProcesarDescargasconTLR1 '"_L1 + clave + '\''_L1 ? 1 : 0;
-        });
-        EXPECT_TRUE(generar({}, clave));
-        Conexion::fijarTraza({});
-        EXPECT_EQ(procedimientos, 1);
-        ASSERT_EQ(registro.entradas.size(), 1U);
-        EXPECT_EQ(registro.entradas.front().titulo, u"NÚMERO TLR1"_s);
-        EXPECT_EQ(registro.entradas.front().texto,
-                  u"Por favor, ingrese el número de TLR1 (NRO.DECLAR-TLR1)"_s);
-        EXPECT_EQ(filas("select iditem,idinfo,valor from iteminfo where interno = '"_L1 + clave + '\''_L1),
-                  info);
-    }
 }
 
 TEST_P(Corrida, TheDuplicateFoldRunsOnlyWhenItsOptionSaysSo) {

@@ -32,8 +32,10 @@ class Ventajas : public ArmadoDePrueba {
     }
     std::string todas() {
         return f(
-            "select idventaja,iditem,count(*) as n from itemventaja where interno = 'OP1' group by "
-            "idventaja,iditem "
+            "select idventaja,iditem,count(*) as n "
+            "from itemventaja "
+            "where interno = 'OP1' "
+            "group by idventaja,iditem "
             "order by idventaja,iditem");
     }
     std::string aec() { return LeerAEC(*ctx, u"OP1"_s, u"<nada>"_s).toStdString(); }
@@ -138,9 +140,9 @@ TEST_P(Ventajas, PartsOfVehiclesAreAskedOnceInTheRun) {
         ASSERT_EQ(registro.preguntas.size(), c.preguntas) << c.regimen;
         if (c.preguntas > 0) {
             EXPECT_EQ(registro.preguntas[0].texto.toStdString(),
-                      "Hay Artículos con LAPI y Pertenecientes al Régimen automotriz\r\nDesea agregarle la "
-                      "ventaja << "
-                      "VEHICULOPARTES >>\r\n\r\n(Repuestos en IG04, IG05, IG06)");
+                      "Hay Artículos con LAPI y Pertenecientes al Régimen automotriz\r\n"
+                      "Desea agregarle la ventaja << VEHICULOPARTES >>\r\n\r\n"
+                      "(Repuestos en IG04, IG05, IG06)");
         }
         EXPECT_EQ(todas(), c.ventajas) << c.regimen;
     }
@@ -175,15 +177,20 @@ TEST_P(Ventajas, AnItemInheritsTheAdvantagesOfEveryArticleFoldedIntoIt) {
     const QStringList s = sentenciasDe([this] { ProcesarVentajasVinculadas(*corrida); });
     EXPECT_EQ(todas(), "V1|1|1\nV2|1|1\nV3|2|1") << "each advantage once";
     EXPECT_EQ(s.value(2).toStdString(),
-              " insert into itemventaja (iditem, idventaja, interno)  select distinct 1, ventaja, 'OP1' from "
-              "articulo_ventaja as v where exists(      select ventaja from subitems as a      where interno "
-              "= 'OP1' and  "
-              "id in (          select idsub from groupsubitems where interno = 'OP1' and [id]= 1         "
-              "Union          "
-              "select idsub from idrel where interno = 'OP1' and idroot in (select idsub from groupsubitems "
-              "where interno "
-              "= 'OP1' and [id]= 1)     )      and a.idcatalogo = v.idcatalogo      and a.idarticulo = "
-              "v.idarticulo  ) ");
+              " insert into itemventaja (iditem, idventaja, interno) "
+              " select distinct 1, ventaja, 'OP1' "
+              "from articulo_ventaja as v "
+              "where exists( "
+              "     select ventaja from subitems as a "
+              "     where interno = 'OP1' and  id in ( "
+              "         select idsub from groupsubitems where interno = 'OP1' and [id]= 1"
+              "         Union "
+              "         select idsub from idrel where interno = 'OP1' and idroot in ("
+              "select idsub from groupsubitems where interno = 'OP1' and [id]= 1"
+              ")     ) "
+              "     and a.idcatalogo = v.idcatalogo "
+              "     and a.idarticulo = v.idarticulo "
+              " ) ");
 }
 
 EN_AMBOS_STORES(Ventajas);

@@ -4,6 +4,7 @@
 #include <QMap>
 #include <memory>
 
+#include "assembly/phases.h"
 #include "assembly/run.h"
 #include "tests/support/tienda.h"
 
@@ -16,13 +17,14 @@ class ArmadoDePrueba : public EnAmbosStores {
 
     void SetUp() override {
         EnAmbosStores::SetUp();
-        ctx->conexion(QStringLiteral("INTERNOS"))
-            .escrituraLigera(true);  // thousands of rows, none to be kept
+        // Thousands of rows, none to be kept.
+        ligera = std::make_unique<EscrituraLigera>(ctx->conexion(QStringLiteral("INTERNOS")));
         insertar(QStringLiteral("caratula"), {{"interno", "'OP1'"}});
         nuevaCorrida(QStringLiteral("IC01"));
     }
     void TearDown() override {
         corrida.reset();
+        ligera.reset();
         EnAmbosStores::TearDown();
     }
 
@@ -108,9 +110,10 @@ class ArmadoDePrueba : public EnAmbosStores {
         insertar(QStringLiteral("sta"), {{"id", "'IC01'"}, {"cstaimpexp", "'I'"}},
                  QStringLiteral("SYSTABLAS"));
         insertar(QStringLiteral("clientes"), {{"cuit", "'30'"}, {"cvdi", "'S'"}}, QStringLiteral("PERSONAL"));
-        ejecutar(QStringLiteral(
-            "update caratula set idsubreg = 'IC01', cuitcliente = '30', fobdivisas = 100, "
-            "valoraprorratear = 0, fletedivisas = 0, segurodivisas = 0 where interno = 'OP1'"));
+        ejecutar(
+            QStringLiteral("update caratula set idsubreg = 'IC01', cuitcliente = '30', fobdivisas = 100, "
+                           "valoraprorratear = 0, fletedivisas = 0, segurodivisas = 0 "
+                           "where interno = 'OP1'"));
     }
     void renglon(const Fila &cambios = {}) {
         insertar(QStringLiteral("subitems"), con({{"interno", "'OP1'"},
@@ -146,4 +149,7 @@ class ArmadoDePrueba : public EnAmbosStores {
 
     int linea = 0;
     std::unique_ptr<ContextoArmado> corrida;
+
+ private:
+    std::unique_ptr<EscrituraLigera> ligera;
 };

@@ -34,11 +34,13 @@ TEST_P(ItemCero, NetKilosStayZeroUntilTheKiloProrationWritesTheTarget) {
 TEST_P(ItemCero, WithoutCommonDataTheItemsStayAsTheyAre) {
     item(1, {{"idproc", "''"}});
     AgregarItemCero(*corrida);
-    EXPECT_EQ(
-        f("select id,idproc,standard,regalias,estadomerc,idpais,onccaacuerdo,opcionesiva,opcionesganancias,"
-          "descripcion,lista from item where interno = 'OP1' order by id"),
-        "0|<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>\n"
-        "1||<null>|<null>|1|<null>|<null>|<null>|<null>|<null>|<null>");
+    EXPECT_EQ(f("select id,idproc,standard,regalias,estadomerc,idpais,onccaacuerdo,opcionesiva,"
+                "opcionesganancias,descripcion,lista "
+                "from item "
+                "where interno = 'OP1' "
+                "order by id"),
+              "0|<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>|<null>\n"
+              "1||<null>|<null>|1|<null>|<null>|<null>|<null>|<null>|<null>");
 }
 
 TEST_P(ItemCero, TheDestinationFillsOnlyBlanks) {
@@ -87,8 +89,8 @@ TEST_P(ItemCero, StateAndOriginGoToItemZeroAndOnlyWhenForced) {
 
 TEST_P(ItemCero, WithoutAnAgreementTheOtherOnccaDataAreDropped) {
     const char *const columnas =
-        "onccaacuerdo,onccaelaborador,onccaespecie,onccafaneador,onccamatadero,onccameccoorgbio,"
-        "onccares3106,onccasispro";
+        "onccaacuerdo,onccaelaborador,onccaespecie,onccafaneador,"
+        "onccamatadero,onccameccoorgbio,onccares3106,onccasispro";
     corrida->ONCCAElaborador = u"e"_s;
     corrida->ONCCAEspecie = u"s"_s;
     corrida->ONCCAFaneador = u"f"_s;

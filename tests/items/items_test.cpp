@@ -42,10 +42,9 @@ TEST_P(Items, GrossKilosAreCheckedByWhatTheGroupsHold) {
         ASSERT_EQ(registro.mensajes.size(), c.aviso ? 1U : 0U) << c.kilos;
         if (!c.aviso) continue;
         EXPECT_EQ(registro.mensajes[0].titulo.toStdString(), "KG BRUTOS (BULTOS)");
-        EXPECT_EQ(
-            registro.mensajes[0].texto.toStdString(),
-            "Hay Subitem's que no tiene ingresado el KG Bruto.\r\n\r\nPor favor verifique los mismos en la "
-            "opcion CARGA DE SUBITEMS");
+        EXPECT_EQ(registro.mensajes[0].texto.toStdString(),
+                  "Hay Subitem's que no tiene ingresado el KG Bruto.\r\n\r\n"
+                  "Por favor verifique los mismos en la opcion CARGA DE SUBITEMS");
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
     }
 }
@@ -74,10 +73,12 @@ TEST_P(Items, ThreeHundredGroupsAreNotSplitAnd601MakeThreeParts) {
               "|300");
     gruposIguales(301);
     DividirItemsGrandes(*corrida);
-    EXPECT_EQ(
-        f("select itfiller,count(*) as n from groupsubitems where interno = 'OP1' group by itfiller order by "
-          "itfiller"),
-        "1|300\n2|300\n3|1");
+    EXPECT_EQ(f("select itfiller,count(*) as n "
+                "from groupsubitems "
+                "where interno = 'OP1' "
+                "group by itfiller "
+                "order by itfiller"),
+              "1|300\n2|300\n3|1");
 }
 
 TEST_P(Items, ASplitLeavesTheGroupsOfAnotherOperationAlone) {
@@ -94,8 +95,11 @@ TEST_P(Items, InADeclarationTheSplitKeepsDescriptionsApart) {
     gruposIguales(301, {{"descripcion", "'Caño d''agua  '"}});
     gruposIguales(2, {{"descripcion", "'otra'"}});
     DividirItemsGrandes(*corrida);
-    EXPECT_EQ(f("select descripcion,itfiller,count(*) as n from groupsubitems where interno = 'OP1' group by "
-                "descripcion,itfiller order by descripcion,itfiller"),
+    EXPECT_EQ(f("select descripcion,itfiller,count(*) as n "
+                "from groupsubitems "
+                "where interno = 'OP1' "
+                "group by descripcion,itfiller "
+                "order by descripcion,itfiller"),
               "Caño d'agua  |1|300\nCaño d'agua  |2|1\notra||2");
 }
 
@@ -113,16 +117,18 @@ TEST_P(Items, NumberingByAppearanceFollowsTheLinesAndSumsItsGroups) {
            {"ajustededucir", "4"}});
     generar(2);
     // 1.005 rounds to 1.01 before the sum: 1.01 + 2 = 3.01.
-    EXPECT_EQ(
-        f("select "
-          "id,ncm,cantidad,fobtotal,totalkneto,totalkbruto,insumostemp,insumosacons,ajusteinc,ajusteded "
-          "from item where interno = 'OP1' order by id"),
-        "1|9999.99.99.999Z|5|30.75|3.01|5|1.5|2.5|3|4\n2|0101.01.01.001A|1|5|1|1|0|0|0|0");
+    EXPECT_EQ(f("select id,ncm,cantidad,fobtotal,totalkneto,totalkbruto,insumostemp,insumosacons,"
+                "ajusteinc,ajusteded "
+                "from item "
+                "where interno = 'OP1' "
+                "order by id"),
+              "1|9999.99.99.999Z|5|30.75|3.01|5|1.5|2.5|3|4\n2|0101.01.01.001A|1|5|1|1|0|0|0|0");
     EXPECT_EQ(f("select idsub,id from groupsubitems where interno = 'OP1' order by idsub"), "1|1\n2|2\n3|1");
-    EXPECT_EQ(
-        f("select idpais,idproc,idunidad,estadomerc,biendeuso,estadistica,valorrelacionestadistica,deresp,"
-          "valorderesp,tipoitem from item where interno = 'OP1' and id = 2"),
-        "310|200|07|1|N|07|1||0|N");
+    EXPECT_EQ(f("select idpais,idproc,idunidad,estadomerc,biendeuso,estadistica,"
+                "valorrelacionestadistica,deresp,valorderesp,tipoitem "
+                "from item "
+                "where interno = 'OP1' and id = 2"),
+              "310|200|07|1|N|07|1||0|N");
 }
 
 TEST_P(Items, NumberingByAppearanceLetsUnitsAndTypesDifferWithinAnItem) {
@@ -159,11 +165,11 @@ TEST_P(Items, AGroupWithNullCountryTakesTheIsNullClause) {
     EXPECT_EQ(f("select id,idpais,cantidad from item where interno = 'OP1' order by id"), "1||2\n2||1")
         << "the item takes an empty value";
     EXPECT_EQ(sentencias.filter(u"update groupsubitems set id = "_s)[0].toStdString(),
-              "update groupsubitems set id = 1 where interno = 'OP1' and ncm = '7318.15.00.100A' and "
-              "idunidad = '07' and "
-              "idpais is null and idpaisproc = '203' and itfiller = '' and estadomerc = '1' and biendeuso = "
-              "'N' and "
-              "cancelaciones = '' and ONCCACategoria = '' and ONCCACortes = '' ");
+              "update groupsubitems set id = 1 "
+              "where interno = 'OP1' and ncm = '7318.15.00.100A' and idunidad = '07' "
+              "and idpais is null and idpaisproc = '203' and itfiller = '' and estadomerc = '1' "
+              "and biendeuso = 'N' and cancelaciones = '' and ONCCACategoria = '' "
+              "and ONCCACortes = '' ");
 }
 
 TEST_P(Items, NumberingByAppearanceSendsFourStatementsAnItem) {
@@ -224,8 +230,8 @@ TEST_P(Items, NumberingByNcmPutsNBeforeGBeforeDAndPositionsInOrder) {
     grupo({{"tipoitem", "'N'"}, {"ncm", "'3333.33.33.333C'"}, {"itfiller", "'A'"}});
     generar(1);
     EXPECT_EQ(f("select id,tipoitem,ncm,itfiller from item where interno = 'OP1' order by id"),
-              "1|N|3333.33.33.333C|A\n2|N|3333.33.33.333C|B\n3|N|9999.99.99.999Z|\n4|G|2222.22.22.222B|\n"
-              "5|D|1111.11.11.111A|");
+              "1|N|3333.33.33.333C|A\n2|N|3333.33.33.333C|B\n3|N|9999.99.99.999Z|\n"
+              "4|G|2222.22.22.222B|\n5|D|1111.11.11.111A|");
     EXPECT_EQ(f("select idsub,id from groupsubitems where interno = 'OP1' order by idsub"),
               "1|5\n2|4\n3|3\n4|2\n5|1");
 }
@@ -234,17 +240,21 @@ TEST_P(Items, TheLinkByNcmIsSpelledForEachStore) {
     grupo();
     const QString enlace = sentenciasDe([this] { generar(1); }).filter(u"ITEM.ID"_s).value(0);
     const QString comparaciones =
-        u"(groupsubitems.interno = item.Interno and groupsubitems.ncm = item.NCM and (groupsubitems.idpais = "
-        "item.Idpais or groupsubitems.idpais is null) and (groupsubitems.idpaisproc = item.Idproc or "
-        "groupsubitems.idpaisproc is null) and groupsubitems.idunidad = item.idunidad and "
-        "(groupsubitems.itfiller = "
-        "item.itfiller or groupsubitems.itfiller is null) and (groupsubitems.estadomerc = item.estadomerc or "
-        "groupsubitems.estadomerc is null) and groupsubitems.biendeuso = item.Biendeuso and "
-        "groupsubitems.cancelaciones = item.cancelaciones and groupsubitems.tipoitem = item.tipoitem)"_s;
+        u"(groupsubitems.interno = item.Interno and "
+        "groupsubitems.ncm = item.NCM and "
+        "(groupsubitems.idpais = item.Idpais or groupsubitems.idpais is null) and "
+        "(groupsubitems.idpaisproc = item.Idproc or groupsubitems.idpaisproc is null) and "
+        "groupsubitems.idunidad = item.idunidad and "
+        "(groupsubitems.itfiller = item.itfiller or groupsubitems.itfiller is null) and "
+        "(groupsubitems.estadomerc = item.estadomerc or groupsubitems.estadomerc is null) and "
+        "groupsubitems.biendeuso = item.Biendeuso and "
+        "groupsubitems.cancelaciones = item.cancelaciones and "
+        "groupsubitems.tipoitem = item.tipoitem)"_s;
     const QString donde = u" where groupsubitems.interno = 'OP1'"_s;
     const QString esperada = corrida->esSQL()
                                  ? u"Update groupsubitems Set groupsubitems.ID = ITEM.ID "
-                                   "from groupsubitems INNER JOIN item on "_s +
+                                   "from groupsubitems "
+                                   "INNER JOIN item on "_s +
                                        comparaciones + donde
                                  : u"Update groupsubitems Inner Join item On "_s + comparaciones +
                                        u" Set groupsubitems.ID = ITEM.ID"_s + donde;

@@ -61,19 +61,19 @@ const Reparto repartos[] = {
     // any more. 0.01 * 6 = 0.06 is 0.01 above the target, and no spread group is heavy enough.
     {"the floor is taken from row after row", "0.03/1 0.02/1 0/100 0/100 0/100 0/100", 0.05,
      "0.01 0.01 0.01 0.01 0.01 0.01",
-     "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.01\r\nNo se puede "
-     "continuar.."},
+     "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.01\r\n"
+     "No se puede continuar.."},
     // 0.10 asked, 0.03 there: 0.08 stay and the row falls to -0.05, which the floor lifts. Eleven rows of
     // 0.01.
     {"a row that falls below zero is lifted too", "0.03/1 0/9 0/9 0/9 0/9 0/9 0/9 0/9 0/9 0/9 0/9", 0.03,
      "0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01",
-     "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.08\r\nNo se puede "
-     "continuar.."},
+     "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.08\r\n"
+     "No se puede continuar.."},
     // 0.04 / 10 rounds to 0.00: ten rows of 0.01 are 0.06 above the target.
     {"a residual larger than any spread group", "0/1 0/1 0/1 0/1 0/1 0/1 0/1 0/1 0/1 0/1", 0.04,
      "0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01 0.01",
-     "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.06\r\nNo se puede "
-     "continuar.."},
+     "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.06\r\n"
+     "No se puede continuar.."},
     // No FOB among the empty ones: the total of 100 divides, and 0 * 8 / 100 is 0. 2 - 0.01 pays the floor.
     {"without FOB among the empty ones the total divides", "2/100 0/0", 10, "1.99 0.01",
      "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 8\r\nNo se puede continuar.."},
@@ -84,9 +84,10 @@ const Reparto repartos[] = {
     {"below the given kilos nothing changes", "5/100 6.25/100 0/100", 11, "5 6.25 0",
      "El kilo a prorratear (11) debe ser mayor a 11.25"},
     {"all have kilos", "5/100 6/100", 20, "5 6",
-     "No hay registros para prorratear!\r\nya que todos los articulos tienen cargado kilo neto.\r\nSi desea "
-     "prorratear "
-     "debe poner los kilos en 0 (cero)\r\nEn Carga de Subitems"},
+     "No hay registros para prorratear!\r\n"
+     "ya que todos los articulos tienen cargado kilo neto.\r\n"
+     "Si desea prorratear debe poner los kilos en 0 (cero)\r\n"
+     "En Carga de Subitems"},
 };
 
 TEST_P(Kilos, AreSpreadOverTheGroupsThatLackThem) {
@@ -142,8 +143,8 @@ TEST_P(Kilos, MessagesShowNumbersAsTheWorkstationWritesThem) {
     registro = {};
     Prorratear_ItemCeroEx(*corrida, 20);
     EXPECT_EQ(unMensaje(),
-              "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 8,75\r\nNo se puede "
-              "continuar..");
+              "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 8,75\r\n"
+              "No se puede continuar..");
 }
 
 TEST_P(Kilos, SpreadGroupsAreMarkedAndOldMarksOfOthersStay) {
@@ -175,12 +176,14 @@ TEST_P(Kilos, MeasuresInKilosFollowAndItemsTakeTheirSums) {
     item(0, {{"totalkneto", "0"}});
     // 64 - 4 = 60 over a FOB of 60: 10, 30, 20.
     Prorratear_ItemCeroEx(*corrida, 64);
-    EXPECT_EQ(f("select kgneto,valorrelacionestadistica,valorderesp from groupsubitems where interno = 'OP1' "
-                "order by "
-                "idsub"),
+    EXPECT_EQ(f("select kgneto,valorrelacionestadistica,valorderesp "
+                "from groupsubitems "
+                "where interno = 'OP1' "
+                "order by idsub"),
               "10|10|0\n30|30|0\n20|1|20\n4|9|0");
-    EXPECT_EQ(f("select id,totalkneto,valorrelacionestadistica,valorderesp from item where interno = 'OP1' "
-                "and id > 0 "
+    EXPECT_EQ(f("select id,totalkneto,valorrelacionestadistica,valorderesp "
+                "from item "
+                "where interno = 'OP1' and id > 0 "
                 "order by id"),
               "1|40|40|6\n2|20|6|20\n3|4|9|6");
     EXPECT_EQ(f("select totalkneto from item where interno = 'OP1' and id = 0"), "64");
@@ -191,8 +194,11 @@ TEST_P(Kilos, TheResidualChangesOneRowAmongEqualOnes) {
         insertar(u"groupsubitems"_s,
                  {{"interno", "'OP1'"}, {"id", "1"}, {"idsub", "1"}, {"kgneto", "0"}, {"fob", "1"}});
     Prorratear_ItemCeroEx(*corrida, 10);
-    EXPECT_EQ(f("select kgneto,count(*) as n from groupsubitems where interno = 'OP1' group by kgneto order "
-                "by kgneto"),
+    EXPECT_EQ(f("select kgneto,count(*) as n "
+                "from groupsubitems "
+                "where interno = 'OP1' "
+                "group by kgneto "
+                "order by kgneto"),
               "3.33|2\n3.34|1");
 }
 
@@ -228,8 +234,8 @@ TEST_P(Kilos, AfterAResidualThatFitsNowhereTheRunGoesOn) {
     EXPECT_TRUE(Generar(*ctx, u"OP1"_s, {}));
     EXPECT_EQ(ctx->ChequeoArmado.toStdString(), "SI");
     EXPECT_EQ(unMensaje(),
-              "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.06\r\nNo se puede "
-              "continuar..");
+              "Error al redondear prorrateo, no se encontro subitems con kilos mayor a 0.06\r\n"
+              "No se puede continuar..");
     EXPECT_EQ(netos(), "0|0\n1|0") << "item totals unwritten";
     EXPECT_EQ(f("select factura8 from caratula where interno = 'OP1'"), "N");
     EXPECT_TRUE(registro.avances.back().tipo != Avance::Tipo::PasoCorriendo);
@@ -370,14 +376,11 @@ TEST_P(Integridad, TheReportShowsTheGroupsInColumnsUnderBothSeparators) {
         EXPECT_FALSE(registro.informes[0].comoLista);
         QString esperado =
             u"Verificación de Subitem's:\r\n"
-            "--------------------------\r\n"
-            "\r\n"
+            "--------------------------\r\n\r\n"
             "Los siguientes subitem's deberán tener cargados todos kilogramos o ninguno.\r\n"
             "Por favor revise los campos ESTADÍSTICA si es 01, DERECHO ESPECIFICO si es 01\r\n"
-            "y Kilogramos Neto.\r\n"
-            "\r\n"
-            "UE = UNIDAD ESTADISTICA, UDE = UNIDAD DE DERECHO ESPECIFICO\r\n"
-            "\r\n"
+            "y Kilogramos Neto.\r\n\r\n"
+            "UE = UNIDAD ESTADISTICA, UDE = UNIDAD DE DERECHO ESPECIFICO\r\n\r\n"
             "NCM             UD   CANTIDAD PRE. UNIT. UE   CANT. UE UDE  CANT UDE.    KG NETO\r\n"
             "--------------- -- ---------- ---------- -- ---------- --- ---------- ----------\r\n"_s;
         const QString renglones =

@@ -33,15 +33,19 @@ class Registros : public ArmadoDePrueba {
     /// The concepts of an item, sorted and joined by commas.
     std::string codigos(int id) {
         return filas(
-                   u"select idconceptos from itemliq where interno = 'OP1' and iditem = %1 order by "
-                   "idconceptos"_s.arg(id))
+                   u"select idconceptos "
+                   "from itemliq "
+                   "where interno = 'OP1' and iditem = %1 "
+                   "order by idconceptos"_s.arg(id))
             .replace(QLatin1Char('\n'), QLatin1Char(','))
             .toStdString();
     }
     std::string ventajas(int id) {
         return filas(
-                   u"select idventaja from itemventaja where interno = 'OP1' and iditem = %1 order by "
-                   "idventaja"_s.arg(id))
+                   u"select idventaja "
+                   "from itemventaja "
+                   "where interno = 'OP1' and iditem = %1 "
+                   "order by idventaja"_s.arg(id))
             .replace(QLatin1Char('\n'), QLatin1Char(','))
             .toStdString();
     }
@@ -230,8 +234,10 @@ TEST_P(Registros, ItemZeroComesFirstAndEveryItemIsNamedOnTheScreen) {
         sentenciasDe([this] { ArmarRegistrosDeLiquidacion(*corrida); }).filter(u"insert into itemliq"_s);
     ASSERT_EQ(inserts.size(), 3);
     EXPECT_EQ(inserts[0].toStdString(),
-              "insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,porcentaje) select distinct "
-              "CTAXPOG,0,ctax,'OP1',ltaxabr,porcentaje from tax where ctax in ('020','500')");
+              "insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,"
+              "porcentaje) select distinct CTAXPOG,0,ctax,'OP1',ltaxabr,porcentaje "
+              "from tax "
+              "where ctax in ('020','500')");
     QStringList rotulos;
     for (const Avance &a : registro.avances)
         if (a.control == "lbITM"_L1) rotulos << a.texto;
@@ -242,9 +248,9 @@ TEST_P(Registros, ItemZeroComesFirstAndEveryItemIsNamedOnTheScreen) {
 TEST_P(Registros, ARowTakesNameAndPaymentFromTheCatalogueAndNoAmount) {
     item(1);
     ArmarRegistrosDeLiquidacion(*corrida);
-    EXPECT_EQ(f("select conceptos,pgc,porcentaje,baseimp,total,valor,motivo from itemliq where interno = "
-                "'OP1' and iditem "
-                "= 1 and idconceptos = '010'"),
+    EXPECT_EQ(f("select conceptos,pgc,porcentaje,baseimp,total,valor,motivo "
+                "from itemliq "
+                "where interno = 'OP1' and iditem = 1 and idconceptos = '010'"),
               "Concepto 010|P|0|0|0|0|<null>");
 }
 
@@ -376,8 +382,10 @@ TEST_P(Registros, ADecreeGuaranteesEverythingButTheFeeAndGrossIncome) {
     nuevaCorrida(u"ZFE1"_s);
     item(1);
     ArmarRegistrosDeLiquidacion(*corrida);
-    EXPECT_EQ(f("select distinct idconceptos,pgc from itemliq where interno = 'OP1' and pgc <> 'G' order by "
-                "idconceptos"),
+    EXPECT_EQ(f("select distinct idconceptos,pgc "
+                "from itemliq "
+                "where interno = 'OP1' and pgc <> 'G' "
+                "order by idconceptos"),
               "500|P\n900|P");
     EXPECT_EQ(columna("pgc", "010").toStdString(), "G");
     ctx->decreto = MotivoDecreto();
@@ -394,11 +402,12 @@ TEST_P(Registros, TheStatementsAreTheOnesThatStoresKnow) {
     const std::string cola = " and interno = 'OP1' and iditem = 7";
     const std::string adicionales = " where idconceptos in ('422','854')" + cola;
     const std::string esperadas[] = {
-        "insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,porcentaje) select distinct "
-        "CTAXPOG,7,ctax,'OP1',ltaxabr,porcentaje from tax where ctax in ('010','415')",
-        "update itemliq set porcentaje = '0',baseimp = '0', total = '0' where interno = 'OP1' and iditem = 7 "
-        "and "
-        "idconceptos in ('010','415')",
+        "insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,"
+        "porcentaje) select distinct CTAXPOG,7,ctax,'OP1',ltaxabr,porcentaje "
+        "from tax "
+        "where ctax in ('010','415')",
+        "update itemliq set porcentaje = '0',baseimp = '0', total = '0' "
+        "where interno = 'OP1' and iditem = 7 and idconceptos in ('010','415')",
         "update itemliq set porcentaje = 10.5 where idconceptos in ('415','852')" + cola,
         "update itemliq set porcentaje = 2.5 where idconceptos = '900'" + cola,
         "update itemliq set porcentajeb = '5', porcentaje='10'" + adicionales,

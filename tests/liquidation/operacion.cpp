@@ -113,8 +113,10 @@ ResultadoRecalculo OperacionDePrueba::recalcular(bool pendiente) {
 
 std::string OperacionDePrueba::liq(int id) {
     return filas(
-               u"select idconceptos,porcentaje,baseimp,total,pgc from itemliq where interno = "
-               "'OP1' and iditem = %1 order by idconceptos"_s.arg(id))
+               u"select idconceptos,porcentaje,baseimp,total,pgc "
+               "from itemliq "
+               "where interno = 'OP1' and iditem = %1 "
+               "order by idconceptos"_s.arg(id))
         .toStdString();
 }
 

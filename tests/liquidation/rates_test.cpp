@@ -372,11 +372,12 @@ TEST_P(Lectura, TheHeadersAdjustmentsAreSpreadByFobAndTheCentIsNotSettled) {
     EXPECT_EQ(de("###ajinc"), "106.99");
     EXPECT_EQ(de("###ajded"), "50.01");
     EXPECT_EQ(sentencias.join(QLatin1Char('\n')).toStdString(),
-              "select id,(FOBtotal * 100) / (3000) as valor from item where id<>0 and interno = 'OP1' and "
-              "tipoitem <> "
-              "'G'\n"
-              "select id,(FOBtotal * 50) / (3000) as valor from item where id<>0 and interno = 'OP1' and "
-              "tipoitem<>'G'");
+              "select id,(FOBtotal * 100) / (3000) as valor "
+              "from item "
+              "where id<>0 and interno = 'OP1' and tipoitem <> 'G'\n"
+              "select id,(FOBtotal * 50) / (3000) as valor "
+              "from item "
+              "where id<>0 and interno = 'OP1' and tipoitem<>'G'");
 }
 
 TEST_P(Lectura, AHeaderWithoutAdjustmentsLeavesThoseOfTheItems) {

