@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace linea {
+namespace consola {
 
 namespace {
 
@@ -274,4 +274,4 @@ int Contestar(const Pedido &pedido) {
     return mal ? malUso : 0;
 }
 
-}  // namespace linea
+}  // namespace consola

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <vector>
 
-namespace linea {
+namespace consola {
 
 /// What is wrong with a value, as the beginning of a sentence without its end ("\"x\" no es un número");
 /// empty when it will do.
@@ -76,4 +76,4 @@ Pedido Leer(const Programa &programa, const QStringList &argumentos);
 /// 0), a wrong use to standard error (malUso). Answers the status.
 int Contestar(const Pedido &pedido);
 
-}  // namespace linea
+}  // namespace consola

@@ -231,7 +231,7 @@ int comprobar(const Trabajo &t) {
 
 /// One command: how it is called, what it asks of the store first, and what it does.
 struct Fila {
-    linea::Comando comando = {};
+    consola::Comando comando = {};
     bool sobreExistente = true;  ///< the operation has to be there
     int (*hacer)(const Trabajo &) = nullptr;
 };
@@ -242,7 +242,7 @@ QString defectoDeClave(const QString &clave) {
 }
 
 const std::vector<Fila> &tablaDeComandos() {
-    static const std::vector<linea::Argumento> clave{
+    static const std::vector<consola::Argumento> clave{
         {.nombre = "CLAVE", .texto = "la clave de una operación", .control = defectoDeClave}};
     static const std::vector<Fila> todas{
         {.comando = {.nombre = "armar",
@@ -274,8 +274,8 @@ const std::vector<Fila> &tablaDeComandos() {
 
 }  // namespace
 
-std::vector<linea::Comando> Comandos() {
-    std::vector<linea::Comando> todos;
+std::vector<consola::Comando> Comandos() {
+    std::vector<consola::Comando> todos;
     for (const Fila &f : tablaDeComandos()) todos.push_back(f.comando);
     return todos;
 }

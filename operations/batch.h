@@ -20,10 +20,10 @@ struct Orden {
 
 constexpr int bien = 0;
 constexpr int falla = 1;
-constexpr int malPedido = linea::malUso;
+constexpr int malPedido = consola::malUso;
 
 /// The commands as the command line knows them.
-std::vector<linea::Comando> Comandos();
+std::vector<consola::Comando> Comandos();
 
 /// The dashboard as a program that starts finds it: from the options and the settings area.
 EleccionDelTablero TableroInicial(AppContext &ctx);

@@ -69,7 +69,7 @@ QString defectoDeCarga(const QString &texto) {
     return texto.indexOf(QLatin1Char('=')) > 0 ? QString() : u"\"%1\" no es TABLA=ARCHIVO"_s.arg(texto);
 }
 
-linea::Programa descripcion() {
+consola::Programa descripcion() {
     return {
         .nombre = "DbUpgrade3",
         .texto = u"Crea los stores de un perfil, los lleva a la versión %1 y carga tablas en ellos."_s.arg(
@@ -141,7 +141,7 @@ QString crearPerfilDeServidor(const servidor::Acceso &acceso, QString &ruta) {
 }
 
 /// The profile to work on, written first when that was asked for; its path into `ruta`, or what is wrong.
-QString prepararPerfil(const linea::Pedido &pedido, QString &ruta) {
+QString prepararPerfil(const consola::Pedido &pedido, QString &ruta) {
     ruta = pedido.valor("perfil");
     const bool dado = !ruta.isEmpty();
     QString error;
@@ -160,12 +160,12 @@ QString prepararPerfil(const linea::Pedido &pedido, QString &ruta) {
     return error;
 }
 
-int trabajar(const linea::Pedido &pedido) {
+int trabajar(const consola::Pedido &pedido) {
     QString ruta;
     if (const QString error = prepararPerfil(pedido, ruta); !error.isEmpty()) return falla(error);
     if (ruta.isEmpty()) {
         falla(u"Hay varios perfiles; indique uno con --perfil."_s);
-        return linea::malUso;
+        return consola::malUso;
     }
     const actualizacion::Resultado hecho = actualizacion::Actualizar(ruta, mostrarProgreso);
     if (!hecho.ok) return falla(hecho.error);
@@ -204,8 +204,8 @@ int trabajar(const linea::Pedido &pedido) {
 int main(int argc, char **argv) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(u"DbUpgrade3"_s);
-    const linea::Pedido pedido = linea::Leer(descripcion(), QCoreApplication::arguments());
-    if (pedido.que != linea::Que::Trabajar) return linea::Contestar(pedido);
+    const consola::Pedido pedido = consola::Leer(descripcion(), QCoreApplication::arguments());
+    if (pedido.que != consola::Que::Trabajar) return consola::Contestar(pedido);
     return CorrerConUltimaDefensa([&pedido] { return trabajar(pedido); },
                                   [](const QString &texto) { falla(texto); }, fallo);
 }

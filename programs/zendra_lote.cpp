@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-linea::Programa descripcion() {
+consola::Programa descripcion() {
     return {
         .nombre = "zendra_lote",
         .texto =
@@ -106,7 +106,7 @@ void escribirLinea(const QString &texto) {
 }
 
 /// What the files of the command line ask for; false with one Spanish line in `error`.
-bool leerArchivos(const linea::Pedido &pedido, QStringList &respuestas, QJsonObject &opciones,
+bool leerArchivos(const consola::Pedido &pedido, QStringList &respuestas, QJsonObject &opciones,
                   QString &error) {
     if (!leerRespuestas(pedido.valor("respuestas"), respuestas, error) ||
         !leerOpciones(pedido.valor("opciones"), opciones, error))
@@ -132,7 +132,7 @@ bool trazar(QFile &traza) {
     return true;
 }
 
-int trabajar(AppContext &ctx, const linea::Pedido &pedido, QJsonObject &resultado) {
+int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &resultado) {
     QString error;
     QStringList respuestas;
     QJsonObject opciones;
@@ -165,8 +165,8 @@ int main(int argc, char **argv) {
     if (QLocale::system().language() == QLocale::C)
         QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
 
-    const linea::Pedido pedido = linea::Leer(descripcion(), QCoreApplication::arguments());
-    if (pedido.que != linea::Que::Trabajar) return linea::Contestar(pedido);
+    const consola::Pedido pedido = consola::Leer(descripcion(), QCoreApplication::arguments());
+    if (pedido.que != consola::Que::Trabajar) return consola::Contestar(pedido);
 
     AppContext ctx;
     fijarContexto(&ctx);

@@ -16,19 +16,12 @@ using esquema::Tipo;
 
 namespace {
 
-/// How often a long load says where it is.
-constexpr qint64 filasPorAviso = 1000;
-
 /// One column of the table that a load fills, and where its value comes from.
 struct Fuente {
     const Columna *columna = nullptr;
     qsizetype campo = -1;  ///< position in the record; -1: the default
     QVariant porDefecto;
 };
-
-QString aviso(qint64 linea, const QString &texto) {
-    return u"línea %1: %2"_s.arg(linea).arg(texto);
-}
 
 /// A header name as the schema spells it: "[015]" is the column 015.
 QString nombreDeColumna(QString nombre) {
@@ -46,11 +39,11 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
         const QString nombre = nombreDeColumna(encabezado.at(i));
         const Columna *columna = destino.tabla->columna(nombre);
         if (columna == nullptr)
-            resultado.avisos << aviso(1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(
-                                             destino.tabla->nombre, encabezado.at(i)));
+            resultado.avisos << avisoDeLinea(1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(
+                                                    destino.tabla->nombre, encabezado.at(i)));
         else if (usadas.contains(nombre))
-            resultado.avisos << aviso(1,
-                                      u"la columna \"%1\" está repetida; se toma la primera"_s.arg(nombre));
+            resultado.avisos << avisoDeLinea(
+                1, u"la columna \"%1\" está repetida; se toma la primera"_s.arg(nombre));
         else
             fuentes.push_back({columna, i, {}});
         if (columna != nullptr) usadas.insert(nombre);
@@ -74,6 +67,10 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
 }
 
 }  // namespace
+
+QString avisoDeLinea(qint64 linea, const QString &texto) {
+    return u"línea %1: %2"_s.arg(linea).arg(texto);
+}
 
 void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla) {
     destino.tabla = esquema::buscarTabla(tabla);
@@ -166,14 +163,15 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
         csv::Registro registro;
         while (lector.siguiente(registro)) {
             if (!registro.defecto.isEmpty()) {
-                resultado.avisos << aviso(registro.linea, registro.defecto + u"; la fila no se carga"_s);
+                resultado.avisos << avisoDeLinea(registro.linea,
+                                                 registro.defecto + u"; la fila no se carga"_s);
                 continue;
             }
             // Trailing separators without anything behind them are no fields.
             while (registro.campos.size() > ancho && registro.campos.back().isEmpty())
                 registro.campos.removeLast();
             if (registro.campos.size() != ancho) {
-                resultado.avisos << aviso(
+                resultado.avisos << avisoDeLinea(
                     registro.linea,
                     u"tiene %1 campos y el encabezado %2; la fila no se carga"_s.arg(registro.campos.size())
                         .arg(ancho));
@@ -188,9 +186,9 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                         valor = *leido;
                     } else {
                         valor = *valorDe(a, *f.columna, QString());
-                        resultado.avisos << aviso(registro.linea,
-                                                  u"\"%1\" no sirve para la columna %2; se carga vacía"_s.arg(
-                                                      texto, f.columna->nombre));
+                        resultado.avisos << avisoDeLinea(
+                            registro.linea, u"\"%1\" no sirve para la columna %2; se carga vacía"_s.arg(
+                                                texto, f.columna->nombre));
                     }
                 }
                 insercion.bindValue(static_cast<int>(i), valor);

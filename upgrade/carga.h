@@ -23,6 +23,11 @@ struct Destino {
     QString esquemaDe;
 };
 
+/// How often a long load says where it is, in rows.
+constexpr qint64 filasPorAviso = 1000;
+/// "línea 12: …": what a load says of one line of its file.
+QString avisoDeLinea(qint64 linea, const QString &texto);
+
 /// Opens the store that holds `tabla`; raises Falla.
 void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla);
 

@@ -17,7 +17,6 @@ using esquema::Columna;
 
 namespace {
 
-constexpr qint64 filasPorAviso = 1000;
 constexpr int largoDePosicion = 15;
 
 enum class Clase { Texto, Tasa, Intervencion };
@@ -45,7 +44,7 @@ const Rol roles[] = {
 };
 
 /// One numbered column to be filled from one field.
-struct Fuente {
+struct FuenteDeNcm {
     QString columna;
     Clase clase = Clase::Texto;
     qsizetype campo = -1;
@@ -54,14 +53,10 @@ struct Fuente {
 const QString columnaDeUnidad = u"012"_s;
 const QString columnaDeLicencia = u"059"_s;  // "*": non-automatic import licence
 
-QString aviso(qint64 linea, const QString &texto) {
-    return u"línea %1: %2"_s.arg(linea).arg(texto);
-}
-
 /// Where the values of one row go: names in the order of the two prepared statements.
 struct Plan {
     qsizetype campoPosicion = -1;
-    std::vector<Fuente> fuentes;
+    std::vector<FuenteDeNcm> fuentes;
     bool conUnidad = false;
     bool conIntervencion = false;
     /// Numbered columns written on insert (fuentes, then the licence mark), without the unit when the file
@@ -80,7 +75,7 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
             plan.campoPosicion = i;
             continue;
         }
-        Fuente fuente;
+        FuenteDeNcm fuente;
         for (const Rol &rol : roles)
             if (nombre == QLatin1String(rol.encabezado))
                 fuente = {QString::fromLatin1(rol.columna), rol.clase, i};
@@ -90,8 +85,8 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
         if (fuente.campo < 0 && nombre > "003"_L1 && esquema::buscarTabla(u"ncm")->columna(nombre) != nullptr)
             fuente = {nombre, Clase::Texto, i};
         if (fuente.campo < 0 || usadas.contains(fuente.columna)) {
-            resultado.avisos << aviso(1,
-                                      u"no se conoce la columna \"%1\"; no se carga"_s.arg(encabezado.at(i)));
+            resultado.avisos << avisoDeLinea(
+                1, u"no se conoce la columna \"%1\"; no se carga"_s.arg(encabezado.at(i)));
             continue;
         }
         usadas.insert(fuente.columna);
@@ -104,7 +99,7 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
     if (!plan.conUnidad && unidadPorDefecto.isEmpty())
         Detener(u"El archivo %1 no trae la unidad estadística; indique una con --unidad."_s.arg(archivo));
     if (usadas.contains(columnaDeLicencia)) plan.conIntervencion = false;
-    for (const Fuente &f : plan.fuentes) plan.columnas << f.columna;
+    for (const FuenteDeNcm &f : plan.fuentes) plan.columnas << f.columna;
     if (plan.conIntervencion) plan.columnas << columnaDeLicencia;
     return plan;
 }
@@ -114,15 +109,15 @@ QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QSt
                       ResultadoCsv &resultado) {
     QStringList valores;
     QString licencia = u""_s;
-    for (const Fuente &f : plan.fuentes) {
+    for (const FuenteDeNcm &f : plan.fuentes) {
         QString texto = registro.campos.at(f.campo).trimmed();
         if (f.clase == Clase::Tasa && !texto.isEmpty()) {
             if (numeros::esNumerico(texto)) {
                 texto.replace(QLatin1Char(','), QLatin1Char('.'));
             } else {
-                resultado.avisos << aviso(registro.linea,
-                                          u"\"%1\" no es una tasa para la columna %2; se carga "
-                                          "vacía"_s.arg(texto, f.columna));
+                resultado.avisos << avisoDeLinea(registro.linea,
+                                                 u"\"%1\" no es una tasa para la columna %2; se carga "
+                                                 "vacía"_s.arg(texto, f.columna));
                 texto = u""_s;
             }
         }
@@ -130,8 +125,9 @@ QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QSt
             // The published sheets now and then leave a figure before the letters.
             const QString letras = texto.section(QLatin1Char(' '), -1);
             if (letras != texto)
-                resultado.avisos << aviso(registro.linea, u"la intervención \"%1\" se toma como \"%2\""_s.arg(
-                                                              texto.simplified(), letras));
+                resultado.avisos << avisoDeLinea(
+                    registro.linea,
+                    u"la intervención \"%1\" se toma como \"%2\""_s.arg(texto.simplified(), letras));
             texto = letras;
             if (letras == "LNA"_L1) licencia = u"*"_s;
         }
@@ -193,19 +189,19 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
                     registro.defecto.isEmpty()
                         ? u"tiene %1 campos y el encabezado %2"_s.arg(registro.campos.size()).arg(ancho)
                         : registro.defecto;
-                resultado.avisos << aviso(registro.linea, motivo + u"; la fila no se carga"_s);
+                resultado.avisos << avisoDeLinea(registro.linea, motivo + u"; la fila no se carga"_s);
                 continue;
             }
             const QString posicion = registro.campos.at(plan.campoPosicion).trimmed();
             if (posicion.size() != largoDePosicion || !forma.match(posicion).hasMatch()) {
-                resultado.avisos << aviso(
+                resultado.avisos << avisoDeLinea(
                     registro.linea,
                     u"\"%1\" no es una posición de 15 caracteres; la fila no se carga"_s.arg(posicion));
                 continue;
             }
             if (vistas.contains(posicion))
-                resultado.avisos << aviso(registro.linea,
-                                          u"la posición %1 está repetida; queda la última"_s.arg(posicion));
+                resultado.avisos << avisoDeLinea(
+                    registro.linea, u"la posición %1 está repetida; queda la última"_s.arg(posicion));
             vistas.insert(posicion);
             const QStringList valores = valoresDe(plan, registro, unidadPorDefecto, resultado);
             const ClavesNcm claves = CortarPosicion(posicion);

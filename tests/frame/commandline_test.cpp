@@ -12,8 +12,8 @@ QString defectoDePar(const QString &valor) {
     return valor.contains('=') ? QString() : u"\"%1\" no es A=B"_s.arg(valor);
 }
 
-const linea::Programa &conComandos() {
-    static const linea::Programa p{
+const consola::Programa &conComandos() {
+    static const consola::Programa p{
         .nombre = "obra",
         .texto = u"Hace obras."_s,
         .opciones = {{.nombre = "plano", .valor = "ARCHIVO", .texto = "El plano.", .obligatoria = true}},
@@ -26,34 +26,34 @@ const linea::Programa &conComandos() {
     return p;
 }
 
-const linea::Programa &sinComandos() {
-    static const linea::Programa p{.nombre = "pala",
-                                   .texto = u"Mueve cosas."_s,
-                                   .opciones = {{.nombre = "par",
-                                                 .valor = "A=B",
-                                                 .texto = "Un par.",
-                                                 .repetible = true,
-                                                 .control = defectoDePar},
-                                                {.nombre = "lento", .texto = "Despacio.", .soloCon = "par"},
-                                                {.nombre = "ya", .texto = "Ahora.", .excluyeA = "luego"},
-                                                {.nombre = "luego", .texto = "Después."}},
-                                   .nota = "Nada más."};
+const consola::Programa &sinComandos() {
+    static const consola::Programa p{.nombre = "pala",
+                                     .texto = u"Mueve cosas."_s,
+                                     .opciones = {{.nombre = "par",
+                                                   .valor = "A=B",
+                                                   .texto = "Un par.",
+                                                   .repetible = true,
+                                                   .control = defectoDePar},
+                                                  {.nombre = "lento", .texto = "Despacio.", .soloCon = "par"},
+                                                  {.nombre = "ya", .texto = "Ahora.", .excluyeA = "luego"},
+                                                  {.nombre = "luego", .texto = "Después."}},
+                                     .nota = "Nada más."};
     return p;
 }
 
-linea::Pedido leer(const linea::Programa &p, const QStringList &argumentos) {
-    return linea::Leer(p, QStringList{"x"} + argumentos);
+consola::Pedido leer(const consola::Programa &p, const QStringList &argumentos) {
+    return consola::Leer(p, QStringList{"x"} + argumentos);
 }
 
-void seNiega(const linea::Programa &p, const QStringList &argumentos, const QString &dice) {
-    const linea::Pedido pedido = leer(p, argumentos);
-    EXPECT_EQ(pedido.que, linea::Que::MalUso) << argumentos.join(' ').toStdString();
+void seNiega(const consola::Programa &p, const QStringList &argumentos, const QString &dice) {
+    const consola::Pedido pedido = leer(p, argumentos);
+    EXPECT_EQ(pedido.que, consola::Que::MalUso) << argumentos.join(' ').toStdString();
     EXPECT_EQ(pedido.texto.toStdString(), dice.toStdString());
 }
 
 TEST(CommandLine, TheCommandItsArgumentsAndTheOptionsAreHandedOver) {
-    const linea::Pedido p = leer(conComandos(), {"alzar", "--plano", "p.txt", " a ", "--doble", "b"});
-    EXPECT_EQ(p.que, linea::Que::Trabajar) << p.texto.toStdString();
+    const consola::Pedido p = leer(conComandos(), {"alzar", "--plano", "p.txt", " a ", "--doble", "b"});
+    EXPECT_EQ(p.que, consola::Que::Trabajar) << p.texto.toStdString();
     EXPECT_EQ(p.comando, "alzar"_L1);
     EXPECT_EQ(p.argumentos, (QStringList{"a", "b"}));
     EXPECT_EQ(p.valor("plano"), "p.txt"_L1);
@@ -63,15 +63,15 @@ TEST(CommandLine, TheCommandItsArgumentsAndTheOptionsAreHandedOver) {
 }
 
 TEST(CommandLine, AnOptionThatMayBeRepeatedKeepsItsOrder) {
-    const linea::Pedido p = leer(sinComandos(), {"--par", "b=1", "--par", "a=2", "--lento"});
-    EXPECT_EQ(p.que, linea::Que::Trabajar) << p.texto.toStdString();
+    const consola::Pedido p = leer(sinComandos(), {"--par", "b=1", "--par", "a=2", "--lento"});
+    EXPECT_EQ(p.que, consola::Que::Trabajar) << p.texto.toStdString();
     EXPECT_EQ(p.valores("par"), (QStringList{"b=1", "a=2"}));
     EXPECT_EQ(p.valor("par"), "b=1"_L1);
-    EXPECT_EQ(leer(sinComandos(), {}).que, linea::Que::Trabajar);
+    EXPECT_EQ(leer(sinComandos(), {}).que, consola::Que::Trabajar);
 }
 
 TEST(CommandLine, WhatStandsBehindTwoDashesIsAnArgument) {
-    const linea::Pedido p = leer(conComandos(), {"--plano", "p", "alzar", "--", "-a", "--doble"});
+    const consola::Pedido p = leer(conComandos(), {"--plano", "p", "alzar", "--", "-a", "--doble"});
     EXPECT_EQ(p.argumentos, (QStringList{"-a", "--doble"})) << p.texto.toStdString();
     EXPECT_FALSE(p.tiene("doble"));
 }
@@ -98,8 +98,8 @@ TEST(CommandLine, EveryWrongUseIsOneSentenceOfWhatAndWhereToLook) {
 }
 
 TEST(CommandLine, TheHelpIsMadeOfTheDescription) {
-    const linea::Pedido general = leer(conComandos(), {"--ayuda"});
-    EXPECT_EQ(general.que, linea::Que::Mostrar);
+    const consola::Pedido general = leer(conComandos(), {"--ayuda"});
+    EXPECT_EQ(general.que, consola::Que::Mostrar);
     EXPECT_EQ(general.texto.toStdString(),
               "Hace obras.\n"
               "\n"
@@ -139,7 +139,7 @@ TEST(CommandLine, TheHelpIsMadeOfTheDescription) {
 
 TEST(CommandLine, LongLinesOfAHelpAreCutAtWordsAndGoOnUnderTheirText) {
     const QByteArray larga = QByteArray("palabra ").repeated(30).trimmed();
-    const linea::Programa p{
+    const consola::Programa p{
         .nombre = "x", .texto = u"X."_s, .opciones = {{.nombre = "o", .texto = larga.constData()}}};
     const QStringList lineas = leer(p, {"--ayuda"}).texto.split('\n');
     int conPalabras = 0;
@@ -156,8 +156,8 @@ TEST(CommandLine, LongLinesOfAHelpAreCutAtWordsAndGoOnUnderTheirText) {
 TEST(CommandLine, AnAnswerGoesWhereItBelongsWithItsStatus) {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    EXPECT_EQ(linea::Contestar(leer(sinComandos(), {"--version"})), 0);
-    EXPECT_EQ(linea::Contestar(leer(sinComandos(), {"--nada"})), 2);
+    EXPECT_EQ(consola::Contestar(leer(sinComandos(), {"--version"})), 0);
+    EXPECT_EQ(consola::Contestar(leer(sinComandos(), {"--nada"})), 2);
     EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("pala "));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "No existe la opción --nada; vea pala --ayuda.\n");
 }

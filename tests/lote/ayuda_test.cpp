@@ -38,7 +38,7 @@ TEST_F(Ayuda, TheGeneralHelpNamesEveryCommandAndEveryOptionAndHowToSeeMore) {
     const QString texto = mostrado({"--ayuda"});
     EXPECT_TRUE(texto.contains(u"Uso: zendra_lote --perfil ARCHIVO COMANDO [opciones]"_s))
         << texto.toStdString();
-    for (const linea::Comando &c : lote::Comandos())
+    for (const consola::Comando &c : lote::Comandos())
         EXPECT_TRUE(texto.contains(QString::fromUtf8(c.texto).section(' ', 0, 4))) << c.nombre;
     for (const char *parte :
          {"--perfil ARCHIVO", "--ajustes ARCHIVO", "--opciones ARCHIVO", "--respuestas ARCHIVO",
@@ -50,7 +50,7 @@ TEST_F(Ayuda, TheGeneralHelpNamesEveryCommandAndEveryOptionAndHowToSeeMore) {
 
 TEST_F(Ayuda, EachCommandHasItsOwnHelpWithItsArgumentsAndOptions) {
     EXPECT_EQ(lote::Comandos().size(), 6U);
-    for (const linea::Comando &c : lote::Comandos()) {
+    for (const consola::Comando &c : lote::Comandos()) {
         const QString nombre = QString::fromUtf8(c.nombre);
         const QString texto = mostrado({nombre, "--ayuda"});
         const bool sobreUna = nombre != "listar"_L1;
