@@ -50,6 +50,7 @@ endfunction()
 # Tests are compiled once and run once: reading them fast is worth more than running them fast.
 function(zendra_prueba objetivo)
   zendra_reglas(${objetivo} ${ARGN})
+  target_compile_options(${objetivo} PRIVATE $<$<CONFIG:Debug>:-O0>)
 endfunction()
 
 function(zendra_pch objetivo)
