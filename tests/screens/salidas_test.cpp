@@ -16,8 +16,10 @@
 #include "desktop/FrmConGen.h"
 #include "desktop/FrmConfig.h"
 #include "desktop/FrmPerfiles.h"
+#include "desktop/FrmPrimerInicio.h"
 #include "desktop/FrmPrincipal.h"
 #include "desktop/MenuP.h"
+#include "desktop/fin.h"
 #include "frame/startup.h"
 #include "frame/ui/ClCntrl.h"
 #include "header/FrmABMClientes.h"
@@ -88,9 +90,9 @@ class Salidas : public EnPantalla {
  protected:
     void SetUp() override {
         EnPantalla::SetUp();
-        terminarAntes = FrmPrincipal::terminar;
+        terminarAntes = TerminarPrograma;
         iniciarAntes = iniciarPrograma;
-        FrmPrincipal::terminar = [] { Pantalla<FrmPrincipal>().ventana->hide(); };
+        TerminarPrograma = [] { Pantalla<FrmPrincipal>().ventana->hide(); };
         iniciarPrograma = [](const QString &, const QStringList &) { return true; };
         ejecutar(u"insert into caratula (interno,fechaalta) values ('VACIA',null)"_s);
         ctx->ConfigFilePath = tienda->carpeta() + "/Prueba.cfg"_L1;
@@ -100,11 +102,11 @@ class Salidas : public EnPantalla {
     }
     void TearDown() override {
         EnPantalla::TearDown();
-        FrmPrincipal::terminar = terminarAntes;
+        TerminarPrograma = terminarAntes;
         iniciarPrograma = iniciarAntes;
     }
 
-    static std::vector<Salida> todas() {
+    std::vector<Salida> todas() const {
         const auto informe = Informe{u"Informe"_s, u"Una línea"_s, false};
         return {
             salidaDe<FrmABMClientes>("FrmABMClientes",
@@ -190,6 +192,11 @@ class Salidas : public EnPantalla {
                                       CerrarPantalla<FrmPerfiles>();
                                   }),
             salidaDe<FrmPosicion>("FrmPosicion", [] { ElegirPosicion(posicion.left(10)); }),
+            salidaDe<FrmPrimerInicio>("FrmPrimerInicio",
+                                      [this] {
+                                          Pantalla<FrmPrimerInicio>().Ofrecer(tienda->carpeta(), u"Nuevo"_s);
+                                          CerrarPantalla<FrmPrimerInicio>();
+                                      }),
             salidaDe<FrmPrincipal>("FrmPrincipal", [] { Pantalla<FrmPrincipal>().Mostrar(); }),
             salidaDe<MenuP>("MenuP", [] { Pantalla<FrmPrincipal>().Mostrar(); }),
             salidaDe<FrmSubItems>("FrmSubItems",
@@ -283,7 +290,7 @@ class Salidas : public EnPantalla {
 
     bool tecleando = false;         ///< keys are on their way: no ESC between them
     std::function<void()> alAbrir;  ///< done once, when the first window stands
-    decltype(FrmPrincipal::terminar) terminarAntes;
+    decltype(TerminarPrograma) terminarAntes;
     decltype(iniciarPrograma) iniciarAntes;
 };
 
