@@ -60,6 +60,7 @@ TEST_P(TextosDeUsuario, TheDashboardShowsAKeyThatReadsLikeMarkupAsItWasTyped) {
 TEST_P(TextosDeUsuario, TheListOfOperationsShowsThem) {
     auto &navegador = Pantalla<FrmInternoNew>();
     navegador.Mostrar();
+    esperarVentana(navegador.ventana.get());
     navegador.ui.txtInterno->setText(clave);
     tecla(Qt::Key_Return);
     EXPECT_EQ(navegador.InternoSeleccionado(), clave);
