@@ -60,6 +60,7 @@ TEST_P(TextosDeUsuario, TheDashboardShowsAKeyThatReadsLikeMarkupAsItWasTyped) {
 TEST_P(TextosDeUsuario, TheListOfOperationsShowsThem) {
     auto &navegador = Pantalla<FrmInternoNew>();
     navegador.Mostrar();
+    esperarVentana(navegador.ventana.get());
     navegador.ui.txtInterno->setText(clave);
     tecla(Qt::Key_Return);
     EXPECT_EQ(navegador.InternoSeleccionado(), clave);
@@ -87,12 +88,13 @@ TEST_P(TextosDeUsuario, TheItemsShowThem) {
 
 EN_AMBOS_STORES(TextosDeUsuario);
 
-/// The properties of every label of every form, by name: "FrmX.ui LbX" and what it sets.
 TEST(Formularios, NoLabelOfAFormAsksForMarkupAndNoneThatShowsDataHasAMnemonic) {
     int etiquetas = 0;
     const QDir fuentes(CarpetaDeFuentes());
-    for (const QString &carpeta : fuentes.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        for (const QFileInfo &forma : QDir(fuentes.filePath(carpeta)).entryInfoList({u"*.ui"_s})) {
+    const QStringList carpetas = fuentes.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &carpeta : carpetas) {
+        const QFileInfoList formas = QDir(fuentes.filePath(carpeta)).entryInfoList({u"*.ui"_s});
+        for (const QFileInfo &forma : formas) {
             QFile archivo(forma.filePath());
             ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
             QXmlStreamReader xml(&archivo);
@@ -100,21 +102,17 @@ TEST(Formularios, NoLabelOfAFormAsksForMarkupAndNoneThatShowsDataHasAMnemonic) {
             while (!xml.atEnd()) {
                 xml.readNext();
                 if (!xml.isStartElement()) continue;
-                const auto atributos = xml.attributes();
+                const QString nombre = xml.attributes().value("name"_L1).toString();
                 if (xml.name() == "widget"_L1) {
-                    const bool esEtiqueta = atributos.value("class"_L1) == "QLabel"_L1;
-                    etiqueta = esEtiqueta ? forma.fileName() + QLatin1Char(' ') + atributos.value("name"_L1)
-                                          : QString();
+                    const bool esEtiqueta = xml.attributes().value("class"_L1) == "QLabel"_L1;
+                    etiqueta = esEtiqueta ? nombre : QString();
                     etiquetas += esEtiqueta ? 1 : 0;
-                } else if (!etiqueta.isEmpty() && xml.name() == "property"_L1) {
-                    const auto propiedad = atributos.value("name"_L1).toString();
+                } else if (!etiqueta.isEmpty() && nombre == "textFormat"_L1) {
                     const QString valor = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-                    if (propiedad == "textFormat"_L1)
-                        EXPECT_EQ(valor, "Qt::PlainText"_L1) << etiqueta.toStdString();
+                    EXPECT_EQ(valor.trimmed().toStdString(), "Qt::PlainText") << etiqueta.toStdString();
+                } else if (!etiqueta.isEmpty() && nombre == "buddy"_L1) {
                     // Captions of fields are named "rotulo…"; every other label is written by its screen.
-                    if (propiedad == "buddy"_L1)
-                        EXPECT_TRUE(etiqueta.section(QLatin1Char(' '), 1).startsWith("rotulo"_L1))
-                            << etiqueta.toStdString();
+                    EXPECT_TRUE(etiqueta.startsWith("rotulo"_L1)) << etiqueta.toStdString();
                 }
             }
             EXPECT_FALSE(xml.hasError()) << forma.fileName().toStdString();
