@@ -6,6 +6,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,7 +17,7 @@ using L = QLatin1String;
 const QString general = u"GENERAL"_s;
 const QString servidor = u"BASESERVER"_s;
 const QString local = u"BASELOCAL"_s;
-const QString zendra = u"ZENDRA"_s;
+using ajuste::zendra;
 
 /// Where one store's file lies for the libraries that open it themselves.
 struct Ubicacion {

@@ -14,6 +14,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/config.h"
+#include "frame/entities.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +22,8 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
-const QString ncm = u"NCM"_s;
+using entidad::internos;
+using entidad::ncm;
 
 /// A store that tells no version counts as old.
 constexpr int sinVersion = 300;

@@ -7,6 +7,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +18,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString personal = u"PERSONAL"_s;
+using entidad::personal;
 
 /// The columns of a record by kind, in the order of the table.
 struct Texto {

@@ -2,12 +2,13 @@
 
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString systablas = u"SYSTABLAS"_s;
+using entidad::systablas;
 
 }  // namespace
 

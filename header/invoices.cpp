@@ -3,13 +3,14 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "header/changes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 /// The condition that finds one invoice of the operation.
 QString esFactura(const QString &interno, const QString &factura) {

@@ -4,13 +4,14 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString entidadDeBultos = u"INTERNOS"_s;
+using entidad::internos;
 
 /// Each text column and the member it fills.
 struct ColumnaDeBultos {
@@ -48,7 +49,7 @@ QString vencimientoSql(const QString &texto) {
 Bultos CargarBultos(AppContext &ctx, const QString &interno) {
     Bultos b;
     Recordset rs;
-    if (!Consultar(ctx, entidadDeBultos,
+    if (!Consultar(ctx, internos,
                    "select factura9,BULNRO,BULCOD,BULTIP,BULPES,BULDES,"
                    "marcabul, via, trans, bandera, cuittrans ,factura10, venemb "
                    "from caratula where "_L1 +
@@ -66,8 +67,7 @@ Bultos CargarBultos(AppContext &ctx, const QString &interno) {
 
 Veredicto GuardarBultos(AppContext &ctx, const QString &interno, const Bultos &b, const QDate &hoy) {
     if (!b.chTransBultos) {
-        Ejecutar(ctx, entidadDeBultos,
-                 "update caratula set factura9 = '1' where "_L1 + deLaOperacion(interno));
+        Ejecutar(ctx, internos, "update caratula set factura9 = '1' where "_L1 + deLaOperacion(interno));
         ctx.dialogos.informar(u"Eligio no transferir bultos, los datos no seran guardados"_s);
         return Veredicto::bien();
     }
@@ -90,6 +90,6 @@ Veredicto GuardarBultos(AppContext &ctx, const QString &interno, const Bultos &b
         .numero("bulpes", b.TxtPeso)
         .texto("buldes", b.TxtBultDesp)
         .crudo("venemb", vencimientoSql(b.TxtVencimiento));
-    Ejecutar(ctx, entidadDeBultos, e.actualizar(u"caratula"_s, deLaOperacion(interno)));
+    Ejecutar(ctx, internos, e.actualizar(u"caratula"_s, deLaOperacion(interno)));
     return Veredicto::bien();
 }

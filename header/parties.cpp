@@ -4,6 +4,7 @@
 
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +12,7 @@ namespace {
 
 constexpr qsizetype largoDeCuit = 11;
 
-const QString personal = u"PERSONAL"_s;
+using entidad::personal;
 
 bool leerVendedor(AppContext &ctx, const QString &codigo, QString &nombre) {
     Recordset rs;

@@ -3,6 +3,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/sqltext.h"
 #include "header/changes.h"
 
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 #include "header/record.h"
 #include "header/regime.h"
@@ -12,7 +13,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 constexpr qsizetype largoDeFactura1 = 80;
 constexpr qsizetype largoDeDescripcionDJAI = 400;

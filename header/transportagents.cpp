@@ -2,17 +2,17 @@
 
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "header/parties.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString entidadDeAgentes = u"PERSONAL"_s;
+using entidad::personal;
 
 bool leerAgente(AppContext &ctx, const QString &cuit, Recordset &rs) {
-    return Consultar(ctx, entidadDeAgentes,
-                     "select nombre from transporte where cuit = "_L1 + EnComillas(cuit), rs);
+    return Consultar(ctx, personal, "select nombre from transporte where cuit = "_L1 + EnComillas(cuit), rs);
 }
 
 bool rechazar(const AppContext &ctx, const QString &texto) {
@@ -25,7 +25,7 @@ bool rechazar(const AppContext &ctx, const QString &texto) {
 std::vector<AgenteDeTransporte> CargarAgentes(AppContext &ctx) {
     std::vector<AgenteDeTransporte> agentes;
     Recordset rs;
-    for (Consultar(ctx, entidadDeAgentes, u"select * from transporte order by nombre"_s, rs); !rs.Eof();
+    for (Consultar(ctx, personal, u"select * from transporte order by nombre"_s, rs); !rs.Eof();
          rs.MoveNext())
         agentes.push_back({rs.Texto(u"cuit"), rs.Texto(u"nombre")});
     return agentes;
@@ -62,11 +62,11 @@ Veredicto GuardarAgente(AppContext &ctx, const AgenteDeTransporte &agente,
         return Veredicto::mal(u"TxtCuit"_s);
     }
     if (cuitAnterior)
-        Ejecutar(ctx, entidadDeAgentes,
+        Ejecutar(ctx, personal,
                  "update transporte set cuit = "_L1 + EnComillas(agente.cuit) + ", nombre = "_L1 +
                      TextoEnComillas(agente.nombre) + " where cuit = "_L1 + EnComillas(*cuitAnterior));
     else
-        Ejecutar(ctx, entidadDeAgentes,
+        Ejecutar(ctx, personal,
                  "insert into transporte(cuit,nombre) values ("_L1 + EnComillas(agente.cuit) + ","_L1 +
                      TextoEnComillas(agente.nombre) + ")"_L1);
     return Veredicto::bien();
@@ -76,7 +76,7 @@ bool EliminarAgente(AppContext &ctx, const QString &cuit) {
     if (!ctx.dialogos.preguntar(
             {u"Confirma eliminar el Agente de Tranporte seleccionado"_s, {}, Icono::Pregunta, false}))
         return false;
-    if (Ejecutar(ctx, entidadDeAgentes, "delete from transporte where cuit = "_L1 + EnComillas(cuit)) == 0)
+    if (Ejecutar(ctx, personal, "delete from transporte where cuit = "_L1 + EnComillas(cuit)) == 0)
         return rechazar(ctx, u"0 cero registros eliminados"_s);
     return true;
 }

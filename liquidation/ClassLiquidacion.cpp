@@ -29,10 +29,10 @@ constexpr std::array<int, 129> paisesConTope{
     426, 427, 429, 430, 435, 436, 438, 448, 449, 451, 501, 504, 512, 513, 518};
 
 constexpr auto china = "310"_L1;
-constexpr auto si = "S"_L1;
+constexpr auto conDecreto = "S"_L1;
 
 const QString desbordamiento = u"Desbordamiento"_s;
-const QString divisionPorCero = u"División por cero"_s;
+const QString sinDivisor = u"División por cero"_s;
 
 }  // namespace
 
@@ -202,9 +202,10 @@ void ClassLiquidacion::CalcularBaseIVA() {
         if (ncmMineriaTasaLey > 0 && ItemMineria) baseIVA_ += porcentajeDe(ncmMineriaTasaLey);
     }
     const MotivoDecreto &d = ctx_.decreto;
-    if (d.d1439_96 == si || d.d1439_96A1 == si || CaratulaSubRegimen == "IC81"_L1)
+    if (d.d1439_96 == conDecreto || d.d1439_96A1 == conDecreto || CaratulaSubRegimen == "IC81"_L1)
         baseIVA_ += porcentajeDe(derechoAdicional_);
-    if ((d.d1330_04A6 == si || d.d1330_04A7 == si || d.d1330_04A8 == si) && CaratulaSubRegimen == "IT14"_L1)
+    if ((d.d1330_04A6 == conDecreto || d.d1330_04A7 == conDecreto || d.d1330_04A8 == conDecreto) &&
+        CaratulaSubRegimen == "IT14"_L1)
         baseIVA_ += porcentajeDe(derechoAdicional_);
     if (!std::isfinite(baseIVA_) || !std::isfinite(baseIVAAdicional_)) {
         baseIVA_ = 0;
@@ -232,7 +233,7 @@ double ClassLiquidacion::tasaIVA(const QString &porcentaje) const {
 double ClassLiquidacion::CalcularDiemCHINA(double porcentaje) {
     if (ItemIdPais.trimmed() != china || !ncmCalculaDIEMCHINA) return 0;
     if (porcentaje == 0) {
-        avisar(divisionPorCero);
+        avisar(sinDivisor);
         return 0;
     }
     const double a = ncmDIEMCHINAValor * ItemCantidadDerechoEspecifico * 100 / porcentaje;

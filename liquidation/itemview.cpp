@@ -2,6 +2,7 @@
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "header/codes.h"
 #include "header/regime.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 const QString itemCero = u"0"_s;
 
 /// A page while it is filled.

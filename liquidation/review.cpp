@@ -4,6 +4,7 @@
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 #include "frame/sqltext.h"
 #include "header/automotive.h"
@@ -18,7 +19,7 @@ using L = QLatin1String;
 using numeros::aNumero;
 using numeros::Format;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 const QString liqcero = u"liqcero"_s;
 
 QString conMascara(const AppContext &ctx, double valor) {

@@ -1,6 +1,7 @@
 // What one recalculation reads ahead of the concepts: the header, the item, the position and its rates.
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "header/regime.h"
 #include "liquidation/review.h"
 #include "subitems/nomenclature.h"
@@ -11,7 +12,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 double suma(AppContext &ctx, const QString &sql) {
     Recordset rs;

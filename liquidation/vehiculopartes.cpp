@@ -1,6 +1,7 @@
 #include "liquidation/vehiculopartes.h"
 
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
@@ -9,7 +10,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 void agregar(AppContext &ctx, const QString &interno, const QString &id) {
     Recordset rs;

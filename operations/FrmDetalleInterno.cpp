@@ -4,6 +4,7 @@
 
 #include "assembly/FrmArmarItem.h"
 #include "assembly/run.h"
+#include "frame/entities.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
@@ -19,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString zendra = u"ZENDRA"_s;
-const QString flags = u"FLAGS"_s;
+using ajuste::flags;
+using ajuste::zendra;
 
 /// What a status label shows that was never worked out.
 const QString sinDato = u"—"_s;

@@ -9,6 +9,7 @@
 #include "assembly/run.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "frame/jsondialogs.h"
 #include "frame/startup.h"
 #include "header/changes.h"
@@ -25,9 +26,9 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
-const QString zendra = u"ZENDRA"_s;
-const QString flags = u"FLAGS"_s;
+using ajuste::flags;
+using ajuste::zendra;
+using entidad::internos;
 const QString sinDescripciones = u"NO"_s;
 
 /// Reads a JSON value into a control of the dashboard; false when it is of another kind.

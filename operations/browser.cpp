@@ -4,6 +4,7 @@
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "frame/startup.h"
 #include "header/codes.h"
 #include "header/regime.h"
@@ -15,7 +16,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 QString importe(const AppContext &ctx, const Recordset &rs, QStringView monto, QStringView divisa) {
     return numeros::Format(rs.Numero(monto), u"00.00", ctx.SeparadorDecimal) + " ("_L1 + rs.Texto(divisa) +

@@ -3,6 +3,7 @@
 #include <QDateTime>
 
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 #include "frame/startup.h"
 #include "header/regime.h"
@@ -15,8 +16,8 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
-const QString zendra = u"ZENDRA"_s;
+using ajuste::zendra;
+using entidad::internos;
 
 QString bandera(int n) {
     return "FLAG"_L1 + QString::number(n);

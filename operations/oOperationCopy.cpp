@@ -6,6 +6,7 @@
 
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
@@ -16,7 +17,7 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 const QString subitems = u"subitems"_s;
 
 struct Tabla {

@@ -5,6 +5,7 @@
 #include "assembly/run.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
+#include "frame/entities.h"
 #include "header/changes.h"
 #include "header/parties.h"
 #include "header/regime.h"
@@ -16,9 +17,9 @@ namespace {
 
 using L = QLatin1String;
 
-const QString internos = u"INTERNOS"_s;
-const QString zendra = u"ZENDRA"_s;
-const QString flags = u"FLAGS"_s;
+using ajuste::flags;
+using ajuste::zendra;
+using entidad::internos;
 const QString claveDJAI = u"DJAI_USAR_DESCRIPCION"_s;
 const QString claveDigitalizacion = u"CALCULAR_SERVICIO_DIGITALIZACION"_s;
 

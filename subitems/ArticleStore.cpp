@@ -5,6 +5,7 @@
 
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 
 using namespace Qt::StringLiterals;
@@ -14,7 +15,7 @@ namespace {
 using L = QLatin1String;
 using ArticleStore::Articulo;
 
-const QString catalogos = u"CATALOGOS"_s;
+using entidad::catalogos;
 
 /// The text columns of an article in the order of its record; the first two are its key.
 struct Columna {

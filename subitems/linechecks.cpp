@@ -20,8 +20,6 @@ using numeros::aNumero;
 using numeros::esNumerico;
 using numeros::Format;
 
-const QString kilogramo = u"01"_s;
-
 /// One save: its state and what tells a new line from a change.
 struct Corrida {
     AppContext &ctx;

@@ -15,8 +15,6 @@ using numeros::aNumero;
 using numeros::esNumerico;
 using numeros::Format;
 
-const QString kilogramo = u"01"_s;
-
 bool marcada(const Recordset &rs, QStringView columna) {
     return rs.Texto(columna).trimmed() == "*"_L1;
 }

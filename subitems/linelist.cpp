@@ -3,6 +3,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +12,7 @@ namespace {
 using L = QLatin1String;
 using numeros::Format;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 QString numeroDeLinea(int numero) {
     constexpr int ancho = 4;

@@ -5,6 +5,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "header/codes.h"
 #include "header/regime.h"
 #include "subitems/ArticleStore.h"
@@ -21,9 +22,9 @@ using numeros::aNumero;
 using numeros::esNumerico;
 using numeros::Format;
 
-const QString internos = u"INTERNOS"_s;
-const QString zendra = u"ZENDRA"_s;
-const QString flags = u"FLAGS"_s;
+using ajuste::flags;
+using ajuste::zendra;
+using entidad::internos;
 const QString claveCargaPor = u"CARGASBTPOR"_s;
 
 bool esControl(const QString &control, const char *nombre) {
@@ -80,10 +81,10 @@ int elegirDe(AppContext &ctx, const QString &titulo, const QStringList &filas) {
 }
 
 bool elegirCatalogo(AppContext &ctx, SubItems &s) {
-    const QStringList catalogos = ArticleStore::Catalogos(ctx);
-    const int cual = elegirDe(ctx, u"Catálogos"_s, catalogos);
+    const QStringList todos = ArticleStore::Catalogos(ctx);
+    const int cual = elegirDe(ctx, u"Catálogos"_s, todos);
     if (cual < 0) return false;
-    s.campos.TxtIdCatalogo = catalogos.at(cual);
+    s.campos.TxtIdCatalogo = todos.at(cual);
     return true;
 }
 

@@ -13,6 +13,9 @@
 
 struct AppContext;
 
+/// The unit code of the kilogram; many rules turn on it.
+inline const QString kilogramo = QStringLiteral("01");
+
 /// The texts of the screen, each named as its control.
 struct CamposSubItem {
     QString TxtIdCatalogo, TxtCatalogo, TxtDescCatalogo, txtIdArticulo, TxtDescArticulos, txtDescripcionMaria;

@@ -1,6 +1,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "frame/escritura.h"
 #include "frame/sqltext.h"
 #include "header/changes.h"
@@ -16,7 +17,7 @@ namespace {
 using numeros::aNumero;
 using numeros::Format;
 
-const QString internos = u"INTERNOS"_s;
+using entidad::internos;
 
 bool esDeInsumos(const CamposSubItem &c) {
     return c.TxtIdCatalogo.contains("INS"_L1) || c.txtIdArticulo.contains("INS"_L1);
