@@ -114,7 +114,7 @@ void estilo::PintarEstado(QLabel *etiqueta, const QString &texto) {
     etiqueta->setText(texto);
     const bool listo = texto.startsWith("COMPLETO"_L1) || texto == "GENERADO!"_L1;
     const bool pendiente = texto == "INCOMPLETO"_L1 || texto == "SIN GENERAR"_L1;
-    etiqueta->setProperty("estado", listo ? "bien" : (pendiente ? "falta" : "nada"));
+    etiqueta->setProperty("estado", listo ? u"bien"_s : (pendiente ? u"falta"_s : u"nada"_s));
     // A sheet looks at properties only when it is asked again.
     etiqueta->style()->unpolish(etiqueta);
     etiqueta->style()->polish(etiqueta);
