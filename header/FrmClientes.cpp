@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Columna { Nombre, Cuit, Domicilio, Correo };
+enum ColumnaDeClientes { NombreDeCliente, CuitDeCliente, DomicilioDeCliente, CorreoDeCliente };
 
 }  // namespace
 
@@ -43,13 +43,13 @@ void FrmClientes::ArmarMenu() {
 void FrmClientes::Conectar() {
     lista_.Preparar(
         ui.Lst, {u"Nombre"_s, u"CUIT"_s, u"Domicilio"_s, u"Correo"_s},
-        {{ui.txtBuscar, Nombre}, {ui.txtBuscarPorCuit, Cuit}},
+        {{ui.txtBuscar, NombreDeCliente}, {ui.txtBuscarPorCuit, CuitDeCliente}},
         {[this] { Tomar(); }, [this] { Modificar(); }, [this] { Agregar(); }, [this] { Eliminar(); }});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();
-    ui.Lst->setColumnWidth(Nombre, letra * 38);
-    ui.Lst->setColumnWidth(Cuit, letra * 20);
-    ui.Lst->horizontalHeader()->setSectionResizeMode(Domicilio, QHeaderView::Stretch);
-    ui.Lst->setColumnWidth(Correo, letra * 44);
+    ui.Lst->setColumnWidth(NombreDeCliente, letra * 38);
+    ui.Lst->setColumnWidth(CuitDeCliente, letra * 20);
+    ui.Lst->horizontalHeader()->setSectionResizeMode(DomicilioDeCliente, QHeaderView::Stretch);
+    ui.Lst->setColumnWidth(CorreoDeCliente, letra * 44);
     EscucharTeclas(ventana.get(), [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
 }
 

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Columna { Cuit, Nombre };
+enum ColumnaDeDespachantes { CuitDeDespachante, NombreDeDespachante };
 
 }  // namespace
 
@@ -29,10 +29,11 @@ void FrmListadoDespachante::Form_Load() {
 }
 
 void FrmListadoDespachante::Conectar() {
-    lista_.Preparar(ui.Lst, {u"Cuit"_s, u"Nombre"_s}, {{ui.txtBuscar, Nombre}, {ui.txtBuscarPorCuit, Cuit}},
+    lista_.Preparar(ui.Lst, {u"Cuit"_s, u"Nombre"_s},
+                    {{ui.txtBuscar, NombreDeDespachante}, {ui.txtBuscarPorCuit, CuitDeDespachante}},
                     {[this] { Tomar(); }, {}, {}, {}});
-    ui.Lst->setColumnWidth(Cuit, ui.Lst->fontMetrics().averageCharWidth() * 18);
-    ui.Lst->horizontalHeader()->setSectionResizeMode(Nombre, QHeaderView::Stretch);
+    ui.Lst->setColumnWidth(CuitDeDespachante, ui.Lst->fontMetrics().averageCharWidth() * 18);
+    ui.Lst->horizontalHeader()->setSectionResizeMode(NombreDeDespachante, QHeaderView::Stretch);
 }
 
 void FrmListadoDespachante::Elegir() {

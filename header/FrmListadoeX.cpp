@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Columna { ID, Descripcion };
+enum ColumnaDeListado { IDDeListado, DescripcionDeListado };
 
 }  // namespace
 
@@ -27,8 +27,8 @@ void FrmListadoeX::ArmarMenu() {
         ventana->addAction(accion);
         QObject::connect(accion, &QAction::triggered, ventana.get(), [this, columna] { Buscar(columna); });
     };
-    boton(u"Buscar en &código"_s, Qt::Key_C, ID);
-    boton(u"Buscar en &descripción"_s, Qt::Key_D, Descripcion);
+    boton(u"Buscar en &código"_s, Qt::Key_C, IDDeListado);
+    boton(u"Buscar en &descripción"_s, Qt::Key_D, DescripcionDeListado);
 }
 
 void FrmListadoeX::Conectar() {
@@ -56,9 +56,9 @@ QString FrmListadoeX::Elegir(const QString &titulo, const std::vector<FilaDeList
 void FrmListadoeX::Buscar(int columna) {
     AppContext &ctx = Contexto();
     QStringList textos;
-    for (const FilaDeListado &fila : filas_) textos << (columna == ID ? fila.id : fila.descripcion);
-    const int fila =
-        columna == ID ? BuscarCod(ctx, textos, lista_.Actual()) : BuscarDesc(ctx, textos, lista_.Actual());
+    for (const FilaDeListado &fila : filas_) textos << (columna == IDDeListado ? fila.id : fila.descripcion);
+    const int fila = columna == IDDeListado ? BuscarCod(ctx, textos, lista_.Actual())
+                                            : BuscarDesc(ctx, textos, lista_.Actual());
     if (fila >= 0) lista_.Seleccionar(fila);
     ui.Lst->setFocus();
 }

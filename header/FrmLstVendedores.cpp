@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Columna { Nombre, Codigo, Domicilio, nivel };
+enum ColumnaDeVendedores { NombreDeVendedor, CodigoDeVendedor, DomicilioDeVendedor, NivelDeVendedor };
 
 }  // namespace
 
@@ -43,13 +43,13 @@ void FrmLstVendedores::ArmarMenu() {
 void FrmLstVendedores::Conectar() {
     lista_.Preparar(
         ui.Lst, {u"Nombre"_s, u"Codigo"_s, u"Domicilio"_s, u"nivel"_s},
-        {{ui.txtBuscar, Nombre}, {ui.txtBuscarPorCodigo, Codigo}},
+        {{ui.txtBuscar, NombreDeVendedor}, {ui.txtBuscarPorCodigo, CodigoDeVendedor}},
         {[this] { LstC(); }, [this] { Modificar(); }, [this] { Agregar(); }, [this] { Eliminar(); }});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();
-    ui.Lst->setColumnWidth(Nombre, letra * 38);
-    ui.Lst->setColumnWidth(Codigo, letra * 14);
-    ui.Lst->horizontalHeader()->setSectionResizeMode(Domicilio, QHeaderView::Stretch);
-    ui.Lst->setColumnWidth(nivel, letra * 16);
+    ui.Lst->setColumnWidth(NombreDeVendedor, letra * 38);
+    ui.Lst->setColumnWidth(CodigoDeVendedor, letra * 14);
+    ui.Lst->horizontalHeader()->setSectionResizeMode(DomicilioDeVendedor, QHeaderView::Stretch);
+    ui.Lst->setColumnWidth(NivelDeVendedor, letra * 16);
 }
 
 void FrmLstVendedores::CargarLst(const QString &codigo) {
