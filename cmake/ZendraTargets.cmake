@@ -51,6 +51,10 @@ endfunction()
 function(zendra_prueba objetivo)
   zendra_reglas(${objetivo} ${ARGN})
   target_compile_options(${objetivo} PRIVATE $<$<CONFIG:Debug>:-O0>)
+  if(ZENDRA_UNITY)
+    # What is a file's own is its neighbours' too when they are read together.
+    target_compile_options(${objetivo} PRIVATE -Wno-subobject-linkage -Wno-shadow)
+  endif()
 endfunction()
 
 function(zendra_pch objetivo)

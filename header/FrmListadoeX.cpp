@@ -21,7 +21,7 @@ FrmListadoeX::FrmListadoeX() : ventana(HacerDialogo()) {
 }
 
 void FrmListadoeX::ArmarMenu() {
-    const auto boton = [this](const QString &texto, Qt::Key letra, Columna columna) {
+    const auto boton = [this](const QString &texto, Qt::Key letra, ColumnaDeListado columna) {
         QAction *accion = ui.TbBuscar->addAction(texto);
         accion->setShortcut(QKeySequence(Qt::ALT | letra));
         ventana->addAction(accion);

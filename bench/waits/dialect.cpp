@@ -1,7 +1,7 @@
 // Statements that no screen sends: deep, long, and many operators in a row.
 
 #include "bench/waits/tiempos.h"
-#include "frame/store/dialect_tokens.h"
+#include "frame/store/dialect.h"
 #include "tests/dialect/casos.h"
 
 using namespace Qt::StringLiterals;
@@ -13,11 +13,11 @@ TEST(Dialecto, DeepLongAndChained) {
     QString cadena = u"update t set b = a"_s;
     for (int i = 0; i < 5000; ++i) cadena += u" + 1"_s;
     const QString largo = u"update t set b = '"_s + QString(200000, 'x'_L1) + u"' + 'y'"_s;
-    for (const auto motor : {dialecto::Motor::SQLite, dialecto::Motor::PostgreSQL}) {
-        const char *nombre = motor == dialecto::Motor::SQLite ? "ACCESS" : "SQL";
+    for (const motores::Motor *motor : {&motores::archivo(), &motores::servidor()}) {
+        const char *nombre = motor == &motores::archivo() ? "ACCESS" : "SQL";
         const auto traducir = [motor](const QString &texto) {
             return MejorTiempo(
-                [&] { EXPECT_FALSE(dialecto::traducir(texto, ajustesDePrueba(motor)).isEmpty()); });
+                [&] { EXPECT_FALSE(dialecto::traducir(texto, ajustesDePrueba(*motor)).isEmpty()); });
         };
         Informar("a division of twice 20,000 parentheses, translated", nombre, 500,
                  traducir(u"update t set b = %1 / %1"_s.arg(hondo)));

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/entities.h"
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
 
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ncm = u"NCM"_s;
+using entidad::ncm;
 
 class Posiciones : public EnAmbosStores {
  protected:

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/entities.h"
 #include "subitems/tariffsearch.h"
 #include "tests/support/tienda.h"
 #include "tests/support/traza.h"
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ncm = u"NCM"_s;
+using entidad::ncm;
 
 std::string texto(const std::vector<FilaDeConsulta> &filas) {
     QStringList lineas;

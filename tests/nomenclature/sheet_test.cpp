@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/entities.h"
 #include "regulatory/lnapi.h"
 #include "subitems/tariffsheet.h"
 #include "tests/support/tienda.h"
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ncm = u"NCM"_s;
+using entidad::ncm;
 
 std::string texto(const SeccionDeHoja &s) {
     QStringList lineas{s.titulo};

@@ -9,13 +9,12 @@
 #include "assembly/FrmMostrarDatos.h"
 #include "assembly/run.h"
 #include "frame/ui/Pantalla.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString importacion = u"IC-2026-0001"_s;
 
 class PantallaDeArmado : public EnPantalla {
  protected:

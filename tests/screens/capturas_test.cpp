@@ -23,15 +23,12 @@
 #include "liquidation/Frm_ComprobacionErrores.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString importacion = u"IC-2026-0001"_s;
-const QString exportacion = u"EC-2026-0002"_s;
-const QString djai = u"DJAI-2026-0004"_s;
 
 class Capturas : public EnPantalla {
  protected:

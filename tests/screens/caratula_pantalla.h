@@ -5,12 +5,8 @@
 
 #include "header/FrmCaratula.h"
 #include "header/automotive.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
-
-inline const QString importacion = QStringLiteral("IC-2026-0001");
-inline const QString exportacion = QStringLiteral("EC-2026-0002");
-inline const QString temporal = QStringLiteral("IT-2026-0003");
-inline const QString djai = QStringLiteral("DJAI-2026-0004");
 
 /// The headers of the demonstration data on their screen.
 class PantallaDeCaratula : public EnPantalla {

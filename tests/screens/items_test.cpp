@@ -7,14 +7,13 @@
 #include "assembly/run.h"
 #include "frame/ui/Pantalla.h"
 #include "liquidation/FrmVerItem.h"
+#include "tests/support/claves.h"
 #include "tests/support/marcas.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString importacion = u"IC-2026-0001"_s;
 
 class PantallaDeItems : public EnPantalla {
  protected:

@@ -8,13 +8,12 @@
 #include "frame/ui/Pantalla.h"
 #include "subitems/FrmSufijos.h"
 #include "tests/screens/subitems_pantalla.h"
+#include "tests/support/claves.h"
 #include "tests/support/insumos.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString importacion = u"IC-2026-0001"_s;
 
 class LineasCargadas : public EnLineas {
  protected:

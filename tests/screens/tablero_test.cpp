@@ -10,16 +10,13 @@
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "subitems/FrmConsultas.h"
+#include "tests/support/claves.h"
 #include "tests/support/marcas.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString importacion = u"IC-2026-0001"_s;
-const QString exportacion = u"EC-2026-0002"_s;
-const QString djai = u"DJAI-2026-0004"_s;
 
 class Tablero : public EnPantalla {
  protected:

@@ -188,7 +188,7 @@ const Caso kilos[] = {
 };
 SENTENCIAS(Kilos, kilos);
 
-const Caso codigos[] = {
+const Caso codigosDeProrrateo[] = {
     {"Codes", "select * from prorrateo where interno = 'OP1'", Espera::Filas, "INTERNOS",
      "OP1|A|Flete interno|30\nOP1|Z|Sin uso|10.5"},
     {"TotalOfTheCodes", "select sum(valor) as tot from prorrateo where interno = 'OP1'", Espera::Filas,
@@ -200,6 +200,6 @@ const Caso codigos[] = {
     {"CodeIsRemoved", "delete from prorrateo where interno = 'OP1' and codigo = 'A'", Espera::Filas,
      "INTERNOS", "1"},
 };
-SENTENCIAS(ProrationCodes, codigos);
+SENTENCIAS(ProrationCodes, codigosDeProrrateo);
 
 }  // namespace

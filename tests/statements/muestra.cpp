@@ -4,7 +4,7 @@
 
 namespace {
 
-const FilaDeMuestra codigos[] = {
+const FilaDeMuestra codigosDeMuestra[] = {
     {"INTERNOS", "insert into divisas (id,descripcion,imp) values ('DOL','Dólar estadounidense',1.25)"},
     {"INTERNOS", "insert into divisas (id,descripcion,imp) values ('060','Euro',1.1)"},
     {"INTERNOS", "insert into conpresu (concepto) values ('HONORARIOS')"},
@@ -119,7 +119,7 @@ const std::vector<FilaDeMuestra> &muestraDeOperaciones();
 
 const std::vector<FilaDeMuestra> &muestra() {
     static const std::vector<FilaDeMuestra> todas = [] {
-        std::vector<FilaDeMuestra> filas(std::begin(codigos), std::end(codigos));
+        std::vector<FilaDeMuestra> filas(std::begin(codigosDeMuestra), std::end(codigosDeMuestra));
         const auto &operaciones = muestraDeOperaciones();
         filas.insert(filas.end(), operaciones.begin(), operaciones.end());
         return filas;

@@ -19,7 +19,7 @@ using StoreProfiles::SPMain;
 
 const char *const secreta = "s3cr'eta \\ ñ;x=1";
 
-void escribir(const QString &ruta, const QByteArray &texto) {
+void escribirEn(const QString &ruta, const QByteArray &texto) {
     QFile f(ruta);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate)) << ruta.toStdString();
     f.write(texto);
@@ -65,7 +65,7 @@ TEST_F(StoreDeArchivo, AMissingFileIsNamedAndNotMade) {
               "DbUpgrade3.");
     EXPECT_FALSE(QFile::exists(dir.filePath(u"internos.db"_s)));
     // Once it is there the same connection goes on.
-    escribir(dir.filePath(u"internos.db"_s), "");
+    escribirEn(dir.filePath(u"internos.db"_s), "");
     EXPECT_EQ(falla(), "");
 }
 
@@ -76,7 +76,7 @@ TEST_F(StoreDeArchivo, AFolderInItsPlaceIsNamed) {
 
 TEST_F(StoreDeArchivo, AFileThatIsNoStoreIsNamedAndLeftAsItIs) {
     const QByteArray texto = "Esto es una planilla, no un store. " + QByteArray(5000, 'x');
-    escribir(dir.filePath(u"internos.db"_s), texto);
+    escribirEn(dir.filePath(u"internos.db"_s), texto);
     EXPECT_EQ(
         falla(),
         "El archivo …/internos.db no es un store legible (file is not a database); repóngalo de una copia "
@@ -88,7 +88,7 @@ TEST_F(StoreDeArchivo, AFileThatIsNoStoreIsNamedAndLeftAsItIs) {
 
 TEST_F(StoreDeArchivo, ADamagedStoreIsNamed) {
     {
-        escribir(dir.filePath(u"internos.db"_s), "");
+        escribirEn(dir.filePath(u"internos.db"_s), "");
         Conexion &c = sp.getDataConnectionByEntity(u"INTERNOS"_s);
         for (const char *sql : {"create table a (x varchar(10))", "create table b (x varchar(10))"}) {
             c.Sql = QLatin1String(sql);
@@ -108,10 +108,10 @@ TEST_F(StoreDeArchivo, ADamagedStoreIsNamed) {
 }
 
 TEST_F(StoreDeArchivo, ABrokenNeighbourIsNamedAndAMissingOneIsNot) {
-    escribir(dir.filePath(u"internos.db"_s), "");
+    escribirEn(dir.filePath(u"internos.db"_s), "");
     EXPECT_EQ(falla(), "");
     sp.CloseAllDataConnection();
-    escribir(dir.filePath(u"ncm.db"_s), QByteArray(5000, 'x'));
+    escribirEn(dir.filePath(u"ncm.db"_s), QByteArray(5000, 'x'));
     EXPECT_EQ(
         falla(),
         "El archivo …/ncm.db no es un store legible (file is not a database); repóngalo de una copia de "
@@ -126,7 +126,7 @@ void comoNadie(StoreDeArchivo &, const std::function<std::string()> &falla) {
 }
 
 TEST_F(StoreDeArchivo, AFileWithoutPermissionIsNamed) {
-    escribir(dir.filePath(u"internos.db"_s), "");
+    escribirEn(dir.filePath(u"internos.db"_s), "");
     ASSERT_EQ(permisos(dir.path(), 0777), 0);
     ASSERT_EQ(permisos(dir.filePath(u"internos.db"_s), 0444), 0);
     EXPECT_EXIT(
@@ -135,7 +135,7 @@ TEST_F(StoreDeArchivo, AFileWithoutPermissionIsNamed) {
 }
 
 TEST_F(StoreDeArchivo, AFolderWithoutPermissionIsNamed) {
-    escribir(dir.filePath(u"internos.db"_s), "");
+    escribirEn(dir.filePath(u"internos.db"_s), "");
     ASSERT_EQ(permisos(dir.filePath(u"internos.db"_s), 0666), 0);
     ASSERT_EQ(permisos(dir.path(), 0555), 0);
     EXPECT_EXIT(
@@ -147,11 +147,11 @@ TEST_F(StoreDeArchivo, AFolderWithoutPermissionIsNamed) {
 TEST_F(StoreDeArchivo, AFileWithAnOddNameOpensLikeAnyOther) {
     for (const char *nombre : {"con blanco.db", "ñandú.db", "a%20b.db", "a#b?c=d.db", "a'b.db", "a&b;c.db"}) {
         const QString archivo = QString::fromUtf8(nombre);
-        escribir(dir.filePath(archivo), "");
-        escribir(dir.filePath("otro "_L1 + archivo), "");
-        escribir(perfil, ("[INTERNOS]\ndriver=archivo\narchivo="_L1 + archivo +
-                          "\n[NCM]\ndriver=archivo\narchivo=otro "_L1 + archivo + "\n"_L1)
-                             .toUtf8());
+        escribirEn(dir.filePath(archivo), "");
+        escribirEn(dir.filePath("otro "_L1 + archivo), "");
+        escribirEn(perfil, ("[INTERNOS]\ndriver=archivo\narchivo="_L1 + archivo +
+                            "\n[NCM]\ndriver=archivo\narchivo=otro "_L1 + archivo + "\n"_L1)
+                               .toUtf8());
         ASSERT_TRUE(sp.usarPerfil(perfil));
         EXPECT_EQ(falla(), "") << nombre;
         Conexion &c = sp.getDataConnectionByEntity(u"NCM"_s);
@@ -172,9 +172,9 @@ class StoreDeServidor : public ::testing::Test {
  protected:
     void usar(const QString &host, int puerto, const QByteArray &clave = {}) {
         const QString perfil = dir.filePath(u"central.perfil.ini"_s);
-        escribir(perfil, "[INTERNOS]\ndriver=servidor\nhost=" + host.toUtf8() + "\npuerto=" +
-                             QByteArray::number(puerto) + "\nbase=zendra\nusuario=ana\n" +
-                             (clave.isEmpty() ? QByteArray() : "clave=" + clave + "\n"));
+        escribirEn(perfil, "[INTERNOS]\ndriver=servidor\nhost=" + host.toUtf8() +
+                               "\npuerto=" + QByteArray::number(puerto) + "\nbase=zendra\nusuario=ana\n" +
+                               (clave.isEmpty() ? QByteArray() : "clave=" + clave + "\n"));
         QString error;
         ASSERT_TRUE(sp.usarPerfil(perfil, &error)) << error.toStdString();
         sp.LoadParameters();
@@ -235,8 +235,7 @@ TEST_F(StoreDeServidor, AWrongPasswordIsToldWithoutShowingIt) {
 TEST_F(StoreDeServidor, WithoutAPasswordInTheProfileTheServersOwnFileAnswers) {
     ServidorFalso servidor;
     const QString archivo = dir.filePath(u"pgpass"_s);
-    escribir(archivo,
-             "127.0.0.1:" + QByteArray::number(servidor.puerto()) + ":zendra:ana:del archivo\n");
+    escribirEn(archivo, "127.0.0.1:" + QByteArray::number(servidor.puerto()) + ":zendra:ana:del archivo\n");
     ASSERT_EQ(permisos(archivo, 0600), 0);
     const QByteArray antes = qgetenv("PGPASSFILE");
     qputenv("PGPASSFILE", archivo.toLocal8Bit());
@@ -278,8 +277,8 @@ TEST_F(ServidorVivo, ABaseThatIsNotThereIsNamed) {
     QFile f(tienda->perfil());
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QString base = ctx->DataManager.datos(u"INTERNOS"_s)->base;
-    escribir(tienda->carpeta() + "/otra.perfil.ini"_L1,
-             QByteArray(f.readAll()).replace(base.toUtf8(), "no_hay"));
+    escribirEn(tienda->carpeta() + "/otra.perfil.ini"_L1,
+               QByteArray(f.readAll()).replace(base.toUtf8(), "no_hay"));
     SPMain sp;
     ASSERT_TRUE(sp.usarPerfil(tienda->carpeta() + "/otra.perfil.ini"_L1));
     const Falla e = primeraSentencia(sp);

@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include "frame/config.h"
 #include "frame/startup.h"
 #include "operations/browser.h"
 #include "subitems/SuffixChecker.h"
@@ -14,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char *const operaciones[] = {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
-                                   "ICR-2026-0005"};
+const char *const operacionesDeMuestra[] = {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
+                                            "ICR-2026-0005"};
 
 /// The check digit of a tax number: digits 10 to 1 times 2 to 7, round and round; 11 less the rest of
 /// dividing by 11.
@@ -94,7 +95,7 @@ TEST_P(Demostracion, ThePositionsSpreadOverManyChaptersAndKeysAreWhole) {
 
 TEST_P(Demostracion, FiveOperationsStandComplete) {
     EXPECT_EQ(cuenta("caratula"), 5);
-    for (const char *clave : operaciones) {
+    for (const char *clave : operacionesDeMuestra) {
         const QString donde = u"interno = '%1'"_s.arg(QLatin1String(clave));
         Recordset c;
         ASSERT_TRUE(Consultar(*ctx, "INTERNOS", "select * from caratula where " + donde, c)) << clave;
