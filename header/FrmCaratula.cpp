@@ -5,7 +5,6 @@
 #include <QTimer>
 #include <utility>
 
-#include "frame/base/values.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
@@ -41,24 +40,6 @@ void llenarOpciones(QComboBox *combo, QString (*texto)(int)) {
 
 int indiceDe(const QComboBox *combo) {
     return combo->currentIndex() < 0 ? -1 : combo->currentData().toInt();
-}
-
-/// What cannot be kept keeps nobody: where the store has lost the header, or cannot be asked for it or for
-/// its invoices, the user may leave whatever is missing on the screen.
-bool saleSinGuardar(AppContext &ctx, const QString &interno) {
-    const QString internos = u"INTERNOS"_s;
-    const QString deLaOperacion = " where interno = "_L1 + EnComillas(interno);
-    try {
-        Recordset rs;
-        if (Consultar(ctx, internos, "select interno from caratula"_L1 + deLaOperacion, rs)) {
-            Consultar(ctx, internos, "select interno from facturas"_L1 + deLaOperacion, rs);
-            return false;
-        }
-    } catch (const Falla &) {
-        // The question tells it.
-    }
-    return ctx.dialogos.preguntar(
-        {u"Los datos no pueden ser guardados, desea SALIR de caratula?"_s, {}, Icono::Pregunta, false});
 }
 
 }  // namespace
@@ -310,7 +291,7 @@ void FrmCaratula::Form_Escape() {
     // The forms that saving gives to texts change nothing that the user has not changed.
     ClCntrl::banderaDeCambios() = false;
     Trabajar([&] { salida = GuardarCaratula(Contexto(), c_); });
-    if (!salida.cierra && !saleSinGuardar(Contexto(), c_.interno)) {
+    if (!salida.cierra) {
         ClCntrl::banderaDeCambios() = true;
         PonerFoco(salida.foco);
         return;

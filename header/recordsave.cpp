@@ -302,18 +302,24 @@ SalidaDeCaratula salirPreguntando(AppContext &ctx, const Caratula &c, const QStr
     return salir(ctx, c, false);
 }
 
-}  // namespace
-
-QString FacturasEnUnaLinea(const QStringList &facturas) {
-    QString linea;
-    for (const QString &factura : facturas) linea += factura + QLatin1Char(',');
-    if (linea.isEmpty()) return linea;
-    if (linea.size() > largoDeFactura1) linea.truncate(largoDeFactura1);
-    linea.chop(1);
-    return linea;
+/// What cannot be kept keeps nobody: where the store has lost the header, or cannot be asked for it or for
+/// its invoices, the user may leave whatever is missing on the screen.
+bool saleSinGuardar(AppContext &ctx, const QString &interno) {
+    const QString deLaOperacion = " where interno = "_L1 + EnComillas(interno);
+    try {
+        Recordset rs;
+        if (Consultar(ctx, internos, "select interno from caratula"_L1 + deLaOperacion, rs)) {
+            Consultar(ctx, internos, "select interno from facturas"_L1 + deLaOperacion, rs);
+            return false;
+        }
+    } catch (const Falla &) {
+        // The question tells it.
+    }
+    return ctx.dialogos.preguntar(
+        {u"Los datos no pueden ser guardados, desea SALIR de caratula?"_s, {}, Icono::Pregunta, false});
 }
 
-SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c) {
+SalidaDeCaratula guardar(AppContext &ctx, Caratula &c) {
     int seccion = lineaDeRevision;
     try {
         Revision revision{ctx, c, {}};
@@ -333,4 +339,21 @@ SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c) {
                              e.descripcion);
         return {false, false, {}};
     }
+}
+
+}  // namespace
+
+QString FacturasEnUnaLinea(const QStringList &facturas) {
+    QString linea;
+    for (const QString &factura : facturas) linea += factura + QLatin1Char(',');
+    if (linea.isEmpty()) return linea;
+    if (linea.size() > largoDeFactura1) linea.truncate(largoDeFactura1);
+    linea.chop(1);
+    return linea;
+}
+
+SalidaDeCaratula GuardarCaratula(AppContext &ctx, Caratula &c) {
+    SalidaDeCaratula salida = guardar(ctx, c);
+    if (!salida.cierra && saleSinGuardar(ctx, c.interno)) salida.cierra = true;
+    return salida;
 }

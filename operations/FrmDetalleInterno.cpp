@@ -9,6 +9,7 @@
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
+#include "header/FrmBultos.h"
 #include "header/FrmCaratula.h"
 #include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
@@ -53,8 +54,9 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.CmdTransMaria, [this] { CmdTransMaria_Click(); });
     alPulsar(ui.Command4, [] { Pantalla<FrmConsultas>().Mostrar(); });
     alPulsar(ui.cmdCaratula, [this] { cmdCaratula_Click(); });
-    for (QPushButton *boton : {ui.CmdBultos, ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal, ui.cmdCertOrig,
-                               ui.cmdExportar, ui.cmdExportINS, ui.Command1})
+    alPulsar(ui.CmdBultos, [this] { CmdBultos_Click(); });
+    for (QPushButton *boton : {ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal, ui.cmdCertOrig, ui.cmdExportar,
+                               ui.cmdExportINS, ui.Command1})
         alPulsar(boton, [] { NoDisponible(Contexto()); });
     alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
     alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });
@@ -227,6 +229,12 @@ void FrmDetalleInterno::AbrirItems() {
         TomarFoco();
     };
     items.Mostrar(interno_);
+}
+
+void FrmDetalleInterno::CmdBultos_Click() {
+    Pantalla<FrmBultos>().Mostrar(interno_);
+    CerrarPantalla<FrmBultos>();
+    VerDatos();
 }
 
 void FrmDetalleInterno::cmdCaratula_Click() {

@@ -41,6 +41,7 @@ class FrmDetalleInterno {
     /// Goes on where the run's screen has closed.
     void SeguirArmado();
     void AbrirItems();
+    void CmdBultos_Click();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

@@ -339,14 +339,14 @@ TEST_P(Lectura, WithoutTheBoxOrOnAnImportTheCoefficientStays) {
     EXPECT_EQ(f("select cofexp from item"), "0");
 }
 
-TEST_P(Lectura, ARegimeInSmallLettersIsAnExportForTheCoefficientAlone) {
+TEST_P(Lectura, ARegimeInSmallLettersIsTheExportThatItIsInCapitals) {
     caratula({{"idsubreg", "'ec01'"}});
     item(1);
     filas(1, {"020"});
     ctx->CalcularCoeficiente = true;
     recalcular();
     EXPECT_EQ(f("select cofexp from item"), "0.90909");
-    EXPECT_EQ(de("###baseimp"), "1110") << "freight and insurance still enter";
+    EXPECT_EQ(de("###baseimp"), "1000") << "freight and insurance do not enter, as under EC01";
 }
 
 TEST_P(Lectura, TheRefundsOfAnExportFollowTheInputs) {

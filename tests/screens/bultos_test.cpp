@@ -26,6 +26,7 @@ class PantallaDeBultos : public EnPantalla {
             u"update caratula set factura9 = null, bulnro = null, marcabul = null, bulcod = null, "
             "bultip = null, buldes = null, venemb = null, cuittrans = null, factura10 = null "
             "where interno = 'IC-2026-0001'"_s);
+        ejecutar(u"delete from transporte"_s, u"PERSONAL"_s);
         ejecutar(u"insert into transporte (cuit,nombre) values ('30500000011','NAVIERA DEL PLATA')"_s,
                  u"PERSONAL"_s);
     }
@@ -129,6 +130,7 @@ TEST_P(PantallaDeBultos, AnAgentThatIsNotKeptIsOfferedToBeAdded) {
             atajo(Qt::Key_G);
         });
         tecla(Qt::Key_Return);
+        esperarVentana(p.ventana.get());
         EXPECT_EQ(p.ui.TxtNombreTrans->text(), u"OTRA NAVIERA"_s);
         tecla(Qt::Key_Escape);
     });
@@ -149,6 +151,7 @@ TEST_P(PantallaDeBultos, TheListOfAgentsIsOpenedByF6AndKept) {
                 atajo(Qt::Key_G);
             });
             tecla(Qt::Key_Insert);
+            esperarVentana(lista.ventana.get());
             EXPECT_EQ(lista.ui.Lst->rowCount(), 2);
             EXPECT_EQ(lista.ui.Lst->item(lista.ui.Lst->currentRow(), 1)->text(), u"ALFA"_s);
             registro.respuestas = {true};
@@ -158,6 +161,7 @@ TEST_P(PantallaDeBultos, TheListOfAgentsIsOpenedByF6AndKept) {
             tecla(Qt::Key_Return);
         });
         tecla(Qt::Key_F6);
+        esperarVentana(p.ventana.get());
         EXPECT_EQ(p.ui.TxtCuit->text(), cuitDeNaviera);
         EXPECT_EQ(p.ui.TxtNombreTrans->text(), u"NAVIERA DEL PLATA"_s);
         tecla(Qt::Key_Escape);
@@ -169,6 +173,7 @@ TEST_P(PantallaDeBultos, AListLeftWithEscapeChangesNothing) {
         p.ui.TxtCuit->setFocus();
         conPantallaModal<FrmLstTrans>([](FrmLstTrans &) { tecla(Qt::Key_Escape); });
         tecla(Qt::Key_F6);
+        esperarVentana(p.ventana.get());
         EXPECT_TRUE(p.ui.TxtCuit->text().isEmpty());
         tecla(Qt::Key_Escape);
     });
@@ -197,9 +202,11 @@ TEST_P(CapturasDeBultos, ThePackagesAndTheirAgents) {
                 tecla(Qt::Key_Escape);
             });
             tecla(Qt::Key_F6);
+            esperarVentana(lista.ventana.get());
             tecla(Qt::Key_Escape);
         });
         tecla(Qt::Key_F6);
+        esperarVentana(p.ventana.get());
         tecla(Qt::Key_Escape);
     });
 }

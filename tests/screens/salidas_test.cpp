@@ -22,8 +22,10 @@
 #include "desktop/fin.h"
 #include "frame/startup.h"
 #include "frame/ui/ClCntrl.h"
+#include "header/FrmABMAgTrans.h"
 #include "header/FrmABMClientes.h"
 #include "header/FrmABMProrrateos.h"
+#include "header/FrmBultos.h"
 #include "header/FrmCaratula.h"
 #include "header/FrmCliente.h"
 #include "header/FrmClientes.h"
@@ -32,6 +34,7 @@
 #include "header/FrmListadoeX.h"
 #include "header/FrmLstDiv.h"
 #include "header/FrmLstProrrateo.h"
+#include "header/FrmLstTrans.h"
 #include "header/FrmLstVendedores.h"
 #include "header/FrmNewVendedor.h"
 #include "liquidation/FrmVerItem.h"
@@ -164,6 +167,18 @@ class Salidas : public EnPantalla {
                                        Pantalla<FrmListadoeX>().Elegir(u"Lista"_s, {{u"A"_s, u"Uno"_s}});
                                        CerrarPantalla<FrmListadoeX>();
                                    }),
+            salidaDe<FrmABMAgTrans>("FrmABMAgTrans", [] { AgregarAgente({}); }),
+            salidaDe<FrmBultos>("FrmBultos",
+                                [] {
+                                    Pantalla<FrmBultos>().Mostrar(vacia);
+                                    CerrarPantalla<FrmBultos>();
+                                }),
+            salidaDe<FrmLstTrans>("FrmLstTrans",
+                                  [] {
+                                      QString cuit;
+                                      QString nombre;
+                                      ListarAgentes(cuit, nombre);
+                                  }),
             salidaDe<FrmLstDiv>("FrmLstDiv",
                                 [] {
                                     Pantalla<FrmLstDiv>().Mostrar(vacia);
@@ -328,9 +343,9 @@ TEST_P(Salidas, AHeaderAloneInStoresWithoutOtherTablesKeepsNobody) {
 
 // What writes when it is left, or asks the store then.
 TEST_P(Salidas, TablesThatGoWhileTheScreenStandsKeepNobody) {
-    for (const char *nombre :
-         {"FrmABMProrrateos", "FrmArmarItem", "FrmCaratula", "FrmCliente", "FrmClientes", "FrmDetalleInterno",
-          "FrmInternoNew", "FrmLstDiv", "FrmLstProrrateo", "FrmNewVendedor", "FrmSubItems", "FrmVerItem"}) {
+    for (const char *nombre : {"FrmABMProrrateos", "FrmArmarItem", "FrmBultos", "FrmCaratula", "FrmCliente",
+                               "FrmClientes", "FrmDetalleInterno", "FrmInternoNew", "FrmLstDiv",
+                               "FrmLstProrrateo", "FrmNewVendedor", "FrmSubItems", "FrmVerItem"}) {
         TearDown();
         SetUp();
         for (const Salida &salida : todas()) {
