@@ -128,7 +128,7 @@ Veredicto GuardarConGen(AppContext &ctx, const ValoresConGen &v) {
                 escrito = guardar(ctx, fila, v[QString(L(fila.control))]) && escrito;
     };
     guardarLas(false);
-    const Veredicto salida = comprobarNumeros(ctx, v);
+    Veredicto salida = comprobarNumeros(ctx, v);
     if (salida.ok) guardarLas(true);
     if (escrito) return salida;
     avisarArchivo(ctx);

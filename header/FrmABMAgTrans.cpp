@@ -58,7 +58,7 @@ void FrmABMAgTrans::CmdGuardar_Click() {
 }
 
 std::optional<AgenteDeTransporte> AgregarAgente(const QString &cuit) {
-    const auto agente = Pantalla<FrmABMAgTrans>().Agregar(cuit);
+    auto agente = Pantalla<FrmABMAgTrans>().Agregar(cuit);
     CerrarPantalla<FrmABMAgTrans>();
     return agente;
 }

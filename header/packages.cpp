@@ -71,7 +71,7 @@ Veredicto GuardarBultos(AppContext &ctx, const QString &interno, const Bultos &b
         ctx.dialogos.informar(u"Eligio no transferir bultos, los datos no seran guardados"_s);
         return Veredicto::bien();
     }
-    if (const Veredicto v = revisarVencimiento(ctx, b.TxtVencimiento, hoy); !v.ok) return v;
+    if (Veredicto v = revisarVencimiento(ctx, b.TxtVencimiento, hoy); !v.ok) return v;
     if (!b.TxtPeso.trimmed().isEmpty() && !numeros::esNumerico(b.TxtPeso)) {
         ctx.dialogos.advertir(u"El Peso de los bultos no es un número, corríjalo."_s);
         return Veredicto::mal(u"TxtPeso"_s);

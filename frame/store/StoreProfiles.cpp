@@ -175,7 +175,7 @@ QString SPMain::seleccionarPerfil(const QString &nombreDeFamilia) {
         // Stores that are there without a profile are the ones it names.
         const QString conStores = carpetaConStores(carpetas);
         for (const QString &carpeta : carpetas) {
-            const QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
+            QString ruta = carpeta + QLatin1Char('/') + nombreDeFamilia + sufijoDePerfil;
             const QString db = otro(conStores, carpeta) + u"/db"_s;
             if (QDir().mkpath(db) && escribirPerfilDeArchivos(ruta, nombreDeFamilia, db)) {
                 usarPerfil(ruta);

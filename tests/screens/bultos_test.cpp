@@ -8,6 +8,7 @@
 #include "header/FrmABMAgTrans.h"
 #include "header/FrmBultos.h"
 #include "header/FrmLstTrans.h"
+#include "operations/FrmDetalleInterno.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
@@ -177,6 +178,25 @@ TEST_P(PantallaDeBultos, AListLeftWithEscapeChangesNothing) {
         EXPECT_TRUE(p.ui.TxtCuit->text().isEmpty());
         tecla(Qt::Key_Escape);
     });
+}
+
+TEST_P(PantallaDeBultos, TheDashboardOpensThemAndThenTellsThatTheyAreComplete) {
+    ejecutar(u"insert into item (interno,id) values ('IC-2026-0001',0)"_s);
+    FrmDetalleInterno &tablero = abrir(operacionDeBultos);
+    EXPECT_EQ(tablero.ui.LbEstadoBultos->text(), u"INCOMPLETO"_s);
+    ASSERT_TRUE(tablero.ui.CmdBultos->isEnabled()) << "the items are made";
+    tablero.ui.CmdBultos->setFocus();
+    conPantallaModal<FrmBultos>([](FrmBultos &p) {
+        p.ui.TxtNroBultos->setText(u"12"_s);
+        p.ui.TxtBultDesp->setText(u"12"_s);
+        p.ui.TxtCodigo->setText(u"05"_s);
+        p.ui.TxtTipo->setText(u"B"_s);
+        p.ui.TxtPeso->setText(u"100"_s);
+        tecla(Qt::Key_Escape);
+    });
+    atajo(Qt::Key_B);
+    EXPECT_EQ(tablero.ui.LbEstadoBultos->text(), u"COMPLETO"_s);
+    EXPECT_TRUE(tablero.ui.CmdTransMaria->isEnabled());
 }
 
 class CapturasDeBultos : public PantallaDeBultos {};
