@@ -1,7 +1,7 @@
 // Statements that no screen sends: deep, long, and many operators in a row.
 
-#include "bench/waits/tiempos.h"
 #include "frame/store/dialect.h"
+#include "bench/waits/tiempos.h"
 #include "tests/dialect/casos.h"
 
 using namespace Qt::StringLiterals;

@@ -7,7 +7,6 @@ ClavesNcm CortarPosicion(const QString &posicion) {
 }
 
 QString ListaDeClavesSim(const QString &posicion) {
-    return "('"_L1 + posicion.left(2) + "  .  .  .   ','"_L1 + posicion.left(4) +
-           ".  .  .   ','"_L1 + posicion.left(7) + ".  .   ','"_L1 +
-           posicion.left(14) + "')"_L1;
+    return "('"_L1 + posicion.left(2) + "  .  .  .   ','"_L1 + posicion.left(4) + ".  .  .   ','"_L1 +
+           posicion.left(7) + ".  .   ','"_L1 + posicion.left(14) + "')"_L1;
 }

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Labels say what they are by the dynamic property "papel": titulo, dato, rotulo, ayuda; or by "estado". What they
-// show may be anybody's words: no label of any window takes them for markup.
+// Labels say what they are by the dynamic property "papel": titulo, dato, rotulo, ayuda; or by "estado". What
+// they show may be anybody's words: no label of any window takes them for markup.
 constexpr char hoja[] = R"(
 QDialog, QMainWindow, QWidget#MenuP { background: #f4f7f7; }
 QLabel { qproperty-textFormat: PlainText; }

@@ -61,7 +61,8 @@ TEST_P(RedondeoDelStore, TheStoreAndTheProgramAgreeOnManyValues) {
         if (forma(azar) > 0) v = (std::floor(v * 100) + 0.5) / 100;
         if (forma(azar) == 2) v = std::nextafter(v, 0);
         valores.push_back(v);
-        sql += (i == 0 ? u"('"_s : u",('"_s) + QString::number(i) + "',"_L1 + QString::number(v, 'g', 17) + ")"_L1;
+        sql += (i == 0 ? u"('"_s : u",('"_s) + QString::number(i) + "',"_L1 + QString::number(v, 'g', 17) +
+               ")"_L1;
     }
     ejecutar(sql);
     for (const int decimales : {0, 2, 3, 5}) {
