@@ -135,6 +135,8 @@ void FrmInternoNew::Conectar() {
 void FrmInternoNew::Mostrar() {
     MostrarVentana(ventana.get());
     ui.txtInterno->setFocus();
+    // An office that has all its operations shown sees them at once.
+    if (Contexto().opciones.OperacionesMostrarTODO) BuscarInternos();
 }
 
 FiltroDeInternos FrmInternoNew::LeerFiltro() const {

@@ -43,6 +43,15 @@ TEST_P(Navegador, EnterInTheKeySearchesAndTakesTheFocusToTheGrid) {
     EXPECT_EQ(navegador.InternoSeleccionado(), cinco.first());
 }
 
+TEST_P(Navegador, AnOfficeThatHasAllItsOperationsShownSeesThemAtOnce) {
+    EXPECT_TRUE(claves(mostrar()).isEmpty()) << "without the option ENTER asks for them";
+    CerrarPantalla<FrmInternoNew>();
+    ctx->opciones.OperacionesMostrarTODO = true;
+    auto &navegador = mostrar();
+    EXPECT_EQ(claves(navegador), cinco);
+    EXPECT_EQ(QApplication::focusWidget(), navegador.ui.txtInterno);
+}
+
 TEST_P(Navegador, TheKeyIsAPrefixAndIsRemembered) {
     mostrar();
     escribir(u"IC"_s);
