@@ -1,5 +1,7 @@
 #include "frame/escritura.h"
 
+#include <QStringBuilder>
+
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
@@ -34,18 +36,25 @@ Escritura &Escritura::marca(const char *columna, bool valor) {
 }
 
 Escritura &Escritura::crudo(const char *columna, const QString &sql) {
-    columnas_ << QLatin1String(columna);
-    valores_ << sql;
+    constexpr int usual = 256;
+    const QLatin1String nombre(columna);
+    if (columnas_.isEmpty()) {
+        for (QString *parte : {&columnas_, &valores_, &pares_}) parte->reserve(usual);
+    } else {
+        for (QString *parte : {&columnas_, &valores_, &pares_}) *parte += u',';
+    }
+    columnas_ += nombre;
+    valores_ += sql;
+    pares_ += nombre;
+    pares_ += " = "_L1;
+    pares_ += sql;
     return *this;
 }
 
 QString Escritura::insertar(const QString &tabla) const {
-    return "insert into "_L1 + tabla + " ("_L1 + columnas_.join(u',') + ") values ("_L1 +
-           valores_.join(u',') + ")"_L1;
+    return "insert into "_L1 % tabla % " ("_L1 % columnas_ % ") values ("_L1 % valores_ % ")"_L1;
 }
 
 QString Escritura::actualizar(const QString &tabla, const QString &donde) const {
-    QStringList pares;
-    for (qsizetype i = 0; i < columnas_.size(); ++i) pares << columnas_[i] + " = "_L1 + valores_[i];
-    return "update "_L1 + tabla + " set "_L1 + pares.join(u',') + " where "_L1 + donde;
+    return "update "_L1 % tabla % " set "_L1 % pares_ % " where "_L1 % donde;
 }

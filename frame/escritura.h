@@ -2,7 +2,6 @@
 // The one writer of inserts and updates: a column and its value stand together.
 
 #include <QString>
-#include <QStringList>
 
 struct AppContext;
 
@@ -30,8 +29,8 @@ class Escritura {
 
     bool vacia() const { return columnas_.isEmpty(); }
     /// Each list joined by commas, for a statement that is spelled in another way.
-    QString columnas() const { return columnas_.join(QLatin1Char(',')); }
-    QString valores() const { return valores_.join(QLatin1Char(',')); }
+    QString columnas() const { return columnas_; }
+    QString valores() const { return valores_; }
 
     /// "insert into `tabla` (a,b) values (1,'x')".
     QString insertar(const QString &tabla) const;
@@ -39,7 +38,9 @@ class Escritura {
     QString actualizar(const QString &tabla, const QString &donde) const;
 
  private:
+    // Joined as they come: one of these is written for every concept of every item.
     QString separador_;
-    QStringList columnas_;
-    QStringList valores_;
+    QString columnas_;
+    QString valores_;
+    QString pares_;
 };
