@@ -1,0 +1,34 @@
+#pragma once
+// The fields of an item's page as data: the one table that loading, saving, the screen and the batch read.
+
+#include <QHash>
+#include <QString>
+#include <vector>
+
+/// How a field is kept and shown.
+enum class ClaseDeCampo {
+    Codigo,           ///< a code or a text, as it stands
+    Numero,           ///< a number through the mask of its field
+    Opcion,           ///< "S" or "N"
+    OpcionIVA,        ///< a code of the regime's options, shown by its words
+    OpcionGanancias,  ///< the same for the tax on profits
+};
+
+struct CampoDeItem {
+    const char *control;  ///< of FrmVerItem
+    const char *columna;  ///< of `item`, as the statement of a save spells it
+    const char *nombre;   ///< what the user knows it by, for messages
+    ClaseDeCampo clase;
+    const char *mascara = "";  ///< of a number; empty: its shortest text
+    bool seGraba = true;       ///< part of the save of an item; the others are shown only
+    int maximo = 0;            ///< characters that the field takes; 0: no limit of its own
+};
+
+/// Every field; those that are saved come first, in the order of the save.
+const std::vector<CampoDeItem> &CamposDeItem();
+/// The field of a column, in any case of letters; null for none.
+const CampoDeItem *CampoDeColumna(const QString &columna);
+
+/// What the page holds: the text of each field by its column, as CampoDeItem::columna spells it. A number is
+/// the text that the user sees or typed; an option is its code ("S", "IVAAD1").
+using DatosDeItem = QHash<QString, QString>;
