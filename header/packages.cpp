@@ -13,19 +13,6 @@ namespace {
 
 using entidad::internos;
 
-/// Each text column and the member it fills.
-struct ColumnaDeBultos {
-    QStringView columna;
-    QString Bultos::*campo;
-};
-constexpr ColumnaDeBultos columnasDeBultos[] = {
-    {u"BULNRO", &Bultos::TxtNroBultos},  {u"BULCOD", &Bultos::TxtCodigo},
-    {u"BULTIP", &Bultos::TxtTipo},       {u"BULDES", &Bultos::TxtBultDesp},
-    {u"marcabul", &Bultos::TxtMarcaBul}, {u"via", &Bultos::TxtVia},
-    {u"trans", &Bultos::TxtNomTrans},    {u"bandera", &Bultos::TxtBandera},
-    {u"cuittrans", &Bultos::TxtCuit},    {u"factura10", &Bultos::TxtNombreTrans},
-};
-
 QString deLaOperacion(const QString &interno) {
     return "interno = "_L1 + EnComillas(interno);
 }
@@ -46,6 +33,24 @@ QString vencimientoSql(const QString &texto) {
 
 }  // namespace
 
+const std::vector<CampoDeBultos> &CamposDeBultos() {
+    static const std::vector<CampoDeBultos> todos{
+        {u"bulnro"_s, &Bultos::TxtNroBultos},
+        {u"bulcod"_s, &Bultos::TxtCodigo},
+        {u"bultip"_s, &Bultos::TxtTipo},
+        {u"bulpes"_s, &Bultos::TxtPeso},
+        {u"buldes"_s, &Bultos::TxtBultDesp},
+        {u"marcabul"_s, &Bultos::TxtMarcaBul},
+        {u"via"_s, &Bultos::TxtVia},
+        {u"trans"_s, &Bultos::TxtNomTrans},
+        {u"bandera"_s, &Bultos::TxtBandera},
+        {u"cuittrans"_s, &Bultos::TxtCuit},
+        {u"factura10"_s, &Bultos::TxtNombreTrans},
+        {u"venemb"_s, &Bultos::TxtVencimiento},
+    };
+    return todos;
+}
+
 Bultos CargarBultos(AppContext &ctx, const QString &interno) {
     Bultos b;
     Recordset rs;
@@ -58,7 +63,7 @@ Bultos CargarBultos(AppContext &ctx, const QString &interno) {
         return b;
     const QString respondido = rs.Texto(u"factura9").trimmed();
     b.chTransBultos = respondido.isEmpty() || respondido == "1"_L1;
-    for (const ColumnaDeBultos &c : columnasDeBultos) b.*c.campo = rs.Texto(c.columna);
+    for (const CampoDeBultos &c : CamposDeBultos()) b.*c.campo = rs.Texto(c.columna);
     b.TxtPeso = numeros::Format(rs.Numero(u"BULPES"), u"00.00", ctx.SeparadorDecimal);
     const auto vence = fechas::Leer(rs.Texto(u"venemb"));
     b.TxtVencimiento = vence ? vence->toString(u"dd/MM/yyyy"_s) : QString();

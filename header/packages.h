@@ -3,6 +3,7 @@
 
 #include <QDate>
 #include <QString>
+#include <vector>
 
 #include "frame/base/verdict.h"
 
@@ -26,6 +27,13 @@ struct Bultos {
     QString TxtNombreTrans;  ///< the agent's name
     QString TxtVencimiento;  ///< expiry of the shipment, "dd/mm/yyyy"; empty: none
 };
+
+/// Each text of the packages by the column of `caratula` that keeps it.
+struct CampoDeBultos {
+    QString columna;
+    QString Bultos::*campo;
+};
+const std::vector<CampoDeBultos> &CamposDeBultos();
 
 /// The packages as stored; blank fields for an operation without any. Raises Falla.
 Bultos CargarBultos(AppContext &ctx, const QString &interno);

@@ -15,6 +15,7 @@
 #include "header/changes.h"
 #include "liquidation/consistency.h"
 #include "liquidation/review.h"
+#include "operations/batchchanges.h"
 #include "operations/batchwork.h"
 #include "operations/browser.h"
 #include "operations/lifecycle.h"
@@ -146,19 +147,7 @@ int liquidarTomada(const Trabajo &t) {
     ctx.LiquidacionPendiente = true;
     ClassLiquidacion calculo(ctx, t.orden.clave);
     const ResultadoRecalculo r = RecalcularOperacion(ctx, t.orden.clave, calculo);
-    QJsonArray grilla;
-    for (const FilaLiq &f : r.grilla)
-        grilla.append(QJsonObject{
-            {u"numero"_s, f.numero}, {u"concepto"_s, f.concepto}, {u"total"_s, f.total}, {u"pgc"_s, f.pgc}});
-    const auto conDosDecimales = [&ctx](double importe) {
-        return numeros::Format(importe, u"00.00", ctx.SeparadorDecimal);
-    };
-    t.resultado[u"totalP"_s] = conDosDecimales(r.totalP);
-    t.resultado[u"totalG"_s] = conDosDecimales(r.totalG);
-    t.resultado[u"totalC"_s] = conDosDecimales(r.totalC);
-    t.resultado[u"baseImponible"_s] = conDosDecimales(r.sumaBaseImponible);
-    t.resultado[u"baseIVA"_s] = conDosDecimales(r.sumaBaseIVA);
-    t.resultado[u"conceptos"_s] = grilla;
+    DecirLiquidacion(t, r);
     return bien;
 }
 
@@ -207,6 +196,8 @@ struct Fila {
     consola::Comando comando = {};
     bool sobreExistente = true;  ///< the operation has to be there
     int (*hacer)(const Trabajo &) = nullptr;
+    /// What is wrong with the file of changes, as one sentence; null for a command that reads none.
+    QString (*defectoDeCambios)(const QJsonObject &) = nullptr;
 };
 
 QString defectoDeClave(const QString &clave) {
@@ -214,9 +205,19 @@ QString defectoDeClave(const QString &clave) {
     return clave.size() > largo ? u"la clave de una operación tiene 40 caracteres como máximo"_s : QString();
 }
 
+QString defectoDeItem(const QString &numero) {
+    bool esNumero = false;
+    return numero.toInt(&esNumero) >= 0 && esNumero ? QString()
+                                                    : u"\"%1\" no es un número de item"_s.arg(numero);
+}
+
 const std::vector<Fila> &tablaDeComandos() {
     static const std::vector<consola::Argumento> clave{
         {.nombre = "CLAVE", .texto = "la clave de una operación", .control = defectoDeClave}};
+    static const consola::Opcion cambios{.nombre = "cambios",
+                                         .valor = "ARCHIVO",
+                                         .texto = "Los cambios: un objeto JSON.",
+                                         .obligatoria = true};
     static const std::vector<Fila> todas{
         {.comando = {.nombre = "armar",
                      .texto = "Arma la operación: grupos, items y liquidación, si su marca lo pide.",
@@ -227,6 +228,20 @@ const std::vector<Fila> &tablaDeComandos() {
                      .texto = "Vuelve a calcular derechos y tributos de los items, y dice los totales.",
                      .argumentos = clave},
          .hacer = liquidar},
+        {.comando = {.nombre = "item",
+                     .texto = "Cambia un item armado, o con 0 la operación: campos, conceptos, información, "
+                              "ventajas y kilos.",
+                     .argumentos = {clave.front(),
+                                    {.nombre = "N", .texto = "el número del item", .control = defectoDeItem}},
+                     .opciones = {cambios}},
+         .hacer = CambiarItem,
+         .defectoDeCambios = DefectoDeCambiosDeItem},
+        {.comando = {.nombre = "bultos",
+                     .texto = "Cambia los bultos y el transporte.",
+                     .argumentos = clave,
+                     .opciones = {cambios}},
+         .hacer = CambiarBultos,
+         .defectoDeCambios = DefectoDeCambiosDeBultos},
         {.comando = {.nombre = "comprobar",
                      .texto = "Compara la carátula y los items con las líneas, y dice las diferencias.",
                      .argumentos = clave},
@@ -245,25 +260,20 @@ const std::vector<Fila> &tablaDeComandos() {
     return todas;
 }
 
+/// Null for a command that there is not.
+const Fila *buscarComando(const QString &nombre) {
+    const std::vector<Fila> &todas = tablaDeComandos();
+    const auto fila = std::find_if(todas.begin(), todas.end(),
+                                   [&nombre](const Fila &f) { return nombre == L(f.comando.nombre); });
+    return fila == todas.end() ? nullptr : &*fila;
+}
+
 }  // namespace
 
-int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
-    if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
-    const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
-    TomarBloqueo(t.ctx, t.orden.clave);
-    int estado = falla;
-    try {
-        estado = hacer();
-    } catch (...) {
-        try {
-            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-        } catch (const Falla &) {
-            // The store is gone; the first failure is the one to tell.
-        }
-        throw;
-    }
-    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-    return estado;
+QString DefectoDeCambios(const Orden &orden) {
+    const Fila *fila = buscarComando(orden.comando);
+    return fila == nullptr || fila->defectoDeCambios == nullptr ? QString()
+                                                                : fila->defectoDeCambios(orden.cambios);
 }
 
 std::vector<consola::Comando> Comandos() {
@@ -323,11 +333,8 @@ bool VersionAdecuada(AppContext &ctx) {
 
 int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tablero,
              const SalidaDeObjetos &salida, QJsonObject &resultado) {
-    const std::vector<Fila> &todas = tablaDeComandos();
-    const auto fila = std::find_if(todas.begin(), todas.end(),
-                                   [&orden](const Fila &f) { return orden.comando == L(f.comando.nombre); });
-    if (fila == todas.end())
-        throw Falla{0, u"lote"_s, u"No existe el comando \"%1\"."_s.arg(orden.comando), {}};
+    const Fila *fila = buscarComando(orden.comando);
+    if (fila == nullptr) throw Falla{0, u"lote"_s, u"No existe el comando \"%1\"."_s.arg(orden.comando), {}};
     resultado[u"resultado"_s] = orden.comando;
     if (!orden.clave.isEmpty()) resultado[u"interno"_s] = orden.clave;
     if (fila->sobreExistente && !existe(ctx, orden.clave)) {

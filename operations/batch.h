@@ -19,6 +19,7 @@ struct Orden {
     QString clave;                         ///< of the operation; empty for a command on none
     QStringList argumentos;                ///< what stands behind the key
     QHash<QString, QStringList> opciones;  ///< what came, by name; a switch has no value
+    QJsonObject cambios = {};              ///< what the file of --cambios holds
 
     /// Whether the option came.
     bool tiene(const char *opcion) const { return opciones.contains(QLatin1String(opcion)); }
@@ -41,6 +42,10 @@ EleccionDelTablero TableroInicial(AppContext &ctx);
 /// value of another kind.
 bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTablero &tablero,
                      QString &error);
+
+/// What is wrong with the changes that the order brings, as one sentence; empty for nothing, and for a
+/// command that takes none. Asked before any store is touched.
+QString DefectoDeCambios(const Orden &orden);
 
 /// Hears what the order answers besides its result: an operation of the list at a time.
 using SalidaDeObjetos = std::function<void(const QJsonObject &)>;

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "liquidation/review.h"
 #include "operations/batch.h"
 
 namespace lote {
@@ -20,5 +21,8 @@ struct Trabajo {
 /// Work on an operation that is held like a dashboard would hold it: locked first, given back on every road.
 /// Answers what `hacer` answers, `falla` when another workstation holds it, which was told. Raises Falla.
 int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer);
+
+/// Puts the totals of a recalculation into the result, amounts with two decimals.
+void DecirLiquidacion(const Trabajo &t, const ResultadoRecalculo &r);
 
 }  // namespace lote

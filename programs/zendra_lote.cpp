@@ -82,15 +82,16 @@ bool leerRespuestas(const QString &archivo, QStringList &respuestas, QString &er
     return true;
 }
 
-bool leerOpciones(const QString &archivo, QJsonObject &opciones, QString &error) {
+/// `que` is what the file holds, for the sentence.
+bool leerObjeto(const QString &archivo, const QString &que, QJsonObject &objeto, QString &error) {
     if (archivo.isEmpty()) return true;
     QJsonDocument documento;
     if (!leerJson(archivo, documento, error)) return false;
     if (!documento.isObject()) {
-        error = u"El archivo %1 debe ser un objeto JSON con las opciones; corríjalo."_s.arg(archivo);
+        error = u"El archivo %1 debe ser un objeto JSON con %2; corríjalo."_s.arg(archivo, que);
         return false;
     }
-    opciones = documento.object();
+    objeto = documento.object();
     return true;
 }
 
@@ -107,10 +108,13 @@ void escribirLinea(const QString &texto) {
 
 /// What the files of the command line ask for; false with one Spanish line in `error`.
 bool leerArchivos(const consola::Pedido &pedido, QStringList &respuestas, QJsonObject &opciones,
-                  QString &error) {
+                  lote::Orden &orden, QString &error) {
     if (!leerRespuestas(pedido.valor("respuestas"), respuestas, error) ||
-        !leerOpciones(pedido.valor("opciones"), opciones, error))
+        !leerObjeto(pedido.valor("opciones"), u"las opciones"_s, opciones, error) ||
+        !leerObjeto(pedido.valor("cambios"), u"los cambios"_s, orden.cambios, error))
         return false;
+    error = lote::DefectoDeCambios(orden);
+    if (!error.isEmpty()) return false;
     // A trial of the options on a context of its own: a wrong one is told before any store is touched.
     AppContext prueba;
     EleccionDelTablero tablero;
@@ -136,7 +140,8 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     QString error;
     QStringList respuestas;
     QJsonObject opciones;
-    if (!leerArchivos(pedido, respuestas, opciones, error)) return negar(error);
+    lote::Orden orden{pedido.comando, pedido.argumentos.value(0), pedido.argumentos.mid(1), pedido.opciones};
+    if (!leerArchivos(pedido, respuestas, opciones, orden, error)) return negar(error);
     QFile traza(pedido.valor("traza"));
     const auto sinTraza = qScopeGuard([] { Conexion::fijarTraza({}); });
     if (!trazar(traza))
@@ -152,8 +157,7 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     EleccionDelTablero tablero = lote::TableroInicial(ctx);
     lote::AplicarOpciones(opciones, ctx, tablero, error);
     return lote::Ejecutar(
-        ctx, {pedido.comando, pedido.argumentos.value(0), pedido.argumentos.mid(1), pedido.opciones}, tablero,
-        [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); }, resultado);
+        ctx, orden, tablero, [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); }, resultado);
 }
 
 }  // namespace

@@ -1,0 +1,47 @@
+#include "operations/batchwork.h"
+
+#include <QJsonArray>
+
+#include "frame/base/numbers.h"
+#include "operations/lifecycle.h"
+
+using namespace Qt::StringLiterals;
+
+namespace lote {
+
+int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
+    if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
+    const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
+    TomarBloqueo(t.ctx, t.orden.clave);
+    int estado = falla;
+    try {
+        estado = hacer();
+    } catch (...) {
+        try {
+            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
+        } catch (const Falla &) {
+            // The store is gone; the first failure is the one to tell.
+        }
+        throw;
+    }
+    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
+    return estado;
+}
+
+void DecirLiquidacion(const Trabajo &t, const ResultadoRecalculo &r) {
+    QJsonArray grilla;
+    for (const FilaLiq &f : r.grilla)
+        grilla.append(QJsonObject{
+            {u"numero"_s, f.numero}, {u"concepto"_s, f.concepto}, {u"total"_s, f.total}, {u"pgc"_s, f.pgc}});
+    const auto conDosDecimales = [&ctx = t.ctx](double importe) {
+        return numeros::Format(importe, u"00.00", ctx.SeparadorDecimal);
+    };
+    t.resultado[u"totalP"_s] = conDosDecimales(r.totalP);
+    t.resultado[u"totalG"_s] = conDosDecimales(r.totalG);
+    t.resultado[u"totalC"_s] = conDosDecimales(r.totalC);
+    t.resultado[u"baseImponible"_s] = conDosDecimales(r.sumaBaseImponible);
+    t.resultado[u"baseIVA"_s] = conDosDecimales(r.sumaBaseIVA);
+    t.resultado[u"conceptos"_s] = grilla;
+}
+
+}  // namespace lote
