@@ -51,7 +51,7 @@ QString totalSql(const QString &total) {
     if (numeros::esNumerico(total)) return AStoreNumero(total, u"."_s);
     QString nombre = total;
     nombre.removeIf([](QChar c) { return u"[]\"'`"_s.contains(c) || !c.isPrint(); });
-    return "["_L1 + nombre + " no es un número]"_L1;
+    return u"[%1 no es un número]"_s.arg(nombre);
 }
 
 QString delConcepto(const QString &interno, const QString &item, const QString &codigo) {
