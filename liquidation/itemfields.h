@@ -8,6 +8,7 @@
 /// How a field is kept and shown.
 enum class ClaseDeCampo {
     Codigo,           ///< a code or a text, as it stands
+    CodigoConBlanco,  ///< the same, kept with one blank behind it
     Numero,           ///< a number through the mask of its field
     Opcion,           ///< "S" or "N"
     OpcionIVA,        ///< a code of the regime's options, shown by its words
@@ -19,9 +20,12 @@ struct CampoDeItem {
     const char *columna;  ///< of `item`, as the statement of a save spells it
     const char *nombre;   ///< what the user knows it by, for messages
     ClaseDeCampo clase;
-    const char *mascara = "";  ///< of a number; empty: its shortest text
-    bool seGraba = true;       ///< part of the save of an item; the others are shown only
-    int maximo = 0;            ///< characters that the field takes; 0: no limit of its own
+    const char *mascara = "";             ///< of a number; empty: its shortest text
+    bool seGraba = true;                  ///< part of the save of an item; the others are shown only
+    int maximo = 0;                       ///< characters that the field takes; 0: no limit of its own
+    bool enCero = false;                  ///< saved on the operation's own page too
+    const char *mascaraEnCero = nullptr;  ///< on the operation's page, where it is another
+    bool vacioEsCero = false;             ///< a number that may be left empty
 };
 
 /// Every field; those that are saved come first, in the order of the save.

@@ -4,7 +4,6 @@
 #include "frame/base/values.h"
 #include "frame/entities.h"
 #include "header/codes.h"
-#include "header/regime.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,20 +51,24 @@ void leerGrupos(const Pagina &p) {
                               p.conMascara(rs.Numero(u"valorrelacionestadistica"))});
 }
 
-void leerCertificados(const Pagina &p) {
+/// The item's groups and the lines that were folded into them.
+QString lineasDelItem(const Pagina &p) {
     const QString interno = EnComillas(p.interno);
     const QString grupos = " select idsub from groupsubitems where interno = "_L1 + interno;
+    return " select * from ( "_L1 + grupos + " and id = "_L1 + p.v.item +
+           " Union "
+           " select idsub from idrel where interno = "_L1 +
+           interno + " and idroot in ( "_L1 + grupos + "  and id = "_L1 + p.v.item + ")) as tino "_L1;
+}
+
+void leerCertificados(const Pagina &p) {
     Recordset rs;
     for (p.consultar("select certorig from subitems"
                      " where interno = "_L1 +
-                         interno +
+                         EnComillas(p.interno) +
                          " and  (certorig is not null and certorig<>'')"
-                         " and  id in ( select * from ( "_L1 +
-                         grupos + " and id = "_L1 + p.v.item +
-                         " Union "
-                         " select idsub from idrel where interno = "_L1 +
-                         interno + " and idroot in ( "_L1 + grupos + "  and id = "_L1 + p.v.item +
-                         ")) as tino ) "_L1,
+                         " and  id in ("_L1 +
+                         lineasDelItem(p) + ") "_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.certificados << rs.Texto(u"certorig");
@@ -90,14 +93,21 @@ void leerListas(const Pagina &p) {
     }
 }
 
-void leerCancelaciones(const Pagina &p) {
+void leerCancelaciones(const Pagina &p, bool tambienDeSusLineas) {
+    const QString interno = EnComillas(p.interno);
+    QString cuales = "iditem =  "_L1 + p.v.item;
+    if (tambienDeSusLineas)
+        cuales = "("_L1 + cuales +
+                 " or (iditem is null and idexportacion<>0"
+                 " and idexportacion in (select idexportacion from subitems"
+                 " where interno = "_L1 +
+                 interno + " and id in ("_L1 + lineasDelItem(p) + "))))"_L1;
     Recordset rs;
     for (p.consultar("select dit,item,subitem,ncm,expctit,"
                      "cantidad,factorponderacion"
                      " from descargas"
                      " where interno = "_L1 +
-                         EnComillas(p.interno) + " and iditem =  "_L1 + p.v.item +
-                         " order by dit, item, subitem"_L1,
+                         interno + " and "_L1 + cuales + " order by dit, item, subitem"_L1,
                      rs);
          !rs.Eof(); rs.MoveNext())
         p.v.cancelaciones.push_back({rs.Texto(u"dit"), rs.Texto(u"item"), rs.Texto(u"subitem"),
@@ -113,52 +123,43 @@ struct FilaDeItem {
     double Numero(QStringView columna) const { return rs.Eof() ? 0 : rs.Numero(columna); }
 };
 
+/// The text of a field.
+QString textoDeCampo(const Pagina &p, const CampoDeItem &campo, const FilaDeItem &item) {
+    const QString columna = L(campo.columna);
+    switch (campo.clase) {
+        case ClaseDeCampo::Numero: {
+            const bool otra = campo.mascaraEnCero != nullptr && p.v.item == itemCero;
+            const QString mascara = L(otra ? campo.mascaraEnCero : campo.mascara);
+            const double valor = item.Numero(columna);
+            return mascara.isEmpty() ? p.comoNumero(valor) : p.conMascara(valor, mascara);
+        }
+        case ClaseDeCampo::Opcion:
+            return item.Texto(columna) == "S"_L1 ? u"S"_s : u"N"_s;
+        case ClaseDeCampo::CodigoConBlanco: {
+            // The blank of the last save, or it would grow by one each time.
+            QString texto = item.Texto(columna);
+            while (texto.endsWith(QLatin1Char(' '))) texto.chop(1);
+            return texto;
+        }
+        default:
+            return item.Texto(columna);
+    }
+}
+
 void ponerDatos(const Pagina &p, const FilaDeItem &item) {
-    const auto codigo = [&](const char *control, QStringView columna) {
-        p.poner(control, item.Texto(columna));
-    };
-    codigo("LbPos", u"NCM");
-    codigo("TxtNaladisa", u"naladisa");
-    codigo("TxtLista", u"Lista");
-    codigo("TxtEstadoMerc", u"estadomerc");
-    p.poner("LbEstMerc", getEstadoMercaderiaDescripcion(p.ctx, item.Texto(u"estadomerc")));
-    codigo("TxtIdpais", u"Idpais");
-    p.poner("LbDescPais", getPaisDescripcion(p.ctx, item.Texto(u"Idpais")));
-    codigo("TxtIdproc", u"idproc");
-    p.poner("LbDest", getPaisDescripcion(p.ctx, item.Texto(u"idproc")));
-    p.monto("TxtTotKgNeto", item.Numero(u"totalkneto"));
-    p.monto("TxtKgBruto", item.Numero(u"totalkbruto"));
+    for (const CampoDeItem &campo : CamposDeItem()) {
+        const QString texto = textoDeCampo(p, campo, item);
+        p.poner(campo.control, texto);
+        if (campo.seGraba) p.v.datos.insert(L(campo.columna), texto);
+    }
     const QString unidad = item.Texto(u"idunidad");
-    p.poner("TxtCantidad", (p.conMascara(item.Numero(u"Cantidad")) + QLatin1Char(' ') + unidad +
-                            QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad))
-                               .trimmed());
-    codigo("TxtUnidEst", u"estadistica");
-    p.monto("Txt", item.Numero(u"valorrelacionestadistica"));
-    codigo("TxtDerEsp", u"deresp");
-    p.monto("TxtValorDerEsp", item.Numero(u"valorderesp"));
-    p.monto("txtItComExt", item.Numero(u"itcomext"));
-    p.poner("TxtCOEF", p.comoNumero(item.Numero(u"cofexp")));
-    p.monto("TxtAjusteInc", item.Numero(u"ajusteinc"));
-    p.monto("txtAjusteDed", item.Numero(u"ajusteded"));
-    const QStringView mascara = p.v.item == itemCero ? QStringView(u"00.000000") : QStringView(u"00.00");
-    p.poner("OLDTxtInsCons", p.conMascara(item.Numero(u"insumostemp"), mascara));
-    p.poner("txtConsumo", p.conMascara(item.Numero(u"insumosacons"), mascara));
-    codigo("TxtCodPror", u"codprorrateo");
-    codigo("TxtReg", u"regalias");
-    codigo("TxtStan", u"standard");
-    codigo("txtTipoItem", u"tipoitem");
-    codigo("txtItemAsociado", u"ItemAsociado");
-    p.poner("chkMineria", item.Texto(u"Mineria") == "S"_L1 ? u"S"_s : u"N"_s);
-    p.poner("cboOpcionIVA", OpcionIVATexto(OpcionIVAIndice(item.Texto(u"OpcionesIVA"))));
-    p.poner("cboOpcionesGanancias",
-            OpcionGananciasTexto(OpcionGananciasIndice(item.Texto(u"OpcionesGanancias"))));
-    static constexpr std::pair<const char *, const char16_t *> oncca[] = {
-        {"txtAcuerdo", u"ONCCAAcuerdo"}, {"txtCategoria", u"ONCCACategoria"},
-        {"txtCorte", u"ONCCACortes"},    {"txtElaborador", u"ONCCAElaborador"},
-        {"txtEspecie", u"ONCCAEspecie"}, {"txtFaneador", u"ONCCAFaneador"},
-        {"txtEOC", u"ONCCAMeccoorgbio"}, {"txtRes3106", u"ONCCAres3106"},
-        {"txtSisProd", u"ONCCAsispro"},  {"txtMatadero", u"ONCCAMatadero"}};
-    for (const auto &[control, columna] : oncca) codigo(control, columna);
+    p.poner("lbItemCantidadDeclarada",
+            (unidad + QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad)).trimmed());
+    p.poner("lbUnidEst", getUnidadDescripcion(p.ctx, item.Texto(u"estadistica")));
+    p.poner("lbDerEsp", getUnidadDescripcion(p.ctx, item.Texto(u"deresp")));
+    p.poner("LbEstMerc", getEstadoMercaderiaDescripcion(p.ctx, item.Texto(u"estadomerc")));
+    p.poner("LbDescPais", getPaisDescripcion(p.ctx, item.Texto(u"Idpais")));
+    p.poner("LbDest", getPaisDescripcion(p.ctx, item.Texto(u"idproc")));
     p.v.LbLapi = item.Texto(u"LAPI") == "S"_L1;
     p.v.esCancelacion = item.Texto(u"cancelaciones") == "OK"_L1;
     p.v.bienDeUso = item.Texto(u"Biendeuso") == "S"_L1;
@@ -203,6 +204,14 @@ void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
     p.v.grilla = std::move(r.grilla);
 }
 
+int contarItems(const Pagina &p) {
+    Recordset rs;
+    p.consultar(
+        "select count(*) as cont from item where interno = "_L1 + EnComillas(p.interno) + " and id<>0"_L1,
+        rs);
+    return static_cast<int>(rs.Numero(u"cont"));
+}
+
 /// False with the word to the user when the position ends the load.
 bool verItem(const Pagina &p, const Recordset &item, ClassLiquidacion &c) {
     bool lapi = false;
@@ -240,7 +249,7 @@ QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno) {
 
 VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
                            bool paginaDeLiquidacion, ClassLiquidacion &calculo,
-                           const std::function<void(const QString &)> &estado) {
+                           const std::function<void(const QString &)> &estado, bool paginaDeCancelaciones) {
     const Reloj reloj(ctx.dialogos);
     VistaDeItem v;
     v.item = item;
@@ -251,7 +260,7 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
         return v;
     }
     v.idsubreg = calculo.CaratulaSubRegimen;
-    v.cantidadDeItems = static_cast<int>(ItemsDeOperacion(ctx, interno).size()) - 1;
+    v.cantidadDeItems = contarItems(p);
     const bool cero = item == itemCero;
     Recordset fila;
     if (!p.consultar("select * from item where interno = "_L1 + EnComillas(interno) + " and id = "_L1 + item,
@@ -267,7 +276,7 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
         leerCertificados(p);
         leerListas(p);
         if (!verItem(p, fila, calculo)) return v;
-        leerCancelaciones(p);
+        leerCancelaciones(p, paginaDeCancelaciones);
     }
     ponerDatos(p, {fila});
     v.cargada = true;

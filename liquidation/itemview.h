@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "liquidation/itemfields.h"
 #include "liquidation/review.h"
 
 /// One row of the list of groups (LstV), texts as shown.
@@ -26,8 +27,9 @@ struct VistaDeItem {
     QString item;          ///< its number
     int cantidadDeItems = 0;
     QString idsubreg;
-    /// Control name and text, in the order of the page.
+    /// Control name and text: the fields in their order, an option by its code, and the labels.
     std::vector<std::pair<QString, QString>> campos;
+    DatosDeItem datos;                     ///< the fields that a save writes back
     bool recalculada = false;              ///< item 0: the totals are those of a fresh run
     QString lbTOTALG, lbTOTGAR, lbTOTCOB;  ///< item 0 only; the last two as plain numbers
     std::vector<FilaLiq> grilla;
@@ -51,7 +53,10 @@ QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno);
 /// Loads a page. Item "0" spreads the header's adjustments, and with the liquidation page wanted, or with the
 /// liquidation pending, runs the recalculation of the operation (`estado` hears its progress); without a run
 /// it shows the totals of the last one. It needs no row of its own, nor any item: what has no row reads as
-/// empty. Any other item reads its stored rows. An operation that is gone is told. Raises Falla.
+/// empty. Any other item reads its stored rows; with the page of cancellations wanted, also the cancellations
+/// that hang on no item yet but on the export reference of one of its lines. An operation that is gone is
+/// told. Raises Falla.
 VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
                            bool paginaDeLiquidacion, ClassLiquidacion &calculo,
-                           const std::function<void(const QString &)> &estado = {});
+                           const std::function<void(const QString &)> &estado = {},
+                           bool paginaDeCancelaciones = false);

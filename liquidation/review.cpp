@@ -196,7 +196,7 @@ void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &est
                        .numero("porcentaje", d.porcentaje)
                        .numero("total", d.total)
                        .codigo("pgc", d.pgc)
-                       .codigo("motivo", d.motivo)
+                       .texto("motivo", d.motivo)
                        .actualizar(u"itemliq"_s, "interno = "_L1 + EnComillas(k.interno) +
                                                      "   and iditem = "_L1 + d.iditem +
                                                      "  and idconceptos = "_L1 + EnComillas(d.concepto)));
@@ -291,8 +291,10 @@ std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &inter
                        EnComillas(interno) + " and iditem = "_L1 + item + " order by idconceptos"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext()) {
+        // What is not there is no 0.
         const auto numero = [&ctx, &rs](int columna) {
-            return conMascara(ctx, EsNumero(rs.Fields(columna).Value));
+            const QVariant valor = rs.Fields(columna).Value;
+            return valor.isNull() ? QString() : conMascara(ctx, EsNumero(valor));
         };
         filas.push_back({rs.Texto(u"idconceptos"), rs.Texto(u"conceptos"), numero(2), numero(3), numero(4),
                          rs.Texto(u"pgc"), rs.Texto(u"motivo")});

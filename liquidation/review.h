@@ -57,5 +57,6 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
 /// Raises Falla.
 ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno);
 
-/// The stored rows of one item with a total above 0, for the grid. Raises Falla.
+/// The stored rows of one item with a total above 0, for the grid; a percentage or a base that is not there
+/// is empty. Raises Falla.
 std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &interno, const QString &item);

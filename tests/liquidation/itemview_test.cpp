@@ -159,6 +159,14 @@ TEST_P(Vista, AnItemShowsItsStoredRowsWithoutCalculating) {
         << "12.345 % in the 010 row: 137.03, and statistics of 3 %: 33.30";
 }
 
+TEST_P(Vista, ARowWithoutPercentageOrBaseShowsNoneAndOneOfZeroShowsZero) {
+    item(0);
+    item(1);
+    fila(1, "010", {{"total", "60"}});
+    fila(1, "415", {{"porcentaje", "0"}, {"baseimp", "0"}, {"total", "70"}});
+    EXPECT_EQ(comoTexto(ver("1").grilla), "010||||60.00|P|\n415||00.00|00.00|70.00|P|");
+}
+
 TEST_P(Vista, AHandPercentageForcesTheDutyOnlyOnTheScreen) {
     ejecutar(u"update ncm set [028] = '*'"_s, u"NCM"_s);
     GuardarAEC(*ctx, L(clave), u"R"_s);
@@ -340,6 +348,47 @@ TEST_P(Vista, TheCancellationsComeInTheirOrder) {
               "1|1|2|03.000|0.75 1|2|1|02.000|0.75 2|1|1|01.500|0.75");
 }
 
+TEST_P(Vista, TheirPageAlsoListsTheCancellationsOfTheItemsOwnLines) {
+    item(0);
+    item(1);
+    // Line 1 is the root of item 1 and line 2 was folded into it; line 3 belongs to item 2.
+    QStringList ids;
+    for (const char *referencia : {"77", "78", "79"}) {
+        insertar(u"subitems"_s, {{"interno", "'OP1'"}, {"idexportacion", L(referencia)}});
+        ids << valor(u"select max(id) as m from subitems"_s);
+    }
+    insertar(u"groupsubitems"_s, {{"interno", "'OP1'"}, {"id", "1"}, {"idsub", ids[0]}});
+    insertar(u"groupsubitems"_s, {{"interno", "'OP1'"}, {"id", "2"}, {"idsub", ids[2]}});
+    insertar(u"idrel"_s, {{"interno", "'OP1'"}, {"idroot", ids[0]}, {"idsub", ids[1]}});
+    for (const auto &[dit, deItem, referencia] :
+         {std::tuple{"'A'", "'1'", "0"}, std::tuple{"'B'", "null", "77"}, std::tuple{"'C'", "null", "78"},
+          std::tuple{"'D'", "null", "79"}, std::tuple{"'E'", "null", "0"}, std::tuple{"'F'", "'2'", "77"}})
+        insertar(
+            u"descargas"_s,
+            {{"interno", "'OP1'"}, {"dit", L(dit)}, {"iditem", L(deItem)}, {"idexportacion", L(referencia)}});
+    calculo = std::make_unique<ClassLiquidacion>(*ctx, L(clave));
+    const auto dits = [this](bool enSuPagina) {
+        QStringList textos;
+        const VistaDeItem v = VerDetalleITEM(*ctx, L(clave), u"1"_s, false, *calculo, {}, enSuPagina);
+        for (const FilaDeCancelacion &c : v.cancelaciones) textos << c.dit;
+        return textos.join(QLatin1Char(' ')).toStdString();
+    };
+    EXPECT_EQ(dits(false), "A");
+    EXPECT_EQ(dits(true), "A B C");
+}
+
+TEST_P(Vista, AnOptionShowsItsCodeAndThePageHoldsWhatASaveWrites) {
+    item(0);
+    item(1, {{"opcionesiva", "'IVAAD1'"}, {"opcionesganancias", "''"}, {"onccaacuerdo", "'AC '"}});
+    const VistaDeItem v = ver("1");
+    EXPECT_EQ(campo(v, "cboOpcionIVA"), "IVAAD1");
+    EXPECT_EQ(campo(v, "cboOpcionesGanancias"), "");
+    EXPECT_EQ(v.datos.value(u"OpcionesIVA"_s).toStdString(), "IVAAD1");
+    EXPECT_EQ(v.datos.value(u"ONCCAAcuerdo"_s).toStdString(), "AC");
+    EXPECT_EQ(v.datos.value(u"Mineria"_s).toStdString(), "N");
+    EXPECT_FALSE(v.datos.contains(u"NCM"_s)) << "shown only";
+}
+
 TEST_P(Vista, TheFieldsShowTheirColumns) {
     insertar(u"pais"_s, {{"id", "'400'"}, {"descripcion", "'FRANCIA'"}}, u"SYSTABLAS"_s);
     insertar(u"pais"_s, {{"id", "'203'"}, {"descripcion", "'BRASIL'"}}, u"SYSTABLAS"_s);
@@ -372,9 +421,10 @@ TEST_P(Vista, TheFieldsShowTheirColumns) {
                                          std::pair{"LbDescPais", "FRANCIA"},
                                          std::pair{"TxtIdproc", "203"},
                                          std::pair{"LbDest", "BRASIL"},
-                                         std::pair{"TxtTotKgNeto", "01.50"},
-                                         std::pair{"TxtKgBruto", "02.00"},
-                                         std::pair{"TxtCantidad", "12.00 07 UNIDAD"},
+                                         std::pair{"TxtTotKgNeto", "1.5"},
+                                         std::pair{"TxtKgBruto", "2"},
+                                         std::pair{"TxtCantidad", "12.00"},
+                                         std::pair{"lbItemCantidadDeclarada", "07 UNIDAD"},
                                          std::pair{"TxtUnidEst", "01"},
                                          std::pair{"txtItComExt", "03.50"},
                                          std::pair{"TxtCOEF", "0.90909"},

@@ -1,0 +1,3 @@
+#include "liquidation/cancellations.h"
+
+const cancelaciones::Enlace *cancelaciones::enlace = nullptr;
