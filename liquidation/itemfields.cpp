@@ -7,6 +7,11 @@ namespace {
 using C = ClaseDeCampo;
 constexpr const char *centavos = "00.00";
 constexpr const char *seisDecimales = "00.000000";
+// The operation's own are the header's.
+constexpr const char *paisEnCaratula =
+    "Si desea establecer un PAIS ORIGEN para todos los item's , debe ingresarlo en Caratula";
+constexpr const char *kilosEnCaratula =
+    "Si desea prorratear Kilos Neto, debe ingresar el valor total en Caratula";
 
 }  // namespace
 
@@ -22,14 +27,20 @@ const std::vector<CampoDeItem> &CamposDeItem() {
          .columna = "estadomerc",
          .nombre = "Estado de la mercadería",
          .clase = C::Codigo,
-         .enCero = true},
+         .enCero = true,
+         .respuestaEnCero = paisEnCaratula},
         // Kilos keep all their decimals: a page that is left is written back.
-        {.control = "TxtTotKgNeto", .columna = "totalkneto", .nombre = "Kilos netos", .clase = C::Numero},
+        {.control = "TxtTotKgNeto",
+         .columna = "totalkneto",
+         .nombre = "Kilos netos",
+         .clase = C::Numero,
+         .respuestaEnCero = kilosEnCaratula},
         {.control = "TxtIdpais",
          .columna = "idpais",
          .nombre = "País de origen",
          .clase = C::Codigo,
-         .enCero = true},
+         .enCero = true,
+         .respuestaEnCero = paisEnCaratula},
         {.control = "OLDTxtInsCons",
          .columna = "insumostemp",
          .nombre = "Insumos temporales",
@@ -53,14 +64,16 @@ const std::vector<CampoDeItem> &CamposDeItem() {
          .clase = C::Numero,
          .mascara = centavos,
          .enCero = true,
-         .vacioEsCero = true},
+         .vacioEsCero = true,
+         .dejaPendiente = true},
         {.control = "txtAjusteDed",
          .columna = "ajusteded",
          .nombre = "Ajuste a deducir",
          .clase = C::Numero,
          .mascara = centavos,
          .enCero = true,
-         .vacioEsCero = true},
+         .vacioEsCero = true,
+         .dejaPendiente = true},
         {.control = "TxtReg",
          .columna = "regalias",
          .nombre = "Regalías",
@@ -109,7 +122,11 @@ const std::vector<CampoDeItem> &CamposDeItem() {
          .columna = "ONCCAMatadero",
          .nombre = "Matadero / Faneador",
          .clase = C::Codigo},
-        {.control = "chkMineria", .columna = "Mineria", .nombre = "Minería", .clase = C::Opcion},
+        {.control = "chkMineria",
+         .columna = "Mineria",
+         .nombre = "Minería",
+         .clase = C::Opcion,
+         .dejaPendiente = true},
         {.control = "cboOpcionIVA",
          .columna = "OpcionesIVA",
          .nombre = "Opción de IVA",

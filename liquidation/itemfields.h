@@ -26,6 +26,8 @@ struct CampoDeItem {
     bool enCero = false;                  ///< saved on the operation's own page too
     const char *mascaraEnCero = nullptr;  ///< on the operation's page, where it is another
     bool vacioEsCero = false;             ///< a number that may be left empty
+    bool dejaPendiente = false;           ///< changed, it asks for the liquidation anew
+    const char *respuestaEnCero = "";     ///< what the operation's page answers in place of the change
 };
 
 /// Every field; those that are saved come first, in the order of the save.

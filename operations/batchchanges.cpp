@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <algorithm>
 
+#include "assembly/kilosbyitem.h"
+#include "frame/base/numbers.h"
 #include "header/packages.h"
 #include "header/transportagents.h"
 #include "liquidation/conceptedit.h"
@@ -17,6 +19,8 @@ using namespace Qt::StringLiterals;
 namespace lote {
 
 namespace {
+
+using L = QLatin1String;
 
 // What the files may hold
 
@@ -35,7 +39,7 @@ const std::vector<Miembro> &miembrosDeItem() {
     static const std::vector<Miembro> todos = [] {
         std::vector<Miembro> campos;
         for (const CampoDeItem &c : CamposDeItem())
-            if (c.seGraba) campos.push_back({QLatin1String(c.columna)});
+            if (c.seGraba) campos.push_back({L(c.columna)});
         return std::vector<Miembro>{
             {u"campos"_s, Forma::Objeto, campos, false, true},
             {u"conceptos"_s,
@@ -50,6 +54,8 @@ const std::vector<Miembro> &miembrosDeItem() {
                {{u"id"_s, Forma::Valor, {}, true}, {u"valor"_s, Forma::Valor, {}, true}}},
               {u"eliminar"_s, Forma::Textos}}},
             {u"ventajas"_s, Forma::Objeto, {{u"agregar"_s, Forma::Textos}, {u"eliminar"_s, Forma::Textos}}},
+            {u"kilos"_s},
+            {u"kilosPorGrupos"_s},
         };
     }();
     return todos;
@@ -74,11 +80,9 @@ struct ItemEnMano {
     QString item;
     ClassLiquidacion calculo;
 
-    QJsonObject parte(const char *nombre) const {
-        return t.orden.cambios.value(QLatin1String(nombre)).toObject();
-    }
+    QJsonObject parte(const char *nombre) const { return t.orden.cambios.value(L(nombre)).toObject(); }
     QString texto(const QJsonObject &objeto, const char *nombre) const {
-        return TextoDeValor(objeto.value(QLatin1String(nombre)), ctx.SeparadorDecimal);
+        return TextoDeValor(objeto.value(L(nombre)), ctx.SeparadorDecimal);
     }
     /// A refusal in one sentence.
     bool negar(const QString &sentencia) const {
@@ -90,6 +94,18 @@ struct ItemEnMano {
 /// Whether one of the rows has the code.
 bool hay(const std::vector<ExtraDeItem> &filas, const QString &id) {
     return std::any_of(filas.begin(), filas.end(), [&id](const ExtraDeItem &f) { return f.id == id; });
+}
+
+bool cambiarKilos(ItemEnMano &m) {
+    const QJsonObject &cambios = m.t.orden.cambios;
+    const QString kilos = m.texto(cambios, "kilos");
+    if (!kilos.isEmpty() && !ProrratearKilos(m.ctx, m.interno, m.item, kilos).ok) return false;
+    const QString porGrupos = m.texto(cambios, "kilosPorGrupos");
+    if (porGrupos.isEmpty()) return true;
+    if (m.item != "0"_L1)
+        return m.negar(u"Los kilos por grupos son los de toda la operación; pídalos en el item 0."_s);
+    if (!numeros::esNumerico(porGrupos)) return m.negar(u"Debe ingresar un valor númerico"_s);
+    return Prorratear_ItemCeroEx(m.ctx, m.interno, numeros::aNumero(porGrupos));
 }
 
 bool cambiarInformacion(ItemEnMano &m) {
@@ -128,7 +144,7 @@ void editarConcepto(const ItemEnMano &m, const QJsonObject &fila, ConceptoEditad
         {"pgc", &ConceptoEditado::pgc},
         {"motivo", &ConceptoEditado::motivo}};
     for (const auto &[nombre, miembro] : miembros)
-        if (fila.contains(QLatin1String(nombre))) c.*miembro = m.texto(fila, nombre);
+        if (fila.contains(L(nombre))) c.*miembro = m.texto(fila, nombre);
     // The total follows the other two unless it is told.
     if (fila.contains("porcentaje"_L1) || fila.contains("base"_L1))
         c.total = TotalDeConcepto(m.ctx, c.porcentaje, c.base);
@@ -185,6 +201,22 @@ bool cambiarConceptos(ItemEnMano &m) {
     return cada("modificar"_L1, modificarConcepto) && cada("agregar"_L1, agregarConcepto);
 }
 
+/// A field as the page takes it; false when the page does not.
+bool cambiarCampo(const ItemEnMano &m, const CampoDeItem &campo, const QString &texto, DatosDeItem &datos) {
+    const bool cero = m.item == "0"_L1;
+    if (cero && *campo.respuestaEnCero != '\0') return m.negar(QString::fromUtf8(campo.respuestaEnCero));
+    if (cero && !campo.enCero)
+        return m.negar(u"\"%1\" no se cambia en el item 0; cámbielo en cada item."_s.arg(
+            QString::fromUtf8(campo.nombre)));
+    QString &dato = datos[L(campo.columna)];
+    if (dato == texto) return true;
+    dato = texto;
+    if (campo.dejaPendiente) m.ctx.LiquidacionPendiente = true;
+    if (L(campo.columna) == "lista"_L1 && !cero && !texto.isEmpty())
+        MarcarListaTipeada(m.ctx, m.interno, m.item);
+    return true;
+}
+
 bool cambiarCampos(ItemEnMano &m) {
     const QJsonObject parte = m.parte("campos");
     if (parte.isEmpty()) return true;
@@ -192,8 +224,9 @@ bool cambiarCampos(ItemEnMano &m) {
     if (!vista.cargada) return false;
     DatosDeItem datos = vista.datos;
     for (auto c = parte.constBegin(); c != parte.constEnd(); ++c)
-        datos[QLatin1String(CampoDeColumna(c.key())->columna)] =
-            TextoDeValor(c.value(), m.ctx.SeparadorDecimal);
+        if (!cambiarCampo(m, *CampoDeColumna(c.key()), TextoDeValor(c.value(), m.ctx.SeparadorDecimal),
+                          datos))
+            return false;
     return GrabarItem(m.ctx, m.interno, m.item, datos, m.calculo).ok;
 }
 
@@ -212,7 +245,7 @@ int cambiarTomado(const Trabajo &t) {
     ItemEnMano m{t, ctx, interno, item, ClassLiquidacion(ctx, interno)};
     bool hecho = true;
     for (bool (*cambiar)(ItemEnMano &) :
-         {cambiarInformacion, cambiarVentajas, cambiarConceptos, cambiarCampos})
+         {cambiarKilos, cambiarInformacion, cambiarVentajas, cambiarConceptos, cambiarCampos})
         hecho = hecho && cambiar(m);
     // Who leaves the items has passed by the operation's page.
     if (ctx.LiquidacionPendiente) DecirLiquidacion(t, RecalcularOperacion(ctx, interno, m.calculo));
