@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QJsonDocument>
+#include <QFile>
 
+#include "header/packages.h"
+#include "liquidation/itemfields.h"
 #include "tests/lote/corrida.h"
 #include "tests/support/tienda.h"
 
@@ -253,6 +255,18 @@ TEST_P(Cambios, AnExpiryThatHasPassedIsRefused) {
     EXPECT_EQ(c.estado, 1);
     EXPECT_EQ(c.textos(), QStringList(u"La fecha Vencimiento de Embarque debe ser superior a la del día."_s));
     EXPECT_EQ(bultos(R"({"campos":{"cuittrans":"30500000012"}})").estado, 1) << "its check digit is another";
+}
+
+TEST(CambiosEnElDocumento, NamesEveryColumnThatCanBeChanged) {
+    QFile archivo(CarpetaDeFuentes() + "/docs/lote.md"_L1);
+    ASSERT_TRUE(archivo.open(QIODevice::ReadOnly));
+    const QString texto = QString::fromUtf8(archivo.readAll());
+    const auto nombrada = [&texto](const QString &columna) {
+        EXPECT_TRUE(texto.contains(QLatin1Char('`') + columna + QLatin1Char('`'))) << columna.toStdString();
+    };
+    for (const CampoDeItem &c : CamposDeItem())
+        if (c.seGraba) nombrada(QString::fromLatin1(c.columna).toLower());
+    for (const CampoDeBultos &c : CamposDeBultos()) nombrada(c.columna);
 }
 
 }  // namespace
