@@ -230,14 +230,14 @@ struct RepartoPorItems {
         dar(iditem, Centavos(kilos + diferencia));
     }
     /// The first item above the difference takes it. One that it would leave without kilos, and none above
-    /// it: then the heaviest ones, as far as they have.
-    void ajustar(double kilos) {
+    /// it: then the heaviest ones, as far as they have. False when nobody takes it.
+    bool ajustar(double kilos) {
         double resta = Centavos(kilos - r.numero("select sum(totalkneto) as totalk "
                                                  "from item "
                                                  "where id>0 and interno = "_L1 +
                                                      r.clave(),
                                                  u"totalk"));
-        if (resta == 0) return;
+        if (resta == 0) return true;
         Recordset rs;
         if (r.consultar(u"select top 1 id,totalkneto "
                         "from item "
@@ -246,7 +246,7 @@ struct RepartoPorItems {
                         rs) &&
             Centavos(rs.Numero(u"totalkneto") + resta) > 0) {
             tomar(rs.Fields(u"id").Value.toLongLong(), rs.Numero(u"totalkneto"), resta);
-            return;
+            return true;
         }
         r.consultar(
             u"select id,totalkneto "
@@ -257,10 +257,11 @@ struct RepartoPorItems {
         for (; !rs.Eof() && resta != 0; rs.MoveNext()) {
             const double suyos = Centavos(rs.Numero(u"totalkneto"));
             const double toma = std::max(resta, -suyos);
-            if (toma == 0) return;
+            if (toma == 0) return false;
             tomar(rs.Fields(u"id").Value.toLongLong(), suyos, toma);
             resta = Centavos(resta - toma);
         }
+        return resta == 0;
     }
 };
 
@@ -309,7 +310,10 @@ bool Prorratear_ItemCero(AppContext &ctx, const QString &interno, double kilos) 
             u"Los items sin kilos no tienen FOB por el cual prorratear; cargue los kilos en cada item."_s);
         return false;
     }
-    reparto.ajustar(total);
+    if (!reparto.ajustar(total)) {
+        ctx.dialogos.advertir(u"La operación no tiene items; ármela para prorratear los kilos."_s);
+        return false;
+    }
     r.ejecutar(
         u"update item set totalkneto = %1 "
         "where id = 0 and interno = %2"_s.arg(SqlNumber(ctx, total), r.clave()));

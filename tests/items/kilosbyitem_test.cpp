@@ -299,6 +299,13 @@ TEST_P(KilosPorItem, ItemsWithoutFobCannotShareAndNothingChanges) {
     EXPECT_EQ(netos(), "0|0\n1|5\n2|0");
 }
 
+TEST_P(KilosPorItem, AnOperationWithoutItemsHasNobodyToTakeThem) {
+    itemCero();
+    EXPECT_FALSE(cero(20));
+    EXPECT_EQ(mensajes(), "La operación no tiene items; ármela para prorratear los kilos.");
+    EXPECT_EQ(netos(), "0|0");
+}
+
 TEST_P(KilosPorItem, ThatTheSubitemsHaveNoFieldIsToldOnceForTheWholeDeclaration) {
     for (const int id : {1, 2}) {
         grupos(id, u"0/1"_s, u"07"_s);

@@ -69,6 +69,12 @@ TEST_P(KilosPedidos, EqualToTheGivenKilosTheHeaviestPaysTheFloor) {
     EXPECT_EQ(kilos(), "4.98 0.01 0.01");
 }
 
+TEST_P(KilosPedidos, AGroupWithoutFobFallsToTheFloor) {
+    grupos(1, u"0/0 0/100"_s);
+    EXPECT_TRUE(porGrupos(10));
+    EXPECT_EQ(kilos(), "0.01 9.99");
+}
+
 TEST_P(KilosPedidos, AResidualThatFitsNowhereIsToldAndTheItemsStayUnwritten) {
     // 0.04 / 10 shows as 0.00: ten groups of 0.01 are 0.06 above the target.
     grupos(1, u"0/1 0/1 0/1 0/1 0/1 0/1 0/1 0/1 0/1 0/1"_s);
