@@ -68,18 +68,19 @@ class RondaAMano : public OperacionDePrueba {
 };
 EN_AMBOS_STORES(RondaAMano);
 
-ConceptoEditado derechos(const char *porcentaje, const char *base, const char *total) {
+ConceptoEditado derechosAMano(const char *porcentaje, const char *base, const char *total) {
     return {
         u"010"_s, u"DERECHOS"_s, u"P"_s, QLatin1String(porcentaje), QLatin1String(base), QLatin1String(total),
         {}};
 }
-ConceptoEditado otro(const char *codigo, const char *porcentaje, const char *base, const char *total) {
-    ConceptoEditado c = derechos(porcentaje, base, total);
+ConceptoEditado otroConcepto(const char *codigo, const char *porcentaje, const char *base,
+                             const char *total) {
+    ConceptoEditado c = derechosAMano(porcentaje, base, total);
     c.codigo = QLatin1String(codigo);
     c.descripcion = u"OTRO"_s;
     return c;
 }
-ConceptoEditado garantizado(ConceptoEditado c) {
+ConceptoEditado garantizadoAMano(ConceptoEditado c) {
     c.pgc = u"G"_s;
     c.motivo = u"01"_s;
     return c;
@@ -107,7 +108,7 @@ const Ronda rondas[] = {
     // 12 % of 1110 is 133.20; it enters the IVA base: 1110 + 133.20 + 22.20 = 1265.40, of which 21 % are
     // 265.734 and 3 % 37.962.
     {"a percentage stays on its base, and what hangs on it goes with it",
-     [](RondaAMano &r) { r.cambiar("010", derechos("12", "1110", "133,20")); },
+     [](RondaAMano &r) { r.cambiar("010", derechosAMano("12", "1110", "133,20")); },
      "010|12|1110|133.2|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -118,7 +119,7 @@ const Ronda rondas[] = {
 
     // 5 % of 1110 is 55.50; IVA base 1110 + 111 + 55.50 = 1276.50: 268.065 and 38.295, halves away from zero.
     {"the statistics rate as well",
-     [](RondaAMano &r) { r.cambiar("011", otro("011", "5", "1110", "55,50")); },
+     [](RondaAMano &r) { r.cambiar("011", otroConcepto("011", "5", "1110", "55,50")); },
      "010|10|1110|111|P\n"
      "011|5|1110|55.5|P\n"
      "032|0|0|0|P\n"
@@ -128,7 +129,7 @@ const Ronda rondas[] = {
      482.87, 0},
 
     {"a base stays with its percentage",
-     [](RondaAMano &r) { r.cambiar("415", otro("415", "21", "500", "105")); },
+     [](RondaAMano &r) { r.cambiar("415", otroConcepto("415", "21", "500", "105")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -139,7 +140,7 @@ const Ronda rondas[] = {
 
     // 3 % of 1000, whatever was typed beside it.
     {"a total typed by hand gives way to its percentage and base",
-     [](RondaAMano &r) { r.cambiar("424", otro("424", "3", "1000", "99")); },
+     [](RondaAMano &r) { r.cambiar("424", otroConcepto("424", "3", "1000", "99")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -149,7 +150,7 @@ const Ronda rondas[] = {
      434.27, 0},
 
     {"a total over a percentage of 0 goes back to the rates",
-     [](RondaAMano &r) { r.cambiar("010", derechos("0", "500", "70")); },
+     [](RondaAMano &r) { r.cambiar("010", derechosAMano("0", "500", "70")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -159,7 +160,7 @@ const Ronda rondas[] = {
      441.57, 0},
 
     {"but income tax takes the 0 as its rate",
-     [](RondaAMano &r) { r.cambiar("424", otro("424", "0", "0", "99")); },
+     [](RondaAMano &r) { r.cambiar("424", otroConcepto("424", "0", "0", "99")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -170,7 +171,7 @@ const Ronda rondas[] = {
 
     // The duty of 222.00 stays fixed with its obligation: 1110 + 222 + 22.20 = 1354.20, 284.382 and 40.626.
     {"an obligation moves its amount to what is guaranteed",
-     [](RondaAMano &r) { r.cambiar("010", garantizado(derechos("20", "1110", "222"))); },
+     [](RondaAMano &r) { r.cambiar("010", garantizadoAMano(derechosAMano("20", "1110", "222"))); },
      "010|20|1110|222|G\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -182,7 +183,7 @@ const Ronda rondas[] = {
     // Neither duty nor statistics: 21 % and 3 % of 1110.
     {"the list MERCOSUR takes the duty away, fixed or not",
      [](RondaAMano &r) {
-         r.cambiar("010", derechos("12", "1110", "133,20"));
+         r.cambiar("010", derechosAMano("12", "1110", "133,20"));
          r.lista("MERCOSUR");
      },
      "010|0|0|0|P\n"
@@ -195,7 +196,7 @@ const Ronda rondas[] = {
 
     {"MERCOSUR and back: what it zeroed follows the rates",
      [](RondaAMano &r) {
-         r.cambiar("010", derechos("12", "1110", "133,20"));
+         r.cambiar("010", derechosAMano("12", "1110", "133,20"));
          r.lista("MERCOSUR");
          r.lista("");
      },
@@ -211,7 +212,7 @@ const Ronda rondas[] = {
     {"a percentage typed under MERCOSUR stays when the list goes back",
      [](RondaAMano &r) {
          r.lista("MERCOSUR");
-         r.cambiar("010", derechos("15", "1110", "166,50"));
+         r.cambiar("010", derechosAMano("15", "1110", "166,50"));
          r.lista("");
      },
      "010|15|1110|166.5|P\n"
@@ -240,7 +241,7 @@ const Ronda rondas[] = {
     // 1 % of 1110 in place of duty and statistics: IVA base 1121.10, 235.431 and 33.633.
     {"the mining box outranks a duty fixed by hand",
      [](RondaAMano &r) {
-         r.cambiar("010", derechos("12", "1110", "133,20"));
+         r.cambiar("010", derechosAMano("12", "1110", "133,20"));
          r.mineria(true);
      },
      "010|0|0|0|P\n"
@@ -279,7 +280,7 @@ const Ronda rondas[] = {
     // 1000 + 120 + 20 = 1140, 239.40 and 34.20.
     {"an adjustment that is deducted leaves the base fixed by hand",
      [](RondaAMano &r) {
-         r.cambiar("010", derechos("12", "1110", "133,20"));
+         r.cambiar("010", derechosAMano("12", "1110", "133,20"));
          r.ajustes("0", "110");
      },
      "010|12|1110|133.2|P\n"
@@ -292,7 +293,7 @@ const Ronda rondas[] = {
 
     // 5 % of 300.
     {"a concept that was added stays on its own figures",
-     [](RondaAMano &r) { r.agregar(garantizado(otro("065", "5", "300", "15"))); },
+     [](RondaAMano &r) { r.agregar(garantizadoAMano(otroConcepto("065", "5", "300", "15"))); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -302,7 +303,7 @@ const Ronda rondas[] = {
      "500|0|0|0|P",
      441.57, 15},
 
-    {"a fixed fee is what it is", [](RondaAMano &r) { r.agregar(otro("520", "10", "500", "50")); },
+    {"a fixed fee is what it is", [](RondaAMano &r) { r.agregar(otroConcepto("520", "10", "500", "50")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -316,7 +317,7 @@ const Ronda rondas[] = {
     // 10.5 % of 1243.20 is 130.536.
     {"additional IVA by hand holds for reduced goods too",
      [](RondaAMano &r) {
-         r.agregar(otro("422", "20", "1000", "200"));
+         r.agregar(otroConcepto("422", "20", "1000", "200"));
          Ejecutar(Contexto(), u"NCM"_s, u"update ncm set [048] = '1'"_s);
      },
      "010|10|1110|111|P\n"
@@ -332,7 +333,7 @@ const Ronda rondas[] = {
     {"an additional rate by hand enters the IVA base of an IC81",
      [](RondaAMano &r) {
          r.regimen("IC81");
-         r.agregar(otro("016", "10", "1110", "111"));
+         r.agregar(otroConcepto("016", "10", "1110", "111"));
      },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
@@ -343,7 +344,8 @@ const Ronda rondas[] = {
      "500|0|0|0|P",
      579.21, 0},
 
-    {"elsewhere it is a row like another", [](RondaAMano &r) { r.agregar(otro("016", "10", "1110", "111")); },
+    {"elsewhere it is a row like another",
+     [](RondaAMano &r) { r.agregar(otroConcepto("016", "10", "1110", "111")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "016|10|1110|111|P\n"
@@ -363,7 +365,7 @@ const Ronda rondas[] = {
      414.04, 0},
 
     {"a row that was made another concept's runs as that one",
-     [](RondaAMano &r) { r.cambiar("424", otro("900", "2,5", "1000", "25")); },
+     [](RondaAMano &r) { r.cambiar("424", otroConcepto("900", "2,5", "1000", "25")); },
      "010|10|1110|111|P\n"
      "011|2|1110|22.2|P\n"
      "032|0|0|0|P\n"
@@ -394,11 +396,11 @@ TEST_P(RondaAMano, WhatTheHandFixedStaysAndTheRestFollowsTheRates) {
 
 TEST_P(RondaAMano, AReasonStaysWithItsObligation) {
     empezar();
-    cambiar("010", garantizado(derechos("20", "1110", "222")));
+    cambiar("010", garantizadoAMano(derechosAMano("20", "1110", "222")));
     recalcular(true);
     EXPECT_EQ(f("select pgc,motivo from itemliq where idconceptos = '010'"), "G|01");
     EXPECT_EQ(f("select valor,pgc from liqcero where idconcepto = '010'"), "222|G");
-    cambiar("010", derechos("20", "1110", "222"));
+    cambiar("010", derechosAMano("20", "1110", "222"));
     recalcular(true);
     EXPECT_EQ(f("select pgc,motivo from itemliq where idconceptos = '010'"), "P|");
     EXPECT_EQ(f("select valor,pgc from liqcero where idconcepto = '010'"), "222|P");
@@ -408,7 +410,7 @@ TEST_P(RondaAMano, AddingAConceptWhoseRowStandsAtZeroFixesThatRow) {
     empezar();
     recalcular(true);
     EXPECT_EQ(f("select total,valor from itemliq where idconceptos = '032'"), "0|0");
-    agregar(otro("032", "4", "200", "8"));
+    agregar(otroConcepto("032", "4", "200", "8"));
     EXPECT_EQ(f("select count(*) from itemliq where idconceptos = '032'"), "1");
     EXPECT_EQ(f("select porcentaje,baseimp,total,valor from itemliq where idconceptos = '032'"), "4|200|8|1");
     // Without the mining box the concept answers 0 whatever its row holds.
