@@ -147,7 +147,7 @@ TEST_P(PantallaDeConceptos, EachRefusalKeepsTheScreenWithTheFocusOnItsField) {
         p.ui.cbPGC->setFocus();
         escribir(u"g"_s);
         EXPECT_EQ(p.ui.cbPGC->currentText(), u"G"_s);
-        EXPECT_EQ(p.ui.LbPGC->text(), u"A garantizar"_s);
+        EXPECT_EQ(p.ui.LbPGC->text(), u"Garantizado"_s);
         EXPECT_EQ(aceptar(), p.ui.TxtMotivos);
         EXPECT_EQ(dicho(), "Usted selecionó como Obligacion G, entonces debe seleccionar un MOTIVO");
         escribir(u"01"_s);
