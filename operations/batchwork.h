@@ -21,4 +21,9 @@ struct Trabajo {
 /// Answers what `hacer` answers, `falla` when another workstation holds it, which was told. Raises Falla.
 int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer);
 
+// Commands that stand in files of their own; each answers the exit status and raises Falla.
+
+/// Hands the operation over into the file of --salida, which is replaced when it is there.
+int Transferir(const Trabajo &t);
+
 }  // namespace lote

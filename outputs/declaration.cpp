@@ -10,6 +10,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "header/regime.h"
+#include "subitems/largestposition.h"
 
 using namespace Qt::StringLiterals;
 
@@ -294,6 +295,8 @@ Declaracion LeerDeclaracion(AppContext &ctx, const QString &interno) {
     for (ItemDeclarado &item : d.items) indice.emplace(item.numero, &item);
     for (const Parte que : partesDeItem) leerDeItems(l, que, indice);
     leerCertificados(l, indice);
+    if (EsDeclaracionDJAI(d.caratula.texto("idsubreg")) && !d.items.empty())
+        d.ncmMayorFob = InformarNcmMayorFob(ctx, interno);
     std::stable_sort(d.reparos.begin(), d.reparos.end(),
                      [](const Advertencia &a, const Advertencia &b) { return a.item < b.item; });
     return d;
