@@ -178,6 +178,7 @@ struct TablaDeCodigos {
     const char *nombre;  ///< what a code of it is
 };
 const TablaDeCodigos tablasDeCodigos[] = {
+    {"sta", systablas, "el subrégimen"},
     {"pais", systablas, "el país"},
     {"aduana", systablas, "la aduana"},
     {"condiciondeventa", systablas, "la condición de venta"},
@@ -194,6 +195,7 @@ struct ColumnaConCodigo {
     const char *tabla;
 };
 const ColumnaConCodigo columnasConCodigo[] = {
+    {Parte::Caratula, "idsubreg", "sta"},
     {Parte::Caratula, "idaduana", "aduana"},
     {Parte::Caratula, "idaduanasal", "aduana"},
     {Parte::Caratula, "idcondiciondeventa", "condiciondeventa"},
@@ -225,9 +227,6 @@ QSet<QString> codigosDe(AppContext &ctx, const TablaDeCodigos &t) {
 }
 
 void mirarCodigos(const Mirada &m) {
-    if (!m.d.caratula.texto("idsubreg").isEmpty() && m.d.sentido.isEmpty())
-        m.decir(u"El subrégimen %1 no está en su tabla; corríjalo en la carátula."_s.arg(
-            m.d.caratula.texto("idsubreg")));
     for (const TablaDeCodigos &t : tablasDeCodigos) {
         const QSet<QString> codigos = codigosDe(m.ctx, t);
         if (codigos.isEmpty()) continue;
