@@ -42,6 +42,7 @@
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
+#include "outputs/FrmTransferencia.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
@@ -173,6 +174,11 @@ class Salidas : public EnPantalla {
                                     Pantalla<FrmBultos>().Mostrar(vacia);
                                     CerrarPantalla<FrmBultos>();
                                 }),
+            salidaDe<FrmTransferencia>("FrmTransferencia",
+                                       [] {
+                                           Pantalla<FrmTransferencia>().Mostrar(vacia);
+                                           CerrarPantalla<FrmTransferencia>();
+                                       }),
             salidaDe<FrmLstTrans>("FrmLstTrans",
                                   [] {
                                       QString cuit;

@@ -88,8 +88,6 @@ TEST_P(DocumentoDeDeclaracion, DoesNotDependOnTheOrderThatRowsWereWrittenIn) {
         // Rows that are written again come behind all others.
         ejecutar(u"create table vuelta as select * from "_s + nombre + u" where interno = 'A1'"_s);
         ejecutar(u"delete from "_s + nombre + u" where interno = 'A1'"_s);
-        const bool servidor = ctx->DataManager.getDataConnectionTAG(u"INTERNOS"_s) == "SQL"_L1;
-        Q_UNUSED(servidor);
         QStringList columnas;
         Recordset rs;
         Consultar(*ctx, u"INTERNOS"_s, u"select * from vuelta"_s, rs);
@@ -149,7 +147,7 @@ TEST_P(DocumentoDeDeclaracion, NumbersHaveTheirDecimalsAndNoExponent) {
 }
 
 TEST_P(DocumentoDeDeclaracion, WhatXmlCannotHoldBecomesABlankAndIsTold) {
-    const QString malo = QString(u"a") + QChar(1) + u"b" + QChar(0xFFFE) + u"c\r\nd";
+    const QString malo = u"a%1b%2c\r\nd"_s.arg(QChar(1)).arg(QChar(0xFFFE));
     ejecutar(u"update iteminfo set valor = '%1' where interno = 'A1' and iditem = 2"_s.arg(malo));
     const QByteArray d = documento();
     EXPECT_TRUE(d.contains("<valor>a b c\nd</valor>")) << d.toStdString();

@@ -29,7 +29,7 @@ const CambioDelDocumento cambiosDelDocumento[] = {
     {R"(fob="60.00")", R"(fob="6,00")", "un valor no es de su tipo (línea "},
     {R"(fob="60.00")", R"(fob="6.0e1")", "un valor no es de su tipo (línea "},
     {R"(fechaEmbarque="2026-01-02")", R"(fechaEmbarque="02/01/2026")", "un valor no es de su tipo (línea "},
-    {R"(version="1.0")", R"(version="2.0")", "un valor no tiene la forma que debe (línea "},
+    {R"(version="1.0" i)", R"(version="2.0" i)", "un valor no tiene la forma que debe (línea "},
     {R"(interno="A1")", R"(interno="")", "un dato está vacío (línea "},
     {"<operacion>", "<nuevo/><operacion>", "hay un elemento de más o fuera de su lugar (línea "},
     {R"(moneda="DOL")", R"(moneda="DOL" nuevo="1")", "hay un dato de más (línea "},
