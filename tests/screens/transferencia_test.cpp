@@ -23,6 +23,10 @@ class PantallaDeTransferencia : public EnPantalla {
  protected:
     void SetUp() override {
         EnPantalla::SetUp();
+        ctx->opciones.IVARIN = 21;
+        ctx->opciones.IVARNI = 10.5;
+        // Those linked to articles are the server's alone.
+        ejecutar(u"delete from articulo_ventaja"_s, u"CATALOGOS"_s);
         armar(importacion);
         ctx->ajustes.Guardar(u"ZENDRA"_s, u"TRANSFERENCIA"_s, u"CARPETA"_s, tienda->carpeta());
     }
