@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QStandardPaths>
-#include <array>
 #include <tuple>
 
 #include "frame/base/numbers.h"
@@ -39,16 +38,11 @@ enum ColumnaDeEnvio {
     EnvioSeguro,
     EnvioTributos
 };
-/// Their headings, and how many characters they are wide.
-const std::array<std::pair<const char *, int>, 9> columnasDeEnvio{{{"Item", 6},
-                                                                   {"NCM", 17},
-                                                                   {"País", 6},
-                                                                   {"Cantidad", 13},
-                                                                   {"Kg netos", 13},
-                                                                   {"FOB", 14},
-                                                                   {"Flete", 12},
-                                                                   {"Seguro", 12},
-                                                                   {"Tributos", 14}}};
+constexpr int partesMostradas = 7;
+constexpr int margenDeParte = 7;  ///< pixels around the text of a row
+
+/// Those ahead of the numbers, which share the rest: how many characters they are wide.
+constexpr std::pair<int, int> anchosDeEnvio[] = {{EnvioItem, 9}, {EnvioPosicion, 24}, {EnvioPais, 9}};
 
 /// Where the last transfer went, or the user's documents.
 QString carpetaDeEnvio(const AppContext &ctx) {
@@ -67,16 +61,22 @@ QString valorConMoneda(const QString &importe, const QString &moneda) {
 FrmTransferencia::FrmTransferencia() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
     estilo::PrepararGrilla(ui.GrPartes, {u"Parte"_s, u"Cantidad"_s, u"Total"_s});
-    QStringList titulos;
-    for (const auto &[titulo, ancho] : columnasDeEnvio) titulos << QString::fromUtf8(titulo);
-    estilo::PrepararGrilla(ui.GrItems, titulos);
+    estilo::PrepararGrilla(ui.GrItems, {u"Item"_s, u"NCM"_s, u"País"_s, u"Cantidad"_s, u"Kg netos"_s,
+                                        u"FOB"_s, u"Flete"_s, u"Seguro"_s, u"Tributos"_s});
     const int letra = ui.GrItems->fontMetrics().averageCharWidth();
-    for (int c = 0; c < titulos.size(); ++c)
-        ui.GrItems->setColumnWidth(c, letra * columnasDeEnvio.at(static_cast<std::size_t>(c)).second);
-    ui.GrItems->horizontalHeader()->setStretchLastSection(true);
-    ui.GrPartes->setColumnWidth(0, letra * 16);
-    ui.GrPartes->setColumnWidth(1, letra * 11);
-    ui.GrPartes->horizontalHeader()->setStretchLastSection(true);
+    ui.GrItems->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    for (const auto &[columna, letras] : anchosDeEnvio) {
+        ui.GrItems->horizontalHeader()->setSectionResizeMode(columna, QHeaderView::Interactive);
+        ui.GrItems->setColumnWidth(columna, letra * letras);
+    }
+    ui.GrPartes->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // All parts are seen at once.
+    QHeaderView *filas = ui.GrPartes->verticalHeader();
+    filas->setMinimumSectionSize(0);
+    filas->setDefaultSectionSize(ui.GrPartes->fontMetrics().height() + margenDeParte);
+    ui.GrPartes->setFixedHeight(ui.GrPartes->horizontalHeader()->sizeHint().height() +
+                                filas->defaultSectionSize() * partesMostradas +
+                                2 * ui.GrPartes->frameWidth());
     // A file that is there is asked about where the document is written.
     elegirArchivo = [this](const QString &inicial) {
         return QFileDialog::getSaveFileName(ventana.get(), u"Documento de la declaración"_s, inicial,
@@ -154,10 +154,8 @@ void FrmTransferencia::MostrarPartes(const ResumenDeDeclaracion &r) {
         {u"Ventajas"_s, QString::number(r.ventajas), {}},
         {u"Informaciones"_s, QString::number(r.informaciones), {}},
         {u"Cancelaciones"_s, QString::number(r.cancelaciones), {}},
-        {u"Bultos (kg)"_s, bultos.texto("bulnro"), conDosDecimales(bultos.numero("bulpes"))},
-        {u"A pagar"_s, {}, conDosDecimales(r.aPagar)},
-        {u"A garantizar"_s, {}, conDosDecimales(r.aGarantizar)},
-        {u"A cobrar"_s, {}, conDosDecimales(r.aCobrar)}};
+        {u"Bultos (kg)"_s, bultos.texto("bulnro"), conDosDecimales(bultos.numero("bulpes"))}};
+    static_assert(std::size(filas) == partesMostradas);
     ui.GrPartes->setRowCount(static_cast<int>(std::size(filas)));
     int fila = 0;
     for (const auto &[parte, cantidad, total] : filas) {
@@ -165,7 +163,9 @@ void FrmTransferencia::MostrarPartes(const ResumenDeDeclaracion &r) {
         estilo::PonerCelda(ui.GrPartes, fila, 1, cantidad, true);
         estilo::PonerCelda(ui.GrPartes, fila++, 2, total, true);
     }
-    ui.GrPartes->setCurrentCell(0, 0);
+    ui.LbAPagar->setText(conDosDecimales(r.aPagar));
+    ui.LbAGarantizar->setText(conDosDecimales(r.aGarantizar));
+    ui.LbACobrar->setText(conDosDecimales(r.aCobrar));
     ui.LbPie->setText(
         u"Items  %1   ·   Kg netos  %2   ·   FOB  %3   ·   Flete  %4   ·   Seguro  %5   ·   "
         "Tributos  %6"_s.arg(QString::number(r.items), conDosDecimales(r.kilosNetos), conDosDecimales(r.fob),

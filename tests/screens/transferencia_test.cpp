@@ -86,7 +86,9 @@ TEST_P(PantallaDeTransferencia, ShowsTheHeaderTheCountsAndTheItemsToCheckByEye) 
         EXPECT_EQ(fila(p.ui.GrPartes, 2), "Tributos|104|22105,85");
         EXPECT_EQ(fila(p.ui.GrPartes, 3), "Ventajas|10|");
         EXPECT_EQ(fila(p.ui.GrPartes, 6), "Bultos (kg)|14|2908,22");
-        EXPECT_EQ(fila(p.ui.GrPartes, 7), "A pagar||22115,85");
+        EXPECT_EQ(p.ui.LbAPagar->text(), u"22115,85"_s);
+        EXPECT_EQ(p.ui.LbAGarantizar->text(), u"00,00"_s);
+        EXPECT_EQ(p.ui.LbACobrar->text(), u"00,00"_s);
         ASSERT_EQ(p.ui.GrItems->rowCount(), 19);
         EXPECT_EQ(p.ui.GrItems->item(0, 0)->text(), u"1"_s);
         EXPECT_EQ(p.ui.LbPie->text(),
