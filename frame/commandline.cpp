@@ -100,14 +100,22 @@ QString seccionDeOpciones(const QString &titulo, const std::vector<Opcion> &opci
     return seccion(titulo, renglones);
 }
 
-/// What has to come, in the order it is written: "--perfil ARCHIVO armar CLAVE [opciones]".
+/// The options that have to come, each behind a blank.
+QString obligatorias(const std::vector<Opcion> &opciones) {
+    QString todas;
+    for (const Opcion &o : opciones)
+        if (o.obligatoria) todas += u" "_s + conValor(o);
+    return todas;
+}
+
+/// What has to come, in the order it is written: "--perfil ARCHIVO armar CLAVE [opciones]", a command's own
+/// behind its arguments.
 QString usoDe(const Programa &p, const Comando *c) {
-    QString uso = t(p.nombre);
-    for (const Opcion &o : opcionesDe(p, c))
-        if (o.obligatoria) uso += u" "_s + conValor(o);
+    QString uso = t(p.nombre) + obligatorias(p.opciones);
     if (c != nullptr) {
         uso += u" "_s + t(c->nombre);
         for (const Argumento &a : c->argumentos) uso += u" "_s + t(a.nombre);
+        uso += obligatorias(c->opciones);
     } else if (!p.comandos.empty()) {
         uso += u" COMANDO"_s;
     }

@@ -15,6 +15,7 @@
 #include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/handover.h"
+#include "outputs/FrmTransferencia.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
 
@@ -273,7 +274,12 @@ void FrmDetalleInterno::CmdSubItems_Click() {
 }
 
 void FrmDetalleInterno::CmdTransMaria_Click() {
-    TransferirAlMaria(Contexto(), interno_);
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] {
+        if (!ConfirmarTransferencia(ctx, interno_)) return;
+        Pantalla<FrmTransferencia>().Mostrar(interno_);
+        CerrarPantalla<FrmTransferencia>();
+    });
     VerDatos();
 }
 

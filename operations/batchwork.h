@@ -51,4 +51,9 @@ int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer);
 /// Puts the totals of a recalculation into the result, amounts with two decimals.
 void DecirLiquidacion(const Trabajo &t, const ResultadoRecalculo &r);
 
+// Commands that stand in files of their own; each answers the exit status and raises Falla.
+
+/// Hands the operation over into the file of --salida, which is replaced when it is there.
+int Transferir(const Trabajo &t);
+
 }  // namespace lote

@@ -46,6 +46,7 @@
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
+#include "outputs/FrmTransferencia.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
@@ -187,6 +188,11 @@ class Salidas : public EnPantalla {
                                     Pantalla<FrmProrKg>().Mostrar(vacia, u"0"_s, {});
                                     CerrarPantalla<FrmProrKg>();
                                 }),
+            salidaDe<FrmTransferencia>("FrmTransferencia",
+                                       [] {
+                                           Pantalla<FrmTransferencia>().Mostrar(vacia);
+                                           CerrarPantalla<FrmTransferencia>();
+                                       }),
             salidaDe<FrmLstTrans>("FrmLstTrans",
                                   [] {
                                       QString cuit;

@@ -1,0 +1,81 @@
+#include "outputs/transfer.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSaveFile>
+#include <algorithm>
+
+#include "frame/base/failure.h"
+#include "outputs/declarationchecks.h"
+#include "outputs/declarationxml.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What system or another cannot have in the name of a file.
+bool vedadoEnNombres(QChar c) {
+    return c < u' ' || u"\\/:*?\"<>|"_s.contains(c);
+}
+
+QString rechazo(const QString &que) {
+    return u"No se escribió el documento: %1."_s.arg(que);
+}
+
+}  // namespace
+
+Transferencia PrepararTransferencia(AppContext &ctx, const QString &interno) {
+    Transferencia t;
+    t.declaracion = LeerDeclaracion(ctx, interno);
+    t.advertencias = ControlarDeclaracion(ctx, t.declaracion);
+    return t;
+}
+
+QString NombreDeArchivo(const QString &interno) {
+    QString nombre = interno;
+    std::replace_if(nombre.begin(), nombre.end(), vedadoEnNombres, u'_');
+    // A blank or a point at the end is dropped by some systems, and ahead it hides the file on others.
+    while (nombre.endsWith(u' ') || nombre.endsWith(u'.')) nombre.chop(1);
+    if (nombre.startsWith(u'.') || nombre.isEmpty()) nombre.prepend(u'_');
+    return nombre + u".xml"_s;
+}
+
+DocumentoEscrito EscribirTransferencia(const Declaracion &declaracion, const QString &archivo) {
+    DocumentoEscrito r;
+    r.archivo = QFileInfo(archivo).absoluteFilePath();
+    const QString ruta = QDir::toNativeSeparators(r.archivo);
+    QString defecto;
+    QByteArray documento;
+    try {
+        documento = DocumentoDe(declaracion);
+        defecto = DefectoDelDocumento(documento);
+    } catch (const Falla &e) {
+        r.aviso = e.descripcion;
+        return r;
+    }
+    if (!defecto.isEmpty()) {
+        r.aviso =
+            u"No se escribió el documento, porque no cumple su forma: %1; corrija el dato y "
+            "vuelva a transferir."_s.arg(defecto);
+        return r;
+    }
+    if (QFileInfo(r.archivo).isDir()) {
+        r.aviso = rechazo(u"%1 es una carpeta, elija un archivo"_s.arg(ruta));
+        return r;
+    }
+    QSaveFile destino(r.archivo);
+    // Without this a folder that takes no new file would have the old one overwritten in place.
+    destino.setDirectWriteFallback(false);
+    if (!destino.open(QIODevice::WriteOnly) || destino.write(documento) != documento.size() ||
+        !destino.commit()) {
+        r.aviso = rechazo(
+            u"no se puede escribir en %1, revise que la carpeta exista, los permisos y el espacio"_s.arg(
+                ruta));
+        return r;
+    }
+    r.hecho = true;
+    r.bytes = documento.size();
+    r.aviso = u"Se escribió la declaración en %1 (%2 bytes)."_s.arg(ruta).arg(r.bytes);
+    return r;
+}
