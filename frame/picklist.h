@@ -54,6 +54,12 @@ struct EstadoDeLista {
 /// whatever the case and the accents; the row in hand itself when no later one does; -1 when nothing matches.
 int BuscarCadena(const QStringList &columna, const QString &buscado, int actual);
 
+/// A row of the general list.
+struct FilaDeListado {
+    QString id;
+    QString descripcion;
+};
+
 struct AppContext;
 /// The toolbar of FrmListadoeX: asks for the text to be found in the column of codes or of descriptions and
 /// searches from the row in hand. The row to be chosen, or -1: the user left or nothing matches ("Cadena no

@@ -2,8 +2,11 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QScreen>
+#include <algorithm>
 
 #include "frame/context.h"
+#include "frame/ui/Pantalla.h"
 #include "frame/ui/ventana.h"
 
 using namespace Qt::StringLiterals;
@@ -47,8 +50,20 @@ void FrmListadoeX::Cargar(const QString &titulo, const std::vector<FilaDeListado
     ui.Lst->setFocus();
 }
 
-QString FrmListadoeX::Elegir(const QString &titulo, const std::vector<FilaDeListado> &filas) {
+void FrmListadoeX::Colocar(QPoint lugar) {
+    const QWidget *marco = pantallas::marco();
+    if (marco != nullptr) lugar += marco->geometry().topLeft();
+    ventana->adjustSize();
+    const QRect pantalla = ventana->screen()->availableGeometry();
+    const QPoint ultimo = pantalla.bottomRight() - QPoint(ventana->width(), ventana->height());
+    ventana->move(std::max(pantalla.left(), std::min(lugar.x(), ultimo.x())),
+                  std::max(pantalla.top(), std::min(lugar.y(), ultimo.y())));
+}
+
+QString FrmListadoeX::Elegir(const QString &titulo, const std::vector<FilaDeListado> &filas,
+                             std::optional<QPoint> lugar) {
     Cargar(titulo, filas);
+    if (lugar) Colocar(*lugar);
     if (ventana->exec() != QDialog::Accepted || lista_.Actual() < 0) return {};
     return filas_.at(static_cast<std::size_t>(lista_.Actual())).id;
 }

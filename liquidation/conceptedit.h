@@ -42,3 +42,9 @@ Veredicto PF_Modificar(AppContext &ctx, const QString &interno, const QString &i
 /// Removes the item's row of a concept, which leaves the liquidation pending; false when there was none.
 /// Raises Falla.
 bool EliminarConcepto(AppContext &ctx, const QString &interno, const QString &item, const QString &codigo);
+
+/// The reasons behind F6 (the code table MOTIVOS): true when `codigo` took one. Any obligation but "G" is
+/// told that it takes none, and no list opens.
+bool ElegirMotivo(AppContext &ctx, const QString &pgc, QString &codigo);
+/// The reason's words; empty for a text that is no code of the table. Raises Falla.
+QString DescripcionDeMotivo(AppContext &ctx, const QString &codigo);

@@ -196,7 +196,7 @@ void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &est
                        .numero("porcentaje", d.porcentaje)
                        .numero("total", d.total)
                        .codigo("pgc", d.pgc)
-                       .codigo("motivo", d.motivo)
+                       .texto("motivo", d.motivo)
                        .actualizar(u"itemliq"_s, "interno = "_L1 + EnComillas(k.interno) +
                                                      "   and iditem = "_L1 + d.iditem +
                                                      "  and idconceptos = "_L1 + EnComillas(d.concepto)));

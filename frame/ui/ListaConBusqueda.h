@@ -11,6 +11,7 @@
 
 class QKeyEvent;
 class QLineEdit;
+class QTableView;
 class QTableWidget;
 
 /// A grid of whole rows with a search box over some of its columns. The boxes keep the keyboard while one
@@ -35,6 +36,9 @@ class ListaConBusqueda {
     /// Binds the grid and its boxes. The widgets must outlive the events, not this object's construction.
     void Preparar(QTableWidget *grilla, const QStringList &columnas, std::vector<Caja> cajas,
                   Acciones acciones);
+    /// The same for a long list: a view over a model of its own, where no cell is made for a row that is not
+    /// seen.
+    void Preparar(QTableView *vista, const QStringList &columnas, std::vector<Caja> cajas, Acciones acciones);
     /// Replaces the rows and empties the boxes; `actual` is the row in hand, -1 for none.
     void Cargar(const std::vector<QStringList> &filas, int actual = 0);
     /// The row in hand, or -1.
@@ -42,13 +46,16 @@ class ListaConBusqueda {
     void Seleccionar(int fila);
 
  private:
+    void vincular(QTableView *vista, std::vector<Caja> cajas, Acciones acciones);
+    int filas() const;
     bool teclaDeLista(QKeyEvent *tecla);
     bool teclaDeCaja(std::size_t cual, QKeyEvent *tecla);
     bool teclaDeGrilla(QKeyEvent *tecla);
     bool hacer(const std::function<void()> &accion, bool conFila);
     int filasPorPagina() const;
 
-    QTableWidget *grilla_ = nullptr;
+    QTableView *vista_ = nullptr;
+    std::function<void(const std::vector<QStringList> &)> llenar_;
     std::vector<Caja> cajas_;
     std::vector<EstadoDeLista> estados_;  ///< one a box
     Acciones acciones_;
