@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "assembly/kilomeasure.h"
 #include "assembly/phases.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
@@ -14,31 +15,14 @@ namespace {
 using numeros::Format;
 
 const QString tablaDeGrupos = u"groupsubitems"_s;
-constexpr auto kilo = "01"_L1;
-constexpr double piso = 0.01;
-
-double centavos(double valor) {
-    return numeros::redondear(valor, 2);
-}
-
-/// A number as the user of this workstation writes it.
-QString paraLeer(const ContextoArmado &r, double valor) {
-    QString texto = numeros::aTexto(valor);
-    return ReemplazarSeparadorDecimal(texto, r.ctx.SeparadorDecimal);
-}
 
 double sumaDeKilos(ContextoArmado &r) {
     return r.numero("select sum(kgneto) as total from groupsubitems where interno = "_L1 + r.clave(),
                     u"total");
 }
 
-QString enCentavos(const ContextoArmado &r, const QString &expresion) {
-    return SqlRound(r.ctx, u"INTERNOS"_s, expresion, u"00.00");
-}
-
-void barra(ContextoArmado &r, int porciento) {
-    r.ctx.dialogos.avance({Avance::Tipo::Barra, 0, u"Pb1"_s, porciento, 100, {}});
-    r.ctx.dialogos.atenderEventos();
+void barra(const ContextoArmado &r, int porciento) {
+    MarcarBarra(r, u"Pb1"_s, porciento);
 }
 
 /// Takes `pedido` kilos from the heaviest rows, one after the other, until none is left to take or no row has
@@ -51,31 +35,34 @@ void tomarDeLosPesados(ContextoArmado &r, double pedido) {
                                  "order by kgneto desc"_s.arg(r.clave()),
                                  fila, tablaDeGrupos))
             return;
-        const double kilos = centavos(fila.Numero(u"kgneto"));
+        const double kilos = Centavos(fila.Numero(u"kgneto"));
         const bool alcanza = kilos > pedido;
         const double antes = pedido;
         // Either a whole cent less is left to take, or the row falls to zero and is not picked again.
-        pedido = alcanza ? 0 : centavos(pedido - kilos + piso);
-        fila.Poner(u"kgneto", centavos(kilos - (alcanza ? antes : pedido)));
+        pedido = alcanza ? 0 : Centavos(pedido - kilos + pisoDeKilos);
+        fila.Poner(u"kgneto", Centavos(kilos - (alcanza ? antes : pedido)));
         fila.Update();
     }
 }
 
 /// Rows that got nothing are lifted to the floor, and the heaviest ones pay.
-void aplicarPiso(ContextoArmado &r) {
+void aplicarPiso(ContextoArmado &r, const RepartoPorGrupos &reparto) {
     const double n = r.numero(
         "select count(1) as cantidad from groupsubitems "
         "where kgneto <= 0 and interno = "_L1 +
             r.clave(),
         u"cantidad");
     if (n < 1) return;
-    const double pedido = centavos(n * piso);
+    const double pedido = Centavos(n * pisoDeKilos);
+    const QString numero = SqlNumber(r.ctx, pedido);
     Recordset pesada;
-    if (r.abrirActualizable(u"select * from groupsubitems "
-                            "where flgkg = '*' and interno = %1 and kgneto >  %2 "
-                            "order by kgneto desc"_s.arg(r.clave(), SqlNumber(r.ctx, pedido)),
-                            pesada, tablaDeGrupos)) {
-        pesada.Poner(u"kgneto", centavos(pesada.Numero(u"kgneto") - pedido));
+    if (r.abrirActualizable(
+            u"select * from groupsubitems "
+            "where flgkg = '*' and interno = %1 and kgneto > %2 "
+            "order by kgneto desc"_s.arg(
+                r.clave(), reparto.pedidoComoTexto ? EnComillas(numero) : QLatin1Char(' ') + numero),
+            pesada, tablaDeGrupos)) {
+        pesada.Poner(u"kgneto", Centavos(pesada.Numero(u"kgneto") - pedido));
         pesada.Update();
     } else {
         tomarDeLosPesados(r, pedido);
@@ -87,7 +74,7 @@ void aplicarPiso(ContextoArmado &r) {
 
 /// The heaviest spread row takes what is missing; false when none is heavy enough.
 bool ajustarResto(ContextoArmado &r, double kilos) {
-    const double diferencia = centavos(kilos - centavos(sumaDeKilos(r)));
+    const double diferencia = Centavos(kilos - Centavos(sumaDeKilos(r)));
     if (diferencia == 0) return true;
     const double valor = std::fabs(diferencia);
     Recordset fila;
@@ -97,10 +84,10 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
                              fila, tablaDeGrupos)) {
         r.ctx.dialogos.advertir(
             u"Error al redondear prorrateo, no se encontro subitems con kilos mayor a %1\r\n"
-            "No se puede continuar.."_s.arg(paraLeer(r, valor)));
+            "No se puede continuar.."_s.arg(ParaLeer(r, valor)));
         return false;
     }
-    fila.Poner(u"kgneto", centavos(fila.Numero(u"kgneto") + diferencia));
+    fila.Poner(u"kgneto", Centavos(fila.Numero(u"kgneto") + diferencia));
     fila.Update();
     return true;
 }
@@ -120,12 +107,12 @@ void llevarAItems(ContextoArmado &r, double kilos) {
         u"select id,estadistica,deresp,%1 as totalkg "
         "from groupsubitems "
         "where interno = %2 "
-        "group by id,estadistica,deresp"_s.arg(enCentavos(r, u"sum(kgneto)"_s), clave),
+        "group by id,estadistica,deresp"_s.arg(EnCentavos(r, u"sum(kgneto)"_s), clave),
         rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         const QString total = SqlNumber(r.ctx, rs.Numero(u"TotalKg"));
         const auto cuando = [&](QStringView unidad, const QString &forma) {
-            return rs.Texto(unidad) == kilo ? forma.arg(total) : QString();
+            return rs.Texto(unidad) == unidadKilo ? forma.arg(total) : QString();
         };
         r.ejecutar(
             u"update item set totalkneto = %1 %2%3 "
@@ -138,21 +125,11 @@ void llevarAItems(ContextoArmado &r, double kilos) {
         "where interno = %2 and id = 0"_s.arg(SqlNumber(r.ctx, kilos), clave));
 }
 
-/// Which measure of an item is the kilo.
-enum class Medida { Ninguna, Estadistica, Especifica, Ambas };
-
 struct MedidaLeida {
     bool hay = false;
     Medida medida = Medida::Ninguna;
     double valor = 0;
 };
-
-Medida medidaDe(const Recordset &rs) {
-    const bool estadistica = rs.Texto(u"estadistica") == kilo;
-    const bool especifica = rs.Texto(u"deresp") == kilo;
-    if (estadistica) return especifica ? Medida::Ambas : Medida::Estadistica;
-    return especifica ? Medida::Especifica : Medida::Ninguna;
-}
 
 /// The measure of the item's groups that pass `prueba`. Groups of one item may differ in their units: those
 /// that name the kilo count, in whatever order the store gives them.
@@ -163,11 +140,11 @@ MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &
         u"select estadistica,deresp,%1 as est,%2 as esp "
         "from groupsubitems "
         "where %3 and id = %4 and interno= %5 "
-        "group by estadistica,deresp"_s.arg(enCentavos(r, u"sum(valorrelacionestadistica)"_s),
-                                            enCentavos(r, u"sum(valorderesp)"_s), prueba, id, r.clave()),
+        "group by estadistica,deresp"_s.arg(EnCentavos(r, u"sum(valorrelacionestadistica)"_s),
+                                            EnCentavos(r, u"sum(valorderesp)"_s), prueba, id, r.clave()),
         rs);
     for (; !rs.Eof(); rs.MoveNext()) {
-        m.medida = medidaDe(rs);
+        m.medida = MedidaDe(rs);
         if (m.medida == Medida::Ninguna) continue;
         m.valor = rs.Numero(m.medida == Medida::Especifica ? u"esp" : u"est");
         break;
@@ -207,23 +184,39 @@ QString alaDerecha(const ContextoArmado &r, double valor) {
 
 }  // namespace
 
-void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
+const RepartoPorGrupos &RepartoPorGrupos::DelArmado() {
+    static const RepartoPorGrupos reparto{u"(kgneto <= 0 or kgneto is null)"_s, false,
+                                          u"No hay registros para prorratear!\r\n"
+                                          "ya que todos los articulos tienen cargado kilo neto.\r\n"
+                                          "Si desea prorratear debe poner los kilos en 0 (cero)\r\n"
+                                          "En Carga de Subitems"_s};
+    return reparto;
+}
+
+const RepartoPorGrupos &RepartoPorGrupos::DeLaRevision() {
+    static const RepartoPorGrupos reparto{u"kgneto <= 0"_s, true,
+                                          u"No hay registros para prorratear!\r\n"
+                                          "Si necesita cambiar el kilo total\r\n"
+                                          "debe rearmar los item's, modifícando\r\n"
+                                          "algún valor de carátula."_s};
+    return reparto;
+}
+
+bool Prorratear_ItemCeroEx(ContextoArmado &r, double kilos, const RepartoPorGrupos &reparto) {
     barra(r, 10);
     double fobTotal =
         r.numero("select sum(fob) as total from groupsubitems where interno = "_L1 + r.clave(), u"total");
     const double dados = sumaDeKilos(r);
-    // Sums of cents carry a trace of the binary arithmetic, which is no kilo.
-    constexpr int decimalesSeguros = 8;
-    if (kilos < numeros::redondear(dados, decimalesSeguros)) {
+    if (kilos < SinRastro(dados)) {
         r.ctx.dialogos.advertir(
-            u"El kilo a prorratear (%1) debe ser mayor a %2"_s.arg(paraLeer(r, kilos), paraLeer(r, dados)));
-        return;
+            u"El kilo a prorratear (%1) debe ser mayor a %2"_s.arg(ParaLeer(r, kilos), ParaLeer(r, dados)));
+        return false;
     }
-    const double resto = centavos(kilos - dados);
+    const double resto = Centavos(kilos - dados);
     barra(r, 20);
     r.ejecutar(
         u"update groupsubitems set flgkg = '*' "
-        "where interno = %1 and (kgneto <= 0 or kgneto is null)"_s.arg(r.clave()));
+        "where interno = %1 and %2"_s.arg(r.clave(), reparto.sinKilos));
     r.ejecutar(
         "update groupsubitems set flgkg = '' "
         "where (flgkg is null or flgkg<>'*') and interno = "_L1 +
@@ -236,26 +229,22 @@ void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos) {
         "where interno = %1 and (kgneto <= 0 or kgneto is null)"_s.arg(r.clave()),
         rs);
     if (rs.Numero(u"Cantidad") == 0) {
-        r.ctx.dialogos.informar(
-            u"No hay registros para prorratear!\r\n"
-            "ya que todos los articulos tienen cargado kilo neto.\r\n"
-            "Si desea prorratear debe poner los kilos en 0 (cero)\r\n"
-            "En Carga de Subitems"_s,
-            u"PRORRATEO DE KILOS NETO.."_s);
-        return;
+        r.ctx.dialogos.informar(reparto.nadaQueProrratear, u"PRORRATEO DE KILOS NETO.."_s);
+        return false;
     }
     if (rs.Numero(u"FobTotal") != 0) fobTotal = rs.Numero(u"FobTotal");
     barra(r, 40);
     const QString parte = u"((fob * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fobTotal));
     r.ejecutar(
         u"Update groupsubitems set kgneto = %1 "
-        "where interno = %2 and kgneto <= 0 and flgkg='*'"_s.arg(enCentavos(r, parte), r.clave()));
+        "where interno = %2 and kgneto <= 0 and flgkg='*'"_s.arg(EnCentavos(r, parte), r.clave()));
     barra(r, 50);
-    aplicarPiso(r);
+    aplicarPiso(r, reparto);
     barra(r, 70);
-    if (!ajustarResto(r, kilos)) return;
+    if (!ajustarResto(r, kilos)) return false;
     llevarAItems(r, kilos);
     barra(r, 100);
+    return true;
 }
 
 QString VerificarIntegridad(ContextoArmado &r) {

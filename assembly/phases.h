@@ -1,6 +1,6 @@
 #pragma once
-// What the phases of one run share: the header read once, the options, and the way to the screen. Only the
-// run and its tests come here; everyone else asks for the run itself.
+// What the phases of one run share: the header read once, the options, and the way to the screen. Only this
+// folder and its tests come here; everyone else asks for the run itself.
 
 #include <QString>
 #include <QStringList>
@@ -183,8 +183,19 @@ void ProcesarVentajasVinculadas(ContextoArmado &r);
 
 // kilos.cpp
 
-/// Spreads `kilos` over the groups that have none, by FOB, with a floor of 0.01. Tells why when it can't.
-void Prorratear_ItemCeroEx(ContextoArmado &r, double kilos);
+/// What the run and the review of items do differently in one spread over groups.
+struct RepartoPorGrupos {
+    QString sinKilos;           ///< the test of the groups that are marked as spread
+    bool pedidoComoTexto;       ///< the kilos that a heavy group must exceed go as a quoted text
+    QString nadaQueProrratear;  ///< what is told when every group has kilos
+
+    static const RepartoPorGrupos &DelArmado();
+    static const RepartoPorGrupos &DeLaRevision();
+};
+/// Spreads `kilos` over the groups that have none, by FOB, with a floor of 0.01. False, when it can't, after
+/// telling why.
+bool Prorratear_ItemCeroEx(ContextoArmado &r, double kilos,
+                           const RepartoPorGrupos &reparto = RepartoPorGrupos::DelArmado());
 /// Looks for items that mix groups with kilos and groups without, and reports them: "NO" when there is one,
 /// else "SI".
 QString VerificarIntegridad(ContextoArmado &r);

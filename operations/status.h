@@ -42,7 +42,3 @@ PasoDeArmado PrepararArmado(AppContext &ctx, const QString &interno, const Elecc
                             struct OpcionesDeArmado &opciones);
 /// After a run whose result is not "SI": the operation must be armed again. Raises Falla.
 void ArmadoFallido(AppContext &ctx, const QString &interno);
-
-/// The number in the first character of [071] of the item of largest FOB that has one of 1, 2, 3, 4 and 8;
-/// -1 when none has, and without items, which a message tells. Raises Falla.
-int InformarNcmMayorFob(AppContext &ctx, const QString &interno);

@@ -435,37 +435,6 @@ TEST_P(Tablero, ARunThatDidNotEndWellIsToBeArmedAgainAndAsksForTheExternalTariff
     EXPECT_EQ(ctx->ajustes.Leer(u"ZENDRA"_s, u"AEC"_s, u"A1"_s, u"<nada>"_s), ""_L1);
 }
 
-// ---- largest position
-
-TEST_P(Tablero, WithoutItemsThereIsNoLargestPosition) {
-    item(0, "8409.91.12.10G", "500");
-    EXPECT_EQ(InformarNcmMayorFob(*ctx, u"A1"_s), -1);
-    ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, "No se encuentra el Interno con sus items armados "_L1);
-    EXPECT_EQ(registro.mensajes[0].titulo, "Informar NCM de mayor FOB en Items"_L1);
-}
-
-TEST_P(Tablero, TheLargestPositionIsReadByTwoCharactersOfItsSecondKey) {
-    const auto posicion = [this](const char *uno, const char *dos, const char *tres, const char *plazo) {
-        ejecutar("insert into ncm ([001],[002],[003],[071]) values ('"_L1 + L(uno) + "','"_L1 + L(dos) +
-                     "','"_L1 + L(tres) + "','"_L1 + L(plazo) + "')"_L1,
-                 u"NCM"_s);
-    };
-    posicion("8409.91.12", "10", "G", "4 meses");
-    posicion("8483.10.11", "100", "A", "2 meses");
-    item(1, "8483.10.11.100A", "900");
-    item(2, "8409.91.12.100G", "300");
-    // The second key has three characters in the nomenclature and two in the question: the larger item finds
-    // nothing.
-    EXPECT_EQ(InformarNcmMayorFob(*ctx, u"A1"_s), 4);
-    EXPECT_TRUE(registro.mensajes.empty());
-    for (const auto &[plazo, esperado] : {std::pair{"1", 1}, std::pair{"8x", 8}, std::pair{"5", -1},
-                                          std::pair{"", -1}, std::pair{"x4", -1}}) {
-        ejecutar("update ncm set [071] = '"_L1 + L(plazo) + "' where [002] = '10'"_L1, u"NCM"_s);
-        EXPECT_EQ(InformarNcmMayorFob(*ctx, u"A1"_s), esperado) << plazo;
-    }
-}
-
 EN_AMBOS_STORES(Tablero);
 
 }  // namespace
