@@ -27,11 +27,12 @@ struct DatosDeSolapa {
     int tecla;
     const char16_t *teclas;
 };
+constexpr const char16_t *sinLista = u"CTRL+INICIO  item 0   ·   F9  kilos   ·   F12  imprimir   ·   ";
 constexpr std::array<DatosDeSolapa, 6> solapas{{
-    {Qt::Key_F1, u"ENTER  seguir   ·   F6  lista   ·   "},
-    {Qt::Key_F2, u""},
+    {Qt::Key_F1, u"ENTER  seguir   ·   F6  lista   ·   F9  kilos   ·   F12  imprimir   ·   "},
+    {Qt::Key_F2, sinLista},
     {Qt::Key_F3, u"INSERT  agregar   ·   SUPR  eliminar   ·   "},
-    {Qt::Key_F4, u"INSERT  concepto nuevo   ·   ENTER  modificar   ·   SUPR  eliminar   ·   "},
+    {Qt::Key_F4, u"INSERT  agregar   ·   ENTER  modificar   ·   SUPR  eliminar   ·   "},
     {Qt::Key_F5, u"INSERT  agregar   ·   ENTER  modificar   ·   SUPR  eliminar   ·   ALT+P  imprimir   ·   "},
     {Qt::Key_F7, u"ENTER  seguir   ·   F6  lista   ·   "},
 }};
@@ -181,12 +182,12 @@ void FrmVerItem::EscribirTeclas() {
     if (ui.sTab->isTabVisible(cancelaciones)) lasSolapas = u"F1-F5"_s;
     if (ui.sTab->isTabVisible(oncca)) lasSolapas += u" y F7"_s;
     const int indice = ui.sTab->currentIndex();
+    // The operation's own liquidation is the sum of the others.
     const bool quieta = indice < 0 || (indice == liquidacion && item_ == itemCero);
-    ui.lbTeclas->setText(
-        (quieta ? QString() : QString::fromUtf16(solapas.at(static_cast<std::size_t>(indice)).teclas)) +
-        lasSolapas +
-        u"  solapas   ·   RE PÁG / AV PÁG  items   ·   CTRL+INICIO  item 0   ·   F8  buscar"
-        "   ·   F9  kilos   ·   F11  grabar   ·   F12  imprimir   ·   ESC  grabar y cerrar"_s);
+    const char16_t *propias = quieta ? sinLista : solapas.at(static_cast<std::size_t>(indice)).teclas;
+    ui.lbTeclas->setText(QString::fromUtf16(propias) + lasSolapas +
+                         u"  solapas   ·   RE PÁG / AV PÁG  items   ·   F8  buscar   ·   F11  grabar   ·   "
+                         "ESC  grabar y cerrar"_s);
 }
 
 void FrmVerItem::sTab_Change(int indice) {

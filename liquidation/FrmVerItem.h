@@ -34,6 +34,7 @@ class FrmVerItem {
     struct Campo {
         const CampoDeItem *definicion;
         QWidget *control;
+        QVariant etiqueta;  ///< its tag while it can be typed in
     };
 
     // The page and the moves (FrmVerItem.cpp)

@@ -30,6 +30,9 @@ const QString elCero = u"0"_s;
 /// What ClListadoEx calls the tariff lists.
 constexpr int listasDelItem = 6;
 
+/// The tag of a field that keeps its colour.
+const QVariant soloSeMuestra = u"BB"_s;
+
 /// The options of the regime; the row's data is what is stored.
 void llenarOpciones(QComboBox *combo, QString (*codigo)(int), QString (*texto)(int)) {
     for (int n = 0; !codigo(n).isEmpty(); ++n) combo->addItem(texto(n), codigo(n));
@@ -59,7 +62,7 @@ void FrmVerItem::CargarCampos() {
         auto *control = ventana->findChild<QWidget *>(L(definicion.control));
         if (auto *linea = qobject_cast<QLineEdit *>(control); linea != nullptr && definicion.maximo > 0)
             linea->setMaxLength(definicion.maximo);
-        campos_.push_back({&definicion, control});
+        campos_.push_back({&definicion, control, control->property("tag")});
     }
 }
 
@@ -138,7 +141,7 @@ void FrmVerItem::EscribirCampos(const VistaDeItem &vista, bool otraPagina) {
         grabadoFallido_.reset();
         escapeFallido_.reset();
     }
-    for (const auto &[definicion, control] : campos_) {
+    for (const auto &[definicion, control, etiqueta] : campos_) {
         const QString columna = L(definicion->columna);
         // What was typed and not saved yet stays.
         if (!otraPagina && definicion->seGraba && enPantalla.value(columna) != cargados_.value(columna))
@@ -154,7 +157,7 @@ void FrmVerItem::EscribirCampos(const VistaDeItem &vista, bool otraPagina) {
 
 void FrmVerItem::HabilitarCampos() {
     const bool cero = item_ == elCero;
-    for (const auto &[definicion, control] : campos_) {
+    for (const auto &[definicion, control, etiqueta] : campos_) {
         bool seEscribe = definicion->seGraba && (!cero || definicion->enCero);
         auto *linea = qobject_cast<QLineEdit *>(control);
         if (linea == nullptr) {
@@ -164,7 +167,14 @@ void FrmVerItem::HabilitarCampos() {
         const bool responde = linea == ui.TxtIdpais || linea == ui.TxtEstadoMerc || linea == ui.TxtTotKgNeto;
         if (cero && responde) seEscribe = false;
         linea->setReadOnly(!seEscribe);
-        linea->setFocusPolicy(seEscribe || (cero && responde) ? Qt::StrongFocus : Qt::ClickFocus);
+        const bool quieto = !seEscribe && !responde;
+        linea->setFocusPolicy(quieto ? Qt::ClickFocus : Qt::StrongFocus);
+        // What is only shown has the colour of what is not asked for, and keeps it in hand.
+        if (quieto == (linea->property("tag") == soloSeMuestra)) continue;
+        linea->setProperty("tag", quieto ? soloSeMuestra : etiqueta);
+        QPalette paleta;
+        if (quieto) paleta.setColor(QPalette::Base, paleta.color(QPalette::Disabled, QPalette::Base));
+        linea->setPalette(paleta);
     }
     for (const oncca::CampoConLista &dato : oncca::CamposConLista())
         ventana->findChild<QPushButton *>(L(dato.boton))->setEnabled(!cero);
@@ -172,7 +182,7 @@ void FrmVerItem::HabilitarCampos() {
 
 DatosDeItem FrmVerItem::Leer() const {
     DatosDeItem pagina;
-    for (const auto &[definicion, control] : campos_) {
+    for (const auto &[definicion, control, etiqueta] : campos_) {
         if (!definicion->seGraba) continue;
         const QString columna = L(definicion->columna);
         const auto *combo = qobject_cast<const QComboBox *>(control);

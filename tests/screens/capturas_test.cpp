@@ -108,12 +108,13 @@ TEST_P(Capturas, ItemsAndLiquidation) {
             tecla(cual);
             foto(items.ventana.get(), QLatin1String(nombre) + cola);
         }
-        if (interno == importacion)
+        if (interno == importacion) {
             EXPECT_EQ(ordenDeTab(items.ventana.get()).join(QLatin1Char(' ')).toStdString(),
                       "TxtNaladisa TxtLista TxtIdpais TxtIdproc TxtEstadoMerc TxtTotKgNeto txtTipoItem "
                       "txtItemAsociado TxtReg TxtStan TxtAjusteInc txtAjusteDed OLDTxtInsCons txtConsumo "
                       "txtItComExt TxtCOEF cboOpcionIVA cboOpcionesGanancias chkMineria cmdProrKg CmdPrint "
                       "cmdGrabar TxtItem cmdBuscarItem Scr qt_tabwidget_tabbar");
+        }
         tecla(Qt::Key_Escape);
     }
 }

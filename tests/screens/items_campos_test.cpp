@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QTest>
 
 #include "header/FrmListadoeX.h"
 #include "regulatory/onccalists.h"

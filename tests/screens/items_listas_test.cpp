@@ -78,7 +78,7 @@ TEST_P(ListasDeItems, EnterF6AndTheDoubleClickOpenTheConceptInHand) {
     auto &ui = liquidacionDe(1).ui;
     ui.GrdLiq->setCurrentCell(0, 2);
     const std::function<void()> caminos[] = {[] { tecla(Qt::Key_Return); }, [] { tecla(Qt::Key_F6); },
-                                             [&ui] { emit ui.GrdLiq->cellDoubleClicked(0, 2); },
+                                             [&ui] { Q_EMIT ui.GrdLiq->cellDoubleClicked(0, 2); },
                                              [&ui] { ui.CmdModificarLiq->click(); }};
     int abiertas = 0;
     for (const auto &abrirConcepto : caminos) {
