@@ -70,6 +70,13 @@ void FrmVerItem::Conectar() {
         Form_Escape();
         return true;
     });
+    // A bar's own arrows go by the wheel's sense, which is the other one.
+    EscucharTeclas(ui.Scr, [this](QKeyEvent *tecla) {
+        const bool atras = tecla->key() == Qt::Key_Left || tecla->key() == Qt::Key_Up;
+        if (!atras && tecla->key() != Qt::Key_Right && tecla->key() != Qt::Key_Down) return false;
+        ui.Scr->setValue(ui.Scr->value() + (atras ? -1 : 1));
+        return true;
+    });
     QObject::connect(ui.Scr, &QScrollBar::valueChanged, v, [this](int posicion) { Scr_Change(posicion); });
     QObject::connect(ui.sTab, &QTabWidget::currentChanged, v, [this](int indice) { sTab_Change(indice); });
     const std::pair<QPushButton *, void (FrmVerItem::*)()> botones[] = {

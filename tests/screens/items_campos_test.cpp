@@ -135,19 +135,19 @@ TEST_P(CamposDeItems, TheMiningBoxAndTheAdjustmentsLeaveTheLiquidationPending) {
 
 TEST_P(CamposDeItems, AKeyInTheListMarksItsItemAsTyped) {
     auto &ui = mostrarItem(2).ui;
-    EXPECT_EQ(guardado("itmodif", 2), "<null>");
+    EXPECT_EQ(guardado("itmodif", 2), "");
     ui.TxtLista->setFocus();
     tecla(Qt::Key_Right);
-    EXPECT_EQ(guardado("itmodif", 2), "<null>");
+    EXPECT_EQ(guardado("itmodif", 2), "");
     escribir(u"3"_s);
     EXPECT_EQ(guardado("itmodif", 2), "S");
-    EXPECT_EQ(guardado("itmodif", 3), "<null>");
+    EXPECT_EQ(guardado("itmodif", 3), "");
     ui.Scr->setValue(3);
     teclaEn(ui.TxtLista, Qt::Key_Delete);
-    EXPECT_EQ(guardado("itmodif", 3), "<null>") << "no text was left";
+    EXPECT_EQ(guardado("itmodif", 3), "") << "no text was left";
     ui.Scr->setValue(0);
     teclaEn(ui.TxtLista, Qt::Key_3);
-    EXPECT_EQ(guardado("itmodif", 0), "<null>") << "item 0 is no item of the declaration";
+    EXPECT_EQ(guardado("itmodif", 0), "") << "item 0 is no item of the declaration";
 }
 
 TEST_P(CamposDeItems, TheListOffersThoseOfTheLiquidationAndThoseOfTheTable) {
@@ -172,11 +172,11 @@ TEST_P(CamposDeItems, TheListOffersThoseOfTheLiquidationAndThoseOfTheTable) {
 
 TEST_P(CamposDeItems, F6InTheListOpensTheTariffListsOfTheItemsCountries) {
     auto &ui = mostrarItem(2).ui;
-    conPantallaModal<FrmListadoeX>([](FrmListadoeX &listas) {
-        EXPECT_EQ(listas.ventana->windowTitle(), u"LISTAS"_s);
-        tecla(Qt::Key_Return);
-    });
-    teclaEn(ui.TxtLista, Qt::Key_F6);
+    enHija<FrmListadoeX>([&ui] { teclaEn(ui.TxtLista, Qt::Key_F6); },
+                         [](FrmListadoeX &listas) {
+                             EXPECT_EQ(listas.ventana->windowTitle(), u"LISTAS"_s);
+                             tecla(Qt::Key_Return);
+                         });
     EXPECT_FALSE(ui.TxtLista->text().isEmpty());
     EXPECT_EQ(guardado("itmodif", 2), "S");
     ui.TxtIdpais->clear();

@@ -31,6 +31,8 @@ TEST_P(GrabadoDeItems, APageThatWasChangedIsSavedBeforeAnotherIsShown) {
     tecla(Qt::Key_Right);
     EXPECT_EQ(ui.TxtItem->text(), u"10"_s);
     EXPECT_EQ(guardado("naladisa", 9), "A9");
+    tecla(Qt::Key_Left);
+    EXPECT_EQ(ui.TxtItem->text(), u"9"_s);
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
@@ -170,30 +172,30 @@ TEST_P(GrabadoDeItems, ReadingTheItemAgainKeepsWhatWasTyped) {
 TEST_P(GrabadoDeItems, TheListOfItemsGoesToTheChosenOne) {
     auto &ui = mostrarItem(1).ui;
     reemplazar(ui.TxtNaladisa, u"UNO"_s);
-    conPantallaModal<frmListadoItem>([](frmListadoItem &) {
-        tecla(Qt::Key_Down);
-        tecla(Qt::Key_Return);
-    });
-    tecla(Qt::Key_F8);
+    enHija<frmListadoItem>([] { tecla(Qt::Key_F8); },
+                           [](frmListadoItem &) {
+                               tecla(Qt::Key_Down);
+                               tecla(Qt::Key_Return);
+                           });
     EXPECT_EQ(ui.TxtItem->text(), u"2"_s);
     EXPECT_EQ(guardado("naladisa", 1), "UNO");
-    conPantallaModal<frmListadoItem>([](frmListadoItem &) { tecla(Qt::Key_Escape); });
-    ui.cmdBuscarItem->click();
+    enHija<frmListadoItem>([&ui] { ui.cmdBuscarItem->click(); },
+                           [](frmListadoItem &) { tecla(Qt::Key_Escape); });
     EXPECT_EQ(ui.TxtItem->text(), u"2"_s);
 }
 
 TEST_P(GrabadoDeItems, TheKilosOfTheItemAreSpreadFromItsPage) {
     auto &ui = mostrarItem(1).ui;
     reemplazar(ui.TxtTotKgNeto, u"50"_s);
-    conPantallaModal<FrmProrKg>([](FrmProrKg &kilos) {
-        EXPECT_EQ(kilos.ui.TxtValor->text(), u"50"_s);
-        kilos.ui.TxtValor->setFocus();
-        kilos.ui.TxtValor->selectAll();
-        escribir(u"80"_s);
-        kilos.ui.CmdPror->click();
-        if (kilos.ventana->isVisible()) tecla(Qt::Key_Escape);
-    });
-    tecla(Qt::Key_F9);
+    enHija<FrmProrKg>([] { tecla(Qt::Key_F9); },
+                      [](FrmProrKg &kilos) {
+                          EXPECT_EQ(kilos.ui.TxtValor->text(), u"50"_s);
+                          kilos.ui.TxtValor->setFocus();
+                          kilos.ui.TxtValor->selectAll();
+                          escribir(u"80"_s);
+                          kilos.ui.CmdPror->click();
+                          if (kilos.ventana->isVisible()) tecla(Qt::Key_Escape);
+                      });
     EXPECT_EQ(guardado("totalkneto", 1), "80");
     EXPECT_EQ(ui.TxtTotKgNeto->text(), u"80"_s) << "the page is read again";
 }

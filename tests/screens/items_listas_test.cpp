@@ -30,9 +30,9 @@ class ListasDeItems : public EnItems {
         tecla(Qt::Key_F3);
         return items;
     }
-    /// Chooses the line of an ID in the pick list that stands next.
-    static void elegir(const QString &id) {
-        conPantallaModal<FrmVentajas>([id](FrmVentajas &lista) {
+    /// Chooses the line of an ID in the pick list that `abrirla` opens.
+    static void elegir(const QString &id, const std::function<void()> &abrirla) {
+        enHija<FrmVentajas>(abrirla, [id](FrmVentajas &lista) {
             lista.ui.txtBuscarID->setFocus();
             escribir(id);
             tecla(Qt::Key_Return);
@@ -83,14 +83,13 @@ TEST_P(ListasDeItems, EnterF6AndTheDoubleClickOpenTheConceptInHand) {
     int abiertas = 0;
     for (const auto &abrirConcepto : caminos) {
         ui.GrdLiq->setFocus();
-        conPantallaModal<FrmAdCon>([&](FrmAdCon &concepto) {
+        enHija<FrmAdCon>(abrirConcepto, [&](FrmAdCon &concepto) {
             ++abiertas;
             EXPECT_EQ(concepto.ui.txtPorc->text(), ui.GrdLiq->item(0, 2)->text());
             EXPECT_EQ(concepto.ui.txtBimp->text(), ui.GrdLiq->item(0, 3)->text());
             EXPECT_EQ(concepto.ui.TxtValor->text(), ui.GrdLiq->item(0, 4)->text());
             tecla(Qt::Key_Escape);
         });
-        abrirConcepto();
     }
     EXPECT_EQ(abiertas, 4);
     EXPECT_FALSE(ctx->LiquidacionPendiente);
@@ -99,14 +98,15 @@ TEST_P(ListasDeItems, EnterF6AndTheDoubleClickOpenTheConceptInHand) {
 TEST_P(ListasDeItems, AConceptThatWasChangedIsShownInItsPlace) {
     auto &ui = liquidacionDe(1).ui;
     ui.GrdLiq->setCurrentCell(0, 2);
-    conPantallaModal<FrmAdCon>([](FrmAdCon &concepto) {
-        concepto.ui.txtPorc->setFocus();
-        concepto.ui.txtPorc->selectAll();
-        escribir(u"7"_s);
-        concepto.ui.Command1->click();
-        if (concepto.ventana->isVisible()) tecla(Qt::Key_Escape);
-    });
-    tecla(Qt::Key_Return);
+    enHija<FrmAdCon>([] { tecla(Qt::Key_Return); },
+                     [](FrmAdCon &concepto) {
+                         concepto.ui.txtPorc->setFocus();
+                         concepto.ui.txtPorc->selectAll();
+                         escribir(u"7"_s);
+                         concepto.ui.Command1->click();
+                         if (concepto.ventana->isVisible()) tecla(Qt::Key_Escape);
+                     });
+    EXPECT_EQ(ultimoMensaje(), "");
     EXPECT_EQ(ui.GrdLiq->item(0, 2)->text(), u"07,00"_s);
     EXPECT_EQ(ui.GrdLiq->currentRow(), 0);
     EXPECT_EQ(ui.GrdLiq->currentColumn(), 2);
@@ -115,13 +115,7 @@ TEST_P(ListasDeItems, AConceptThatWasChangedIsShownInItsPlace) {
 
 TEST_P(ListasDeItems, InsertOpensANewConceptAndOnItemZeroTheKeysDoNothing) {
     auto &ui = liquidacionDe(1).ui;
-    bool abierta = false;
-    conPantallaModal<FrmAdCon>([&](FrmAdCon &) {
-        abierta = true;
-        tecla(Qt::Key_Escape);
-    });
-    tecla(Qt::Key_Insert);
-    EXPECT_TRUE(abierta);
+    enHija<FrmAdCon>([] { tecla(Qt::Key_Insert); }, [](FrmAdCon &) { tecla(Qt::Key_Escape); });
     tecla(Qt::Key_Home, Qt::ControlModifier);
     ASSERT_EQ(ui.TxtItem->text(), u"0"_s);
     tecla(Qt::Key_F4);
@@ -151,36 +145,31 @@ TEST_P(ListasDeItems, WhatWasTypedInThePageSurvivesAChangeOfTheGrid) {
 
 TEST_P(ListasDeItems, AnInformationIsPickedItsValueAskedAndItsRowShown) {
     auto &ui = extrasDe(1).ui;
-    elegir(u"DATO-COMPRADOR"_s);
     registro.textos = {u"ACME D'OR"_s};
     ASSERT_EQ(QApplication::focusWidget(), ui.GridInf);
-    tecla(Qt::Key_Insert);
+    elegir(u"DATO-COMPRADOR"_s, [] { tecla(Qt::Key_Insert); });
     ASSERT_EQ(registro.entradas.size(), 1U);
     EXPECT_EQ(registro.entradas[0].texto, u"Ingrese el Valor de: Datos del comprador"_s);
     EXPECT_TRUE(columnaDe(ui.GridInf, 0).contains(u"DATO-COMPRADOR"_s));
     EXPECT_TRUE(columnaDe(ui.GridInf, 1).contains(u"ACME D'OR"_s));
-    elegir(u"DATO-COMPRADOR"_s);
-    ui.CmdAgregarInf->click();
+    elegir(u"DATO-COMPRADOR"_s, [&ui] { ui.CmdAgregarInf->click(); });
     EXPECT_EQ(ultimoMensaje(), "Este item ya esta ingresado.");
 }
 
 TEST_P(ListasDeItems, ThePickListLeftOrTheValueNotGivenAddsNothing) {
     auto &ui = extrasDe(1).ui;
     const int antes = ui.GridInf->rowCount();
-    conPantallaModal<FrmVentajas>([](FrmVentajas &) { tecla(Qt::Key_Escape); });
-    ui.CmdAgregarInf->click();
+    enHija<FrmVentajas>([&ui] { ui.CmdAgregarInf->click(); }, [](FrmVentajas &) { tecla(Qt::Key_Escape); });
     EXPECT_TRUE(registro.entradas.empty());
-    elegir(u"DATO-COMPRADOR"_s);
-    ui.CmdAgregarInf->click();
+    elegir(u"DATO-COMPRADOR"_s, [&ui] { ui.CmdAgregarInf->click(); });
     EXPECT_EQ(registro.entradas.size(), 1U);
     EXPECT_EQ(ui.GridInf->rowCount(), antes);
 }
 
 TEST_P(ListasDeItems, AnInformationValueOfItemZeroCannotBeDeletedFromItem5) {
     auto &ui = extrasDe(0).ui;
-    elegir(u"DATO-COMPRADOR"_s);
     registro.textos = {u"ACME"_s};
-    tecla(Qt::Key_Insert);
+    elegir(u"DATO-COMPRADOR"_s, [] { tecla(Qt::Key_Insert); });
     EXPECT_EQ(deTabla("select count(*) from iteminfo where idinfo = 'DATO-COMPRADOR'"), "20");
     ui.Scr->setValue(5);
     tecla(Qt::Key_F3);
@@ -202,9 +191,7 @@ TEST_P(ListasDeItems, AnAdvantageOfSelfLiquidationShowsItsMarkAndTakesItAway) {
              u"SYSTABLAS"_s);
     auto &ui = extrasDe(1).ui;
     EXPECT_FALSE(ui.lbAutoliq->isVisible());
-    elegir(u"AUTOLIQLIBREIMP"_s);
-    ui.LstVentajas->setFocus();
-    tecla(Qt::Key_Insert);
+    elegir(u"AUTOLIQLIBREIMP"_s, [&ui] { teclaEn(ui.LstVentajas, Qt::Key_Insert); });
     EXPECT_TRUE(ui.lbAutoliq->isVisible());
     EXPECT_EQ(guardado("lman", 1), "M");
     ui.LstVentajas->setCurrentItem(ui.LstVentajas->findItems(u"AUTOLIQLIBREIMP"_s, Qt::MatchExactly).at(0));
@@ -215,8 +202,7 @@ TEST_P(ListasDeItems, AnAdvantageOfSelfLiquidationShowsItsMarkAndTakesItAway) {
 
 TEST_P(ListasDeItems, AnAdvantageOfItemZeroCannotBeDeletedElsewhereAndTheListKeepsItsPlace) {
     auto &ui = extrasDe(0).ui;
-    elegir(u"MUESTRAEXPO"_s);
-    ui.CmdAgregarVen->click();
+    elegir(u"MUESTRAEXPO"_s, [&ui] { ui.CmdAgregarVen->click(); });
     EXPECT_EQ(deTabla("select count(*) from itemventaja where idventaja = 'MUESTRAEXPO'"), "20");
     ui.Scr->setValue(1);
     ASSERT_EQ(ui.LstVentajas->count(), 2);

@@ -49,6 +49,18 @@ class EnItems : public EnPantalla {
     std::string ultimoMensaje() const {
         return registro.mensajes.empty() ? std::string() : registro.mensajes.back().texto.toStdString();
     }
+    /// `hacer` in the screen T that `abrir` opens over the items, which have the keyboard again afterwards.
+    template <class T>
+    static void enHija(const std::function<void()> &abrir, const std::function<void(T &)> &hacer) {
+        bool vista = false;
+        conPantallaModal<T>([&](T &hija) {
+            vista = true;
+            hacer(hija);
+        });
+        abrir();
+        EXPECT_TRUE(vista) << "it was not opened";
+        esperarVentana(Pantalla<FrmVerItem>().ventana.get());
+    }
     /// Puts a text in a field by keys.
     static void reemplazar(QLineEdit *campo, const QString &texto) {
         campo->setFocus();
