@@ -1,15 +1,20 @@
 #include "liquidation/FrmVerItem.h"
 
-#include <QHeaderView>
 #include <QShortcut>
-#include <vector>
+#include <QSignalBlocker>
+#include <QStringListModel>
+#include <array>
 
+#include "assembly/FrmProrKg.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
-#include "frame/ui/estilo.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
+#include "header/regime.h"
 #include "liquidation/consistency.h"
+#include "liquidation/frmListadoItem.h"
+#include "liquidation/itemsave.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,21 +22,20 @@ namespace {
 
 enum Solapa { datos, subitems, informacion, liquidacion, cancelaciones, oncca };
 
-/// Columns as wide as their content, the one told takes what is left.
-void ajustarColumnas(QTableWidget *grilla, int elastica) {
-    grilla->resizeColumnsToContents();
-    grilla->horizontalHeader()->setSectionResizeMode(elastica, QHeaderView::Stretch);
-}
-
-struct Celda {
-    QString texto;
-    bool numero = false;
+/// A page of sTab: its key and the keys that work on it.
+struct DatosDeSolapa {
+    int tecla;
+    const char16_t *teclas;
 };
-
-void ponerFila(QTableWidget *grilla, int fila, const std::vector<Celda> &celdas) {
-    int columna = 0;
-    for (const Celda &celda : celdas) estilo::PonerCelda(grilla, fila, columna++, celda.texto, celda.numero);
-}
+constexpr const char16_t *sinLista = u"CTRL+INICIO  item 0   ·   F9  kilos   ·   F12  imprimir   ·   ";
+constexpr std::array<DatosDeSolapa, 6> solapas{{
+    {Qt::Key_F1, u"ENTER  seguir   ·   F6  lista   ·   F9  kilos   ·   F12  imprimir   ·   "},
+    {Qt::Key_F2, sinLista},
+    {Qt::Key_F3, u"INSERT  agregar   ·   SUPR  eliminar   ·   "},
+    {Qt::Key_F4, u"INSERT  agregar   ·   ENTER  modificar   ·   SUPR  eliminar   ·   "},
+    {Qt::Key_F5, u"INSERT  agregar   ·   ENTER  modificar   ·   SUPR  eliminar   ·   ALT+P  imprimir   ·   "},
+    {Qt::Key_F7, u"ENTER  seguir   ·   F6  lista   ·   "},
+}};
 
 const QString itemCero = u"0"_s;
 
@@ -44,13 +48,9 @@ FrmVerItem::FrmVerItem() : ventana(HacerDialogo()) {
 }
 
 void FrmVerItem::Form_Load() {
-    estilo::PrepararGrilla(ui.GrdLiq, {u"Nro"_s, u"Concepto"_s, u"Porc. %"_s, u"Base Imp."_s, u"Total"_s,
-                                       u"PGC"_s, u"Motivo"_s});
-    estilo::PrepararGrilla(ui.LstV, {u"Artículo"_s, u"NCM"_s, u"Descripción"_s, u"Unidad"_s, u"Cantidad"_s,
-                                     u"Unitario"_s, u"FOB"_s, u"Sufijos"_s, u"Est."_s, u"Cant. est."_s});
-    estilo::PrepararGrilla(ui.GridInf, {u"Info"_s, u"Valor"_s});
-    estilo::PrepararGrilla(ui.lstVCancel, {u"DIT"_s, u"Item"_s, u"SubItem"_s, u"NCM"_s, u"Expediente"_s,
-                                           u"Cantidad"_s, u"Factor"_s});
+    PrepararListas();
+    CargarCampos();
+    MostrarSolapas({});
 }
 
 void FrmVerItem::Conectar() {
@@ -61,6 +61,8 @@ void FrmVerItem::Conectar() {
         TxtItem_Enter();
         return true;
     });
+    ConectarCampos();
+    ConectarListas();
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
     Escuchar(v, [this](QEvent *evento) {
         if (evento->type() != QEvent::Close) return false;
@@ -68,11 +70,22 @@ void FrmVerItem::Conectar() {
         Form_Escape();
         return true;
     });
-    QObject::connect(ui.Scr, &QScrollBar::valueChanged, v, [this](int posicion) { Scr_Change(posicion); });
-    QObject::connect(ui.sTab, &QTabWidget::currentChanged, v, [this](int indice) {
-        // The operation's page is calculated where its liquidation is looked at.
-        if (indice == liquidacion && item_ == itemCero && !enCorrida_) VerDetalle(item_);
+    // A bar's own arrows go by the wheel's sense, which is the other one.
+    EscucharTeclas(ui.Scr, [this](QKeyEvent *tecla) {
+        const bool atras = tecla->key() == Qt::Key_Left || tecla->key() == Qt::Key_Up;
+        if (!atras && tecla->key() != Qt::Key_Right && tecla->key() != Qt::Key_Down) return false;
+        ui.Scr->setValue(ui.Scr->value() + (atras ? -1 : 1));
+        return true;
     });
+    QObject::connect(ui.Scr, &QScrollBar::valueChanged, v, [this](int posicion) { Scr_Change(posicion); });
+    QObject::connect(ui.sTab, &QTabWidget::currentChanged, v, [this](int indice) { sTab_Change(indice); });
+    const std::pair<QPushButton *, void (FrmVerItem::*)()> botones[] = {
+        {ui.cmdBuscarItem, &FrmVerItem::cmdBuscarItem_Click},
+        {ui.cmdProrKg, &FrmVerItem::cmdProrKg_Click},
+        {ui.CmdPrint, &FrmVerItem::CmdPrint_Click},
+        {ui.cmdGrabar, &FrmVerItem::cmdGrabar_Click}};
+    for (const auto &[boton, hacer] : botones)
+        QObject::connect(boton, &QPushButton::clicked, v, [this, hacer = hacer] { (this->*hacer)(); });
     // Shortcuts, as the grids would take these keys for themselves.
     const auto atajo = [v](const QKeySequence &teclas, const std::function<void()> &hacer) {
         auto *nuevo = new QShortcut(teclas, v);
@@ -89,11 +102,17 @@ void FrmVerItem::Mostrar(const QString &interno) {
     ventana->setWindowTitle(u"Items y liquidación - Operación "_s + interno);
     calculo_ = std::make_unique<ClassLiquidacion>(ctx, interno);
     ventana->setModal(true);
-    ui.sTab->setCurrentIndex(liquidacion);
+    {
+        const QSignalBlocker callado(ui.sTab);
+        ui.sTab->setCurrentIndex(liquidacion);
+    }
     MostrarVentana(ventana.get());
     item_ = itemCero;
     items_ = {itemCero};
-    Manejar(ctx, [&] { items_ = ItemsDeOperacion(ctx, interno); });
+    Manejar(ctx, [&] {
+        items_ = ItemsDeOperacion(ctx, interno);
+        listas_->setStringList(ListasDeItem(ctx));
+    });
     const int ultimo = static_cast<int>(items_.size()) - 1;
     ui.Scr->setRange(0, ultimo);
     ui.lbCantidadItems->setText(u"de %1"_s.arg(ultimo));
@@ -104,130 +123,121 @@ void FrmVerItem::Mostrar(const QString &interno) {
 void FrmVerItem::VerDetalle(const QString &item) {
     if (enCorrida_) return;
     AppContext &ctx = Contexto();
-    enCorrida_ = true;
     const bool enLiquidacion = ui.sTab->currentIndex() == liquidacion;
     const bool deOperacion = item == itemCero;
+    const bool otraPagina = !cargada_ || item != item_;
     const bool conLiquidacion = !deOperacion || enLiquidacion || ctx.LiquidacionPendiente;
+    // The run counts with what was typed.
+    if (!otraPagina && deOperacion && conLiquidacion && Cambio() && !GuardarPagina()) return;
+    enCorrida_ = true;
     bool cargada = false;
     Manejar(ctx, [&] {
-        const VistaDeItem vista =
-            VerDetalleITEM(ctx, interno_, item, enLiquidacion, *calculo_, [this](const QString &estado) {
+        const VistaDeItem vista = VerDetalleITEM(
+            ctx, interno_, item, enLiquidacion, *calculo_,
+            [this](const QString &estado) {
                 ui.lbEstado->setText(estado);
                 ui.lbEstado->repaint();
-            });
+            },
+            ui.sTab->currentIndex() == cancelaciones);
         cargada = vista.cargada;
         if (!cargada) return;
         item_ = item;
-        Pintar(vista, conLiquidacion);
+        cargada_ = true;
+        Pintar(vista, conLiquidacion, otraPagina);
     });
     if (deOperacion) sinPagina_ = !cargada;
     enCorrida_ = false;
 }
 
-void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion) {
-    ui.TxtItem->setText(vista.item);
-    if (ui.TxtItem->hasFocus()) ui.TxtItem->selectAll();
+void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion, bool otraPagina) {
+    MostrarSolapas(vista.idsubreg);
+    campos::PonerTexto(ui.TxtItem, vista.item);
+    {
+        const QSignalBlocker callada(ui.Scr);
+        ui.Scr->setValue(static_cast<int>(items_.indexOf(vista.item)));
+    }
+    EscribirCampos(vista, otraPagina);
     for (const auto &[control, texto] : vista.campos) {
-        const bool deLiquidacion = control == "LbBaseImp"_L1 || control == "LbBaseIVA"_L1;
-        if (deLiquidacion && !conLiquidacion) continue;
-        if (auto *campo = ventana->findChild<QLineEdit *>(control)) {
-            campo->setText(texto);
-            campo->setCursorPosition(0);
-        } else if (auto *etiqueta = ventana->findChild<QLabel *>(control)) {
-            etiqueta->setText(texto);
-        }
+        auto *etiqueta = ventana->findChild<QLabel *>(control);
+        if (etiqueta == nullptr) continue;
+        const bool deLiquidacion = etiqueta == ui.LbBaseImp || etiqueta == ui.LbBaseIVA;
+        if (conLiquidacion || !deLiquidacion) etiqueta->setText(texto);
     }
     const bool deOperacion = vista.item == itemCero;
     ui.lbNCM->setText(deOperacion ? u"Operación completa"_s : vista.campo(u"LbPos"_s));
     ui.lbAutoliq->setVisible(vista.lbAutoliq);
     ui.LbLapi->setVisible(vista.LbLapi);
     ui.lbCancelacion->setVisible(vista.esCancelacion);
-    PintarListas(vista);
+    PintarListas(vista, otraPagina);
+    EscribirTeclas();
     if (!conLiquidacion) return;
-    PintarLiquidacion(vista);
+    PintarLiquidacion(vista, otraPagina);
     if (!deOperacion) return;
     ui.lbTOTALG->setText(vista.lbTOTALG);
     ui.lbTOTGAR->setText(vista.lbTOTGAR);
     ui.lbTOTCOB->setText(vista.lbTOTCOB);
 }
 
-void FrmVerItem::PintarLiquidacion(const VistaDeItem &vista) {
-    ui.GrdLiq->setRowCount(static_cast<int>(vista.grilla.size()));
-    int fila = 0;
-    for (const FilaLiq &f : vista.grilla) {
-        int columna = 0;
-        for (const QString *texto :
-             {&f.numero, &f.concepto, &f.porcentaje, &f.base, &f.total, &f.pgc, &f.motivo}) {
-            estilo::PonerCelda(ui.GrdLiq, fila, columna, *texto, columna >= 2 && columna <= 4);
-            ++columna;
-        }
-        ++fila;
-    }
-    ajustarColumnas(ui.GrdLiq, 1);
-    if (fila > 0) ui.GrdLiq->setCurrentCell(0, 0);
+void FrmVerItem::MostrarSolapas(const QString &idsubreg) {
+    ui.sTab->setTabVisible(cancelaciones,
+                           EsRegimenConSolapaInsumos(idsubreg) && EsRegimenConInsumos(idsubreg));
+    ui.sTab->setTabVisible(oncca, Left(idsubreg, 2) == "EC"_L1);
 }
 
-void FrmVerItem::PintarListas(const VistaDeItem &vista) {
-    ui.LstV->setRowCount(static_cast<int>(vista.grupos.size()));
-    int fila = 0;
-    for (const FilaDeGrupo &g : vista.grupos)
-        ponerFila(ui.LstV, fila++,
-                  {{g.idarticulo},
-                   {g.ncm},
-                   {g.descripcion},
-                   {g.idunidad},
-                   {g.cantidad, true},
-                   {g.preciounitario, true},
-                   {g.fob, true},
-                   {g.sufijos},
-                   {g.estadistica},
-                   {g.valorrelacionestadistica, true}});
-    ajustarColumnas(ui.LstV, 7);
-    ui.GridInf->setRowCount(static_cast<int>(vista.informacion.size()));
-    fila = 0;
-    for (const auto &[codigo, valor] : vista.informacion) ponerFila(ui.GridInf, fila++, {{codigo}, {valor}});
-    ajustarColumnas(ui.GridInf, 1);
-    ui.lstVCancel->setRowCount(static_cast<int>(vista.cancelaciones.size()));
-    fila = 0;
-    for (const FilaDeCancelacion &c : vista.cancelaciones)
-        ponerFila(ui.lstVCancel, fila++,
-                  {{c.dit},
-                   {c.item},
-                   {c.subitem},
-                   {c.ncm},
-                   {c.expctit},
-                   {c.cantidad, true},
-                   {c.factorponderacion, true}});
-    ajustarColumnas(ui.lstVCancel, 3);
-    ui.LstVentajas->clear();
-    ui.LstVentajas->addItems(vista.ventajas);
-    ui.lstCertOrig->clear();
-    ui.lstCertOrig->addItems(vista.certificados);
+void FrmVerItem::EscribirTeclas() {
+    QString lasSolapas = u"F1-F4"_s;
+    if (ui.sTab->isTabVisible(cancelaciones)) lasSolapas = u"F1-F5"_s;
+    if (ui.sTab->isTabVisible(oncca)) lasSolapas += u" y F7"_s;
+    const int indice = ui.sTab->currentIndex();
+    // The operation's own liquidation is the sum of the others.
+    const bool quieta = indice < 0 || (indice == liquidacion && item_ == itemCero);
+    const char16_t *propias = quieta ? sinLista : solapas.at(static_cast<std::size_t>(indice)).teclas;
+    ui.lbTeclas->setText(QString::fromUtf16(propias) + lasSolapas +
+                         u"  solapas   ·   RE PÁG / AV PÁG  items   ·   F8  buscar   ·   F11  grabar   ·   "
+                         "ESC  grabar y cerrar"_s);
+}
+
+void FrmVerItem::sTab_Change(int indice) {
+    EscribirTeclas();
+    // The operation's page is calculated where its liquidation is looked at; the cancellations of an item's
+    // lines are read where they are.
+    const bool deOperacion = item_ == itemCero;
+    if (cargada_ && ((indice == liquidacion && deOperacion) || (indice == cancelaciones && !deOperacion)))
+        VerDetalle(item_);
 }
 
 void FrmVerItem::ElegirSolapa(int indice) {
+    if (!ui.sTab->isTabVisible(indice)) return;
     ui.sTab->setCurrentIndex(indice);
-    if (indice == liquidacion) {
-        ui.GrdLiq->setFocus();
-        if (ui.GrdLiq->rowCount() > 0) ui.GrdLiq->setCurrentCell(0, 0);
-        return;
-    }
-    QWidget *primero[] = {ui.LbPos, ui.LstV, ui.GridInf, ui.GrdLiq, ui.lstVCancel, ui.txtAcuerdo};
+    QWidget *primero[] = {ui.TxtNaladisa, ui.LstV, ui.GridInf, ui.GrdLiq, ui.lstVCancel, ui.txtAcuerdo};
+    if (ui.sTab->currentIndex() != indice) return;
     primero[indice]->setFocus();
+    if (indice == liquidacion && ui.GrdLiq->rowCount() > 0) ui.GrdLiq->setCurrentCell(0, 0);
 }
 
 bool FrmVerItem::Form_KeyDown(const QKeyEvent *tecla) {
+    if ((tecla->modifiers() & ~Qt::KeypadModifier) != 0) return false;
+    for (std::size_t n = 0; n < solapas.size(); ++n) {
+        if (tecla->key() != solapas.at(n).tecla) continue;
+        ElegirSolapa(static_cast<int>(n));
+        if (n == informacion) VerDetalle(item_);
+        return true;
+    }
     switch (tecla->key()) {
-        case Qt::Key_F1:
-        case Qt::Key_F2:
-        case Qt::Key_F3:
-        case Qt::Key_F4:
-        case Qt::Key_F5:
-            ElegirSolapa(tecla->key() - Qt::Key_F1);
-            if (tecla->key() == Qt::Key_F3) VerDetalle(item_);
+        case Qt::Key_F8:
+            cmdBuscarItem_Click();
             return true;
-        case Qt::Key_F7:
-            ElegirSolapa(oncca);
+        case Qt::Key_F9:
+            cmdProrKg_Click();
+            return true;
+        case Qt::Key_F11:
+            cmdGrabar_Click();
+            return true;
+        case Qt::Key_F12:
+            CmdPrint_Click();
+            return true;
+        case Qt::Key_Insert:
+            if (ui.sTab->currentIndex() == cancelaciones) InsertarCancelacion();
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -241,28 +251,93 @@ bool FrmVerItem::Form_KeyDown(const QKeyEvent *tecla) {
 }
 
 void FrmVerItem::Scr_Change(int posicion) {
-    if (posicion >= 0 && posicion < items_.size() && items_.at(posicion) != item_)
-        VerDetalle(items_.at(posicion));
+    IrA(posicion);
 }
 
 void FrmVerItem::TxtItem_Enter() {
-    const auto posicion = items_.indexOf(ui.TxtItem->text().trimmed());
-    if (posicion < 0) {
-        ui.TxtItem->setText(item_);
-        ui.TxtItem->selectAll();
-        return;
+    IrAItem(ui.TxtItem->text().trimmed());
+}
+
+void FrmVerItem::IrAItem(const QString &item) {
+    IrA(static_cast<int>(items_.indexOf(item)));
+}
+
+void FrmVerItem::IrA(int posicion) {
+    const QString destino = posicion < 0 ? item_ : items_.value(posicion, item_);
+    if (destino != item_) {
+        // A page that could not be saved is not left.
+        if (cargada_ && Cambio() && !GuardarPagina()) {
+            const QSignalBlocker callada(ui.Scr);
+            ui.Scr->setValue(static_cast<int>(items_.indexOf(item_)));
+        } else {
+            {
+                // Also where the page cannot be shown, so that one can go on beyond it.
+                const QSignalBlocker callada(ui.Scr);
+                ui.Scr->setValue(posicion);
+            }
+            VerDetalle(destino);
+        }
     }
-    ui.Scr->setValue(static_cast<int>(posicion));
+    ui.TxtItem->setText(item_);
+    if (ui.TxtItem->hasFocus()) ui.TxtItem->selectAll();
+}
+
+bool FrmVerItem::GuardarPagina() {
+    AppContext &ctx = Contexto();
+    const DatosDeItem pagina = Leer();
+    Veredicto guardado;
+    Manejar(ctx, [&] { guardado = GrabarItem(ctx, interno_, item_, pagina, *calculo_); });
+    if (!guardado.ok) {
+        grabadoFallido_ = pagina;
+        PonerFoco(guardado.foco);
+        return false;
+    }
+    cargados_ = pagina;
+    grabadoFallido_.reset();
+    return true;
+}
+
+void FrmVerItem::cmdGrabar_Click() {
+    if (enCorrida_ || !cargada_ || !GuardarPagina()) return;
+    // As the store holds it now, with the figures that hang on it.
+    VerDetalle(item_);
+    ui.lbEstado->setText(u"Item %1 grabado"_s.arg(item_));
+}
+
+void FrmVerItem::cmdBuscarItem_Click() {
+    const QString elegido = Pantalla<frmListadoItem>().Elegir(interno_, item_);
+    CerrarPantalla<frmListadoItem>();
+    if (!elegido.isEmpty()) IrAItem(elegido);
+}
+
+void FrmVerItem::cmdProrKg_Click() {
+    if (!cargada_ || (Cambio() && !GuardarPagina())) return;
+    const bool hecho = Pantalla<FrmProrKg>().Mostrar(interno_, item_, ui.TxtTotKgNeto->text());
+    CerrarPantalla<FrmProrKg>();
+    if (hecho) VerDetalle(item_);
+}
+
+void FrmVerItem::CmdPrint_Click() {
+    const bool lista = ui.sTab->currentIndex() == cancelaciones;
+    Contexto().dialogos.informar(u"La impresión %1 todavía no está en esta versión."_s.arg(
+        lista ? u"de las cancelaciones"_s : u"del item"_s));
 }
 
 void FrmVerItem::Form_Escape() {
     if (enCorrida_) return;
     AppContext &ctx = Contexto();
-    // Where the run cannot be made it cannot be asked for: the mark stays, and the next entry runs again.
-    if (ctx.LiquidacionPendiente && !sinPagina_) {
+    const DatosDeItem pagina = Leer();
+    // Where the run cannot be made, or the page not be left, it cannot be asked for: the mark stays, and the
+    // next entry runs again.
+    if (ctx.LiquidacionPendiente && !sinPagina_ && grabadoFallido_ != pagina) {
         ctx.dialogos.advertir(
             u"Se modifico algun concepto de liquidación, \r\ndebe ir al item 0 (cero) para calcular y "
             "actualizar los totales."_s);
+        return;
+    }
+    // A page that could not be saved is left by the second ESC.
+    if (cargada_ && escapeFallido_ != pagina && !GuardarPagina()) {
+        escapeFallido_ = pagina;
         return;
     }
     const auto despues = std::move(alCerrar);

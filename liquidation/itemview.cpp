@@ -247,6 +247,15 @@ QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno) {
     return numeros;
 }
 
+QStringList ListasDeItem(AppContext &ctx) {
+    QStringList listas{u"MERCOSUR"_s, u"314/R.AUTOMOTRIZ"_s};
+    Recordset rs;
+    for (Consultar(ctx, entidad::systablas, u"select distinct id from lista order by id"_s, rs); !rs.Eof();
+         rs.MoveNext())
+        if (const QString id = rs.Texto(u"id").trimmed(); !id.isEmpty() && !listas.contains(id)) listas << id;
+    return listas;
+}
+
 VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QString &item,
                            bool paginaDeLiquidacion, ClassLiquidacion &calculo,
                            const std::function<void(const QString &)> &estado, bool paginaDeCancelaciones) {

@@ -50,6 +50,10 @@ struct VistaDeItem {
 /// row is not. Raises Falla.
 QStringList ItemsDeOperacion(AppContext &ctx, const QString &interno);
 
+/// The tariff lists that an item is offered: those that matter to the liquidation, then those of the table.
+/// Raises Falla.
+QStringList ListasDeItem(AppContext &ctx);
+
 /// Loads a page. Item "0" spreads the header's adjustments, and with the liquidation page wanted, or with the
 /// liquidation pending, runs the recalculation of the operation (`estado` hears its progress); without a run
 /// it shows the totals of the last one. It needs no row of its own, nor any item: what has no row reads as

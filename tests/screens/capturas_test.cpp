@@ -93,20 +93,44 @@ TEST_P(Capturas, ItemsAndLiquidation) {
         auto &items = Pantalla<FrmVerItem>();
         items.Mostrar(interno);
         esperarVentana(items.ventana.get());
-        foto(items.ventana.get(), u"liquidacion"_s + QLatin1String(sufijo));
+        const QLatin1String cola(sufijo);
+        foto(items.ventana.get(), u"liquidacion"_s + cola);
+        tecla(Qt::Key_F1);
+        foto(items.ventana.get(), u"item-cero"_s + cola);
         tecla(Qt::Key_PageDown);
-        foto(items.ventana.get(), u"liquidacion-item"_s + QLatin1String(sufijo));
-        const std::pair<int, const char *> solapas[] = {{Qt::Key_F1, "item"},
-                                                        {Qt::Key_F2, "item-subitems"},
+        tecla(Qt::Key_F4);
+        foto(items.ventana.get(), u"liquidacion-item"_s + cola);
+        const std::pair<int, const char *> solapas[] = {{Qt::Key_F2, "item-subitems"},
                                                         {Qt::Key_F3, "item-informacion"},
-                                                        {Qt::Key_F5, "item-cancelaciones"},
-                                                        {Qt::Key_F7, "item-oncca"}};
+                                                        {Qt::Key_F7, "item-oncca"},
+                                                        {Qt::Key_F1, "item"}};
         for (const auto &[cual, nombre] : solapas) {
             tecla(cual);
-            foto(items.ventana.get(), QLatin1String(nombre) + QLatin1String(sufijo));
+            foto(items.ventana.get(), QLatin1String(nombre) + cola);
+        }
+        if (interno == importacion) {
+            EXPECT_EQ(ordenDeTab(items.ventana.get()).join(QLatin1Char(' ')).toStdString(),
+                      "TxtNaladisa TxtLista TxtIdpais TxtIdproc TxtEstadoMerc TxtTotKgNeto txtTipoItem "
+                      "txtItemAsociado TxtReg TxtStan TxtAjusteInc txtAjusteDed OLDTxtInsCons txtConsumo "
+                      "txtItComExt TxtCOEF cboOpcionIVA cboOpcionesGanancias chkMineria cmdProrKg CmdPrint "
+                      "cmdGrabar TxtItem cmdBuscarItem Scr qt_tabwidget_tabbar");
         }
         tecla(Qt::Key_Escape);
     }
+}
+
+TEST_P(Capturas, CancellationsOfAnItem) {
+    ejecutar(u"update caratula set idsubreg = 'EC02' where interno = 'EC-2026-0002'"_s);
+    armar(exportacion);
+    ejecutar(
+        u"insert into descargas (interno,iditem,dit,item,subitem,ncm,expctit,cantidad,factorponderacion) "
+        "values ('EC-2026-0002','1','26001IT01000123A','1','2','8413.70.10.100L','EXP-1',2.5,0.75)"_s);
+    auto &items = Pantalla<FrmVerItem>();
+    items.Mostrar(exportacion);
+    esperarVentana(items.ventana.get());
+    tecla(Qt::Key_PageDown);
+    tecla(Qt::Key_F5);
+    foto(items.ventana.get(), u"item-cancelaciones"_s);
 }
 
 TEST_P(Capturas, Reports) {

@@ -2,35 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-
-#include "assembly/run.h"
-#include "frame/ui/Pantalla.h"
-#include "liquidation/FrmVerItem.h"
-#include "tests/support/claves.h"
+#include "tests/screens/items_pantalla.h"
 #include "tests/support/marcas.h"
-#include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class PantallaDeItems : public EnPantalla {
- protected:
-    void SetUp() override {
-        EnPantalla::SetUp();
-        ctx->ChequeoArmado = u"SI"_s;
-        ASSERT_TRUE(Generar(*ctx, importacion, {}));
-        registro = {};
-        ctx->LiquidacionPendiente = true;
-    }
-    FrmVerItem &mostrar() {
-        auto &items = Pantalla<FrmVerItem>();
-        items.Mostrar(importacion);
-        esperarVentana(items.ventana.get());
-        return items;
-    }
-};
+class PantallaDeItems : public EnItems {};
 
 TEST_P(PantallaDeItems, OpensOnItemZeroWithTheOperationsTotals) {
     auto &ui = mostrar().ui;
@@ -102,17 +81,46 @@ TEST_P(PantallaDeItems, ANumberTypedJumpsToThatItemAndAWrongOneStays) {
     EXPECT_EQ(ui.TxtItem->text(), u"7"_s);
 }
 
-TEST_P(PantallaDeItems, FunctionKeysChooseThePages) {
+TEST_P(PantallaDeItems, FunctionKeysChooseThePagesAndThoseOfHiddenOnesDoNothing) {
     auto &ui = mostrar().ui;
     const std::pair<int, int> teclas[] = {{Qt::Key_F1, 0}, {Qt::Key_F2, 1}, {Qt::Key_F3, 2},
-                                          {Qt::Key_F4, 3}, {Qt::Key_F5, 4}, {Qt::Key_F7, 5}};
+                                          {Qt::Key_F5, 2}, {Qt::Key_F7, 2}, {Qt::Key_F4, 3}};
     for (const auto &[cual, solapa] : teclas) {
         tecla(cual);
         EXPECT_EQ(ui.sTab->currentIndex(), solapa);
     }
-    tecla(Qt::Key_F4);
     EXPECT_EQ(QApplication::focusWidget(), ui.GrdLiq);
     EXPECT_EQ(ui.GrdLiq->currentRow(), 0);
+}
+
+TEST_P(PantallaDeItems, TheRegimeShowsThePagesOfCancellationsAndOfMeat) {
+    struct Caso {
+        const char *regimen;
+        bool cancelaciones;
+        bool oncca;
+    };
+    // EC03 takes inputs but has no such page, EC07 has the page but takes none; a code in small letters is
+    // the one in capitals.
+    for (const Caso &c : {Caso{"IC04", false, false}, Caso{"EC02", true, true}, Caso{"EC03", false, true},
+                          Caso{"EC07", false, true}, Caso{"IC83", true, false}, Caso{"EG02", true, false},
+                          Caso{"ec01", false, true}}) {
+        ejecutar(u"update caratula set idsubreg = '%1' where interno = 'IC-2026-0001'"_s.arg(
+            QLatin1String(c.regimen)));
+        auto &ui = mostrar().ui;
+        EXPECT_EQ(ui.sTab->isTabVisible(4), c.cancelaciones) << c.regimen;
+        EXPECT_EQ(ui.sTab->isTabVisible(5), c.oncca) << c.regimen;
+        const QString teclas = ui.lbTeclas->text();
+        EXPECT_EQ(teclas.contains("F1-F5"_L1), c.cancelaciones) << c.regimen;
+        EXPECT_EQ(teclas.contains("F7"_L1), c.oncca) << c.regimen;
+        tecla(Qt::Key_F1);
+        tecla(Qt::Key_F5);
+        EXPECT_EQ(ui.sTab->currentIndex(), c.cancelaciones ? 4 : 0) << c.regimen;
+        tecla(Qt::Key_F1);
+        tecla(Qt::Key_F7);
+        EXPECT_EQ(ui.sTab->currentIndex(), c.oncca ? 5 : 0) << c.regimen;
+        ctx->LiquidacionPendiente = false;
+        CerrarPantalla<FrmVerItem>();
+    }
 }
 
 TEST_P(PantallaDeItems, AnItemShowsItsLinesItsRowsAndItsAdvantages) {
