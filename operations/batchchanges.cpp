@@ -218,8 +218,9 @@ bool cambiarCampo(const ItemEnMano &m, const CampoDeItem &campo, const QString &
 }
 
 bool cambiarCampos(ItemEnMano &m) {
+    // A part without fields saves the page as it stands, as leaving it does.
+    if (!m.t.orden.cambios.contains("campos"_L1)) return true;
     const QJsonObject parte = m.parte("campos");
-    if (parte.isEmpty()) return true;
     const VistaDeItem vista = VerDetalleITEM(m.ctx, m.interno, m.item, false, m.calculo);
     if (!vista.cargada) return false;
     DatosDeItem datos = vista.datos;

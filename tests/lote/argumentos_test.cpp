@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 
 #include "frame/store/StoreProfiles.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;

@@ -7,7 +7,7 @@
 
 #include "frame/version.h"
 #include "operations/batch.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,7 +6,7 @@
 
 #include "header/packages.h"
 #include "liquidation/itemfields.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;

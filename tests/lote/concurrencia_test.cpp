@@ -6,7 +6,7 @@
 #include <QProcess>
 
 #include "frame/base/values.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;

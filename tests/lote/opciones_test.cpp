@@ -7,7 +7,7 @@
 #include <functional>
 
 #include "operations/batch.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;

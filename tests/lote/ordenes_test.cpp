@@ -7,7 +7,7 @@
 #include <QJsonArray>
 
 #include "frame/startup.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;

@@ -9,7 +9,7 @@
 #include "frame/startup.h"
 #include "outputs/declarationxml.h"
 #include "outputs/transfer.h"
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "tests/lote/corrida.h"
+#include "tests/support/lote.h"
 
 #include <QDir>
 #include <QFile>
