@@ -204,7 +204,7 @@ struct RepartoPorItems {
                            u"((fobtotal * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fob))),
                 r.clave()),
             rs);
-        const int total = rs.RecordCount();
+        const int total = std::max(1, rs.RecordCount());
         for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
             const auto id = rs.Fields(u"id").Value.toLongLong();
             const double valor = rs.Numero(u"Valor");
@@ -382,22 +382,18 @@ void Prorratear_ItemVacios(AppContext &ctx, const QString &interno) {
 
 Veredicto ProrratearKilos(AppContext &ctx, const QString &interno, const QString &item,
                           const QString &valor) {
-    const Veredicto rechazado = Veredicto::mal(u"TxtValor"_s);
     const bool todaLaDeclaracion = item.trimmed() == "0"_L1;
-    if (!numeros::esNumerico(valor)) {
+    const double kilos = Centavos(numeros::aNumero(valor));
+    bool prorrateado = false;
+    if (!numeros::esNumerico(valor))
         ctx.dialogos.advertir(todaLaDeclaracion ? u"Debe ingresar un valor númerico"_s
                                                 : u"El valor a prorratear debe ser numerico"_s);
-        return rechazado;
-    }
-    const double kilos = Centavos(numeros::aNumero(valor));
-    if (todaLaDeclaracion) {
-        if (kilos == 0) {
-            ctx.dialogos.advertir(u"Los valores deben ser mayores a cero"_s);
-            return rechazado;
-        }
-        return Prorratear_ItemCero(ctx, interno, kilos) ? Veredicto::bien() : rechazado;
-    }
-    return Prorratear_ItemEx(ctx, interno, item.trimmed().toLongLong(), kilos, ModoDeReparto::Completar)
-               ? Veredicto::bien()
-               : rechazado;
+    else if (!todaLaDeclaracion)
+        prorrateado =
+            Prorratear_ItemEx(ctx, interno, item.trimmed().toLongLong(), kilos, ModoDeReparto::Completar);
+    else if (kilos == 0)
+        ctx.dialogos.advertir(u"Los valores deben ser mayores a cero"_s);
+    else
+        prorrateado = Prorratear_ItemCero(ctx, interno, kilos);
+    return prorrateado ? Veredicto::bien() : Veredicto::mal(u"TxtValor"_s);
 }

@@ -73,7 +73,9 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.CmdPresupuesto, [] { NoDisponible(Contexto()); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
-        alPulsar(ui.*boton, [biblioteca, opcion] { SinBiblioteca(Contexto(), QString(biblioteca), opcion); });
+        alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
+            SinBiblioteca(Contexto(), biblioteca, opcion);
+        });
     }
     alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
     alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });
