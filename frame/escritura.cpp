@@ -26,7 +26,8 @@ template <class Pares>
 qsizetype largoDe(const Pares &pares) {
     constexpr qsizetype entreUnoYOtro = 4;
     qsizetype largo = 0;
-    for (const auto &par : pares) largo += par.columna.size() + par.sql.size() + entreUnoYOtro;
+    for (const auto &par : pares)
+        largo += static_cast<qsizetype>(par.columna.size()) + par.sql.size() + entreUnoYOtro;
     return largo;
 }
 
@@ -62,13 +63,15 @@ Escritura &Escritura::marca(const char *columna, bool valor) {
 Escritura &Escritura::crudo(const char *columna, const QString &sql) {
     constexpr std::size_t usuales = 8;
     if (pares_.empty()) pares_.reserve(usuales);
-    pares_.push_back({QLatin1String(columna), sql});
+    pares_.push_back({columna, sql});
     return *this;
 }
 
 QString Escritura::columnas() const {
     QString texto;
-    unirConComas(texto, pares_, [&texto](const Par &par) { texto += par.columna; });
+    unirConComas(texto, pares_, [&texto](const Par &par) {
+        texto += QLatin1String(par.columna.data(), static_cast<int>(par.columna.size()));
+    });
     return texto;
 }
 
@@ -87,7 +90,7 @@ QString Escritura::actualizar(const QString &tabla, const QString &donde) const 
     texto.reserve(largoDe(pares_) + tabla.size() + donde.size() + 20);
     texto += "update "_L1 % tabla % " set "_L1;
     unirConComas(texto, pares_, [&texto](const Par &par) {
-        texto += par.columna;
+        texto += QLatin1String(par.columna.data(), static_cast<int>(par.columna.size()));
         texto += " = "_L1;
         texto += par.sql;
     });

@@ -2,6 +2,7 @@
 // The one writer of inserts and updates: a column and its value stand together.
 
 #include <QString>
+#include <string>
 #include <vector>
 
 struct AppContext;
@@ -40,7 +41,7 @@ class Escritura {
 
  private:
     struct Par {
-        QLatin1String columna;
+        std::string columna;  // a copy: the caller's may be gone when the statement is asked for
         QString sql;
     };
     QString separador_;
