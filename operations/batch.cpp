@@ -15,7 +15,6 @@
 #include "header/changes.h"
 #include "liquidation/consistency.h"
 #include "liquidation/review.h"
-#include "operations/batchwork.h"
 #include "operations/browser.h"
 #include "operations/lifecycle.h"
 
@@ -255,25 +254,6 @@ const std::vector<Fila> &tablaDeComandos() {
 }
 
 }  // namespace
-
-int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
-    if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
-    const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
-    TomarBloqueo(t.ctx, t.orden.clave);
-    int estado = falla;
-    try {
-        estado = hacer();
-    } catch (...) {
-        try {
-            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-        } catch (const Falla &) {
-            // The store is gone; the first failure is the one to tell.
-        }
-        throw;
-    }
-    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-    return estado;
-}
 
 std::vector<consola::Comando> Comandos() {
     std::vector<consola::Comando> todos;

@@ -1,34 +1,14 @@
 #pragma once
 // The work of the batch program: one command on one operation, without a screen.
 
-#include <QHash>
 #include <QJsonObject>
 #include <QString>
-#include <QStringList>
-#include <functional>
 #include <vector>
 
 #include "frame/commandline.h"
-#include "frame/context.h"
-#include "operations/status.h"
+#include "operations/batchwork.h"
 
 namespace lote {
-
-struct Orden {
-    QString comando;                       ///< the name of one of Comandos()
-    QString clave;                         ///< of the operation; empty for a command on none
-    QStringList argumentos;                ///< what stands behind the key
-    QHash<QString, QStringList> opciones;  ///< what came, by name; a switch has no value
-
-    /// Whether the option came.
-    bool tiene(const char *opcion) const { return opciones.contains(QLatin1String(opcion)); }
-    /// Its value; empty when it did not come.
-    QString valor(const char *opcion) const { return opciones.value(QLatin1String(opcion)).value(0); }
-};
-
-constexpr int bien = 0;
-constexpr int falla = 1;
-constexpr int malPedido = consola::malUso;
 
 /// The commands as the command line knows them.
 std::vector<consola::Comando> Comandos();
@@ -41,9 +21,6 @@ EleccionDelTablero TableroInicial(AppContext &ctx);
 /// value of another kind.
 bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTablero &tablero,
                      QString &error);
-
-/// Hears what the order answers besides its result: an operation of the list at a time.
-using SalidaDeObjetos = std::function<void(const QJsonObject &)>;
 
 /// Whether the stores of the profile are of a version that the program works with; a message tells when they
 /// are not, since work on them would end in the middle. Raises Falla for a store out of reach.

@@ -2,11 +2,36 @@
 // What the commands of the batch share: a command is a routine over a Trabajo, and a row of the table in
 // batch.cpp.
 
+#include <QHash>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
 #include <functional>
 
-#include "operations/batch.h"
+#include "frame/commandline.h"
+#include "frame/context.h"
+#include "operations/status.h"
 
 namespace lote {
+
+struct Orden {
+    QString comando;                       ///< the name of one of Comandos()
+    QString clave;                         ///< of the operation; empty for a command on none
+    QStringList argumentos;                ///< what stands behind the key
+    QHash<QString, QStringList> opciones;  ///< what came, by name; a switch has no value
+
+    /// Whether the option came.
+    bool tiene(const char *opcion) const { return opciones.contains(QLatin1String(opcion)); }
+    /// Its value; empty when it did not come.
+    QString valor(const char *opcion) const { return opciones.value(QLatin1String(opcion)).value(0); }
+};
+
+constexpr int bien = 0;
+constexpr int falla = 1;
+constexpr int malPedido = consola::malUso;
+
+/// Hears what the order answers besides its result: an operation of the list at a time.
+using SalidaDeObjetos = std::function<void(const QJsonObject &)>;
 
 /// What a command works on.
 struct Trabajo {

@@ -46,7 +46,7 @@ constexpr std::pair<int, int> anchosDeEnvio[] = {{EnvioItem, 9}, {EnvioPosicion,
 
 /// Where the last transfer went, or the user's documents.
 QString carpetaDeEnvio(const AppContext &ctx) {
-    const QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccionDeTransferencia, claveDeCarpeta);
+    QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccionDeTransferencia, claveDeCarpeta);
     if (!guardada.isEmpty() && QFileInfo(guardada).isDir()) return guardada;
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }

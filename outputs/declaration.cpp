@@ -62,7 +62,7 @@ QString textoLimpio(QString texto, const DatoDeParte &dato, const LugarDeReparo 
 /// One letter out of `letras`.
 QString letraDe(const QString &texto, QStringView letras, const DatoDeParte &dato,
                 const LugarDeReparo &lugar) {
-    const QString letra = texto.trimmed().toUpper();
+    QString letra = texto.trimmed().toUpper();
     if (letra.isEmpty() || (letra.size() == 1 && letras.contains(letra))) return letra;
     lugar.decir(dato, u"dice \"%1\" y no va; corríjalo antes de enviar."_s.arg(texto.trimmed()));
     return {};
