@@ -1,6 +1,7 @@
 #include "operations/batchwork.h"
 
 #include <QJsonArray>
+#include <optional>
 
 #include "frame/base/numbers.h"
 #include "operations/lifecycle.h"

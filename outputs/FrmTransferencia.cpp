@@ -46,7 +46,7 @@ constexpr std::pair<int, int> anchosDeEnvio[] = {{EnvioItem, 9}, {EnvioPosicion,
 
 /// Where the last transfer went, or the user's documents.
 QString carpetaDeEnvio(const AppContext &ctx) {
-    const QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccionDeTransferencia, claveDeCarpeta);
+    QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccionDeTransferencia, claveDeCarpeta);
     if (!guardada.isEmpty() && QFileInfo(guardada).isDir()) return guardada;
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }
@@ -74,9 +74,10 @@ FrmTransferencia::FrmTransferencia() : ventana(HacerDialogo()) {
     QHeaderView *filas = ui.GrPartes->verticalHeader();
     filas->setMinimumSectionSize(0);
     filas->setDefaultSectionSize(ui.GrPartes->fontMetrics().height() + margenDeParte);
-    ui.GrPartes->setFixedHeight(ui.GrPartes->horizontalHeader()->sizeHint().height() +
-                                filas->defaultSectionSize() * partesMostradas +
-                                2 * ui.GrPartes->frameWidth());
+    const int alto = ui.GrPartes->horizontalHeader()->sizeHint().height() +
+                     filas->defaultSectionSize() * partesMostradas + 2 * ui.GrPartes->frameWidth();
+    ui.GrPartes->setFixedHeight(alto);
+    ui.LstAdvertencias->setFixedHeight(alto);
     // A file that is there is asked about where the document is written.
     elegirArchivo = [this](const QString &inicial) {
         return QFileDialog::getSaveFileName(ventana.get(), u"Documento de la declaración"_s, inicial,

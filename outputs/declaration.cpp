@@ -62,7 +62,7 @@ QString textoLimpio(QString texto, const DatoDeParte &dato, const LugarDeReparo 
 /// One letter out of `letras`.
 QString letraDe(const QString &texto, QStringView letras, const DatoDeParte &dato,
                 const LugarDeReparo &lugar) {
-    const QString letra = texto.trimmed().toUpper();
+    QString letra = texto.trimmed().toUpper();
     if (letra.isEmpty() || (letra.size() == 1 && letras.contains(letra))) return letra;
     lugar.decir(dato, u"dice \"%1\" y no va; corríjalo antes de enviar."_s.arg(texto.trimmed()));
     return {};
@@ -128,7 +128,7 @@ struct Lectura {
         const ParteDeDeclaracion &parte = DatosDe(que);
         QStringList columnas;
         for (const char *clave : {parte.item, parte.orden})
-            columnas << (*clave == '\0' ? u"0"_s : QString(L(clave)));
+            if (*clave != '\0') columnas << L(clave);
         for (const DatoDeParte &dato : parte.datos) columnas << L(dato.columna);
         return Consultar(ctx, entidad::internos,
                          "select "_L1 + columnas.join(u',') + " from "_L1 + L(parte.tabla) +
@@ -138,10 +138,11 @@ struct Lectura {
     /// The row in hand of a recordset that `abrir` opened.
     FilaDeclarada fila(Parte que, const Recordset &rs) const {
         const ParteDeDeclaracion &parte = DatosDe(que);
-        const LugarDeReparo lugar{d.reparos, parte, itemDe(rs)};
-        FilaDeclarada f{&parte, {}, EsNumero(rs.Fields(1).Value)};
+        const LugarDeReparo lugar{d.reparos, parte, itemDe(que, rs)};
+        int columna = *parte.item == '\0' ? 0 : 1;
+        FilaDeclarada f{&parte, {}};
+        if (*parte.orden != '\0') f.orden = EsNumero(rs.Fields(columna++).Value);
         f.valores.reserve(parte.datos.size());
-        int columna = 2;
         for (const DatoDeParte &dato : parte.datos) {
             const QVariant celda = rs.Fields(columna++).Value;
             const bool va = !dato.esComision || ctx.opciones.EnviarComExt;
@@ -149,7 +150,10 @@ struct Lectura {
         }
         return f;
     }
-    static int itemDe(const Recordset &rs) { return static_cast<int>(EsNumero(rs.Fields(0).Value)); }
+    /// The item of the row in hand; 0 for a part of the operation.
+    static int itemDe(Parte que, const Recordset &rs) {
+        return *DatosDe(que).item == '\0' ? 0 : static_cast<int>(EsNumero(rs.Fields(0).Value));
+    }
 };
 
 FilaDeclarada leerUna(const Lectura &l, Parte que) {
@@ -187,7 +191,7 @@ void leerDeItems(const Lectura &l, Parte que, const IndiceDeItems &indice) {
     int sueltas = 0;
     Recordset rs;
     for (l.abrir(que, rs); !rs.Eof(); rs.MoveNext()) {
-        const auto item = indice.find(Lectura::itemDe(rs));
+        const auto item = indice.find(Lectura::itemDe(que, rs));
         // A group without a number of its own was never put into an item.
         if (item == indice.end() || (que == Parte::Subitem && item->first == 0)) {
             ++sueltas;

@@ -59,6 +59,14 @@ bool hayGarantiaSinMotivo(const ItemDeclarado &i) {
     });
 }
 
+bool hayVentajaRepetida(const ItemDeclarado &i) {
+    // They are in order.
+    return std::adjacent_find(i.ventajas.begin(), i.ventajas.end(),
+                              [](const FilaDeclarada &a, const FilaDeclarada &b) {
+                                  return a.texto("idventaja") == b.texto("idventaja");
+                              }) != i.ventajas.end();
+}
+
 struct ControlDeItem {
     bool (*falla)(const ItemDeclarado &);
     const char *texto;  ///< behind "El item N "
@@ -94,6 +102,7 @@ const ControlDeItem controlesDeItem[] = {
      },
      "tiene un FOB que no es la suma del de sus subitems; vuelva a armar la operación."},
     {hayGarantiaSinMotivo, "tiene un tributo en garantía sin motivo; complételo en su liquidación."},
+    {hayVentajaRepetida, "tiene una ventaja repetida; quítela y agréguela una vez en la pantalla de items."},
 };
 
 void mirarItems(const Mirada &m) {

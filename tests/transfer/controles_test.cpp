@@ -64,6 +64,8 @@ const CambioYAviso cambios[] = {
      "0|Los bultos no están contestados; complételos en la pantalla de bultos."},
     {"update itemliq set motivo = ' ' %1 and iditem = 2",
      "2|El item 2 tiene un tributo en garantía sin motivo; complételo en su liquidación."},
+    {"insert into itemventaja (interno,iditem,idventaja) values ('A1',1,'BIENCAPITAL')",
+     "1|El item 1 tiene una ventaja repetida; quítela y agréguela una vez en la pantalla de items."},
     {"update groupsubitems set id = null %1 and idsub = 13",
      "0|Hay 1 subitems sin item, que no van; vuelva a armar la operación antes de enviar.\n"
      "2|El item 2 no tiene subitems; vuelva a armar la operación."},
