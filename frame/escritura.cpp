@@ -8,6 +8,30 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Puts each pair behind the one before it, a comma between them.
+template <class Pares, class Poner>
+void unirConComas(QString &texto, const Pares &pares, Poner poner) {
+    bool primero = true;
+    for (const auto &par : pares) {
+        if (!primero) texto += u',';
+        primero = false;
+        poner(par);
+    }
+}
+
+/// One of these is written for every concept of every item: the text is made once, at its length.
+template <class Pares>
+qsizetype largoDe(const Pares &pares) {
+    constexpr qsizetype entreUnoYOtro = 4;
+    qsizetype largo = 0;
+    for (const auto &par : pares) largo += par.columna.size() + par.sql.size() + entreUnoYOtro;
+    return largo;
+}
+
+}  // namespace
+
 Escritura::Escritura(const AppContext &ctx, const QString &entidad)
     : separador_(ctx.DataManager.getDecimalSeparatorbyEntity(entidad)) {}
 
@@ -36,25 +60,38 @@ Escritura &Escritura::marca(const char *columna, bool valor) {
 }
 
 Escritura &Escritura::crudo(const char *columna, const QString &sql) {
-    constexpr int usual = 256;
-    const QLatin1String nombre(columna);
-    if (columnas_.isEmpty()) {
-        for (QString *parte : {&columnas_, &valores_, &pares_}) parte->reserve(usual);
-    } else {
-        for (QString *parte : {&columnas_, &valores_, &pares_}) *parte += u',';
-    }
-    columnas_ += nombre;
-    valores_ += sql;
-    pares_ += nombre;
-    pares_ += " = "_L1;
-    pares_ += sql;
+    constexpr std::size_t usuales = 8;
+    if (pares_.empty()) pares_.reserve(usuales);
+    pares_.push_back({QLatin1String(columna), sql});
     return *this;
 }
 
+QString Escritura::columnas() const {
+    QString texto;
+    unirConComas(texto, pares_, [&texto](const Par &par) { texto += par.columna; });
+    return texto;
+}
+
+QString Escritura::valores() const {
+    QString texto;
+    unirConComas(texto, pares_, [&texto](const Par &par) { texto += par.sql; });
+    return texto;
+}
+
 QString Escritura::insertar(const QString &tabla) const {
-    return "insert into "_L1 % tabla % " ("_L1 % columnas_ % ") values ("_L1 % valores_ % ")"_L1;
+    return "insert into "_L1 % tabla % " ("_L1 % columnas() % ") values ("_L1 % valores() % ")"_L1;
 }
 
 QString Escritura::actualizar(const QString &tabla, const QString &donde) const {
-    return "update "_L1 % tabla % " set "_L1 % pares_ % " where "_L1 % donde;
+    QString texto;
+    texto.reserve(largoDe(pares_) + tabla.size() + donde.size() + 20);
+    texto += "update "_L1 % tabla % " set "_L1;
+    unirConComas(texto, pares_, [&texto](const Par &par) {
+        texto += par.columna;
+        texto += " = "_L1;
+        texto += par.sql;
+    });
+    texto += " where "_L1;
+    texto += donde;
+    return texto;
 }

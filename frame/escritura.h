@@ -2,6 +2,7 @@
 // The one writer of inserts and updates: a column and its value stand together.
 
 #include <QString>
+#include <vector>
 
 struct AppContext;
 
@@ -27,10 +28,10 @@ class Escritura {
     /// SQL as it stands: a date literal, null, a column of the same row.
     Escritura &crudo(const char *columna, const QString &sql);
 
-    bool vacia() const { return columnas_.isEmpty(); }
+    bool vacia() const { return pares_.empty(); }
     /// Each list joined by commas, for a statement that is spelled in another way.
-    QString columnas() const { return columnas_; }
-    QString valores() const { return valores_; }
+    QString columnas() const;
+    QString valores() const;
 
     /// "insert into `tabla` (a,b) values (1,'x')".
     QString insertar(const QString &tabla) const;
@@ -38,9 +39,10 @@ class Escritura {
     QString actualizar(const QString &tabla, const QString &donde) const;
 
  private:
-    // Joined as they come: one of these is written for every concept of every item.
+    struct Par {
+        QLatin1String columna;
+        QString sql;
+    };
     QString separador_;
-    QString columnas_;
-    QString valores_;
-    QString pares_;
+    std::vector<Par> pares_;
 };

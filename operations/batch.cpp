@@ -15,6 +15,7 @@
 #include "header/changes.h"
 #include "liquidation/consistency.h"
 #include "liquidation/review.h"
+#include "operations/batchwork.h"
 #include "operations/browser.h"
 #include "operations/lifecycle.h"
 
@@ -115,39 +116,10 @@ double contar(AppContext &ctx, const QString &tabla, const QString &clave, const
     return rs.Numero(u"valor");
 }
 
-/// What a command works on.
-struct Trabajo {
-    AppContext &ctx;
-    const Orden &orden;
-    const EleccionDelTablero &tablero;
-    const SalidaDeObjetos &salida;
-    QJsonObject &resultado;
-};
-
-/// Work on an operation that is held like a dashboard would hold it.
-int conLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
-    if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
-    const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
-    TomarBloqueo(t.ctx, t.orden.clave);
-    int estado = falla;
-    try {
-        estado = hacer();
-    } catch (...) {
-        try {
-            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-        } catch (const Falla &) {
-            // The store is gone; the first failure is the one to tell.
-        }
-        throw;
-    }
-    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-    return estado;
-}
-
 int armarTomada(const Trabajo &t) {
     AppContext &ctx = t.ctx;
     const QString &clave = t.orden.clave;
-    if (t.orden.forzar) MarcarArmado(ctx, clave, true);
+    if (t.orden.tiene("forzar")) MarcarArmado(ctx, clave, true);
     OpcionesDeArmado opciones;
     const PasoDeArmado paso = PrepararArmado(ctx, clave, t.tablero, opciones);
     bool entera = true;
@@ -165,7 +137,7 @@ int armarTomada(const Trabajo &t) {
 }
 
 int armar(const Trabajo &t) {
-    return conLaOperacion(t, [&t] { return armarTomada(t); });
+    return ConLaOperacion(t, [&t] { return armarTomada(t); });
 }
 
 int liquidarTomada(const Trabajo &t) {
@@ -191,7 +163,7 @@ int liquidarTomada(const Trabajo &t) {
 }
 
 int liquidar(const Trabajo &t) {
-    return conLaOperacion(t, [&t] { return liquidarTomada(t); });
+    return ConLaOperacion(t, [&t] { return liquidarTomada(t); });
 }
 
 int listar(const Trabajo &t) {
@@ -274,6 +246,25 @@ const std::vector<Fila> &tablaDeComandos() {
 }
 
 }  // namespace
+
+int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
+    if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
+    const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
+    TomarBloqueo(t.ctx, t.orden.clave);
+    int estado = falla;
+    try {
+        estado = hacer();
+    } catch (...) {
+        try {
+            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
+        } catch (const Falla &) {
+            // The store is gone; the first failure is the one to tell.
+        }
+        throw;
+    }
+    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
+    return estado;
+}
 
 std::vector<consola::Comando> Comandos() {
     std::vector<consola::Comando> todos;

@@ -1,8 +1,10 @@
 #pragma once
 // The work of the batch program: one command on one operation, without a screen.
 
+#include <QHash>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <vector>
 
@@ -13,9 +15,15 @@
 namespace lote {
 
 struct Orden {
-    QString comando;      ///< the name of one of Comandos()
-    QString clave;        ///< of the operation; empty for a command on none
-    bool forzar = false;  ///< arm although the mark does not ask for it
+    QString comando;                       ///< the name of one of Comandos()
+    QString clave;                         ///< of the operation; empty for a command on none
+    QStringList argumentos;                ///< what stands behind the key
+    QHash<QString, QStringList> opciones;  ///< what came, by name; a switch has no value
+
+    /// Whether the option came.
+    bool tiene(const char *opcion) const { return opciones.contains(QLatin1String(opcion)); }
+    /// Its value; empty when it did not come.
+    QString valor(const char *opcion) const { return opciones.value(QLatin1String(opcion)).value(0); }
 };
 
 constexpr int bien = 0;

@@ -152,7 +152,7 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     EleccionDelTablero tablero = lote::TableroInicial(ctx);
     lote::AplicarOpciones(opciones, ctx, tablero, error);
     return lote::Ejecutar(
-        ctx, {pedido.comando, pedido.argumentos.value(0), pedido.tiene("forzar")}, tablero,
+        ctx, {pedido.comando, pedido.argumentos.value(0), pedido.argumentos.mid(1), pedido.opciones}, tablero,
         [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); }, resultado);
 }
 

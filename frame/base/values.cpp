@@ -1,6 +1,7 @@
 #include "frame/base/values.h"
 
 #include <QDateTime>
+#include <QStringBuilder>
 #include <cmath>
 
 #include "frame/base/numbers.h"
@@ -75,7 +76,7 @@ QString SinComillas(QString texto) {
 }
 
 QString EnComillas(const QString &texto) {
-    return QLatin1Char('\'') + texto + QLatin1Char('\'');
+    return QLatin1Char('\'') % texto % QLatin1Char('\'');
 }
 
 QString TextoEnComillas(const QString &texto) {

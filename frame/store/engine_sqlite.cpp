@@ -105,6 +105,9 @@ void comprobarArchivo(const QString &archivo) {
 
 QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     comprobarArchivo(datos.archivo);
+    // Nobody asks the engine how much memory it holds, and counting it locks at every allocation. Only the
+    // first of a process is in time to say so; the others are told no, and nothing changes.
+    sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, nombre);
     db.setDatabaseName(enUri(datos.archivo));
     db.setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=10000"_s);

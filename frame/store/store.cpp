@@ -13,6 +13,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Names of one length, without regard to capitals. Two names mostly part at their first letter.
+bool mismoNombre(QStringView uno, QStringView otro) {
+    return std::equal(uno.begin(), uno.end(), otro.begin(),
+                      [](QChar a, QChar b) { return a == b || a.toCaseFolded() == b.toCaseFolded(); });
+}
+
 std::function<void(const TrazaDeSentencia &)> &traza() {
     static std::function<void(const TrazaDeSentencia &)> actual;
     return actual;
@@ -198,7 +204,7 @@ int Recordset::columna(QStringView nombre) const {
     for (std::size_t c = 0; c < nombres_.size(); ++c)
         if (nombre == nombres_[c]) return static_cast<int>(c);
     for (std::size_t c = 0; c < nombres_.size(); ++c)
-        if (nombre.size() == nombres_[c].size() && nombre.compare(nombres_[c], Qt::CaseInsensitive) == 0)
+        if (nombre.size() == nombres_[c].size() && mismoNombre(nombre, nombres_[c]))
             return static_cast<int>(c);
     throw Falla{3265, u"Recordset"_s, u"El conjunto de registros no tiene la columna %1."_s.arg(nombre), {}};
 }
