@@ -170,6 +170,26 @@ TEST_P(CamposDeItems, TheListOffersThoseOfTheLiquidationAndThoseOfTheTable) {
     EXPECT_EQ(guardado("lista,itmodif", 2), "MERCOSUR|S");
 }
 
+TEST_P(CamposDeItems, TheOfferOfListsStandsInNobodysWay) {
+    auto &ui = mostrarItem(2).ui;
+    const QWidget *oferta = ui.TxtLista->completer()->popup();
+    reemplazar(ui.TxtLista, u"355"_s);
+    ASSERT_TRUE(oferta->isVisible());
+    tecla(Qt::Key_Return);
+    EXPECT_FALSE(oferta->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdpais);
+    reemplazar(ui.TxtLista, u"35"_s);
+    ASSERT_TRUE(oferta->isVisible());
+    tecla(Qt::Key_F11);
+    EXPECT_EQ(guardado("lista", 2), "35");
+    reemplazar(ui.TxtLista, u"3"_s);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(oferta->isVisible());
+    EXPECT_TRUE(PantallaAbierta<FrmVerItem>()) << "ESC closes the offer alone";
+    tecla(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(oferta->isVisible());
+}
+
 TEST_P(CamposDeItems, F6InTheListOpensTheTariffListsOfTheItemsCountries) {
     auto &ui = mostrarItem(2).ui;
     enHija<FrmListadoeX>([&ui] { teclaEn(ui.TxtLista, Qt::Key_F6); },
