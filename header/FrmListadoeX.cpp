@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 
 #include "frame/context.h"
@@ -55,7 +56,10 @@ void FrmListadoeX::Colocar(QPoint lugar) {
     if (marco != nullptr) lugar += marco->geometry().topLeft();
     ventana->adjustSize();
     const QRect pantalla = ventana->screen()->availableGeometry();
-    const QPoint ultimo = pantalla.bottomRight() - QPoint(ventana->width(), ventana->height());
+    // The window's frame comes with its showing; it is no wider than its title is high.
+    const int marcoDeVentana = ventana->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QPoint ultimo = pantalla.bottomRight() -
+                          QPoint(ventana->width() + marcoDeVentana, ventana->height() + marcoDeVentana);
     ventana->move(std::max(pantalla.left(), std::min(lugar.x(), ultimo.x())),
                   std::max(pantalla.top(), std::min(lugar.y(), ultimo.y())));
 }

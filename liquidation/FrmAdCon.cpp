@@ -18,7 +18,7 @@ struct Obligacion {
     QLatin1String codigo;
     const char *palabras;
 };
-constexpr Obligacion obligaciones[] = {{"P"_L1, "A pagar"}, {"G"_L1, "A garantizar"}, {"C"_L1, "Cobrado"}};
+constexpr Obligacion obligaciones[] = {{"P"_L1, "A pagar"}, {"G"_L1, "Garantizado"}, {"C"_L1, "A cobrar"}};
 
 }  // namespace
 
@@ -74,6 +74,9 @@ bool FrmAdCon::Mostrar(ModoDeConcepto modo, const QString &interno, const QStrin
     const bool agrega = modo == ModoDeConcepto::ADD;
     ventana->setWindowTitle(agrega ? u"Agregar"_s : u"Modificar"_s);
     ui.Command1->setText(agrega ? u"&Agregar"_s : u"&Modificar"_s);
+    ui.lbTeclas->setText(
+        u"Escriba para buscar   ·   ENTER  seguir   ·   F6  motivos   ·   %1   ·   ESC  salir sin guardar"_s
+            .arg(agrega ? u"ALT+A  agregar"_s : u"ALT+M  modificar"_s));
     ui.lbTituloConcepto->setText(
         (agrega ? u"Concepto nuevo del item %1"_s : u"Concepto del item %1"_s).arg(item));
     if (!Manejar(Contexto(), [this] { LlenarConceptos(); })) return false;
@@ -161,10 +164,7 @@ bool FrmAdCon::TxtMotivos_KeyDown(const QKeyEvent *tecla) {
 }
 
 void FrmAdCon::MostrarMotivo() {
-    ui.LbMotivo->clear();
-    Manejar(Contexto(), [this] {
-        ui.LbMotivo->setText(DescripcionDeMotivo(Contexto(), ui.TxtMotivos->text().trimmed()));
-    });
+    ui.LbMotivo->setText(DescripcionDeMotivo(Contexto(), ui.TxtMotivos->text().trimmed()));
 }
 
 ConceptoEditado FrmAdCon::Leer() const {

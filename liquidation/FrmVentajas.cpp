@@ -31,6 +31,7 @@ void FrmVentajas::Conectar() {
 void FrmVentajas::Cargar(const QString &titulo, const QStringList &lineas) {
     ventana->setWindowTitle(titulo);
     ui.lbTituloVentajas->setText(titulo);
+    ui.Lst->setAccessibleName(titulo);
     lineas_ = lineas;
     std::vector<QStringList> filas;
     filas.reserve(static_cast<std::size_t>(lineas.size()));

@@ -47,7 +47,7 @@ Veredicto revisarConcepto(const AppContext &ctx, ConceptoEditado &c) {
 
 /// A total for the statement. One that is no number is written as the name of a column that no table has: the
 /// text of the user cannot be one, nor end the name, and both engines refuse the statement and tell it.
-QString totalSql(const QString &total) {
+QString totalParaSentencia(const QString &total) {
     if (numeros::esNumerico(total)) return AStoreNumero(total, u"."_s);
     QString nombre = total;
     nombre.removeIf([](QChar c) { return u"[]\"'`"_s.contains(c) || !c.isPrint(); });
@@ -59,7 +59,7 @@ QString delConcepto(const QString &interno, const QString &item, const QString &
            " and iditem = "_L1 + item;
 }
 
-bool hayFilas(AppContext &ctx, const QString &condicion) {
+bool hayConcepto(AppContext &ctx, const QString &condicion) {
     Recordset rs;
     return Consultar(ctx, internos, "select count(idconceptos) as cont from itemliq where "_L1 + condicion,
                      rs) &&
@@ -94,7 +94,7 @@ Veredicto cambiarConcepto(AppContext &ctx, const QString &interno, const QString
                                 .numero("porcentaje", c.porcentaje)
                                 .numero("porcentajeB", c.porcentaje)
                                 .numero("baseimp", c.base)
-                                .crudo("total", totalSql(c.total))
+                                .crudo("total", totalParaSentencia(c.total))
                                 .crudo("valor", u"1"_s)
                                 .actualizar(u"itemliq"_s, delConcepto(interno, item, codigoAnterior)));
 }
@@ -127,10 +127,10 @@ Veredicto PF_Guardar(AppContext &ctx, const QString &interno, const QString &ite
                      const ConceptoEditado &concepto) {
     ConceptoEditado c = concepto;
     if (Veredicto v = revisarConcepto(ctx, c); !v.ok) return v;
-    if (hayFilas(ctx, "total >0 and "_L1 + delConcepto(interno, item, c.codigo)))
+    if (hayConcepto(ctx, "total >0 and "_L1 + delConcepto(interno, item, c.codigo)))
         return rechazarConcepto(ctx, u"El concepto ya esta ingresado en la liquidación"_s, u"cbCONC"_s);
     // A row that never took an amount is offered like one at 0.
-    if (hayFilas(ctx, "(total=0 or total is null) and "_L1 + delConcepto(interno, item, c.codigo)))
+    if (hayConcepto(ctx, "(total=0 or total is null) and "_L1 + delConcepto(interno, item, c.codigo)))
         return cambiarConcepto(ctx, interno, item, c.codigo, c);
     return escribirConcepto(ctx, c,
                             Escritura(ctx)
@@ -143,7 +143,7 @@ Veredicto PF_Guardar(AppContext &ctx, const QString &interno, const QString &ite
                                 .numero("porcentaje", c.porcentaje)
                                 .numero("porcentajeb", c.porcentaje)
                                 .numero("baseimp", c.base)
-                                .crudo("total", totalSql(c.total))
+                                .crudo("total", totalParaSentencia(c.total))
                                 .crudo("valor", u"1"_s)
                                 .insertar(u"ITEMLIQ"_s));
 }
@@ -177,7 +177,11 @@ bool ElegirMotivo(AppContext &ctx, const QString &pgc, QString &codigo) {
 
 QString DescripcionDeMotivo(AppContext &ctx, const QString &codigo) {
     if (codigo.isEmpty()) return {};
-    for (const FilaDeCodigo &fila : ListadoCodigosClass(ctx).Listado(claveDeMotivos).filas)
-        if (fila.codigo.compare(codigo, Qt::CaseInsensitive) == 0) return fila.descripcion;
+    try {
+        for (const FilaDeCodigo &fila : ListadoCodigosClass(ctx).Listado(claveDeMotivos).filas)
+            if (fila.codigo.compare(codigo, Qt::CaseInsensitive) == 0) return fila.descripcion;
+    } catch (const Falla &) {
+        // As every look-up for a label: never a message.
+    }
     return {};
 }

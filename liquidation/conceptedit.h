@@ -46,5 +46,5 @@ bool EliminarConcepto(AppContext &ctx, const QString &interno, const QString &it
 /// The reasons behind F6 (the code table MOTIVOS): true when `codigo` took one. Any obligation but "G" is
 /// told that it takes none, and no list opens.
 bool ElegirMotivo(AppContext &ctx, const QString &pgc, QString &codigo);
-/// The reason's words; empty for a text that is no code of the table. Raises Falla.
+/// The reason's words for a label: never a message; empty for a text that is no code of the table.
 QString DescripcionDeMotivo(AppContext &ctx, const QString &codigo);

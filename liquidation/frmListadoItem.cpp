@@ -13,14 +13,13 @@ namespace {
 struct ColumnaDeItems {
     const char *titulo;
     QString ItemDeLista::*texto;
-    int caracteres;  ///< wide
 };
 constexpr ColumnaDeItems columnasDeItems[] = {
-    {"ITEM", &ItemDeLista::numero, 7},           {"NCM", &ItemDeLista::ncm, 19},
-    {"Unidad", &ItemDeLista::idunidad, 9},       {"Estadistica", &ItemDeLista::estadistica, 12},
-    {"U. Especifico", &ItemDeLista::deresp, 14}, {"Estado", &ItemDeLista::estadomerc, 9},
-    {"Origen", &ItemDeLista::idpais, 9},         {"Procedencia", &ItemDeLista::idproc, 13},
-    {"Filler", &ItemDeLista::itfiller, 9},       {"Descripción", &ItemDeLista::descripcion, 30},
+    {"ITEM", &ItemDeLista::numero},          {"NCM", &ItemDeLista::ncm},
+    {"Unidad", &ItemDeLista::idunidad},      {"Estadistica", &ItemDeLista::estadistica},
+    {"U. Especifico", &ItemDeLista::deresp}, {"Estado", &ItemDeLista::estadomerc},
+    {"Origen", &ItemDeLista::idpais},        {"Procedencia", &ItemDeLista::idproc},
+    {"Filler", &ItemDeLista::itfiller},      {"Descripción", &ItemDeLista::descripcion},
 };
 enum { NcmDeItems = 1, DescripcionDeItems = 9, IdBuscado = 10 };
 
@@ -39,10 +38,10 @@ void frmListadoItem::Conectar() {
                      {ui.txtBuscarNCM, NcmDeItems},
                      {ui.txtBuscarDescripcion, DescripcionDeItems}},
                     {[this] { ventana->accept(); }, {}, {}, {}});
-    int columna = 0;
-    for (const ColumnaDeItems &c : columnasDeItems)
-        ui.lstItem->setColumnWidth(columna++, ui.lstItem->fontMetrics().averageCharWidth() * c.caracteres);
     ui.lstItem->horizontalHeader()->setStretchLastSection(true);
+    // A few rows tell how wide a column is.
+    constexpr int filasMedidas = 60;
+    ui.lstItem->horizontalHeader()->setResizeContentsPrecision(filasMedidas);
     // The number is typed with its zeros or without.
     QObject::connect(ui.txtBuscarItem, &QLineEdit::textEdited, ventana.get(), [this](const QString &texto) {
         qsizetype ceros = 0;
@@ -66,6 +65,7 @@ void frmListadoItem::CargarLista(const QString &interno, const QString &actual) 
         filas.push_back(celdas << item.id);
     }
     lista_.Cargar(filas, enMano);
+    ui.lstItem->resizeColumnsToContents();
 }
 
 QString frmListadoItem::Elegir(const QString &interno, const QString &actual) {

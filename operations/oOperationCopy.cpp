@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <map>
 #include <optional>
+#include <vector>
 
 #include "frame/base/values.h"
 #include "frame/context.h"
@@ -88,13 +89,16 @@ void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const 
                 const Identidades &lineas, const char *generada) {
     const QString entidad = L(tabla.entidad);
     const QString nombre = L(tabla.nombre);
+    // The writer looks at a column's name when it makes the statement, not before.
+    std::vector<QByteArray> nombres;
+    nombres.reserve(static_cast<std::size_t>(rs.columnas()));
     // Each store has a decimal separator of its own.
     Escritura fila(ctx, entidad);
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
         // A generated identity is the store's own.
         if (es(columna, generada)) continue;
-        const QByteArray nombreDeColumna = columna.toLatin1();
+        const QByteArray &nombreDeColumna = nombres.emplace_back(columna.toLatin1());
         const QVariant valor = rs.Fields(c).Value;
         if (const auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas))
             fila.crudo(nombreDeColumna.constData(), *propio);

@@ -281,9 +281,10 @@ TEST_P(Recalculo, TheRefundsMarkTheLiquidationAndSoWriteIt) {
 TEST_P(Recalculo, AFailingStatementRaisesAndLeavesTheStepsDone) {
     item(1);
     filas(1, {"010"});
-    fila(1, "415", {{"motivo", "'l''art'"}});
+    // At 0 it takes no part in the totals, so that only its own writing fails.
+    fila(1, "032", {{"pgc", "'G'''"}});
     EXPECT_THROW(recalcular(true), Falla);
-    EXPECT_EQ(liq(1), "010|20|1110|222|P\n415|<null>|<null>|<null>|P");
+    EXPECT_EQ(liq(1), "010|20|1110|222|P\n032|<null>|<null>|<null>|G'");
     EXPECT_EQ(f("select valor from liqcero where idconcepto = '010'"), "222");
     EXPECT_TRUE(ctx->LiquidacionPendiente) << "the writing did not end";
 }

@@ -37,8 +37,11 @@
 #include "header/FrmLstTrans.h"
 #include "header/FrmLstVendedores.h"
 #include "header/FrmNewVendedor.h"
+#include "liquidation/FrmAdCon.h"
+#include "liquidation/FrmVentajas.h"
 #include "liquidation/FrmVerItem.h"
 #include "liquidation/Frm_ComprobacionErrores.h"
+#include "liquidation/frmListadoItem.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
@@ -123,6 +126,11 @@ class Salidas : public EnPantalla {
                                            Pantalla<FrmABMProrrateos>().Mostrar(vacia);
                                            CerrarPantalla<FrmABMProrrateos>();
                                        }),
+            salidaDe<FrmAdCon>("FrmAdCon",
+                               [] {
+                                   Pantalla<FrmAdCon>().Agregar(vacia, u"1"_s);
+                                   CerrarPantalla<FrmAdCon>();
+                               }),
             salidaDe<FrmArmarItem>("FrmArmarItem", [] { Pantalla<FrmArmarItem>().Mostrar(vacia, {}); }),
             salidaDe<FrmBase>("FrmBase", [] { Pantalla<FrmBase>().Mostrar(); }),
             salidaDe<FrmCaratula>(
@@ -219,12 +227,22 @@ class Salidas : public EnPantalla {
                                       Pantalla<FrmSubItems>().Mostrar(vacia, {1, 1, 1, 1, 1, 1, 1, 1});
                                   }),
             salidaDe<FrmSufijos>("FrmSufijos", [] { VerSufijos(posicion, {}); }),
+            salidaDe<FrmVentajas>("FrmVentajas",
+                                  [] {
+                                      Pantalla<FrmVentajas>().Seleccionar(u"Ventajas"_s, {u"A"_s, u"B"_s});
+                                      CerrarPantalla<FrmVentajas>();
+                                  }),
             salidaDe<FrmVerItem>("FrmVerItem", [] { Pantalla<FrmVerItem>().Mostrar(vacia); }),
             salidaDe<Frm_ComprobacionErrores>("Frm_ComprobacionErrores",
                                               [informe] {
                                                   Pantalla<Frm_ComprobacionErrores>().Mostrar(informe);
                                                   CerrarPantalla<Frm_ComprobacionErrores>();
                                               }),
+            salidaDe<frmListadoItem>("frmListadoItem",
+                                     [] {
+                                         Pantalla<frmListadoItem>().Elegir(vacia, u"0"_s);
+                                         CerrarPantalla<frmListadoItem>();
+                                     }),
         };
     }
 
@@ -343,8 +361,8 @@ TEST_P(Salidas, AHeaderAloneInStoresWithoutOtherTablesKeepsNobody) {
 
 // What writes when it is left, or asks the store then.
 TEST_P(Salidas, TablesThatGoWhileTheScreenStandsKeepNobody) {
-    for (const char *nombre : {"FrmABMProrrateos", "FrmArmarItem", "FrmBultos", "FrmCaratula", "FrmCliente",
-                               "FrmClientes", "FrmDetalleInterno", "FrmInternoNew", "FrmLstDiv",
+    for (const char *nombre : {"FrmABMProrrateos", "FrmAdCon", "FrmArmarItem", "FrmBultos", "FrmCaratula",
+                               "FrmCliente", "FrmClientes", "FrmDetalleInterno", "FrmInternoNew", "FrmLstDiv",
                                "FrmLstProrrateo", "FrmNewVendedor", "FrmSubItems", "FrmVerItem"}) {
         TearDown();
         SetUp();

@@ -98,9 +98,8 @@ SENTENCIAS(Recalculation, recalculo);
 const Caso edicion[] = {
     {"ConceptsToAdd",
      "select distinct CTAX,LTAXABR from tax where not exists(select idconceptos,conceptos from itemliq where "
-     "idconceptos = "
-     "CTAX and iditem = 1) order by LTAXABR",
-     Espera::Filas, "INTERNOS", "011|TASA ESTADISTICA"},
+     "idconceptos = CTAX and iditem = 1 and interno = 'OP1' and total > 0) order by LTAXABR",
+     Espera::Filas, "INTERNOS", "415|IVA\n011|TASA ESTADISTICA"},
     {"AllConcepts", "select distinct CTAX,LTAXABR from tax order by LTAXABR", Espera::Filas, "INTERNOS",
      "010|DERECHOS\n415|IVA\n422|IVA\n011|TASA ESTADISTICA"},
     {"ConceptWithTotal",
@@ -109,9 +108,8 @@ const Caso edicion[] = {
      "= 1",
      Espera::Filas, "INTERNOS", "1"},
     {"ConceptWithoutTotal",
-     "select count(idconceptos) as cont from itemliq where total=0 and interno = 'OP1' and idconceptos = "
-     "'415' and iditem "
-     "= 1",
+     "select count(idconceptos) as cont from itemliq where (total=0 or total is null) and interno = 'OP1' "
+     "and idconceptos = '415' and iditem = 1",
      Espera::Filas, "INTERNOS", "1"},
     {"NewConcept",
      "insert into ITEMLIQ "
@@ -126,7 +124,13 @@ const Caso edicion[] = {
     {"TotalThatIsNoNumberIsRefused",
      "update itemliq set idconceptos = '011',conceptos = 'TASA',pgc = 'G',motivo = 'M',porcentaje = "
      "3,porcentajeB = "
-     "3,baseimp = 300,total = nueve, valor = 1 where interno = 'OP1' and idconceptos = '010' and iditem = 1",
+     "3,baseimp = 300,total = [baseimp no es un número],valor = 1 where interno = 'OP1' and idconceptos = "
+     "'010' and iditem = 1",
+     Espera::Rechazo},
+    {"NewTotalThatIsNoNumberIsRefused",
+     "insert into ITEMLIQ "
+     "(iditem,idconceptos,conceptos,interno,PGC,motivo,porcentaje,porcentajeb,baseimp,total,valor) "
+     "values (1,'011','TASA ESTADISTICA','OP1','P','',3,3,300,[9; no es un número],1)",
      Espera::Rechazo},
 };
 SENTENCIAS(Concepts, edicion);

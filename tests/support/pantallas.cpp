@@ -146,8 +146,7 @@ QStringList recortados(QWidget *ventana) {
                 const QString rotulo =
                     titulos->model()->headerData(n, titulos->orientation(), Qt::DisplayRole).toString();
                 if (titulos->isSectionHidden(n) || rotulo.isEmpty()) continue;
-                if (titulos->fontMetrics().horizontalAdvance(rotulo) > titulos->sectionSize(n))
-                    malos << "heading: "_L1 + rotulo;
+                if (titulos->sectionSizeHint(n) > titulos->sectionSize(n)) malos << "heading: "_L1 + rotulo;
             }
     }
     return malos;
