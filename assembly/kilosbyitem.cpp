@@ -52,9 +52,9 @@ struct MedidaDelItem {
     }
 };
 
-/// One item of one operation, as its statements end.
+/// One item of one operation, as the statements that write it end.
 QString delItem(const ContextoArmado &r, qint64 iditem) {
-    return u"interno = %1 and id = %2"_s.arg(r.clave(), QString::number(iditem));
+    return u"id = %1 and interno = %2"_s.arg(QString::number(iditem), r.clave());
 }
 
 bool leerMedidas(ContextoArmado &r, qint64 iditem, QStringView prueba, Recordset &rs) {
@@ -63,8 +63,8 @@ bool leerMedidas(ContextoArmado &r, qint64 iditem, QStringView prueba, Recordset
         "estadistica,deresp "
         "from groupsubitems "
         "where (estadistica = '01' or deresp = '01') "
-        "and (valorrelacionestadistica %1 0 or valorderesp %1 0) and %2 "
-        "group by estadistica,deresp"_s.arg(prueba, delItem(r, iditem)),
+        "and (valorrelacionestadistica %1 0 or valorderesp %1 0) and interno = %2 and id = %3 "
+        "group by estadistica,deresp"_s.arg(prueba, r.clave(), QString::number(iditem)),
         rs);
 }
 
@@ -88,6 +88,15 @@ MedidaDelItem leerMedidaDelItem(ContextoArmado &r, qint64 iditem) {
     return m;
 }
 
+/// All groups in the measure are to share.
+void vaciarMedidas(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m) {
+    QStringList columnas;
+    for (const ColumnaDeMedida *c : m.columnas()) columnas << c->valor + " = 0"_L1;
+    r.ejecutar(
+        u"update groupsubitems set %1 "
+        "where %2 and %3"_s.arg(columnas.join(", "_L1), m.prueba(), delItem(r, iditem)));
+}
+
 /// The groups that have nothing in the measure share `resto` by their FOB.
 void darPartes(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m, double resto) {
     const QString donde = u"%1 and %2 = 0 and %3"_s.arg(m.prueba(), m.principal().valor, delItem(r, iditem));
@@ -102,7 +111,7 @@ void darPartes(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m, double 
     const QString parte =
         EnCentavos(r, u"((fob * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fob)));
     QString columnas = "kgneto = "_L1 + parte;
-    for (const ColumnaDeMedida *c : m.columnas()) columnas += QLatin1Char(',') + c->valor + " = "_L1 + parte;
+    for (const ColumnaDeMedida *c : m.columnas()) columnas += ", "_L1 + c->valor + " = "_L1 + parte;
     r.ejecutar(
         u"update groupsubitems set %1 "
         "where %2"_s.arg(columnas, donde));
@@ -116,26 +125,38 @@ void ajustarGrupos(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m, dou
                                              "from groupsubitems "
                                              "where %2 and %3"_s.arg(medida, m.prueba(), delItem(r, iditem)),
                                              u"total"));
+    const auto elegir = [&](const QString &alcance) {
+        return u"select top 1 * from groupsubitems "
+               "where interno = %1 and id = %2 and %3%4 "
+               "order by %5 desc"_s.arg(r.clave(), QString::number(iditem), m.prueba(), alcance, medida);
+    };
     while (resta != 0) {
-        const QString elegir =
-            u"select top 1 * from groupsubitems "
-            "where %1 and %2 %3"
-            "order by %4 desc"_s;
-        const QString alcance =
-            "and "_L1 + medida + " > "_L1 + SqlNumber(r.ctx, std::fabs(resta)) + QLatin1Char(' ');
+        const QString alcance = " and "_L1 + medida + " > "_L1 + SqlNumber(r.ctx, std::fabs(resta));
         Recordset fila;
-        if (!r.abrirActualizable(elegir.arg(m.prueba(), delItem(r, iditem), alcance, medida), fila,
-                                 gruposDelReparto) &&
-            !r.abrirActualizable(elegir.arg(m.prueba(), delItem(r, iditem), QString(), medida), fila,
-                                 gruposDelReparto))
+        if (!r.abrirActualizable(elegir(alcance), fila, gruposDelReparto) &&
+            !r.abrirActualizable(elegir({}), fila, gruposDelReparto))
             return;
         const double toma = std::max(resta, -Centavos(fila.Numero(medida)));
         if (toma == 0) return;
-        fila.Poner(u"kgneto", Centavos(fila.Numero(u"kgneto") + toma));
+        fila.Poner(u"kgneto", std::max(0.0, Centavos(fila.Numero(u"kgneto") + toma)));
         for (const ColumnaDeMedida *c : m.columnas())
-            fila.Poner(c->valor, Centavos(fila.Numero(c->valor) + toma));
+            fila.Poner(c->valor, std::max(0.0, Centavos(fila.Numero(c->valor) + toma)));
         fila.Update();
         resta = Centavos(resta - toma);
+    }
+}
+
+/// The item's own quantities in kilos become the sums of its groups.
+void llevarAlItem(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m) {
+    for (const ColumnaDeMedida *c : m.columnas()) {
+        const double suma = r.numero(
+            u"select %1 as total "
+            "from groupsubitems "
+            "where %2"_s.arg(EnCentavos(r, u"sum(%1)"_s.arg(c->valor)), delItem(r, iditem)),
+            u"total");
+        r.ejecutar(
+            u"update item set %1 = %2 "
+            "where %3 = '01' and %4"_s.arg(c->valor, SqlNumber(r.ctx, suma), c->unidad, delItem(r, iditem)));
     }
 }
 
@@ -144,30 +165,17 @@ void repartirEnItem(ContextoArmado &r, qint64 iditem, double kilos, ModoDeRepart
                     const MedidaDelItem &m) {
     const auto barra = [&r](int porciento) { MarcarBarra(r, u"Pb2"_s, porciento); };
     barra(0);
-    const QString donde = delItem(r, iditem);
     if (m.medida != Medida::Ninguna) {
-        if (modo == ModoDeReparto::Rehacer)
-            for (const ColumnaDeMedida *c : m.columnas())
-                r.ejecutar(
-                    u"update groupsubitems set %1 = 0 "
-                    "where %2 = '01' and id = %3 and interno = %4"_s.arg(c->valor, c->unidad,
-                                                                         QString::number(iditem), r.clave()));
-        darPartes(r, iditem, m, modo == ModoDeReparto::Rehacer ? kilos : Centavos(kilos - m.dados));
+        const bool rehacer = modo == ModoDeReparto::Rehacer;
+        if (rehacer) vaciarMedidas(r, iditem, m);
+        darPartes(r, iditem, m, rehacer ? kilos : Centavos(kilos - m.dados));
         barra(50);
         ajustarGrupos(r, iditem, m, kilos);
-        for (const ColumnaDeMedida *c : m.columnas())
-            r.ejecutar(
-                u"update item set %1 = %2 "
-                "where %3 = '01' and %4"_s.arg(
-                    c->valor,
-                    SqlNumber(r.ctx, r.numero(u"select %1 as total from groupsubitems where %2"_s.arg(
-                                                  EnCentavos(r, u"sum(%1)"_s.arg(c->valor)), donde),
-                                              u"total")),
-                    c->unidad, donde));
+        llevarAlItem(r, iditem, m);
     }
     r.ejecutar(
         u"update item set totalkneto = %1 "
-        "where %2"_s.arg(SqlNumber(r.ctx, kilos), donde));
+        "where %2"_s.arg(SqlNumber(r.ctx, kilos), delItem(r, iditem)));
     barra(100);
 }
 
@@ -196,14 +204,13 @@ struct RepartoPorItems {
                            u"((fobtotal * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fob))),
                 r.clave()),
             rs);
-        const int total = rs.RecordCount();
+        const int total = std::max(1, rs.RecordCount());
         for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
             const auto id = rs.Fields(u"id").Value.toLongLong();
             const double valor = rs.Numero(u"Valor");
             r.ejecutar(
                 u"update item set totalkneto = %1 "
-                "where id = %2 and interno = %3"_s.arg(SqlNumber(r.ctx, valor), QString::number(id),
-                                                       r.clave()));
+                "where %2"_s.arg(SqlNumber(r.ctx, valor), delItem(r, id)));
             dar(id, valor);
             MarcarBarra(r, u"Pb1"_s, n * 100 / total);
         }
@@ -218,19 +225,19 @@ struct RepartoPorItems {
         for (const auto &p : propias)
             r.ejecutar(
                 u"update item set %1 = %1 + %2 "
-                "where %3 = '01' and id = %4 and interno = %5"_s.arg(
-                    p.columna, SqlNumber(r.ctx, diferencia), p.unidad, QString::number(iditem), r.clave()));
+                "where %3 = '01' and %4"_s.arg(p.columna, SqlNumber(r.ctx, diferencia), p.unidad,
+                                               delItem(r, iditem)));
         dar(iditem, Centavos(kilos + diferencia));
     }
     /// The first item above the difference takes it. One that it would leave without kilos, and none above
-    /// it: then the heaviest ones, as far as they have.
-    void ajustar(double kilos) {
+    /// it: then the heaviest ones, as far as they have. False when nobody takes it.
+    bool ajustar(double kilos) {
         double resta = Centavos(kilos - r.numero("select sum(totalkneto) as totalk "
                                                  "from item "
                                                  "where id>0 and interno = "_L1 +
                                                      r.clave(),
                                                  u"totalk"));
-        if (resta == 0) return;
+        if (resta == 0) return true;
         Recordset rs;
         if (r.consultar(u"select top 1 id,totalkneto "
                         "from item "
@@ -239,7 +246,7 @@ struct RepartoPorItems {
                         rs) &&
             Centavos(rs.Numero(u"totalkneto") + resta) > 0) {
             tomar(rs.Fields(u"id").Value.toLongLong(), rs.Numero(u"totalkneto"), resta);
-            return;
+            return true;
         }
         r.consultar(
             u"select id,totalkneto "
@@ -250,10 +257,11 @@ struct RepartoPorItems {
         for (; !rs.Eof() && resta != 0; rs.MoveNext()) {
             const double suyos = Centavos(rs.Numero(u"totalkneto"));
             const double toma = std::max(resta, -suyos);
-            if (toma == 0) return;
+            if (toma == 0) return false;
             tomar(rs.Fields(u"id").Value.toLongLong(), suyos, toma);
             resta = Centavos(resta - toma);
         }
+        return resta == 0;
     }
 };
 
@@ -262,7 +270,10 @@ struct RepartoPorItems {
 bool Prorratear_ItemCeroEx(AppContext &ctx, const QString &interno, double kilos) {
     const Reloj reloj(ctx.dialogos);
     ContextoArmado r{ctx, interno};
-    return Prorratear_ItemCeroEx(r, kilos, RepartoPorGrupos::DeLaRevision());
+    EscrituraLigera ligera(r.internos());
+    const bool termino = Prorratear_ItemCeroEx(r, kilos, RepartoPorGrupos::DeLaRevision());
+    ligera.Terminar();
+    return termino;
 }
 
 bool Prorratear_ItemCero(AppContext &ctx, const QString &interno, double kilos) {
@@ -286,6 +297,7 @@ bool Prorratear_ItemCero(AppContext &ctx, const QString &interno, double kilos) 
         return false;
     }
     const double fob = SinRastro(fobDeGrupos - rs.Numero(u"total"));
+    EscrituraLigera ligera(r.internos());
     RepartoPorItems reparto{r};
     if (fob > 0) {
         reparto.darPartes(Centavos(total - dados), fob);
@@ -298,12 +310,16 @@ bool Prorratear_ItemCero(AppContext &ctx, const QString &interno, double kilos) 
             u"Los items sin kilos no tienen FOB por el cual prorratear; cargue los kilos en cada item."_s);
         return false;
     }
-    reparto.ajustar(total);
+    if (!reparto.ajustar(total)) {
+        ctx.dialogos.advertir(u"La operación no tiene items; ármela para prorratear los kilos."_s);
+        return false;
+    }
     r.ejecutar(
         u"update item set totalkneto = %1 "
         "where id = 0 and interno = %2"_s.arg(SqlNumber(ctx, total), r.clave()));
-    if (reparto.sinMedida) decirSinMedida(r);
     Prorratear_ItemVacios(ctx, interno);
+    ligera.Terminar();
+    if (reparto.sinMedida) decirSinMedida(r);
     return true;
 }
 
@@ -321,8 +337,10 @@ bool Prorratear_ItemEx(AppContext &ctx, const QString &interno, qint64 iditem, d
                                                                 ParaLeer(r, m.dados)));
         return false;
     }
-    if (m.medida == Medida::Ninguna) decirSinMedida(r);
+    EscrituraLigera ligera(r.internos());
     repartirEnItem(r, iditem, total, modo, m);
+    ligera.Terminar();
+    if (m.medida == Medida::Ninguna) decirSinMedida(r);
     return true;
 }
 
@@ -364,22 +382,18 @@ void Prorratear_ItemVacios(AppContext &ctx, const QString &interno) {
 
 Veredicto ProrratearKilos(AppContext &ctx, const QString &interno, const QString &item,
                           const QString &valor) {
-    const Veredicto rechazado = Veredicto::mal(u"TxtValor"_s);
     const bool todaLaDeclaracion = item.trimmed() == "0"_L1;
-    if (!numeros::esNumerico(valor)) {
+    const double kilos = Centavos(numeros::aNumero(valor));
+    bool prorrateado = false;
+    if (!numeros::esNumerico(valor))
         ctx.dialogos.advertir(todaLaDeclaracion ? u"Debe ingresar un valor númerico"_s
                                                 : u"El valor a prorratear debe ser numerico"_s);
-        return rechazado;
-    }
-    const double kilos = Centavos(numeros::aNumero(valor));
-    if (todaLaDeclaracion) {
-        if (kilos == 0) {
-            ctx.dialogos.advertir(u"Los valores deben ser mayores a cero"_s);
-            return rechazado;
-        }
-        return Prorratear_ItemCero(ctx, interno, kilos) ? Veredicto::bien() : rechazado;
-    }
-    return Prorratear_ItemEx(ctx, interno, item.trimmed().toLongLong(), kilos, ModoDeReparto::Completar)
-               ? Veredicto::bien()
-               : rechazado;
+    else if (!todaLaDeclaracion)
+        prorrateado =
+            Prorratear_ItemEx(ctx, interno, item.trimmed().toLongLong(), kilos, ModoDeReparto::Completar);
+    else if (kilos == 0)
+        ctx.dialogos.advertir(u"Los valores deben ser mayores a cero"_s);
+    else
+        prorrateado = Prorratear_ItemCero(ctx, interno, kilos);
+    return prorrateado ? Veredicto::bien() : Veredicto::mal(u"TxtValor"_s);
 }

@@ -5,6 +5,7 @@
 #include "assembly/FrmArmarItem.h"
 #include "assembly/run.h"
 #include "frame/entities.h"
+#include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
@@ -27,6 +28,18 @@ using ajuste::zendra;
 /// What a status label shows that was never worked out.
 const QString sinDato = u"—"_s;
 
+using FormaDelTablero = Ui::FrmDetalleInterno;
+
+/// The buttons whose work is done by libraries that are not part of this program.
+constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 6> bibliotecasDelTablero{{
+    {&FormaDelTablero::CmdPrint, "oInputsLink"_L1},
+    {&FormaDelTablero::CmdHojaVal, "oValuationSheet"_L1},
+    {&FormaDelTablero::cmdCertOrig, "OriginCerts"_L1},
+    {&FormaDelTablero::cmdExportar, "oCancellations"_L1},
+    {&FormaDelTablero::cmdExportINS, "oTempInputs"_L1},
+    {&FormaDelTablero::Command1, "LnaOutputBuilder"_L1},
+}};
+
 }  // namespace
 
 FrmDetalleInterno::FrmDetalleInterno() : ventana(HacerDialogo()) {
@@ -39,6 +52,7 @@ FrmDetalleInterno::FrmDetalleInterno() : ventana(HacerDialogo()) {
 
 void FrmDetalleInterno::Form_Load() {
     const AppContext &ctx = Contexto();
+    ClCntrl::banderaDeCambios() = false;
     (ctx.opciones.ARMARITEM == 1 ? ui.opOrdenxNCM : ui.opOrdenxCarga)->setChecked(true);
     ui.chkCalcularServicioDigitalizacion->setChecked(
         ctx.ajustes.Leer(zendra, flags, u"CALCULAR_SERVICIO_DIGITALIZACION"_s, u"N"_s) == "S"_L1);
@@ -55,9 +69,13 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.Command4, [] { Pantalla<FrmConsultas>().Mostrar(); });
     alPulsar(ui.cmdCaratula, [this] { cmdCaratula_Click(); });
     alPulsar(ui.CmdBultos, [this] { CmdBultos_Click(); });
-    for (QPushButton *boton : {ui.CmdPresupuesto, ui.CmdPrint, ui.CmdHojaVal, ui.cmdCertOrig, ui.cmdExportar,
-                               ui.cmdExportINS, ui.Command1})
-        alPulsar(boton, [] { NoDisponible(Contexto()); });
+    alPulsar(ui.CmdPresupuesto, [] { NoDisponible(Contexto()); });
+    for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
+        const QString opcion = (ui.*boton)->text().remove(u'&');
+        alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
+            SinBiblioteca(Contexto(), biblioteca, opcion);
+        });
+    }
     alPulsar(ui.opDJAI_MezclarDescripciones, [this] { opDJAI_MezclarDescripciones_Click(); });
     alPulsar(ui.opDJAI_Usar_Descripcion_Catalogo, [this] { opDJAI_Usar_Descripcion_Catalogo_Click(); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });

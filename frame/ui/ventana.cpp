@@ -24,6 +24,12 @@ void NoDisponible(AppContext &ctx) {
     ctx.dialogos.informar(u"Esta opción todavía no está disponible en esta versión."_s);
 }
 
+void SinBiblioteca(AppContext &ctx, const QString &biblioteca, const QString &opcion) {
+    ctx.dialogos.informar(
+        u"La biblioteca %1 no está instalada en esta PC; instálela para usar la opción %2."_s.arg(biblioteca,
+                                                                                                  opcion));
+}
+
 void MostrarVentana(QWidget *ventana) {
     ventana->show();
     ventana->raise();

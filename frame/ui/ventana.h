@@ -17,6 +17,8 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer);
 
 /// The word of a button whose screen is not part of this version.
 void NoDisponible(AppContext &ctx);
+/// The word of a button whose work is done by a library that is not there: `opcion` is what the button says.
+void SinBiblioteca(AppContext &ctx, const QString &biblioteca, const QString &opcion);
 
 /// Shows a window and takes the keyboard to it.
 void MostrarVentana(QWidget *ventana);

@@ -12,6 +12,7 @@
 
 #include "assembly/FrmArmarItem.h"
 #include "assembly/FrmMostrarDatos.h"
+#include "assembly/FrmProrKg.h"
 #include "desktop/FrmBase.h"
 #include "desktop/FrmConGen.h"
 #include "desktop/FrmConfig.h"
@@ -180,6 +181,11 @@ class Salidas : public EnPantalla {
                                 [] {
                                     Pantalla<FrmBultos>().Mostrar(vacia);
                                     CerrarPantalla<FrmBultos>();
+                                }),
+            salidaDe<FrmProrKg>("FrmProrKg",
+                                [] {
+                                    Pantalla<FrmProrKg>().Mostrar(vacia, u"0"_s, {});
+                                    CerrarPantalla<FrmProrKg>();
                                 }),
             salidaDe<FrmLstTrans>("FrmLstTrans",
                                   [] {

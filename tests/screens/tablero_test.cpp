@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "assembly/FrmArmarItem.h"
+#include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/FrmAbrir.h"
@@ -212,14 +213,61 @@ TEST_P(Tablero, TheOrderOfItemsComesFromTheOption) {
     EXPECT_TRUE(abrir(importacion).ui.opOrdenxCarga->isChecked());
 }
 
-TEST_P(Tablero, AButtonWithoutItsScreenSaysSo) {
+TEST_P(Tablero, TheButtonsSayWhatTheyOpen) {
+    auto &ui = abrir(importacion).ui;
+    for (const auto &[boton, palabras] :
+         {std::pair{ui.cmdCaratula, "CARATULA"}, std::pair{ui.CmdSubItems, "CARGA DE SUBITEMS"},
+          std::pair{ui.cmdITEM, "ARMADO DE ITEMS"}, std::pair{ui.CmdBultos, "BULTOS"},
+          std::pair{ui.CmdTransMaria, "TRANSFERENCIA AL MARIA"}, std::pair{ui.CmdPresupuesto, "Presupuesto"},
+          std::pair{ui.CmdPrint, "Impresión"}, std::pair{ui.CmdHojaVal, "Hoja de Valoración"},
+          std::pair{ui.cmdCertOrig, "Certificado de Origen"}, std::pair{ui.cmdExportar, "Exportar a Stock"},
+          std::pair{ui.cmdExportINS, "Exportar Stock"}, std::pair{ui.Command1, "Información Extra"},
+          std::pair{ui.Command4, "Nomenclador"}})
+        EXPECT_EQ(boton->text().remove(u'&').toStdString(), palabras);
+}
+
+TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
     auto &tablero = abrir(importacion);
-    for (QPushButton *boton : {tablero.ui.CmdPresupuesto, tablero.ui.Command1}) {
+    armar(tablero);
+    tecla(Qt::Key_Escape);
+    esperarVentana(tablero.ventana.get());
+    ejecutar(
+        u"update caratula set factura9 = '1', bulnro = '3', bulcod = '11', bultip = 'B', bulpes = 50, "
+        "buldes = 'CAJAS' where interno = 'IC-2026-0001'"_s);
+    tablero.VerDatos();
+    registro = {};
+    auto &ui = tablero.ui;
+    for (const auto &[boton, biblioteca, opcion] :
+         {std::tuple{ui.CmdPrint, "oInputsLink", "Impresión"},
+          std::tuple{ui.CmdHojaVal, "oValuationSheet", "Hoja de Valoración"},
+          std::tuple{ui.cmdCertOrig, "OriginCerts", "Certificado de Origen"},
+          std::tuple{ui.cmdExportar, "oCancellations", "Exportar a Stock"},
+          std::tuple{ui.cmdExportINS, "oTempInputs", "Exportar Stock"},
+          std::tuple{ui.Command1, "LnaOutputBuilder", "Información Extra"}}) {
         registro.mensajes.clear();
         teclaEn(boton, Qt::Key_Space);
-        ASSERT_EQ(registro.mensajes.size(), 1U) << boton->text().toStdString();
+        ASSERT_EQ(registro.mensajes.size(), 1U) << opcion;
+        EXPECT_EQ(registro.mensajes[0].texto.toStdString(),
+                  std::string("La biblioteca ") + biblioteca +
+                      " no está instalada en esta PC; instálela para usar la opción " + opcion + '.');
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+        EXPECT_EQ(QApplication::focusWidget(), boton);
     }
+}
+
+TEST_P(Tablero, TheQuoteIsNotPartOfThisVersion) {
+    auto &tablero = abrir(importacion);
+    teclaEn(tablero.ui.CmdPresupuesto, Qt::Key_Space);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto, u"Esta opción todavía no está disponible en esta versión."_s);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+    EXPECT_EQ(QApplication::focusWidget(), tablero.ui.CmdPresupuesto);
+}
+
+TEST_P(Tablero, OpeningAnOperationTakesTheFlagOfChangesAway) {
+    ClCntrl::banderaDeCambios() = true;
+    abrir(importacion);
+    EXPECT_FALSE(ClCntrl::banderaDeCambios());
 }
 
 TEST_P(Tablero, TheButtonOfTheNomenclatureShowsItsSearch) {

@@ -32,6 +32,11 @@ const Caso kilos[] = {
      Espera::Filas, "INTERNOS", "2"},
     {"BelowTheFloor", "select count(1) as cantidad from groupsubitems where kgneto <= 0 and interno = 'OP1'",
      Espera::Filas, "INTERNOS", "2"},
+    {"MarkedByTheReview", "update groupsubitems set flgkg = '*' where interno = 'OP1' and kgneto <= 0",
+     Espera::Filas, "INTERNOS", "2"},
+    {"HeaviestOfTheMarkedAboveAQuotedNumber",
+     "select * from groupsubitems where flgkg = '*' and interno = 'OP1' and kgneto > '0.02' order by kgneto "
+     "desc"},
     {"HeaviestOfTheMarked",
      "select * from groupsubitems where flgkg = '*' and interno = 'OP1' and kgneto >  0.02 order by kgneto "
      "desc"},
@@ -117,6 +122,33 @@ const Caso kilos[] = {
      "update groupsubitems set kgneto = ROUND(((fob * 5) / 300),2), valorrelacionestadistica = ROUND(((fob * "
      "5) / 300),2) where estadistica = '01' and valorrelacionestadistica = 0 and id = 1 and interno = 'OP1'",
      Espera::Filas, "INTERNOS", "1"},
+    {"BothMeasuresAreEmptied",
+     "update groupsubitems set valorrelacionestadistica = 0, valorderesp = 0 where estadistica = '01' and "
+     "deresp = '01' and id = 2 and interno = 'OP1'",
+     Espera::Filas, "INTERNOS", "1"},
+    {"FobOfTheGroupsThatShare",
+     "select sum(fob) as total from groupsubitems where estadistica = '01' and valorrelacionestadistica = 0 "
+     "and id = 1 and interno = 'OP1'"},
+    {"SumOfAMeasure",
+     "select sum(valorrelacionestadistica) as total from groupsubitems where estadistica = '01' and id = 1 and "
+     "interno = 'OP1'",
+     Espera::Filas, "INTERNOS", "15"},
+    {"LargestMeasureOfAll",
+     "select top 1 * from groupsubitems where interno = 'OP1' and id = 1 and estadistica = '01' order by "
+     "valorrelacionestadistica desc"},
+    {"RoundedSumOfAMeasure",
+     "select ROUND(sum(valorrelacionestadistica),2) as total from groupsubitems where id = 1 and interno = "
+     "'OP1'",
+     Espera::Filas, "INTERNOS", "15"},
+    {"OwnMeasureOfAnItem",
+     "update item set valorrelacionestadistica = 15 where estadistica = '01' and id = 1 and interno = 'OP1'",
+     Espera::Filas, "INTERNOS", "1"},
+    {"HeaviestItems",
+     "select id,totalkneto from item where id>0 and interno = 'OP1' order by totalkneto desc", Espera::Filas,
+     "INTERNOS", "3|20\n1|10\n2|0"},
+    {"ItemsWithoutKilos",
+     "select count(*) as cant from item where id <> 0 and totalkneto = 0 and interno = 'OP1'", Espera::Filas,
+     "INTERNOS", "1"},
     {"LargestMeasureForTheResidual",
      "select top 1 * from groupsubitems where interno = 'OP1' and id = 1 and estadistica = '01' and "
      "valorrelacionestadistica > 0.01 order by valorrelacionestadistica desc"},
