@@ -171,22 +171,29 @@ TEST_P(CamposDeItems, TheListOffersThoseOfTheLiquidationAndThoseOfTheTable) {
 }
 
 TEST_P(CamposDeItems, TheOfferOfListsStandsInNobodysWay) {
-    auto &ui = mostrarItem(2).ui;
+    auto &items = mostrarItem(2);
+    auto &ui = items.ui;
     const QWidget *oferta = ui.TxtLista->completer()->popup();
-    reemplazar(ui.TxtLista, u"355"_s);
-    ASSERT_TRUE(oferta->isVisible());
+    const auto ofrecer = [&](const QString &texto) {
+        // The window has the keyboard again a moment after the offer went.
+        esperarVentana(items.ventana.get());
+        reemplazar(ui.TxtLista, texto);
+        ASSERT_TRUE(oferta->isVisible());
+    };
+    ofrecer(u"355"_s);
     tecla(Qt::Key_Return);
     EXPECT_FALSE(oferta->isVisible());
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdpais);
-    reemplazar(ui.TxtLista, u"35"_s);
-    ASSERT_TRUE(oferta->isVisible());
+    ofrecer(u"35"_s);
     tecla(Qt::Key_F11);
+    EXPECT_FALSE(oferta->isVisible());
     EXPECT_EQ(guardado("lista", 2), "35");
-    reemplazar(ui.TxtLista, u"3"_s);
+    ofrecer(u"3"_s);
     tecla(Qt::Key_Escape);
     EXPECT_FALSE(oferta->isVisible());
     EXPECT_TRUE(PantallaAbierta<FrmVerItem>()) << "ESC closes the offer alone";
-    tecla(Qt::Key_Down, Qt::AltModifier);
+    esperarVentana(items.ventana.get());
+    teclaEn(ui.TxtLista, Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(oferta->isVisible());
 }
 
