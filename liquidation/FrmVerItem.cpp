@@ -293,6 +293,7 @@ bool FrmVerItem::GuardarPagina() {
         return false;
     }
     cargados_ = pagina;
+    AnotarPintados();
     grabadoFallido_.reset();
     return true;
 }

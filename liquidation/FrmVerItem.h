@@ -64,6 +64,7 @@ class FrmVerItem {
     void ConectarONCCA();
     void EscribirCampos(const VistaDeItem &vista, bool otraPagina);
     void HabilitarCampos();
+    void AnotarPintados();
     DatosDeItem Leer() const;
     bool Cambio() const;
     void PonerFoco(const QString &control);
@@ -98,6 +99,7 @@ class FrmVerItem {
     QString item_;
     std::vector<Campo> campos_;
     DatosDeItem cargados_;  ///< the page as the store holds it
+    DatosDeItem pintados_;  ///< the same as the fields show it
     std::vector<FilaDeCancelacion> cancelaciones_;
     std::unique_ptr<ClassLiquidacion> calculo_;
     QStringListModel *listas_ = nullptr;         ///< what TxtLista offers

@@ -1,8 +1,10 @@
 // The fields of the item's page.
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStringListModel>
@@ -104,6 +106,17 @@ void FrmVerItem::ConectarLista() {
     ui.TxtLista->setCompleter(oferta);
     EscucharTeclas(ui.TxtLista, [this](QKeyEvent *tecla) { return TxtLista_KeyDown(tecla); });
     QObject::connect(ui.TxtLista, &QLineEdit::textEdited, ui.TxtLista, [this] { MarcarLista(); });
+    // The offer takes the keys while it stands: those that are not its own close it and go to the field.
+    QAbstractItemView *ofrecidas = oferta->popup();
+    EscucharTeclas(ofrecidas, [this, ofrecidas](QKeyEvent *tecla) {
+        const bool deFuncion = tecla->key() >= Qt::Key_F1 && tecla->key() <= Qt::Key_F12;
+        const bool sinEleccion = EsEnter(tecla) && !ofrecidas->currentIndex().isValid();
+        if (!deFuncion && !sinEleccion) return false;
+        ofrecidas->hide();
+        QKeyEvent otra(QEvent::KeyPress, tecla->key(), tecla->modifiers(), tecla->text());
+        QCoreApplication::sendEvent(ui.TxtLista, &otra);
+        return true;
+    });
     QObject::connect(oferta, qOverload<const QString &>(&QCompleter::activated), ui.TxtLista,
                      [this] { MarcarLista(); });
 }
@@ -146,13 +159,17 @@ void FrmVerItem::EscribirCampos(const VistaDeItem &vista, bool otraPagina) {
         // What was typed and not saved yet stays.
         if (!otraPagina && definicion->seGraba && enPantalla.value(columna) != cargados_.value(columna))
             continue;
-        const QString texto = vista.campo(L(definicion->control));
-        campos::PonerTexto(control, texto);
+        campos::PonerTexto(control, vista.campo(L(definicion->control)));
         if (!definicion->seGraba) continue;
-        cargados_[columna] = texto;
-        if (qobject_cast<QLineEdit *>(control) != nullptr) cargados_[columna] = campos::TextoDe(control);
+        cargados_[columna] = vista.datos.value(columna);
+        pintados_[columna] = campos::TextoDe(control);
     }
     HabilitarCampos();
+}
+
+void FrmVerItem::AnotarPintados() {
+    for (const auto &[definicion, control, etiqueta] : campos_)
+        if (definicion->seGraba) pintados_[L(definicion->columna)] = campos::TextoDe(control);
 }
 
 void FrmVerItem::HabilitarCampos() {
@@ -185,10 +202,10 @@ DatosDeItem FrmVerItem::Leer() const {
     for (const auto &[definicion, control, etiqueta] : campos_) {
         if (!definicion->seGraba) continue;
         const QString columna = L(definicion->columna);
-        const auto *combo = qobject_cast<const QComboBox *>(control);
-        // A code that the regime does not know shows nothing, and stays until another is chosen.
-        const bool sinElegir = combo != nullptr && combo->currentIndex() < 0;
-        pagina.insert(columna, sinElegir ? cargados_.value(columna) : campos::TextoDe(control));
+        const QString texto = campos::TextoDe(control);
+        // What shows as it was painted is what the store holds: all decimals of a number, and an option that
+        // the regime does not know and that selects nothing.
+        pagina.insert(columna, texto == pintados_.value(columna) ? cargados_.value(columna) : texto);
     }
     return pagina;
 }

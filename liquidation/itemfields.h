@@ -36,5 +36,6 @@ const std::vector<CampoDeItem> &CamposDeItem();
 const CampoDeItem *CampoDeColumna(const QString &columna);
 
 /// What the page holds: the text of each field by its column, as CampoDeItem::columna spells it. A number is
-/// the text that the user sees or typed; an option is its code ("S", "IVAAD1").
+/// its whole text in the workstation's form, so that a mask never rounds what nobody touched, or what the
+/// user typed; an option is its code ("S", "IVAAD1").
 using DatosDeItem = QHash<QString, QString>;

@@ -150,7 +150,10 @@ void ponerDatos(const Pagina &p, const FilaDeItem &item) {
     for (const CampoDeItem &campo : CamposDeItem()) {
         const QString texto = textoDeCampo(p, campo, item);
         p.poner(campo.control, texto);
-        if (campo.seGraba) p.v.datos.insert(L(campo.columna), texto);
+        if (!campo.seGraba) continue;
+        const QString columna = L(campo.columna);
+        p.v.datos.insert(columna,
+                         campo.clase == ClaseDeCampo::Numero ? p.comoNumero(item.Numero(columna)) : texto);
     }
     const QString unidad = item.Texto(u"idunidad");
     p.poner("lbItemCantidadDeclarada",

@@ -95,12 +95,26 @@ TEST_P(Grabado, AnItemIsSavedByOneUpdateWithItsFieldsInTheirOrder) {
     ASSERT_EQ(sentencias.size(), 1);
     EXPECT_EQ(sentencias[0].toStdString(),
               "update item set naladisa = '',lista = 'MERCOSUR',estadomerc = '',totalkneto = 0,"
-              "idpais = '400',insumostemp = 00.00,insumosacons = 00.00,idproc = '',ajusteinc = 00.00,"
-              "ajusteded = 00.00,regalias = '',tipoitem = 'N',standard = '',ItComExt = 00.00,"
+              "idpais = '400',insumostemp = 0,insumosacons = 0,idproc = '',ajusteinc = 0,"
+              "ajusteded = 0,regalias = '',tipoitem = 'N',standard = '',ItComExt = 0,"
               "ItemAsociado = '',COFEXP = 0,ONCCAAcuerdo = ' ',ONCCACategoria = '',ONCCACortes = '',"
               "ONCCAElaborador = '',ONCCAEspecie = '',ONCCAFaneador = '',ONCCAMeccoorgbio = '',"
               "ONCCAres3106 = '',ONCCAsispro = '',ONCCAMatadero = '',Mineria = 'N',OpcionesIVA = '',"
               "OpcionesGanancias = '' where id = 1 and interno = 'OP1'");
+}
+
+TEST_P(Grabado, AMaskIsForShowingAloneWhatNobodyTouchedKeepsItsDecimals) {
+    item(0);
+    item(1, {{"insumostemp", "1.23456789"},
+             {"insumosacons", "0.005"},
+             {"totalkneto", "2.34567"},
+             {"itcomext", "3.456"},
+             {"ajusteinc", "0.125"},
+             {"cofexp", "0.909090909"}});
+    cambiar("1", {{"naladisa", "N"}});
+    EXPECT_EQ(
+        f("select insumostemp,insumosacons,totalkneto,itcomext,ajusteinc,cofexp from item where id = 1"),
+        "1.23456789|0.005|2.34567|3.456|0.125|0.909090909");
 }
 
 TEST_P(Grabado, TheBlankBehindTheAgreementDoesNotGrow) {

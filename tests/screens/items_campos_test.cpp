@@ -170,6 +170,33 @@ TEST_P(CamposDeItems, TheListOffersThoseOfTheLiquidationAndThoseOfTheTable) {
     EXPECT_EQ(guardado("lista,itmodif", 2), "MERCOSUR|S");
 }
 
+TEST_P(CamposDeItems, TheOfferOfListsStandsInNobodysWay) {
+    auto &items = mostrarItem(2);
+    auto &ui = items.ui;
+    const QWidget *oferta = ui.TxtLista->completer()->popup();
+    const auto ofrecer = [&](const QString &texto) {
+        // The window has the keyboard again a moment after the offer went.
+        esperarVentana(items.ventana.get());
+        reemplazar(ui.TxtLista, texto);
+        ASSERT_TRUE(oferta->isVisible());
+    };
+    ofrecer(u"355"_s);
+    tecla(Qt::Key_Return);
+    EXPECT_FALSE(oferta->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdpais);
+    ofrecer(u"35"_s);
+    tecla(Qt::Key_F11);
+    EXPECT_FALSE(oferta->isVisible());
+    EXPECT_EQ(guardado("lista", 2), "35");
+    ofrecer(u"3"_s);
+    tecla(Qt::Key_Escape);
+    EXPECT_FALSE(oferta->isVisible());
+    EXPECT_TRUE(PantallaAbierta<FrmVerItem>()) << "ESC closes the offer alone";
+    esperarVentana(items.ventana.get());
+    teclaEn(ui.TxtLista, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(oferta->isVisible());
+}
+
 TEST_P(CamposDeItems, F6InTheListOpensTheTariffListsOfTheItemsCountries) {
     auto &ui = mostrarItem(2).ui;
     enHija<FrmListadoeX>([&ui] { teclaEn(ui.TxtLista, Qt::Key_F6); },

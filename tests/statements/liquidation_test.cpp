@@ -167,6 +167,14 @@ const Caso pantalla[] = {
      "and iditem =  1 "
      "order by dit, item, subitem",
      Espera::Filas, "INTERNOS", "26|1|2|<null>|<null>|2|<null>"},
+    {"CancellationsOfAnItemAndOfItsLines",
+     "select dit,item,subitem,ncm,expctit,cantidad,factorponderacion from descargas where interno = 'OP1' "
+     "and (iditem =  1 or (iditem is null and idexportacion<>0 and idexportacion in (select idexportacion from "
+     "subitems where interno = 'OP1' and id in ( select * from (  select idsub from groupsubitems where "
+     "interno = 'OP1' and id = 1 Union  select idsub from idrel where interno = 'OP1' and idroot in (  select "
+     "idsub from groupsubitems where interno = 'OP1'  and id = 1)) as tino )))) order by dit, item, subitem"},
+    {"ListsOfAnItem", "select distinct id from lista order by id", Espera::Filas, "SYSTABLAS"},
+    {"NumberOfItems", "select count(*) as cont from item where interno = 'OP1' and id<>0"},
     {"PageIsSaved",
      "update item set naladisa = '8409', lista = 'MERCOSUR', estadomerc = '1', totalkneto = 10.5, idpais = "
      "'203', "
