@@ -41,6 +41,11 @@ void llenarOpciones(QComboBox *combo, QString (*codigo)(int), QString (*texto)(i
     combo->setCurrentIndex(-1);
 }
 
+/// The header rules the field for the whole operation: item 0 answers in place of a change.
+bool respondeEnCero(const CampoDeItem &campo) {
+    return *campo.respuestaEnCero != '\0';
+}
+
 /// A key that would change the text of a field, or open its list.
 bool quiereCambiar(const QKeyEvent *tecla) {
     if ((tecla->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
@@ -80,21 +85,19 @@ void FrmVerItem::ConectarCampos() {
     VincularCodigo(ui.TxtIdpais, ui.LbDescPais);
     VincularCodigo(ui.TxtIdproc, ui.LbDest);
     VincularCodigo(ui.TxtEstadoMerc, ui.LbEstMerc);
-    // The header rules these for the whole operation.
-    const QString paisEnCaratula =
-        u"Si desea establecer un PAIS ORIGEN para todos los item's , debe ingresarlo en Caratula"_s;
-    const std::pair<QLineEdit *, QString> deCaratula[] = {
-        {ui.TxtIdpais, paisEnCaratula},
-        {ui.TxtEstadoMerc, paisEnCaratula},
-        {ui.TxtTotKgNeto, u"Si desea prorratear Kilos Neto, debe ingresar el valor total en Caratula"_s}};
-    for (const auto &[campo, respuesta] : deCaratula)
-        EscucharTeclas(campo, [this, respuesta = respuesta](QKeyEvent *tecla) {
-            return CampoDeCaratula_KeyDown(tecla, respuesta);
-        });
     const auto pendiente = [] { Contexto().LiquidacionPendiente = true; };
-    QObject::connect(ui.chkMineria, &QCheckBox::clicked, ui.chkMineria, pendiente);
-    for (QLineEdit *ajuste : {ui.TxtAjusteInc, ui.txtAjusteDed})
-        QObject::connect(ajuste, &QLineEdit::textEdited, ajuste, pendiente);
+    for (const Campo &campo : campos_) {
+        const CampoDeItem &definicion = *campo.definicion;
+        if (respondeEnCero(definicion))
+            EscucharTeclas(campo.control, [this, &definicion](QKeyEvent *tecla) {
+                return CampoDeCaratula_KeyDown(tecla, QString::fromUtf8(definicion.respuestaEnCero));
+            });
+        if (!definicion.dejaPendiente) continue;
+        if (auto *casilla = qobject_cast<QCheckBox *>(campo.control))
+            QObject::connect(casilla, &QCheckBox::clicked, casilla, pendiente);
+        else if (auto *linea = qobject_cast<QLineEdit *>(campo.control))
+            QObject::connect(linea, &QLineEdit::textEdited, linea, pendiente);
+    }
     ConectarLista();
     ConectarONCCA();
 }
@@ -181,7 +184,7 @@ void FrmVerItem::HabilitarCampos() {
             control->setEnabled(seEscribe);
             continue;
         }
-        const bool responde = linea == ui.TxtIdpais || linea == ui.TxtEstadoMerc || linea == ui.TxtTotKgNeto;
+        const bool responde = respondeEnCero(*definicion);
         if (cero && responde) seEscribe = false;
         linea->setReadOnly(!seEscribe);
         const bool quieto = !seEscribe && !responde;
