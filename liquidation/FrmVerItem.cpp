@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Solapa { datos, subitems, informacion, liquidacion, cancelaciones, oncca };
+enum Solapa { enDatos, enSubitems, enInformacion, enLiquidar, enCancelaciones, enOncca };
 
 /// A page of sTab: its key and the keys that work on it.
 struct DatosDeSolapa {
@@ -104,7 +104,7 @@ void FrmVerItem::Mostrar(const QString &interno) {
     ventana->setModal(true);
     {
         const QSignalBlocker callado(ui.sTab);
-        ui.sTab->setCurrentIndex(liquidacion);
+        ui.sTab->setCurrentIndex(enLiquidar);
     }
     MostrarVentana(ventana.get());
     item_ = itemCero;
@@ -117,13 +117,13 @@ void FrmVerItem::Mostrar(const QString &interno) {
     ui.Scr->setRange(0, ultimo);
     ui.lbCantidadItems->setText(u"de %1"_s.arg(ultimo));
     VerDetalle(itemCero);
-    ElegirSolapa(liquidacion);
+    ElegirSolapa(enLiquidar);
 }
 
 void FrmVerItem::VerDetalle(const QString &item) {
     if (enCorrida_) return;
     AppContext &ctx = Contexto();
-    const bool enLiquidacion = ui.sTab->currentIndex() == liquidacion;
+    const bool enLiquidacion = ui.sTab->currentIndex() == enLiquidar;
     const bool deOperacion = item == itemCero;
     const bool otraPagina = !cargada_ || item != item_;
     const bool conLiquidacion = !deOperacion || enLiquidacion || ctx.LiquidacionPendiente;
@@ -138,7 +138,7 @@ void FrmVerItem::VerDetalle(const QString &item) {
                 ui.lbEstado->setText(estado);
                 ui.lbEstado->repaint();
             },
-            ui.sTab->currentIndex() == cancelaciones);
+            ui.sTab->currentIndex() == enCancelaciones);
         cargada = vista.cargada;
         if (!cargada) return;
         item_ = item;
@@ -179,18 +179,18 @@ void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion, bool otra
 }
 
 void FrmVerItem::MostrarSolapas(const QString &idsubreg) {
-    ui.sTab->setTabVisible(cancelaciones,
+    ui.sTab->setTabVisible(enCancelaciones,
                            EsRegimenConSolapaInsumos(idsubreg) && EsRegimenConInsumos(idsubreg));
-    ui.sTab->setTabVisible(oncca, Left(idsubreg, 2) == "EC"_L1);
+    ui.sTab->setTabVisible(enOncca, Left(idsubreg, 2) == "EC"_L1);
 }
 
 void FrmVerItem::EscribirTeclas() {
     QString lasSolapas = u"F1-F4"_s;
-    if (ui.sTab->isTabVisible(cancelaciones)) lasSolapas = u"F1-F5"_s;
-    if (ui.sTab->isTabVisible(oncca)) lasSolapas += u" y F7"_s;
+    if (ui.sTab->isTabVisible(enCancelaciones)) lasSolapas = u"F1-F5"_s;
+    if (ui.sTab->isTabVisible(enOncca)) lasSolapas += u" y F7"_s;
     const int indice = ui.sTab->currentIndex();
     // The operation's own liquidation is the sum of the others.
-    const bool quieta = indice < 0 || (indice == liquidacion && item_ == itemCero);
+    const bool quieta = indice < 0 || (indice == enLiquidar && item_ == itemCero);
     const char16_t *propias = quieta ? sinLista : solapas.at(static_cast<std::size_t>(indice)).teclas;
     ui.lbTeclas->setText(QString::fromUtf16(propias) + lasSolapas +
                          u"  solapas   ·   RE PÁG / AV PÁG  items   ·   F8  buscar   ·   F11  grabar   ·   "
@@ -202,7 +202,7 @@ void FrmVerItem::sTab_Change(int indice) {
     // The operation's page is calculated where its liquidation is looked at; the cancellations of an item's
     // lines are read where they are.
     const bool deOperacion = item_ == itemCero;
-    if (cargada_ && ((indice == liquidacion && deOperacion) || (indice == cancelaciones && !deOperacion)))
+    if (cargada_ && ((indice == enLiquidar && deOperacion) || (indice == enCancelaciones && !deOperacion)))
         VerDetalle(item_);
 }
 
@@ -212,7 +212,7 @@ void FrmVerItem::ElegirSolapa(int indice) {
     QWidget *primero[] = {ui.TxtNaladisa, ui.LstV, ui.GridInf, ui.GrdLiq, ui.lstVCancel, ui.txtAcuerdo};
     if (ui.sTab->currentIndex() != indice) return;
     primero[indice]->setFocus();
-    if (indice == liquidacion && ui.GrdLiq->rowCount() > 0) ui.GrdLiq->setCurrentCell(0, 0);
+    if (indice == enLiquidar && ui.GrdLiq->rowCount() > 0) ui.GrdLiq->setCurrentCell(0, 0);
 }
 
 bool FrmVerItem::Form_KeyDown(const QKeyEvent *tecla) {
@@ -220,7 +220,7 @@ bool FrmVerItem::Form_KeyDown(const QKeyEvent *tecla) {
     for (std::size_t n = 0; n < solapas.size(); ++n) {
         if (tecla->key() != solapas.at(n).tecla) continue;
         ElegirSolapa(static_cast<int>(n));
-        if (n == informacion) VerDetalle(item_);
+        if (n == enInformacion) VerDetalle(item_);
         return true;
     }
     switch (tecla->key()) {
@@ -237,7 +237,7 @@ bool FrmVerItem::Form_KeyDown(const QKeyEvent *tecla) {
             CmdPrint_Click();
             return true;
         case Qt::Key_Insert:
-            if (ui.sTab->currentIndex() == cancelaciones) InsertarCancelacion();
+            if (ui.sTab->currentIndex() == enCancelaciones) InsertarCancelacion();
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -319,7 +319,7 @@ void FrmVerItem::cmdProrKg_Click() {
 }
 
 void FrmVerItem::CmdPrint_Click() {
-    const bool lista = ui.sTab->currentIndex() == cancelaciones;
+    const bool lista = ui.sTab->currentIndex() == enCancelaciones;
     Contexto().dialogos.informar(u"La impresión %1 todavía no está en esta versión."_s.arg(
         lista ? u"de las cancelaciones"_s : u"del item"_s));
 }
