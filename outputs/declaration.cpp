@@ -25,11 +25,12 @@ struct LugarDeReparo {
     int item = 0;
 
     void decir(const DatoDeParte &dato, const QString &que) const {
-        const QString donde = item == 0
-                                  ? u"En %1"_s.arg(QString::fromUtf8(parte.nombre))
-                                  : u"En el item %1, %2"_s.arg(item).arg(QString::fromUtf8(parte.nombre));
+        const QString nombre = QString::fromUtf8(parte.nombre);
+        const QString delItem =
+            &parte == &DatosDe(Parte::Item) ? u"el item %1"_s : nombre + u" del item %1"_s;
+        const QString donde = item == 0 ? nombre : delItem.arg(item);
         const QString grupo = *dato.grupo == '\0' ? QString() : L(dato.grupo) + u'/';
-        reparos.push_back({item, u"%1, el dato \"%2\" %3"_s.arg(donde, grupo + L(dato.nombre), que)});
+        reparos.push_back({item, u"En %1, el dato \"%2\" %3"_s.arg(donde, grupo + L(dato.nombre), que)});
     }
 };
 
@@ -203,8 +204,9 @@ void leerDeItems(const Lectura &l, Parte que, const IndiceDeItems &indice) {
         std::sort(item->filas(que).begin(), item->filas(que).end(), vaAntes);
     if (sueltas > 0)
         l.d.reparos.push_back(
-            {0, u"Hay %1 %2 sin item, que no van; vuelva a armar la operación antes de enviar."_s.arg(sueltas)
-                    .arg(QString::fromUtf8(DatosDe(que).nombre))});
+            {0, u"Quedan afuera %1 sin item (%2); vuelva a armar la operación antes de enviar."_s
+                    .arg(QString::fromUtf8(DatosDe(que).nombre))
+                    .arg(sueltas)});
 }
 
 /// The certificates of the lines that each item's groups stand for.

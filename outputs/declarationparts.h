@@ -35,7 +35,7 @@ struct DatoDeParte {
 struct ParteDeDeclaracion {
     const char *elemento;  ///< one a row
     const char *lista;     ///< element around the rows of one owner; empty for none
-    const char *nombre;    ///< what the user calls its rows ("tributos")
+    const char *nombre;    ///< what the user calls its rows ("los tributos")
     const char *tabla;
     const char *item;    ///< column that holds the item; empty for a part of the operation
     const char *orden;   ///< first key of the order, beside what `datos` tell; empty for none

@@ -67,10 +67,10 @@ const CambioYAviso cambios[] = {
     {"insert into itemventaja (interno,iditem,idventaja) values ('A1',1,'BIENCAPITAL')",
      "1|El item 1 tiene una ventaja repetida; quítela y agréguela una vez en la pantalla de items."},
     {"update groupsubitems set id = null %1 and idsub = 13",
-     "0|Hay 1 subitems sin item, que no van; vuelva a armar la operación antes de enviar.\n"
+     "0|Quedan afuera los subitems sin item (1); vuelva a armar la operación antes de enviar.\n"
      "2|El item 2 no tiene subitems; vuelva a armar la operación."},
     {"update itemventaja set iditem = 9 %1",
-     "0|Hay 1 ventajas sin item, que no van; vuelva a armar la operación antes de enviar."},
+     "0|Quedan afuera las ventajas sin item (1); vuelva a armar la operación antes de enviar."},
 };
 
 TEST_P(ControlesDeDeclaracion, EveryFaultIsOneSentenceWithItsItem) {
@@ -125,7 +125,7 @@ TEST_P(ControlesDeDeclaracion, CodesAreLookedUpOnlyWhereTheirTableHasRows) {
     ejecutar(u"insert into pais (id,descripcion) values ('212','EEUU')"_s, u"SYSTABLAS"_s);
     ejecutar(u"insert into aduana (id,descripcion) values ('038','MENDOZA')"_s, u"SYSTABLAS"_s);
     EXPECT_EQ(advertencias().join(u'\n').toStdString(),
-              "0|En carátula, la aduana \"001\" no está en su tabla; corrija el código.");
+              "0|En la carátula, la aduana \"001\" no está en su tabla; corrija el código.");
 }
 
 TEST_P(ControlesDeDeclaracion, AmountsAreToldWithTheWorkstationsSeparator) {

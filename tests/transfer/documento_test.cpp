@@ -152,9 +152,10 @@ TEST_P(DocumentoDeDeclaracion, WhatXmlCannotHoldBecomesABlankAndIsTold) {
     const QByteArray d = documento();
     EXPECT_TRUE(d.contains("<valor>a b c\nd</valor>")) << d.toStdString();
     EXPECT_EQ(DefectoDelDocumento(d), QString());
-    EXPECT_EQ(advertencias().join(u'\n').toStdString(),
-              "2|En el item 2, informaciones, el dato \"valor\" tiene caracteres que el documento no admite; "
-              "van como blancos.");
+    EXPECT_EQ(
+        advertencias().join(u'\n').toStdString(),
+        "2|En las informaciones del item 2, el dato \"valor\" tiene caracteres que el documento no admite; "
+        "van como blancos.");
 }
 
 TEST_P(DocumentoDeDeclaracion, ACharacterBeyondTheFirstPlaneStays) {
@@ -173,11 +174,11 @@ TEST_P(DocumentoDeDeclaracion, WhatIsOfAnotherKindIsLeftOutAndTold) {
     EXPECT_FALSE(d.contains("regalias"));
     EXPECT_EQ(DefectoDelDocumento(d), QString());
     EXPECT_EQ(advertencias().join(u'\n').toStdString(),
-              "0|En carátula, el dato \"fechaEmbarque\" dice \"pronto\", que no es una fecha, y no va; "
+              "0|En la carátula, el dato \"fechaEmbarque\" dice \"pronto\", que no es una fecha, y no va; "
               "corríjalo antes de enviar.\n"
-              "1|En el item 1, tributos, el dato \"obligacion\" dice \"Z\" y no va; corríjalo antes de "
+              "1|En los tributos del item 1, el dato \"obligacion\" dice \"Z\" y no va; corríjalo antes de "
               "enviar.\n"
-              "2|En el item 2, items, el dato \"regalias\" dice \"X\" y no va; corríjalo antes de enviar.");
+              "2|En el item 2, el dato \"regalias\" dice \"X\" y no va; corríjalo antes de enviar.");
 }
 
 TEST_P(DocumentoDeDeclaracion, CertificatesAreThoseOfTheLinesBehindTheGroups) {
