@@ -91,8 +91,11 @@ struct Extra {
             return false;
         }
         const QString cuales = propio() + deOperacion();
-        return ejecutar("delete from "_L1 + L(clase.tabla) + " where "_L1 +
-                        (deTodos ? cuales : "iditem = "_L1 + item + " and "_L1 + cuales)) > 0;
+        if (ejecutar("delete from "_L1 + L(clase.tabla) + " where "_L1 +
+                     (deTodos ? cuales : "iditem = "_L1 + item + " and "_L1 + cuales)) > 0)
+            return true;
+        ctx.dialogos.advertir(u"El item %1 ya no tiene %2; vuelva a mirar la lista."_s.arg(item, id));
+        return false;
     }
 };
 

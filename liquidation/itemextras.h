@@ -27,7 +27,7 @@ bool AgregarInformacion(AppContext &ctx, const QString &interno, const QString &
 bool AgregarVentajaAItem(AppContext &ctx, const QString &interno, const QString &item, const QString &id);
 
 /// Removes an information from an item, or from item 0 from all. What item 0 holds cannot be removed
-/// elsewhere, which is told: false. Raises Falla.
+/// elsewhere, and what is not there neither, which is told: false. Raises Falla.
 bool EliminarInformacion(AppContext &ctx, const QString &interno, const QString &item, const QString &id);
 /// The same for an advantage; one of self-liquidation takes the mark away. Raises Falla.
 bool EliminarVentajaDeItem(AppContext &ctx, const QString &interno, const QString &item, const QString &id);

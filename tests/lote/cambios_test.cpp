@@ -163,6 +163,12 @@ TEST_P(Cambios, AnAdvantageOfItemZeroGoesToAllAndIsNotRemovedElsewhere) {
     EXPECT_EQ(cuantas("itemventaja where idventaja = 'LICENCIAAUTOM'"), 0);
 }
 
+TEST_P(Cambios, WhatAnItemDoesNotHaveIsToldWhenItIsToGo) {
+    const Corrida c = item("5", R"({"ventajas":{"eliminar":["MUESTRAEXPO"]}})");
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_EQ(c.textos(), QStringList(u"El item 5 ya no tiene MUESTRAEXPO; vuelva a mirar la lista."_s));
+}
+
 TEST_P(Cambios, AnInformationKeepsItsValueAsWritten) {
     EXPECT_EQ(
         item("2", R"({"informacion":{"agregar":[{"id":"NRO.LICENCIA","valor":"O'Higgins 12"}]}})").estado, 0);
