@@ -10,13 +10,12 @@
 #include "subitems/FrmDetalleNomenclador.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmSufijos.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString motor = u"8409.91.12.100G"_s;
 
 class CapturasDelNomenclador : public EnPantalla {
  protected:

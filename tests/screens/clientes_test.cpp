@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include "frame/entities.h"
 #include "frame/ui/Pantalla.h"
 #include "header/FrmCliente.h"
 #include "header/FrmClientes.h"
@@ -15,12 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString personal = u"PERSONAL"_s;
-
-QString enMano(const QTableWidget *grilla, int columna) {
-    const int fila = grilla->currentRow();
-    return fila < 0 ? QString() : grilla->item(fila, columna)->text();
-}
+using entidad::personal;
 
 class LibroEnPantalla : public EnPantalla {
  protected:

@@ -19,11 +19,6 @@ namespace {
 const QString operacionDeConceptos = u"IC-2026-0001"_s;
 const QString itemDeConceptos = u"3"_s;
 
-QString enManoDe(const QTableView *vista, int columna) {
-    const QModelIndex celda = vista->currentIndex();
-    return celda.isValid() ? celda.siblingAtColumn(columna).data().toString() : QString();
-}
-
 class PantallaDeConceptos : public EnPantalla {
  protected:
     void SetUp() override {
@@ -299,10 +294,10 @@ TEST_P(ListaDeVentajas, EnterTakesTheIDOfTheLineInHand) {
     EXPECT_EQ(seleccionar([](FrmVentajas &p) {
                   EXPECT_EQ(p.ventana->windowTitle(), u"Ventajas"_s);
                   EXPECT_EQ(QApplication::focusWidget(), p.ui.txtBuscarID);
-                  EXPECT_EQ(enManoDe(p.ui.Lst, 0), u"AUTOLIQLIBREEXP"_s);
+                  EXPECT_EQ(enMano(p.ui.Lst, 0), u"AUTOLIQLIBREEXP"_s);
                   escribir(u"vehi"_s);
-                  EXPECT_EQ(enManoDe(p.ui.Lst, 0), u"VEHICULOPARTES"_s);
-                  EXPECT_EQ(enManoDe(p.ui.Lst, 1), u"Partes de vehículos"_s);
+                  EXPECT_EQ(enMano(p.ui.Lst, 0), u"VEHICULOPARTES"_s);
+                  EXPECT_EQ(enMano(p.ui.Lst, 1), u"Partes de vehículos"_s);
                   tecla(Qt::Key_Return);
               }),
               u"VEHICULOPARTES"_s);
@@ -367,7 +362,7 @@ TEST_P(ListaDeItems, ItStartsOnTheItemInHandAndAnswersItsNumber) {
                          const QAbstractItemModel *modelo = p.ui.lstItem->model();
                          for (int c = 0; c < modelo->columnCount(); ++c) {
                              titulos << modelo->headerData(c, Qt::Horizontal).toString();
-                             celdas << enManoDe(p.ui.lstItem, c);
+                             celdas << enMano(p.ui.lstItem, c);
                          }
                          EXPECT_EQ(
                              titulos.join(u'|').toStdString(),
@@ -385,18 +380,18 @@ TEST_P(ListaDeItems, AnItemIsFoundByItsNumberWithZerosOrWithoutItsPositionAndIts
     EXPECT_EQ(elegir(u"0"_s,
                      [](frmListadoItem &p) {
                          EXPECT_EQ(QApplication::focusWidget(), p.ui.txtBuscarItem);
-                         EXPECT_EQ(enManoDe(p.ui.lstItem, 0), u"001"_s);
+                         EXPECT_EQ(enMano(p.ui.lstItem, 0), u"001"_s);
                          escribir(u"009"_s);
-                         EXPECT_EQ(enManoDe(p.ui.lstItem, 0), u"009"_s);
+                         EXPECT_EQ(enMano(p.ui.lstItem, 0), u"009"_s);
                          p.ui.txtBuscarItem->selectAll();
                          escribir(u"11"_s);
-                         EXPECT_EQ(enManoDe(p.ui.lstItem, 0), u"011"_s);
+                         EXPECT_EQ(enMano(p.ui.lstItem, 0), u"011"_s);
                          tecla(Qt::Key_Tab);
                          escribir(u"8413.70.10.105"_s);
-                         EXPECT_EQ(enManoDe(p.ui.lstItem, 0), u"005"_s);
+                         EXPECT_EQ(enMano(p.ui.lstItem, 0), u"005"_s);
                          tecla(Qt::Key_Tab);
                          escribir(u"bomba nº 12"_s);
-                         EXPECT_EQ(enManoDe(p.ui.lstItem, 0), u"012"_s);
+                         EXPECT_EQ(enMano(p.ui.lstItem, 0), u"012"_s);
                          tecla(Qt::Key_Return);
                      }),
               u"12"_s);
@@ -406,7 +401,7 @@ TEST_P(ListaDeItems, TheArrowsMoveFromTheItemInHand) {
     EXPECT_EQ(elegir(u"7"_s,
                      [](frmListadoItem &p) {
                          tecla(Qt::Key_Down);
-                         EXPECT_EQ(enManoDe(p.ui.lstItem, 0), u"008"_s);
+                         EXPECT_EQ(enMano(p.ui.lstItem, 0), u"008"_s);
                          EXPECT_EQ(p.ui.txtBuscarItem->text(), u"8"_s);
                          tecla(Qt::Key_Return);
                      }),

@@ -47,15 +47,6 @@ class Marco : public EnPantalla {
     int terminados = 0;
 };
 
-QStringList columna(const QTableWidget *grilla, int cual) {
-    QStringList textos;
-    for (int fila = 0; fila < grilla->rowCount(); ++fila) {
-        const QTableWidgetItem *celda = grilla->item(fila, cual);
-        textos << (celda == nullptr ? QString() : celda->text());
-    }
-    return textos;
-}
-
 TEST_P(Marco, TheTitleNamesProfileVersionAndWorkstation) {
     EXPECT_TRUE(mostrar().ventana->windowTitle().startsWith("[Prueba] Zendra Windows - v3.5.001 - PC ["_L1))
         << mostrar().ventana->windowTitle().toStdString();
@@ -72,12 +63,12 @@ TEST_P(Marco, TheFrameKeepsItsSizeAndItsOwnControlsDoNotCloseIt) {
 TEST_P(Marco, TheMenuHasItsSevenEntriesAndTheFormsUnderTheirTitle) {
     mostrar();
     auto &menu = Pantalla<MenuP>();
-    EXPECT_EQ(columna(menu.ui.GrdMenuMain, 1),
+    EXPECT_EQ(textosDe(menu.ui.GrdMenuMain, 1),
               QStringList({u"Operaciones"_s, u"Clientes"_s, u"Nomenclador"_s, u"Catálogos"_s,
                            u"Configuración"_s, u"Exportar Operaciones"_s, u"Importar Operaciones"_s}));
     EXPECT_EQ(menu.ui.GridFormularios->item(0, 0)->text(), u"Formularios"_s);
     EXPECT_FALSE(menu.ui.GridFormularios->item(0, 0)->flags().testFlag(Qt::ItemIsSelectable));
-    EXPECT_EQ(columna(menu.ui.GridFormularios, 1).mid(1),
+    EXPECT_EQ(textosDe(menu.ui.GridFormularios, 1).mid(1),
               QStringList({u"SENASA 19/02"_s, u"Boleta de Depósito"_s, u"Multinota"_s, u"OM-1993"_s,
                            u"Minería"_s, u"Solicitud Particular"_s, u"Hoja de Valoración"_s,
                            u"EDCADASSA - IMPO"_s, u"EDCADASSA - EXPO"_s, u"Certificados de Origen"_s}));

@@ -7,11 +7,13 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "frame/entities.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
 #include "subitems/FrmSufijos.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 #include "tests/support/traza.h"
 
@@ -19,8 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ncm = u"NCM"_s;
-const QString motor = u"8409.91.12.100G"_s;
+using entidad::ncm;
 
 std::string textoDe(const QTableWidget *grilla) {
     QStringList lineas;
@@ -35,12 +36,6 @@ std::string textoDe(const QTableView *vista) {
         lineas << vista->model()->index(fila, 0).data().toString() + u'|' +
                       vista->model()->index(fila, 1).data().toString();
     return lineas.join(u'\n').toStdString();
-}
-
-/// Sets a column of the engine part's position.
-QString fijar(const char *columna, const char *valor) {
-    return u"update ncm set [%1] = '%2' where [001] = '8409.91.12' and [002] = '100'"_s.arg(
-        QString::fromUtf8(columna), QString::fromUtf8(valor));
 }
 
 class ConsultaDelNomenclador : public EnPantalla {
@@ -128,8 +123,8 @@ TEST_P(ConsultaDelNomenclador, ThreeCharactersAreEnoughForWordsAndTwoAreNot) {
 }
 
 TEST_P(ConsultaDelNomenclador, WordsJoinBothLevelsWithAnotherSeparator) {
-    ejecutar(fijar("010", "Bielas de prueba"), ncm);
-    ejecutar(fijar("004", "Partes de motores"), ncm);
+    ejecutar(fijarEnMotor("010", "Bielas de prueba"), ncm);
+    ejecutar(fijarEnMotor("004", "Partes de motores"), ncm);
     auto &consultas = porPalabras(u"las de prue"_s);
     EXPECT_EQ(textoDe(consultas.ui.LstResult), "8409.91.12.100G|Bielas de prueba -- Partes de motores");
     EXPECT_EQ(consultas.ui.lbCantidad->text(), u"1 posición encontrada"_s);
@@ -227,7 +222,7 @@ TEST_P(ConsultaDelNomenclador, TheSheetTellsEachSectionInItsOrder) {
     for (const auto &[columna, valor] :
          {std::pair("012", "07"), std::pair("020", ""), std::pair("013", "General"),
           std::pair("015", "14.00"), std::pair("021", "0.00")})
-        ejecutar(fijar(columna, valor), ncm);
+        ejecutar(fijarEnMotor(columna, valor), ncm);
     porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_EQ(textoDe(hoja.ui.GrdDetalles),
@@ -246,7 +241,7 @@ TEST_P(ConsultaDelNomenclador, TheSheetTellsEachSectionInItsOrder) {
 }
 
 TEST_P(ConsultaDelNomenclador, AnUnknownTermForForeignCurrencyShowsError) {
-    ejecutar(fijar("071", "5"), ncm);
+    ejecutar(fijarEnMotor("071", "5"), ncm);
     porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_TRUE(QString::fromStdString(textoDe(hoja.ui.GrdPosee))
@@ -256,12 +251,12 @@ TEST_P(ConsultaDelNomenclador, AnUnknownTermForForeignCurrencyShowsError) {
 }
 
 TEST_P(ConsultaDelNomenclador, AColumnOfBlanksGivesNoLineOfWhatThePositionHas) {
-    ejecutar(fijar("043", "SENASA"), ncm);
+    ejecutar(fijarEnMotor("043", "SENASA"), ncm);
     porPosicion(u"8409.91.12"_s);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_NE(textoDe(hoja.ui.GrdPosee).find("Intervención:|SENASA"), std::string::npos);
     });
-    ejecutar(fijar("043", "   "), ncm);
+    ejecutar(fijarEnMotor("043", "   "), ncm);
     enLaHoja([](FrmDetalleNomenclador &hoja) {
         EXPECT_EQ(textoDe(hoja.ui.GrdPosee).find("Intervención:"), std::string::npos);
     });

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include "frame/entities.h"
 #include "frame/ui/Pantalla.h"
 #include "header/FrmClientes.h"
 #include "header/FrmListadoDespachante.h"
@@ -18,18 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString personal = u"PERSONAL"_s;
-
-QString enMano(const QTableWidget *grilla, int columna) {
-    const int fila = grilla->currentRow();
-    return fila < 0 ? QString() : grilla->item(fila, columna)->text();
-}
-
-QStringList columna(const QTableWidget *grilla, int cual) {
-    QStringList textos;
-    for (int fila = 0; fila < grilla->rowCount(); ++fila) textos << grilla->item(fila, cual)->text();
-    return textos;
-}
+using entidad::personal;
 
 class PantallasDeVendedores : public EnPantalla {
  protected:
@@ -54,7 +44,7 @@ class PantallasDeVendedores : public EnPantalla {
 TEST_P(PantallasDeVendedores, TypingANameTakesItsRowAndEnterChoosesIt) {
     EXPECT_EQ(listar([](FrmLstVendedores &lista) {
                   EXPECT_EQ(QApplication::focusWidget(), lista.ui.txtBuscar);
-                  EXPECT_EQ(columna(lista.ui.Lst, 1).first(), u"V001"_s) << "by code";
+                  EXPECT_EQ(textosDe(lista.ui.Lst, 1).first(), u"V001"_s) << "by code";
                   escribir(u"off"_s);
                   EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V002"_s);
                   tecla(Qt::Key_Return);
@@ -135,7 +125,7 @@ TEST_P(PantallasDeVendedores, TheListIsMovedFromTheBoxAndFromTheGrid) {
 TEST_P(PantallasDeVendedores, TheOptionSortsTheListByName) {
     ctx->opciones.VendedorOrderxNombre = true;
     listar([](FrmLstVendedores &lista) {
-        QStringList nombres = columna(lista.ui.Lst, 0);
+        QStringList nombres = textosDe(lista.ui.Lst, 0);
         EXPECT_EQ(nombres.first(), u"AUTOPECAS PAULISTA LTDA."_s);
         EXPECT_EQ(nombres.size(), 6);
         tecla(Qt::Key_Escape);
@@ -223,7 +213,7 @@ TEST_P(PantallasDeVendedores, DeleteInTheGridDeletesWithoutAQuestionAndInABoxOnl
         EXPECT_EQ(lista.ui.Lst->rowCount(), 6);
         lista.ui.Lst->setFocus();
         tecla(Qt::Key_Delete);
-        EXPECT_EQ(columna(lista.ui.Lst, 1).join(QLatin1Char(' ')).toStdString(), "V001 V003 V004 V005 V006");
+        EXPECT_EQ(textosDe(lista.ui.Lst, 1).join(QLatin1Char(' ')).toStdString(), "V001 V003 V004 V005 V006");
         EXPECT_EQ(enMano(lista.ui.Lst, 1), u"V003"_s) << "the row in its place is in hand";
         tecla(Qt::Key_Escape);
     });
@@ -312,7 +302,7 @@ class ListaDeDespachantes : public EnPantalla {
 
 TEST_P(ListaDeDespachantes, ARowIsFoundByNameOrNumberAndFillsTheSlots) {
     EXPECT_EQ(listar([](FrmListadoDespachante &lista) {
-                  EXPECT_EQ(columna(lista.ui.Lst, 1).first(), u"ACOSTA RUBEN OSCAR"_s);
+                  EXPECT_EQ(textosDe(lista.ui.Lst, 1).first(), u"ACOSTA RUBEN OSCAR"_s);
                   escribir(u"bian"_s);
                   tecla(Qt::Key_Return);
               }),

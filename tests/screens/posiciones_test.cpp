@@ -4,8 +4,10 @@
 
 #include <QApplication>
 
+#include "frame/entities.h"
 #include "frame/ui/Pantalla.h"
 #include "subitems/FrmPosicion.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 #include "tests/support/traza.h"
 
@@ -13,19 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ncm = u"NCM"_s;
-const QString motor = u"8409.91.12.100G"_s;
+using entidad::ncm;
 
 std::string textoDe(const QListWidget *lista) {
     QStringList lineas;
     for (int fila = 0; fila < lista->count(); ++fila) lineas << lista->item(fila)->text();
     return lineas.join(u' ').toStdString();
-}
-
-/// Sets a column of the engine part's position.
-QString fijar(const char *columna, const char *valor) {
-    return u"update ncm set [%1] = '%2' where [001] = '8409.91.12' and [002] = '100'"_s.arg(
-        QString::fromUtf8(columna), QString::fromUtf8(valor));
 }
 
 class Posiciones : public EnPantalla {
@@ -109,7 +104,7 @@ TEST_P(Posiciones, EnterChoosesThePositionWithItsUnitsAndFlags) {
     for (const auto &[columna, valor] :
          {std::pair("012", "07"), std::pair("020", "01"), std::pair("059", " * "), std::pair("052", "*"),
           std::pair("044", "*"), std::pair("019", "2.5")})
-        ejecutar(fijar(columna, valor), ncm);
+        ejecutar(fijarEnMotor(columna, valor), ncm);
     EXPECT_EQ(elegir([](FrmPosicion &p) {
                   buscar("8409.91");
                   EXPECT_EQ(p.ui.lbUnidades->text(),
@@ -126,7 +121,7 @@ TEST_P(Posiciones, EnterChoosesThePositionWithItsUnitsAndFlags) {
                 ctx->posicion.reintegro);
     for (const auto &[columna, valor] : {std::pair("020", ""), std::pair("059", ""), std::pair("052", ""),
                                          std::pair("044", ""), std::pair("019", "0")})
-        ejecutar(fijar(columna, valor), ncm);
+        ejecutar(fijarEnMotor(columna, valor), ncm);
     elegir([](FrmPosicion &p) {
         buscar("8409.91");
         EXPECT_EQ(p.ui.lbUnidades->text(), u"Unidad estadística: 07   ·   Derecho específico: No posee"_s);

@@ -10,20 +10,20 @@
 #include <QTest>
 #include <deque>
 
+#include "frame/entities.h"
 #include "frame/ui/Pantalla.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmSufijos.h"
 #include "subitems/suffixes.h"
 #include "subitems/suffixtext.h"
+#include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString ncm = u"NCM"_s;
-/// Families AA (coded) and AB (free) of the chapter, HA (coded) of its own.
-const QString motor = u"8409.91.12.100G"_s;
+using entidad::ncm;
 /// The free family AB of the chapter alone.
 const QString llave = u"8204.11.00.111U"_s;
 

@@ -99,6 +99,18 @@ void hasta(const std::function<bool()> &listo) {
     }
 }
 
+QString enMano(const QTableView *vista, int columna) {
+    const QModelIndex fila = vista->currentIndex();
+    return fila.isValid() ? fila.siblingAtColumn(columna).data().toString() : QString();
+}
+
+QStringList textosDe(const QTableView *vista, int columna) {
+    QStringList textos;
+    for (int fila = 0; fila < vista->model()->rowCount(); ++fila)
+        textos << vista->model()->index(fila, columna).data().toString();
+    return textos;
+}
+
 void conVentanaModal(const std::function<void(QWidget *)> &hacer) {
     QTimer::singleShot(5, qApp, [hacer] {
         QWidget *modal = QApplication::activeModalWidget();

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QDialog>
 #include <QString>
+#include <QStringList>
+#include <QTableView>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -36,6 +38,11 @@ void teclaEn(QWidget *campo, int tecla, Qt::KeyboardModifiers con = Qt::NoModifi
 void escribir(const QString &texto);
 /// Serves events until `listo` answers true; fails after ten seconds.
 void hasta(const std::function<bool()> &listo);
+/// A cell of the row in hand; empty for no row.
+QString enMano(const QTableView *vista, int columna);
+/// The cells of a column, from above.
+QStringList textosDe(const QTableView *vista, int columna);
+
 /// Calls `hacer` with the next modal window, as soon as one stands.
 void conVentanaModal(const std::function<void(QWidget *)> &hacer);
 
