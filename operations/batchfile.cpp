@@ -42,7 +42,7 @@ QString defectoDelValor(const QJsonValue &v, const Miembro &m, const QString &ru
     const QJsonArray lista = v.toArray();
     for (const auto &uno : lista) {
         if (!uno.isObject()) return malaForma(ruta, u"una lista de objetos"_s);
-        if (const QString defecto = defectoDelObjeto(uno.toObject(), m.dentro, ruta); !defecto.isEmpty())
+        if (QString defecto = defectoDelObjeto(uno.toObject(), m.dentro, ruta); !defecto.isEmpty())
             return defecto;
     }
     return {};
@@ -59,7 +59,7 @@ QString defectoDelObjeto(const QJsonObject &objeto, const std::vector<Miembro> &
         });
         if (m == miembros.end())
             return u"\"%1\" no se puede cambiar; corrija el archivo de cambios."_s.arg(camino(o.key()));
-        if (const QString defecto = defectoDelValor(o.value(), *m, camino(o.key())); !defecto.isEmpty())
+        if (QString defecto = defectoDelValor(o.value(), *m, camino(o.key())); !defecto.isEmpty())
             return defecto;
     }
     for (const Miembro &m : miembros)

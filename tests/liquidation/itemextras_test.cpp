@@ -96,7 +96,8 @@ TEST_P(Extras, AnInformationOfOneItemIsDeletedFromItAlone) {
     EXPECT_TRUE(EliminarInformacion(*ctx, L(clave), u"1"_s, u"MARCA"_s));
     EXPECT_EQ(informacion(), "1|MODELO|V\n2|MARCA|V");
     EXPECT_FALSE(EliminarInformacion(*ctx, L(clave), u"1"_s, u"MARCA"_s)) << "there was none";
-    EXPECT_TRUE(registro.mensajes.empty());
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto, u"El item 1 ya no tiene MARCA; vuelva a mirar la lista."_s);
 }
 
 TEST_P(Extras, AnAdvantageIsAddedOnceAndFromItemZeroToAll) {
