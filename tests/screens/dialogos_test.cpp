@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 #include <stdexcept>
 
 #include "desktop/FrmPerfiles.h"
@@ -53,6 +54,18 @@ TEST_P(Ventanas, AMessageHasItsTextIconTitleAndOneButton) {
         ctx->dialogos.mensaje({u"uno\r\n<b>dos</b>"_s, {}, caso.icono, false});
         EXPECT_TRUE(visto);
     }
+}
+
+TEST_P(Ventanas, AMessageOverAScreenIsAWindowOfItsOwn) {
+    QDialog pantalla;
+    pantalla.show();
+    esperarVentana(&pantalla);
+    conVentanaModal([](QWidget *modal) {
+        // A sheet, which is what a box modal to one window becomes, is never given the keyboard everywhere.
+        EXPECT_EQ(modal->windowHandle()->type(), Qt::Dialog);
+        QTest::keyClick(modal, Qt::Key_Return);
+    });
+    ctx->dialogos.informar(u"hola"_s);
 }
 
 TEST_P(Ventanas, AQuestionAnswersByItsDefaultOnEnterAndNoOnEscape) {
