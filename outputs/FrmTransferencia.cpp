@@ -40,6 +40,7 @@ enum ColumnaDeEnvio {
 };
 constexpr int partesMostradas = 7;
 constexpr int margenDeParte = 7;  ///< pixels around the text of a row
+constexpr int letrasDeNombre = 44;
 
 /// Those ahead of the numbers, which share the rest: how many characters they are wide.
 constexpr std::pair<int, int> anchosDeEnvio[] = {{EnvioItem, 9}, {EnvioPosicion, 24}, {EnvioPais, 9}};
@@ -70,6 +71,9 @@ FrmTransferencia::FrmTransferencia() : ventana(HacerDialogo()) {
         ui.GrItems->setColumnWidth(columna, letra * letras);
     }
     ui.GrPartes->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    ui.GrPartes->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    // A name of usual length is read whole under any font; a longer one does not widen the window.
+    for (QLabel *nombre : {ui.LbCliente, ui.LbDespa}) nombre->setMinimumWidth(letra * letrasDeNombre);
     // All parts are seen at once.
     QHeaderView *filas = ui.GrPartes->verticalHeader();
     filas->setMinimumSectionSize(0);

@@ -14,6 +14,7 @@
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
+#include "frame/ui/eventos.h"
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +64,7 @@ int main(int argc, char **argv) {
     if (textosDeQt.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&textosDeQt);
     estilo::Aplicar(aplicacion);
+    QuitarTextosMudos(&aplicacion);
     AlPedirFin(&aplicacion, [] { TerminarPrograma(); });
 
     // Owned here: its connections close before the application, and with it the database library, goes.

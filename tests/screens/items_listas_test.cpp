@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/ui/eventos.h"
 #include "liquidation/FrmAdCon.h"
 #include "liquidation/FrmVentajas.h"
 #include "liquidation/cancellations.h"
@@ -10,12 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QStringList columnaDe(const QTableWidget *grilla, int columna) {
-    QStringList textos;
-    for (int fila = 0; fila < grilla->rowCount(); ++fila) textos << grilla->item(fila, columna)->text();
-    return textos;
-}
 
 class ListasDeItems : public EnItems {
  protected:
@@ -44,15 +39,24 @@ EN_AMBOS_STORES(ListasDeItems);
 
 // Liquidation
 
+TEST_P(ListasDeItems, AFunctionKeyThatAPlatformGivesANullTextIsHeardFromAGrid) {
+    QuitarTextosMudos(qApp);
+    auto &ui = liquidacionDe(1).ui;
+    ASSERT_EQ(QApplication::focusWidget(), ui.GrdLiq);
+    QKeyEvent conNulo(QEvent::KeyPress, Qt::Key_F3, Qt::NoModifier, QString(QChar::Null));
+    QApplication::sendEvent(ui.GrdLiq, &conNulo);
+    EXPECT_EQ(ui.sTab->currentIndex(), 2);
+}
+
 TEST_P(ListasDeItems, DeleteRemovesTheConceptInHandAndTheGridKeepsItsPlace) {
     auto &ui = liquidacionDe(1).ui;
-    const QStringList antes = columnaDe(ui.GrdLiq, 0);
+    const QStringList antes = textosDe(ui.GrdLiq, 0);
     ASSERT_GT(antes.size(), 3);
     ui.GrdLiq->setCurrentCell(1, 4);
     tecla(Qt::Key_Delete);
     QStringList despues = antes;
     despues.removeAt(1);
-    EXPECT_EQ(columnaDe(ui.GrdLiq, 0), despues);
+    EXPECT_EQ(textosDe(ui.GrdLiq, 0), despues);
     EXPECT_EQ(ui.GrdLiq->currentRow(), 1);
     EXPECT_EQ(ui.GrdLiq->currentColumn(), 4);
     EXPECT_TRUE(ctx->LiquidacionPendiente);
@@ -119,13 +123,13 @@ TEST_P(ListasDeItems, InsertOpensANewConceptAndOnItemZeroTheKeysDoNothing) {
     tecla(Qt::Key_Home, Qt::ControlModifier);
     ASSERT_EQ(ui.TxtItem->text(), u"0"_s);
     tecla(Qt::Key_F4);
-    const QStringList antes = columnaDe(ui.GrdLiq, 0);
+    const QStringList antes = textosDe(ui.GrdLiq, 0);
     const std::string guardadas = deTabla("select count(*) from itemliq");
     for (const int cual : {Qt::Key_Insert, Qt::Key_Return, Qt::Key_F6, Qt::Key_Delete}) {
         tecla(cual);
         EXPECT_FALSE(PantallaAbierta<FrmAdCon>());
     }
-    EXPECT_EQ(columnaDe(ui.GrdLiq, 0), antes);
+    EXPECT_EQ(textosDe(ui.GrdLiq, 0), antes);
     EXPECT_EQ(deTabla("select count(*) from itemliq"), guardadas);
     for (const QPushButton *boton : {ui.CmdAgregarLiq, ui.CmdModificarLiq, ui.CmdEliminarLiq})
         EXPECT_FALSE(boton->isEnabled());
@@ -150,8 +154,8 @@ TEST_P(ListasDeItems, AnInformationIsPickedItsValueAskedAndItsRowShown) {
     elegir(u"DATO-COMPRADOR"_s, [] { tecla(Qt::Key_Insert); });
     ASSERT_EQ(registro.entradas.size(), 1U);
     EXPECT_EQ(registro.entradas[0].texto, u"Ingrese el Valor de: Datos del comprador"_s);
-    EXPECT_TRUE(columnaDe(ui.GridInf, 0).contains(u"DATO-COMPRADOR"_s));
-    EXPECT_TRUE(columnaDe(ui.GridInf, 1).contains(u"ACME D'OR"_s));
+    EXPECT_TRUE(textosDe(ui.GridInf, 0).contains(u"DATO-COMPRADOR"_s));
+    EXPECT_TRUE(textosDe(ui.GridInf, 1).contains(u"ACME D'OR"_s));
     elegir(u"DATO-COMPRADOR"_s, [&ui] { ui.CmdAgregarInf->click(); });
     EXPECT_EQ(ultimoMensaje(), "Este item ya esta ingresado.");
 }
@@ -173,14 +177,14 @@ TEST_P(ListasDeItems, AnInformationValueOfItemZeroCannotBeDeletedFromItem5) {
     EXPECT_EQ(deTabla("select count(*) from iteminfo where idinfo = 'DATO-COMPRADOR'"), "20");
     ui.Scr->setValue(5);
     tecla(Qt::Key_F3);
-    const auto fila = columnaDe(ui.GridInf, 0).indexOf(u"DATO-COMPRADOR"_s);
+    const auto fila = textosDe(ui.GridInf, 0).indexOf(u"DATO-COMPRADOR"_s);
     ASSERT_GE(fila, 0);
     ui.GridInf->setCurrentCell(static_cast<int>(fila), 0);
     tecla(Qt::Key_Delete);
     EXPECT_EQ(ultimoMensaje(),
               "No se puede eliminar esta Información. Debe eliminar el mismo en el ITEM 0 (cero)");
     ui.Scr->setValue(0);
-    ui.GridInf->setCurrentCell(static_cast<int>(columnaDe(ui.GridInf, 0).indexOf(u"DATO-COMPRADOR"_s)), 0);
+    ui.GridInf->setCurrentCell(static_cast<int>(textosDe(ui.GridInf, 0).indexOf(u"DATO-COMPRADOR"_s)), 0);
     ui.CmdEliminarInf->click();
     EXPECT_EQ(deTabla("select count(*) from iteminfo where idinfo = 'DATO-COMPRADOR'"), "0");
 }
@@ -276,7 +280,7 @@ TEST_P(CancelacionesDeItems, InsertEntersThemAndTheListIsReadAgain) {
     auto &ui = cancelacionesDe(1).ui;
     tecla(Qt::Key_Insert);
     EXPECT_EQ(pedidos, QStringList{u"alta IC-2026-0001 1 "_s});
-    EXPECT_EQ(columnaDe(ui.lstVCancel, 0), QStringList({u"A"_s, u"B"_s, u"C"_s}));
+    EXPECT_EQ(textosDe(ui.lstVCancel, 0), QStringList({u"A"_s, u"B"_s, u"C"_s}));
     ui.CmdInsertarCnl->setFocus();
     tecla(Qt::Key_Insert);
     EXPECT_EQ(pedidos.size(), 2) << "from anywhere on the page";
@@ -287,10 +291,10 @@ TEST_P(CancelacionesDeItems, EnterChangesTheRowInHandAndDeleteRemovesIt) {
     auto &ui = cancelacionesDe(1).ui;
     ui.lstVCancel->setCurrentCell(1, 0);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(columnaDe(ui.lstVCancel, 0), QStringList({u"A"_s, u"Z"_s}));
+    EXPECT_EQ(textosDe(ui.lstVCancel, 0), QStringList({u"A"_s, u"Z"_s}));
     EXPECT_EQ(ui.lstVCancel->currentRow(), 1);
     tecla(Qt::Key_Delete);
-    EXPECT_EQ(columnaDe(ui.lstVCancel, 0), QStringList{u"A"_s});
+    EXPECT_EQ(textosDe(ui.lstVCancel, 0), QStringList{u"A"_s});
     ui.CmdEliminarCnl->click();
     EXPECT_EQ(ui.lstVCancel->rowCount(), 0);
     tecla(Qt::Key_Delete);
