@@ -32,6 +32,9 @@ const QString elCero = u"0"_s;
 /// What ClListadoEx calls the tariff lists.
 constexpr int listasDelItem = 6;
 
+const QString importeUsual = u"000000,00"_s;
+constexpr int margenDeNumero = 14;  ///< pixels around the text of a field
+
 /// The tag of a field that keeps its colour.
 const QVariant soloSeMuestra = u"BB"_s;
 
@@ -67,8 +70,12 @@ void FrmVerItem::CargarCampos() {
     llenarOpciones(ui.cboOpcionesGanancias, OpcionGananciasCodigo, OpcionGananciasTexto);
     for (const CampoDeItem &definicion : CamposDeItem()) {
         auto *control = ventana->findChild<QWidget *>(L(definicion.control));
-        if (auto *linea = qobject_cast<QLineEdit *>(control); linea != nullptr && definicion.maximo > 0)
-            linea->setMaxLength(definicion.maximo);
+        if (auto *linea = qobject_cast<QLineEdit *>(control)) {
+            if (definicion.maximo > 0) linea->setMaxLength(definicion.maximo);
+            // An amount of usual length is read whole under any font.
+            if (definicion.clase == ClaseDeCampo::Numero)
+                linea->setMinimumWidth(linea->fontMetrics().horizontalAdvance(importeUsual) + margenDeNumero);
+        }
         campos_.push_back({&definicion, control, control->property("tag")});
     }
 }
