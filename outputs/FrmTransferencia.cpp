@@ -39,8 +39,8 @@ enum ColumnaDeEnvio {
     EnvioTributos
 };
 constexpr int partesMostradas = 7;
-constexpr int margenDeParte = 7;  ///< pixels around the text of a row
-constexpr int letrasDeNombre = 44;
+constexpr int margenDeParte = 7;    ///< pixels around the text of a row
+constexpr int letrasDeNombre = 56;  ///< capitals in bold are half as wide again
 
 /// Those ahead of the numbers, which share the rest: how many characters they are wide.
 constexpr std::pair<int, int> anchosDeEnvio[] = {{EnvioItem, 9}, {EnvioPosicion, 24}, {EnvioPais, 9}};
