@@ -86,8 +86,8 @@ void mensaje(const Mensaje &m) {
     caja.setWindowTitle(tituloDe(m.titulo));
     ponerTexto(caja, m.texto);
     caja.addButton(u"&Aceptar"_s, QMessageBox::AcceptRole);
-    // Never modal to one window alone: such a box is made a sheet, which platforms without a window manager
-    // neither paint nor give the keyboard.
+    // Never modal to one window alone: such a box is made a sheet, which the platform of VNC never gives the
+    // keyboard.
     caja.setWindowModality(Qt::ApplicationModal);
     if (m.modalDeSistema) caja.setWindowFlag(Qt::WindowStaysOnTopHint);
     caja.exec();
