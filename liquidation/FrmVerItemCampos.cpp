@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpressionValidator>
 #include <QStringListModel>
 
 #include "frame/context.h"
@@ -71,7 +72,11 @@ void FrmVerItem::CargarCampos() {
     for (const CampoDeItem &definicion : CamposDeItem()) {
         auto *control = ventana->findChild<QWidget *>(L(definicion.control));
         if (auto *linea = qobject_cast<QLineEdit *>(control)) {
-            if (definicion.maximo > 0) linea->setMaxLength(definicion.maximo);
+            if (*definicion.letras != '\0')
+                linea->setValidator(new QRegularExpressionValidator(
+                    QRegularExpression(u"[%1]?"_s.arg(L(definicion.letras)),
+                                       QRegularExpression::CaseInsensitiveOption),
+                    linea));
             // An amount of usual length is read whole under any font.
             if (definicion.clase == ClaseDeCampo::Numero)
                 linea->setMinimumWidth(linea->fontMetrics().horizontalAdvance(importeUsual) + margenDeNumero);

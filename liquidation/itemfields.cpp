@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "header/regime.h"
+
 namespace {
 
 using C = ClaseDeCampo;
@@ -78,14 +80,14 @@ const std::vector<CampoDeItem> &CamposDeItem() {
          .columna = "regalias",
          .nombre = "Regalías",
          .clase = C::Codigo,
-         .maximo = 1,
+         .letras = "SN",
          .enCero = true},
         {.control = "txtTipoItem", .columna = "tipoitem", .nombre = "Tipo de item", .clase = C::Codigo},
         {.control = "TxtStan",
          .columna = "standard",
          .nombre = "Standard",
          .clase = C::Codigo,
-         .maximo = 1,
+         .letras = "SN",
          .enCero = true},
         {.control = "txtItComExt",
          .columna = "ItComExt",
@@ -185,4 +187,19 @@ const CampoDeItem *CampoDeColumna(const QString &columna) {
         return columna.compare(QLatin1String(c.columna), Qt::CaseInsensitive) == 0;
     });
     return hallado == campos.end() ? nullptr : &*hallado;
+}
+
+bool CampoAdmite(const CampoDeItem &campo, const QString &texto) {
+    if (texto.isEmpty()) return true;
+    switch (campo.clase) {
+        case ClaseDeCampo::Opcion:
+            return texto == QLatin1String("S") || texto == QLatin1String("N");
+        case ClaseDeCampo::OpcionIVA:
+            return OpcionIVAIndice(texto) >= 0;
+        case ClaseDeCampo::OpcionGanancias:
+            return OpcionGananciasIndice(texto) >= 0;
+        default:
+            return *campo.letras == '\0' ||
+                   (texto.size() == 1 && QString::fromLatin1(campo.letras).contains(texto));
+    }
 }

@@ -22,7 +22,7 @@ struct CampoDeItem {
     ClaseDeCampo clase;
     const char *mascara = "";             ///< of a number; empty: its shortest text
     bool seGraba = true;                  ///< part of the save of an item; the others are shown only
-    int maximo = 0;                       ///< characters that the field takes; 0: no limit of its own
+    const char *letras = "";              ///< the one letter that the field takes; empty: any text
     bool enCero = false;                  ///< saved on the operation's own page too
     const char *mascaraEnCero = nullptr;  ///< on the operation's page, where it is another
     bool vacioEsCero = false;             ///< a number that may be left empty
@@ -34,6 +34,10 @@ struct CampoDeItem {
 const std::vector<CampoDeItem> &CamposDeItem();
 /// The field of a column, in any case of letters; null for none.
 const CampoDeItem *CampoDeColumna(const QString &columna);
+
+/// Whether the page can hold the text in the field: its one letter, an option of its box; anything where it
+/// takes any text, and the empty text everywhere. A number is judged by the save.
+bool CampoAdmite(const CampoDeItem &campo, const QString &texto);
 
 /// What the page holds: the text of each field by its column, as CampoDeItem::columna spells it. A number is
 /// its whole text in the workstation's form, so that a mask never rounds what nobody touched, or what the

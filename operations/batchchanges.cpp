@@ -208,6 +208,9 @@ bool cambiarCampo(const ItemEnMano &m, const CampoDeItem &campo, const QString &
     if (cero && !campo.enCero)
         return m.negar(u"\"%1\" no se cambia en el item 0; cámbielo en cada item."_s.arg(
             QString::fromUtf8(campo.nombre)));
+    if (!CampoAdmite(campo, texto))
+        return m.negar(u"\"%1\" no admite el valor %2; corrija el archivo de cambios."_s.arg(
+            QString::fromUtf8(campo.nombre), texto));
     QString &dato = datos[L(campo.columna)];
     if (dato == texto) return true;
     dato = texto;

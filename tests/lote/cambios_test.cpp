@@ -140,6 +140,28 @@ TEST_P(Cambios, ANumberThatIsNoneIsToldByItsFieldAndNothingIsWritten) {
     EXPECT_EQ(deItem("naladisa,totalkneto", 1), antes);
 }
 
+TEST_P(Cambios, WhatThePageCouldNotHoldIsRefusedAndNothingIsWritten) {
+    const std::string antes = deItem("regalias,mineria,opcionesiva,opcionesganancias", 1);
+    const std::pair<const char *, const char *> casos[] = {
+        {R"({"campos":{"regalias":"X"}})",
+         "\"Regalías\" no admite el valor X; corrija el archivo de cambios."},
+        {R"({"campos":{"mineria":"SI"}})",
+         "\"Minería\" no admite el valor SI; corrija el archivo de cambios."},
+        {R"({"campos":{"opcionesiva":"COMERC"}})", nullptr},
+        {R"({"campos":{"opcionesganancias":"IVAAD1"}})", nullptr}};
+    for (const auto &[cambios, sentencia] : casos) {
+        const Corrida c = item("1", cambios);
+        EXPECT_EQ(c.estado, 1) << cambios;
+        ASSERT_EQ(c.textos().size(), 1) << cambios;
+        if (sentencia != nullptr) {
+            EXPECT_EQ(c.textos()[0], QString::fromUtf8(sentencia));
+        }
+    }
+    EXPECT_EQ(deItem("regalias,mineria,opcionesiva,opcionesganancias", 1), antes);
+    EXPECT_EQ(item("1", R"({"campos":{"opcionesiva":"IVAAD2","opcionesganancias":"USOPAR"}})").estado, 0);
+    EXPECT_EQ(deItem("opcionesiva,opcionesganancias", 1), "IVAAD2|USOPAR");
+}
+
 TEST_P(Cambios, TheOperationsOwnCountryAndKilosAreTheHeaders) {
     Corrida c = item("0", R"({"campos":{"idpais":"203"}})");
     EXPECT_EQ(c.estado, 1);

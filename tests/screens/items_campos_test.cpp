@@ -220,6 +220,8 @@ TEST_P(CamposDeItems, CodesAreTypedInCapitalsAndYesOrNoIsOneLetter) {
     EXPECT_EQ(ui.TxtReg->text(), u"S"_s);
     EXPECT_EQ(ui.TxtStan->text(), u"N"_s);
     EXPECT_EQ(ui.txtTipoItem->text(), u"D"_s);
+    reemplazar(ui.TxtReg, u"xs"_s);
+    EXPECT_EQ(ui.TxtReg->text(), u"S"_s) << "no other letter is taken";
 }
 
 TEST_P(CamposDeItems, AFieldIsSelectedWhenItIsEnteredAndTakesItsMaskWhenItIsSaved) {
