@@ -9,6 +9,7 @@
 #include "frame/base/numbers.h"
 #include "frame/dialogs.h"
 #include "frame/optionrows.h"
+#include "frame/salidas.h"
 #include "frame/settings.h"
 #include "frame/store/StoreProfiles.h"
 #include "frame/store/store.h"
@@ -55,6 +56,7 @@ struct AppContext {
     Opciones opciones;
     Ajustes ajustes;
     Dialogos dialogos;
+    Salidas salidas;
 
     // Shared between the dashboard, the assembly and the review of one operation.
     QString ChequeoArmado;  ///< the run's result: "SI", "No" or "NO"

@@ -7,6 +7,8 @@
 #include <functional>
 #include <optional>
 
+#include "frame/paper/table.h"
+
 enum class Icono { Ninguno, Informacion, Exclamacion, Critico, Pregunta };
 
 struct Mensaje {
@@ -64,6 +66,13 @@ struct Informe {
     bool comoLista = false;  ///< one list row a line (Frm_ComprobacionErrores)
 };
 
+/// A file to be written. One that is there is asked about by whoever writes it.
+struct PedidoDeArchivo {
+    QString titulo;
+    QString inicial;  ///< the whole path that is offered
+    QString filtros;  ///< "Documentos XML (*.xml);;..."; the first one gives a name its missing end
+};
+
 /// A mark of a long run.
 struct Avance {
     enum class Tipo { PasoCorriendo, PasoHecho, MostrarPaso, Barra, Etiqueta };
@@ -91,6 +100,16 @@ struct Dialogos {
         [](const PreguntaConOpciones &) { return RespuestaConOpciones(); };
     std::function<void(const Informe &)> informe = [](const Informe &) {};
     std::function<void(const Avance &)> avance = [](const Avance &) {};
+    /// The whole path of the file to write; empty when the user left.
+    std::function<QString(const PedidoDeArchivo &)> guardarComo = [](const PedidoDeArchivo &) {
+        return QString();
+    };
+    /// Opens a file with the program that the system has for it; false when there is none.
+    std::function<bool(const QString &archivo)> abrirArchivo = [](const QString &) { return false; };
+    /// Shows a document as it will be printed: from there it is printed and saved. Back when it was closed.
+    std::function<void(const papel::Documento &)> vistaPrevia = [](const papel::Documento &) {};
+    /// Prints a document by the system's dialog; false when the user left or nothing was printed.
+    std::function<bool(const papel::Documento &)> imprimir = [](const papel::Documento &) { return false; };
     /// The hourglass pointer: true sets it, false sets it back. Not counted: the last call wins.
     std::function<void(bool)> reloj = [](bool) {};
     /// Lets pending screen events run.

@@ -198,6 +198,7 @@ struct Fila {
     int (*hacer)(const Trabajo &) = nullptr;
     /// What is wrong with the file of changes, as one sentence; null for a command that reads none.
     QString (*defectoDeCambios)(const QJsonObject &) = nullptr;
+    bool dePapel = false;  ///< draws pages
 };
 
 QString defectoDeClave(const QString &clave) {
@@ -209,6 +210,13 @@ QString defectoDeItem(const QString &numero) {
     bool esNumero = false;
     return numero.toInt(&esNumero) >= 0 && esNumero ? QString()
                                                     : u"\"%1\" no es un número de item"_s.arg(numero);
+}
+
+consola::Opcion salidaDePapel(const char *clases) {
+    return {.nombre = "salida",
+            .valor = clases,
+            .texto = "El archivo que se escribe; el final de su nombre dice de qué clase es.",
+            .obligatoria = true};
 }
 
 const std::vector<Fila> &tablaDeComandos() {
@@ -255,6 +263,30 @@ const std::vector<Fila> &tablaDeComandos() {
                                    .texto = "El documento que se escribe.",
                                    .obligatoria = true}}},
          .hacer = Transferir},
+        {.comando = {.nombre = "imprimir",
+                     .texto =
+                         "Escribe la hoja de liquidación de un rango de items; el 0 es el de la operación.",
+                     .argumentos = clave,
+                     .opciones = {{.nombre = "desde",
+                                   .valor = "N",
+                                   .texto = "El primer item.",
+                                   .obligatoria = true,
+                                   .control = defectoDeItem},
+                                  {.nombre = "hasta",
+                                   .valor = "N",
+                                   .texto = "El último item.",
+                                   .obligatoria = true,
+                                   .control = defectoDeItem},
+                                  {.nombre = "subitems", .texto = "Con los subitems de cada item."},
+                                  salidaDePapel("ARCHIVO.pdf|.txt")}},
+         .hacer = Imprimir,
+         .dePapel = true},
+        {.comando = {.nombre = "presupuesto",
+                     .texto = "Escribe el presupuesto de la operación.",
+                     .argumentos = clave,
+                     .opciones = {salidaDePapel("ARCHIVO.html|.pdf")}},
+         .hacer = Presupuestar,
+         .dePapel = true},
         {.comando = {.nombre = "crear", .texto = "Crea una operación vacía.", .argumentos = clave},
          .sobreExistente = false,
          .hacer = crear},
@@ -289,6 +321,11 @@ std::vector<consola::Comando> Comandos() {
     std::vector<consola::Comando> todos;
     for (const Fila &f : tablaDeComandos()) todos.push_back(f.comando);
     return todos;
+}
+
+bool EsDePapel(const char *palabra) {
+    const Fila *fila = buscarComando(QString::fromLocal8Bit(palabra));
+    return fila != nullptr && fila->dePapel;
 }
 
 EleccionDelTablero TableroInicial(AppContext &ctx) {

@@ -15,6 +15,9 @@ namespace lote {
 /// The commands as the command line knows them.
 std::vector<consola::Comando> Comandos();
 
+/// Whether a word of the command line names a command that draws pages, which needs fonts.
+bool EsDePapel(const char *palabra);
+
 /// The dashboard as a program that starts finds it: from the options and the settings area.
 EleccionDelTablero TableroInicial(AppContext &ctx);
 

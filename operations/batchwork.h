@@ -55,5 +55,9 @@ void DecirLiquidacion(const Trabajo &t, const ResultadoRecalculo &r);
 
 /// Hands the operation over into the file of --salida, which is replaced when it is there.
 int Transferir(const Trabajo &t);
+/// Writes the sheet of the items --desde to --hasta into the file of --salida.
+int Imprimir(const Trabajo &t);
+/// Writes the quote into the file of --salida.
+int Presupuestar(const Trabajo &t);
 
 }  // namespace lote

@@ -9,6 +9,7 @@
 #include "desktop/FrmPrincipal.h"
 #include "desktop/dialogosqt.h"
 #include "desktop/fin.h"
+#include "desktop/salidasqt.h"
 #include "frame/context.h"
 #include "frame/lasthandler.h"
 #include "frame/startup.h"
@@ -70,6 +71,7 @@ int main(int argc, char **argv) {
     // Owned here: its connections close before the application, and with it the database library, goes.
     AppContext ctx;
     ctx.dialogos = DialogosQt();
+    ctx.salidas = SalidasQt();
     fijarContexto(&ctx);
     const int estado = CorrerConUltimaDefensa([&ctx] { return correr(ctx); },
                                               [&ctx](const QString &texto) {

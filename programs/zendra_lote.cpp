@@ -1,11 +1,13 @@
 // The batch program: one command on the stores of a profile, every message a line of JSON on standard output.
-#include <QCoreApplication>
 #include <QFile>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
 #include <QScopeGuard>
+#include <algorithm>
 #include <cstdio>
+#include <memory>
 
 #include "frame/commandline.h"
 #include "frame/jsondialogs.h"
@@ -160,10 +162,20 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
         ctx, orden, tablero, [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); }, resultado);
 }
 
+/// Fonts come with the window system, which a night's run has not: its commands of paper take the one that
+/// draws in memory, all others none.
+std::unique_ptr<QCoreApplication> crearAplicacion(int &argc, char **argv) {
+    const bool deTexto =
+        std::none_of(argv, argv + argc, [](const char *palabra) { return lote::EsDePapel(palabra); });
+    if (deTexto) return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
-    QCoreApplication app(argc, argv);
+    const std::unique_ptr<QCoreApplication> app = crearAplicacion(argc, argv);
     QCoreApplication::setApplicationName(u"zendra_lote"_s);
     // The program's own default, whatever an environment without a locale says.
     if (QLocale::system().language() == QLocale::C)

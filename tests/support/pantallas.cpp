@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "desktop/dialogosqt.h"
+#include "desktop/salidasqt.h"
 #include "frame/base/numbers.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -36,6 +37,7 @@ void EnPantalla::TearDown() {
 
 void EnPantalla::conDialogosDeVerdad() {
     ctx->dialogos = DialogosQt();
+    ctx->salidas = SalidasQt();
 }
 
 FrmDetalleInterno &EnPantalla::abrir(const QString &interno) {

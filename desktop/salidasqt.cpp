@@ -1,0 +1,5 @@
+#include "desktop/salidasqt.h"
+
+Salidas SalidasQt() {
+    return {};
+}
