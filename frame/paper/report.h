@@ -2,6 +2,7 @@
 // What leaves the office on paper: lines of text in a monospaced font, and what stands around them on every
 // page.
 
+#include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
@@ -10,7 +11,6 @@
 #include <vector>
 
 class QPainter;
-class QRectF;
 
 namespace papel {
 
@@ -62,6 +62,11 @@ Paginado Paginar(const Reporte &reporte, const QSizeF &medida);
 /// Paints one page into `donde`, whose size may be any: what is painted is scaled to it.
 void PintarHoja(QPainter &pintor, const QRectF &donde, const Reporte &reporte, const Paginado &paginado,
                 std::size_t hoja);
+
+/// Where some characters of a line stand on its page, in millimetres from the corner of the paper. `renglon`
+/// counts in the whole report.
+QRectF LugarDe(const Reporte &reporte, const Paginado &paginado, std::size_t hoja, std::size_t renglon,
+               qsizetype desde, qsizetype letras);
 
 /// The lines of the page's furniture and its own, as text: what is painted on it, from top to bottom.
 QStringList TextoDeHoja(const Reporte &reporte, const Paginado &paginado, std::size_t hoja);
