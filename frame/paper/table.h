@@ -16,9 +16,9 @@ enum class Clase { Texto, Numero, Fecha };
 struct Columna {
     QString titulo;
     Clase clase = Clase::Texto;
-    int ancho = 10;     ///< in characters; a longer text is cut on paper, and whole in the files
-    QString mascara;    ///< of a number: "00.00"; empty shows it plain
-    bool suma = false;  ///< subtotals and the total tell its sum
+    int ancho = 10;        ///< in characters; a longer text is cut on paper, and whole in the files
+    QString mascara = {};  ///< of a number: "00.00"; empty shows it plain
+    bool suma = false;     ///< subtotals and the total tell its sum
 };
 
 /// A row of a list: cells, one a column; or the title of a group, which stands alone.

@@ -1,10 +1,5 @@
-#include "frame/paper/table.h"
-
-#include <QDate>
 #include <algorithm>
-#include <cmath>
 
-#include "frame/base/numbers.h"
 #include "frame/paper/cells.h"
 #include "frame/paper/layout.h"
 
@@ -15,33 +10,6 @@ namespace papel {
 namespace {
 
 constexpr int entreCeldas = 2;  ///< blanks
-
-/// A sum that does not lose cents to the order of its rows.
-struct Suma {
-    double total = 0;
-    double resto = 0;
-
-    void agregar(double valor) {
-        const double nuevo = total + valor;
-        resto += std::abs(total) >= std::abs(valor) ? (total - nuevo) + valor : (valor - nuevo) + total;
-        total = nuevo;
-    }
-    double valor() const { return total + resto; }
-};
-using Sumas = std::vector<Suma>;
-
-void sumarFila(Sumas &sumas, const Tabla &tabla, const Fila &fila) {
-    for (std::size_t c = 0; c < tabla.columnas.size(); ++c)
-        if (tabla.columnas[c].suma)
-            if (const auto numero = NumeroDe(tabla, fila, c)) sumas[c].agregar(*numero);
-}
-
-Fila filaDeSumas(const Sumas &sumas, const Tabla &tabla, Fila::Tipo tipo, const QString &rotulo) {
-    Fila fila{std::vector<QVariant>(tabla.columnas.size()), tipo, rotulo};
-    for (std::size_t c = 0; c < tabla.columnas.size(); ++c)
-        if (tabla.columnas[c].suma) fila.celdas[c] = sumas[c].valor();
-    return fila;
-}
 
 /// A text in its width: one that is longer ends in an ellipsis.
 QString enAncho(const QString &texto, int ancho) {
@@ -119,76 +87,6 @@ QString sinFinal(QString linea) {
 }
 
 }  // namespace
-
-std::optional<double> NumeroDe(const Tabla &tabla, const Fila &fila, std::size_t columna) {
-    if (columna >= fila.celdas.size() || tabla.columnas[columna].clase != Clase::Numero) return {};
-    const QVariant &celda = fila.celdas[columna];
-    if (celda.isNull()) return {};
-    if (celda.typeId() == QMetaType::QString) {
-        const QString texto = celda.toString();
-        if (!numeros::esNumerico(texto)) return {};
-        return numeros::aNumero(texto);
-    }
-    bool esNumero = false;
-    const double numero = celda.toDouble(&esNumero);
-    if (!esNumero || !std::isfinite(numero)) return {};
-    return numero;
-}
-
-std::optional<QDate> DiaDe(const Tabla &tabla, const Fila &fila, std::size_t columna) {
-    if (columna >= fila.celdas.size() || tabla.columnas[columna].clase != Clase::Fecha) return {};
-    const QDate dia = fila.celdas[columna].toDate();
-    return dia.isValid() ? std::optional(dia) : std::nullopt;
-}
-
-QString TextoDeCelda(const Tabla &tabla, const Fila &fila, std::size_t columna, QChar separador) {
-    if (const auto numero = NumeroDe(tabla, fila, columna)) {
-        const QString &mascara = tabla.columnas[columna].mascara;
-        return mascara.isEmpty() ? numeros::aTexto(*numero).replace(u'.', separador)
-                                 : numeros::Format(*numero, mascara, separador);
-    }
-    if (const auto dia = DiaDe(tabla, fila, columna)) return dia->toString(u"dd/MM/yyyy"_s);
-    return LibreDe(fila, columna);
-}
-
-QString LibreDe(const Fila &fila, std::size_t columna) {
-    if (columna >= fila.celdas.size() || fila.celdas[columna].isNull()) return {};
-    const QVariant &celda = fila.celdas[columna];
-    if (celda.typeId() == QMetaType::Double) return numeros::aTexto(celda.toDouble());
-    return SinControles(celda.toString());
-}
-
-void Totalizar(Tabla &tabla, int porColumna) {
-    const bool haySumas = std::any_of(tabla.columnas.begin(), tabla.columnas.end(),
-                                      [](const Columna &columna) { return columna.suma; });
-    const auto cual = static_cast<std::size_t>(porColumna);
-    std::vector<Fila> filas;
-    Sumas total(tabla.columnas.size());
-    Sumas delGrupo(tabla.columnas.size());
-    std::optional<QString> grupo;
-    const auto cerrarGrupo = [&] {
-        if (grupo && haySumas)
-            filas.push_back(filaDeSumas(delGrupo, tabla, Fila::Tipo::Subtotal, u"Subtotal "_s + *grupo));
-        delGrupo.assign(tabla.columnas.size(), {});
-    };
-    for (Fila &fila : tabla.filas) {
-        if (porColumna >= 0) {
-            QString suyo = TextoDeCelda(tabla, fila, cual, u',');
-            if (suyo.isEmpty()) suyo = u"(sin dato)"_s;
-            if (grupo != suyo) {
-                cerrarGrupo();
-                grupo = suyo;
-                filas.push_back({{}, Fila::Tipo::Grupo, tabla.columnas.at(cual).titulo + u' ' + suyo});
-            }
-        }
-        sumarFila(delGrupo, tabla, fila);
-        sumarFila(total, tabla, fila);
-        filas.push_back(std::move(fila));
-    }
-    cerrarGrupo();
-    if (haySumas) filas.push_back(filaDeSumas(total, tabla, Fila::Tipo::Total, u"Total"_s));
-    tabla.filas = std::move(filas);
-}
 
 Reporte ReporteDe(const Tabla &tabla, QChar separador) {
     Reporte r;
