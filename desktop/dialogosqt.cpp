@@ -1,17 +1,24 @@
 #include "desktop/dialogosqt.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "assembly/FrmMostrarDatos.h"
+#include "desktop/FrmVistaPrevia.h"
+#include "desktop/printing.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmABMClientes.h"
@@ -173,6 +180,43 @@ void informe(const Informe &i) {
     CerrarPantalla<FrmMostrarDatos>();
 }
 
+/// The end of the first pattern of a filter: "xml" of "Documentos XML (*.xml)".
+QString finDeFiltro(const QString &filtro) {
+    static const QRegularExpression patron(u"\\(\\*\\.(\\w+)"_s);
+    return patron.match(filtro).captured(1);
+}
+
+QString guardarComo(const PedidoDeArchivo &p) {
+    const SinReloj sinReloj;
+    const QFileInfo inicial(p.inicial);
+    QFileDialog caja(duenio(), tituloDe(p.titulo), inicial.absolutePath(), p.filtros);
+    caja.setAcceptMode(QFileDialog::AcceptSave);
+    caja.setFileMode(QFileDialog::AnyFile);
+    // Whoever writes the file asks.
+    caja.setOption(QFileDialog::DontConfirmOverwrite);
+    caja.setDefaultSuffix(finDeFiltro(caja.selectedNameFilter()));
+    QObject::connect(&caja, &QFileDialog::filterSelected, &caja,
+                     [&caja](const QString &filtro) { caja.setDefaultSuffix(finDeFiltro(filtro)); });
+    caja.selectFile(inicial.fileName());
+    if (caja.exec() != QDialog::Accepted) return {};
+    return caja.selectedFiles().value(0);
+}
+
+bool abrirArchivo(const QString &archivo) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(archivo));
+}
+
+void vistaPrevia(const papel::Documento &documento) {
+    const SinReloj sinReloj;
+    Pantalla<FrmVistaPrevia>().Mostrar(documento);
+    CerrarPantalla<FrmVistaPrevia>();
+}
+
+bool imprimir(const papel::Documento &documento) {
+    const SinReloj sinReloj;
+    return ImprimirDocumento(documento, duenio());
+}
+
 }  // namespace
 
 Dialogos DialogosQt() {
@@ -183,6 +227,10 @@ Dialogos DialogosQt() {
     d.elegir = elegir;
     d.preguntarConOpciones = preguntarConOpciones;
     d.informe = informe;
+    d.guardarComo = guardarComo;
+    d.abrirArchivo = abrirArchivo;
+    d.vistaPrevia = vistaPrevia;
+    d.imprimir = imprimir;
     d.reloj = ponerReloj;
     d.atenderEventos = [] { QApplication::processEvents(); };
     return d;

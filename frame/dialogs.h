@@ -70,7 +70,8 @@ struct Informe {
 struct PedidoDeArchivo {
     QString titulo;
     QString inicial;  ///< the whole path that is offered
-    QString filtros;  ///< "Documentos XML (*.xml);;..."; the first one gives a name its missing end
+    QString filtros;  ///< "Documentos XML (*.xml);;..."; the chosen one, the first at the start, gives a name
+                      ///< its missing end
 };
 
 /// A mark of a long run.

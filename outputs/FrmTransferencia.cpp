@@ -1,14 +1,12 @@
 #include "outputs/FrmTransferencia.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
-#include <QStandardPaths>
 #include <tuple>
 
 #include "frame/base/numbers.h"
-#include "frame/entities.h"
+#include "frame/files.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
@@ -23,7 +21,6 @@ namespace {
 using L = QLatin1String;
 
 const QString seccionDeTransferencia = u"TRANSFERENCIA"_s;
-const QString claveDeCarpeta = u"CARPETA"_s;
 const QString tituloDeTransferencia = u"Transferencia al MARIA"_s;
 
 /// The columns of the grid of items; the numbers are sums of the document's own figures.
@@ -44,13 +41,6 @@ constexpr int letrasDeNombre = 56;  ///< capitals in bold are half as wide again
 
 /// Those ahead of the numbers, which share the rest: how many characters they are wide.
 constexpr std::pair<int, int> anchosDeEnvio[] = {{EnvioItem, 9}, {EnvioPosicion, 24}, {EnvioPais, 9}};
-
-/// Where the last transfer went, or the user's documents.
-QString carpetaDeEnvio(const AppContext &ctx) {
-    QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccionDeTransferencia, claveDeCarpeta);
-    if (!guardada.isEmpty() && QFileInfo(guardada).isDir()) return guardada;
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
 
 /// "1000,00 DOL".
 QString valorConMoneda(const QString &importe, const QString &moneda) {
@@ -82,12 +72,6 @@ FrmTransferencia::FrmTransferencia() : ventana(HacerDialogo()) {
                      filas->defaultSectionSize() * partesMostradas + 2 * ui.GrPartes->frameWidth();
     ui.GrPartes->setFixedHeight(alto);
     ui.LstAdvertencias->setFixedHeight(alto);
-    // A file that is there is asked about where the document is written.
-    elegirArchivo = [this](const QString &inicial) {
-        return QFileDialog::getSaveFileName(ventana.get(), u"Documento de la declaración"_s, inicial,
-                                            u"Documentos XML (*.xml)"_s, nullptr,
-                                            QFileDialog::DontConfirmOverwrite);
-    };
     Conectar();
 }
 
@@ -113,8 +97,8 @@ void FrmTransferencia::Mostrar(const QString &interno) {
     MostrarPartes(Resumir(transferencia_.declaracion));
     MostrarItems();
     MostrarAdvertencias();
-    ui.TxtArchivo->setText(
-        QDir::toNativeSeparators(QDir(carpetaDeEnvio(ctx)).filePath(NombreDeArchivo(interno))));
+    ui.TxtArchivo->setText(QDir::toNativeSeparators(
+        QDir(CarpetaDeArchivos(ctx, seccionDeTransferencia)).filePath(NombreDeArchivo(interno))));
     if (transferencia_.advertencias.empty())
         ui.GrItems->setFocus();
     else
@@ -248,14 +232,18 @@ void FrmTransferencia::LstAdvertencias_Enter() {
 QString FrmTransferencia::archivo() const {
     const QString texto = ui.TxtArchivo->text().trimmed();
     if (texto.isEmpty()) return {};
-    return QDir(carpetaDeEnvio(Contexto())).absoluteFilePath(QDir::fromNativeSeparators(texto));
+    return QDir(CarpetaDeArchivos(Contexto(), seccionDeTransferencia))
+        .absoluteFilePath(QDir::fromNativeSeparators(texto));
 }
 
 void FrmTransferencia::CmdElegir_Click() {
-    const QString inicial = archivo().isEmpty() ? carpetaDeEnvio(Contexto()) + u'/' +
+    const AppContext &ctx = Contexto();
+    const QString inicial = archivo().isEmpty() ? CarpetaDeArchivos(ctx, seccionDeTransferencia) + u'/' +
                                                       NombreDeArchivo(transferencia_.declaracion.interno)
                                                 : archivo();
-    const QString elegido = elegirArchivo(inicial);
+    // A file that is there is asked about where the document is written.
+    const QString elegido =
+        ctx.dialogos.guardarComo({u"Documento de la declaración"_s, inicial, u"Documentos XML (*.xml)"_s});
     if (!elegido.isEmpty()) ui.TxtArchivo->setText(QDir::toNativeSeparators(elegido));
     ui.TxtArchivo->setFocus();
 }
@@ -273,10 +261,7 @@ void FrmTransferencia::CmdEscribir_Click() {
         volverAlArchivo();
         return;
     }
-    if (QFileInfo(destino).isFile() &&
-        !ctx.dialogos.preguntar(
-            {u"El archivo %1 ya existe, ¿desea reemplazarlo?"_s.arg(QDir::toNativeSeparators(destino)),
-             tituloDeTransferencia, Icono::Pregunta, true})) {
+    if (!PuedeReemplazarse(ctx, destino, tituloDeTransferencia)) {
         volverAlArchivo();
         return;
     }
@@ -290,7 +275,6 @@ void FrmTransferencia::CmdEscribir_Click() {
         volverAlArchivo();
         return;
     }
-    ctx.ajustes.Guardar(ajuste::zendra, seccionDeTransferencia, claveDeCarpeta,
-                        QFileInfo(escrito.archivo).absolutePath());
+    RecordarCarpeta(ctx, seccionDeTransferencia, escrito.archivo);
     ctx.dialogos.informar(escrito.aviso, tituloDeTransferencia);
 }

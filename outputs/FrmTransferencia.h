@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 
 #include "outputs/transfer.h"
@@ -17,10 +16,6 @@ class FrmTransferencia {
     /// Reads the operation, shows what will be sent and waits. An operation that cannot be read is told and
     /// nothing is shown.
     void Mostrar(const QString &interno);
-
-    /// Asks where the document goes, starting from `inicial`; empty when the user leaves. The system's own
-    /// dialog, until another is put in its place.
-    std::function<QString(const QString &inicial)> elegirArchivo;
 
     Ui::FrmTransferencia ui;
     std::unique_ptr<QDialog> ventana;

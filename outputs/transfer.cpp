@@ -4,20 +4,15 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QSaveFile>
-#include <algorithm>
 
 #include "frame/base/failure.h"
+#include "frame/files.h"
 #include "outputs/declarationchecks.h"
 #include "outputs/declarationxml.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What system or another cannot have in the name of a file.
-bool vedadoEnNombres(QChar c) {
-    return c < u' ' || u"\\/:*?\"<>|"_s.contains(c);
-}
 
 QString rechazo(const QString &que) {
     return u"No se escribió el documento: %1."_s.arg(que);
@@ -33,12 +28,7 @@ Transferencia PrepararTransferencia(AppContext &ctx, const QString &interno) {
 }
 
 QString NombreDeArchivo(const QString &interno) {
-    QString nombre = interno;
-    std::replace_if(nombre.begin(), nombre.end(), vedadoEnNombres, u'_');
-    // A blank or a point at the end is dropped by some systems, and ahead it hides the file on others.
-    while (nombre.endsWith(u' ') || nombre.endsWith(u'.')) nombre.chop(1);
-    if (nombre.startsWith(u'.') || nombre.isEmpty()) nombre.prepend(u'_');
-    return nombre + u".xml"_s;
+    return NombreSeguro(interno) + u".xml"_s;
 }
 
 DocumentoEscrito EscribirTransferencia(const Declaracion &declaracion, const QString &archivo) {

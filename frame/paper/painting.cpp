@@ -10,11 +10,11 @@ namespace papel {
 
 namespace {
 
-// Greys and the rule's blue print well in black too.
+// Greys and the house's colour print well in black too.
 constexpr QRgb tintaDePapel = 0xff14181d;
 constexpr QRgb grisDePapel = 0xff5b6470;
 constexpr QRgb lineaDePapel = 0xffb8bec6;
-constexpr QRgb reglaDePapel = 0xff1f4e79;
+constexpr QRgb reglaDePapel = 0xff006666;
 
 /// Writes texts, each in the font of its use; a font is made once a page.
 struct Pluma {

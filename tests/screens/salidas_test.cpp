@@ -19,6 +19,7 @@
 #include "desktop/FrmPerfiles.h"
 #include "desktop/FrmPrimerInicio.h"
 #include "desktop/FrmPrincipal.h"
+#include "desktop/FrmVistaPrevia.h"
 #include "desktop/MenuP.h"
 #include "desktop/fin.h"
 #include "frame/startup.h"
@@ -245,6 +246,11 @@ class Salidas : public EnPantalla {
                                       CerrarPantalla<FrmVentajas>();
                                   }),
             salidaDe<FrmVerItem>("FrmVerItem", [] { Pantalla<FrmVerItem>().Mostrar(vacia); }),
+            salidaDe<FrmVistaPrevia>("FrmVistaPrevia",
+                                     [] {
+                                         Pantalla<FrmVistaPrevia>().Mostrar({});
+                                         CerrarPantalla<FrmVistaPrevia>();
+                                     }),
             salidaDe<Frm_ComprobacionErrores>("Frm_ComprobacionErrores",
                                               [informe] {
                                                   Pantalla<Frm_ComprobacionErrores>().Mostrar(informe);

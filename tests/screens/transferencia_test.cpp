@@ -148,21 +148,20 @@ TEST_P(PantallaDeTransferencia, AFileThatIsThereIsAskedAboutWithNoAsTheDefault) 
 
 TEST_P(PantallaDeTransferencia, F6ChoosesTheFileAndLeavingTheDialogKeepsIt) {
     mostrar(importacion, [this](FrmTransferencia &p) {
-        QStringList iniciales;
-        QString respuesta;
-        p.elegirArchivo = [&](const QString &inicial) {
-            iniciales << inicial;
-            return respuesta;
-        };
         tecla(Qt::Key_F6);
         EXPECT_EQ(p.ui.TxtArchivo->text(), archivo());
         EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtArchivo);
-        respuesta = archivo("otro.xml");
+        registro.archivos = {archivo("otro.xml")};
         tecla(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), p.ui.CmdElegir);
         tecla(Qt::Key_Space);
         EXPECT_EQ(p.ui.TxtArchivo->text(), archivo("otro.xml"));
-        EXPECT_EQ(iniciales, (QStringList{archivo(), archivo()}));
+        ASSERT_EQ(registro.pedidos.size(), 2U);
+        for (const PedidoDeArchivo &pedido : registro.pedidos) {
+            EXPECT_EQ(pedido.titulo, u"Documento de la declaración"_s);
+            EXPECT_EQ(pedido.inicial, archivo());
+            EXPECT_EQ(pedido.filtros, u"Documentos XML (*.xml)"_s);
+        }
         tecla(Qt::Key_F11);
     });
     EXPECT_TRUE(QFile::exists(archivo("otro.xml")));

@@ -166,6 +166,22 @@ Dialogos DialogosDePrueba(Registro &r) {
     };
     d.informe = [&r](const Informe &i) { r.informes.push_back(i); };
     d.avance = [&r](const Avance &a) { r.avances.push_back(a); };
+    d.guardarComo = [&r](const PedidoDeArchivo &p) {
+        r.pedidos.push_back(p);
+        if (r.archivos.empty()) return QString();
+        const QString archivo = r.archivos.front();
+        r.archivos.pop_front();
+        return archivo;
+    };
+    d.abrirArchivo = [&r](const QString &archivo) {
+        r.abiertos.push_back(archivo);
+        return r.hayPrograma;
+    };
+    d.vistaPrevia = [&r](const papel::Documento &documento) { r.vistos.push_back(documento); };
+    d.imprimir = [&r](const papel::Documento &documento) {
+        r.impresos.push_back(documento);
+        return r.imprime;
+    };
     return d;
 }
 

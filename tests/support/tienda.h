@@ -23,10 +23,17 @@ struct Registro {
     std::vector<PreguntaConOpciones> conOpciones;
     std::vector<Eleccion> elecciones;
     std::vector<Avance> avances;
+    std::vector<PedidoDeArchivo> pedidos;
+    std::vector<QString> abiertos;  ///< files handed to the system's programs
+    std::vector<papel::Documento> vistos;
+    std::vector<papel::Documento> impresos;
     std::deque<bool> respuestas;                ///< consumed by questions; after the last: No
     std::deque<std::optional<QString>> textos;  ///< consumed by input boxes; after the last: cancel
     std::deque<RespuestaConOpciones> opciones;
-    std::deque<int> indices;  ///< consumed by lists; after the last: -1
+    std::deque<int> indices;       ///< consumed by lists; after the last: -1
+    std::deque<QString> archivos;  ///< consumed by what asks for a file; after the last: cancel
+    bool hayPrograma = true;       ///< whether the system has one for a file
+    bool imprime = true;           ///< whether what is printed is printed
 };
 /// Dialogs that write into `registro` and answer from it.
 Dialogos DialogosDePrueba(Registro &registro);
