@@ -41,17 +41,15 @@ class Lineas {
             [&](std::size_t c) { return tabla_.columnas[c].suma ? QString(anchos_[c], trazo) : QString(); });
     }
     QString sumas(const Fila &una) const {
-        QString linea = datos(una);
-        // The name takes the place that the cells ahead of the first sum leave; without place it stands
-        // alone.
-        const int lugar = lugarDelRotulo();
-        return enAncho(una.rotulo, lugar).leftJustified(lugar) + linea.mid(lugar);
+        const QString linea = datos(una);
+        return entraElRotulo(una) ? SinControles(una.rotulo) + linea.mid(una.rotulo.size()) : linea;
     }
-    int lugarDelRotulo() const {
-        int lugar = 0;
+    /// Whether the name of the sums has room ahead of them.
+    bool entraElRotulo(const Fila &una) const {
+        qsizetype lugar = 0;
         for (std::size_t c = 0; c < tabla_.columnas.size() && !tabla_.columnas[c].suma; ++c)
             lugar += anchos_[c] + entreCeldas;
-        return std::max(0, lugar - entreCeldas);
+        return una.rotulo.size() <= lugar - entreCeldas;
     }
 
  private:
@@ -111,7 +109,7 @@ Reporte ReporteDe(const Tabla &tabla, QChar separador) {
                 // A sum is never parted from the last row that it adds.
                 if (!r.renglones.empty()) r.renglones.back().conElSiguiente = true;
                 r.renglones.push_back({sinFinal(lineas.regla(total ? u'═' : u'─')), false, false, true});
-                if (lineas.lugarDelRotulo() == 0)
+                if (!lineas.entraElRotulo(fila))
                     r.renglones.push_back({SinControles(fila.rotulo), true, false, true});
                 r.renglones.push_back({sinFinal(lineas.sumas(fila)), true});
                 break;

@@ -52,7 +52,7 @@ papel::Reporte hojaDeMuestra() {
     const QStringList conceptos = {u"DERECHOS IMPORTACIÓN (010)"_s, u"TASA ESTADÍSTICA (011)"_s,
                                    u"I.V.A. <415> & \"año\" 'ñ' €"_s};
     for (int item = 1; item <= 24; ++item) {
-        r.renglones.push_back({u"ITEM %1"_s.arg(item, 3, 10, u'0'), true, item == 9, true});
+        r.renglones.push_back({u"ITEM %1"_s.arg(item, 3, 10, QLatin1Char('0')), true, item == 9, true});
         for (const QString &concepto : conceptos)
             r.renglones.push_back({u"%1  %2  %3  %4"_s.arg(concepto, -30)
                                        .arg(u"16,00"_s, -15)

@@ -89,6 +89,23 @@ TEST(Listas, ASumKeepsTheCentsThatItsOrderWouldLose) {
     EXPECT_EQ(renglones[7].texto.trimmed(), u"01.00"_s);
 }
 
+TEST(Listas, ANameThatDoesNotFitAheadOfItsSumsHasALineOfItsOwn) {
+    papel::Tabla t = tablaDeLineas();
+    t.columnas = {{u"Posición"_s, Clase::Texto, 15}, {u"FOB"_s, Clase::Numero, 10, u"00.00"_s, true}};
+    t.filas = {{{u"8413.70.10.100L"_s, 5.0}}};
+    papel::Totalizar(t, 0);
+    EXPECT_EQ(textoDe(t),
+              "Posición                FOB\n"
+              "───────────────  ──────────\n"
+              "Posición 8413.70.10.100L * >\n"
+              "8413.70.10.100L       05,00 >\n"
+              "                 ────────── >\n"
+              "Subtotal 8413.70.10.100L * >\n"
+              "                      05,00 * >\n"
+              "                 ══════════ >\n"
+              "Total                 05,00 *");
+}
+
 TEST(Listas, ANumberIsNeverCutItsColumnGrows) {
     papel::Tabla t;
     t.columnas = {{u"N"_s, Clase::Numero, 3, u"00.00"_s}, {u"Texto"_s, Clase::Texto, 5}};
@@ -152,8 +169,8 @@ TEST(Planilla, NumbersAreNumbersDaysAreDaysAndNoTextRunsAsAFormula) {
               "E4 n 99.99 00.00 -\n"
               "freeze A2 filter A1:E4 page landscape 9 0\n"
               // As wide as asked for, as the longest text, or as the heading with the arrow of its filter.
-              "widths 18.2 27.2 12.2 12.2 12.2\n"
-              "title Líneas & posiciones | Líneas & posiciones | rows $1:$1 | Líneas &&& posiciones\n"
+              "widths 18.3 27.3 12.3 12.3 12.3\n"
+              "title Líneas & posiciones | Líneas & posiciones | rows $1:$1 | Líneas && posiciones\n"
               "values");
 }
 
@@ -182,8 +199,8 @@ TEST(Planilla, WhatASpreadsheetWouldRefuseIsWrittenAsItCan) {
     EXPECT_TRUE(lineas.contains(u"C2 s '"_s + QString(32767, u'x') + u"' General -"_s));
     EXPECT_TRUE(lineas.contains(u"A3 s 'dos' General -"_s));
     EXPECT_TRUE(lineas.contains(u"B3 s 'mañana' dd/mm/yyyy -"_s));
-    EXPECT_TRUE(lineas.join(u' ').contains(u"title Líneas por posición a b c d y |"_s))
-        << lineas.last().toStdString();
+    EXPECT_TRUE(lineas.join(u' ').contains(u"title Líneas por posición a b c d y m |"_s))
+        << lineas.value(lineas.size() - 2).toStdString();
 }
 
 TEST(Planilla, AListWithoutRowsIsAHeading) {
