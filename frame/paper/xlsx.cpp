@@ -4,6 +4,7 @@
 #include <QIODevice>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <cstdint>
 #include <map>
 
 #include "frame/paper/cells.h"
@@ -22,6 +23,8 @@ constexpr int anchoMaximoDeColumna = 60;  ///< characters; longer texts are seen
 constexpr qsizetype letrasDeHoja = 31;
 constexpr qsizetype letrasDeCabecera = 255;
 constexpr int anioMinimo = 1900;
+constexpr lxw_color_t fondoDeTitulos = 0xE3EAEA;
+constexpr std::uint8_t papelA4 = 9;
 
 /// The name of the sheet: without the marks that a spreadsheet refuses.
 QString nombreDeHoja(const Tabla &tabla) {
@@ -55,7 +58,7 @@ class Libro {
     QString Escribir();
 
  private:
-    lxw_format *formato(const QString &numero, bool negrita, bool aDerecha = false, bool conRaya = false);
+    lxw_format *formato(const QString &numero, bool negrita, bool conRaya);
     lxw_format *formatoDe(std::size_t columna, const Fila &fila);
     void prepararHoja();
     void escribirTitulos();
@@ -68,18 +71,17 @@ class Libro {
     const Tabla &tabla_;
     lxw_workbook *libro_;
     lxw_worksheet *hoja_ = nullptr;
-    std::map<std::tuple<QString, bool, bool, bool>, lxw_format *> formatos_;
+    std::map<std::tuple<QString, bool, bool>, lxw_format *> formatos_;
     std::vector<int> anchos_;
     lxw_row_t principioDeGrupo_ = 1;
 };
 
-lxw_format *Libro::formato(const QString &numero, bool negrita, bool aDerecha, bool conRaya) {
-    lxw_format *&uno = formatos_[{numero, negrita, aDerecha, conRaya}];
+lxw_format *Libro::formato(const QString &numero, bool negrita, bool conRaya) {
+    lxw_format *&uno = formatos_[{numero, negrita, conRaya}];
     if (uno == nullptr) {
         uno = workbook_add_format(libro_);
         if (!numero.isEmpty()) format_set_num_format(uno, numero.toUtf8().constData());
         if (negrita) format_set_bold(uno);
-        if (aDerecha) format_set_align(uno, LXW_ALIGN_RIGHT);
         if (conRaya) format_set_top(uno, LXW_BORDER_THIN);
     }
     return uno;
@@ -92,7 +94,7 @@ lxw_format *Libro::formatoDe(std::size_t columna, const Fila &fila) {
                            : c.clase == Clase::Fecha ? u"dd/mm/yyyy"_s
                                                      : QString();
     if (numero.isEmpty() && fila.tipo == Fila::Tipo::Dato) return nullptr;
-    return formato(numero, fila.tipo != Fila::Tipo::Dato, false, deSumas);
+    return formato(numero, fila.tipo != Fila::Tipo::Dato, deSumas);
 }
 
 void Libro::ensanchar(std::size_t columna, qsizetype letras) {
@@ -147,8 +149,7 @@ void Libro::escribirFila(lxw_row_t fila, const Fila &una) {
     if (una.tipo == Fila::Tipo::Grupo) principioDeGrupo_ = fila + 1;
     const bool libre = !tabla_.columnas.empty() && !NumeroDe(tabla_, una, 0);
     if (libre)
-        escribirTexto(fila, 0, SinControles(una.rotulo),
-                      formato({}, true, false, una.tipo != Fila::Tipo::Grupo));
+        escribirTexto(fila, 0, SinControles(una.rotulo), formato({}, true, una.tipo != Fila::Tipo::Grupo));
 }
 
 void Libro::escribirTitulos() {
@@ -156,9 +157,11 @@ void Libro::escribirTitulos() {
         const Columna &columna = tabla_.columnas[c];
         // Room for the arrow of the filter.
         ensanchar(c, columna.titulo.size() + 2);
-        lxw_format *como = formato({}, true, columna.clase == Clase::Numero);
-        format_set_bg_color(como, 0xDCE6F1);
+        lxw_format *como = workbook_add_format(libro_);
+        format_set_bold(como);
+        format_set_bg_color(como, fondoDeTitulos);
         format_set_bottom(como, LXW_BORDER_THIN);
+        if (columna.clase == Clase::Numero) format_set_align(como, LXW_ALIGN_RIGHT);
         escribirTexto(0, c, SinControles(columna.titulo), como);
     }
 }
@@ -167,7 +170,7 @@ void Libro::prepararHoja() {
     const auto ultima = static_cast<lxw_col_t>(std::max<std::size_t>(tabla_.columnas.size(), 1) - 1);
     worksheet_freeze_panes(hoja_, 1, 0);
     worksheet_repeat_rows(hoja_, 0, 0);
-    worksheet_set_paper(hoja_, 9);  // A4
+    worksheet_set_paper(hoja_, papelA4);
     if (tabla_.orientacion == Orientacion::Horizontal) worksheet_set_landscape(hoja_);
     worksheet_fit_to_pages(hoja_, 1, 0);
     worksheet_set_header(hoja_, cabecera(tabla_).toUtf8().constData());

@@ -130,7 +130,7 @@ hoja = libro.active
 for fila in hoja.iter_rows():
     for c in fila:
         if c.value is not None:
-            print(c.coordinate, c.data_type, repr(c.value), c.number_format, 'N' if c.font.b else '-')
+            print(c.coordinate, c.data_type, repr(c.value), c.number_format, ('N' if c.font.b else '-') + ('F' if c.fill.fill_type else ''))
 p = hoja.page_setup
 print('freeze', hoja.freeze_panes, 'filter', hoja.auto_filter.ref, 'page', p.orientation, p.paperSize, p.fitToHeight)
 print('widths', *[round(hoja.column_dimensions[x].width, 1) for x in 'ABCDE'])
@@ -149,11 +149,11 @@ QStringList leido(const papel::Tabla &tabla, const QStringList &celdas = {}) {
 
 TEST(Planilla, NumbersAreNumbersDaysAreDaysAndNoTextRunsAsAFormula) {
     EXPECT_EQ(leido(tablaDeLineas()).join(u'\n').toStdString(),
-              "A1 s 'Posición' General N\n"
-              "B1 s 'Mercadería' General N\n"
-              "C1 s 'Ingreso' General N\n"
-              "D1 s 'Cantidad' General N\n"
-              "E1 s 'FOB' General N\n"
+              "A1 s 'Posición' General NF\n"
+              "B1 s 'Mercadería' General NF\n"
+              "C1 s 'Ingreso' General NF\n"
+              "D1 s 'Cantidad' General NF\n"
+              "E1 s 'FOB' General NF\n"
               "A2 s '8413.70.10.100L' General -\n"
               "B2 s '=SUM(A1:A9)' General -\n"
               "C2 d datetime.datetime(2026, 1, 12, 0, 0) dd/mm/yyyy -\n"

@@ -4,24 +4,16 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QListView>
-#include <QMessageBox>
-#include <QPrinter>
-#include <QPrinterInfo>
-#include <QProcess>
 #include <QProgressDialog>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 
-#include "desktop/ClassPrinterOrientation.h"
 #include "desktop/FrmVistaPrevia.h"
-#include "desktop/printing.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;
@@ -348,75 +340,6 @@ TEST_P(VistaPrevia, TabGoesInTheOrderOfTheWork) {
             ordenDeTab(p.ventana.get()).join(u' ').toStdString(),
             "ZonaHojas TxtBuscar TxtHoja CmdAlejar CmdAcercar CmdAncho CmdEntera CmdImprimir CmdGuardar");
     });
-}
-
-// Printing.
-
-QString textoImpreso(const QString &archivo) {
-    QProcess proceso;
-    proceso.start(u"pdftotext"_s, {u"-layout"_s, archivo, u"-"_s});
-    return proceso.waitForFinished() ? QString::fromUtf8(proceso.readAllStandardOutput())
-                                     : proceso.errorString();
-}
-
-TEST_P(VistaPrevia, APrinterGetsThePagesAskedForAsTheReportLies) {
-    QPrinter impresora(QPrinter::HighResolution);
-    impresora.setOutputFileName(archivo(u"impreso.pdf"_s));
-    impresora.setPageSize(QPageSize(QPageSize::A4));
-    impresora.setPrintRange(QPrinter::PageRange);
-    impresora.setFromTo(2, 3);
-    EXPECT_EQ(ImprimirEn(impresora, documentoDe(37 * 5).reporte), QString());
-    const QStringList hojas = textoImpreso(archivo(u"impreso.pdf"_s)).split(u'\f', Qt::SkipEmptyParts);
-    ASSERT_EQ(hojas.size(), 2);
-    EXPECT_TRUE(hojas[0].contains(u"Hoja 2 de 5"_s));
-    EXPECT_TRUE(hojas[1].contains(u"Hoja 3 de 5"_s));
-    EXPECT_EQ(impresora.pageLayout().orientation(), QPageLayout::Landscape);
-    impresora.setFromTo(7, 9);
-    EXPECT_EQ(ImprimirEn(impresora, documentoDe(37 * 5).reporte),
-              u"No se imprimió en %1: las hojas van de 1 a 5; elija otras."_s.arg(archivo(u"impreso.pdf"_s)));
-}
-
-TEST_P(VistaPrevia, APrinterWithOtherPaperGetsThePagesThatFitIt) {
-    QPrinter impresora(QPrinter::HighResolution);
-    impresora.setOutputFileName(archivo(u"oficio.pdf"_s));
-    impresora.setPageSize(QPageSize(QPageSize::A5));
-    EXPECT_EQ(ImprimirEn(impresora, documentoDe(37 * 2).reporte), QString());
-    const QString texto = textoImpreso(archivo(u"oficio.pdf"_s));
-    // 148 mm without 30: 334.5 pt, less 55.6 of furniture: 22 lines of 12.2 pt; 74 lines are four pages.
-    EXPECT_TRUE(texto.contains(u"Hoja 4 de 4"_s)) << texto.toStdString();
-    EXPECT_TRUE(texto.contains(u"0074  8413.70.10.100L"_s));
-}
-
-TEST_P(VistaPrevia, PrintingThatIsStoppedSaysSo) {
-    QPrinter impresora(QPrinter::HighResolution);
-    impresora.setOutputFileName(archivo(u"parado.pdf"_s));
-    EXPECT_EQ(ImprimirEn(impresora, documentoDe(37 * 5).reporte, [](int hechas, int) { return hechas < 2; }),
-              u"No se imprimió en %1: se detuvo a su pedido; vuelva a imprimirlo cuando quiera."_s.arg(
-                  archivo(u"parado.pdf"_s)));
-}
-
-TEST_P(VistaPrevia, APrinterThatIsNotThereAnswersFalse) {
-    ctx->opciones.DEVICENAME = u"No está"_s;
-    qint16 lado = 7;
-    EXPECT_FALSE(ClassPrinterOrientation::GetPrinterOrientation(u"No está"_s, lado));
-    EXPECT_EQ(lado, 7);
-    bool puesta = false;
-    ClassPrinterOrientation::SetPrinterOrientation(2, puesta);
-    // The system's own printer stands in for it, when there is one.
-    EXPECT_EQ(puesta, !QPrinterInfo::defaultPrinterName().isEmpty());
-    EXPECT_EQ(ImpresoraActual(), QPrinterInfo::defaultPrinterName());
-    ClassPrinterOrientation::SetPrinterOrientation(3, puesta);
-    EXPECT_FALSE(puesta) << "neither portrait nor landscape";
-}
-
-TEST_P(VistaPrevia, AMachineWithoutPrintersSaysWhatToDo) {
-    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this machine has printers";
-    EXPECT_FALSE(ImprimirDocumento(documentoDe(3), nullptr));
-    ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto,
-              u"No hay impresoras en este equipo; guarde el documento como PDF, o instale una impresora."_s);
-    EXPECT_EQ(registro.mensajes[0].titulo, u"Imprimir"_s);
-    EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
 }
 
 // The dialogs of the desktop.
