@@ -338,6 +338,7 @@ void FrmVistaPrevia::mostrarHallazgo() {
         const QRect lugar = lugarDelHallazgo(hallazgos_[*enMano_]).toAlignedRect();
         ui.ZonaHojas->ensureVisible(lugar.center().x(), lugar.center().y(), lugar.width() / 2 + entreHojas,
                                     ui.ZonaHojas->viewport()->height() / 4);
+        ui.TxtHoja->setText(QString::number(papel::HojaDe(paginado_, hallazgos_[*enMano_].renglon) + 1));
     }
     ui.Hojas->update();
 }

@@ -21,6 +21,8 @@ AvanceDeHojas::AvanceDeHojas(const QString &que, QWidget *duenio)
     caja_->setMinimumWidth(360);
     caja_->setAutoClose(false);
     caja_->setAutoReset(false);
+    // ESC ahead of its shortcut being in force would hide the window and let the work go on.
+    QObject::connect(caja_.get(), &QDialog::rejected, caja_.get(), &QProgressDialog::cancel);
 }
 
 AvanceDeHojas::~AvanceDeHojas() = default;

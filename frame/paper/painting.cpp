@@ -77,6 +77,8 @@ void PintarHoja(QPainter &pintor, const QRectF &donde, const Reporte &reporte, c
                 std::size_t hoja) {
     const Traza t = TrazaDe(reporte, paginado.medida, paginado.letra, hoja == 0);
     pintor.save();
+    // A rule thinner than a pixel is pale, and not gone.
+    pintor.setRenderHint(QPainter::Antialiasing);
     pintor.translate(donde.topLeft());
     pintor.scale(donde.width() / (paginado.medida.width() * unidadesPorMilimetro),
                  donde.height() / (paginado.medida.height() * unidadesPorMilimetro));

@@ -126,6 +126,7 @@ void imprimirConF12(const std::function<void(QPrintDialog &)> &enElDialogo) {
         });
         tecla(Qt::Key_F12);
         EXPECT_TRUE(p.ventana->isVisible());
+        esperarVentana(p.ventana.get());
         tecla(Qt::Key_Escape);
     });
     Contexto().dialogos.vistaPrevia(seisHojas());

@@ -298,6 +298,7 @@ TEST_P(VistaPrevia, EscStopsALongSaveAndTheScreenStays) {
         detenerElAvance(visto);
         tecla(Qt::Key_F11);
         EXPECT_TRUE(p.ventana->isVisible());
+        esperarVentana(p.ventana.get());
     });
     EXPECT_TRUE(*visto);
     EXPECT_FALSE(QFile::exists(archivo(u"largo.pdf"_s)));
