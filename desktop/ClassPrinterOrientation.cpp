@@ -14,8 +14,8 @@ std::map<QString, qint16> &orientacionesPuestas() {
     return puestas;
 }
 
-constexpr qint16 vertical = static_cast<qint16>(papel::Orientacion::Vertical);
-constexpr qint16 horizontal = static_cast<qint16>(papel::Orientacion::Horizontal);
+constexpr qint16 ladoVertical = static_cast<qint16>(papel::Orientacion::Vertical);
+constexpr qint16 ladoHorizontal = static_cast<qint16>(papel::Orientacion::Horizontal);
 
 }  // namespace
 
@@ -27,7 +27,7 @@ QString ImpresoraActual() {
 
 void ClassPrinterOrientation::SetPrinterOrientation(qint16 orientacion, bool &resultado) {
     const QString impresora = ImpresoraActual();
-    resultado = !impresora.isEmpty() && (orientacion == vertical || orientacion == horizontal);
+    resultado = !impresora.isEmpty() && (orientacion == ladoVertical || orientacion == ladoHorizontal);
     if (resultado) orientacionesPuestas()[impresora] = orientacion;
 }
 
@@ -40,6 +40,6 @@ bool ClassPrinterOrientation::GetPrinterOrientation(const QString &impresora, qi
         return true;
     }
     const QPrinter deFabrica(info);
-    orientacion = deFabrica.pageLayout().orientation() == QPageLayout::Landscape ? horizontal : vertical;
+    orientacion = deFabrica.pageLayout().orientation() == QPageLayout::Landscape ? ladoHorizontal : ladoVertical;
     return true;
 }

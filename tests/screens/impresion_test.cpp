@@ -35,7 +35,7 @@ class ServicioDeImpresion : public ::testing::Environment {
     void TearDown() override { dir.reset(); }
     static inline std::unique_ptr<QTemporaryDir> dir;
 };
-const auto *const servicio = ::testing::AddGlobalTestEnvironment(new ServicioDeImpresion);
+const auto *const entornoDeImpresion = ::testing::AddGlobalTestEnvironment(new ServicioDeImpresion);
 
 void dejarConfiguracion(const QString &nombre, const QString &texto) {
     QFile f(ServicioDeImpresion::dir->filePath(nombre));
