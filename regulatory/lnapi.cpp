@@ -3,6 +3,7 @@
 #include "frame/base/position.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "regulatory/letters.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +12,7 @@ namespace {
 using L = QLatin1String;
 
 const QString finDeLinea = u"\r\n"_s;
-const QString noPosee = u"NO POSEE"_s;
+const QString sinDatos = u"SIN DATOS"_s;
 
 QString claveDe(const QString &posicion) {
     return DoblarComillas(CortarPosicion(posicion).c001);
@@ -72,14 +73,14 @@ QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion) {
     return texto;
 }
 
-QString DetalleLnapi(AppContext &ctx, const QString &posicion, const LetrasDelNcm *letras) {
+QString DetalleLnapi(AppContext &ctx, const QString &posicion) {
     QString texto;
     const std::vector<NormaLnapi> normas = ObtenerNormaLnapi(ctx, posicion);
     if (normas.empty()) {
-        const QString letra = letras != nullptr && letras->letra ? letras->letra(posicion) : QString();
-        const QString dato =
-            letra == noPosee && letras->descripcion ? letras->descripcion(letra) : u"SIN DATOS"_s;
-        texto = dato + finDeLinea + "Norma: "_L1 + noPosee + finDeLinea;
+        // A letter says no more here than that there is one.
+        const bool conLetra = obtenerDelNcmLaLetraDeUnaPADada(ctx, posicion) != letraNoPosee;
+        texto = (conLetra ? sinDatos : letraNoPosee) + finDeLinea + "Norma: "_L1 +
+                (conLetra ? letraNoPosee : sinDatos) + finDeLinea;
     }
     int numero = 0;
     for (const NormaLnapi &n : normas)

@@ -4,8 +4,6 @@
 #include <QString>
 #include <vector>
 
-#include "regulatory/letters.h"
-
 struct AppContext;
 
 /// A licence that reaches a position.
@@ -24,6 +22,6 @@ QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero);
 /// Falla.
 QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion);
 
-/// The text that the screen of suffixes shows: licences and norms, then the notes. `letras` tells the licence
-/// letter of a position without norm, where the library of line reports is installed. Raises Falla.
-QString DetalleLnapi(AppContext &ctx, const QString &posicion, const LetrasDelNcm *letras = nullptr);
+/// The text that the screen of suffixes shows: licences and norms, then the notes. Without a norm it says
+/// whether the position has a letter. Raises Falla.
+QString DetalleLnapi(AppContext &ctx, const QString &posicion);

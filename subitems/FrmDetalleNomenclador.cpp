@@ -7,6 +7,7 @@
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/ventana.h"
+#include "regulatory/letters.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,10 +61,8 @@ void FrmDetalleNomenclador::Form_Load() {
 void FrmDetalleNomenclador::Cargar(const HojaDelNomenclador &hoja) {
     QString encabezado = hoja.encabezado;
     ui.LbEncabezado->setText(encabezado.replace("\r\n"_L1, "\n"_L1));
-    QStringList letra{hoja.letra, hoja.descripcionLetra};
-    letra.removeAll(QString());
-    ui.LbLetra->setText(letra.join(" - "_L1));
-    ui.LbLetra->setVisible(!letra.isEmpty());
+    ui.LbLetra->setText("Letra: "_L1 + hoja.letra +
+                        (hoja.letra == letraNoPosee ? QString() : " - "_L1 + hoja.descripcionLetra));
     CargarSufijos(hoja.sufijos);
     for (std::size_t n = 0; n < std::min(secciones_.size(), hoja.secciones.size()); ++n)
         CargarSeccion(secciones_.at(n), hoja.secciones[n], secciones_.at(n) == ui.GrdGravamenes);
@@ -98,10 +97,10 @@ void FrmDetalleNomenclador::CargarSeccion(QTableWidget *grilla, const SeccionDeH
     resaltar(grilla, lineas);
 }
 
-void VerDetalleNomenclador(const QString &posicion, const LetrasDelNcm *letras) {
+void VerDetalleNomenclador(const QString &posicion) {
     AppContext &ctx = Contexto();
     std::optional<HojaDelNomenclador> hoja;
-    Manejar(ctx, [&] { hoja = DetalleNomenclador(ctx, posicion, letras); });
+    Manejar(ctx, [&] { hoja = DetalleNomenclador(ctx, posicion); });
     if (!hoja) return;
     auto &pantalla = Pantalla<FrmDetalleNomenclador>();
     pantalla.Cargar(*hoja);

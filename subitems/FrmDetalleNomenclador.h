@@ -27,4 +27,4 @@ class FrmDetalleNomenclador {
 };
 
 /// Shows the sheet of the position until it is closed; a position that the nomenclature lacks shows none.
-void VerDetalleNomenclador(const QString &posicion, const LetrasDelNcm *letras = nullptr);
+void VerDetalleNomenclador(const QString &posicion);

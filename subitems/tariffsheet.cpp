@@ -3,6 +3,7 @@
 #include <array>
 
 #include "frame/context.h"
+#include "regulatory/letters.h"
 #include "subitems/nomenclature.h"
 
 using namespace Qt::StringLiterals;
@@ -97,8 +98,7 @@ QString PlazoDeDivisas(const QString &codigo) {
     return u"ERROR"_s;
 }
 
-std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QString &posicion,
-                                                     const LetrasDelNcm *letras) {
+std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QString &posicion) {
     constexpr int largoDeSim = 14;
     const Reloj reloj(ctx.dialogos);
     HojaDelNomenclador hoja;
@@ -120,9 +120,7 @@ std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QStr
     hoja.encabezado = u"Posición Arancelaria: "_s + posicion +
                       "\r\n-----------------------------------------\r\n"_L1 + valorDe(rs, "010") +
                       "\r\n"_L1 + valorDe(rs, "004");
-    if (letras != nullptr && letras->letra) {
-        hoja.letra = letras->letra(posicion);
-        if (letras->descripcion) hoja.descripcionLetra = letras->descripcion(hoja.letra);
-    }
+    hoja.letra = obtenerDelNcmLaLetraDeUnaPADada(ctx, posicion);
+    hoja.descripcionLetra = obtenerDescripcionAPartirDeLaLetra(ctx, hoja.letra);
     return hoja;
 }

@@ -5,8 +5,6 @@
 #include <optional>
 #include <vector>
 
-#include "regulatory/letters.h"
-
 struct AppContext;
 
 /// A line of the sheet: what the column is, and what it says.
@@ -29,8 +27,8 @@ struct HojaDelNomenclador {
     QString encabezado;  ///< position, rule, own description, first upper level
     std::vector<SufijoDeHoja> sufijos;
     std::vector<SeccionDeHoja> secciones;
-    QString letra;  ///< of the position, with its text; empty without the reports library
-    QString descripcionLetra;
+    QString letra;             ///< of the position; letraNoPosee without one
+    QString descripcionLetra;  ///< what the letter says
 };
 
 /// The columns of the grid of suffixes, in the sheet's own units, and the colour of highlighted rows (the
@@ -41,8 +39,7 @@ constexpr int colorResaltado = 14085590;
 
 /// The sheet; nothing when the nomenclature lacks the position's first two keys. The third is not asked for:
 /// the first row found, whatever its letter, feeds the sheet. Raises Falla.
-std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QString &posicion,
-                                                     const LetrasDelNcm *letras = nullptr);
+std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QString &posicion);
 
 /// The term for bringing in foreign currency behind the code of [071]; "ERROR" for an unknown code.
 QString PlazoDeDivisas(const QString &codigo);

@@ -51,6 +51,8 @@ const char *const tablasDeDemostracion[] = {
     "lnapifechadedatos",
     "lnapiaclaraciones",
     "lnapiposicionesafectadas",
+    "letras",
+    "letrasncm",
     "clientes",
     "despadu",
     "vendedor",

@@ -118,6 +118,9 @@ const Fila filas[] = {
     {"lnapifechadedatos", "NCM", "@fecha", ""},
     {"lnapiposicionesafectadas", "NCM", "posicion lnapi norma aclaraciones", "posicion"},
     {"lnapiaclaraciones", "NCM", "#aclaracion descripcion", "aclaracion"},
+    // The licence letters: whose they are, by the beginning of the position, and what they say.
+    {"letrasncm", "NCM", "posicion letra", "posicion"},
+    {"letras", "NCM", "letra descripcion", "letra"},
     // Articles
     {"catarticulos", "CATALOGOS",
      "idcatalogo idarticulo ncm descripcion descripcion_maria naladisa #cantidad #preciounitario idpais "

@@ -39,9 +39,7 @@ class Hoja : public EnAmbosStores {
         ejecutar(u"insert into ncm ("_s + columnas.join(u',') + u") values ("_s + valores.join(u',') + u')',
                  ncm);
     }
-    std::optional<HojaDelNomenclador> hoja(const LetrasDelNcm *letras = nullptr) {
-        return DetalleNomenclador(*ctx, u"8409.91.12.100G"_s, letras);
-    }
+    std::optional<HojaDelNomenclador> hoja() { return DetalleNomenclador(*ctx, u"8409.91.12.100G"_s); }
 };
 
 TEST_P(Hoja, HasItsSectionsWithTheirLabelsInOrder) {
@@ -113,7 +111,10 @@ TEST_P(Hoja, TheFirstRowFoundWhateverItsLetterFeedsTheSheet) {
     EXPECT_EQ(traza.texto(),
               "NCM|select * from sufidos where sim in ('84  .  .  .   ','8409.  .  .   ','8409.91.  .   ',"
               "'8409.91.12.100')\n"
-              "NCM|select * from ncm where [001] = '8409.91.12' and [002] = '100'");
+              "NCM|select * from ncm where [001] = '8409.91.12' and [002] = '100'\n"
+              "NCM|select top 1 letra from letrasncm where posicion in ('84','840','8409','8409.','8409.9',"
+              "'8409.91','8409.91.','8409.91.1','8409.91.12','8409.91.12.','8409.91.12.1','8409.91.12.10',"
+              "'8409.91.12.100','8409.91.12.100G') order by posicion desc");
     EXPECT_TRUE(h->encabezado.contains(u"primera"_s));
 }
 
@@ -135,13 +136,14 @@ TEST_P(Hoja, AMissingPositionEndsWithoutASheet) {
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
-TEST_P(Hoja, TheLetterIsShownWhereItsLibraryIsInstalled) {
+TEST_P(Hoja, TheLetterAndWhatItSaysAreOnTheSheet) {
     posicion(u"G"_s, {});
-    EXPECT_TRUE(hoja()->letra.isEmpty());
-    const LetrasDelNcm letras{[](const QString &p) { return p.right(1); },
-                              [](const QString &letra) { return u"texto de "_s + letra; }};
-    EXPECT_EQ(hoja(&letras)->letra.toStdString(), "G");
-    EXPECT_EQ(hoja(&letras)->descripcionLetra.toStdString(), "texto de G");
+    EXPECT_EQ(hoja()->letra, u"NO POSEE"_s);
+    EXPECT_EQ(hoja()->descripcionLetra, u"NO POSEE"_s);
+    ejecutar(u"insert into letrasncm (posicion,letra) values ('8409.91','F')"_s, ncm);
+    ejecutar(u"insert into letras (letra,descripcion) values ('F','Autopartes')"_s, ncm);
+    EXPECT_EQ(hoja()->letra, u"F"_s);
+    EXPECT_EQ(hoja()->descripcionLetra, u"Autopartes"_s);
 }
 
 EN_AMBOS_STORES(Hoja);
@@ -179,8 +181,8 @@ TEST_P(Licencias, APositionInARowWithoutNotesSaysSo) {
 
 TEST_P(Licencias, APositionInNoRowHasNoNotesAndNoData) {
     EXPECT_EQ(ObtenerAclaraciones(*ctx, u"8409.91.12.100G"_s).toStdString(), "-1");
-    EXPECT_EQ(DetalleLnapi(*ctx, u"8409.91.12.100G"_s).toStdString(), "SIN DATOS\r\nNorma: NO POSEE\r\n");
-    EXPECT_EQ(DetalleLnapi(*ctx, u"84'9"_s).toStdString(), "SIN DATOS\r\nNorma: NO POSEE\r\n");
+    EXPECT_EQ(DetalleLnapi(*ctx, u"8409.91.12.100G"_s).toStdString(), "NO POSEE\r\nNorma: SIN DATOS\r\n");
+    EXPECT_EQ(DetalleLnapi(*ctx, u"84'9"_s).toStdString(), "NO POSEE\r\nNorma: SIN DATOS\r\n");
 }
 
 EN_AMBOS_STORES(Licencias);

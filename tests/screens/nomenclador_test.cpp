@@ -236,7 +236,7 @@ TEST_P(ConsultaDelNomenclador, TheSheetTellsEachSectionInItsOrder) {
         EXPECT_EQ(hoja.ui.marcoGravamenes->title(), u"GRAVAMENES"_s);
         EXPECT_EQ(hoja.ui.marcoFuentes->title(), u"FUENTES"_s);
         EXPECT_EQ(hoja.ui.marcoPosee->title(), u"POSEE"_s);
-        EXPECT_TRUE(hoja.ui.LbLetra->isHidden()) << "no library of line reports";
+        EXPECT_EQ(hoja.ui.LbLetra->text(), u"Letra: F - Licencia no automática - Motores y autopartes"_s);
     });
 }
 
@@ -305,16 +305,19 @@ TEST_P(ConsultaDelNomenclador, AnotherLetterFeedsTheSheetAndAnUnknownPositionSho
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
-TEST_P(ConsultaDelNomenclador, TheLibraryOfLineReportsTellsTheLetterOnTheSheet) {
-    const LetrasDelNcm letras{[](const QString &) { return u"B"_s; },
-                              [](const QString &letra) { return u"Licencia "_s + letra; }};
-    conVentanaModal([](QWidget *modal) {
-        auto &hoja = Pantalla<FrmDetalleNomenclador>();
-        EXPECT_EQ(hoja.ui.LbLetra->text(), u"B - Licencia B"_s);
-        EXPECT_TRUE(hoja.ui.LbLetra->isVisible());
-        modal->close();
-    });
-    VerDetalleNomenclador(motor, &letras);
+TEST_P(ConsultaDelNomenclador, TheSheetTellsTheLetterOfThePositionAndWhatItSays) {
+    for (const QString &dice :
+         {u"Letra: F - Licencia no automática - Motores y autopartes"_s, u"Letra: NO POSEE"_s}) {
+        conVentanaModal([&dice](QWidget *modal) {
+            const auto &hoja = Pantalla<FrmDetalleNomenclador>();
+            EXPECT_EQ(hoja.ui.LbLetra->text(), dice);
+            EXPECT_TRUE(hoja.ui.LbLetra->isVisible());
+            modal->close();
+        });
+        VerDetalleNomenclador(motor);
+        ejecutar(u"delete from letrasncm"_s, ncm);
+    }
+    EXPECT_FALSE(PantallaAbierta<FrmDetalleNomenclador>());
 }
 
 TEST_P(ConsultaDelNomenclador, F6ShowsTheSuffixesOfTheRow) {

@@ -73,6 +73,9 @@ const FilaDeMuestra codigosDeMuestra[] = {
      "insert into LNAPIPosicionesAfectadas (posicion,lnapi,norma,aclaraciones) values ('8409.91.12','B','R "
      "2',null)"},
     {"NCM", "insert into LNAPIAclaraciones (aclaracion,descripcion) values (1,'Excepto usados')"},
+    {"NCM", "insert into letrasncm (posicion,letra) values ('8409','F')"},
+    {"NCM", "insert into letrasncm (posicion,letra) values ('8409.91.12','T')"},
+    {"NCM", "insert into letras (letra,descripcion) values ('T','Bielas')"},
     {"CATALOGOS",
      "insert into catarticulos "
      "(idcatalogo,idarticulo,ncm,descripcion,Descripcion_Maria,cantidad,preciounitario,Idpais,"

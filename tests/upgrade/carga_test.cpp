@@ -42,6 +42,19 @@ TEST_P(Carga, RowsGoInWithTheirValues) {
               "012|Real|<null>\n060|Euro, Europa|1.085\nDOL|Dólar|1");
 }
 
+TEST_P(Carga, TheLettersOfAnOfficeReplaceThoseThatWereThere) {
+    const QString ncm = u"NCM"_s;
+    ejecutar("insert into letrasncm (posicion,letra) values ('8409','F')", ncm);
+    const ResultadoCsv r = cargar("letrasncm", "posicion;letra\n61;B\n6109.10.00.110Y;\n62;B;sobra\n", true);
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.avisos, QStringList{u"línea 4: tiene 3 campos y el encabezado 2; la fila no se carga"_s});
+    EXPECT_EQ(filas("select posicion,letra from letrasncm order by posicion", ncm).toStdString(),
+              "61|B\n6109.10.00.110Y|");
+    EXPECT_EQ(cargar("letras", "letra,descripcion\nB,\"Textiles, e indumentaria\"\n").cargadas, 1);
+    EXPECT_EQ(valor("select descripcion from letras where letra = 'B'", ncm).toStdString(),
+              "Textiles, e indumentaria");
+}
+
 TEST_P(Carga, AnUnknownColumnIsToldOnceAndTheRestLoads) {
     const ResultadoCsv r =
         cargar("pais", "id;continente;descripcion\n200;América;Argentina\n203;América;Brasil\n");

@@ -57,9 +57,14 @@ TEST_P(Demostracion, TheCodesOfAnOfficeAreThere) {
         EXPECT_GT(cuenta(QLatin1String(tabla)), 0) << tabla;
     for (const char *tabla : {"clientes", "despadu", "vendedor", "transporte", "ventajasrel"})
         EXPECT_GT(cuenta(QLatin1String(tabla), "PERSONAL"), 0) << tabla;
-    for (const char *tabla :
-         {"control_fecha", "lnapifechadedatos", "lnapiposicionesafectadas", "lnapiaclaraciones"})
+    for (const char *tabla : {"control_fecha", "lnapifechadedatos", "lnapiposicionesafectadas",
+                              "lnapiaclaraciones", "letras", "letrasncm"})
         EXPECT_GT(cuenta(QLatin1String(tabla), "NCM"), 0) << tabla;
+}
+
+TEST_P(Demostracion, EveryLetterOfAPositionSaysWhatItMeans) {
+    EXPECT_EQ(cuenta("letrasncm where letra <> '' and letra not in (select letra from letras)", "NCM"), 0);
+    EXPECT_EQ(cuenta("letras where descripcion = '' or descripcion is null", "NCM"), 0);
 }
 
 TEST_P(Demostracion, TheConceptCatalogueHoldsEveryCodeOfTheCalculator) {

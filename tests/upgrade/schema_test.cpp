@@ -26,7 +26,9 @@ const Hogar hogares[] = {
      "sta aduana condiciondeventa pais motivo motivos mottmp bancos coment ean hval hvalexp diemchina "
      "informacion "
      "ventajas lista"},
-    {"NCM", "ncm sufidos control_fecha lnapifechadedatos lnapiposicionesafectadas lnapiaclaraciones"},
+    {"NCM",
+     "ncm sufidos control_fecha lnapifechadedatos lnapiposicionesafectadas lnapiaclaraciones letrasncm "
+     "letras"},
     {"CATALOGOS", "catarticulos articulo_ventaja"},
     {"PERSONAL", "clientes despadu vendedor transporte tabla ventajasrel"},
     {"USUARIO", "dest impuestos_internos"},

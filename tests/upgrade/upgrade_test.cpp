@@ -100,6 +100,26 @@ TEST_P(Actualizacion, AnOlderArticleStoreGainsTheColumnsOfALine) {
               "A|Bomba|<null>|<null>|<null>|<null>|<null>|<null>");
 }
 
+TEST_P(Actualizacion, AnOlderNomenclatureGainsTheTablesOfLetters) {
+    const QString ncm = u"NCM"_s;
+    ejecutar("insert into ncm ([001],[002],[003]) values ('8409.91.12','100','G')", ncm);
+    ejecutar("insert into lnapiaclaraciones (aclaracion,descripcion) values (1,'Sólo nueva')", ncm);
+    for (const char *tabla : {"letras", "letrasncm"})
+        motor(u"drop table %1"_s.arg(QLatin1String(tabla)), ncm);
+    const Resultado r = actualizar();
+    EXPECT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.cambios.filter(u"se creó la tabla"_s),
+              (QStringList{u"NCM: se creó la tabla letrasncm"_s, u"NCM: se creó la tabla letras"_s}));
+    ejecutar("insert into letrasncm (posicion,letra) values ('8409','F')", ncm);
+    ejecutar("insert into letras (letra,descripcion) values ('F','Autopartes')", ncm);
+    EXPECT_EQ(filas("select [001],[002],[003] from ncm", ncm).toStdString(), "8409.91.12|100|G");
+    EXPECT_EQ(valor("select descripcion from lnapiaclaraciones", ncm).toStdString(), "Sólo nueva");
+
+    EXPECT_EQ(actualizar().cambios, QStringList()) << "a second run changes nothing";
+    EXPECT_EQ(filas("select posicion,letra from letrasncm", ncm).toStdString(), "8409|F");
+    EXPECT_EQ(filas("select letra,descripcion from letras", ncm).toStdString(), "F|Autopartes");
+}
+
 TEST_P(Actualizacion, AStoreWithoutAVersionRowCountsAsOlder) {
     ejecutar("delete from version where propiedad = 'version'");
     const Resultado r = actualizar();
