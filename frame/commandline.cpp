@@ -58,6 +58,10 @@ QString conGuiones(const QString &nombre) {
     return (nombre.size() == 1 ? u"-"_s : u"--"_s) + nombre;
 }
 
+QString nombreDe(const Argumento &a) {
+    return a.optativo ? u"["_s + t(a.nombre) + u"]"_s : t(a.nombre);
+}
+
 QString conValor(const Opcion &o) {
     return conGuiones(t(o.nombre)) + (*o.valor == '\0' ? QString() : u" "_s + t(o.valor));
 }
@@ -114,7 +118,7 @@ QString usoDe(const Programa &p, const Comando *c) {
     QString uso = t(p.nombre) + obligatorias(p.opciones);
     if (c != nullptr) {
         uso += u" "_s + t(c->nombre);
-        for (const Argumento &a : c->argumentos) uso += u" "_s + t(a.nombre);
+        for (const Argumento &a : c->argumentos) uso += u" "_s + nombreDe(a);
         uso += obligatorias(c->opciones);
     } else if (!p.comandos.empty()) {
         uso += u" COMANDO"_s;
@@ -127,7 +131,7 @@ QString ayudaDelPrograma(const Programa &p) {
     comandos.reserve(p.comandos.size());
     for (const Comando &c : p.comandos) {
         QString nombre = t(c.nombre);
-        for (const Argumento &a : c.argumentos) nombre += u" "_s + t(a.nombre);
+        for (const Argumento &a : c.argumentos) nombre += u" "_s + nombreDe(a);
         comandos.emplace_back(nombre, t(c.texto));
     }
     QString salida = enLineas(p.texto, 0) + u"\nUso: %1\n"_s.arg(usoDe(p, nullptr));
@@ -142,7 +146,7 @@ QString ayudaDelPrograma(const Programa &p) {
 QString ayudaDelComando(const Programa &p, const Comando &c) {
     std::vector<Renglon> argumentos;
     argumentos.reserve(c.argumentos.size());
-    for (const Argumento &a : c.argumentos) argumentos.emplace_back(t(a.nombre), t(a.texto));
+    for (const Argumento &a : c.argumentos) argumentos.emplace_back(nombreDe(a), t(a.texto));
     return enLineas(t(c.texto), 0) + u"\nUso: %1\n"_s.arg(usoDe(p, &c)) +
            seccion(u"Argumentos"_s, argumentos) + seccionDeOpciones(u"Opciones del comando"_s, c.opciones) +
            seccionDeOpciones(u"Opciones"_s, p.opciones);
@@ -208,14 +212,16 @@ QString revisarCompania(const Programa &p, const Comando *c, const QCommandLineP
 QString revisarArgumentos(const Programa &p, const Comando *c, const QStringList &dados) {
     const std::vector<Argumento> ninguno;
     const std::vector<Argumento> &esperados = c == nullptr ? ninguno : c->argumentos;
-    const auto esperado = [](const Argumento &a) { return u"%1 (%2)"_s.arg(t(a.nombre), t(a.texto)); };
+    const auto esperado = [](const Argumento &a) { return u"%1 (%2)"_s.arg(nombreDe(a), t(a.texto)); };
     for (qsizetype i = 0; i < static_cast<qsizetype>(esperados.size()); ++i) {
         const Argumento &a = esperados[static_cast<std::size_t>(i)];
+        if (dados.value(i).isEmpty() && a.optativo) continue;
         if (dados.value(i).isEmpty()) return u"Falta %1"_s.arg(esperado(a));
         const QString defecto = a.control == nullptr ? QString() : a.control(dados[i]);
         if (!defecto.isEmpty()) return u"%1 no sirve: %2"_s.arg(t(a.nombre), defecto);
     }
-    if (dados.size() <= static_cast<qsizetype>(esperados.size())) return {};
+    if (dados.size() <= static_cast<qsizetype>(esperados.size()))
+        return c == nullptr || c->control == nullptr ? QString() : c->control(dados);
     QStringList lleva;
     for (const Argumento &a : esperados) lleva << esperado(a);
     const QString quien = c == nullptr ? t(p.nombre) : u"el comando "_s + t(c->nombre);

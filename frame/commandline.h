@@ -24,11 +24,12 @@ struct Opcion {
     const char *excluyeA = "";  ///< another option, which cannot come beside this one
 };
 
-/// What stands without a name behind the command; each one has to come, in order.
+/// What stands without a name behind the command, in order.
 struct Argumento {
     const char *nombre = "";    ///< as the help calls it: "CLAVE"
     const char *texto = "";     ///< what it is: "la clave de una operación"
     Control control = nullptr;  ///< judges it, without blanks around
+    bool optativo = false;      ///< need not come; only the last one can be so
 };
 
 struct Comando {
@@ -36,6 +37,8 @@ struct Comando {
     const char *texto = "";  ///< one line of the help
     std::vector<Argumento> argumentos = {};
     std::vector<Opcion> opciones = {};  ///< its own, beside the program's
+    /// Judges the arguments together, each one good by itself: the beginning of a sentence as a Control's.
+    QString (*control)(const QStringList &argumentos) = nullptr;
 };
 
 /// A program without commands takes options alone.

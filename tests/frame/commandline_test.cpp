@@ -137,6 +137,33 @@ TEST(CommandLine, TheHelpIsMadeOfTheDescription) {
     EXPECT_TRUE(sin.endsWith(u"\nNada más.\n"_s)) << sin.toStdString();
 }
 
+QString defectoDePareja(const QStringList &argumentos) {
+    return argumentos.value(0) == argumentos.value(1) ? u"\"%1\" va dos veces"_s.arg(argumentos[0])
+                                                      : QString();
+}
+
+TEST(CommandLine, TheLastArgumentMayBeOneThatNeedNotCome) {
+    const consola::Programa p{
+        .nombre = "obra",
+        .texto = u"Hace obras."_s,
+        .comandos = {{.nombre = "pintar",
+                      .texto = "Pinta.",
+                      .argumentos = {{.nombre = "PARED", .texto = "una pared"},
+                                     {.nombre = "COLOR", .texto = "su color", .optativo = true}},
+                      .control = defectoDePareja}}};
+    EXPECT_EQ(leer(p, {"pintar", "a"}).argumentos, QStringList{"a"});
+    EXPECT_EQ(leer(p, {"pintar", "a", "rojo"}).argumentos, (QStringList{"a", "rojo"}));
+    seNiega(p, {"pintar"}, u"Falta PARED (una pared); vea obra pintar --ayuda."_s);
+    seNiega(p, {"pintar", "a", "rojo", "liso"},
+            u"Sobra \"liso\": el comando pintar lleva sólo PARED (una pared) y [COLOR] (su color); vea obra "
+            "pintar --ayuda."_s);
+    seNiega(p, {"pintar", "a", "a"}, u"\"a\" va dos veces; vea obra pintar --ayuda."_s);
+    EXPECT_TRUE(leer(p, {"--ayuda"}).texto.contains(u"  pintar PARED [COLOR]  Pinta.\n"_s));
+    const QString ayuda = leer(p, {"pintar", "--ayuda"}).texto;
+    EXPECT_TRUE(ayuda.contains(u"Uso: obra pintar PARED [COLOR] [opciones]\n"_s)) << ayuda.toStdString();
+    EXPECT_TRUE(ayuda.contains(u"  PARED    una pared\n  [COLOR]  su color\n"_s)) << ayuda.toStdString();
+}
+
 TEST(CommandLine, LongLinesOfAHelpAreCutAtWordsAndGoOnUnderTheirText) {
     const QByteArray larga = QByteArray("palabra ").repeated(30).trimmed();
     const consola::Programa p{
