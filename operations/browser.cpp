@@ -1,6 +1,7 @@
 #include "operations/browser.h"
 
 #include <QDateTime>
+#include <map>
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
@@ -23,10 +24,9 @@ QString importe(const AppContext &ctx, const Recordset &rs, QStringView monto, Q
            ")"_L1;
 }
 
-QString detalleDe(AppContext &ctx, const Recordset &rs) {
-    const QString aduana = rs.Texto(u"idaduana");
-    const QDateTime alta = AFecha(rs.Fields(u"fechaalta").Value);
-    return "Aduana: ("_L1 + aduana + ") "_L1 + getAduanaDescripcion(ctx, aduana) + " - Cond Venta: "_L1 +
+QString detalleDe(const AppContext &ctx, const Recordset &rs, const QDateTime &alta,
+                  const QString &nombreDeAduana) {
+    return "Aduana: ("_L1 + rs.Texto(u"idaduana") + ") "_L1 + nombreDeAduana + " - Cond Venta: "_L1 +
            rs.Texto(u"idcondiciondeventa") + "\r\nFOB : "_L1 +
            importe(ctx, rs, u"fobdivisas", u"fobcoddivisas") + " - Flete : "_L1 +
            importe(ctx, rs, u"fletedivisas", u"fletecoddivisas") + " - Seguro : "_L1 +
@@ -39,7 +39,46 @@ QString tipoDe(const QString &direccion) {
     return direccion == "E"_L1 ? u"Exportacion"_s : u"Otros"_s;
 }
 
+/// A new operation has no mark until its first change.
+QString estadoDe(const QString &marca) {
+    if (marca == "S"_L1) return u"A armar"_s;
+    return marca == "N"_L1 ? u"Armada"_s : u"Nueva"_s;
+}
+
+/// What a code means, asked of the store once a code and not once a row.
+class Sabidos {
+ public:
+    Sabidos(AppContext &ctx, QString (*preguntar)(AppContext &, const QString &))
+        : ctx_(ctx), preguntar_(preguntar) {}
+    const QString &de(const QString &codigo) {
+        const auto sabido = sabidos_.find(codigo);
+        return sabido != sabidos_.end() ? sabido->second
+                                        : sabidos_.emplace(codigo, preguntar_(ctx_, codigo)).first->second;
+    }
+
+ private:
+    AppContext &ctx_;
+    QString (*preguntar_)(AppContext &, const QString &);
+    std::map<QString, QString> sabidos_;
+};
+
 }  // namespace
+
+const std::vector<AgrupacionDeInternos> &AgrupacionesDeInternos() {
+    static const std::vector<AgrupacionDeInternos> todas{
+        {},
+        {u"Importacion / Exportacion"_s, &FilaDeInterno::tipo},
+        {u"Despachante"_s, &FilaDeInterno::Despachante},
+        {u"Cliente"_s, &FilaDeInterno::Cliente},
+        {u"Vendedor"_s, &FilaDeInterno::Vendedor},
+    };
+    return todas;
+}
+
+QString GrupoDe(const FilaDeInterno &fila, const AgrupacionDeInternos &por) {
+    const QString &texto = fila.*por.campo;
+    return texto.isEmpty() ? u"(sin dato)"_s : texto;
+}
 
 QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
     QStringList condiciones;
@@ -53,8 +92,8 @@ QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
                            " )"_L1;
     if (!f.txtInterno.trimmed().isEmpty())
         condiciones << " interno like '"_L1 + f.txtInterno.trimmed() + "%' "_L1;
-    return (ctx.opciones.OperacionesMostrarTODO ? "select * from caratula "_L1
-                                                : "select top 50 * from caratula "_L1) +
+    return (f.todas || ctx.opciones.OperacionesMostrarTODO ? "select * from caratula "_L1
+                                                           : "select top 50 * from caratula "_L1) +
            (condiciones.isEmpty() ? QString() : " where "_L1 + condiciones.join("and "_L1)) +
            (ctx.opciones.LISTADO != 0 ? " order by fechaalta desc,interno"_L1 : " order by interno"_L1);
 }
@@ -62,12 +101,17 @@ QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
 std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos &filtro) {
     const Reloj reloj(ctx.dialogos);
     std::vector<FilaDeInterno> filas;
+    Sabidos direcciones(ctx, getTypeOPfromSubReg);
+    Sabidos aduanas(ctx, getAduanaDescripcion);
     Recordset rs;
     for (Consultar(ctx, internos, SentenciaDeInternos(ctx, filtro), rs); !rs.Eof(); rs.MoveNext()) {
         const QString subregimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
-        filas.push_back({tipoDe(getTypeOPfromSubReg(ctx, subregimen)), rs.Texto(u"interno"), subregimen,
+        const QDateTime alta = AFecha(rs.Fields(u"fechaalta").Value);
+        filas.push_back({tipoDe(direcciones.de(subregimen)), rs.Texto(u"interno"), subregimen,
                          rs.Texto(u"factura3"), rs.Texto(u"factura7"), rs.Texto(u"factura2"),
-                         detalleDe(ctx, rs)});
+                         detalleDe(ctx, rs, alta, aduanas.de(rs.Texto(u"idaduana"))), alta.date(),
+                         rs.Numero(u"fobdivisas"), rs.Texto(u"fobcoddivisas"),
+                         estadoDe(rs.Texto(u"factura8"))});
     }
     return filas;
 }

@@ -11,11 +11,27 @@ struct FiltroDeInternos {
     QString txtInterno, txtCliente, txtDespachante;
     bool chkFiltroFecha = false;
     QDate desde, hasta;
+    bool todas = false;  ///< all of them, whatever the option says: the fifty are a matter of the screen
 };
 struct FilaDeInterno {
     QString tipo;  ///< "Importacion", "Exportacion" or "Otros"
     QString Interno, SubRegimen, Despachante, Cliente, Vendedor, detalle;
+    QDate alta;  ///< the day it was made; none for one that tells no day
+    double fob = 0;
+    QString divisa;  ///< of the FOB
+    QString estado;  ///< "Nueva" until its first change, then "A armar" or "Armada"
 };
+/// What the rows can be grouped by: the choice as shown, and the text that makes a group; the first choice is
+/// none.
+struct AgrupacionDeInternos {
+    QString rotulo;
+    QString FilaDeInterno::*campo = nullptr;
+};
+const std::vector<AgrupacionDeInternos> &AgrupacionesDeInternos();
+/// The title of a row's group: its text, or a word for an empty one.
+QString GrupoDe(const FilaDeInterno &fila, const AgrupacionDeInternos &por);
+/// How many rows the search answers at most, without the option OperacionesMostrarTODO.
+constexpr std::size_t topeDeInternos = 50;
 /// The statement of the search, as sent.
 QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &filtro);
 /// The rows of the search, in order. Raises Falla.
