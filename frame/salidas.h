@@ -8,8 +8,9 @@
 struct Salidas {
     /// The screen of the sheet of an operation; `item` is the one to start from.
     std::function<void(const QString &interno, const QString &item)> hoja;
-    /// The lists of the lines of an operation: a pick of them, and the one picked in preview.
-    std::function<void(const QString &interno)> lineas;
+    /// The lists of the lines of an operation, and that of a catalogue of articles unless `catalogo` is
+    /// empty: a pick of them, and the one picked in preview.
+    std::function<void(const QString &interno, const QString &catalogo)> lineas;
     /// The list of the packages and the transport of an operation, in preview.
     std::function<void(const QString &interno)> bultos;
 };

@@ -71,10 +71,9 @@ void FrmBultos::Conectar() {
 void FrmBultos::Mostrar(const QString &interno) {
     AppContext &ctx = Contexto();
     interno_ = interno;
-    Bultos bultos;
-    if (!Manejar(ctx, [&] { bultos = CargarBultos(ctx, interno); })) return;
+    if (!Manejar(ctx, [&] { guardados_ = CargarBultos(ctx, interno); })) return;
     ventana->setWindowTitle(u"Bultos - Operación "_s + interno);
-    Escribir(bultos);
+    Escribir(guardados_);
     ui.chTransBultos->setFocus();
     ventana->exec();
 }
@@ -98,9 +97,16 @@ bool FrmBultos::Form_KeyDown(const QKeyEvent *tecla) {
         if (ui.chTransBultos->hasFocus()) ui.TxtNroBultos->setFocus();
         return true;
     }
-    if (tecla->key() != Qt::Key_Escape) return false;
-    Form_Escape();
-    return true;
+    switch (tecla->key()) {
+        case Qt::Key_F12:
+            Listar();
+            return true;
+        case Qt::Key_Escape:
+            Form_Escape();
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool FrmBultos::TxtCuit_KeyDown(const QKeyEvent *tecla) {
@@ -161,5 +167,31 @@ void FrmBultos::Form_Escape() {
         ventana->accept();
         return;
     }
-    if (auto *campo = ventana->findChild<QWidget *>(guardado.foco)) campo->setFocus();
+    IrA(guardado.foco);
+}
+
+void FrmBultos::Listar() {
+    AppContext &ctx = Contexto();
+    if (!ctx.salidas.bultos) {
+        ctx.dialogos.informar(u"Los listados no están en este programa."_s);
+        return;
+    }
+    // The paper tells what the screen shows: what was keyed is saved first, as leaving would.
+    const Bultos enPantalla = Leer();
+    Veredicto guardado = Veredicto::bien();
+    const bool escrito = Manejar(ctx, [&] {
+        if (enPantalla != guardados_)
+            guardado = GuardarBultos(ctx, interno_, enPantalla, QDate::currentDate());
+    });
+    if (!escrito) return;
+    if (!guardado.ok) {
+        IrA(guardado.foco);
+        return;
+    }
+    guardados_ = enPantalla;
+    Manejar(ctx, [&] { ctx.salidas.bultos(interno_); });
+}
+
+void FrmBultos::IrA(const QString &control) {
+    if (auto *campo = ventana->findChild<QWidget *>(control)) campo->setFocus();
 }

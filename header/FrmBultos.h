@@ -28,8 +28,11 @@ class FrmBultos {
     void TomarAgente(const QString &cuit, const QString &nombre);
     void TxtVencimiento_LostFocus();
     void Form_Escape();
+    void Listar();
+    void IrA(const QString &control);
     void Escribir(const Bultos &bultos);
     Bultos Leer() const;
 
     QString interno_;
+    Bultos guardados_;  ///< what the store holds, as the screen shows it
 };

@@ -26,6 +26,8 @@ struct Bultos {
     QString TxtCuit;         ///< tax number of the transport agent
     QString TxtNombreTrans;  ///< the agent's name
     QString TxtVencimiento;  ///< expiry of the shipment, "dd/mm/yyyy"; empty: none
+
+    bool operator==(const Bultos &otros) const = default;
 };
 
 /// Each text of the packages by the column of `caratula` that keeps it.

@@ -15,6 +15,7 @@
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNewFila.h"
+#include "operations/browserlist.h"
 #include "operations/lifecycle.h"
 
 using namespace Qt::StringLiterals;
@@ -29,17 +30,6 @@ const QStringList &titulos() {
                                     u"Cliente"_s, u"Vendedor"_s};
     return textos;
 }
-
-/// What each choice of the box groups by.
-struct Agrupacion {
-    const char16_t *rotulo;
-    QString FilaDeInterno::*campo;
-};
-constexpr Agrupacion agrupaciones[] = {{u"", nullptr},
-                                       {u"Importacion / Exportacion", &FilaDeInterno::tipo},
-                                       {u"Despachante", &FilaDeInterno::Despachante},
-                                       {u"Cliente", &FilaDeInterno::Cliente},
-                                       {u"Vendedor", &FilaDeInterno::Vendedor}};
 
 Dibujo dibujoDe(const QString &tipo) {
     if (tipo == "Importacion"_L1) return Dibujo::Importar;
@@ -69,7 +59,7 @@ FrmInternoNew::FrmInternoNew() : ventana(HacerDialogo()) {
 
 void FrmInternoNew::Form_Load() {
     AppContext &ctx = Contexto();
-    for (const Agrupacion &a : agrupaciones) ui.cboAgruparPor->addItem(QString::fromUtf16(a.rotulo));
+    for (const AgrupacionDeInternos &a : AgrupacionesDeInternos()) ui.cboAgruparPor->addItem(a.rotulo);
     const auto [desde, hasta] = PeriodoInicial(QDate::currentDate());
     ui.DTP_Desde->setDate(desde);
     ui.DTP_Hasta->setDate(hasta);
@@ -90,14 +80,17 @@ void FrmInternoNew::ArmarMenu() {
     botonCrear = ui.TbMenu->addAction(IconoDe(Dibujo::Crear), u"Crear"_s);
     botonCopiar = ui.TbMenu->addAction(IconoDe(Dibujo::Copiar), u"Copiar"_s);
     botonEliminar = ui.TbMenu->addAction(IconoDe(Dibujo::Borrar), u"Eliminar"_s);
+    botonListar = ui.TbMenu->addAction(IconoDe(Dibujo::Formulario), u"Listar"_s);
     ui.TbMenu->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     botonCrear->setToolTip(u"Crear una operación (Insert)"_s);
     botonCopiar->setToolTip(u"Copiar la operación elegida (F6)"_s);
     botonEliminar->setToolTip(u"Eliminar la operación elegida (Supr)"_s);
+    botonListar->setToolTip(u"Ver en papel las operaciones de la grilla (F12)"_s);
     popup = std::make_unique<QMenu>();
     MnuInsertar = popup->addAction(u"&Insertar"_s);
     MnuVer = popup->addAction(u"&Ver"_s);
     MnuEliminar = popup->addAction(u"&Eliminar"_s);
+    MnuListar = popup->addAction(u"&Listar"_s);
     popup->addSeparator();
     MnuTodo = popup->addAction(u"&Todo"_s);
     MnuPendientes = popup->addAction(u"&Pendientes"_s);
@@ -128,6 +121,8 @@ void FrmInternoNew::Conectar() {
         QObject::connect(accion, &QAction::triggered, v, [this] { Crear(); });
     for (QAction *accion : {botonEliminar, MnuEliminar})
         QObject::connect(accion, &QAction::triggered, v, [this] { Eliminar(); });
+    for (QAction *accion : {botonListar, MnuListar})
+        QObject::connect(accion, &QAction::triggered, v, [this] { lp_ImprimirList(); });
     QObject::connect(botonCopiar, &QAction::triggered, v, [this] { Copiar(); });
     QObject::connect(MnuVer, &QAction::triggered, v, [this] { Ver(); });
 }
@@ -147,16 +142,21 @@ FiltroDeInternos FrmInternoNew::LeerFiltro() const {
 void FrmInternoNew::BuscarInternos() {
     AppContext &ctx = Contexto();
     Manejar(ctx, [&] {
-        filas_ = ::BuscarInternos(ctx, LeerFiltro());
+        filtro_ = LeerFiltro();
+        filas_ = ::BuscarInternos(ctx, filtro_);
         Agrupar();
     });
+}
+
+const AgrupacionDeInternos &FrmInternoNew::AgrupadoPor() const {
+    return AgrupacionesDeInternos()[static_cast<std::size_t>(std::max(0, ui.cboAgruparPor->currentIndex()))];
 }
 
 void FrmInternoNew::Agrupar() {
     const QString tenia = InternoSeleccionado();
     modelo_.clear();
     modelo_.setHorizontalHeaderLabels(titulos());
-    const Agrupacion &por = agrupaciones[std::max(0, ui.cboAgruparPor->currentIndex())];
+    const AgrupacionDeInternos &por = AgrupadoPor();
     std::map<QString, QIcon> iconos;
     std::map<QString, QStandardItem *> grupos;
     for (const FilaDeInterno &fila : filas_) {
@@ -169,8 +169,7 @@ void FrmInternoNew::Agrupar() {
         }
         QStandardItem *&grupo = grupos[fila.*por.campo];
         if (grupo == nullptr) {
-            const QString nombre = fila.*por.campo;
-            grupo = new QStandardItem(nombre.isEmpty() ? u"(sin dato)"_s : nombre);
+            grupo = new QStandardItem(GrupoDe(fila, por));
             grupo->setData(true, rolGrupo);
             modelo_.appendRow(grupo);
         }
@@ -212,6 +211,9 @@ bool FrmInternoNew::Form_KeyDown(const QKeyEvent *tecla) {
             return true;
         case Qt::Key_Insert:
             Crear();
+            return true;
+        case Qt::Key_F12:
+            lp_ImprimirList();
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -308,6 +310,11 @@ void FrmInternoNew::Eliminar() {
     const QModelIndex grupo = actual.parent();
     modelo_.removeRow(actual.row(), grupo);
     if (grupo.isValid() && modelo_.rowCount(grupo) == 0) modelo_.removeRow(grupo.row());
+}
+
+void FrmInternoNew::lp_ImprimirList() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] { ::lp_ImprimirList(ctx, filas_, filtro_, AgrupadoPor()); });
 }
 
 void FrmInternoNew::Ver() {

@@ -28,14 +28,15 @@ class FrmInternoNew {
     std::unique_ptr<QDialog> ventana;
     std::unique_ptr<QMenu> popup;
     QAction *MnuInsertar = nullptr, *MnuVer = nullptr, *MnuEliminar = nullptr, *MnuTodo = nullptr,
-            *MnuPendientes = nullptr, *MnuTransferidos = nullptr;
-    QAction *botonCrear = nullptr, *botonCopiar = nullptr, *botonEliminar = nullptr;
+            *MnuPendientes = nullptr, *MnuTransferidos = nullptr, *MnuListar = nullptr;
+    QAction *botonCrear = nullptr, *botonCopiar = nullptr, *botonEliminar = nullptr, *botonListar = nullptr;
 
  private:
     void Form_Load();
     void ArmarMenu();
     void Conectar();
     FiltroDeInternos LeerFiltro() const;
+    const AgrupacionDeInternos &AgrupadoPor() const;
     void Agrupar();
     bool Form_KeyDown(const QKeyEvent *tecla);
     bool lstInterno_KeyDown(const QKeyEvent *tecla);
@@ -48,7 +49,9 @@ class FrmInternoNew {
     void Copiar();
     void Eliminar();
     void Ver();
+    void lp_ImprimirList();
 
     QStandardItemModel modelo_;
     std::vector<FilaDeInterno> filas_;
+    FiltroDeInternos filtro_;  ///< what they were searched by
 };

@@ -53,6 +53,7 @@ void FrmSubItems::Conectar() {
     alPulsar(ui.cmdEliminar, [this] { cmdEliminar_Click(); });
     alPulsar(ui.cmdInsumos, [this] { cmdInsumos_Click(); });
     alPulsar(ui.cmdVerSufijos, [this] { cmdVerSufijos_Click(); });
+    alPulsar(ui.cmdListas, [this] { GenerarReportes(); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
     Escuchar(v, [this](QEvent *evento) {
         if (evento->type() != QEvent::Close) return false;
@@ -210,6 +211,9 @@ bool FrmSubItems::Form_KeyDown(const QKeyEvent *tecla) {
         case Qt::Key_F11:
             cmdGrabar_Click();
             return true;
+        case Qt::Key_F12:
+            GenerarReportes();
+            return true;
         case Qt::Key_Insert:
             cmdNuevo_Click();
             return true;
@@ -307,4 +311,14 @@ void FrmSubItems::cmdInsumos_Click() {
 void FrmSubItems::cmdVerSufijos_Click() {
     Leer();
     VerSufijos(s_.campos.TxtPosicion, s_.campos.txtSufijos);
+}
+
+void FrmSubItems::GenerarReportes() {
+    AppContext &ctx = Contexto();
+    if (!ctx.salidas.lineas) {
+        ctx.dialogos.informar(u"Los listados no están en este programa."_s);
+        return;
+    }
+    // The lines as they are kept: the one in hand is not among them before it is saved, and stays in hand.
+    Manejar(ctx, [&] { ctx.salidas.lineas(s_.interno, ui.TxtIdCatalogo->text().trimmed()); });
 }

@@ -59,6 +59,7 @@ class FrmSubItems {
     void cmdEliminar_Click();
     void cmdInsumos_Click();
     void cmdVerSufijos_Click();
+    void GenerarReportes();
     void IrALaListaYVolver();
 
     void CargarLista();

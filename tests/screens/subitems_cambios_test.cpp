@@ -348,7 +348,7 @@ TEST_P(LineasCargadas, TabFollowsTheOrderOfTheWork) {
         "TxtCantidad TxtFobTotal txtKgUnitario TxtKgNeto TxtKgBruto TxtValorsobreestadistica TxtIdpais "
         "txtIdPaisProc TxtIdEstadoMercaderia cboBiendeUso TxtCodProrrateo txtSufijos TxtNaladisa "
         "TxtCodigoEAN TxtFiller txtCertOrig TxtInsumosTemp TxtInsumCons TxtCanelaciones TxtCancCantidad "
-        "txtNroItem TxtNroSubitem cmdGrabar LstArticulos cmdEliminar cmdVerSufijos cmdNuevo");
+        "txtNroItem TxtNroSubitem cmdGrabar LstArticulos cmdEliminar cmdVerSufijos cmdListas cmdNuevo");
 }
 
 EN_AMBOS_STORES(LineasCargadas);
