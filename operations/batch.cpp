@@ -102,12 +102,6 @@ bool ponerOpcion(const FilaDeOpcion &fila, const QJsonValue &v, AppContext &ctx,
     return true;
 }
 
-bool existe(AppContext &ctx, const QString &clave) {
-    Recordset rs;
-    return Consultar(ctx, internos, "select interno from caratula where interno = "_L1 + EnComillas(clave),
-                     rs);
-}
-
 double contar(AppContext &ctx, const QString &tabla, const QString &clave, const char *cola = "") {
     Recordset rs;
     Consultar(
@@ -156,9 +150,9 @@ int liquidar(const Trabajo &t) {
 }
 
 int listar(const Trabajo &t) {
-    // All of them: the screen's fifty are a matter of the screen.
-    t.ctx.opciones.OperacionesMostrarTODO = true;
-    const std::vector<FilaDeInterno> filas = LeerInternos(t.ctx, {});
+    FiltroDeInternos filtro;
+    filtro.todas = true;
+    const std::vector<FilaDeInterno> filas = LeerInternos(t.ctx, filtro);
     for (const FilaDeInterno &f : filas)
         t.salida({{u"tipo"_s, u"operacion"_s},
                   {u"interno"_s, f.Interno},
@@ -191,10 +185,13 @@ int comprobar(const Trabajo &t) {
     return bien;
 }
 
+/// Whether a command's first argument is the key of an operation, and whether that has to be there.
+enum class Sobre { Existente, Nueva, Ninguna };
+
 /// One command: how it is called, what it asks of the store first, and what it does.
 struct Fila {
     consola::Comando comando = {};
-    bool sobreExistente = true;  ///< the operation has to be there
+    Sobre sobre = Sobre::Existente;
     int (*hacer)(const Trabajo &) = nullptr;
     /// What is wrong with the file of changes, as one sentence; null for a command that reads none.
     QString (*defectoDeCambios)(const QJsonObject &) = nullptr;
@@ -212,11 +209,12 @@ QString defectoDeItem(const QString &numero) {
                                                     : u"\"%1\" no es un número de item"_s.arg(numero);
 }
 
-consola::Opcion salidaDePapel(const char *clases) {
+consola::Opcion salidaDePapel(const char *clases, consola::Control control = nullptr) {
     return {.nombre = "salida",
             .valor = clases,
             .texto = "El archivo que se escribe; el final de su nombre dice de qué clase es.",
-            .obligatoria = true};
+            .obligatoria = true,
+            .control = control};
 }
 
 const std::vector<Fila> &tablaDeComandos() {
@@ -287,15 +285,28 @@ const std::vector<Fila> &tablaDeComandos() {
                      .opciones = {salidaDePapel("ARCHIVO.html|.pdf")}},
          .hacer = Presupuestar,
          .dePapel = true},
+        {.comando = {.nombre = "lista",
+                     .texto = "Escribe una lista: las líneas de una operación, sus bultos, un catálogo de "
+                              "artículos o todas las operaciones.",
+                     .argumentos =
+                         {{.nombre = "NOMBRE", .texto = "la lista, por su nombre", .control = DefectoDeLista},
+                          {.nombre = "CLAVE",
+                           .texto = "la operación o el catálogo, para la lista que es de uno",
+                           .optativo = true}},
+                     .opciones = {salidaDePapel("ARCHIVO.pdf|.xlsx|.csv", DefectoDeSalidaDeLista)},
+                     .control = DefectoDeClaveDeLista},
+         .sobre = Sobre::Ninguna,
+         .hacer = EscribirLista,
+         .dePapel = true},
         {.comando = {.nombre = "crear", .texto = "Crea una operación vacía.", .argumentos = clave},
-         .sobreExistente = false,
+         .sobre = Sobre::Nueva,
          .hacer = crear},
         {.comando = {.nombre = "borrar",
                      .texto = "Borra la operación, si entre las respuestas está el Si que lo confirma.",
                      .argumentos = clave},
          .hacer = borrar},
         {.comando = {.nombre = "listar", .texto = "Dice cada operación en una línea."},
-         .sobreExistente = false,
+         .sobre = Sobre::Ninguna,
          .hacer = listar},
     };
     return todas;
@@ -326,6 +337,14 @@ std::vector<consola::Comando> Comandos() {
 bool EsDePapel(const char *palabra) {
     const Fila *fila = buscarComando(QString::fromLocal8Bit(palabra));
     return fila != nullptr && fila->dePapel;
+}
+
+Orden OrdenDe(const consola::Pedido &pedido) {
+    Orden orden{pedido.comando, {}, pedido.argumentos, pedido.opciones};
+    const Fila *fila = buscarComando(pedido.comando);
+    if (fila != nullptr && fila->sobre != Sobre::Ninguna && !orden.argumentos.isEmpty())
+        orden.clave = orden.argumentos.takeFirst();
+    return orden;
 }
 
 EleccionDelTablero TableroInicial(AppContext &ctx) {
@@ -383,11 +402,7 @@ int Ejecutar(AppContext &ctx, const Orden &orden, const EleccionDelTablero &tabl
     if (fila == nullptr) throw Falla{0, u"lote"_s, u"No existe el comando \"%1\"."_s.arg(orden.comando), {}};
     resultado[u"resultado"_s] = orden.comando;
     if (!orden.clave.isEmpty()) resultado[u"interno"_s] = orden.clave;
-    if (fila->sobreExistente && !existe(ctx, orden.clave)) {
-        ctx.dialogos.critico(
-            u"No se encontró el interno %1; revise la clave o créelo primero."_s.arg(orden.clave));
-        return falla;
-    }
+    if (fila->sobre == Sobre::Existente && !HayOperacion(ctx, orden.clave)) return falla;
     return fila->hacer({ctx, orden, tablero, salida, resultado});
 }
 

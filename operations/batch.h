@@ -18,6 +18,9 @@ std::vector<consola::Comando> Comandos();
 /// Whether a word of the command line names a command that draws pages, which needs fonts.
 bool EsDePapel(const char *palabra);
 
+/// What the command line asks for: the key of the operation apart from what stands behind it.
+Orden OrdenDe(const consola::Pedido &pedido);
+
 /// The dashboard as a program that starts finds it: from the options and the settings area.
 EleccionDelTablero TableroInicial(AppContext &ctx);
 

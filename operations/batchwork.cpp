@@ -4,11 +4,22 @@
 #include <optional>
 
 #include "frame/base/numbers.h"
+#include "frame/base/values.h"
+#include "frame/entities.h"
 #include "operations/lifecycle.h"
 
 using namespace Qt::StringLiterals;
 
 namespace lote {
+
+bool HayOperacion(AppContext &ctx, const QString &clave) {
+    Recordset rs;
+    if (Consultar(ctx, entidad::internos,
+                  "select interno from caratula where interno = "_L1 + EnComillas(clave), rs))
+        return true;
+    ctx.dialogos.critico(u"No se encontró el interno %1; revise la clave o créelo primero."_s.arg(clave));
+    return false;
+}
 
 int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
     if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;

@@ -18,7 +18,7 @@ namespace lote {
 struct Orden {
     QString comando;                       ///< the name of one of Comandos()
     QString clave;                         ///< of the operation; empty for a command on none
-    QStringList argumentos;                ///< what stands behind the key
+    QStringList argumentos;                ///< what stands behind the key, or behind a command on none
     QHash<QString, QStringList> opciones;  ///< what came, by name; a switch has no value
     QJsonObject cambios = {};              ///< what the file of --cambios holds
 
@@ -44,6 +44,9 @@ struct Trabajo {
     QJsonObject &resultado;
 };
 
+/// Whether the operation is there; a message tells when it is not. Raises Falla.
+bool HayOperacion(AppContext &ctx, const QString &clave);
+
 /// Work on an operation that is held like a dashboard would hold it: locked first, given back on every road.
 /// Answers what `hacer` answers, `falla` when another workstation holds it, which was told. Raises Falla.
 int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer);
@@ -59,5 +62,14 @@ int Transferir(const Trabajo &t);
 int Imprimir(const Trabajo &t);
 /// Writes the quote into the file of --salida.
 int Presupuestar(const Trabajo &t);
+/// Writes a list, of an operation, a catalogue or none, into the file of --salida.
+int EscribirLista(const Trabajo &t);
+
+// Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
+// file that it is written into.
+
+QString DefectoDeLista(const QString &nombre);
+QString DefectoDeClaveDeLista(const QStringList &argumentos);
+QString DefectoDeSalidaDeLista(const QString &archivo);
 
 }  // namespace lote

@@ -142,7 +142,7 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     QString error;
     QStringList respuestas;
     QJsonObject opciones;
-    lote::Orden orden{pedido.comando, pedido.argumentos.value(0), pedido.argumentos.mid(1), pedido.opciones};
+    lote::Orden orden = lote::OrdenDe(pedido);
     if (!leerArchivos(pedido, respuestas, opciones, orden, error)) return negar(error);
     QFile traza(pedido.valor("traza"));
     const auto sinTraza = qScopeGuard([] { Conexion::fijarTraza({}); });
@@ -162,6 +162,12 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
         ctx, orden, tablero, [](const QJsonObject &objeto) { escribirLinea(LineaJson(objeto)); }, resultado);
 }
 
+/// What the window system says while it starts, which is what it misses of a desktop: nothing
+/// that a night's run could mend, but for the one word that it does not start at all.
+void callar(QtMsgType clase, const QMessageLogContext &, const QString &texto) {
+    if (clase == QtFatalMsg) std::fprintf(stderr, "%s\n", texto.toUtf8().constData());
+}
+
 /// Fonts come with the window system, which a night's run has not: its commands of paper take the one that
 /// draws in memory, all others none.
 std::unique_ptr<QCoreApplication> crearAplicacion(int &argc, char **argv) {
@@ -169,7 +175,10 @@ std::unique_ptr<QCoreApplication> crearAplicacion(int &argc, char **argv) {
         std::none_of(argv, argv + argc, [](const char *palabra) { return lote::EsDePapel(palabra); });
     if (deTexto) return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QGuiApplication>(argc, argv);
+    const QtMessageHandler antes = qInstallMessageHandler(callar);
+    auto app = std::make_unique<QGuiApplication>(argc, argv);
+    qInstallMessageHandler(antes);
+    return app;
 }
 
 }  // namespace
