@@ -1,6 +1,5 @@
 #include "outputs/FrmPrintItem.h"
 
-
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/ui/ClCntrl.h"

@@ -8,9 +8,6 @@
 
 struct AppContext;
 
-/// `texto` cut to `ancho` characters, or with blanks up to them.
-QString CampoFijo(const QString &texto, int ancho);
-
 /// What is to be printed.
 struct PedidoDeHoja {
     QString interno;

@@ -139,6 +139,15 @@ void escrituraLigera(const QSqlDatabase &db, bool activa) {
     if (!activa) correr(db, u"select pg_catalog.pg_logical_emit_message(true, 'zendra', '')"_s, nullptr);
 }
 
+void quitarTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    correr(db, u"drop table if exists pg_temp.%1"_s.arg(tabla), nullptr);
+}
+
+void hacerTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    quitarTablaPropia(db, tabla);
+    correr(db, u"create temporary table %1 (like %1 including all)"_s.arg(tabla), nullptr);
+}
+
 // What a profile says of a server
 
 void leer(const Seccion &seccion, Datos &datos) {
@@ -232,6 +241,8 @@ const Motor &servidor() {
         .correr = correr,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
+        .hacerTablaPropia = hacerTablaPropia,
+        .quitarTablaPropia = quitarTablaPropia,
     };
     return motor;
 }

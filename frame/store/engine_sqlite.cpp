@@ -211,6 +211,25 @@ QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
     return tablas;
 }
 
+void quitarTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    correr(db, u"drop table if exists temp.\"%1\""_s.arg(tabla), nullptr);
+}
+
+void hacerTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    quitarTablaPropia(db, tabla);
+    // The words that made the stored one, which the engine keeps with one head for all of them.
+    static const QString cabeza = u"CREATE TABLE "_s;
+    Filas filas;
+    correr(db,
+           u"select sql "
+           "from main.sqlite_master "
+           "where type = 'table' and lower(name) = lower('%1')"_s.arg(tabla),
+           &filas);
+    const QString sql = filas.celdas.empty() ? QString() : filas.celdas.front().toString();
+    if (!sql.startsWith(cabeza)) throw Falla{SQLITE_ERROR, {}, u"no such table: %1"_s.arg(tabla), {}};
+    correr(db, u"CREATE TEMP TABLE "_s + sql.mid(cabeza.size()), nullptr);
+}
+
 // What a profile says of a file
 
 void leer(const Seccion &seccion, Datos &datos) {
@@ -274,6 +293,8 @@ const Motor &archivo() {
         .correr = correr,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
+        .hacerTablaPropia = hacerTablaPropia,
+        .quitarTablaPropia = quitarTablaPropia,
     };
     return motor;
 }

@@ -90,6 +90,11 @@ struct Motor {
     /// Not waiting for the disk at every statement (true), or durable again, with everything written so far
     /// (false).
     void (*escrituraLigera)(const QSqlDatabase &db, bool activa);
+    /// Gives the connection an empty table of its own with the columns of the stored `tabla`, which
+    /// statements find ahead of that one until it is taken away; in place of one that it had.
+    void (*hacerTablaPropia)(const QSqlDatabase &db, const QString &tabla);
+    /// Takes it away; without one nothing happens.
+    void (*quitarTablaPropia)(const QSqlDatabase &db, const QString &tabla);
 };
 
 /// SQLite: a file an entity.

@@ -188,6 +188,30 @@ void EscrituraLigera::Terminar() {
     conexion_.escrituraLigera(false);
 }
 
+void Conexion::tablaPropia(const QString &tabla, bool activa) {
+    // A connection that was closed has none any more.
+    if (!activa && !i_->abierta) return;
+    try {
+        i_->abrir();
+        (activa ? i_->motor.hacerTablaPropia : i_->motor.quitarTablaPropia)(i_->db, tabla);
+    } catch (Falla &e) {
+        e.fuente = i_->datos->entidad;
+        throw;
+    }
+}
+
+TablaPropia::TablaPropia(Conexion &conexion, QString tabla) : conexion_(conexion), tabla_(std::move(tabla)) {
+    conexion_.tablaPropia(tabla_, true);
+}
+
+TablaPropia::~TablaPropia() {
+    try {
+        conexion_.tablaPropia(tabla_, false);
+    } catch (const Falla &) {
+        // Nobody is left to tell.
+    }
+}
+
 void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {
     traza() = std::move(nueva);
 }

@@ -125,6 +125,10 @@ class Conexion {
     /// everything written so far durable. Calls nest: the last "off" counts.
     void escrituraLigera(bool activa);
 
+    /// Gives this connection an empty table of its own, shaped like the stored `tabla`, which its statements
+    /// find ahead of that one (true), or takes it away (false).
+    void tablaPropia(const QString &tabla, bool activa);
+
     /// Called after every statement when set; for tracing and benchmarks. Process-wide.
     static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);
 
@@ -149,4 +153,20 @@ class EscrituraLigera {
  private:
     Conexion &conexion_;
     bool activa_ = true;
+};
+
+/// A scratch table that nobody else sees, for its own life: statements on `tabla` find it ahead of the stored
+/// one, which keeps what it holds. One at a time on a connection.
+class TablaPropia {
+ public:
+    /// Raises Falla.
+    TablaPropia(Conexion &conexion, QString tabla);
+    /// Silent when the store is gone, and the table with it.
+    ~TablaPropia();
+    TablaPropia(const TablaPropia &) = delete;
+    TablaPropia &operator=(const TablaPropia &) = delete;
+
+ private:
+    Conexion &conexion_;
+    QString tabla_;
 };
