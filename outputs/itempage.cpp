@@ -27,8 +27,7 @@ QString enCampo(const QString &texto) {
 void escribirDatos(CorridaDeHoja &h, const QString &id, const Recordset &rs) {
     const auto monto = [&](QStringView columna) { return enCampo(h.conMascara(rs.Numero(columna))); };
     const auto numero = [&](QStringView columna) { return enCampo(h.comoNumero(rs.Numero(columna))); };
-    const double base = h.calculo.ObtenerBaseImponible();
-    const double baseIVA = h.calculo.ObtenerBaseIVA();
+    const BasesDeItem bases = h.bases.value(id);
     h.enHojaNueva(u" "_s);
     h.linea(QString(puntosDeItem, u'.'));
     h.linea(u" "_s);
@@ -46,7 +45,8 @@ void escribirDatos(CorridaDeHoja &h, const QString &id, const Recordset &rs) {
     h.linea(u" "_s);
     h.linea("PAIS PROC "_L1 + rs.Texto(u"idproc"));
     h.linea(u" "_s);
-    h.linea("Base Imponible: "_L1 + h.conMascara(base) + " - Base Iva: "_L1 + h.conMascara(baseIVA));
+    h.linea("Base Imponible: "_L1 + h.conMascara(bases.imponible) + " - Base Iva: "_L1 +
+            h.conMascara(bases.iva));
     h.linea(u" "_s);
     if (const QString lista = rs.Texto(u"Lista"); !lista.isEmpty()) {
         h.linea("      LISTA: "_L1 + lista);
@@ -107,7 +107,7 @@ void escribirSubitems(CorridaDeHoja &h, const QString &id) {
 
 void EscribirPaginaDeItem(CorridaDeHoja &h, const Recordset &item) {
     const QString id = item.Texto(u"id");
-    CargarItemEnCalculadora(h.ctx, h.interno, item, h.calculo, false, h.lapi);
+    if (!h.bases.contains(id)) CargarItemDeHoja(h, item);
     Recordset rs;
     // Another person may have taken it away meanwhile.
     if (!h.consultar("select fobtotal,itflete,itseguro,"

@@ -45,6 +45,7 @@ papel::Reporte reporteDe(CorridaDeHoja &h) {
     reporte.subtitulo = u"Hoja de liquidación - Operación "_s + h.interno;
     reporte.nombre = u"Hoja "_s + h.interno;
     reporte.ficha = std::move(h.ficha);
+    h.mandarLineas();
     reporte.renglones = leerLineas(h.ctx, std::move(h.marcas));
     reporte.pie = u"Operación "_s + h.interno;
     return reporte;

@@ -21,9 +21,15 @@ bool CorridaDeHoja::consultar(const QString &sql, Recordset &rs) const {
 void CorridaDeHoja::linea(const QString &texto, bool conElSiguiente) {
     QString sinComillas = texto;
     sinComillas.replace(u'\'', u'`');
-    Ejecutar(ctx, entidad::personal, "insert into tabla (linea) values ('"_L1 + sinComillas + "')"_L1);
+    porMandar << "insert into tabla (linea) values ('"_L1 + sinComillas + "')"_L1;
+    constexpr qsizetype bastantes = 500;
+    if (porMandar.size() >= bastantes) mandarLineas();
     papel::Renglon &marca = marcas.emplace_back();
     marca.conElSiguiente = conElSiguiente;
+}
+
+void CorridaDeHoja::mandarLineas() {
+    ctx.conexion(entidad::personal).EjecutarSeguidas(std::exchange(porMandar, {}));
 }
 
 void CorridaDeHoja::enHojaNueva(const QString &texto) {
@@ -59,6 +65,15 @@ QString FilaDeHoja(std::span<const ColumnaDeHoja> columnas, const QStringList &c
         fila += CampoFijo(celdas.value(static_cast<qsizetype>(n)), columnas[n].ancho);
     }
     return fila;
+}
+
+void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item) {
+    CargarItemEnCalculadora(h.ctx, h.interno, item, h.calculo, false, h.lapi);
+    // The bases change some of the rates: what is asked next begins from those that were loaded.
+    ClassLiquidacion aparte = h.calculo;
+    BasesDeItem &bases = h.bases[item.Texto(u"id")];
+    bases.imponible = aparte.ObtenerBaseImponible();
+    bases.iva = aparte.ObtenerBaseIVA();
 }
 
 void EscribirVentajas(CorridaDeHoja &h, const QString &item) {

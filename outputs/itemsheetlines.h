@@ -1,6 +1,7 @@
 #pragma once
 // A run of the sheet while its lines are written: what both kinds of page are made of.
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -18,6 +19,11 @@ struct ColumnaDeHoja {
     int separacion = 1;  ///< blanks ahead of the next one
 };
 
+/// The two bases of an item on what was invoiced.
+struct BasesDeItem {
+    double imponible = 0, iva = 0;
+};
+
 /// The run in hand. Every line goes to `tabla` as it is written; what is printed is read from there.
 struct CorridaDeHoja {
     AppContext &ctx;
@@ -29,10 +35,15 @@ struct CorridaDeHoja {
     std::vector<papel::Renglon> marcas = {};
     std::vector<std::pair<QString, QString>> ficha = {};
     bool lapi = false;  ///< goes from item to item, like the calculator
+    /// Of the items that the page of the operation went through, so that theirs does not read them again.
+    QHash<QString, BasesDeItem> bases = {};
+    QStringList porMandar = {};
 
     bool consultar(const QString &sql, Recordset &rs) const;
-    /// Writes one line, its single quotes as "`".
+    /// Writes one line, its single quotes as "`". Some hundred lines travel together.
     void linea(const QString &texto, bool conElSiguiente = false);
+    /// Sends the lines that have not left yet.
+    void mandarLineas();
     /// The same for one that begins a page of paper.
     void enHojaNueva(const QString &texto);
     /// A heading of a block and the dashes below it, which are never left alone; `margen` stands ahead.
@@ -45,6 +56,9 @@ struct CorridaDeHoja {
 
 /// The cells of a row, each in its column.
 QString FilaDeHoja(std::span<const ColumnaDeHoja> columnas, const QStringList &celdas);
+
+/// Loads an item into the calculator and notes its bases.
+void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item);
 
 /// The advantages and the information of an item, each block only where there is something in it.
 void EscribirVentajas(CorridaDeHoja &h, const QString &item);

@@ -89,7 +89,7 @@ void sumarConceptos(CorridaDeHoja &h, const QString &id, SumasDeOperacion &s) {
 
 void sumarItem(CorridaDeHoja &h, const Recordset &item, const Recordset &completo, SumasDeOperacion &s) {
     const QString id = item.Texto(u"id");
-    CargarItemEnCalculadora(h.ctx, h.interno, completo, h.calculo, false, h.lapi);
+    CargarItemDeHoja(h, completo);
     sumarLineas(h, id, s);
     h.calculo.ObtenerBaseImponible();
     h.calculo.ObtenerBaseIVA();

@@ -62,6 +62,13 @@ void comprobarQueEsUna(const QString &sql) {
     }
 }
 
+/// The same, and it closes what it opens: it would take the beginning of the next one for its own end.
+void comprobarQueEsUnaEntera(const QString &sql) {
+    comprobarQueEsUna(sql);
+    dialecto::Tokens t;
+    if (!t.partir(sql)) throw Falla{0, {}, u"ERROR:  unterminated text at the end of \"%1\""_s.arg(sql), {}};
+}
+
 QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre);
     db.setHostName(datos.host);
@@ -117,6 +124,21 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
         for (const int c : visibles) filas->celdas.push_back(celda(consulta.value(c)));
     }
     return leidas;
+}
+
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+    qsizetype hechas = 0;
+    try {
+        for (const QString &sentencia : sentencias) comprobarQueEsUnaEntera(sentencia);
+        QSqlQuery consulta(db);
+        // The server answers each by itself; the first that it refuses ends the answers.
+        for (bool sigue = consulta.exec(sentencias.join(u"\n;\n"_s)); sigue; sigue = consulta.nextResult())
+            ++hechas;
+        if (consulta.lastError().isValid()) throw error(consulta.lastError());
+    } catch (const Falla &e) {
+        falla = e;
+    }
+    return hechas;
 }
 
 QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
@@ -239,6 +261,7 @@ const Motor &servidor() {
         .vive = vive,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
+        .correrSeguidas = correrSeguidas,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
         .hacerTablaPropia = hacerTablaPropia,

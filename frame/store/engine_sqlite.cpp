@@ -182,6 +182,16 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+    qsizetype hechas = 0;
+    try {
+        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), nullptr);
+    } catch (const Falla &e) {
+        falla = e;
+    }
+    return hechas;
+}
+
 void escrituraLigera(const QSqlDatabase &db, bool activa) {
     sqlite3 *motor = mango(db);
     // NORMAL, not OFF: the log is synced ahead of each checkpoint, so that a power cut loses the latest rows
@@ -291,6 +301,7 @@ const Motor &archivo() {
         .vive = vive,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
+        .correrSeguidas = correrSeguidas,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
         .hacerTablaPropia = hacerTablaPropia,

@@ -5,11 +5,14 @@
 #include <QSet>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "frame/base/failure.h"
 #include "frame/store/dialect.h"
 
 namespace motores {
@@ -83,6 +86,10 @@ struct Motor {
     /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
     /// business: `*` does not show it.
     qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
+    /// Runs commands one after the other up to the first that fails, and answers how many ran: the failure is
+    /// in `falla` then. A server takes them in one journey, and keeps all of them or none.
+    qsizetype (*correrSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
+                                std::optional<Falla> &falla);
     /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a
     /// select with Gramatica::identidad answered; renews `identidad` where the row moved. Answers the rows
     /// touched: 0 when the row is gone.

@@ -4,6 +4,7 @@
 
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <functional>
 #include <memory>
@@ -106,6 +107,10 @@ class Conexion {
     /// Runs `Sql` as a command; the number of rows touched, whose truth value is success. Raises
     /// Falla.
     qint64 Ejecutar();
+
+    /// Runs commands that nothing is asked of, one after the other, in one journey to a server: for rows of a
+    /// scratch table. What ran ahead of one that fails may be kept or not. Raises Falla.
+    void EjecutarSeguidas(const QStringList &sentencias);
 
     /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind
     /// coneccion().
