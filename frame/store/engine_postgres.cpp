@@ -65,8 +65,8 @@ void comprobarQueEsUna(const QString &sql) {
 /// The same, and it closes what it opens: it would take the beginning of the next one for its own end.
 void comprobarQueEsUnaEntera(const QString &sql) {
     comprobarQueEsUna(sql);
-    dialecto::Tokens t;
-    if (!t.partir(sql)) throw Falla{0, {}, u"ERROR:  unterminated text at the end of \"%1\""_s.arg(sql), {}};
+    if (dialecto::Tokens t; !t.partir(sql))
+        throw Falla{0, {}, u"ERROR:  unterminated text at the end of \"%1\""_s.arg(sql), {}};
 }
 
 QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
@@ -129,7 +129,11 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
 qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
     qsizetype hechas = 0;
     try {
-        for (const QString &sentencia : sentencias) comprobarQueEsUnaEntera(sentencia);
+        for (const QString &sentencia : sentencias) {
+            comprobarQueEsUnaEntera(sentencia);
+            ++hechas;
+        }
+        hechas = 0;
         QSqlQuery consulta(db);
         // The server answers each by itself; the first that it refuses ends the answers.
         for (bool sigue = consulta.exec(sentencias.join(u"\n;\n"_s)); sigue; sigue = consulta.nextResult())

@@ -86,8 +86,8 @@ struct Motor {
     /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
     /// business: `*` does not show it.
     qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
-    /// Runs commands one after the other up to the first that fails, and answers how many ran: the failure is
-    /// in `falla` then. A server takes them in one journey, and keeps all of them or none.
+    /// Runs commands one after the other up to the first that fails, and answers how many stood ahead of it:
+    /// the failure is in `falla` then. A server takes them in one journey, and keeps all of them or none.
     qsizetype (*correrSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
                                 std::optional<Falla> &falla);
     /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a

@@ -155,12 +155,13 @@ void Conexion::EjecutarSeguidas(const QStringList &sentencias) {
     reloj.start();
     std::optional<Falla> falla;
     const qsizetype hechas = i_->motor.correrSeguidas(i_->db, traducidas, falla);
-    if (const auto &hilo = traza()) {
+    if (!falla) {
+        const auto &hilo = traza();
         const qint64 cadaUna = reloj.nsecsElapsed() / 1000 / sentencias.size();
-        for (qsizetype n = 0; n < hechas; ++n)
+        for (qsizetype n = 0; hilo && n < hechas; ++n)
             hilo({i_->datos->entidad, sentencias.at(n), traducidas.at(n), cadaUna, 1});
+        return;
     }
-    if (!falla) return;
     falla->fuente = i_->datos->entidad;
     falla->sentencia = sentencias.value(hechas);
     if (!i_->motor.vive(i_->db)) cerrar();
