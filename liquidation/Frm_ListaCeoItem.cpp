@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 Frm_ListaCeoItem::Frm_ListaCeoItem() : ventana(HacerDialogo()) {
     ui.setupUi(ventana.get());
-    estilo::PrepararGrilla(ui.GrdCeo, {u"Certificados de Origen"_s});
+    estilo::PrepararGrilla(ui.GrdCeo, {u"Número"_s});
     ui.GrdCeo->horizontalHeader()->setStretchLastSection(true);
 }
 

@@ -25,7 +25,7 @@ class TablasPropias : public StoreConectado {
         return filas(u"select linea from tabla order by idlin"_s, u"PERSONAL"_s).toStdString();
     }
     static QString alta(const char *linea) {
-        return u"insert into tabla (linea) values ('%1')"_s.arg(QLatin1String(linea));
+        return u"insert into tabla (linea) values ('%1')"_s.arg(QString::fromUtf8(linea));
     }
 };
 EN_AMBOS_STORES(TablasPropias);
