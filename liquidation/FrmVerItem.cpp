@@ -30,7 +30,7 @@ struct DatosDeSolapa {
 constexpr const char16_t *sinLista = u"CTRL+INICIO  item 0   ·   F9  kilos   ·   F12  imprimir   ·   ";
 constexpr std::array<DatosDeSolapa, 6> solapas{{
     {Qt::Key_F1, u"ENTER  seguir   ·   F6  lista   ·   F9  kilos   ·   F12  imprimir   ·   "},
-    {Qt::Key_F2, sinLista},
+    {Qt::Key_F2, u"ENTER  certificados   ·   CTRL+INICIO  item 0   ·   F9  kilos   ·   F12  imprimir   ·   "},
     {Qt::Key_F3, u"INSERT  agregar   ·   SUPR  eliminar   ·   "},
     {Qt::Key_F4, u"INSERT  agregar   ·   ENTER  modificar   ·   SUPR  eliminar   ·   "},
     {Qt::Key_F5, u"INSERT  agregar   ·   ENTER  modificar   ·   SUPR  eliminar   ·   ALT+P  imprimir   ·   "},
@@ -319,9 +319,18 @@ void FrmVerItem::cmdProrKg_Click() {
 }
 
 void FrmVerItem::CmdPrint_Click() {
-    const bool lista = ui.sTab->currentIndex() == enCancelaciones;
-    Contexto().dialogos.informar(u"La impresión %1 todavía no está en esta versión."_s.arg(
-        lista ? u"de las cancelaciones"_s : u"del item"_s));
+    // The sheet reads the store: what was typed is saved first, and a page that could not be is not left.
+    if (enCorrida_ || (cargada_ && Cambio() && !GuardarPagina())) return;
+    AppContext &ctx = Contexto();
+    if (!ctx.salidas.hoja) {
+        NoDisponible(ctx);
+        return;
+    }
+    if (ctx.LiquidacionPendiente)
+        ctx.dialogos.advertir(
+            u"Hay cambios de liquidación sin calcular: la hoja sale con los importes de antes. Vaya al item 0 "
+            "(cero) para actualizarlos."_s);
+    ctx.salidas.hoja(interno_, item_);
 }
 
 void FrmVerItem::Form_Escape() {

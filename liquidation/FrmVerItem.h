@@ -77,6 +77,7 @@ class FrmVerItem {
     void PrepararListas();
     void ConectarListas();
     void PintarListas(const VistaDeItem &vista, bool otraPagina);
+    void lstCertOrig_Enter();
     void PintarLiquidacion(const VistaDeItem &vista, bool otraPagina);
     bool GrdLiq_KeyDown(const QKeyEvent *tecla);
     void InsertarConcepto();

@@ -13,6 +13,7 @@
 #include "liquidation/FrmAdCon.h"
 #include "liquidation/FrmVentajas.h"
 #include "liquidation/FrmVerItem.h"
+#include "liquidation/Frm_ListaCeoItem.h"
 #include "liquidation/cancellations.h"
 
 using namespace Qt::StringLiterals;
@@ -76,8 +77,14 @@ void FrmVerItem::PrepararListas() {
 void FrmVerItem::ConectarListas() {
     QWidget *v = ventana.get();
     EscucharTeclas(ui.GrdLiq, [this](QKeyEvent *tecla) { return GrdLiq_KeyDown(tecla); });
+    EscucharTeclas(ui.lstCertOrig, [this](const QKeyEvent *tecla) {
+        if (!esTomar(tecla)) return false;
+        lstCertOrig_Enter();
+        return true;
+    });
     EscucharTeclas(ui.lstVCancel, [this](QKeyEvent *tecla) { return lstVCancel_KeyDown(tecla); });
     QObject::connect(ui.GrdLiq, &QTableWidget::cellDoubleClicked, v, [this] { PP_LIQ_Modificar(); });
+    QObject::connect(ui.lstCertOrig, &QListWidget::itemDoubleClicked, v, [this] { lstCertOrig_Enter(); });
     QObject::connect(ui.lstVCancel, &QTableWidget::cellDoubleClicked, v, [this] { PP_CNL_Modificar(); });
     using Hacer = void (FrmVerItem::*)();
     const std::tuple<QWidget *, Hacer, Hacer> conDosTeclas[] = {
@@ -127,6 +134,16 @@ void FrmVerItem::PintarListas(const VistaDeItem &vista, bool otraPagina) {
     ui.LstVentajas->setCurrentRow(std::min(enVentaja, ui.LstVentajas->count() - 1));
     ui.lstCertOrig->clear();
     ui.lstCertOrig->addItems(vista.certificados);
+    if (ui.lstCertOrig->count() > 0) ui.lstCertOrig->setCurrentRow(0);
+}
+
+void FrmVerItem::lstCertOrig_Enter() {
+    QStringList certificados;
+    for (int fila = 0; fila < ui.lstCertOrig->count(); ++fila)
+        certificados << ui.lstCertOrig->item(fila)->text();
+    if (certificados.isEmpty()) return;
+    Pantalla<Frm_ListaCeoItem>().Mostrar(certificados, ui.lstCertOrig->currentRow());
+    CerrarPantalla<Frm_ListaCeoItem>();
 }
 
 void FrmVerItem::PintarLiquidacion(const VistaDeItem &vista, bool otraPagina) {

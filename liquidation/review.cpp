@@ -26,20 +26,13 @@ QString conMascara(const AppContext &ctx, double valor) {
     return Format(valor, u"00.00", ctx.SeparadorDecimal);
 }
 
-/// One concept code of the operation, in order of first appearance.
-struct Resumen {
-    QString concepto;
-    QString total;  ///< carried as text, added as numbers
-    QString pgc;
-};
-
 /// The run and what it gathers.
 struct Corrida {
     AppContext &ctx;
     const QString &interno;
     ClassLiquidacion &calculo;
     ResultadoRecalculo r;
-    std::vector<Resumen> resumen;
+    std::vector<ResumenLiq> resumen;
     VehiculoPartes vehiculoPartes;
     double base = 0;  ///< goes from row to row
     bool lapi = false;
@@ -74,15 +67,6 @@ double totalDe(Corrida &k, const Recordset &fila, const QString &codigo) {
     return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, {}, 0, false);
 }
 
-void sumarAlResumen(Corrida &k, const DetalleLiq &d) {
-    const auto ya = std::find_if(k.resumen.begin(), k.resumen.end(),
-                                 [&d](const Resumen &r) { return r.concepto == d.concepto; });
-    if (ya != k.resumen.end())
-        ya->total = conMascara(k.ctx, aNumero(ya->total) + aNumero(d.total));
-    else
-        k.resumen.push_back({d.concepto, d.total, d.pgc});
-}
-
 void recalcularConceptos(Corrida &k, const QString &id) {
     Recordset filas;
     for (k.consultar("select * from itemliq"
@@ -104,7 +88,7 @@ void recalcularConceptos(Corrida &k, const QString &id) {
                      filas.EsNulo(u"pgc") ? u"P"_s : filas.Texto(u"pgc").trimmed(),
                      conMascara(k.ctx, k.base),
                      filas.Texto(u"motivo").trimmed()};
-        sumarAlResumen(k, d);
+        SumarAlResumen(k.ctx, k.resumen, d.concepto, d.total, d.pgc);
         k.r.detalle.push_back(std::move(d));
     }
 }
@@ -140,7 +124,7 @@ void sumarPorPago(ResultadoRecalculo &r, const QString &pgc, double importe) {
 }
 
 /// One concept's line of the operation, in the grid and in liqcero.
-void escribirTotal(Corrida &k, const Resumen &s) {
+void escribirTotal(Corrida &k, const ResumenLiq &s) {
     Recordset rs;
     const bool hay =
         k.consultar("select LTAXABR as descripcion from tax where ctax = "_L1 + EnComillas(s.concepto), rs);
@@ -174,7 +158,7 @@ void escribirTotal(Corrida &k, const Resumen &s) {
 
 void escribirTotales(Corrida &k) {
     k.ejecutar("delete from liqcero where interno = "_L1 + EnComillas(k.interno));
-    for (const Resumen &s : k.resumen) escribirTotal(k, s);
+    for (const ResumenLiq &s : k.resumen) escribirTotal(k, s);
     const auto reservado = [&k](const char *codigo, double valor) {
         k.ejecutar(Escritura(k.ctx)
                        .codigo("idconcepto", L(codigo))
@@ -226,6 +210,16 @@ void repartirAjuste(AppContext &ctx, const QString &interno, const ClassLiquidac
 }
 
 }  // namespace
+
+void SumarAlResumen(const AppContext &ctx, std::vector<ResumenLiq> &resumen, const QString &concepto,
+                    const QString &total, const QString &pgc) {
+    const auto ya = std::find_if(resumen.begin(), resumen.end(),
+                                 [&concepto](const ResumenLiq &r) { return r.concepto == concepto; });
+    if (ya != resumen.end())
+        ya->total = conMascara(ctx, aNumero(ya->total) + aNumero(total));
+    else
+        resumen.push_back({concepto, total, pgc});
+}
 
 void RepartirAjustesDeCaratula(AppContext &ctx, const QString &interno, const ClassLiquidacion &calculo) {
     repartirAjuste(ctx, interno, calculo, "ajusteinc", calculo.CaratulaAjusteIncluir, "tipoitem <> 'G'");

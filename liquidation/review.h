@@ -26,9 +26,23 @@ struct ResultadoRecalculo {
     bool escrito = false;  ///< itemliq was written back
 };
 
+/// Where the FOB of the whole operation is taken from: the sum of its lines, or what its header tells with
+/// the value to be prorated.
+enum class FobDeOperacion { DeSusLineas, DeSuCaratula };
 /// Loads the header values of the calculator from caratula, groups and items, and the operation's decree
 /// flags. False when the operation is not there. Raises Falla.
-bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo);
+bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo,
+                                 FobDeOperacion fob = FobDeOperacion::DeSusLineas);
+
+/// One concept code of an operation, in order of first appearance.
+struct ResumenLiq {
+    QString concepto;
+    QString total;  ///< carried as text, added as numbers
+    QString pgc;    ///< of the first row seen
+};
+/// Adds an amount, formatted "00.00", to its concept.
+void SumarAlResumen(const AppContext &ctx, std::vector<ResumenLiq> &resumen, const QString &concepto,
+                    const QString &total, const QString &pgc);
 
 /// How the position of an item was met.
 enum class CargaDePosicion { Encontrada, NoEsta, MalFormada };

@@ -102,12 +102,14 @@ void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, 
 
 }  // namespace
 
-bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c) {
+bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c,
+                                 FobDeOperacion fob) {
     Recordset rs;
     if (!Consultar(ctx, internos, "select * from caratula where interno = "_L1 + EnComillas(interno), rs))
         return false;
     c.CaratulaSubRegimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
-    c.CaratulaFobTotal = c.CaratulaFobTotalSinG = rs.Numero(u"fobdivisas");
+    c.CaratulaFobTotal = rs.Numero(u"fobdivisas");
+    if (fob == FobDeOperacion::DeSuCaratula) c.CaratulaFobTotal += rs.Numero(u"valoraprorratear");
     c.CaratulaFleteTotal = rs.Numero(u"fletedivisas");
     c.CaratulaSeguroValor = rs.Numero(u"segurodivisas");
     // The value first: the percentage fills it when it is 0.
@@ -118,8 +120,9 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     c.CaratulaDivisasFOB = rs.Numero(u"fobdivcambio");
     c.CaratulaDivisasFlete = rs.Numero(u"fletedivcambio");
     c.CaratulaDivisasSeguro = rs.Numero(u"segurodivcambio");
-    c.CaratulaFobTotal =
-        suma(ctx, "select sum(fob) as total from groupsubitems where interno = "_L1 + EnComillas(interno));
+    if (fob == FobDeOperacion::DeSusLineas)
+        c.CaratulaFobTotal = suma(
+            ctx, "select sum(fob) as total from groupsubitems where interno = "_L1 + EnComillas(interno));
     c.CaratulaFobTotalSinG = suma(ctx, "select sum(fobtotal) as total from item where interno = "_L1 +
                                            EnComillas(interno) + " and tipoitem <> 'G'"_L1);
     leerDecretos(ctx, interno);

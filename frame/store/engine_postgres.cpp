@@ -62,6 +62,13 @@ void comprobarQueEsUna(const QString &sql) {
     }
 }
 
+/// The same, and it closes what it opens: it would take the beginning of the next one for its own end.
+void comprobarQueEsUnaEntera(const QString &sql) {
+    comprobarQueEsUna(sql);
+    if (dialecto::Tokens t; !t.partir(sql))
+        throw Falla{0, {}, u"ERROR:  unterminated text at the end of \"%1\""_s.arg(sql), {}};
+}
+
 QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre);
     db.setHostName(datos.host);
@@ -119,6 +126,25 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return leidas;
 }
 
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+    qsizetype hechas = 0;
+    try {
+        for (const QString &sentencia : sentencias) {
+            comprobarQueEsUnaEntera(sentencia);
+            ++hechas;
+        }
+        hechas = 0;
+        QSqlQuery consulta(db);
+        // The server answers each by itself; the first that it refuses ends the answers.
+        for (bool sigue = consulta.exec(sentencias.join(u"\n;\n"_s)); sigue; sigue = consulta.nextResult())
+            ++hechas;
+        if (consulta.lastError().isValid()) throw error(consulta.lastError());
+    } catch (const Falla &e) {
+        falla = e;
+    }
+    return hechas;
+}
+
 QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
     QSet<QString> tablas;
     Filas filas;
@@ -137,6 +163,15 @@ void escrituraLigera(const QSqlDatabase &db, bool activa) {
     // A commit that waits takes everything before it to the disk; it waits only when it has written something
     // itself.
     if (!activa) correr(db, u"select pg_catalog.pg_logical_emit_message(true, 'zendra', '')"_s, nullptr);
+}
+
+void quitarTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    correr(db, u"drop table if exists pg_temp.%1"_s.arg(tabla), nullptr);
+}
+
+void hacerTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    quitarTablaPropia(db, tabla);
+    correr(db, u"create temporary table %1 (like %1 including all)"_s.arg(tabla), nullptr);
 }
 
 // What a profile says of a server
@@ -230,8 +265,11 @@ const Motor &servidor() {
         .vive = vive,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
+        .correrSeguidas = correrSeguidas,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
+        .hacerTablaPropia = hacerTablaPropia,
+        .quitarTablaPropia = quitarTablaPropia,
     };
     return motor;
 }

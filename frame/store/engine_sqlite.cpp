@@ -182,6 +182,16 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+    qsizetype hechas = 0;
+    try {
+        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), nullptr);
+    } catch (const Falla &e) {
+        falla = e;
+    }
+    return hechas;
+}
+
 void escrituraLigera(const QSqlDatabase &db, bool activa) {
     sqlite3 *motor = mango(db);
     // NORMAL, not OFF: the log is synced ahead of each checkpoint, so that a power cut loses the latest rows
@@ -209,6 +219,25 @@ QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
         for (const QVariant &nombre : filas.celdas) tablas.insert(nombre.toString());
     }
     return tablas;
+}
+
+void quitarTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    correr(db, u"drop table if exists temp.\"%1\""_s.arg(tabla), nullptr);
+}
+
+void hacerTablaPropia(const QSqlDatabase &db, const QString &tabla) {
+    quitarTablaPropia(db, tabla);
+    // The words that made the stored one, which the engine keeps with one head for all of them.
+    static const QString cabeza = u"CREATE TABLE "_s;
+    Filas filas;
+    correr(db,
+           u"select sql "
+           "from main.sqlite_master "
+           "where type = 'table' and lower(name) = lower('%1')"_s.arg(tabla),
+           &filas);
+    const QString sql = filas.celdas.empty() ? QString() : filas.celdas.front().toString();
+    if (!sql.startsWith(cabeza)) throw Falla{SQLITE_ERROR, {}, u"no such table: %1"_s.arg(tabla), {}};
+    correr(db, u"CREATE TEMP TABLE "_s + sql.mid(cabeza.size()), nullptr);
 }
 
 // What a profile says of a file
@@ -272,8 +301,11 @@ const Motor &archivo() {
         .vive = vive,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
+        .correrSeguidas = correrSeguidas,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
+        .hacerTablaPropia = hacerTablaPropia,
+        .quitarTablaPropia = quitarTablaPropia,
     };
     return motor;
 }

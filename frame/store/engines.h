@@ -5,11 +5,14 @@
 #include <QSet>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "frame/base/failure.h"
 #include "frame/store/dialect.h"
 
 namespace motores {
@@ -83,6 +86,10 @@ struct Motor {
     /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
     /// business: `*` does not show it.
     qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
+    /// Runs commands one after the other up to the first that fails, and answers how many stood ahead of it:
+    /// the failure is in `falla` then. A server takes them in one journey, and keeps all of them or none.
+    qsizetype (*correrSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
+                                std::optional<Falla> &falla);
     /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a
     /// select with Gramatica::identidad answered; renews `identidad` where the row moved. Answers the rows
     /// touched: 0 when the row is gone.
@@ -90,6 +97,11 @@ struct Motor {
     /// Not waiting for the disk at every statement (true), or durable again, with everything written so far
     /// (false).
     void (*escrituraLigera)(const QSqlDatabase &db, bool activa);
+    /// Gives the connection an empty table of its own with the columns of the stored `tabla`, which
+    /// statements find ahead of that one until it is taken away; in place of one that it had.
+    void (*hacerTablaPropia)(const QSqlDatabase &db, const QString &tabla);
+    /// Takes it away; without one nothing happens.
+    void (*quitarTablaPropia)(const QSqlDatabase &db, const QString &tabla);
 };
 
 /// SQLite: a file an entity.

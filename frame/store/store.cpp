@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QUuid>
 #include <algorithm>
+#include <optional>
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
@@ -22,6 +23,12 @@ bool mismoNombre(QStringView uno, QStringView otro) {
 std::function<void(const TrazaDeSentencia &)> &traza() {
     static std::function<void(const TrazaDeSentencia &)> actual;
     return actual;
+}
+
+/// The engines end a text at its first zero character: what stands behind it, a condition perhaps, would be
+/// lost.
+void comprobarSinNulos(const QString &sentencia) {
+    if (sentencia.contains(QChar::Null)) throw Falla{0, {}, u"La sentencia contiene un carácter nulo."_s, {}};
 }
 
 }  // namespace
@@ -67,10 +74,7 @@ struct Conexion::Interno {
         if (hilo) reloj.start();
         qint64 cuantas = 0;
         try {
-            // The engines end a text at its first zero character: what stands behind it, a condition perhaps,
-            // would be lost.
-            if (traducida.contains(QChar::Null))
-                throw Falla{0, {}, u"La sentencia contiene un carácter nulo."_s, {}};
+            comprobarSinNulos(traducida);
             cuantas = motor.correr(db, traducida, filas);
         } catch (Falla &e) {
             e.fuente = datos->entidad;
@@ -139,6 +143,31 @@ qint64 Conexion::Ejecutar() {
     return i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), nullptr);
 }
 
+void Conexion::EjecutarSeguidas(const QStringList &sentencias) {
+    if (sentencias.isEmpty()) return;
+    i_->abrir();
+    QStringList traducidas;
+    for (const QString &sentencia : sentencias) {
+        traducidas << dialecto::traducir(sentencia, i_->ajustes);
+        comprobarSinNulos(sentencia);
+    }
+    QElapsedTimer reloj;
+    reloj.start();
+    std::optional<Falla> falla;
+    const qsizetype hechas = i_->motor.correrSeguidas(i_->db, traducidas, falla);
+    if (!falla) {
+        const auto &hilo = traza();
+        const qint64 cadaUna = reloj.nsecsElapsed() / 1000 / sentencias.size();
+        for (qsizetype n = 0; hilo && n < hechas; ++n)
+            hilo({i_->datos->entidad, sentencias.at(n), traducidas.at(n), cadaUna, 1});
+        return;
+    }
+    falla->fuente = i_->datos->entidad;
+    falla->sentencia = sentencias.value(hechas);
+    if (!i_->motor.vive(i_->db)) cerrar();
+    throw *falla;
+}
+
 QSqlDatabase Conexion::coneccion() {
     i_->abrir();
     return i_->db;
@@ -186,6 +215,30 @@ void EscrituraLigera::Terminar() {
     if (!activa_) return;
     activa_ = false;
     conexion_.escrituraLigera(false);
+}
+
+void Conexion::tablaPropia(const QString &tabla, bool activa) {
+    // A connection that was closed has none any more.
+    if (!activa && !i_->abierta) return;
+    try {
+        i_->abrir();
+        (activa ? i_->motor.hacerTablaPropia : i_->motor.quitarTablaPropia)(i_->db, tabla);
+    } catch (Falla &e) {
+        e.fuente = i_->datos->entidad;
+        throw;
+    }
+}
+
+TablaPropia::TablaPropia(Conexion &conexion, QString tabla) : conexion_(conexion), tabla_(std::move(tabla)) {
+    conexion_.tablaPropia(tabla_, true);
+}
+
+TablaPropia::~TablaPropia() {
+    try {
+        conexion_.tablaPropia(tabla_, false);
+    } catch (const Falla &) {
+        // Nobody is left to tell.
+    }
 }
 
 void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {

@@ -4,6 +4,7 @@
 
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <functional>
 #include <memory>
@@ -107,6 +108,10 @@ class Conexion {
     /// Falla.
     qint64 Ejecutar();
 
+    /// Runs commands that nothing is asked of, one after the other, in one journey to a server: for rows of a
+    /// scratch table. What ran ahead of one that fails may be kept or not. Raises Falla.
+    void EjecutarSeguidas(const QStringList &sentencias);
+
     /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind
     /// coneccion().
     Conexion &GetAssemblyConnection() { return *this; }
@@ -124,6 +129,10 @@ class Conexion {
     /// rebuilds. What other entities own stays durable at once. Switching it off, and closing, make
     /// everything written so far durable. Calls nest: the last "off" counts.
     void escrituraLigera(bool activa);
+
+    /// Gives this connection an empty table of its own, shaped like the stored `tabla`, which its statements
+    /// find ahead of that one (true), or takes it away (false).
+    void tablaPropia(const QString &tabla, bool activa);
 
     /// Called after every statement when set; for tracing and benchmarks. Process-wide.
     static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);
@@ -149,4 +158,20 @@ class EscrituraLigera {
  private:
     Conexion &conexion_;
     bool activa_ = true;
+};
+
+/// A scratch table that nobody else sees, for its own life: statements on `tabla` find it ahead of the stored
+/// one, which keeps what it holds. One at a time on a connection.
+class TablaPropia {
+ public:
+    /// Raises Falla.
+    TablaPropia(Conexion &conexion, QString tabla);
+    /// Silent when the store is gone, and the table with it.
+    ~TablaPropia();
+    TablaPropia(const TablaPropia &) = delete;
+    TablaPropia &operator=(const TablaPropia &) = delete;
+
+ private:
+    Conexion &conexion_;
+    QString tabla_;
 };

@@ -203,11 +203,4 @@ TEST_P(GrabadoDeItems, TheKilosOfTheItemAreSpreadFromItsPage) {
     EXPECT_EQ(ui.TxtTotKgNeto->text(), u"80"_s) << "the page is read again";
 }
 
-TEST_P(GrabadoDeItems, ThePrintoutIsToldByNameAsNotThereYet) {
-    mostrarItem(1);
-    tecla(Qt::Key_F12);
-    EXPECT_EQ(ultimoMensaje(), "La impresión del item todavía no está en esta versión.");
-    EXPECT_EQ(registro.mensajes.back().icono, Icono::Informacion);
-}
-
 }  // namespace

@@ -43,10 +43,12 @@
 #include "liquidation/FrmVentajas.h"
 #include "liquidation/FrmVerItem.h"
 #include "liquidation/Frm_ComprobacionErrores.h"
+#include "liquidation/Frm_ListaCeoItem.h"
 #include "liquidation/frmListadoItem.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
+#include "outputs/FrmPrintItem.h"
 #include "outputs/FrmTransferencia.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
@@ -189,6 +191,11 @@ class Salidas : public EnPantalla {
                                     Pantalla<FrmProrKg>().Mostrar(vacia, u"0"_s, {});
                                     CerrarPantalla<FrmProrKg>();
                                 }),
+            salidaDe<FrmPrintItem>("FrmPrintItem",
+                                   [] {
+                                       Pantalla<FrmPrintItem>().Mostrar(vacia, u"0"_s);
+                                       CerrarPantalla<FrmPrintItem>();
+                                   }),
             salidaDe<FrmTransferencia>("FrmTransferencia",
                                        [] {
                                            Pantalla<FrmTransferencia>().Mostrar(vacia);
@@ -256,6 +263,11 @@ class Salidas : public EnPantalla {
                                                   Pantalla<Frm_ComprobacionErrores>().Mostrar(informe);
                                                   CerrarPantalla<Frm_ComprobacionErrores>();
                                               }),
+            salidaDe<Frm_ListaCeoItem>("Frm_ListaCeoItem",
+                                       [] {
+                                           Pantalla<Frm_ListaCeoItem>().Mostrar({u"CO-1"_s});
+                                           CerrarPantalla<Frm_ListaCeoItem>();
+                                       }),
             salidaDe<frmListadoItem>("frmListadoItem",
                                      [] {
                                          Pantalla<frmListadoItem>().Elegir(vacia, u"0"_s);

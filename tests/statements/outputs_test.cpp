@@ -17,6 +17,8 @@ const Caso planilla[] = {
      "id,ajusteinc,ajusteded,estadistica,idproc,idpais,totalkneto,estadomerc,lista,naladisa,ncm,idunidad,"
      "cantidad,"
      "preciounitario,valorrelacionestadistica,valorderesp from item where id<>0 and interno = 'OP1'"},
+    {"ItemsInTheOrderOfTheirPages", "select * from item where interno = 'OP1' and id<>0 order by id"},
+    {"ItemsForTheCalculator", "select * from item where interno = 'OP1' and id<>0"},
     {"GroupsOfAnItem",
      "select valorderesp,valorrelacionestadistica,ncm,idunidad,cantidad,preciounitario,biendeuso,sufijos,fob "
      "as fobtotal "
