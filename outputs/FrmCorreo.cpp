@@ -1,0 +1,11 @@
+#include "outputs/FrmCorreo.h"
+
+#include "frame/ui/ventana.h"
+
+FrmCorreo::FrmCorreo() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+}
+
+void FrmCorreo::Mostrar() {
+    ventana->exec();
+}
