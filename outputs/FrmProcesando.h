@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <memory>
 
-#include "outputs/mail.h"
+#include "outputs/mailsend.h"
 #include "ui_FrmProcesando.h"
 
 /// Sends one message and shows what is said with the server; ESC stops it.
@@ -15,6 +15,13 @@ class FrmProcesando {
     /// was told. The message's body is emptied once it went out.
     bool Enviar(Correo &correo);
 
+    PlazosDeEnvio plazos;  ///< of the encrypted road; the plain one waits until the user leaves
     Ui::FrmProcesando ui;
     std::unique_ptr<QDialog> ventana;
+
+ private:
+    void Terminar(const FinDeEnvio &fin);
+
+    bool terminado_ = false;
+    bool enviado_ = false;
 };

@@ -29,3 +29,13 @@ bool EsDireccionValida(const QString &texto) {
     const qsizetype trasElPunto = partes[1].size() - punto - 1;
     return trasElPunto >= 2 && trasElPunto <= 4 && !texto.contains(".."_L1);
 }
+
+QString EnUnaLinea(const QString &texto) {
+    QString linea = texto;
+    linea.replace("\r\n"_L1, " "_L1);
+    for (QChar &letra : linea)
+        if (letra.category() == QChar::Other_Control || letra.category() == QChar::Separator_Line ||
+            letra.category() == QChar::Separator_Paragraph)
+            letra = u' ';
+    return linea;
+}
