@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int sinFaltaEnLaCadena = 1;
 constexpr int primerRechazo = 400;
 constexpr int servidorSeVa = 421;
 constexpr int faltaElLogin = 530;
@@ -40,8 +41,8 @@ QString textoDelCertificado(long numero) {
         std::find_if(std::begin(faltasDelCertificado), std::end(faltasDelCertificado),
                      [numero](const FaltaDelCertificado &f) { return f.numero == numero; });
     if (falta != std::end(faltasDelCertificado)) return QString::fromUtf16(falta->texto);
-    // The chain is good: it is another server's.
-    if (numero == 0)
+    // Nothing wrong with the chain, or not looked at any more: it is another server's.
+    if (numero <= sinFaltaEnLaCadena)
         return u"El certificado no es del servidor %1: el mail no salió; verifique el nombre del servidor."_s;
     return u"El certificado del servidor %1 no es válido: el mail no salió; avise a quien lo administra."_s;
 }
@@ -136,7 +137,7 @@ QString textoDeLaLinea(const ResultadoDeEnvio &r, const CuentaDeCorreo &cuenta) 
 FinDeEnvio FinDeResultado(const ResultadoDeEnvio &resultado, const CuentaDeCorreo &cuenta,
                           const Correo &correo) {
     // What fails behind the server's yes is its goodbye.
-    if (resultado.fase == FaseDeEnvio::Aceptado) return MailEnviado();
+    if (resultado.fase == FaseDeEnvio::Aceptado || resultado.curl == CURLE_OK) return MailEnviado();
     const bool rechazado = resultado.codigo >= primerRechazo && resultado.curl != CURLE_USE_SSL_FAILED;
     QString texto =
         rechazado ? textoDelRechazo(resultado, cuenta, correo) : textoDeLaLinea(resultado, cuenta);

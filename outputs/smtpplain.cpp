@@ -56,10 +56,11 @@ FinDeEnvio EnvioSinCifrar::Interrumpir() {
 
 void EnvioSinCifrar::Enviar(const QByteArray &bytes) {
     // The answer to what a server said while it hung up reaches nobody.
-    if (Winsock1_.state() == QAbstractSocket::ConnectedState) Winsock1_.write(bytes);
+    if (!caida_) Winsock1_.write(bytes);
 }
 
 void EnvioSinCifrar::Winsock_Error(QAbstractSocket::SocketError error) {
+    caida_ = true;
     // What came ahead of the end is heard first; behind the reply to the message nothing can fail any more.
     dialogo_.Recibir(Winsock1_.readAll());
     if (dialogo_.Cerrado()) return;
@@ -71,7 +72,7 @@ void EnvioSinCifrar::Winsock_Error(QAbstractSocket::SocketError error) {
         esConocido ? QString::fromUtf16(conocido->descripcion) : Winsock1_.errorString();
     Acabar({false,
             false,
-            {"Winsock Error número "_L1 + QString::number(numero) + "\r\n"_L1 + descripcion,
+            {u"Winsock Error número "_s + QString::number(numero) + "\r\n"_L1 + descripcion,
              u"Error de Winsock"_s, Icono::Critico}});
 }
 

@@ -29,6 +29,7 @@ class EnvioSinCifrar {
     void Acabar(const FinDeEnvio &fin);
 
     QTcpSocket Winsock1_;
+    bool caida_ = false;  ///< the line is gone
     std::function<void(const FinDeEnvio &)> terminar_;
     DialogoSmtp dialogo_;
 };

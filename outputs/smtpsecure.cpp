@@ -6,7 +6,9 @@
 #include <QUrl>
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstring>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -19,6 +21,7 @@ namespace {
 const QString tapado = u"********"_s;
 /// The conversation looks at this interval whether something is to be done: the library's own time-outs.
 constexpr int intervaloDeVigilancia = 500;
+constexpr std::chrono::seconds plazoDeDespedida{5};
 constexpr int codigoDeDesafio = 334;
 constexpr int codigoDeHecho = 250;
 
@@ -30,6 +33,8 @@ struct SoltarCurl {
 struct SoltarMulti {
     void operator()(CURLM *m) const { curl_multi_cleanup(m); }
 };
+
+using Direccion = std::unique_ptr<CURLU, SoltarCurl>;
 
 /// The command, and how far the conversation is once it was sent.
 struct ComandoSmtp {
@@ -77,6 +82,7 @@ struct EnvioCifrado::Interior {
     qsizetype leidos = 0;
     ResultadoDeEnvio resultado;
     bool enLogin = false;
+    std::optional<std::chrono::steady_clock::time_point> despedida;
 
     // Of both.
     std::unique_ptr<CURLM, SoltarMulti> multi;
@@ -84,13 +90,15 @@ struct EnvioCifrado::Interior {
     std::atomic<bool> cortar{false};
 
     void Correr();
-    bool Preparar(CURL *curl);
-    bool PonerDireccion(CURL *curl) const;
+    Direccion HacerDireccion() const;
+    void Preparar(CURL *curl);
     int Conversar(CURL *curl);
+    QString SinSecretos(QString texto) const;
     void Anotar(const QString &texto);
     void Dicho(const QString &linea);
     void Oido(const QString &linea);
     size_t Entregar(char *lugar, size_t cuanto);
+    bool HayQueCortar() const;
     void Acabar(const ResultadoDeEnvio &r);
 
     static int AlHablar(CURL *curl, curl_infotype tipo, char *datos, size_t cuanto, void *yo);
@@ -98,18 +106,27 @@ struct EnvioCifrado::Interior {
         return static_cast<Interior *>(yo)->Entregar(lugar, uno * cuantos);
     }
     static int AlAvanzar(void *yo, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
-        return static_cast<Interior *>(yo)->cortar ? 1 : 0;
+        return static_cast<Interior *>(yo)->HayQueCortar() ? 1 : 0;
     }
 };
 
+QString EnvioCifrado::Interior::SinSecretos(QString texto) const {
+    for (const QString &secreto : secretos) texto.replace(secreto, tapado);
+    return texto;
+}
+
 void EnvioCifrado::Interior::Anotar(const QString &texto) {
-    QString visible = texto;
-    for (const QString &secreto : secretos) visible.replace(secreto, tapado);
     QMetaObject::invokeMethod(
-        &receptor, [this, visible] { anotar(visible); }, Qt::QueuedConnection);
+        &receptor, [this, visible = SinSecretos(texto)] { anotar(visible); }, Qt::QueuedConnection);
 }
 
 void EnvioCifrado::Interior::Dicho(const QString &linea) {
+    // The goodbye is said behind a refusal too, which stays the answer.
+    if (linea == "QUIT"_L1) {
+        despedida = std::chrono::steady_clock::now();
+        Anotar(linea);
+        return;
+    }
     resultado.codigo = 0;
     resultado.respuesta.clear();
     // Whatever is said from the login on to its answer is the login.
@@ -132,8 +149,8 @@ void EnvioCifrado::Interior::Dicho(const QString &linea) {
 
 void EnvioCifrado::Interior::Oido(const QString &linea) {
     Anotar(linea);
-    resultado.respuesta += (resultado.respuesta.isEmpty() ? ""_L1 : "\n"_L1) + linea;
-    for (const QString &secreto : secretos) resultado.respuesta.replace(secreto, tapado);
+    if (despedida) return;
+    resultado.respuesta += (resultado.respuesta.isEmpty() ? ""_L1 : "\n"_L1) + SinSecretos(linea);
     resultado.codigo = linea.left(3).toInt();
     if (resultado.codigo != codigoDeDesafio) enLogin = false;
     if (fase == FaseDeEnvio::SinRespuesta && resultado.codigo == codigoDeHecho) fase = FaseDeEnvio::Aceptado;
@@ -153,8 +170,9 @@ int EnvioCifrado::Interior::AlHablar(CURL *, curl_infotype tipo, char *datos, si
 size_t EnvioCifrado::Interior::Entregar(char *lugar, size_t cuanto) {
     if (leidos == 0) Anotar("Subject: "_L1 + asunto);
     const qsizetype ahora = std::min(static_cast<qsizetype>(cuanto), mensaje.size() - leidos);
-    if (ahora == 0) {
-        // Told ahead of the look whether to stop: whoever stops it in between is not told that nothing left.
+    if (leidos + ahora == mensaje.size()) {
+        // The last piece. Told ahead of the look whether to stop: whoever stops it in between is not told
+        // that nothing left.
         fase = FaseDeEnvio::SinRespuesta;
         resultado.codigo = 0;
         resultado.respuesta.clear();
@@ -165,29 +183,28 @@ size_t EnvioCifrado::Interior::Entregar(char *lugar, size_t cuanto) {
     return static_cast<size_t>(ahora);
 }
 
-bool EnvioCifrado::Interior::PonerDireccion(CURL *curl) const {
-    // In parts: the name of a server holds nothing that could become another part.
-    const std::unique_ptr<CURLU, SoltarCurl> url(curl_url());
-    const bool sexta = cuenta.servidor.host.contains(u':');
-    const QByteArray host =
-        sexta ? '[' + cuenta.servidor.host.toLatin1() + ']' : QUrl::toAce(cuenta.servidor.host);
-    return !host.isEmpty() &&
-           curl_url_set(url.get(), CURLUPART_SCHEME, cuenta.tlsDesdeElComienzo ? "smtps" : "smtp", 0) ==
-               CURLUE_OK &&
-           curl_url_set(url.get(), CURLUPART_HOST, host.constData(), 0) == CURLUE_OK &&
-           curl_url_set(url.get(), CURLUPART_PORT, QByteArray::number(cuenta.servidor.puerto).constData(),
-                        0) == CURLUE_OK &&
-           [&] {
-               char *texto = nullptr;
-               if (curl_url_get(url.get(), CURLUPART_URL, &texto, 0) != CURLUE_OK) return false;
-               const bool puesta = curl_easy_setopt(curl, CURLOPT_URL, texto) == CURLE_OK;
-               curl_free(texto);
-               return puesta;
-           }();
+bool EnvioCifrado::Interior::HayQueCortar() const {
+    if (cortar) return true;
+    // A server that took the message may say goodbye; one that did not is not waited for.
+    return despedida && (fase != FaseDeEnvio::Aceptado ||
+                         std::chrono::steady_clock::now() - *despedida > plazoDeDespedida);
 }
 
-bool EnvioCifrado::Interior::Preparar(CURL *curl) {
-    if (!PonerDireccion(curl)) return false;
+Direccion EnvioCifrado::Interior::HacerDireccion() const {
+    // In parts: the name of a server holds nothing that could become another part.
+    Direccion url(curl_url());
+    const bool sexta = cuenta.servidor.host.contains(u':');
+    const std::pair<CURLUPart, QByteArray> partes[] = {
+        {CURLUPART_SCHEME, cuenta.tlsDesdeElComienzo ? "smtps" : "smtp"},
+        {CURLUPART_HOST,
+         sexta ? '[' + cuenta.servidor.host.toLatin1() + ']' : QUrl::toAce(cuenta.servidor.host)},
+        {CURLUPART_PORT, QByteArray::number(cuenta.servidor.puerto)}};
+    for (const auto &[parte, texto] : partes)
+        if (texto.isEmpty() || curl_url_set(url.get(), parte, texto.constData(), 0) != CURLUE_OK) return {};
+    return url;
+}
+
+void EnvioCifrado::Interior::Preparar(CURL *curl) {
     curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
     curl_easy_setopt(curl, CURLOPT_PROXY, "");
     curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
@@ -222,13 +239,14 @@ bool EnvioCifrado::Interior::Preparar(CURL *curl) {
     curl_easy_setopt(curl, CURLOPT_NOPROGRESS, 0L);
     curl_easy_setopt(curl, CURLOPT_XFERINFOFUNCTION, AlAvanzar);
     curl_easy_setopt(curl, CURLOPT_XFERINFODATA, this);
-    return true;
 }
 
 int EnvioCifrado::Interior::Conversar(CURL *curl) {
     curl_multi_add_handle(multi.get(), curl);
     int corriendo = 1;
-    while (corriendo != 0 && !cortar) {
+    // It is stopped from within: a conversation that is taken out of the library's hands ends the message it
+    // is in the middle of as if that were whole.
+    while (corriendo != 0) {
         if (curl_multi_perform(multi.get(), &corriendo) != CURLM_OK) break;
         if (corriendo != 0) curl_multi_poll(multi.get(), nullptr, 0, intervaloDeVigilancia, nullptr);
     }
@@ -243,17 +261,20 @@ int EnvioCifrado::Interior::Conversar(CURL *curl) {
 
 void EnvioCifrado::Interior::Correr() {
     char palabras[CURL_ERROR_SIZE] = {};  // goes behind the handle that writes into it
+    const Direccion url = HacerDireccion();
     const std::unique_ptr<CURL, SoltarCurl> curl(curl_easy_init());
     const std::unique_ptr<curl_slist, SoltarCurl> destinatarios(
         curl_slist_append(nullptr, destinatario.constData()));
     resultado.curl = CURLE_URL_MALFORMAT;
-    if (Preparar(curl.get())) {
+    if (url) {
+        Preparar(curl.get());
+        curl_easy_setopt(curl.get(), CURLOPT_CURLU, url.get());
         curl_easy_setopt(curl.get(), CURLOPT_MAIL_RCPT, destinatarios.get());
         curl_easy_setopt(curl.get(), CURLOPT_ERRORBUFFER, palabras);
         // Not kept for another message: the goodbye is said while this thread can wait for its answer.
         curl_easy_setopt(curl.get(), CURLOPT_FORBID_REUSE, 1L);
         resultado.curl = Conversar(curl.get());
-        resultado.tecnico = QString::fromUtf8(palabras);
+        resultado.tecnico = SinSecretos(QString::fromUtf8(palabras));
     }
     resultado.fase = fase;
     QMetaObject::invokeMethod(
