@@ -17,8 +17,7 @@ bool FrmProcesando::Enviar(Correo &correo) {
     ui.lbTeclas->setText(u"ESC  interrumpir el envío"_s);
     EnvioDeCorreo envio(ctx, correo,
                         {[this](const QString &texto) { ui.TxtMen->appendPlainText(texto); },
-                         [this](const FinDeEnvio &fin) { Terminar(fin); }},
-                        plazos);
+                         [this](const FinDeEnvio &fin) { Terminar(fin); }});
     envio.Iniciar();
     ui.TxtMen->setFocus();
     ventana->exec();

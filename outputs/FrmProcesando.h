@@ -15,7 +15,6 @@ class FrmProcesando {
     /// was told. The message's body is emptied once it went out.
     bool Enviar(Correo &correo);
 
-    PlazosDeEnvio plazos;  ///< of the encrypted road; the plain one waits until the user leaves
     Ui::FrmProcesando ui;
     std::unique_ptr<QDialog> ventana;
 

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <map>
+#include <optional>
 #include <vector>
 
 #include "frame/secrets.h"
@@ -159,6 +160,32 @@ TEST_F(Guardado, AnAnswerThatComesWhenNobodyWaitsIsDropped) {
     ASSERT_EQ(pendientes.size(), 1U);
     pendientes[0](Llavero::Estado::Bien, u"clave"_s);
     EXPECT_FALSE(llego);
+}
+
+// The system's own road, in a session that has no bus to speak with a keyring by.
+TEST_F(Guardado, ASessionWithoutAKeyringKeepsItInTheFile) {
+    const QByteArray antes = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/no/esta");
+    llavero = LlaveroDelSistema();
+    const auto esperarRespuesta = [](const std::function<void(Secretos::AlSaber)> &pedir) {
+        std::optional<Secreto> dicho;
+        pedir([&dicho](const Secreto &s) { dicho = s; });
+        esperarA([&dicho] { return dicho.has_value(); });
+        return dicho.value_or(Secreto());
+    };
+    const Secreto guardado = esperarRespuesta(
+        [this](const Secretos::AlSaber &al) { secretos().Guardar(nombre, u"clave"_s, &quien, al); });
+    EXPECT_EQ(guardado.falla, QString());
+    EXPECT_TRUE(QFile::exists(secretos().archivo(nombre)));
+    EXPECT_EQ(leer().valor, u"clave"_s);
+    const Secreto olvidado =
+        esperarRespuesta([this](const Secretos::AlSaber &al) { secretos().Olvidar(nombre, &quien, al); });
+    EXPECT_EQ(olvidado.falla, QString());
+    const Secreto leido =
+        esperarRespuesta([this](const Secretos::AlSaber &al) { secretos().Leer(nombre, &quien, al); });
+    EXPECT_EQ(leido.valor, QString());
+    EXPECT_EQ(leido.falla, QString());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", antes);
 }
 
 TEST_F(Guardado, AFolderThatCannotBeWrittenIsTold) {
