@@ -95,6 +95,13 @@ TEST_F(AjustesSmtp, WhatCannotBeIsRefusedWithItsField) {
     EXPECT_EQ(archivo(), QString());
 }
 
+TEST_F(AjustesSmtp, TheOfficesOwnAddressMayEndInALongWord) {
+    AjustesDeCorreo ajustes = buenos();
+    ajustes.email = u"yo+mail@despacho.online"_s;
+    EXPECT_TRUE(GuardarAjustesDeCorreo(ctx, ajustes, false).ok);
+    EXPECT_EQ(LeerAjustesDeCorreo(ctx).email, ajustes.email);
+}
+
 TEST_F(AjustesSmtp, AFileThatCannotBeWrittenIsTold) {
     ctx.ConfigFilePath = carpeta.filePath(u"no/esta/ZENDRA.ini"_s);
     EXPECT_FALSE(GuardarAjustesDeCorreo(ctx, buenos(), false).ok);
