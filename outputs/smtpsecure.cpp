@@ -30,9 +30,6 @@ struct SoltarCurl {
     void operator()(CURLU *u) const { curl_url_cleanup(u); }
     void operator()(curl_slist *l) const { curl_slist_free_all(l); }
 };
-struct SoltarMulti {
-    void operator()(CURLM *m) const { curl_multi_cleanup(m); }
-};
 
 using Direccion = std::unique_ptr<CURLU, SoltarCurl>;
 
@@ -57,6 +54,21 @@ QStringList formasDelSecreto(const CuentaDeCorreo &cuenta) {
         formas << QString::fromLatin1(bytes.toBase64());
     formas << cuenta.contrasena;
     return formas;
+}
+
+/// Null for a server that is none.
+Direccion hacerDireccion(const CuentaDeCorreo &cuenta) {
+    // In parts: the name of a server holds nothing that could become another part.
+    Direccion url(curl_url());
+    const bool sexta = cuenta.servidor.host.contains(u':');
+    const std::pair<CURLUPart, QByteArray> partes[] = {
+        {CURLUPART_SCHEME, cuenta.tlsDesdeElComienzo ? "smtps" : "smtp"},
+        {CURLUPART_HOST,
+         sexta ? '[' + cuenta.servidor.host.toLatin1() + ']' : QUrl::toAce(cuenta.servidor.host)},
+        {CURLUPART_PORT, QByteArray::number(cuenta.servidor.puerto)}};
+    for (const auto &[parte, texto] : partes)
+        if (texto.isEmpty() || curl_url_set(url.get(), parte, texto.constData(), 0) != CURLUE_OK) return {};
+    return url;
 }
 
 }  // namespace
@@ -85,12 +97,14 @@ struct EnvioCifrado::Interior {
     std::optional<std::chrono::steady_clock::time_point> despedida;
 
     // Of both.
-    std::unique_ptr<CURLM, SoltarMulti> multi;
+    struct Soltar {
+        void operator()(CURLM *m) const { curl_multi_cleanup(m); }
+    };
+    std::unique_ptr<CURLM, Soltar> multi;
     std::atomic<FaseDeEnvio> fase{FaseDeEnvio::Conexion};
     std::atomic<bool> cortar{false};
 
     void Correr();
-    Direccion HacerDireccion() const;
     void Preparar(CURL *curl);
     int Conversar(CURL *curl);
     QString SinSecretos(QString texto) const;
@@ -190,20 +204,6 @@ bool EnvioCifrado::Interior::HayQueCortar() const {
                          std::chrono::steady_clock::now() - *despedida > plazoDeDespedida);
 }
 
-Direccion EnvioCifrado::Interior::HacerDireccion() const {
-    // In parts: the name of a server holds nothing that could become another part.
-    Direccion url(curl_url());
-    const bool sexta = cuenta.servidor.host.contains(u':');
-    const std::pair<CURLUPart, QByteArray> partes[] = {
-        {CURLUPART_SCHEME, cuenta.tlsDesdeElComienzo ? "smtps" : "smtp"},
-        {CURLUPART_HOST,
-         sexta ? '[' + cuenta.servidor.host.toLatin1() + ']' : QUrl::toAce(cuenta.servidor.host)},
-        {CURLUPART_PORT, QByteArray::number(cuenta.servidor.puerto)}};
-    for (const auto &[parte, texto] : partes)
-        if (texto.isEmpty() || curl_url_set(url.get(), parte, texto.constData(), 0) != CURLUE_OK) return {};
-    return url;
-}
-
 void EnvioCifrado::Interior::Preparar(CURL *curl) {
     curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
     curl_easy_setopt(curl, CURLOPT_PROXY, "");
@@ -261,7 +261,7 @@ int EnvioCifrado::Interior::Conversar(CURL *curl) {
 
 void EnvioCifrado::Interior::Correr() {
     char palabras[CURL_ERROR_SIZE] = {};  // goes behind the handle that writes into it
-    const Direccion url = HacerDireccion();
+    const Direccion url = hacerDireccion(cuenta);
     const std::unique_ptr<CURL, SoltarCurl> curl(curl_easy_init());
     const std::unique_ptr<curl_slist, SoltarCurl> destinatarios(
         curl_slist_append(nullptr, destinatario.constData()));

@@ -1,6 +1,7 @@
 // Mail to a server of the distribution: plain, encrypted, with a login, and all that it may refuse.
 
 #include <QDateTime>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -272,4 +273,17 @@ TEST_F(EnvioDeVerdad, WhoLeavesBehindTheMessageIsToldThatItMayHaveGone) {
     const FinDeEnvio fin = enviarEInterrumpir([this] { return log.contains(u"\nSubject: "_s); });
     EXPECT_FALSE(fin.enviado);
     EXPECT_TRUE(fin.mensaje.texto.startsWith(u"Interrumpió el envío"_s)) << fin.mensaje.texto.toStdString();
+}
+
+TEST_F(EnvioDeVerdad, AMessageThatIsStoppedInItsMiddleIsNotDelivered) {
+    servirConLogin(true);
+    correo.adjunto = QByteArray(15'000'000, 'x');
+    correo.nombreDelAdjunto = u"a.pdf"_s;
+    const FinDeEnvio fin = enviarEInterrumpir([this] { return log.contains(u"\nSubject: "_s); });
+    EXPECT_EQ(fin.mensaje.texto, u"Interrumpió el envío: el mail no salió."_s);
+    // The server is through with that one when it took another.
+    correo.adjunto = "x";
+    ASSERT_TRUE(enviar().enviado);
+    EXPECT_LT(tomado().size(), 10'000);
+    EXPECT_FALSE(QFile::exists(buzon.filePath(u"2.eml"_s)));
 }
