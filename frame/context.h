@@ -10,6 +10,7 @@
 #include "frame/dialogs.h"
 #include "frame/optionrows.h"
 #include "frame/salidas.h"
+#include "frame/secrets.h"
 #include "frame/settings.h"
 #include "frame/store/StoreProfiles.h"
 #include "frame/store/store.h"
@@ -57,6 +58,7 @@ struct AppContext {
     Ajustes ajustes;
     Dialogos dialogos;
     Salidas salidas;
+    Llavero llavero;  ///< none, until the desktop puts the session's in its place
 
     // Shared between the dashboard, the assembly and the review of one operation.
     QString ChequeoArmado;  ///< the run's result: "SI", "No" or "NO"

@@ -1,5 +1,6 @@
 #include "frame/settings.h"
 
+#include <QFileInfo>
 #include <QSettings>
 #include <QUrl>
 #include <memory>
@@ -42,4 +43,8 @@ void Ajustes::Guardar(const QString &aplicacion, const QString &seccion, const Q
 void Ajustes::Borrar(const QString &aplicacion, const QString &seccion, const QString &clave) {
     area_->remove(camino(aplicacion, seccion, clave));
     area_->sync();
+}
+
+QString Ajustes::carpeta() const {
+    return QFileInfo(area_->fileName()).absolutePath();
 }

@@ -22,6 +22,8 @@ class Ajustes {
     void Borrar(const QString &aplicacion, const QString &seccion, const QString &clave);
 
     const QString &archivo() const { return archivo_; }
+    /// The folder that the area's file lies in, in either case.
+    QString carpeta() const;
 
  private:
     QString archivo_;

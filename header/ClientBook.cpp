@@ -57,11 +57,6 @@ bool existe(AppContext &ctx, const QString &entidad, const QString &sql) {
     return Consultar(ctx, entidad, sql, rs) && rs.Numero(u"cant") > 0;
 }
 
-bool esCorreo(const QString &texto) {
-    static const QRegularExpression forma(u"^[^@\\s]+@[^@\\s]+\\.[^@\\s]+$"_s);
-    return forma.match(texto).hasMatch();
-}
-
 void revisarCuit(AppContext &ctx, const QString &cuit, std::vector<Falta> &faltas) {
     constexpr int largo = 11;
     const QString campo = u"cuit"_s;
@@ -175,6 +170,11 @@ QStringList columnaDe(const std::vector<Fila> &filas, QString Fila::*campo) {
 
 }  // namespace
 
+bool PareceCorreo(const QString &texto) {
+    static const QRegularExpression forma(u"^[^@\\s]+@[^@\\s]+\\.[^@\\s]+$"_s);
+    return forma.match(texto).hasMatch();
+}
+
 std::vector<Fila> Listar(AppContext &ctx, Orden orden) {
     std::vector<Fila> filas;
     Recordset rs;
@@ -231,7 +231,7 @@ std::vector<Falta> Revisar(AppContext &ctx, const Ficha &ficha, bool nuevo) {
     if (ficha.nombre.trimmed().isEmpty())
         faltas.push_back({u"nombre"_s, u"Falta el nombre del cliente, ingréselo para guardar."_s});
     const QString email = ficha.email.trimmed();
-    if (!email.isEmpty() && !esCorreo(email))
+    if (!email.isEmpty() && !PareceCorreo(email))
         faltas.push_back({u"email"_s, u"El correo %1 no es una dirección válida, corríjalo."_s.arg(email)});
     revisarNumeros(ficha, faltas);
     revisarVentajas(ctx, ficha.ventajas, faltas);

@@ -63,6 +63,9 @@ Ficha Nueva();
 /// A tax number without the marks people write in it: "30-12345678-1" gives "30123456781".
 QString LimpiarCuit(const QString &texto);
 
+/// Whether a text may be a mail address: something, "@", and a name with a dot in it, without blanks.
+bool PareceCorreo(const QString &texto);
+
 /// Something wrong with a record. `campo` is the column's name, or "ventajas" with the row in `fila`.
 struct Falta {
     QString campo;

@@ -24,3 +24,7 @@ struct Correo {
 /// part empty or with a "." at an end, no two dots together, and behind the last dot 2 to 4 characters. The
 /// soft hyphen passes as well. Case does not matter.
 bool EsDireccionValida(const QString &texto);
+
+/// A field of one line: line ends and other control characters become blanks, so that no text of a user can
+/// end a line of the dialogue or of the headers.
+QString EnUnaLinea(const QString &texto);

@@ -72,6 +72,7 @@ int main(int argc, char **argv) {
     AppContext ctx;
     ctx.dialogos = DialogosQt();
     ctx.salidas = SalidasQt();
+    ctx.llavero = LlaveroDelSistema();
     fijarContexto(&ctx);
     const int estado = CorrerConUltimaDefensa([&ctx] { return correr(ctx); },
                                               [&ctx](const QString &texto) {

@@ -47,6 +47,8 @@
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
+#include "outputs/FrmCorreo.h"
+#include "outputs/FrmProcesando.h"
 #include "outputs/FrmTransferencia.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
@@ -55,6 +57,7 @@
 #include "subitems/FrmSubItems.h"
 #include "subitems/FrmSufijos.h"
 #include "tests/support/pantallas.h"
+#include "tests/support/servidorsmtp.h"
 #include "upgrade/schema.h"
 
 using namespace Qt::StringLiterals;
@@ -189,6 +192,22 @@ class Salidas : public EnPantalla {
                                     Pantalla<FrmProrKg>().Mostrar(vacia, u"0"_s, {});
                                     CerrarPantalla<FrmProrKg>();
                                 }),
+            salidaDe<FrmCorreo>("FrmCorreo",
+                                [] {
+                                    Pantalla<FrmCorreo>().Mostrar();
+                                    CerrarPantalla<FrmCorreo>();
+                                }),
+            salidaDe<FrmProcesando>("FrmProcesando",
+                                    [] {
+                                        // A server that takes the call and says nothing.
+                                        const ServidorDeGuion servidor({});
+                                        Correo correo;
+                                        correo.remitente = u"a@x.com"_s;
+                                        correo.destinatario = u"b@x.com"_s;
+                                        correo.servidor = servidor.direccion();
+                                        Pantalla<FrmProcesando>().Enviar(correo);
+                                        CerrarPantalla<FrmProcesando>();
+                                    }),
             salidaDe<FrmTransferencia>("FrmTransferencia",
                                        [] {
                                            Pantalla<FrmTransferencia>().Mostrar(vacia);

@@ -1,0 +1,36 @@
+#pragma once
+// A message, a workstation without stores to send it from, and what became of it.
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <optional>
+
+#include "frame/context.h"
+#include "outputs/mailsend.h"
+#include "tests/support/servidorsmtp.h"
+#include "tests/support/tienda.h"
+
+class Envio : public ::testing::Test {
+ protected:
+    Envio();
+
+    /// Writes a key of section SMTP.
+    void configurar(const char *clave, const QString &valor);
+    /// Keeps the password of the account that is set, as the screen does.
+    void conContrasena(const QString &contrasena);
+    /// Sends and serves events until it ends; fails after half a minute.
+    FinDeEnvio enviar(const PlazosDeEnvio &plazos = {});
+    /// Sends; the user leaves as soon as `cuando` answers true.
+    FinDeEnvio enviarEInterrumpir(const std::function<bool()> &cuando);
+
+    QTemporaryDir carpeta;
+    AppContext ctx;
+    Registro registro;
+    Correo correo;
+    QString log;    ///< each entry with its line end
+    int ticks = 0;  ///< of a timer of 20 ms that runs while the message is on its way
+};
+
+/// Serves events until `listo`; fails after half a minute.
+void esperarA(const std::function<bool()> &listo);
