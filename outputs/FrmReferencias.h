@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "outputs/FrmListaMaestra.h"
 #include "ui_FrmReferencias.h"
 
 /// The master list of references of quotes: take one, add and delete.
@@ -13,15 +14,12 @@ class FrmReferencias {
 
     /// Shows the list and waits; the reference taken, or nothing when the user left.
     std::optional<QString> Elegir();
-    /// Fills the list, with this entry in hand.
-    void Cargar(const QString &actual = {});
+    /// Fills the list.
+    void Cargar();
 
     Ui::FrmReferencias ui;
     std::unique_ptr<QDialog> ventana;
 
  private:
-    void Conectar();
-    bool LstReferencias_KeyDown(const QKeyEvent *tecla);
-    bool TxtRefencia_KeyDown(const QKeyEvent *tecla);
-    void Tomar();
+    ListaMaestra lista_;
 };
