@@ -20,6 +20,8 @@ class FrmPresupuesto {
     void SENDPREVW();
     /// Asks and sends the page to the client.
     void SENDEMAIL();
+    /// Takes the concept in hand out of the quote.
+    void LP_DEL_CONCEPTO();
 
     Ui::FrmPresupuesto ui;
     std::unique_ptr<QDialog> ventana;
@@ -32,6 +34,7 @@ class FrmPresupuesto {
     void MostrarGastos();
     void MostrarOperativos(const QString &actual = {});
     void MostrarReferencias(const QString &actual = {});
+    /// Takes what the fields hold; a changed rate changes what is shown.
     void Leer();
     bool Form_KeyDown(const QKeyEvent *tecla);
     void Form_Escape();
@@ -39,16 +42,17 @@ class FrmPresupuesto {
     void GrdLiq_Enter();
     bool Grd_KeyDown(const QKeyEvent *tecla);
     void Grd_Insert();
-    void Grd_Delete();
     bool Grd2_KeyDown(const QKeyEvent *tecla);
     void Grd2_Insert();
     void Grd2_Delete();
-    void TxtPase_LostFocus();
     void cmdComentario_Click();
     void CmdCorreo_Click();
     void CmdPDF_Click();
     bool ExigirPase();
-    void Abrir(const QString &archivo);
+    /// Writes a file, tells where it is and opens it.
+    void Abrir(QString (*escribir)(AppContext &, const Presupuesto &));
+    QString conDosDecimales(double valor) const;
 
     Presupuesto p_;
+    QString dicho_;  ///< the file outside the program's folder that was told of
 };

@@ -4,13 +4,13 @@
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringDecoder>
 
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "frame/paper/replace.h"
 #include "frame/startup.h"
 #include "outputs/quote.h"
 
@@ -82,10 +82,10 @@ QString llenar(const QString &seccion, const Rotulos &rotulos) {
         const QRegularExpressionMatch hallado = i.next();
         const auto valor = rotulos.constFind(hallado.captured(1));
         if (valor == rotulos.constEnd()) continue;
-        texto += QStringView(seccion).mid(hasta, hallado.capturedStart() - hasta) + *valor;
+        texto += seccion.mid(hasta, hallado.capturedStart() - hasta) + *valor;
         hasta = hallado.capturedEnd();
     }
-    return texto + QStringView(seccion).mid(hasta);
+    return texto + seccion.mid(hasta);
 }
 
 /// A section that stands once a line, or what stands for no line.
@@ -153,32 +153,25 @@ Rotulos rotulosDelFinal(const AppContext &ctx, const Presupuesto &p) {
             {u"totalgeneral"_s, conDosDecimales(ctx, r.totalGeneral)}};
 }
 
-void escribirArchivo(const QString &ruta, const QByteArray &bytes) {
-    QSaveFile destino(ruta);
-    // Without this a folder that takes no new file would have the old one overwritten in place.
-    destino.setDirectWriteFallback(false);
-    if (destino.open(QIODevice::WriteOnly) && destino.write(bytes) == bytes.size() && destino.commit())
-        return;
-    throw Falla{static_cast<int>(destino.error()),
-                u"presupuesto"_s,
-                u"No se pudo escribir %1: %2"_s.arg(QDir::toNativeSeparators(ruta), destino.errorString()),
-                {}};
+/// Why the file could not be written; empty when it was.
+QString escribirArchivo(const QString &ruta, const QByteArray &bytes) {
+    return papel::ReemplazarArchivo(ruta, [&bytes](QIODevice &destino) {
+        return destino.write(bytes) == bytes.size() ? QString() : destino.errorString();
+    });
 }
 
 /// Whether a folder takes files is known when one was written: what the system says of a folder's permissions
 /// is not the whole truth everywhere.
 QString escribirDondeSePueda(const AppContext &ctx, const QString &nombre, const QByteArray &bytes) {
     const QString propia = ctx.ProgramFolder + nombre;
-    try {
-        escribirArchivo(propia, bytes);
-        return propia;
-    } catch (const Falla &) {
-        const QDir documentos(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-        documentos.mkpath(u"."_s);
-        const QString ajena = documentos.filePath(nombre);
-        escribirArchivo(ajena, bytes);
-        return ajena;
-    }
+    if (escribirArchivo(propia, bytes).isEmpty()) return propia;
+    const QDir documentos(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    documentos.mkpath(u"."_s);
+    const QString ajena = documentos.filePath(nombre);
+    const QString defecto = escribirArchivo(ajena, bytes);
+    if (defecto.isEmpty()) return ajena;
+    ctx.dialogos.critico(defecto);
+    return {};
 }
 
 }  // namespace
@@ -228,8 +221,10 @@ bool LP_ArmarRep(AppContext &ctx, const Presupuesto &p, const QString &archivo) 
         ctx.dialogos.advertir(u"Error Nombre el archivo no llego como parametro"_s);
         return false;
     }
-    escribirArchivo(archivo, PaginaDelPresupuesto(ctx, p, QDate::currentDate()).toLatin1());
-    return true;
+    const QString defecto =
+        escribirArchivo(archivo, PaginaDelPresupuesto(ctx, p, QDate::currentDate()).toLatin1());
+    if (!defecto.isEmpty()) ctx.dialogos.critico(defecto);
+    return defecto.isEmpty();
 }
 
 QString EscribirVista(AppContext &ctx, const Presupuesto &p) {

@@ -19,10 +19,12 @@ QString PaginaDelPresupuesto(AppContext &ctx, const Presupuesto &p, const QDate 
 /// The same for readers without HTML. Raises Falla.
 QString TextoDelPresupuesto(AppContext &ctx, const Presupuesto &p, const QDate &dia);
 
-/// Writes the page into `archivo`, which is replaced. False without a name, which was told. Raises Falla.
+/// Writes the page into `archivo`, which is replaced. False without a name, and for a file that cannot be
+/// written, which was told. Raises Falla.
 bool LP_ArmarRep(AppContext &ctx, const Presupuesto &p, const QString &archivo);
 
 /// Writes "vista.htm", or "Presupuesto.eml" with the page as a mail that was not sent, into the program's
-/// folder when it takes them, else into the user's documents; the whole path. Both raise Falla.
+/// folder when it takes them, else into the user's documents. The whole path; empty when neither took it,
+/// which was told. Both raise Falla.
 QString EscribirVista(AppContext &ctx, const Presupuesto &p);
 QString EscribirEml(AppContext &ctx, const Presupuesto &p);

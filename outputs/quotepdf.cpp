@@ -6,6 +6,10 @@
 #include <QPdfWriter>
 #include <QTextDocument>
 
+#include "frame/paper/replace.h"
+#include "outputs/quote.h"
+#include "outputs/quotepage.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -64,4 +68,12 @@ QByteArray PresupuestoEnPdf(const QString &pagina, const QString &titulo) {
     }
     pintor.end();
     return bytes.data();
+}
+
+QString EscribirPresupuestoPdf(AppContext &ctx, const Presupuesto &p, const QString &archivo) {
+    const QDate hoy = QDate::currentDate();
+    const QByteArray pdf = PresupuestoEnPdf(PaginaDelPresupuesto(ctx, p, hoy), u"Presupuesto "_s + p.interno);
+    return papel::ReemplazarArchivo(archivo, [&pdf](QIODevice &destino) {
+        return destino.write(pdf) == pdf.size() ? QString() : destino.errorString();
+    });
 }

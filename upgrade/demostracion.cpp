@@ -64,6 +64,8 @@ const char *const tablasDeDemostracion[] = {
     "facturas",
     "prorrateo",
     "subitems",
+    "itempresu",
+    "itemref",
     "coment",
 };
 
