@@ -72,6 +72,7 @@ TEST_P(PresupuestoEnLote, WritesThePageAndTellsItsTotals) {
     // The module gives the same from here.
     AppContext &aqui = *ctx;
     aqui.SeparadorDecimal = u',';
+    aqui.ConfigFilePath = en("Prueba.cfg");
     aqui.ajustes.Guardar(u"ZENDRA"_s, u"PRESUPUESTO"_s, u"PASE"_s, u"1050.25"_s);
     Presupuesto p;
     ASSERT_TRUE(CargarCaratula(aqui, operacion, p));
@@ -96,8 +97,8 @@ TEST_P(PresupuestoEnLote, WritesThePdfAndItsPicture) {
     EXPECT_TRUE(texto.contains(u"HIDRAULICA DEL PLATA S.A."_s));
     const QString fotos = CarpetaDeConstruccion() + "/screenshots/papel"_L1;
     ASSERT_TRUE(QDir().mkpath(fotos));
-    salidaDe(u"pdftoppm"_s, {u"-png"_s, u"-singlefile"_s, u"-r"_s, u"96"_s, en("salida.pdf"),
-                             fotos + "/presupuesto"_L1});
+    salidaDe(u"pdftoppm"_s,
+             {u"-png"_s, u"-singlefile"_s, u"-r"_s, u"96"_s, en("salida.pdf"), fotos + "/presupuesto"_L1});
     EXPECT_TRUE(QFile::exists(fotos + "/presupuesto.png"_L1));
 }
 

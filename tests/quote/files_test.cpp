@@ -157,6 +157,29 @@ TEST_P(QuoteFiles, PagesOfALongQuoteAreNumberedAndCutNoLine) {
     for (int n = 0; n < 120; ++n) EXPECT_EQ(texto.count(u"CONCEPTO %1"_s.arg(n, 3, 10, QChar(u'0'))), 1) << n;
 }
 
+// Each number of concepts pushes the totals further down, over the end of a page somewhere.
+TEST_P(QuoteFiles, TheTotalsStandTogetherOnOnePage) {
+    const QString archivo = tienda->carpeta() + "/totales.pdf"_L1;
+    for (int n = 0; n < 14; ++n) {
+        AgregarGasto(*ctx, operacionPresupuestada, u"CONCEPTO %1"_s.arg(n), u"1"_s, true);
+        ASSERT_EQ(EscribirPresupuestoPdf(*ctx, cargar(), archivo), QString());
+        const QStringList hojas = textoDelPdf(archivo).split(u'\f', Qt::SkipEmptyParts);
+        const QString &ultima = hojas.last();
+        for (const QString &parte : {u"Total\n"_s, u"SUBTOTAL"_s, u"A CUENTA"_s, u"TOTAL GENERAL"_s})
+            EXPECT_TRUE(ultima.contains(parte)) << n << ' ' << parte.toStdString() << ultima.toStdString();
+    }
+}
+
+TEST_P(QuoteFiles, ThePdfOfAnEmptyQuoteSaysThatThereIsNothing) {
+    Presupuesto p;
+    ASSERT_TRUE(CargarCaratula(*ctx, u"OTRA"_s, p));
+    const QString archivo = tienda->carpeta() + "/vacio.pdf"_L1;
+    ASSERT_EQ(EscribirPresupuestoPdf(*ctx, p, archivo), QString());
+    const QString texto = textoDelPdf(archivo).simplified();
+    EXPECT_TRUE(texto.contains(u"Sin Datos... Total convenido"_s)) << texto.toStdString();
+    EXPECT_TRUE(texto.contains(u"A CUENTA: 07,00"_s)) << texto.toStdString();
+}
+
 TEST_P(QuoteFiles, APdfThatCannotBeWrittenSaysWhy) {
     const QString defecto = EscribirPresupuestoPdf(*ctx, cargar(), tienda->carpeta() + "/no/esta.pdf"_L1);
     EXPECT_TRUE(defecto.contains(u"no existe"_s)) << defecto.toStdString();
