@@ -25,20 +25,20 @@ const QString claveDeCorreo = u"XOUTLOOK"_s;
 constexpr QStringView mascaraDeImporte = u"00.00";
 constexpr QStringView mascaraDePase = u"00.000000";
 
-QString importe(const AppContext &ctx, double valor) {
+QString montoMostrado(const AppContext &ctx, double valor) {
     return numeros::Format(valor, mascaraDeImporte, ctx.SeparadorDecimal);
 }
 
-QString pase(const AppContext &ctx, double valor) {
+QString paseMostrado(const AppContext &ctx, double valor) {
     return numeros::Format(valor, mascaraDePase, ctx.SeparadorDecimal);
 }
 
-QString deLaOperacion(const QString &interno) {
+QString deEsteInterno(const QString &interno) {
     return "interno = "_L1 + EnComillas(interno);
 }
 
 /// A rate as it is shown; a text that is no number stays as it stands.
-QString conMascaraDePase(const AppContext &ctx, const QString &texto) {
+QString paseTecleado(const AppContext &ctx, const QString &texto) {
     return numeros::Format(texto, mascaraDePase, ctx.SeparadorDecimal);
 }
 
@@ -68,7 +68,7 @@ double ajusteDe(AppContext &ctx, const Recordset &caratula, QStringView deCaratu
     Recordset rs;
     for (Consultar(ctx, internos,
                    "select "_L1 + deItem + " as total from item where isnumeric("_L1 + deItem +
-                       ")<>0 and id<>0 and "_L1 + deLaOperacion(interno),
+                       ")<>0 and id<>0 and "_L1 + deEsteInterno(interno),
                    rs);
          !rs.Eof(); rs.MoveNext())
         suma += rs.Numero(u"total");
@@ -78,15 +78,15 @@ double ajusteDe(AppContext &ctx, const Recordset &caratula, QStringView deCaratu
 void leerValores(AppContext &ctx, const Recordset &caratula, Presupuesto &p) {
     Recordset rs;
     Consultar(ctx, internos,
-              "select sum(fob) as total from groupsubitems where "_L1 + deLaOperacion(p.interno), rs);
-    p.LbFOB = importe(ctx, rs.Eof() ? 0 : rs.Numero(u"total"));
-    p.LbPaseFob = pase(ctx, caratula.Numero(u"fobdivcambio"));
-    p.LbFlete = importe(ctx, caratula.Numero(u"fletedivisas"));
-    p.LbPaseFlete = pase(ctx, caratula.Numero(u"fletedivcambio"));
-    p.LbSeguro = importe(ctx, caratula.Numero(u"segurodivisas"));
-    p.LbPaseSeguro = pase(ctx, caratula.Numero(u"segurodivcambio"));
-    p.LbAjDed = importe(ctx, ajusteDe(ctx, caratula, u"ajustededucir", "ajusteded"_L1, p.interno));
-    p.LbAjInc = importe(ctx, ajusteDe(ctx, caratula, u"ajusteincluir", "ajusteinc"_L1, p.interno));
+              "select sum(fob) as total from groupsubitems where "_L1 + deEsteInterno(p.interno), rs);
+    p.LbFOB = montoMostrado(ctx, rs.Eof() ? 0 : rs.Numero(u"total"));
+    p.LbPaseFob = paseMostrado(ctx, caratula.Numero(u"fobdivcambio"));
+    p.LbFlete = montoMostrado(ctx, caratula.Numero(u"fletedivisas"));
+    p.LbPaseFlete = paseMostrado(ctx, caratula.Numero(u"fletedivcambio"));
+    p.LbSeguro = montoMostrado(ctx, caratula.Numero(u"segurodivisas"));
+    p.LbPaseSeguro = paseMostrado(ctx, caratula.Numero(u"segurodivcambio"));
+    p.LbAjDed = montoMostrado(ctx, ajusteDe(ctx, caratula, u"ajustededucir", "ajusteded"_L1, p.interno));
+    p.LbAjInc = montoMostrado(ctx, ajusteDe(ctx, caratula, u"ajusteincluir", "ajusteinc"_L1, p.interno));
 }
 
 /// What the labels show is what is reckoned with, so that the reader can follow it.
@@ -98,7 +98,7 @@ QString baseImponible(const AppContext &ctx, const Presupuesto &p) {
         base += n(p.LbFlete) * n(p.LbPaseFlete) + n(p.LbSeguro) * n(p.LbPaseSeguro);
     base += n(p.LbAjInc) * n(p.LbPaseFob);
     base -= n(p.LbAjDed) * n(p.LbPaseFob);
-    return importe(ctx, base);
+    return montoMostrado(ctx, base);
 }
 
 /// The total that a duty is in; null for a payment kind that has none.
@@ -117,7 +117,7 @@ void leerGastos(AppContext &ctx, Presupuesto &p) {
     for (Consultar(ctx, internos,
                    "select * from liqcero "
                    "where LEFT(idconcepto,3) <> '###' and "_L1 +
-                       deLaOperacion(p.interno) + " order by pgc desc,concepto"_L1,
+                       deEsteInterno(p.interno) + " order by pgc desc,concepto"_L1,
                    rs);
          !rs.Eof(); rs.MoveNext()) {
         if (rs.EsNulo(u"valor")) continue;
@@ -130,9 +130,9 @@ void leerGastos(AppContext &ctx, Presupuesto &p) {
         p.gastos.push_back(gasto);
     }
     Consultar(ctx, internos,
-              "select valor from liqcero where idconcepto = '###baseiva' and "_L1 + deLaOperacion(p.interno),
+              "select valor from liqcero where idconcepto = '###baseiva' and "_L1 + deEsteInterno(p.interno),
               rs);
-    p.LbBaseIVA = importe(ctx, rs.Eof() ? 0 : rs.Numero(u"valor"));
+    p.LbBaseIVA = montoMostrado(ctx, rs.Eof() ? 0 : rs.Numero(u"valor"));
 }
 
 }  // namespace
@@ -141,7 +141,7 @@ bool CargarCaratula(AppContext &ctx, const QString &interno, Presupuesto &p) {
     p = {};
     p.interno = interno;
     Recordset caratula;
-    if (!Consultar(ctx, internos, "select * from caratula where "_L1 + deLaOperacion(interno), caratula)) {
+    if (!Consultar(ctx, internos, "select * from caratula where "_L1 + deEsteInterno(interno), caratula)) {
         ctx.dialogos.advertir(u"No se encontro interno!"_s);
         return false;
     }
@@ -150,7 +150,7 @@ bool CargarCaratula(AppContext &ctx, const QString &interno, Presupuesto &p) {
     p.txtAcuenta = caratula.Texto(u"factura6");
     ReemplazarSeparadorDecimal(p.txtAcuenta, ctx.SeparadorDecimal);
     p.TxtPase = ctx.ajustes.Leer(zendra, seccionDePresupuesto, claveDePase, u"1.40"_s);
-    p.TxtPase = conMascaraDePase(ctx, p.TxtPase.replace(u'.', ctx.SeparadorDecimal));
+    p.TxtPase = paseTecleado(ctx, p.TxtPase.replace(u'.', ctx.SeparadorDecimal));
     p.lineasEnBlanco =
         std::max(0, ctx.ajustes.Leer(zendra, seccionDePresupuesto, claveDeLineas, u"0"_s).toInt());
     p.porOutlook = ctx.ajustes.Leer(zendra, flags, claveDeCorreo, u"N"_s) == "S"_L1;
@@ -171,7 +171,7 @@ void LeerDatosDelCorreo(const AppContext &ctx, Presupuesto &p) {
 void Cargar(AppContext &ctx, Presupuesto &p) {
     p.operativos.clear();
     Recordset rs;
-    for (Consultar(ctx, internos, "select * from itempresu where "_L1 + deLaOperacion(p.interno), rs);
+    for (Consultar(ctx, internos, "select * from itempresu where "_L1 + deEsteInterno(p.interno), rs);
          !rs.Eof(); rs.MoveNext())
         p.operativos.push_back({rs.Texto(u"concepto"), rs.Numero(u"valorpeso"), rs.Numero(u"valordolar")});
 }
@@ -179,7 +179,7 @@ void Cargar(AppContext &ctx, Presupuesto &p) {
 void Cargar2(AppContext &ctx, Presupuesto &p) {
     p.referencias.clear();
     Recordset rs;
-    for (Consultar(ctx, internos, "select * from itemref where "_L1 + deLaOperacion(p.interno), rs);
+    for (Consultar(ctx, internos, "select * from itemref where "_L1 + deEsteInterno(p.interno), rs);
          !rs.Eof(); rs.MoveNext())
         p.referencias.push_back({rs.Texto(u"referencia"), rs.Texto(u"valor")});
 }
@@ -193,7 +193,7 @@ double PaseDe(const Presupuesto &p) {
 }
 
 void CambiarPase(AppContext &ctx, Presupuesto &p, const QString &texto) {
-    p.TxtPase = conMascaraDePase(ctx, texto);
+    p.TxtPase = paseTecleado(ctx, texto);
     if (!HayPase(p)) return;
     // With a point, whatever the workstation's separator is when it is read again.
     ctx.ajustes.Guardar(zendra, seccionDePresupuesto, claveDePase,
@@ -241,7 +241,7 @@ void GrabarACuenta(AppContext &ctx, const Presupuesto &p) {
     Ejecutar(ctx, internos,
              "update caratula set factura6 = "_L1 +
                  numeros::Format(numeros::aNumero(p.txtAcuenta), mascaraDeImporte, u'.') + " where "_L1 +
-                 deLaOperacion(p.interno));
+                 deEsteInterno(p.interno));
 }
 
 void GuardarLineas(AppContext &ctx, int lineas) {

@@ -23,7 +23,7 @@ using Rotulos = QHash<QString, QString>;
 
 const QString marcaDeComentarios = u"<!--###seccioncc###-->"_s;
 
-QString conDosDecimales(const AppContext &ctx, double valor) {
+QString montoDePagina(const AppContext &ctx, double valor) {
     return numeros::Format(valor, u"00.00", ctx.SeparadorDecimal);
 }
 
@@ -125,32 +125,32 @@ Rotulos rotulosDeValores(const AppContext &ctx, const Presupuesto &p) {
             {u"pasflet"_s, p.LbPaseFlete},
             {u"passeg"_s, p.LbPaseSeguro},
             {u"bimp"_s, p.LbBaseImp},
-            {u"bimppeso"_s, conDosDecimales(ctx, numeros::aNumero(p.LbBaseImp) * PaseDe(p))},
+            {u"bimppeso"_s, montoDePagina(ctx, numeros::aNumero(p.LbBaseImp) * PaseDe(p))},
             {u"biva"_s, p.LbBaseIVA},
             {u"tipocambio"_s, escapado(p.TxtPase)}};
 }
 
 Rotulos rotulosDeTotales(const AppContext &ctx, const Presupuesto &p) {
-    return {{u"gsttotpes"_s, conDosDecimales(ctx, p.totalP.pesos)},
-            {u"gstotdol"_s, conDosDecimales(ctx, p.totalP.dolares)},
-            {u"totgarpes"_s, conDosDecimales(ctx, p.totalG.pesos)},
-            {u"totgardol"_s, conDosDecimales(ctx, p.totalG.dolares)},
-            {u"totcobpes"_s, conDosDecimales(ctx, p.totalC.pesos)},
-            {u"totcobdol"_s, conDosDecimales(ctx, p.totalC.dolares)}};
+    return {{u"gsttotpes"_s, montoDePagina(ctx, p.totalP.pesos)},
+            {u"gstotdol"_s, montoDePagina(ctx, p.totalP.dolares)},
+            {u"totgarpes"_s, montoDePagina(ctx, p.totalG.pesos)},
+            {u"totgardol"_s, montoDePagina(ctx, p.totalG.dolares)},
+            {u"totcobpes"_s, montoDePagina(ctx, p.totalC.pesos)},
+            {u"totcobdol"_s, montoDePagina(ctx, p.totalC.dolares)}};
 }
 
 Rotulos rotulosDelFinal(const AppContext &ctx, const Presupuesto &p) {
     const ResumenDePresupuesto r = Resumir(p);
-    const QString pesos = conDosDecimales(ctx, r.operativos.pesos);
-    const QString dolares = conDosDecimales(ctx, r.operativos.dolares);
+    const QString pesos = montoDePagina(ctx, r.operativos.pesos);
+    const QString dolares = montoDePagina(ctx, r.operativos.dolares);
     return {{u"optotpes"_s, pesos},
             {u"optotdol"_s, dolares},
             {u"totpes"_s, pesos},
             {u"totdol"_s, dolares},
-            {u"totadu"_s, conDosDecimales(ctx, p.totalP.pesos)},
-            {u"subtotal"_s, conDosDecimales(ctx, r.subtotal)},
-            {u"cuenta"_s, r.aCuenta == 0 ? u"-"_s : conDosDecimales(ctx, r.aCuenta)},
-            {u"totalgeneral"_s, conDosDecimales(ctx, r.totalGeneral)}};
+            {u"totadu"_s, montoDePagina(ctx, p.totalP.pesos)},
+            {u"subtotal"_s, montoDePagina(ctx, r.subtotal)},
+            {u"cuenta"_s, r.aCuenta == 0 ? u"-"_s : montoDePagina(ctx, r.aCuenta)},
+            {u"totalgeneral"_s, montoDePagina(ctx, r.totalGeneral)}};
 }
 
 /// Why the file could not be written; empty when it was.
@@ -201,16 +201,16 @@ QString PaginaDelPresupuesto(AppContext &ctx, const Presupuesto &p, const QDate 
         repetir(leerSeccion(ctx, "seccion03.cpl"_L1), p.gastos, sinLineas, [&ctx](const GastoDeDespacho &g) {
             return Rotulos{{u"gstdsc"_s, escapado(g.concepto)},
                            {u"pgc"_s, escapado(g.pgc)},
-                           {u"gstpesr"_s, conDosDecimales(ctx, g.pesos)},
-                           {u"gstdlr"_s, conDosDecimales(ctx, g.dolares)}};
+                           {u"gstpesr"_s, montoDePagina(ctx, g.pesos)},
+                           {u"gstdlr"_s, montoDePagina(ctx, g.dolares)}};
         });
     texto += llenar(leerSeccion(ctx, "seccion04.cpl"_L1), rotulosDeTotales(ctx, p));
     texto += repetir(leerSeccion(ctx, "seccion05.cpl"_L1), p.operativos,
                      u"<tr class=\"texto\" >Sin Datos...</tr>"_s, [&](const GastoOperativo &g) {
                          const EnDosMonedas mostrado = ImporteMostrado(p, g);
                          return Rotulos{{u"opdsc"_s, escapado(g.concepto)},
-                                        {u"oppes"_s, conDosDecimales(ctx, mostrado.pesos)},
-                                        {u"opdol"_s, conDosDecimales(ctx, mostrado.dolares)}};
+                                        {u"oppes"_s, montoDePagina(ctx, mostrado.pesos)},
+                                        {u"opdol"_s, montoDePagina(ctx, mostrado.dolares)}};
                      });
     texto += llenar(leerSeccion(ctx, "seccion06.cpl"_L1), rotulosDelFinal(ctx, p));
     return soloAscii(texto);

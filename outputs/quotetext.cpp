@@ -25,7 +25,7 @@ QString renglon(const QString &nombre, const QStringList &montos) {
     return texto + u'\n';
 }
 
-QString titulo(const QString &texto) {
+QString encabezado(const QString &texto) {
     return u'\n' + texto + u'\n' + QString(texto.size(), u'-') + u'\n';
 }
 
@@ -43,9 +43,9 @@ QString TextoDelPresupuesto(AppContext &ctx, const Presupuesto &p, const QDate &
             p.interno, FechaLarga(dia.startOfDay()), p.LbCliente, p.LbCLIDOM, p.LbDespachante);
     for (const ReferenciaDePresupuesto &r : p.referencias) t += r.referencia + ": "_L1 + r.valor + u'\n';
     if (const QString comentario = LeerComentario(ctx, p.interno); !comentario.trimmed().isEmpty())
-        t += titulo(u"Comentarios"_s) + comentario + u'\n';
+        t += encabezado(u"Comentarios"_s) + comentario + u'\n';
 
-    t += titulo(u"Valores"_s) + renglon({}, {u"Pase"_s, u"Dólares"_s});
+    t += encabezado(u"Valores"_s) + renglon({}, {u"Pase"_s, u"Dólares"_s});
     t += renglon(u"FOB"_s, {p.LbPaseFob, p.LbFOB});
     t += renglon(u"Flete"_s, {p.LbPaseFlete, p.LbFlete});
     t += renglon(u"Seguro"_s, {p.LbPaseSeguro, p.LbSeguro});
@@ -55,7 +55,7 @@ QString TextoDelPresupuesto(AppContext &ctx, const Presupuesto &p, const QDate &
     t += renglon(u"Base IVA"_s, {{}, p.LbBaseIVA});
     t += renglon(u"Tipo de cambio, pesos por dólar"_s, {{}, p.TxtPase});
 
-    t += titulo(u"Gastos de despacho"_s) + renglon({}, {u"Pesos"_s, u"Dólares"_s});
+    t += encabezado(u"Gastos de despacho"_s) + renglon({}, {u"Pesos"_s, u"Dólares"_s});
     for (const GastoDeDespacho &g : p.gastos)
         t += renglon(g.pgc.isEmpty() ? g.concepto : u"%1 (%2)"_s.arg(g.concepto, g.pgc),
                      par({g.pesos, g.dolares}));
@@ -64,11 +64,11 @@ QString TextoDelPresupuesto(AppContext &ctx, const Presupuesto &p, const QDate &
     t += renglon(u"Total a cobrar (C)"_s, par(p.totalC));
 
     const ResumenDePresupuesto r = Resumir(p);
-    t += titulo(u"Gastos operativos"_s) + renglon({}, {u"Pesos"_s, u"Dólares"_s});
+    t += encabezado(u"Gastos operativos"_s) + renglon({}, {u"Pesos"_s, u"Dólares"_s});
     for (const GastoOperativo &g : p.operativos) t += renglon(g.concepto, par(ImporteMostrado(p, g)));
     t += renglon(u"Total convenido en cada moneda"_s, par(r.operativos));
 
-    t += titulo(u"Total en pesos"_s);
+    t += encabezado(u"Total en pesos"_s);
     t += renglon(u"Subtotal"_s, {monto(r.subtotal)});
     t += renglon(u"A cuenta"_s, {r.aCuenta == 0 ? u"-"_s : monto(r.aCuenta)});
     t += renglon(u"Total general"_s, {monto(r.totalGeneral)});
