@@ -40,11 +40,9 @@ bool escribirPresupuesto(const Trabajo &t, const Presupuesto &p, const QString &
 
 int Presupuestar(const Trabajo &t) {
     t.resultado[u"presupuestado"_s] = false;
-    // A name of nothing stays so, for the words that there are for it.
-    const QString pedido = t.orden.valor("salida");
-    const QString archivo = pedido.isEmpty() ? pedido : QFileInfo(pedido).absoluteFilePath();
+    const QString archivo = QFileInfo(t.orden.valor("salida")).absoluteFilePath();
     const QString fin = QFileInfo(archivo).suffix().toLower();
-    if (!archivo.isEmpty() && fin != "html"_L1 && fin != "htm"_L1 && fin != "pdf"_L1) {
+    if (fin != "html"_L1 && fin != "htm"_L1 && fin != "pdf"_L1) {
         t.ctx.dialogos.critico(
             u"El presupuesto se escribe en un archivo .html o .pdf, y %1 no termina así; cámbiele el nombre."_s
                 .arg(archivo));

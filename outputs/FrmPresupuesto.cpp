@@ -145,6 +145,7 @@ void FrmPresupuesto::Escribir() {
     ui.TxtEmail->setText(p_.TxtEmail);
     ui.TxtPase->setText(p_.TxtPase);
     ui.txtAcuenta->setText(p_.txtAcuenta);
+    ui.LbArchivo->clear();
     (p_.porOutlook ? ui.opOutLook : ui.opSMTP)->setChecked(true);
     ui.CbLineas->setCurrentIndex(std::min(p_.lineasEnBlanco, maximoDeLineas));
     MostrarGastos();

@@ -322,6 +322,32 @@ TEST_P(PantallaDelPresupuesto, BlankLinesAndTheRoadOfTheMailAreKept) {
     });
 }
 
+TEST_P(PantallaDelPresupuesto, OneOperationBehindAnotherLeavesNothingBehind) {
+    ejecutar(u"insert into caratula (interno,factura6) values ('VACIA',5)"_s);
+    AgregarGasto(*ctx, u"IC-2026-0001"_s, u"HONORARIOS"_s, u"10"_s, true);
+    registro.textos = {u"CAP SAN MARTIN"_s};
+    ASSERT_TRUE(AgregarReferencia(*ctx, u"IC-2026-0001"_s, u"BUQUE"_s));
+    const auto ver = [](const char *interno, int gastos, int operativos, const char *total) {
+        conPantallaModal<FrmPresupuesto>([=](FrmPresupuesto &p) {
+            EXPECT_EQ(p.ui.LbInterno->text(), QLatin1String(interno));
+            EXPECT_EQ(p.ui.GrdLiq->rowCount(), gastos);
+            EXPECT_EQ(p.ui.Grd->rowCount(), operativos);
+            EXPECT_EQ(p.ui.Grd2->rowCount(), operativos);
+            EXPECT_EQ(p.ui.LbTotalGeneral->text(), QLatin1String(total));
+            EXPECT_TRUE(p.ui.LbArchivo->text().isEmpty());
+            tecla(Qt::Key_F12);
+            tecla(Qt::Key_Escape);
+        });
+        Pantalla<FrmPresupuesto>().Mostrar(QLatin1String(interno));
+    };
+    ver("IC-2026-0001", 3, 1, "110000,00");
+    ver("VACIA", 0, 0, "-05,00");
+    ver("IC-2026-0001", 3, 1, "110000,00");
+    CerrarPantalla<FrmPresupuesto>();
+    EXPECT_EQ(valor(u"select factura6 from caratula where interno = 'VACIA'"_s), u"5"_s);
+    EXPECT_EQ(aCuenta(), "0");
+}
+
 TEST_P(PantallaDelPresupuesto, AFailingStoreIsToldAndTheScreenStillCloses) {
     mostrar([this](FrmPresupuesto &) {
         ejecutar(u"drop table caratula"_s);
