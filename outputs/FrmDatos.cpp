@@ -46,7 +46,7 @@ void FrmDatos::CmdAceptar_Click() {
     ui.TxtValor->selectAll();
 }
 
-std::optional<ValorDelPresupuesto> PedirValor(const QString &concepto, const ValorDelPresupuesto &inicial) {
+std::optional<ValorDelPresupuesto> PedirImporte(const QString &concepto, const ValorDelPresupuesto &inicial) {
     const auto valor = Pantalla<FrmDatos>().Pedir(concepto, inicial);
     CerrarPantalla<FrmDatos>();
     return valor;

@@ -29,5 +29,5 @@ class FrmDatos {
 };
 
 /// The screen over another one.
-std::optional<ValorDelPresupuesto> PedirValor(const QString &concepto,
-                                              const ValorDelPresupuesto &inicial = {});
+std::optional<ValorDelPresupuesto> PedirImporte(const QString &concepto,
+                                                const ValorDelPresupuesto &inicial = {});

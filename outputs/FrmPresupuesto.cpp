@@ -272,7 +272,7 @@ void FrmPresupuesto::GrdLiq_Enter() {
     const std::size_t cual = filaDe(ui.GrdLiq);
     if (cual >= p_.gastos.size()) return;
     const GastoDeDespacho &gasto = p_.gastos[cual];
-    const auto valor = PedirValor(gasto.concepto, {conDosDecimales(gasto.dolares), true});
+    const auto valor = PedirImporte(gasto.concepto, {conDosDecimales(gasto.dolares), true});
     if (!valor) return;
     CambiarGasto(p_, cual, EnAmbasMonedas(p_, numeros::aNumero(valor->valor), valor->enDolares));
     MostrarGastos();
@@ -295,7 +295,7 @@ void FrmPresupuesto::Grd_Insert() {
     if (!concepto) return;
     Manejar(ctx, [&] {
         if (!ConceptoLibre(ctx, p_.interno, *concepto)) return;
-        const auto valor = PedirValor(*concepto);
+        const auto valor = PedirImporte(*concepto);
         if (!valor) return;
         AgregarGasto(ctx, p_.interno, *concepto, valor->valor, valor->enDolares);
         Cargar(ctx, p_);

@@ -217,7 +217,7 @@ class Salidas : public EnPantalla {
                                          Pantalla<FrmPresupuesto>().Mostrar(vacia);
                                          CerrarPantalla<FrmPresupuesto>();
                                      }),
-            salidaDe<FrmDatos>("FrmDatos", [] { PedirValor(u"HONORARIOS"_s); }),
+            salidaDe<FrmDatos>("FrmDatos", [] { PedirImporte(u"HONORARIOS"_s); }),
             salidaDe<FrmConceptos>("FrmConceptos",
                                    [] {
                                        Pantalla<FrmConceptos>().Elegir();
