@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
+#include <cerrno>
 
 #include "header/comments.h"
 #include "outputs/quotemail.h"
@@ -209,7 +210,7 @@ TEST_P(QuotePage, AMissingTemplateStopsItWithTheSystemsWords) {
         LP_ArmarRep(*ctx, cargar(), archivo);
         ADD_FAILURE() << "it went on";
     } catch (const Falla &e) {
-        EXPECT_EQ(e.descripcion, u"No se pudo leer %1: No such file or directory"_s.arg(falta));
+        EXPECT_EQ(e.descripcion, u"No se pudo leer %1: %2"_s.arg(falta, qt_error_string(ENOENT)));
     }
     EXPECT_FALSE(QFile::exists(archivo)) << "half a page is no page";
 }

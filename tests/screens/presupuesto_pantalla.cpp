@@ -17,13 +17,17 @@ void EnElPresupuesto::SetUp() {
         abiertos << archivo;
         return seAbren;
     };
-    for (const char *tabla : {"itempresu", "itemref", "liqcero"})
+    for (const char *tabla : {"itempresu", "itemref", "liqcero", "conpresu", "referencias"})
         ejecutar("delete from "_L1 + QLatin1String(tabla));
     ejecutar(u"delete from coment"_s, u"SYSTABLAS"_s);
     for (const char *fila : {"'010','DERECHOS',100,'P'", "'415','IVA',50,'G'", "'900','ARANCEL',10,null"})
         ejecutar(
             u"insert into liqcero (interno,idconcepto,concepto,valor,pgc) values ('IC-2026-0001',%1)"_s.arg(
                 QLatin1String(fila)));
+    for (const char *concepto : {"HONORARIOS", "GASTOS OPERATIVOS", "GUIA ELECTRONICA", "FLETE INTERNO"})
+        ejecutar(u"insert into conpresu (concepto) values ('%1')"_s.arg(QLatin1String(concepto)));
+    for (const char *referencia : {"CONOCIMIENTO", "BUQUE", "ORDEN DE COMPRA"})
+        ejecutar(u"insert into referencias (referencia) values ('%1')"_s.arg(QLatin1String(referencia)));
     ASSERT_TRUE(QDir().mkpath(ctx->ProgramFolder + "seccion"_L1));
     const QDir secciones(CarpetaDeFuentes() + "/seccion"_L1);
     const QStringList archivos = secciones.entryList({u"*.cpl"_s}, QDir::Files);

@@ -136,6 +136,7 @@ TEST_P(PantallaDelPresupuesto, EnterOnADutyGivesItAnotherAmount) {
         EXPECT_EQ(p.ui.LbTotalGeneral->text(), u"150000,00"_s);
         conPantallaModal<FrmDatos>([](FrmDatos &) { tecla(Qt::Key_Escape); });
         tecla(Qt::Key_Return);
+        esperarVentana(p.ventana.get());
         EXPECT_EQ(fila(p.ui.GrdLiq), "DERECHOS|P|150000,00|150,00");
         tecla(Qt::Key_Escape);
     });
@@ -309,7 +310,7 @@ TEST_P(PantallaDelPresupuesto, BlankLinesAndTheRoadOfTheMailAreKept) {
         tecla(Qt::Key_3);
         EXPECT_EQ(p.ui.CbLineas->currentText(), u"3"_s);
         p.ui.opSMTP->setFocus();
-        tecla(Qt::Key_Down);
+        tecla(Qt::Key_Right);
         EXPECT_TRUE(p.ui.opOutLook->isChecked());
         tecla(Qt::Key_Escape);
     });

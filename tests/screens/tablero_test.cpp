@@ -257,6 +257,7 @@ TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
 }
 
 TEST_P(Tablero, TheButtonOfTheQuoteOpensItAndKeepsTheKeyboard) {
+    ctx->ConfigFilePath = tienda->carpeta() + "/Prueba.cfg"_L1;
     auto &tablero = abrir(importacion);
     conPantallaModal<FrmPresupuesto>([](FrmPresupuesto &p) {
         EXPECT_EQ(p.ui.LbInterno->text(), importacion);
@@ -265,6 +266,7 @@ TEST_P(Tablero, TheButtonOfTheQuoteOpensItAndKeepsTheKeyboard) {
     teclaEn(tablero.ui.CmdPresupuesto, Qt::Key_Space);
     EXPECT_FALSE(PantallaAbierta<FrmPresupuesto>());
     EXPECT_TRUE(registro.mensajes.empty());
+    esperarVentana(tablero.ventana.get());
     EXPECT_EQ(QApplication::focusWidget(), tablero.ui.CmdPresupuesto);
 }
 
