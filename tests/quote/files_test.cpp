@@ -35,6 +35,11 @@ class QuoteFiles : public Presupuestos {
     void estorbar(const char *nombre) const {
         ASSERT_TRUE(QDir().mkpath(ctx->ProgramFolder + QLatin1String(nombre)));
     }
+    QString poner(const QString &nombre, const QByteArray &bytes) const {
+        QFile f(tienda->carpeta() + u'/' + nombre);
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
+        return f.fileName();
+    }
     static QString textoDelPdf(const QString &archivo) {
         QProcess lector;
         lector.start(u"pdftotext"_s, {u"-layout"_s, archivo, u"-"_s});
@@ -140,8 +145,12 @@ TEST_P(QuoteFiles, ThePdfIsTextOnA4) {
           u"BUQUE CAP SAN MARTIN"_s, u"TASA ESTADISTICA P 20500,00 20,50"_s, u"HONORARIOS 1500,50 01,50"_s,
           u"A CUENTA: -"_s, u"TOTAL GENERAL (pesos) 134250,50"_s})
         EXPECT_TRUE(texto.contains(parte)) << parte.toStdString() << '\n' << texto.toStdString();
-    EXPECT_FALSE(texto.contains(u"Página"_s)) << "one page needs no number";
     EXPECT_FALSE(texto.contains(u"font-size"_s)) << "the sheet of styles is not read aloud";
+}
+
+TEST_P(QuoteFiles, OnePageNeedsNoNumber) {
+    const QString archivo = poner(u"corto.pdf"_s, PresupuestoEnPdf(u"<p>corto</p>"_s, u"Corto"_s));
+    EXPECT_EQ(textoDelPdf(archivo).simplified(), u"corto"_s);
 }
 
 TEST_P(QuoteFiles, PagesOfALongQuoteAreNumberedAndCutNoLine) {
