@@ -15,6 +15,7 @@
 #include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/handover.h"
+#include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmTransferencia.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
@@ -70,7 +71,7 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.Command4, [] { Pantalla<FrmConsultas>().Mostrar(); });
     alPulsar(ui.cmdCaratula, [this] { cmdCaratula_Click(); });
     alPulsar(ui.CmdBultos, [this] { CmdBultos_Click(); });
-    alPulsar(ui.CmdPresupuesto, [] { NoDisponible(Contexto()); });
+    alPulsar(ui.CmdPresupuesto, [this] { CmdPresupuesto_Click(); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
         alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
@@ -253,6 +254,12 @@ void FrmDetalleInterno::AbrirItems() {
 void FrmDetalleInterno::CmdBultos_Click() {
     Pantalla<FrmBultos>().Mostrar(interno_);
     CerrarPantalla<FrmBultos>();
+    VerDatos();
+}
+
+void FrmDetalleInterno::CmdPresupuesto_Click() {
+    Pantalla<FrmPresupuesto>().Mostrar(interno_);
+    CerrarPantalla<FrmPresupuesto>();
     VerDatos();
 }
 

@@ -42,6 +42,7 @@ class FrmDetalleInterno {
     void SeguirArmado();
     void AbrirItems();
     void CmdBultos_Click();
+    void CmdPresupuesto_Click();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

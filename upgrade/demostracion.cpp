@@ -66,6 +66,8 @@ const char *const tablasDeDemostracion[] = {
     "facturas",
     "prorrateo",
     "subitems",
+    "itempresu",
+    "itemref",
     "coment",
 };
 

@@ -49,8 +49,12 @@
 #include "operations/FrmDetalleInterno.h"
 #include "operations/FrmInternoNew.h"
 #include "outputs/FrmPrintItem.h"
+#include "outputs/FrmConceptos.h"
 #include "outputs/FrmCorreo.h"
+#include "outputs/FrmDatos.h"
+#include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmProcesando.h"
+#include "outputs/FrmReferencias.h"
 #include "outputs/FrmTransferencia.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
@@ -215,6 +219,22 @@ class Salidas : public EnPantalla {
                                         Pantalla<FrmProcesando>().Enviar(correo);
                                         CerrarPantalla<FrmProcesando>();
                                     }),
+            salidaDe<FrmPresupuesto>("FrmPresupuesto",
+                                     [] {
+                                         Pantalla<FrmPresupuesto>().Mostrar(vacia);
+                                         CerrarPantalla<FrmPresupuesto>();
+                                     }),
+            salidaDe<FrmDatos>("FrmDatos", [] { PedirImporte(u"HONORARIOS"_s); }),
+            salidaDe<FrmConceptos>("FrmConceptos",
+                                   [] {
+                                       Pantalla<FrmConceptos>().Elegir();
+                                       CerrarPantalla<FrmConceptos>();
+                                   }),
+            salidaDe<FrmReferencias>("FrmReferencias",
+                                     [] {
+                                         Pantalla<FrmReferencias>().Elegir();
+                                         CerrarPantalla<FrmReferencias>();
+                                     }),
             salidaDe<FrmTransferencia>("FrmTransferencia",
                                        [] {
                                            Pantalla<FrmTransferencia>().Mostrar(vacia);

@@ -10,6 +10,7 @@
 #include "liquidation/FrmVerItem.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
+#include "outputs/FrmPresupuesto.h"
 #include "subitems/FrmConsultas.h"
 #include "tests/support/claves.h"
 #include "tests/support/marcas.h"
@@ -255,12 +256,17 @@ TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
     }
 }
 
-TEST_P(Tablero, TheQuoteIsNotPartOfThisVersion) {
+TEST_P(Tablero, TheButtonOfTheQuoteOpensItAndKeepsTheKeyboard) {
+    ctx->ConfigFilePath = tienda->carpeta() + "/Prueba.cfg"_L1;
     auto &tablero = abrir(importacion);
+    conPantallaModal<FrmPresupuesto>([](FrmPresupuesto &p) {
+        EXPECT_EQ(p.ui.LbInterno->text(), importacion);
+        tecla(Qt::Key_Escape);
+    });
     teclaEn(tablero.ui.CmdPresupuesto, Qt::Key_Space);
-    ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].texto, u"Esta opción todavía no está disponible en esta versión."_s);
-    EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+    EXPECT_FALSE(PantallaAbierta<FrmPresupuesto>());
+    EXPECT_TRUE(registro.mensajes.empty());
+    esperarVentana(tablero.ventana.get());
     EXPECT_EQ(QApplication::focusWidget(), tablero.ui.CmdPresupuesto);
 }
 
