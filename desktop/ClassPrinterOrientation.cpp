@@ -40,6 +40,7 @@ bool ClassPrinterOrientation::GetPrinterOrientation(const QString &impresora, qi
         return true;
     }
     const QPrinter deFabrica(info);
-    orientacion = deFabrica.pageLayout().orientation() == QPageLayout::Landscape ? ladoHorizontal : ladoVertical;
+    orientacion =
+        deFabrica.pageLayout().orientation() == QPageLayout::Landscape ? ladoHorizontal : ladoVertical;
     return true;
 }
