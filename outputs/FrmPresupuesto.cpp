@@ -55,7 +55,7 @@ void repartirColumnas(QTableWidget *grilla, std::initializer_list<int> importes)
         grilla->setColumnWidth(columna, grilla->fontMetrics().averageCharWidth() * letrasDelImporte);
 }
 
-/// The row in hand, by its number; -1 for none.
+/// The row in hand, by its number; one beyond every row for none.
 std::size_t filaDe(const QTableWidget *grilla) {
     return static_cast<std::size_t>(grilla->currentRow());
 }
