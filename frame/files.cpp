@@ -31,7 +31,7 @@ QString NombreSeguro(const QString &texto) {
 }
 
 QString CarpetaDeArchivos(const AppContext &ctx, const QString &seccion) {
-    const QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccion, claveDeLaCarpeta);
+    QString guardada = ctx.ajustes.Leer(ajuste::zendra, seccion, claveDeLaCarpeta);
     if (!guardada.isEmpty() && QFileInfo(guardada).isDir()) return guardada;
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }

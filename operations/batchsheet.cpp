@@ -17,7 +17,7 @@ namespace {
 /// What stands in the way of the sheet, one sentence; empty when nothing does. Asked before the first line is
 /// written, so that a long run is not made in vain.
 QString defectoDelPedido(const Trabajo &t, const PedidoDeHoja &pedido, const QString &archivo) {
-    if (const QString defecto = DefectoDeRango(pedido.desde, pedido.hasta); !defecto.isEmpty())
+    if (QString defecto = DefectoDeRango(pedido.desde, pedido.hasta); !defecto.isEmpty())
         return defecto;
     const QString final = QFileInfo(archivo).suffix().toLower();
     if (final != "pdf"_L1 && final != "txt"_L1)

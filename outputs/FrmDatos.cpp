@@ -47,7 +47,7 @@ void FrmDatos::CmdAceptar_Click() {
 }
 
 std::optional<ValorDelPresupuesto> PedirImporte(const QString &concepto, const ValorDelPresupuesto &inicial) {
-    const auto valor = Pantalla<FrmDatos>().Pedir(concepto, inicial);
+    auto valor = Pantalla<FrmDatos>().Pedir(concepto, inicial);
     CerrarPantalla<FrmDatos>();
     return valor;
 }

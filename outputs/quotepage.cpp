@@ -163,11 +163,11 @@ QString escribirArchivo(const QString &ruta, const QByteArray &bytes) {
 /// Whether a folder takes files is known when one was written: what the system says of a folder's permissions
 /// is not the whole truth everywhere.
 QString escribirDondeSePueda(const AppContext &ctx, const QString &nombre, const QByteArray &bytes) {
-    const QString propia = ctx.ProgramFolder + nombre;
+    QString propia = ctx.ProgramFolder + nombre;
     if (escribirArchivo(propia, bytes).isEmpty()) return propia;
     const QDir documentos(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     documentos.mkpath(u"."_s);
-    const QString ajena = documentos.filePath(nombre);
+    QString ajena = documentos.filePath(nombre);
     const QString defecto = escribirArchivo(ajena, bytes);
     if (defecto.isEmpty()) return ajena;
     ctx.dialogos.critico(defecto);

@@ -217,7 +217,7 @@ QString EscribirXlsx(const Tabla &tabla, const QString &archivo) {
         // The library writes to a name of its own.
         const QTemporaryDir aparte;
         const QString borrador = aparte.filePath(u"lista.xlsx"_s);
-        if (const QString porque = Libro(tabla, borrador).Escribir(); !porque.isEmpty()) return porque;
+        if (QString porque = Libro(tabla, borrador).Escribir(); !porque.isEmpty()) return porque;
         QFile hecho(borrador);
         if (!hecho.open(QIODevice::ReadOnly))
             return u"no se pudo leer la planilla armada; revise el espacio en disco"_s;

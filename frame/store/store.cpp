@@ -165,7 +165,7 @@ void Conexion::EjecutarSeguidas(const QStringList &sentencias) {
     falla->fuente = i_->datos->entidad;
     falla->sentencia = sentencias.value(hechas);
     if (!i_->motor.vive(i_->db)) cerrar();
-    throw *falla;
+    throw Falla(*falla);
 }
 
 QSqlDatabase Conexion::coneccion() {
