@@ -182,10 +182,12 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
-qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> *filas,
+                         std::optional<Falla> &falla) {
     qsizetype hechas = 0;
     try {
-        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), nullptr);
+        for (; hechas < sentencias.size(); ++hechas)
+            correr(db, sentencias.at(hechas), filas == nullptr ? nullptr : &filas->emplace_back());
     } catch (const Falla &e) {
         falla = e;
     }
