@@ -1,7 +1,6 @@
 #include "liquidation/readpositions.h"
 
 #include "frame/base/values.h"
-#include "frame/context.h"
 #include "frame/entities.h"
 
 using namespace Qt::StringLiterals;

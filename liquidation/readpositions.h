@@ -5,9 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "frame/store/store.h"
-
-struct AppContext;
+#include "frame/context.h"
 
 /// What the stores tell of tariff positions, for the life of the object: an operation mostly repeats a few,
 /// and asking for them ahead is one journey to a server.
