@@ -21,6 +21,7 @@ namespace {
 
 constexpr int puntosDeLaPagina = 96;      ///< the density that a page's pixels are meant for
 constexpr int margenDelPresupuesto = 15;  ///< millimetres
+constexpr int letraComun = 12;            ///< pixels, of what the sheet of styles leaves without a size
 constexpr int letraDelPie = 11;           ///< pixels
 constexpr qreal altoDelPie = 24;          ///< pixels below the text, for the number of the page
 
@@ -131,6 +132,9 @@ QByteArray PresupuestoEnPdf(const QString &pagina, const QString &titulo) {
 
     QTextDocument documento;
     documento.setUseDesignMetrics(true);
+    QFont letra = documento.defaultFont();
+    letra.setPixelSize(letraComun);
+    documento.setDefaultFont(letra);
     documento.setDocumentMargin(0);
     documento.setMetaInformation(QTextDocument::CssMedia, u"print"_s);
     documento.setHtml(sinPuntos(paraQt(pagina)));
