@@ -294,9 +294,9 @@ void cambiarExistencias(Tokens &t) {
         // The first condition leaves the WHERE to the one behind it.
         const std::size_t sigue = t.significativo(e->nombra.finDeDerecha);
         if (t[e->conjuncion].es(Clave::Where) && t[sigue].es(Clave::And))
-            t.quitar(e->nombra.izquierda, sigue + 1);
+            t.quitar(e->nombra.izquierda, t.significativo(sigue + 1));
         else
-            t.quitar(e->conjuncion, e->nombra.finDeDerecha);
+            t.quitar(t.anterior(e->conjuncion) + 1, e->nombra.finDeDerecha);
     }
 }
 
