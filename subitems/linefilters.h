@@ -35,6 +35,7 @@ struct FiltroActivo {
     QString valor;
 
     bool activo() const { return numero != 0; }
+    bool operator==(const FiltroActivo &) const = default;
 };
 
 /// The filter with a value, its apostrophes removed. A filter that needs a value and is left without one is
