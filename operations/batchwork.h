@@ -64,6 +64,10 @@ int Imprimir(const Trabajo &t);
 int Presupuestar(const Trabajo &t);
 /// Writes a list, of an operation, a catalogue or none, into the file of --salida.
 int EscribirLista(const Trabajo &t);
+/// Changes one column on all lines of the operation, locked meanwhile.
+int CambiarLineas(const Trabajo &t);
+/// Tells the lines that a filter shows, one an object.
+int FiltrarLineas(const Trabajo &t);
 
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
@@ -71,5 +75,12 @@ int EscribirLista(const Trabajo &t);
 QString DefectoDeLista(const QString &nombre);
 QString DefectoDeClaveDeLista(const QStringList &argumentos);
 QString DefectoDeSalidaDeLista(const QString &archivo);
+
+// The same for the name of a change and of a filter, and for the value beside it.
+
+QString DefectoDeCambioMasivo(const QString &nombre);
+QString DefectoDeValorDeCambio(const QStringList &argumentos);
+QString DefectoDeFiltro(const QString &nombre);
+QString DefectoDeValorDeFiltro(const QStringList &argumentos);
 
 }  // namespace lote

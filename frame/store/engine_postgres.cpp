@@ -265,7 +265,7 @@ const Motor &servidor() {
         .etiqueta = u"SQL"_s,
         .formaDeFecha = u"'yyyy-MM-dd HH:mm:ss'"_s,
         .gramatica = {.expresiones = {quitarDbo, cambiarCorchetes, fechasComoMomento, cambiarSumas,
-                                      dividirConDecimales, cambiarLike},
+                                      dividirConDecimales, cambiarLike, cambiarExistencias},
                       .ordenDeInsercion = ordenDeInsercion,
                       .nulosAlFinal = true,
                       .identidad = identidadDeFila},

@@ -291,7 +291,7 @@ const Motor &archivo() {
         .formaDeFecha = u"#MM/dd/yyyy HH:mm:ss#"_s,
         // Brackets it reads as they stand, and never takes an unknown name between them for a text.
         .gramatica = {.expresiones = {quitarDbo, fechasComoTexto, cambiarFunciones, cambiarConcatenaciones,
-                                      guardarDivisores},
+                                      guardarDivisores, cambiarExistencias},
                       .ordenDeInsercion = "rowid"_L1,
                       .nulosAlFinal = false,
                       .identidad = identidadDeFila},
