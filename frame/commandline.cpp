@@ -122,7 +122,7 @@ QString obligatorias(const std::vector<Opcion> &opciones) {
     QString todas;
     for (const Opcion &o : opciones) {
         if (o.obligatoria) todas += u" "_s + conValor(o);
-        if (abreGrupo(opciones, o)) todas += u" "_s + delGrupo(opciones, o.grupo).join(u" | "_s);
+        if (abreGrupo(opciones, o)) todas += u" (%1)"_s.arg(delGrupo(opciones, o.grupo).join(u" | "_s));
     }
     return todas;
 }

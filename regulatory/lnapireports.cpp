@@ -27,7 +27,7 @@ namespace {
 
 using papel::Clase;
 
-constexpr int cien = 100;
+constexpr int cienPorCiento = 100;
 
 const QString finDeXls = u"xls"_s;
 const QString finDeXlsx = u"xlsx"_s;
@@ -42,7 +42,7 @@ struct FormaDeBusqueda {
     bool enParte;  ///< the value is a part of the column
 };
 
-const FormaDeBusqueda &formaDe(BusquedaDeReporte busqueda) {
+const FormaDeBusqueda &formaDeBusqueda(BusquedaDeReporte busqueda) {
     static const FormaDeBusqueda catalogo{"Catálogo", "idcatalogo", "idarticulo", false};
     static const FormaDeBusqueda articulo{"Artículo", "idarticulo", "idcatalogo", false};
     static const FormaDeBusqueda posicion{"Posición", "ncm", "idcatalogo", true};
@@ -57,7 +57,7 @@ const FormaDeBusqueda &formaDe(BusquedaDeReporte busqueda) {
     return posicion;
 }
 
-QString condicionDe(const FormaDeBusqueda &forma, const QString &valor) {
+QString condicionDeReporte(const FormaDeBusqueda &forma, const QString &valor) {
     const QLatin1StringView columna(forma.columna);
     return forma.enParte ? columna + " like "_L1 + TextoEnComillas(u'%' + valor + u'%')
                          : columna + "="_L1 + TextoEnComillas(valor);
@@ -89,7 +89,7 @@ const std::vector<ColumnaDeReporte> &columnasDeReporte() {
     return columnas;
 }
 
-QVariant celdaDe(const Recordset &rs, const ColumnaDeReporte &c) {
+QVariant celdaDeArticulo(const Recordset &rs, const ColumnaDeReporte &c) {
     switch (c.forma.clase) {
         case Clase::Numero:
             return rs.Numero(c.columna);
@@ -117,12 +117,12 @@ std::vector<NormaLnapi> licenciasDe(AppContext &ctx, const QString &posicion) {
 }
 
 /// The report as a list; nothing when `avance` stopped it.
-std::optional<papel::Tabla> tablaDe(AppContext &ctx, ArticulosDeReporte &articulos,
-                                    const AvanceDeReporte &avance) {
+std::optional<papel::Tabla> tablaDeReporte(AppContext &ctx, ArticulosDeReporte &articulos,
+                                           const AvanceDeReporte &avance) {
     papel::Tabla tabla;
     tabla.titulo = u"Reporte de catálogo"_s;
     tabla.subtitulo = u"%1 %2 - %3"_s.arg(
-        QString::fromUtf8(formaDe(articulos.busqueda).que), articulos.valor,
+        QString::fromUtf8(formaDeBusqueda(articulos.busqueda).que), articulos.valor,
         articulos.cantidad == 1 ? u"1 artículo"_s : u"%1 artículos"_s.arg(articulos.cantidad));
     tabla.orientacion = papel::Orientacion::Horizontal;
     for (const ColumnaDeReporte &c : columnasDeReporte()) tabla.columnas.push_back(c.forma);
@@ -138,14 +138,14 @@ std::optional<papel::Tabla> tablaDe(AppContext &ctx, ArticulosDeReporte &articul
         auto licencias = sabidas.constFind(posicion);
         if (licencias == sabidas.constEnd()) licencias = sabidas.insert(posicion, licenciasDe(ctx, posicion));
         papel::Fila fila;
-        for (const ColumnaDeReporte &c : columnasDeReporte()) fila.celdas.push_back(celdaDe(rs, c));
+        for (const ColumnaDeReporte &c : columnasDeReporte()) fila.celdas.push_back(celdaDeArticulo(rs, c));
         for (const NormaLnapi &n : *licencias) {
             tabla.filas.push_back(fila);
             tabla.filas.back().celdas.emplace_back(n.lnapi);
             tabla.filas.back().celdas.emplace_back(n.norma);
         }
         ++hechos;
-        const int porciento = hechos * cien / std::max(1, articulos.cantidad);
+        const int porciento = hechos * cienPorCiento / std::max(1, articulos.cantidad);
         if (avance && porciento != std::exchange(dicho, porciento) && !avance(hechos, articulos.cantidad))
             return {};
     }
@@ -185,7 +185,7 @@ QString escribirXls(const papel::Tabla &tabla, const QString &archivo, QChar sep
     });
 }
 
-QString finDe(const QString &archivo) {
+QString finDeReporte(const QString &archivo) {
     return QFileInfo(archivo).suffix().toLower();
 }
 
@@ -201,12 +201,13 @@ QString pedirArchivo(const AppContext &ctx, const ArticulosDeReporte &articulos)
     QString archivo = ctx.dialogos.guardarComo(
         {tituloDeGuardar, QDir(carpetaDelEscritorio()).filePath(nombre),
          u"XLS Delimitado por comas (*.xls);;Libro de Excel (*.xlsx);;All Files (*.*)"_s});
-    if (archivo.isEmpty() || finDe(archivo) == finDeXls || finDe(archivo) == finDeXlsx) return archivo;
+    if (archivo.isEmpty() || finDeReporte(archivo) == finDeXls || finDeReporte(archivo) == finDeXlsx)
+        return archivo;
     return archivo + u'.' + finDeXls;
 }
 
-bool generar(AppContext &ctx, BusquedaDeReporte busqueda, const QString &valor,
-             const AvanceDeReporte &avance) {
+bool generarReporte(AppContext &ctx, BusquedaDeReporte busqueda, const QString &valor,
+                    const AvanceDeReporte &avance) {
     auto articulos = BuscarArticulosDeReporte(ctx, busqueda, valor);
     if (!articulos) return false;
     if (avance && !avance(0, articulos->cantidad)) return false;
@@ -234,18 +235,18 @@ bool generar(AppContext &ctx, BusquedaDeReporte busqueda, const QString &valor,
 }  // namespace
 
 QString TextoDeAvance(int hechos, int cantidad) {
-    return QString::number(hechos * cien / std::max(1, cantidad)) + " %"_L1;
+    return QString::number(hechos * cienPorCiento / std::max(1, cantidad)) + " %"_L1;
 }
 
 std::optional<ArticulosDeReporte> BuscarArticulosDeReporte(AppContext &ctx, BusquedaDeReporte busqueda,
                                                            const QString &valor) {
-    const FormaDeBusqueda &forma = formaDe(busqueda);
+    const FormaDeBusqueda &forma = formaDeBusqueda(busqueda);
     if (forma.enParte && valor.size() < minimoDePosicionBuscada) {
         ctx.dialogos.advertir(u"Ingrese al menos %1 caracteres"_s.arg(minimoDePosicionBuscada));
         return {};
     }
     ArticulosDeReporte articulos{busqueda, valor, {}, 0};
-    const QString condicion = condicionDe(forma, valor);
+    const QString condicion = condicionDeReporte(forma, valor);
     const QLatin1StringView columna(forma.columna);
     if (!Consultar(
             ctx, entidad::catalogos,
@@ -276,27 +277,27 @@ std::optional<ArticulosDeReporte> BuscarArticulosDeReporte(AppContext &ctx, Busq
 ReporteDeLicencias EscribirReporte(AppContext &ctx, ArticulosDeReporte &articulos, const QString &archivo,
                                    const AvanceDeReporte &avance) {
     ReporteDeLicencias reporte;
-    const auto tabla = tablaDe(ctx, articulos, avance);
+    const auto tabla = tablaDeReporte(ctx, articulos, avance);
     if (!tabla) {
         reporte.detenido = true;
         reporte.porque = u"El reporte se detuvo a su pedido; no se escribió ningún archivo."_s;
         return reporte;
     }
-    reporte.porque = finDe(archivo) == finDeXlsx ? papel::EscribirXlsx(*tabla, archivo)
-                                                 : escribirXls(*tabla, archivo, ctx.SeparadorDecimal);
+    reporte.porque = finDeReporte(archivo) == finDeXlsx ? papel::EscribirXlsx(*tabla, archivo)
+                                                        : escribirXls(*tabla, archivo, ctx.SeparadorDecimal);
     reporte.hecho = reporte.porque.isEmpty();
     reporte.filas = static_cast<int>(tabla->filas.size());
     return reporte;
 }
 
 bool ReporteCatalogo(AppContext &ctx, const QString &valor, const AvanceDeReporte &avance) {
-    return generar(ctx, BusquedaDeReporte::Catalogo, valor, avance);
+    return generarReporte(ctx, BusquedaDeReporte::Catalogo, valor, avance);
 }
 
 bool ReporteArticulo(AppContext &ctx, const QString &valor, const AvanceDeReporte &avance) {
-    return generar(ctx, BusquedaDeReporte::Articulo, valor, avance);
+    return generarReporte(ctx, BusquedaDeReporte::Articulo, valor, avance);
 }
 
 bool ReportePosicion(AppContext &ctx, const QString &valor, const AvanceDeReporte &avance) {
-    return generar(ctx, BusquedaDeReporte::Posicion, valor, avance);
+    return generarReporte(ctx, BusquedaDeReporte::Posicion, valor, avance);
 }

@@ -16,8 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString teclasDeLicencias =
-    u"ENTER  generar el reporte del campo   ·   F6  listado del catálogo o de la posición   ·   ALT+M  ver "
-    u"las aclaraciones   ·   ESC  salir"_s;
+    u"ENTER  generar el reporte del campo   ·   F6  listado   ·   ALT+M  aclaraciones   ·   ESC  salir"_s;
 const QString teclasDelReporte = u"ESC  detener el reporte"_s;
 
 }  // namespace
@@ -62,8 +61,9 @@ bool FrmBuscarArticulosPorPA::Form_KeyDown(const QKeyEvent *tecla) {
         Form_Escape();
         return true;
     }
-    // A report serves events; nothing is begun in the middle of it.
-    return corriendo_;
+    // A report serves events; nothing is begun in the middle of it. An ENTER that nobody took would begin the
+    // first one, also from the notes.
+    return corriendo_ || EsEnter(tecla);
 }
 
 void FrmBuscarArticulosPorPA::Form_Escape() {
