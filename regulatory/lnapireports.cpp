@@ -12,7 +12,6 @@
 #include "frame/base/dates.h"
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
-#include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/files.h"
 #include "frame/paper/cells.h"

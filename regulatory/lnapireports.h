@@ -4,10 +4,8 @@
 #include <QString>
 #include <optional>
 
+#include "frame/context.h"
 #include "frame/paper/report.h"
-#include "frame/store/store.h"
-
-struct AppContext;
 
 /// What a report is of: a catalogue, an article in all of them, or a position or a part of one.
 enum class BusquedaDeReporte { Catalogo, Articulo, Posicion };
