@@ -69,6 +69,9 @@ int CambiarLineas(const Trabajo &t);
 /// Tells the lines that a filter shows, one an object.
 int FiltrarLineas(const Trabajo &t);
 
+/// Writes the report of --catalogo, --articulo or --posicion with its licences into the file of --salida.
+int EscribirLicencias(const Trabajo &t);
+
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
 
@@ -82,5 +85,10 @@ QString DefectoDeCambioMasivo(const QString &nombre);
 QString DefectoDeValorDeCambio(const QStringList &argumentos);
 QString DefectoDeFiltro(const QString &nombre);
 QString DefectoDeValorDeFiltro(const QStringList &argumentos);
+
+// What is wrong with a part of a position to look for, and with the file of a report.
+
+QString DefectoDePosicionBuscada(const QString &posicion);
+QString DefectoDeSalidaDeLicencias(const QString &archivo);
 
 }  // namespace lote

@@ -41,6 +41,21 @@ const consola::Programa &sinComandos() {
     return p;
 }
 
+const consola::Programa &conGrupo() {
+    static const consola::Programa p{
+        .nombre = "grua",
+        .texto = u"Levanta cosas."_s,
+        .comandos = {
+            {.nombre = "alzar",
+             .texto = "Alza una cosa.",
+             .opciones = {{.nombre = "caja", .valor = "N", .texto = "Una caja.", .grupo = "cosa"},
+                          {.nombre = "con", .valor = "GANCHO", .texto = "Con qué.", .obligatoria = true},
+                          {.nombre = "viga", .valor = "N", .texto = "Una viga.", .grupo = "cosa"},
+                          {.nombre = "todo", .texto = "Lo que haya.", .grupo = "cosa"}}},
+            {.nombre = "bajar", .texto = "Baja."}}};
+    return p;
+}
+
 consola::Pedido leer(const consola::Programa &p, const QStringList &argumentos) {
     return consola::Leer(p, QStringList{"x"} + argumentos);
 }
@@ -95,6 +110,21 @@ TEST(CommandLine, EveryWrongUseIsOneSentenceOfWhatAndWhereToLook) {
     seNiega(sinComandos(), {"--par"}, u"A la opción --par le falta su valor; vea pala --ayuda."_s);
     seNiega(sinComandos(), {"--ya=1"}, u"La opción --ya no lleva valor; vea pala --ayuda."_s);
     seNiega(sinComandos(), {"--ayuda=1"}, u"La opción --ayuda no lleva valor; vea pala --ayuda."_s);
+}
+
+TEST(CommandLine, OfAGroupOneOptionHasToComeAndNoOtherBesideIt) {
+    const QStringList orden{"alzar", "--con", "g"};
+    EXPECT_EQ(leer(conGrupo(), orden + QStringList{"--viga", "2"}).valor("viga"), "2"_L1);
+    EXPECT_TRUE(leer(conGrupo(), orden + QStringList{"--todo"}).tiene("todo"));
+    EXPECT_EQ(leer(conGrupo(), {"bajar"}).que, consola::Que::Trabajar) << "the group is of its command";
+    seNiega(conGrupo(), orden, u"Falta --caja N o --viga N o --todo; vea grua alzar --ayuda."_s);
+    seNiega(conGrupo(), orden + QStringList{"--viga", "1", "--caja", "1"},
+            u"Las opciones --caja y --viga no van juntas; vea grua alzar --ayuda."_s);
+    seNiega(conGrupo(), {"bajar", "--todo"},
+            u"La opción --todo es del comando alzar; vea grua bajar --ayuda."_s);
+    const QString ayuda = leer(conGrupo(), {"alzar", "--ayuda"}).texto;
+    EXPECT_TRUE(ayuda.contains(u"Uso: grua alzar (--caja N | --viga N | --todo) --con GANCHO [opciones]\n"_s))
+        << ayuda.toStdString();
 }
 
 TEST(CommandLine, TheHelpIsMadeOfTheDescription) {

@@ -224,6 +224,36 @@ TEST(Csv, RowsOfDataAloneWithTheirQuotesAndNothingThatRuns) {
               "'-1 x,'@a,2026-03-04,-2.5,0.0000001\r\n");
 }
 
+TEST(Listas, AMomentTellsItsHourEverywhereAndMidnightIsADay) {
+    papel::Tabla t;
+    t.titulo = u"Cambios"_s;
+    t.columnas = {{u"Cuándo"_s, Clase::Fecha, 20}};
+    t.filas = {{{QDateTime(QDate(2025, 12, 10), QTime(9, 30, 5))}},
+               {{QDateTime(QDate(2025, 12, 11), QTime(0, 0))}}};
+    EXPECT_EQ(textoDe(t),
+              "Cuándo              \n"
+              "────────────────────\n"
+              "10/12/2025 09:30:05\n"
+              "11/12/2025");
+    const QStringList celdas = leido(t);
+    EXPECT_TRUE(celdas.contains(u"A2 d datetime.datetime(2025, 12, 10, 9, 30, 5) dd/mm/yyyy hh:mm:ss -"_s))
+        << celdas.join(u'\n').toStdString();
+    EXPECT_TRUE(celdas.contains(u"A3 d datetime.datetime(2025, 12, 11, 0, 0) dd/mm/yyyy -"_s));
+    const QTemporaryDir dir;
+    ASSERT_EQ(papel::EscribirCsv(t, dir.filePath(u"a.csv"_s)), QString());
+    EXPECT_EQ(contenidoDe(dir.filePath(u"a.csv"_s)).toStdString(),
+              "Cuándo\r\n2025-12-10 09:30:05\r\n2025-12-11\r\n");
+}
+
+TEST(Csv, AFormulaBehindBlanksGetsItsApostropheToo) {
+    papel::Tabla t;
+    t.columnas = {{u"T"_s, Clase::Texto, 5}};
+    t.filas = {{{u" =1+1"_s}}, {{u"\t@a"_s}}, {{u" a=1"_s}}, {{u"  "_s}}};
+    const QTemporaryDir dir;
+    ASSERT_EQ(papel::EscribirCsv(t, dir.filePath(u"a.csv"_s)), QString());
+    EXPECT_EQ(contenidoDe(dir.filePath(u"a.csv"_s)).toStdString(), "T\r\n' =1+1\r\n' @a\r\n a=1\r\n  \r\n");
+}
+
 TEST(Listas, AFirstPageIsPictured) {
     papel::Tabla t = tablaDeLineas();
     t.columnas[1].ancho = 44;

@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "frame/ui/Pantalla.h"
+#include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
@@ -65,7 +66,7 @@ TEST_P(CapturasDelNomenclador, TheSearch) {
     tecla(Qt::Key_Return);
     foto(consultas.ventana.get(), u"consultas-palabras"_s);
     EXPECT_EQ(orden(consultas.ventana.get(), consultas.ui.TxtSIM),
-              "TxtSIM CmdBuscar TxtDescripcion Command1 LstResult");
+              "TxtSIM CmdBuscar TxtDescripcion Command1 LstResult cmdLicencias");
 }
 
 TEST_P(CapturasDelNomenclador, TheSheet) {
@@ -103,6 +104,25 @@ TEST_P(CapturasDelNomenclador, Suffixes) {
     mostrar(sufijos.ventana.get());
     foto(sufijos.ventana.get(), u"sufijos"_s);
     EXPECT_EQ(orden(sufijos.ventana.get(), sufijos.ui.Grid), "Grid Grid2 txtLNAPINcm txtLNAPI");
+}
+
+TEST_P(CapturasDelNomenclador, Licences) {
+    auto &licencias = Pantalla<FrmBuscarArticulosPorPA>();
+    mostrar(licencias.ventana.get());
+    licencias.ui.txtCatalogoABuscar->setFocus();
+    foto(licencias.ventana.get(), u"licencias-vacia"_s);
+    EXPECT_EQ(orden(licencias.ventana.get(), licencias.ui.txtCatalogoABuscar),
+              "txtCatalogoABuscar cmdBuscarArticulosPorCodCat txtArticuloABuscar cmdBuscarArticulosPorCodArt "
+              "txtPosiciónNcmABuscar cmdBuscarArticulosPorPA Command1 Text1");
+    escribir(u"HIDPLATA"_s);
+    registro.archivos = {tienda->carpeta() + "/reporte.xls"_L1};
+    tecla(Qt::Key_Return);
+    licencias.ui.txtPosiciónNcmABuscar->setText(u"8708.80.00.110K"_s);
+    atajo(Qt::Key_M);
+    foto(licencias.ventana.get(), u"licencias"_s);
+    licencias.ui.txtPosiciónNcmABuscar->setText(u"8708.80"_s);
+    atajo(Qt::Key_M);
+    foto(licencias.ventana.get(), u"licencias-ninguna"_s);
 }
 
 // Pictures of one store are enough: the screens are the same.

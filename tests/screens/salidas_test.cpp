@@ -56,6 +56,7 @@
 #include "outputs/FrmProcesando.h"
 #include "outputs/FrmReferencias.h"
 #include "outputs/FrmTransferencia.h"
+#include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
@@ -167,6 +168,7 @@ class Salidas : public EnPantalla {
                                   }),
             salidaDe<FrmConGen>("FrmConGen", [] { Pantalla<FrmConGen>().Mostrar(); }),
             salidaDe<FrmConfig>("FrmConfig", [] { Pantalla<FrmConfig>().Mostrar(); }),
+            salidaDe<FrmBuscarArticulosPorPA>("FrmBuscarArticulosPorPA", [] { VerLicencias(posicion); }),
             salidaDe<FrmConsultas>("FrmConsultas", [] { Pantalla<FrmConsultas>().Mostrar(); }),
             salidaDe<FrmDetalleInterno>("FrmDetalleInterno", [] { AbrirInterno(vacia); }),
             salidaDe<FrmDetalleNomenclador>("FrmDetalleNomenclador", [] { VerDetalleNomenclador(posicion); }),
