@@ -14,14 +14,34 @@
 #include "header/FrmLstProrrateo.h"
 #include "header/changes.h"
 #include "header/regime.h"
+#include "subitems/FrmCatArticulos.h"
+#include "subitems/FrmCatArticulosBuscar.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmSufijos.h"
+#include "subitems/FrmbArticulos.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
+
+/// F6 on the catalogue goes through all of them; on the article it searches the one in hand or, without one,
+/// the code that is there in any. Nothing when the user left.
+ArticuloElegido ElegirArticulo(const CamposSubItem &c, bool desdeElCatalogo) {
+    const QString catalogo = c.TxtIdCatalogo.trimmed();
+    const QString escrito = c.txtIdArticulo.trimmed();
+    if (desdeElCatalogo || (catalogo.isEmpty() && escrito.isEmpty()))
+        return SeleccionarArticulo(catalogo).value_or(ArticuloElegido{});
+    if (catalogo.isEmpty()) {
+        const auto hallado = Pantalla<FrmCatArticulosBuscar>().Buscar(BusquedaEnCatalogos::Articulo, escrito);
+        CerrarPantalla<FrmCatArticulosBuscar>();
+        return hallado.value_or(ArticuloElegido{});
+    }
+    const QString articulo = Pantalla<FrmbArticulos>().Elegir(catalogo, escrito);
+    CerrarPantalla<FrmbArticulos>();
+    return articulo.isEmpty() ? ArticuloElegido{} : ArticuloElegido{catalogo, articulo};
+}
 
 }  // namespace
 
@@ -263,6 +283,8 @@ bool FrmSubItems::Campo_F6(const Campo &campo) {
             if (elegida.isEmpty()) return;
             s_.campos.TxtPosicion = elegida;
             BuscarNCM(ctx, s_);
+        } else if (campo.control == ui.TxtIdCatalogo || campo.control == ui.txtIdArticulo) {
+            TomarArticulo(ctx, s_, ElegirArticulo(s_.campos, campo.control == ui.TxtIdCatalogo));
         } else if (campo.control == ui.TxtCodProrrateo) {
             const QString codigo = Pantalla<FrmLstProrrateo>().Elegir(s_.interno);
             CerrarPantalla<FrmLstProrrateo>();

@@ -31,16 +31,6 @@ bool esControl(const QString &control, const char *nombre) {
     return control.compare(L(nombre), Qt::CaseInsensitive) == 0;
 }
 
-/// `valor` in the form of the mask when nothing is lost by it, else as it is.
-QString conForma(const AppContext &ctx, double valor, QStringView mascara) {
-    QString texto = Format(valor, mascara, ctx.SeparadorDecimal);
-    if (aNumero(texto) != valor) {
-        texto = numeros::aTexto(valor);
-        ReemplazarSeparadorDecimal(texto, ctx.SeparadorDecimal);
-    }
-    return texto;
-}
-
 void leerCaratula(AppContext &ctx, SubItems &s) {
     Recordset rs;
     if (!Consultar(ctx, internos,
@@ -73,30 +63,6 @@ void ponerDescripciones(AppContext &ctx, CamposSubItem &c) {
     c.LbDescPais = getPaisDescripcion(ctx, c.TxtIdpais);
     c.LbDescPaisProc = getPaisDescripcion(ctx, c.txtIdPaisProc);
     c.LbDescEstado = getEstadoMercaderiaDescripcion(ctx, c.TxtIdEstadoMercaderia);
-}
-
-/// The row of `filas` that the user picks, with the search as one types; -1 when the list is left.
-int elegirDe(AppContext &ctx, const QString &titulo, const QStringList &filas) {
-    return ctx.dialogos.elegir({titulo, filas, -1, Eleccion::Tipo::Codigos});
-}
-
-bool elegirCatalogo(AppContext &ctx, SubItems &s) {
-    const QStringList todos = ArticleStore::Catalogos(ctx);
-    const int cual = elegirDe(ctx, u"Catálogos"_s, todos);
-    if (cual < 0) return false;
-    s.campos.TxtIdCatalogo = todos.at(cual);
-    return true;
-}
-
-bool elegirArticulo(AppContext &ctx, SubItems &s) {
-    const auto articulos = ArticleStore::Articulos(ctx, s.campos.TxtIdCatalogo);
-    QStringList filas;
-    filas.reserve(static_cast<qsizetype>(articulos.size()));
-    for (const auto &a : articulos) filas << a.idarticulo + " - "_L1 + a.descripcion;
-    const int cual = elegirDe(ctx, u"Artículos de "_s + s.campos.TxtIdCatalogo, filas);
-    if (cual < 0) return false;
-    s.campos.txtIdArticulo = articulos.at(static_cast<std::size_t>(cual)).idarticulo;
-    return BuscarArticuloSobreCat(ctx, s);
 }
 
 /// ENTER on a field with a code table.
@@ -237,8 +203,6 @@ Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control
 }
 
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control) {
-    if (esControl(control, "TxtIdCatalogo")) return !s.articuloFijo && elegirCatalogo(ctx, s);
-    if (esControl(control, "txtIdArticulo")) return !s.articuloFijo && elegirArticulo(ctx, s);
     const DefinicionDeCampo *d = CampoDeSubItem(control);
     if (d == nullptr || *d->clave == 0) return false;
     CampoDeCodigo campo{s.campos.*d->campo, {}, {}};
@@ -254,6 +218,14 @@ void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control) {
     if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(ctx, s);
     // Only the field that leads moves the other one.
     if (esControl(control, s.opFobUnitario ? "TxtUnitario" : "TxtFobTotal")) CalcularFob(ctx, s);
+}
+
+bool TomarArticulo(AppContext &ctx, SubItems &s, const ArticuloElegido &elegido) {
+    if (s.articuloFijo || elegido.idcatalogo.isEmpty()) return false;
+    s.campos.TxtIdCatalogo = elegido.idcatalogo;
+    if (elegido.idarticulo.isEmpty()) return true;
+    s.campos.txtIdArticulo = elegido.idarticulo;
+    return BuscarArticuloSobreCat(ctx, s);
 }
 
 bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {
@@ -346,7 +318,9 @@ bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     for (const Columna &columna : columnas) {
         const QString nombre = L(columna.nombre);
         c.*columna.campo =
-            columna.mascara == nullptr ? rs.Texto(nombre) : conForma(ctx, rs.Numero(nombre), columna.mascara);
+            columna.mascara == nullptr
+                ? rs.Texto(nombre)
+                : numeros::FormatSinPerdida(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal);
     }
     c.cboBiendeUso = rs.Texto(u"biendeuso") == "S"_L1 ? u"S"_s : u"N"_s;
     c.LbLapi = rs.Texto(u"lapi") == "S"_L1;
