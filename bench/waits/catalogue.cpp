@@ -20,8 +20,8 @@ class CatalogoGrande : public EnPantalla {
         for (int desde = 0; desde < cuantosArticulos; desde += porInsercion) {
             QStringList filas;
             for (int n = desde; n < desde + porInsercion; ++n)
-                filas << u"('GRANDE','ART-%1','Artículo número %1 del catálogo','8413.70.10.100L','07',1)"_s.arg(
-                    QString::number(n).rightJustified(5, '0'_L1));
+                filas << u"('GRANDE','ART-%1','Artículo número %1 del catálogo','8413.70.10.100L','07',1)"_s
+                             .arg(QString::number(n).rightJustified(5, '0'_L1));
             ejecutar(
                 u"insert into catarticulos (idcatalogo,idarticulo,descripcion,ncm,idunidad,preciounitario) "
                 "values "_s +

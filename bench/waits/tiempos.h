@@ -22,8 +22,8 @@ inline double Apretura() {
 
 inline void NadaAntes() {}
 
-/// The best of `veces` runs of `hacer`, in milliseconds of a machine of our own; `preparar` comes ahead of each
-/// and is not counted.
+/// The best of `veces` runs of `hacer`, in milliseconds of a machine of our own; `preparar` comes ahead of
+/// each and is not counted.
 template <class F, class P = void (*)()>
 double MejorTiempo(F hacer, int veces = 7, P preparar = NadaAntes) {
     double mejor = 1e9;

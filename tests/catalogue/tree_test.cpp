@@ -29,10 +29,7 @@ struct ArbolDePrueba {
 
 TEST(CatalogueTree, ArticlesAreReadWhenTheirCatalogueIsExpandedAndOnce) {
     ArbolDePrueba t;
-    const QAbstractItemModelTester vigia(&t.modelo, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    const QModelIndex uno = t.modelo.index(0, 0);
-    t.lecturas = 0;
-    t.modelo.fijar({{u"UNO"_s, 3}, {u"DOS"_s, 1}});
+    EXPECT_EQ(t.lecturas, 0);
     const QModelIndex catalogo = t.modelo.index(0, 0);
     EXPECT_EQ(catalogo.data().toString(), u"UNO"_s);
     EXPECT_EQ(catalogo.siblingAtColumn(ModeloDeCatalogos::Descripcion).data().toString(), u"3 artículos"_s);
@@ -40,11 +37,23 @@ TEST(CatalogueTree, ArticlesAreReadWhenTheirCatalogueIsExpandedAndOnce) {
     t.modelo.fetchMore(catalogo);
     EXPECT_EQ(t.modelo.rowCount(catalogo), 3);
     EXPECT_FALSE(t.modelo.canFetchMore(catalogo));
+    t.modelo.fetchMore(catalogo);
+    EXPECT_EQ(t.lecturas, 1);
     const QModelIndex beta = t.modelo.index(1, 0, catalogo);
     EXPECT_EQ(t.modelo.catalogoDe(beta), u"UNO"_s);
     EXPECT_EQ(t.modelo.articuloDe(beta), u"B"_s);
     EXPECT_EQ(beta.siblingAtColumn(ModeloDeCatalogos::Posicion).data().toString(), u"2"_s);
     EXPECT_EQ(t.modelo.articuloDe(catalogo), QString());
+}
+
+TEST(CatalogueTree, AViewFindsItSoundWhileItGrowsAndIsReplaced) {
+    ArbolDePrueba t;
+    const QAbstractItemModelTester vigia(&t.modelo, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    t.modelo.fetchMore(t.modelo.index(0, 0));
+    t.modelo.alternarMarca(t.modelo.index(0, 0));
+    t.modelo.fijar({{u"DOS"_s, 1}});
+    t.modelo.fetchMore(t.modelo.index(0, 0));
+    EXPECT_EQ(t.modelo.rowCount(t.modelo.index(0, 0)), 1);
 }
 
 TEST(CatalogueTree, AReadThatFailedIsTriedAgain) {

@@ -470,4 +470,32 @@ TEST_P(PantallaDeCatalogos, MenusAndToolbarsOfferWhatTheModeHas) {
     tecla(Qt::Key_Escape);
 }
 
+class CapturasDeCatalogos : public EnPantalla {};
+INSTANTIATE_TEST_SUITE_P(Stores, CapturasDeCatalogos, ::testing::Values("ACCESS"));
+
+TEST_P(CapturasDeCatalogos, TheTreeAndTheArticle) {
+    auto &p = Pantalla<FrmCatArticulos>();
+    p.Mostrar();
+    esperarVentana(p.ventana.get());
+    tecla(Qt::Key_Down);
+    tecla(Qt::Key_Plus);
+    for (int n = 0; n < 3; ++n) tecla(Qt::Key_Down);
+    tecla(Qt::Key_Space);
+    foto(p.ventana.get(), u"catalogos"_s);
+    EXPECT_EQ(ordenDeTab(p.ventana.get()).join(u' '), u"TvArticulos"_s);
+    registro.textos = {u"NP-4000"_s};
+    tecla(Qt::Key_F9);
+    foto(p.ventana.get(), u"articulo-nuevo"_s);
+    conPantallaModal<FrmCatArticulosBuscar>([](FrmCatArticulosBuscar &) { tecla(Qt::Key_Return); });
+    tecla(Qt::Key_F3);
+    esperarVentana(p.ventana.get());
+    foto(p.ventana.get(), u"articulo"_s);
+    EXPECT_EQ(
+        ordenDeTab(p.ventana.get()).join(u' '),
+        u"TxtDescArticulos txtDescripcionMaria TxtPosicion TxtUnitario TxtUnidad txtKgUnitario txtSufijos "
+        "TxtIdpais txtIdPaisProc TxtIdEstadoMercaderia ckBiendeUso TxtNaladisa TxtCodigoEAN TxtFiller "
+        "txtOtros CmdGuardar LstVentajas cmdVincularVentaja cmdQuitarVentaja CmdNuevo"_s);
+    tecla(Qt::Key_Escape);
+}
+
 }  // namespace

@@ -57,6 +57,7 @@
 #include "outputs/FrmReferencias.h"
 #include "outputs/FrmTransferencia.h"
 #include "subitems/FrmCargaSufijos.h"
+#include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
 #include "subitems/FrmPosicion.h"
@@ -165,6 +166,8 @@ class Salidas : public EnPantalla {
                                       QString nombre;
                                       SeleccionarCliente(cuit, nombre);
                                   }),
+            salidaDe<FrmCatArticulos>("FrmCatArticulos", [] { Pantalla<FrmCatArticulos>().Mostrar(); }),
+            salidaDe<FrmCatArticulos>("FrmCatArticulos", [] { SeleccionarArticulo({}); }),
             salidaDe<FrmConGen>("FrmConGen", [] { Pantalla<FrmConGen>().Mostrar(); }),
             salidaDe<FrmConfig>("FrmConfig", [] { Pantalla<FrmConfig>().Mostrar(); }),
             salidaDe<FrmConsultas>("FrmConsultas", [] { Pantalla<FrmConsultas>().Mostrar(); }),
