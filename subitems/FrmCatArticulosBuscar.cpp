@@ -39,7 +39,7 @@ std::optional<ArticuloElegido> FrmCatArticulosBuscar::Buscar(BusquedaEnCatalogos
     Manejar(ctx, [&] { filas_ = BuscarEnCatalogos(ctx, por, valor); });
     if (filas_.empty()) return {};
     ui.lbTituloBusqueda->setText(
-        (por == BusquedaEnCatalogos::Articulo ? "Artículo "_L1 : "Artículos de la posición "_L1) + valor);
+        (por == BusquedaEnCatalogos::Articulo ? u"Artículo "_s : u"Artículos de la posición "_s) + valor);
     std::vector<QStringList> celdas;
     celdas.reserve(filas_.size());
     for (const ArticuloEncontrado &f : filas_)

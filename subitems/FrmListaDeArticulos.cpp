@@ -73,7 +73,7 @@ void ListaDeArticulos::contar() {
 
 QString ListaDeArticulos::Elegir(const QString &idcatalogo, const QString &buscado) {
     idcatalogo_ = idcatalogo;
-    c_.titulo->setText("Artículos de "_L1 + idcatalogo);
+    c_.titulo->setText(u"Artículos de "_s + idcatalogo);
     c_.CboCampo->setCurrentIndex(0);
     c_.TxtValor->clear();
     CargarTodo();

@@ -14,14 +14,32 @@
 #include "header/FrmLstProrrateo.h"
 #include "header/changes.h"
 #include "header/regime.h"
+#include "subitems/FrmCatArticulosBuscar.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmSufijos.h"
+#include "subitems/FrmbArticulos.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using L = QLatin1String;
+
+/// The article of the catalogue in hand, or of any when there is none; nothing when the user left.
+ArticuloElegido ElegirArticulo(const CamposSubItem &c) {
+    const QString catalogo = c.TxtIdCatalogo.trimmed();
+    const QString escrito = c.txtIdArticulo.trimmed();
+    if (!catalogo.isEmpty()) {
+        const QString articulo = Pantalla<FrmbArticulos>().Elegir(catalogo, escrito);
+        CerrarPantalla<FrmbArticulos>();
+        return articulo.isEmpty() ? ArticuloElegido{} : ArticuloElegido{catalogo, articulo};
+    }
+    if (escrito.isEmpty())
+        return BuscarEnTodosLosCatalogos(BusquedaEnCatalogos::Articulo).value_or(ArticuloElegido{});
+    const auto hallado = Pantalla<FrmCatArticulosBuscar>().Buscar(BusquedaEnCatalogos::Articulo, escrito);
+    CerrarPantalla<FrmCatArticulosBuscar>();
+    return hallado.value_or(ArticuloElegido{});
+}
 
 }  // namespace
 
@@ -258,6 +276,8 @@ bool FrmSubItems::Campo_F6(const Campo &campo) {
             if (elegida.isEmpty()) return;
             s_.campos.TxtPosicion = elegida;
             BuscarNCM(ctx, s_);
+        } else if (campo.control == ui.txtIdArticulo) {
+            TomarArticulo(ctx, s_, ElegirArticulo(s_.campos));
         } else if (campo.control == ui.TxtCodProrrateo) {
             const QString codigo = Pantalla<FrmLstProrrateo>().Elegir(s_.interno);
             CerrarPantalla<FrmLstProrrateo>();

@@ -187,15 +187,15 @@ std::vector<ArticuloEncontrado> BuscarEnCatalogos(AppContext &ctx, BusquedaEnCat
     if (filas.empty())
         ctx.dialogos.informar(
             por == BusquedaEnCatalogos::Articulo
-                ? "Ningún catálogo tiene el artículo "_L1 + valor + ", revise el código completo."_L1
-                : "Ningún catálogo tiene artículos en la posición "_L1 + valor + ", revise la posición."_L1,
+                ? u"Ningún catálogo tiene el artículo %1, revise el código completo."_s.arg(valor)
+                : u"Ningún catálogo tiene artículos en la posición %1, revise la posición."_s.arg(valor),
             TituloDeBusqueda(por));
     return filas;
 }
 
 bool EliminarArticuloDeLista(AppContext &ctx, const ArticuloElegido &articulo) {
     if (!ctx.dialogos.preguntar(
-            {"Confima eliminar el articulo "_L1 + articulo.idarticulo, {}, Icono::Pregunta, true}))
+            {"Confima eliminar el articulo "_L1 + articulo.idarticulo, {}, Icono::Pregunta, false}))
         return false;
     const QString clave = "idcatalogo = "_L1 + TextoEnComillas(articulo.idcatalogo) +
                           " and idarticulo = "_L1 + TextoEnComillas(articulo.idarticulo);

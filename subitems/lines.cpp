@@ -78,17 +78,6 @@ bool elegirCatalogo(AppContext &ctx, SubItems &s) {
     return true;
 }
 
-bool elegirArticulo(AppContext &ctx, SubItems &s) {
-    const auto articulos = ArticleStore::Articulos(ctx, s.campos.TxtIdCatalogo);
-    QStringList filas;
-    filas.reserve(static_cast<qsizetype>(articulos.size()));
-    for (const auto &a : articulos) filas << a.idarticulo + " - "_L1 + a.descripcion;
-    const int cual = elegirDe(ctx, u"Artículos de "_s + s.campos.TxtIdCatalogo, filas);
-    if (cual < 0) return false;
-    s.campos.txtIdArticulo = articulos.at(static_cast<std::size_t>(cual)).idarticulo;
-    return BuscarArticuloSobreCat(ctx, s);
-}
-
 /// ENTER on a field with a code table.
 void codigoEnter(AppContext &ctx, SubItems &s, const DefinicionDeCampo &d) {
     QString codigo = s.campos.*d.campo;
@@ -228,7 +217,6 @@ Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control
 
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control) {
     if (esControl(control, "TxtIdCatalogo")) return !s.articuloFijo && elegirCatalogo(ctx, s);
-    if (esControl(control, "txtIdArticulo")) return !s.articuloFijo && elegirArticulo(ctx, s);
     const DefinicionDeCampo *d = CampoDeSubItem(control);
     if (d == nullptr || *d->clave == 0) return false;
     CampoDeCodigo campo{s.campos.*d->campo, {}, {}};
@@ -244,6 +232,14 @@ void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control) {
     if (esControl(control, "txtKgUnitario")) CalcularKgUnitario(ctx, s);
     // Only the field that leads moves the other one.
     if (esControl(control, s.opFobUnitario ? "TxtUnitario" : "TxtFobTotal")) CalcularFob(ctx, s);
+}
+
+bool TomarArticulo(AppContext &ctx, SubItems &s, const ArticuloElegido &elegido) {
+    if (s.articuloFijo || elegido.idcatalogo.isEmpty()) return false;
+    s.campos.TxtIdCatalogo = elegido.idcatalogo;
+    if (elegido.idarticulo.isEmpty()) return true;
+    s.campos.txtIdArticulo = elegido.idarticulo;
+    return BuscarArticuloSobreCat(ctx, s);
 }
 
 bool BuscarArticuloSobreCat(AppContext &ctx, SubItems &s) {

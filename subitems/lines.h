@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "frame/base/verdict.h"
+#include "subitems/articlesearch.h"
 #include "subitems/inputslink.h"
 
 struct AppContext;
@@ -134,13 +135,17 @@ void CalcularFob(const AppContext &ctx, SubItems &s);
 /// ENTER on a field: the position (BuscarNCM), the article (BuscarArticuloSobreCat, unless it is locked), or
 /// the description of a coded field. Walking over a line with ENTER recalculates nothing.
 Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control);
-/// F6 on a coded field, on the catalogue and on its article (which fills the line). False when nothing was
-/// chosen, while the article is locked, and for a field without a list here: the position and the proration
-/// code have screens of their own.
+/// F6 on a coded field and on the catalogue. False when nothing was chosen, while the article is locked, and
+/// for a field without a list here: the article, the position and the proration code have screens of their
+/// own.
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control);
 /// The user changed a text: the figures that follow it (units, kilos, and the price or the total, by the
 /// mode). Not for texts that the program sets.
 void CampoDeLineaCambia(AppContext &ctx, SubItems &s, const QString &control);
+
+/// What a search of articles left chosen goes into the line: its catalogue, and the article, which fills it.
+/// False, with nothing changed, when nothing was chosen and while the article is locked.
+bool TomarArticulo(AppContext &ctx, SubItems &s, const ArticuloElegido &elegido);
 
 /// Looks the article of TxtIdCatalogo and txtIdArticulo up in the article store and fills the line from it;
 /// its suffixes are to be reconfirmed. False, with the description emptied and nothing told, when the store

@@ -26,6 +26,18 @@ TEST(BusquedaPorPrefijo, IgnoresCaseAndAccentsAndTheBlankOfUnits) {
     EXPECT_EQ(BuscadorPorPrefijo().Primera(u"a"_s), -1);
 }
 
+TEST(BusquedaPorContenido, FindsEveryRowThatHoldsTheTextWhateverItsCaseAndAccents) {
+    const BuscadorPorContenido buscador({u"Bomba"_s, u"Cañón 50%"_s, QString(), u"BOMBÍN"_s});
+    using Filas = std::vector<int>;
+    EXPECT_EQ(buscador.Filas(u"omb"_s), (Filas{0, 3}));
+    EXPECT_EQ(buscador.Filas(u"bin"_s), Filas{3});
+    EXPECT_EQ(buscador.Filas(u"CAÑ"_s), Filas{1});
+    EXPECT_EQ(buscador.Filas(u"0%"_s), Filas{1});
+    EXPECT_EQ(buscador.Filas(u"b%b"_s), Filas{}) << "no pattern";
+    EXPECT_EQ(buscador.Filas({}), (Filas{0, 1, 2, 3}));
+    EXPECT_EQ(BuscadorPorContenido().Filas(u"a"_s), Filas{});
+}
+
 TEST(EstadoDeUnaLista, TypingChoosesTheFirstRowThatBeginsSoAndNoMatchChoosesNone) {
     EstadoDeLista lista({u"Bolsa"_s, u"Caja"_s, u"Cajón"_s});
     EXPECT_EQ(lista.actual, -1);

@@ -279,24 +279,35 @@ TEST_P(CamposDeLinea, AnUnknownArticleEmptiesTheDescriptionInSilence) {
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
-TEST_P(CamposDeLinea, CataloguesAndArticlesAreListed) {
+TEST_P(CamposDeLinea, CataloguesAreListed) {
     ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('ABC','Z','Última')",
              "CATALOGOS");
-    ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('CAT','A-0','Primera')",
-             "CATALOGOS");
-    registro.indices = {1, 1, -1};
+    registro.indices = {1, -1};
     EXPECT_TRUE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo"));
     EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
     EXPECT_EQ(registro.elecciones.back().filas.join('|').toStdString(), "ABC|CAT");
-    EXPECT_TRUE(CampoDeLineaF6(*ctx, s, "txtIdArticulo"));
-    EXPECT_EQ(registro.elecciones.back().filas.join('|').toStdString(), "A-0 - Primera|B-1 - Bomba chica");
-    EXPECT_EQ(s.campos.txtIdArticulo.toStdString(), "B-1");
-    EXPECT_EQ(s.campos.TxtPosicion, posBomba) << "the line is filled";
     EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo")) << "left";
     s.articuloFijo = true;
     registro.indices = {0};
     EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo"));
     EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
+}
+
+TEST_P(CamposDeLinea, AnArticleThatWasChosenFillsTheLine) {
+    s.campos.TxtIdCatalogo = "ABC";
+    EXPECT_FALSE(TomarArticulo(*ctx, s, {})) << "left";
+    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "ABC");
+    EXPECT_TRUE(TomarArticulo(*ctx, s, {"CAT", "B-1"}));
+    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
+    EXPECT_EQ(s.campos.txtIdArticulo.toStdString(), "B-1");
+    EXPECT_EQ(s.campos.TxtPosicion, posBomba);
+    EXPECT_EQ(s.campos.LbDescCatalogo.toStdString(), "B-1 - Bomba chica");
+    EXPECT_TRUE(TomarArticulo(*ctx, s, {"OTRO", {}})) << "the catalogue alone";
+    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "OTRO");
+    EXPECT_EQ(s.campos.txtIdArticulo.toStdString(), "B-1");
+    s.articuloFijo = true;
+    EXPECT_FALSE(TomarArticulo(*ctx, s, {"CAT", "B-1"}));
+    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "OTRO");
 }
 
 // Codes

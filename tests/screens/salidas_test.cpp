@@ -56,13 +56,16 @@
 #include "outputs/FrmProcesando.h"
 #include "outputs/FrmReferencias.h"
 #include "outputs/FrmTransferencia.h"
+#include "subitems/FrmArticulos.h"
 #include "subitems/FrmCargaSufijos.h"
 #include "subitems/FrmCatArticulos.h"
+#include "subitems/FrmCatArticulosBuscar.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmSubItems.h"
 #include "subitems/FrmSufijos.h"
+#include "subitems/FrmbArticulos.h"
 #include "tests/support/pantallas.h"
 #include "tests/support/servidorsmtp.h"
 #include "upgrade/schema.h"
@@ -145,6 +148,22 @@ class Salidas : public EnPantalla {
                                    CerrarPantalla<FrmAdCon>();
                                }),
             salidaDe<FrmArmarItem>("FrmArmarItem", [] { Pantalla<FrmArmarItem>().Mostrar(vacia, {}); }),
+            salidaDe<FrmArticulos>("FrmArticulos",
+                                   [] {
+                                       Pantalla<FrmArticulos>().Elegir(u"HIDPLATA"_s);
+                                       CerrarPantalla<FrmArticulos>();
+                                   }),
+            salidaDe<FrmbArticulos>("FrmbArticulos",
+                                    [] {
+                                        Pantalla<FrmbArticulos>().Elegir(u"HIDPLATA"_s);
+                                        CerrarPantalla<FrmbArticulos>();
+                                    }),
+            salidaDe<FrmCatArticulosBuscar>("FrmCatArticulosBuscar",
+                                            [] {
+                                                Pantalla<FrmCatArticulosBuscar>().Buscar(
+                                                    BusquedaEnCatalogos::Posicion, u"8413."_s);
+                                                CerrarPantalla<FrmCatArticulosBuscar>();
+                                            }),
             salidaDe<FrmBase>("FrmBase", [] { Pantalla<FrmBase>().Mostrar(); }),
             salidaDe<FrmCaratula>(
                 "FrmCaratula", [] { Pantalla<FrmCaratula>().Mostrar(vacia); }, completarCaratula),

@@ -9,6 +9,7 @@
 #include "header/automotive.h"
 #include "operations/FrmDetalleInterno.h"
 #include "subitems/FrmPosicion.h"
+#include "subitems/FrmbArticulos.h"
 #include "tests/screens/subitems_pantalla.h"
 
 using namespace Qt::StringLiterals;
@@ -100,7 +101,13 @@ TEST_P(LineasNuevas, F6ListsCataloguesArticlesPositionsUnitsAndCountries) {
     };
     elegir(ui.TxtIdCatalogo, u"HIDPLATA"_s);
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s);
-    elegir(ui.txtIdArticulo, u"NP-1100"_s);
+    irA(ui.txtIdArticulo);
+    conPantallaModal<FrmbArticulos>([](FrmbArticulos &articulos) {
+        EXPECT_EQ(articulos.ui.lbTituloArticulos->text(), u"Artículos de HIDPLATA"_s);
+        escribir(u"NP-11"_s);
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
     EXPECT_EQ(ui.TxtDescArticulos->text(), u"Electrobomba sumergible 1100 W"_s);
     llenarYSeguir(ui.TxtCantidad, u"2"_s);
     while (QApplication::focusWidget() != ui.TxtUnidad) tecla(Qt::Key_Backtab);

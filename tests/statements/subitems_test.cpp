@@ -205,6 +205,16 @@ const Caso articulos[] = {
      "idcatalogo = 'CAT' "
      "and ncm like '%8409%'",
      Espera::Filas, "CATALOGOS", "ART1|8409.91.12.100G|Bielas|2|10.5|juan|2026-01-31 12:00:00"},
+    {"ArticleAcrossCatalogues",
+     "select idcatalogo,idarticulo,descripcion,ncm,preciounitario from catarticulos where idarticulo = 'art1' "
+     "order by idcatalogo,idarticulo",
+     Espera::Filas, "CATALOGOS"},
+    {"PositionAcrossCatalogues",
+     "select idcatalogo,idarticulo,descripcion,ncm,preciounitario from catarticulos where ncm like '8409.%' "
+     "order by idcatalogo,idarticulo",
+     Espera::Filas, "CATALOGOS"},
+    {"ArticleGoes", "delete from catarticulos where idcatalogo = 'CAT' and idarticulo = 'ART1'",
+     Espera::Filas, "CATALOGOS", "1"},
     {"WholeCatalogue", "select * from catarticulos where idcatalogo = 'CAT'", Espera::Filas, "CATALOGOS"},
 };
 SENTENCIAS(Catalogue, articulos);
