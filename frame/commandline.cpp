@@ -104,11 +104,26 @@ QString seccionDeOpciones(const QString &titulo, const std::vector<Opcion> &opci
     return seccion(titulo, renglones);
 }
 
+/// The options of which one has to come, as they are written, in their order.
+QStringList delGrupo(const std::vector<Opcion> &opciones, const char *grupo) {
+    QStringList suyas;
+    for (const Opcion &o : opciones)
+        if (t(o.grupo) == t(grupo)) suyas << conValor(o);
+    return suyas;
+}
+
+/// Whether an option is the first one of a group.
+bool abreGrupo(const std::vector<Opcion> &opciones, const Opcion &o) {
+    return *o.grupo != '\0' && delGrupo(opciones, o.grupo).front() == conValor(o);
+}
+
 /// The options that have to come, each behind a blank.
 QString obligatorias(const std::vector<Opcion> &opciones) {
     QString todas;
-    for (const Opcion &o : opciones)
+    for (const Opcion &o : opciones) {
         if (o.obligatoria) todas += u" "_s + conValor(o);
+        if (abreGrupo(opciones, o)) todas += u" "_s + delGrupo(opciones, o.grupo).join(u" | "_s);
+    }
     return todas;
 }
 
@@ -192,6 +207,19 @@ QString revisarOpciones(const Programa &p, const Comando *c, const QCommandLineP
     return {};
 }
 
+/// Of each group one option has to come, and one alone.
+QString revisarGrupos(const std::vector<Opcion> &opciones, const QCommandLineParser &leida) {
+    for (const Opcion &primera : opciones) {
+        if (!abreGrupo(opciones, primera)) continue;
+        QStringList dadas;
+        for (const Opcion &o : opciones)
+            if (t(o.grupo) == t(primera.grupo) && leida.isSet(t(o.nombre))) dadas << conGuiones(t(o.nombre));
+        if (dadas.isEmpty()) return u"Falta "_s + delGrupo(opciones, primera.grupo).join(u" o "_s);
+        if (dadas.size() > 1) return u"Las opciones %1 no van juntas"_s.arg(dadas.join(u" y "_s));
+    }
+    return {};
+}
+
 /// Looks at the options as they stand together.
 QString revisarCompania(const Programa &p, const Comando *c, const QCommandLineParser &leida) {
     for (const Opcion &o : opcionesDe(p, c)) {
@@ -202,6 +230,7 @@ QString revisarCompania(const Programa &p, const Comando *c, const QCommandLineP
             return u"Las opciones --%1 y --%2 no van juntas"_s.arg(t(o.nombre), t(o.excluyeA));
     }
     const std::vector<Opcion> suyas = opcionesDe(p, c);
+    if (QString defecto = revisarGrupos(suyas, leida); !defecto.isEmpty()) return defecto;
     for (const Comando &otro : p.comandos)
         for (const Opcion &o : otro.opciones)
             if (leida.isSet(t(o.nombre)) && !contiene(suyas, o))

@@ -22,6 +22,7 @@ struct Opcion {
     Control control = nullptr;  ///< judges its value
     const char *soloCon = "";   ///< another option, without which this one means nothing
     const char *excluyeA = "";  ///< another option, which cannot come beside this one
+    const char *grupo = "";     ///< of those with the same group one has to come, and no other beside it
 };
 
 /// What stands without a name behind the command, in order.

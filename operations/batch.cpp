@@ -217,6 +217,23 @@ consola::Opcion salidaDePapel(const char *clases, consola::Control control = nul
             .control = control};
 }
 
+std::vector<consola::Opcion> opcionesDeLicencias() {
+    return {{.nombre = "catalogo",
+             .valor = "CATALOGO",
+             .texto = "Los artículos de este catálogo.",
+             .grupo = "busqueda"},
+            {.nombre = "articulo",
+             .valor = "ARTICULO",
+             .texto = "Este artículo, en todos los catálogos.",
+             .grupo = "busqueda"},
+            {.nombre = "posicion",
+             .valor = "POSICION",
+             .texto = "Los artículos de esta posición o parte de ella, en todos los catálogos.",
+             .control = DefectoDePosicionBuscada,
+             .grupo = "busqueda"},
+            salidaDePapel("ARCHIVO.xls|.xlsx", DefectoDeSalidaDeLicencias)};
+}
+
 const std::vector<Fila> &tablaDeComandos() {
     static const std::vector<consola::Argumento> clave{
         {.nombre = "CLAVE", .texto = "la clave de una operación", .control = defectoDeClave}};
@@ -298,6 +315,12 @@ const std::vector<Fila> &tablaDeComandos() {
          .sobre = Sobre::Ninguna,
          .hacer = EscribirLista,
          .dePapel = true},
+        {.comando = {.nombre = "licencias",
+                     .texto = "Escribe un reporte de artículos de catálogo con las licencias de sus "
+                              "posiciones.",
+                     .opciones = opcionesDeLicencias()},
+         .sobre = Sobre::Ninguna,
+         .hacer = EscribirLicencias},
         {.comando = {.nombre = "crear", .texto = "Crea una operación vacía.", .argumentos = clave},
          .sobre = Sobre::Nueva,
          .hacer = crear},

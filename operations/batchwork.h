@@ -64,6 +64,8 @@ int Imprimir(const Trabajo &t);
 int Presupuestar(const Trabajo &t);
 /// Writes a list, of an operation, a catalogue or none, into the file of --salida.
 int EscribirLista(const Trabajo &t);
+/// Writes the report of --catalogo, --articulo or --posicion with its licences into the file of --salida.
+int EscribirLicencias(const Trabajo &t);
 
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
@@ -71,5 +73,10 @@ int EscribirLista(const Trabajo &t);
 QString DefectoDeLista(const QString &nombre);
 QString DefectoDeClaveDeLista(const QStringList &argumentos);
 QString DefectoDeSalidaDeLista(const QString &archivo);
+
+// What is wrong with a part of a position to look for, and with the file of a report.
+
+QString DefectoDePosicionBuscada(const QString &posicion);
+QString DefectoDeSalidaDeLicencias(const QString &archivo);
 
 }  // namespace lote

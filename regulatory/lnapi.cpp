@@ -36,13 +36,16 @@ std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posici
 }
 
 QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero) {
+    // A list of notes may hold what is no number, which no row has and the store would refuse.
+    bool esNumero = false;
+    numero.toLongLong(&esNumero);
     Recordset rs;
-    if (!Consultar(ctx, u"NCM"_s,
-                   "select descripcion "
-                   "From LNAPIAclaraciones "
-                   "where aclaracion="_L1 +
-                       numero,
-                   rs))
+    if (!esNumero || !Consultar(ctx, u"NCM"_s,
+                                "select descripcion "
+                                "From LNAPIAclaraciones "
+                                "where aclaracion="_L1 +
+                                    numero,
+                                rs))
         return u"No Posee Descripción la aclaración número: "_s + numero;
     return rs.Texto(u"descripcion");
 }
@@ -57,7 +60,7 @@ QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion) {
                        "' "
                        "ORDER BY aclaraciones DESC"_L1,
                    rs))
-        return u"-1"_s;
+        return sinAclaraciones;
     QString texto;
     for (int numero = 1; !rs.Eof(); rs.MoveNext(), ++numero) {
         texto += "Aclaraciones para ("_L1 + QString::number(numero) + ")"_L1 + finDeLinea;
@@ -88,6 +91,7 @@ QString DetalleLnapi(AppContext &ctx, const QString &posicion) {
                  "Norma: "_L1 + n.norma + finDeLinea;
     const QString aclaraciones = ObtenerAclaraciones(ctx, posicion);
     const QString raya = u"---------------"_s + finDeLinea;
-    if (aclaraciones != "-1"_L1) texto += raya + u"Aclaraciones:"_s + finDeLinea + raya + aclaraciones;
+    if (aclaraciones != sinAclaraciones)
+        texto += raya + u"Aclaraciones:"_s + finDeLinea + raya + aclaraciones;
     return texto;
 }

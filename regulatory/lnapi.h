@@ -18,8 +18,10 @@ std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posici
 /// The text of a note; a sentence that says so when it has none. Raises Falla.
 QString ObtenerDescripcionAclaracion(AppContext &ctx, const QString &numero);
 
-/// The notes of every row of the position, one a line; "-1" when the position is in no row. Raises
-/// Falla.
+/// What ObtenerAclaraciones answers for a position that is in no row.
+inline const QString sinAclaraciones = QStringLiteral("-1");
+
+/// The notes of every row of the position, one a line; sinAclaraciones when it is in none. Raises Falla.
 QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion);
 
 /// The text that the screen of suffixes shows: licences and norms, then the notes. Without a norm it says

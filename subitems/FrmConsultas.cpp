@@ -12,6 +12,7 @@
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
+#include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmDetalleNomenclador.h"
 #include "subitems/FrmSufijos.h"
 #include "subitems/tariffsearch.h"
@@ -109,6 +110,7 @@ void FrmConsultas::Conectar() {
     QObject::connect(ui.LstResult, &QTableView::doubleClicked, v, [this] { VerDetalle(); });
     QObject::connect(ui.CmdBuscar, &QPushButton::clicked, v, [this] { CmdBuscar_Click(); });
     QObject::connect(ui.Command1, &QPushButton::clicked, v, [this] { Command1_Click(); });
+    QObject::connect(ui.cmdLicencias, &QPushButton::clicked, v, [this] { cmdLicencias_Click(); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
 }
 
@@ -127,9 +129,16 @@ void FrmConsultas::Mostrar() {
 }
 
 bool FrmConsultas::Form_KeyDown(const QKeyEvent *tecla) {
-    if (tecla->key() != Qt::Key_Escape) return false;
-    CerrarPantalla<FrmConsultas>();
-    return true;
+    switch (tecla->key()) {
+        case Qt::Key_Escape:
+            CerrarPantalla<FrmConsultas>();
+            return true;
+        case Qt::Key_F7:
+            cmdLicencias_Click();
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool FrmConsultas::Campo_KeyDown(const QLineEdit *campo, const QKeyEvent *tecla) {
@@ -230,4 +239,9 @@ void FrmConsultas::VerDetalle() {
 void FrmConsultas::VerSufijosDeFila() {
     const QString posicion = PosicionEnMano();
     if (!posicion.isEmpty()) VerSufijos(posicion, {});
+}
+
+void FrmConsultas::cmdLicencias_Click() {
+    const QString posicion = PosicionEnMano();
+    VerLicencias(posicion.isEmpty() ? ui.TxtSIM->text().trimmed() : posicion);
 }

@@ -33,6 +33,7 @@ class FrmConsultas {
     void IrA(int fila);
     void VerDetalle();
     void VerSufijosDeFila();
+    void cmdLicencias_Click();
     QString PosicionEnMano() const;
 
     ModeloDeConsulta *modelo_;  ///< the window owns it

@@ -1,5 +1,6 @@
 #include "frame/paper/cells.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "frame/base/numbers.h"
@@ -30,12 +31,21 @@ std::optional<QDate> DiaDe(const Tabla &tabla, const Fila &fila, std::size_t col
     return dia.isValid() ? std::optional(dia) : std::nullopt;
 }
 
+std::optional<QDateTime> MomentoDe(const Tabla &tabla, const Fila &fila, std::size_t columna) {
+    if (!DiaDe(tabla, fila, columna)) return {};
+    const QVariant &celda = fila.celdas[columna];
+    if (celda.typeId() != QMetaType::QDateTime || celda.toTime().msecsSinceStartOfDay() == 0) return {};
+    return celda.toDateTime();
+}
+
 QString TextoDeCelda(const Tabla &tabla, const Fila &fila, std::size_t columna, QChar separador) {
     if (const auto numero = NumeroDe(tabla, fila, columna)) {
         const QString &mascara = tabla.columnas[columna].mascara;
         return mascara.isEmpty() ? numeros::aTexto(*numero).replace(u'.', separador)
                                  : numeros::Format(*numero, mascara, separador);
     }
+    if (const auto momento = MomentoDe(tabla, fila, columna))
+        return momento->toString(u"dd/MM/yyyy HH:mm:ss"_s);
     if (const auto dia = DiaDe(tabla, fila, columna)) return dia->toString(u"dd/MM/yyyy"_s);
     return LibreDe(fila, columna);
 }
@@ -45,6 +55,12 @@ QString LibreDe(const Fila &fila, std::size_t columna) {
     const QVariant &celda = fila.celdas[columna];
     if (celda.typeId() == QMetaType::Double) return numeros::aTexto(celda.toDouble());
     return SinControles(celda.toString());
+}
+
+QString SinFormula(const QString &texto) {
+    const auto primera =
+        std::find_if(texto.begin(), texto.end(), [](QChar letra) { return !letra.isSpace(); });
+    return primera != texto.end() && u"=+-@"_s.contains(*primera) ? u'\'' + texto : texto;
 }
 
 }  // namespace papel

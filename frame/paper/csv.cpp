@@ -18,15 +18,12 @@ QString entrecomillada(QString texto) {
     return u'"' + texto.replace(u'"', u"\"\""_s) + u'"';
 }
 
-/// A spreadsheet takes such a beginning for a formula.
-QString sinFormula(const QString &texto) {
-    return !texto.isEmpty() && u"=+-@"_s.contains(texto.front()) ? u'\'' + texto : texto;
-}
-
 QString enCsv(const Tabla &tabla, const Fila &fila, std::size_t columna) {
     if (const auto numero = NumeroDe(tabla, fila, columna)) return numeros::aTexto(*numero);
+    if (const auto momento = MomentoDe(tabla, fila, columna))
+        return momento->toString(u"yyyy-MM-dd HH:mm:ss"_s);
     if (const auto dia = DiaDe(tabla, fila, columna)) return dia->toString(Qt::ISODate);
-    return entrecomillada(sinFormula(LibreDe(fila, columna)));
+    return entrecomillada(SinFormula(LibreDe(fila, columna)));
 }
 
 }  // namespace
@@ -34,7 +31,7 @@ QString enCsv(const Tabla &tabla, const Fila &fila, std::size_t columna) {
 QString EscribirCsv(const Tabla &tabla, const QString &archivo) {
     return ReemplazarArchivo(archivo, [&](QIODevice &destino) {
         QStringList celdas;
-        for (const Columna &columna : tabla.columnas) celdas << entrecomillada(sinFormula(columna.titulo));
+        for (const Columna &columna : tabla.columnas) celdas << entrecomillada(SinFormula(columna.titulo));
         destino.write((celdas.join(u',') + u"\r\n"_s).toUtf8());
         for (const Fila &fila : tabla.filas) {
             if (fila.tipo != Fila::Tipo::Dato) continue;

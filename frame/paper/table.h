@@ -10,7 +10,7 @@
 
 namespace papel {
 
-/// What the cells of a column hold: texts, numbers (double) or days (QDate). A null cell is empty.
+/// Cells of a column: texts, numbers (double), days (QDate, or QDateTime with its hour). Null ones are empty.
 enum class Clase { Texto, Numero, Fecha };
 
 struct Columna {

@@ -90,9 +90,10 @@ lxw_format *Libro::formato(const QString &numero, bool negrita, bool conRaya) {
 lxw_format *Libro::formatoDe(std::size_t columna, const Fila &fila) {
     const Columna &c = tabla_.columnas[columna];
     const bool deSumas = fila.tipo == Fila::Tipo::Subtotal || fila.tipo == Fila::Tipo::Total;
-    const QString numero = c.clase == Clase::Numero  ? c.mascara
-                           : c.clase == Clase::Fecha ? u"dd/mm/yyyy"_s
-                                                     : QString();
+    const QString numero = c.clase == Clase::Numero           ? c.mascara
+                           : c.clase != Clase::Fecha          ? QString()
+                           : MomentoDe(tabla_, fila, columna) ? u"dd/mm/yyyy hh:mm:ss"_s
+                                                              : u"dd/mm/yyyy"_s;
     if (numero.isEmpty() && fila.tipo == Fila::Tipo::Dato) return nullptr;
     return formato(numero, fila.tipo != Fila::Tipo::Dato, deSumas);
 }
@@ -136,7 +137,13 @@ void Libro::escribirCelda(lxw_row_t fila, std::size_t columna, const Fila &una) 
         return;
     }
     if (const auto dia = DiaDe(tabla_, una, columna); dia && dia->year() >= anioMinimo) {
+        const QTime hora = MomentoDe(tabla_, una, columna).value_or(QDateTime()).time();
         lxw_datetime momento = {dia->year(), dia->month(), dia->day(), 0, 0, 0};
+        if (hora.isValid()) {
+            momento.hour = hora.hour();
+            momento.min = hora.minute();
+            momento.sec = hora.second();
+        }
         worksheet_write_datetime(hoja_, fila, c, &momento, como);
         return;
     }
