@@ -450,6 +450,26 @@ TEST_P(PantallaDeCatalogos, ALinePicksAnArticleWithEnterAndLeavesWithEscape) {
     EXPECT_EQ(SeleccionarArticulo({}), std::nullopt);
 }
 
+TEST_P(PantallaDeCatalogos, TheMenuWritesTheLicenceReports) {
+    auto &p = catalogos();
+    const auto delMenu = [](int letra) {
+        tecla(Qt::Key_L, Qt::AltModifier);
+        tecla(letra);
+    };
+    registro.archivos = {tienda->carpeta() + "/uno.xls"_L1, tienda->carpeta() + "/dos.xls"_L1};
+    delMenu(Qt::Key_C);
+    registro.textos = {u"a-1"_s, u"8413"_s};
+    delMenu(Qt::Key_A);
+    EXPECT_EQ(registro.entradas.back().texto, u"Ingrese el código de artículo (completo) a buscar:"_s);
+    EXPECT_EQ(registro.abiertos,
+              (std::vector<QString>{tienda->carpeta() + "/uno.xls"_L1, tienda->carpeta() + "/dos.xls"_L1}));
+    delMenu(Qt::Key_P);
+    EXPECT_EQ(registro.entradas.back().titulo, u"Buscar en TODOS los catálogos por posición arancelaria"_s);
+    EXPECT_EQ(ultimoTexto(), "Ingrese al menos 5 caracteres");
+    esperarVentana(p.ventana.get());
+    tecla(Qt::Key_Escape);
+}
+
 TEST_P(PantallaDeCatalogos, MenusAndToolbarsOfferWhatTheModeHas) {
     auto &p = catalogos();
     const auto visibles = [](const QWidget *donde) {
