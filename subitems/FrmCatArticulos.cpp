@@ -41,7 +41,7 @@ const std::vector<FrmCatArticulos::Comando> &FrmCatArticulos::Comandos() {
          &F::AlternarMarca},
         {EnLista, Menu::Articulo, Dibujo::Copiar, u"&Cambiar de catálogo los artículos marcados",
          u"Cambiar catálogo", u"F7", Qt::Key_F7, solo, &F::CambiarCatalogo},
-        {EnEdicion, Menu::Articulo, Dibujo::Copiar, u"&Vincular una ventaja", u"Vincular ventaja", u"F7",
+        {EnEdicion, Menu::Articulo, Dibujo::PasoHecho, u"&Vincular una ventaja", u"Vincular ventaja", u"F7",
          Qt::Key_F7, solo, &F::Vincular},
         {EnEdicion, Menu::Articulo, Dibujo::Borrar, u"&Quitar la ventaja", nullptr, u"Supr", 0, solo,
          &F::Quitar},

@@ -389,7 +389,7 @@ TEST_P(PantallaDeCatalogos, ASearchByPositionAcrossCataloguesAsksForFiveCharacte
               u"Ingrese la posición arancelaria (completa o incompleta) a buscar:"_s);
     EXPECT_EQ(ultimoTexto(), "Ingrese al menos 5 caracteres");
     registro.textos = {u"8413."_s};
-    conPantallaModal<FrmCatArticulosBuscar>([](FrmCatArticulosBuscar &lista) {
+    conPantallaModal<FrmCatArticulosBuscar>([](FrmCatArticulosBuscar &) {
         tecla(Qt::Key_End);
         tecla(Qt::Key_Return);
     });
