@@ -198,8 +198,10 @@ bool FrmVistaPrevia::ZonaHojas_Wheel(const QWheelEvent *rueda) {
 }
 
 void FrmVistaPrevia::ajustar(Ajuste ajuste) {
+    const std::size_t hoja = hojaEnMano();
     ajuste_ = ajuste;
     acomodar();
+    if (ajuste == Ajuste::Entera) irAHoja(hoja);
 }
 
 void FrmVistaPrevia::acercar(double veces) {
@@ -224,7 +226,8 @@ void FrmVistaPrevia::acomodar() {
 
     const QSizeF hoja = paginado_.medida * escala_;
     const double paso = hoja.height() + entreHojas;
-    const int ancho = std::max(vista.width(), static_cast<int>(std::ceil(hoja.width())) + 2 * entreHojas);
+    // Rounded: what was fitted to the view may come back a hair wider than it.
+    const int ancho = std::max(vista.width(), static_cast<int>(std::lround(hoja.width())) + 2 * entreHojas);
     const int alto =
         static_cast<int>(std::ceil(paso * static_cast<double>(paginado_.hojas.size()))) + entreHojas;
     ui.Hojas->resize(ancho, std::max(vista.height(), alto));

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -123,8 +124,9 @@ std::optional<QString> pedirTexto(const Entrada &e) {
     caja.setTextValue(e.inicial);
     caja.setOkButtonText(u"&Aceptar"_s);
     caja.setCancelButtonText(u"&Cancelar"_s);
-    caja.setMinimumWidth(420);
     if (auto *campo = caja.findChild<QLineEdit *>()) {
+        // The box goes by its fields alone.
+        campo->setMinimumWidth(420);
         campo->setMaxLength(e.maximo);
         campo->selectAll();
     }
@@ -150,6 +152,9 @@ int elegir(const Eleccion &e) {
     auto *lista = new QListWidget(&caja);
     lista->addItems(e.filas);
     lista->setCurrentRow(e.inicial);
+    constexpr int anchoMaximo = 900;
+    lista->setMinimumWidth(std::min(anchoMaximo, lista->sizeHintForColumn(0) + 2 * lista->frameWidth() +
+                                                     lista->verticalScrollBar()->sizeHint().width()));
     columna->addWidget(lista);
     auto *botones = new QDialogButtonBox(&caja);
     botones->addButton(u"&Aceptar"_s, QDialogButtonBox::AcceptRole);

@@ -36,6 +36,11 @@ bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Reco
     return conexion.crearrs(rs);
 }
 
+std::vector<Recordset> ConsultarSeguidas(AppContext &ctx, const QString &entidad,
+                                         const QStringList &sentencias) {
+    return ctx.conexion(entidad).ConsultarSeguidas(sentencias);
+}
+
 qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql) {
     Conexion &conexion = ctx.conexion(entidad);
     conexion.Sql = sql;

@@ -84,5 +84,8 @@ void fijarContexto(AppContext *contexto);  ///< null takes it away
 
 /// A read in two lines: opens `rs` with `sql` on `entidad`; true when it holds a row. Raises Falla.
 bool Consultar(AppContext &ctx, const QString &entidad, const QString &sql, Recordset &rs);
+/// Several reads in one journey to a server: the rows of each, in their order. Raises Falla.
+std::vector<Recordset> ConsultarSeguidas(AppContext &ctx, const QString &entidad,
+                                         const QStringList &sentencias);
 /// A write: the number of rows touched. Raises Falla.
 qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql);

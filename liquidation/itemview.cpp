@@ -218,7 +218,8 @@ int contarItems(const Pagina &p) {
 /// False with the word to the user when the position ends the load.
 bool verItem(const Pagina &p, const Recordset &item, ClassLiquidacion &c) {
     bool lapi = false;
-    const CargaDePosicion carga = CargarItemEnCalculadora(p.ctx, p.interno, item, c, true, lapi);
+    PosicionesLeidas posiciones(p.ctx);
+    const CargaDePosicion carga = CargarItemEnCalculadora(p.ctx, p.interno, item, c, true, lapi, posiciones);
     if (carga != CargaDePosicion::Encontrada) {
         p.v.aviso = carga == CargaDePosicion::MalFormada
                         ? u"Estructura de NCM incorrecta"_s

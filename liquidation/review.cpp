@@ -95,7 +95,9 @@ void recalcularConceptos(Corrida &k, const QString &id) {
 
 void recalcularItem(Corrida &k, const Recordset &item) {
     const QString id = item.Texto(u"ID");
-    const CargaDePosicion carga = CargarItemEnCalculadora(k.ctx, k.interno, item, k.calculo, false, k.lapi);
+    PosicionesLeidas posiciones(k.ctx);
+    const CargaDePosicion carga =
+        CargarItemEnCalculadora(k.ctx, k.interno, item, k.calculo, false, k.lapi, posiciones);
     if (carga == CargaDePosicion::MalFormada) k.ctx.dialogos.advertir(u"Estructura de NCM incorrecta"_s);
     if (carga == CargaDePosicion::Encontrada)
         RevisarVehiculoPartes(k.ctx, k.interno, id, k.lapi, k.calculo, k.vehiculoPartes);

@@ -7,6 +7,7 @@
 
 #include "frame/context.h"
 #include "liquidation/ClassLiquidacion.h"
+#include "liquidation/readpositions.h"
 
 /// One entry of the detail list: a row of itemliq as the run leaves it, amounts and rates formatted "00.00".
 struct DetalleLiq {
@@ -47,13 +48,12 @@ void SumarAlResumen(const AppContext &ctx, std::vector<ResumenLiq> &resumen, con
 /// How the position of an item was met.
 enum class CargaDePosicion { Encontrada, NoEsta, MalFormada };
 /// Loads item and position values of the row in hand of `item` into the calculator. `paraVer` is the item
-/// screen's own reading, where a percentage kept in the 010 row also forces the duty. When the position is
-/// not met, all that hangs on it, `lapi` too, stays as the item before left it. Raises Falla.
+/// screen's own reading, where a percentage kept in the 010 row also forces the duty. `posiciones` answers
+/// for the position, with what it has read already. When the position is not met, all that hangs on it,
+/// `lapi` too, stays as the item before left it. Raises Falla.
 CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
-                                        ClassLiquidacion &calculo, bool paraVer, bool &lapi);
-
-/// The position of the row in hand of `item`; "0000.00.00.000D" for a null.
-QString PosicionDeItem(const Recordset &item);
+                                        ClassLiquidacion &calculo, bool paraVer, bool &lapi,
+                                        PosicionesLeidas &posiciones);
 
 /// Spreads the header's two adjustments over the items by FOB, to the cent and without settling the residual;
 /// items of type G take none, and a header's adjustment of 0 changes nothing. Part of every load of item 0.

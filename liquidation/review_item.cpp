@@ -29,18 +29,16 @@ struct TasaGuardada {
     bool hay = false;
     double porcentaje = 0;
 };
-TasaGuardada tasaGuardada(AppContext &ctx, const QString &interno, const QString &id, const char *concepto,
-                          const char *cola = "") {
-    Recordset rs;
-    TasaGuardada t;
-    t.hay = Consultar(ctx, internos,
-                      "select porcentaje from itemliq"
-                      " where idconceptos = "_L1 +
-                          EnComillas(L(concepto)) + " and interno = "_L1 + EnComillas(interno) +
-                          " and iditem = "_L1 + id + L(cola),
-                      rs);
-    if (t.hay) t.porcentaje = rs.Numero(u"Porcentaje");
-    return t;
+QString sentenciaDeTasa(const QString &interno, const QString &id, const char *concepto,
+                        const char *cola = "") {
+    return "select porcentaje from itemliq"
+           " where idconceptos = "_L1 +
+           EnComillas(L(concepto)) + " and interno = "_L1 + EnComillas(interno) + " and iditem = "_L1 + id +
+           L(cola);
+}
+
+TasaGuardada leerTasa(const Recordset &rs) {
+    return rs.Eof() ? TasaGuardada{} : TasaGuardada{true, rs.Numero(u"Porcentaje")};
 }
 
 /// Percent of the additional rate that a decree of temporary importation sets.
@@ -55,7 +53,9 @@ const char *tasaDelDecreto(const MotivoDecreto &d) {
 
 QString derechoAdicional(AppContext &ctx, const QString &interno, const QString &id, const QString &regimen) {
     if (regimen != "IC81"_L1 && !EsRegimenTemporal(regimen)) return u"0"_s;
-    const TasaGuardada manual = tasaGuardada(ctx, interno, id, "016", " and valor = 1");
+    Recordset rs;
+    Consultar(ctx, internos, sentenciaDeTasa(interno, id, "016", " and valor = 1"), rs);
+    const TasaGuardada manual = leerTasa(rs);
     return manual.hay ? numeros::aTexto(manual.porcentaje) : QString(L(tasaDelDecreto(ctx.decreto)));
 }
 
@@ -78,12 +78,14 @@ void leerDecretos(AppContext &ctx, const QString &interno) {
 
 void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, const QString &ncm,
                     const Recordset &p, ClassLiquidacion &c, bool paraVer) {
-    const TasaGuardada derecho = tasaGuardada(ctx, interno, id, "010");
+    const std::vector<Recordset> guardadas = ConsultarSeguidas(
+        ctx, internos, {sentenciaDeTasa(interno, id, "010"), sentenciaDeTasa(interno, id, "011")});
+    const TasaGuardada derecho = leerTasa(guardadas.at(0));
+    const TasaGuardada estadistica = leerTasa(guardadas.at(1));
     const bool fijado = derecho.hay && derecho.porcentaje > 0;
     c.NcmDerechodeImportacionExtrazona =
         fijado ? derecho.porcentaje : (derecho.hay ? numeroDe(p, u"015") : 0);
     if (paraVer) c.NcmDerechodeImportacionExtrazonaForce = fijado;
-    const TasaGuardada estadistica = tasaGuardada(ctx, interno, id, "011");
     c.NcmTasaEstadistica = estadistica.hay && estadistica.porcentaje != 0
                                ? estadistica.porcentaje
                                : (estadistica.hay ? numeroDe(p, u"016") : 0);
@@ -129,12 +131,9 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     return true;
 }
 
-QString PosicionDeItem(const Recordset &item) {
-    return item.EsNulo(u"NCM") ? u"0000.00.00.000D"_s : item.Texto(u"NCM");
-}
-
 CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
-                                        ClassLiquidacion &c, bool paraVer, bool &lapi) {
+                                        ClassLiquidacion &c, bool paraVer, bool &lapi,
+                                        PosicionesLeidas &posiciones) {
     const QString id = item.Texto(u"ID");
     Recordset rs;
     Consultar(ctx, internos,
@@ -164,27 +163,17 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
     c.ncmMineriaTasaLey = 1;
 
     const QString ncm = PosicionDeItem(item);
-    if (ncm.size() != 14 && ncm.size() != 15) return CargaDePosicion::MalFormada;
-    // With 15 characters the last four hold the digits and the letter, with 14 the last three the digits.
-    const QString digitos = ncm.right(ncm.size() == 15 ? 4 : 3).left(3);
-    Recordset posicion;
-    const bool hay =
-        Consultar(ctx, u"NCM"_s,
-                  "select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi "
-                  "from ncm "
-                  "where [001] = "_L1 +
-                      EnComillas(ncm.left(10)) + " and [002] = "_L1 + EnComillas(digitos),
-                  posicion);
+    if (!PosicionBienFormada(ncm)) return CargaDePosicion::MalFormada;
+    const Recordset &posicion = posiciones.nomenclador(ncm);
     // Everything that hangs on the position stays as the item before left it.
-    if (!hay) return CargaDePosicion::NoEsta;
+    if (posicion.Eof()) return CargaDePosicion::NoEsta;
     cargarPosicion(ctx, interno, id, ncm, posicion, c, paraVer);
     lapi = posicion.Texto(u"lapi") == "*"_L1;
     c.CalculoAEC = ctx.CalculoAEC;
     c.ncmDIEMPREFPorcValor = ctx.opciones.DIEMCHINA_PrefPorc;
     c.ncmDIEMIndMaxArancelValor = ctx.opciones.DIEMCHINA_IndMaxArancel;
-    Recordset diem;
-    c.ncmCalculaDIEMCHINA = Consultar(
-        ctx, u"SYSTABLAS"_s, "select diem from DIEMCHINA where ncm = "_L1 + EnComillas(ncm.left(10)), diem);
+    const Recordset &diem = posiciones.diemChina(ncm);
+    c.ncmCalculaDIEMCHINA = !diem.Eof();
     if (c.ncmCalculaDIEMCHINA) c.ncmDIEMCHINAValor = diem.Numero(u"diem");
     return CargaDePosicion::Encontrada;
 }

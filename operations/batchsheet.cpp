@@ -17,8 +17,7 @@ namespace {
 /// What stands in the way of the sheet, one sentence; empty when nothing does. Asked before the first line is
 /// written, so that a long run is not made in vain.
 QString defectoDelPedido(const Trabajo &t, const PedidoDeHoja &pedido, const QString &archivo) {
-    if (QString defecto = DefectoDeRango(pedido.desde, pedido.hasta); !defecto.isEmpty())
-        return defecto;
+    if (QString defecto = DefectoDeRango(pedido.desde, pedido.hasta); !defecto.isEmpty()) return defecto;
     const QString final = QFileInfo(archivo).suffix().toLower();
     if (final != "pdf"_L1 && final != "txt"_L1)
         return u"La hoja se escribe en un archivo .pdf o .txt, y %1 no termina así; cámbiele el nombre."_s

@@ -14,7 +14,9 @@ FrmDatos::FrmDatos() : ventana(HacerDialogo()) {
 
 void FrmDatos::Conectar() {
     QDialog *v = ventana.get();
-    ClCntrl::Vincular(ui.TxtValor);
+    for (QWidget *campo : {static_cast<QWidget *>(ui.TxtValor), static_cast<QWidget *>(ui.opDolar),
+                           static_cast<QWidget *>(ui.opPeso)})
+        ClCntrl::Vincular(campo);
     QObject::connect(ui.CmdAceptar, &QPushButton::clicked, v, [this] { CmdAceptar_Click(); });
     QObject::connect(ui.CmdCancelar, &QPushButton::clicked, v, &QDialog::reject);
     // ENTER takes the value from wherever one is; on a button it is the button's.

@@ -45,14 +45,26 @@ enum ColumnaDeGastos { GastoConcepto, GastoPGC, GastoPeso, GastoDolar };
 enum ColumnaDeOperativos { OperativoConcepto, OperativoPesos, OperativoDolar };
 enum ColumnaDeReferencias { ReferenciaNombre, ReferenciaValor };
 
-constexpr int maximoDeLineas = 20;    ///< blank lines ahead of the page that are offered
-constexpr int letrasDelImporte = 15;  ///< "999999999999,99"
+constexpr int maximoDeLineas = 20;  ///< blank lines ahead of the page that are offered
+constexpr int aireDeCelda = 16;     ///< pixels, at both sides of a cell's text
 
 /// The first column takes what the others leave.
-void repartirColumnas(QTableWidget *grilla, std::initializer_list<int> importes) {
+void prepararColumnas(QTableWidget *grilla, std::initializer_list<int> importes) {
     grilla->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     for (const int columna : importes)
-        grilla->setColumnWidth(columna, grilla->fontMetrics().averageCharWidth() * letrasDelImporte);
+        grilla->horizontalHeaderItem(columna)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+/// A column of amounts is as wide as the widest of them or of their sums, which stand under it.
+void ajustarImportes(QTableWidget *grilla, int columna, std::initializer_list<QLabel *> sumas) {
+    grilla->resizeColumnToContents(columna);
+    int ancho = grilla->columnWidth(columna);
+    for (const QLabel *suma : sumas) {
+        suma->ensurePolished();
+        ancho = std::max(ancho, suma->fontMetrics().horizontalAdvance(suma->text()) + aireDeCelda);
+    }
+    grilla->setColumnWidth(columna, ancho);
+    for (QLabel *suma : sumas) suma->setMinimumWidth(ancho);
 }
 
 /// The row in hand, by its number; one beyond every row for none.
@@ -76,17 +88,19 @@ void FrmPresupuesto::Preparar() {
     estilo::PrepararGrilla(ui.GrdLiq, {u"Concepto"_s, u"PGC"_s, u"Peso"_s, u"Dolar"_s});
     estilo::PrepararGrilla(ui.Grd, {u"Concepto"_s, u"Pesos"_s, u"Dolar"_s});
     estilo::PrepararGrilla(ui.Grd2, {u"Referencia"_s, u"Valor"_s});
-    repartirColumnas(ui.GrdLiq, {GastoPeso, GastoDolar});
+    prepararColumnas(ui.GrdLiq, {GastoPeso, GastoDolar});
     ui.GrdLiq->horizontalHeader()->setSectionResizeMode(GastoPGC, QHeaderView::ResizeToContents);
-    repartirColumnas(ui.Grd, {OperativoPesos, OperativoDolar});
-    ui.Grd2->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    prepararColumnas(ui.Grd, {OperativoPesos, OperativoDolar});
+    ui.Grd2->horizontalHeader()->setSectionResizeMode(ReferenciaNombre, QHeaderView::ResizeToContents);
+    ui.Grd2->horizontalHeader()->setSectionResizeMode(ReferenciaValor, QHeaderView::Stretch);
     for (int n = 0; n <= maximoDeLineas; ++n) ui.CbLineas->addItem(QString::number(n));
 }
 
 void FrmPresupuesto::Conectar() {
     QDialog *v = ventana.get();
     for (QWidget *campo : {static_cast<QWidget *>(ui.TxtEmail), static_cast<QWidget *>(ui.TxtPase),
-                           static_cast<QWidget *>(ui.txtAcuenta), static_cast<QWidget *>(ui.CbLineas)})
+                           static_cast<QWidget *>(ui.txtAcuenta), static_cast<QWidget *>(ui.opSMTP),
+                           static_cast<QWidget *>(ui.opOutLook), static_cast<QWidget *>(ui.CbLineas)})
         ClCntrl::Vincular(campo);
     for (QLineEdit *campo : {ui.TxtPase, ui.txtAcuenta})
         QObject::connect(campo, &QLineEdit::editingFinished, v, [this] { Leer(); });
@@ -172,6 +186,10 @@ void FrmPresupuesto::EscribirTotales() {
                                                    {ui.LbACuenta, r.aCuenta},
                                                    {ui.LbTotalGeneral, r.totalGeneral}};
     for (const auto &[etiqueta, valor] : totales) etiqueta->setText(conDosDecimales(valor));
+    ajustarImportes(ui.GrdLiq, GastoPeso, {ui.LbGastosDespachoPeso, ui.lbTotalGARPes, ui.lbTOTALCOBPes});
+    ajustarImportes(ui.GrdLiq, GastoDolar, {ui.LbGastosDespacho, ui.lbTOTALGARDol, ui.lbTOTALCOBDol});
+    ajustarImportes(ui.Grd, OperativoPesos, {ui.LbGastosOperativos});
+    ajustarImportes(ui.Grd, OperativoDolar, {ui.LbGastosOperativosDol});
 }
 
 void FrmPresupuesto::MostrarGastos() {

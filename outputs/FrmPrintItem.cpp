@@ -15,7 +15,9 @@ namespace {
 
 const QString seccionDeImpresion = u"IMPRESION"_s;
 const QString deLaOperacion = u"0"_s;
-const QString teclasQuietas = u"ENTER  seguir   ·   F12  imprimir   ·   ESC  salir"_s;
+constexpr int pausaEntreNumeros = 1000;  ///< milliseconds
+const QString teclasQuietas =
+    u"CIFRAS  elegir el item   ·   ENTER  seguir   ·   F12  imprimir   ·   ESC  salir"_s;
 const QString teclasCorriendo = u"ESC  detener"_s;
 
 /// The tick boxes stay as the last run had them.
@@ -38,6 +40,8 @@ void FrmPrintItem::Conectar() {
     for (QWidget *campo : {static_cast<QWidget *>(ui.cbDesde), static_cast<QWidget *>(ui.CbHasta),
                            static_cast<QWidget *>(ui.ChSubitems), static_cast<QWidget *>(ui.ChVistaPrel)})
         ClCntrl::Vincular(campo);
+    for (QComboBox *combo : {ui.cbDesde, ui.CbHasta})
+        EscucharTeclas(combo, [this, combo](QKeyEvent *tecla) { return Item_KeyDown(combo, tecla); });
     QObject::connect(ui.CmdPrint, &QPushButton::clicked, v, [this] { CmdPrint_Click(); });
     EscucharTeclas(v, [this](QKeyEvent *tecla) { return Form_KeyDown(tecla); });
     Escuchar(v, [this](QEvent *evento) {
@@ -92,6 +96,23 @@ bool FrmPrintItem::Form_KeyDown(const QKeyEvent *tecla) {
     }
 }
 
+/// A number typed over a list is that item. The list's own search would take any that begins so, from the one
+/// in hand on.
+bool FrmPrintItem::Item_KeyDown(QComboBox *combo, const QKeyEvent *tecla) {
+    const QString cifra = tecla->text();
+    if (cifra.size() != 1 || !cifra.front().isDigit() || (tecla->modifiers() & ~Qt::KeypadModifier) != 0) {
+        cifras_.clear();
+        return false;
+    }
+    if (desdeLaUltima_.isValid() && desdeLaUltima_.hasExpired(pausaEntreNumeros)) cifras_.clear();
+    desdeLaUltima_.start();
+    cifras_ += cifra;
+    // A number that is no item begins another one with its last digit.
+    if (combo->findText(cifras_) < 0) cifras_ = cifra;
+    if (const int fila = combo->findText(cifras_); fila >= 0) combo->setCurrentIndex(fila);
+    return true;
+}
+
 void FrmPrintItem::Form_Escape() {
     if (corriendo_)
         detener_ = true;
@@ -123,6 +144,8 @@ void FrmPrintItem::CmdPrint_Click() {
     const PedidoDeHoja pedido{interno_, ui.cbDesde->currentText().toInt(), ui.CbHasta->currentText().toInt(),
                               ui.ChSubitems->isChecked()};
     if (const QString defecto = DefectoDeRango(pedido.desde, pedido.hasta); !defecto.isEmpty()) {
+        ui.PB->setValue(0);
+        ui.LbDesc->clear();
         ctx.dialogos.advertir(defecto);
         ui.cbDesde->setFocus();
         return;

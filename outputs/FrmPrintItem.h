@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <memory>
 
 #include "ui_FrmPrintItem.h"
 
 struct AvanceDeHoja;
+class QComboBox;
 class QKeyEvent;
 
 /// Asks for a range of items and prints the sheet of their liquidation, or shows it; ESC stops a run, and
@@ -27,12 +29,15 @@ class FrmPrintItem {
  private:
     void Conectar();
     bool Form_KeyDown(const QKeyEvent *tecla);
+    bool Item_KeyDown(QComboBox *combo, const QKeyEvent *tecla);
     void Form_Escape();
     void CmdPrint_Click();
     bool Avanzar(const AvanceDeHoja &avance);
     void Correr(bool corriendo);
 
     QString interno_;
+    QString cifras_;               ///< what was typed so far over a list of items
+    QElapsedTimer desdeLaUltima_;  ///< since the last of them
     bool corriendo_ = false;
     bool detener_ = false;
 };

@@ -54,19 +54,14 @@ void escribirDatos(CorridaDeHoja &h, const QString &id, const Recordset &rs) {
     }
 }
 
-void escribirConceptos(CorridaDeHoja &h, const QString &id) {
+void escribirConceptos(CorridaDeHoja &h, Recordset &rs) {
     h.linea(u"------------"_s, true);
     h.linea(u"LIQUIDACION:"_s, true);
     h.encabezado(columnasDeConceptos);
     const auto enColumna = [](const QString &texto, int columna) {
         return CampoFijo(texto, columnasDeConceptos[columna].ancho);
     };
-    Recordset rs;
-    for (h.consultar("select * from itemliq"
-                     " where total>0 and interno = "_L1 +
-                         EnComillas(h.interno) + " and iditem = "_L1 + id + " order by idconceptos"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+    for (; !rs.Eof(); rs.MoveNext()) {
         // What is not there is no 0.
         const QString porcentaje =
             rs.EsNulo(u"Porcentaje") ? QString() : h.conMascara(rs.Numero(u"Porcentaje"));
@@ -79,16 +74,8 @@ void escribirConceptos(CorridaDeHoja &h, const QString &id) {
     }
 }
 
-void escribirSubitems(CorridaDeHoja &h, const QString &id) {
-    Recordset rs;
-    if (!h.consultar("select ncm,idunidad,cantidad,preciounitario,"
-                     "fob,sufijos,"
-                     "valorrelacionestadistica,valorderesp"
-                     " from groupsubitems"
-                     " where id = "_L1 +
-                         id + " and interno = "_L1 + EnComillas(h.interno) + " order by idsub"_L1,
-                     rs))
-        return;
+void escribirSubitems(CorridaDeHoja &h, Recordset &rs) {
+    if (rs.Eof()) return;
     EscribirTituloDeSubitems(h);
     h.encabezado(columnasDeSubitem, margenDeSubitem);
     for (int numero = 1; !rs.Eof(); rs.MoveNext(), ++numero) {
@@ -108,21 +95,34 @@ void escribirSubitems(CorridaDeHoja &h, const QString &id) {
 void EscribirPaginaDeItem(CorridaDeHoja &h, const Recordset &item) {
     const QString id = item.Texto(u"id");
     if (!h.bases.contains(id)) CargarItemDeHoja(h, item);
-    Recordset rs;
+    enum { Datos, Conceptos, Ventajas, Informacion, Subitems };
+    const QString interno = EnComillas(h.interno);
+    QStringList sentencias{
+        "select fobtotal,itflete,itseguro,"
+        "ajusteinc,ajusteded,estadistica,"
+        "idproc,idpais,totalkneto,estadomerc,"
+        "lista,naladisa,ncm,idunidad,"
+        "cantidad,preciounitario,valorrelacionestadistica,valorderesp"
+        " from item"
+        " where id = "_L1 +
+            id + " and interno = "_L1 + interno,
+        "select * from itemliq"
+        " where total>0 and interno = "_L1 +
+            interno + " and iditem = "_L1 + id + " order by idconceptos"_L1,
+        SentenciaDeVentajas(h.interno, id), SentenciaDeInformacion(h.interno, id)};
+    if (h.subitems)
+        sentencias << "select ncm,idunidad,cantidad,preciounitario,"
+                      "fob,sufijos,"
+                      "valorrelacionestadistica,valorderesp"
+                      " from groupsubitems"
+                      " where id = "_L1 +
+                          id + " and interno = "_L1 + interno + " order by idsub"_L1;
+    std::vector<Recordset> filas = h.consultarJuntas(sentencias);
     // Another person may have taken it away meanwhile.
-    if (!h.consultar("select fobtotal,itflete,itseguro,"
-                     "ajusteinc,ajusteded,estadistica,"
-                     "idproc,idpais,totalkneto,estadomerc,"
-                     "lista,naladisa,ncm,idunidad,"
-                     "cantidad,preciounitario,valorrelacionestadistica,valorderesp"
-                     " from item"
-                     " where id = "_L1 +
-                         id + " and interno = "_L1 + EnComillas(h.interno),
-                     rs))
-        return;
-    escribirDatos(h, id, rs);
-    escribirConceptos(h, id);
-    EscribirVentajas(h, id);
-    EscribirInformacion(h, id);
-    if (h.subitems) escribirSubitems(h, id);
+    if (filas.at(Datos).Eof()) return;
+    escribirDatos(h, id, filas.at(Datos));
+    escribirConceptos(h, filas.at(Conceptos));
+    EscribirVentajas(h, filas.at(Ventajas));
+    EscribirInformacion(h, filas.at(Informacion));
+    if (h.subitems) escribirSubitems(h, filas.at(Subitems));
 }

@@ -18,6 +18,10 @@ bool CorridaDeHoja::consultar(const QString &sql, Recordset &rs) const {
     return Consultar(ctx, entidad::internos, sql, rs);
 }
 
+std::vector<Recordset> CorridaDeHoja::consultarJuntas(const QStringList &sentencias) const {
+    return ConsultarSeguidas(ctx, entidad::internos, sentencias);
+}
+
 void CorridaDeHoja::linea(const QString &texto, bool conElSiguiente) {
     QString sinComillas = texto;
     sinComillas.replace(u'\'', u'`');
@@ -68,7 +72,7 @@ QString FilaDeHoja(std::span<const ColumnaDeHoja> columnas, const QStringList &c
 }
 
 void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item) {
-    CargarItemEnCalculadora(h.ctx, h.interno, item, h.calculo, false, h.lapi);
+    CargarItemEnCalculadora(h.ctx, h.interno, item, h.calculo, false, h.lapi, h.posiciones);
     // The bases change some of the rates: what is asked next begins from those that were loaded.
     ClassLiquidacion aparte = h.calculo;
     BasesDeItem &bases = h.bases[item.Texto(u"id")];
@@ -76,26 +80,28 @@ void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item) {
     bases.iva = aparte.ObtenerBaseIVA();
 }
 
-void EscribirVentajas(CorridaDeHoja &h, const QString &item) {
-    Recordset rs;
-    if (!h.consultar("select * from itemventaja"
-                     " where interno = "_L1 +
-                         EnComillas(h.interno) + " and iditem = "_L1 + item,
-                     rs))
-        return;
+QString SentenciaDeVentajas(const QString &interno, const QString &item) {
+    return "select * from itemventaja"
+           " where interno = "_L1 +
+           EnComillas(interno) + " and iditem = "_L1 + item;
+}
+
+QString SentenciaDeInformacion(const QString &interno, const QString &item) {
+    return "select * from iteminfo"
+           " where interno = "_L1 +
+           EnComillas(interno) + " and iditem = "_L1 + item;
+}
+
+void EscribirVentajas(CorridaDeHoja &h, Recordset &rs) {
+    if (rs.Eof()) return;
     for (const auto *texto : {u" ", u"---------", u"VENTAJAS:", u"---------", u" "})
         h.linea(QString::fromUtf16(texto), true);
     for (; !rs.Eof(); rs.MoveNext()) h.linea(rs.Texto(u"idventaja"));
     h.linea(u" "_s);
 }
 
-void EscribirInformacion(CorridaDeHoja &h, const QString &item) {
-    Recordset rs;
-    if (!h.consultar("select * from iteminfo"
-                     " where interno = "_L1 +
-                         EnComillas(h.interno) + " and iditem = "_L1 + item,
-                     rs))
-        return;
+void EscribirInformacion(CorridaDeHoja &h, Recordset &rs) {
+    if (rs.Eof()) return;
     const QString guiones(22, u'-');
     for (const QString &texto : {guiones, u"INFORMACIÓN ADICIONAL:"_s, guiones, u" "_s}) h.linea(texto, true);
     h.encabezado(columnasDeInformacion);

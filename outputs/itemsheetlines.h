@@ -35,11 +35,14 @@ struct CorridaDeHoja {
     std::vector<papel::Renglon> marcas = {};
     std::vector<std::pair<QString, QString>> ficha = {};
     bool lapi = false;  ///< goes from item to item, like the calculator
+    PosicionesLeidas posiciones{ctx};
     /// Of the items that the page of the operation went through, so that theirs does not read them again.
     QHash<QString, BasesDeItem> bases = {};
     QStringList porMandar = {};
 
     bool consultar(const QString &sql, Recordset &rs) const;
+    /// Several reads in one journey.
+    std::vector<Recordset> consultarJuntas(const QStringList &sentencias) const;
     /// Writes one line, its single quotes as "`". Some hundred lines travel together.
     void linea(const QString &texto, bool conElSiguiente = false);
     /// Sends the lines that have not left yet.
@@ -60,9 +63,12 @@ QString FilaDeHoja(std::span<const ColumnaDeHoja> columnas, const QStringList &c
 /// Loads an item into the calculator and notes its bases.
 void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item);
 
-/// The advantages and the information of an item, each block only where there is something in it.
-void EscribirVentajas(CorridaDeHoja &h, const QString &item);
-void EscribirInformacion(CorridaDeHoja &h, const QString &item);
+/// What reads the advantages and the information of an item.
+QString SentenciaDeVentajas(const QString &interno, const QString &item);
+QString SentenciaDeInformacion(const QString &interno, const QString &item);
+/// Their blocks, each only where there is something in it.
+void EscribirVentajas(CorridaDeHoja &h, Recordset &rs);
+void EscribirInformacion(CorridaDeHoja &h, Recordset &rs);
 /// The title of the block of lines.
 void EscribirTituloDeSubitems(CorridaDeHoja &h);
 

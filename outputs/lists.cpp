@@ -14,32 +14,27 @@ namespace {
 
 const QString listaDeCatalogo = u"catalogo"_s;
 const QString listaDeBultos = u"bultos"_s;
-const QString sinLineas = u"La operación %1 no tiene líneas; cárguelas antes de pedir la lista."_s;
+
+/// One of the lists of the lines of an operation.
+Lista DeLasLineas(const QString &nombre, const QString &rotulo, decltype(Lista::armar) armar) {
+    return {.nombre = nombre,
+            .rotulo = rotulo,
+            .clave = Clave::Operacion,
+            .sinFilas = u"La operación %1 no tiene líneas; cárguelas antes de pedir la lista."_s,
+            .armar = armar};
+}
 
 }  // namespace
 
 const std::vector<Lista> &Listas() {
     static const std::vector<Lista> todas{
-        {.nombre = u"lineas"_s,
-         .rotulo = u"Líneas, en hoja vertical"_s,
-         .clave = Clave::Operacion,
-         .sinFilas = sinLineas,
-         .armar = LineasVertical},
-        {.nombre = u"lineas-horizontal"_s,
-         .rotulo = u"Líneas con todas sus columnas, en hoja horizontal"_s,
-         .clave = Clave::Operacion,
-         .sinFilas = sinLineas,
-         .armar = LineasHorizontal},
-        {.nombre = u"posiciones"_s,
-         .rotulo = u"Por posición con subtotales, en hoja vertical"_s,
-         .clave = Clave::Operacion,
-         .sinFilas = sinLineas,
-         .armar = PosicionesVertical},
-        {.nombre = u"posiciones-horizontal"_s,
-         .rotulo = u"Por posición con subtotales y todas sus columnas, en hoja horizontal"_s,
-         .clave = Clave::Operacion,
-         .sinFilas = sinLineas,
-         .armar = PosicionesHorizontal},
+        DeLasLineas(u"lineas"_s, u"Líneas, en hoja vertical"_s, LineasVertical),
+        DeLasLineas(u"lineas-horizontal"_s, u"Líneas con todas sus columnas, en hoja horizontal"_s,
+                    LineasHorizontal),
+        DeLasLineas(u"posiciones"_s, u"Por posición con subtotales, en hoja vertical"_s, PosicionesVertical),
+        DeLasLineas(u"posiciones-horizontal"_s,
+                    u"Por posición con subtotales y todas sus columnas, en hoja horizontal"_s,
+                    PosicionesHorizontal),
         {.nombre = listaDeCatalogo,
          .rotulo = u"Catálogo de artículos"_s,
          .clave = Clave::Catalogo,

@@ -44,18 +44,10 @@ struct SumasDeOperacion {
 };
 
 /// The FOB and the quantity of an item are those of its lines.
-void sumarLineas(CorridaDeHoja &h, const QString &id, SumasDeOperacion &s) {
+void sumarLineas(CorridaDeHoja &h, Recordset &rs, SumasDeOperacion &s) {
     double fob = 0;
     double cantidad = 0;
-    Recordset rs;
-    for (h.consultar("select valorderesp,valorrelacionestadistica,"
-                     "ncm,idunidad,cantidad,preciounitario,"
-                     "biendeuso,sufijos,fob as fobtotal"
-                     " from groupsubitems"
-                     " where id = "_L1 +
-                         id + " and interno = "_L1 + EnComillas(h.interno) + " order by idsub"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+    for (; !rs.Eof(); rs.MoveNext()) {
         fob += rs.Numero(u"cantidad") * rs.Numero(u"preciounitario");
         cantidad += rs.Numero(u"cantidad");
     }
@@ -74,13 +66,8 @@ double totalDelConcepto(CorridaDeHoja &h, const Recordset &fila, const QString &
                                           fila.Texto(u"PorcentajeB"), 0, fila.Numero(u"Porcentaje") != 0);
 }
 
-void sumarConceptos(CorridaDeHoja &h, const QString &id, SumasDeOperacion &s) {
-    Recordset rs;
-    for (h.consultar("select * from itemliq"
-                     " where interno = "_L1 +
-                         EnComillas(h.interno) + " and iditem = "_L1 + id,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+void sumarConceptos(CorridaDeHoja &h, Recordset &rs, SumasDeOperacion &s) {
+    for (; !rs.Eof(); rs.MoveNext()) {
         const QString codigo = rs.Texto(u"idconceptos").trimmed();
         SumarAlResumen(h.ctx, s.conceptos, codigo, h.conMascara(totalDelConcepto(h, rs, codigo)),
                        rs.Texto(u"pgc").trimmed());
@@ -90,10 +77,20 @@ void sumarConceptos(CorridaDeHoja &h, const QString &id, SumasDeOperacion &s) {
 void sumarItem(CorridaDeHoja &h, const Recordset &item, const Recordset &completo, SumasDeOperacion &s) {
     const QString id = item.Texto(u"id");
     CargarItemDeHoja(h, completo);
-    sumarLineas(h, id, s);
+    std::vector<Recordset> filas =
+        h.consultarJuntas({"select valorderesp,valorrelacionestadistica,"
+                           "ncm,idunidad,cantidad,preciounitario,"
+                           "biendeuso,sufijos,fob as fobtotal"
+                           " from groupsubitems"
+                           " where id = "_L1 +
+                               id + " and interno = "_L1 + EnComillas(h.interno) + " order by idsub"_L1,
+                           "select * from itemliq"
+                           " where interno = "_L1 +
+                               EnComillas(h.interno) + " and iditem = "_L1 + id});
+    sumarLineas(h, filas.at(0), s);
     h.calculo.ObtenerBaseImponible();
     h.calculo.ObtenerBaseIVA();
-    sumarConceptos(h, id, s);
+    sumarConceptos(h, filas.at(1), s);
     s.naladisa.ver(item.Texto(u"naladisa"));
     s.lista.ver(item.Texto(u"lista"));
     s.estadomerc.ver(item.Texto(u"estadomerc"));
@@ -123,7 +120,7 @@ bool sumarOperacion(CorridaDeHoja &h, SumasDeOperacion &s) {
     // The calculator takes more of an item than the page shows; both come in the order of insertion.
     Recordset completos;
     h.consultar("select * from item where interno = "_L1 + interno + " and id<>0"_L1, completos);
-    for (; !items.Eof(); items.MoveNext(), completos.MoveNext()) {
+    for (h.posiciones.Adelantar(completos); !items.Eof(); items.MoveNext(), completos.MoveNext()) {
         if (!h.seguir()) return false;
         sumarItem(h, items, completos, s);
     }
@@ -213,8 +210,10 @@ bool EscribirPaginaDeOperacion(CorridaDeHoja &h) {
     if (!sumarOperacion(h, s)) return false;
     ponerFicha(h, s);
     escribirTotales(h, s.conceptos);
-    EscribirVentajas(h, itemDeOperacion);
-    EscribirInformacion(h, itemDeOperacion);
+    std::vector<Recordset> bloques = h.consultarJuntas({SentenciaDeVentajas(h.interno, itemDeOperacion),
+                                                        SentenciaDeInformacion(h.interno, itemDeOperacion)});
+    EscribirVentajas(h, bloques.at(0));
+    EscribirInformacion(h, bloques.at(1));
     if (h.subitems) escribirLineas(h);
     return true;
 }

@@ -153,22 +153,15 @@ Rotulos rotulosDelFinal(const AppContext &ctx, const Presupuesto &p) {
             {u"totalgeneral"_s, montoDePagina(ctx, r.totalGeneral)}};
 }
 
-/// Why the file could not be written; empty when it was.
-QString escribirArchivo(const QString &ruta, const QByteArray &bytes) {
-    return papel::ReemplazarArchivo(ruta, [&bytes](QIODevice &destino) {
-        return destino.write(bytes) == bytes.size() ? QString() : destino.errorString();
-    });
-}
-
 /// Whether a folder takes files is known when one was written: what the system says of a folder's permissions
 /// is not the whole truth everywhere.
 QString escribirDondeSePueda(const AppContext &ctx, const QString &nombre, const QByteArray &bytes) {
     QString propia = ctx.ProgramFolder + nombre;
-    if (escribirArchivo(propia, bytes).isEmpty()) return propia;
+    if (papel::ReemplazarArchivo(propia, bytes).isEmpty()) return propia;
     const QDir documentos(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     documentos.mkpath(u"."_s);
     QString ajena = documentos.filePath(nombre);
-    const QString defecto = escribirArchivo(ajena, bytes);
+    const QString defecto = papel::ReemplazarArchivo(ajena, bytes);
     if (defecto.isEmpty()) return ajena;
     ctx.dialogos.critico(defecto);
     return {};
@@ -222,7 +215,7 @@ bool LP_ArmarRep(AppContext &ctx, const Presupuesto &p, const QString &archivo) 
         return false;
     }
     const QString defecto =
-        escribirArchivo(archivo, PaginaDelPresupuesto(ctx, p, QDate::currentDate()).toLatin1());
+        papel::ReemplazarArchivo(archivo, PaginaDelPresupuesto(ctx, p, QDate::currentDate()).toLatin1());
     if (!defecto.isEmpty()) ctx.dialogos.critico(defecto);
     return defecto.isEmpty();
 }

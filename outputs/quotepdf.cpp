@@ -21,6 +21,7 @@ namespace {
 
 constexpr int puntosDeLaPagina = 96;      ///< the density that a page's pixels are meant for
 constexpr int margenDelPresupuesto = 15;  ///< millimetres
+constexpr int letraComun = 12;            ///< pixels, of what the sheet of styles leaves without a size
 constexpr int letraDelPie = 11;           ///< pixels
 constexpr qreal altoDelPie = 24;          ///< pixels below the text, for the number of the page
 
@@ -37,6 +38,45 @@ QString paraQt(QString pagina) {
         desde = fila.capturedStart() + nueva.size();
     }
     return pagina;
+}
+
+/// Points of the sheet of styles as pixels of the page: points would be those of the screen at hand.
+QString sinPuntos(const QString &pagina) {
+    static const QRegularExpression hojaDeEstilos(u"<style[^>]*>.*?</style>"_s,
+                                                  QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression puntos(u"(\\d+(?:\\.\\d+)?)pt\\b"_s);
+    constexpr double puntosPorPulgada = 72;
+    QString texto;
+    qsizetype hasta = 0;
+    for (auto hoja = hojaDeEstilos.globalMatch(pagina); hoja.hasNext();) {
+        const QRegularExpressionMatch esta = hoja.next();
+        texto += pagina.mid(hasta, esta.capturedStart() - hasta);
+        hasta = esta.capturedStart();
+        for (auto medida = puntos.globalMatch(esta.captured()); medida.hasNext();) {
+            const QRegularExpressionMatch una = medida.next();
+            const qsizetype comienzo = esta.capturedStart() + una.capturedStart();
+            const double pixeles = una.captured(1).toDouble() * puntosDeLaPagina / puntosPorPulgada;
+            texto += pagina.mid(hasta, comienzo - hasta) + QString::number(qRound(pixeles)) + "px"_L1;
+            hasta = comienzo + una.capturedLength();
+        }
+    }
+    return texto + pagina.mid(hasta);
+}
+
+/// Headings in the letter that the sheet of styles gives them; Qt would size them by the desktop's own.
+void titulosComoSeDijo(QTextDocument &documento) {
+    for (QTextBlock bloque = documento.begin(); bloque.isValid(); bloque = bloque.next()) {
+        if (bloque.blockFormat().headingLevel() == 0) continue;
+        for (auto i = bloque.begin(); !i.atEnd(); ++i) {
+            QTextCharFormat formato = i.fragment().charFormat();
+            if (!formato.hasProperty(QTextFormat::FontPixelSize)) continue;
+            formato.clearProperty(QTextFormat::FontSizeAdjustment);
+            QTextCursor cursor(bloque);
+            cursor.setPosition(i.fragment().position());
+            cursor.setPosition(i.fragment().position() + i.fragment().length(), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(formato);
+        }
+    }
 }
 
 /// The table that follows a heading; null when something else does.
@@ -92,9 +132,13 @@ QByteArray PresupuestoEnPdf(const QString &pagina, const QString &titulo) {
 
     QTextDocument documento;
     documento.setUseDesignMetrics(true);
+    QFont letra = documento.defaultFont();
+    letra.setPixelSize(letraComun);
+    documento.setDefaultFont(letra);
     documento.setDocumentMargin(0);
     documento.setMetaInformation(QTextDocument::CssMedia, u"print"_s);
-    documento.setHtml(paraQt(pagina));
+    documento.setHtml(sinPuntos(paraQt(pagina)));
+    titulosComoSeDijo(documento);
     documento.setPageSize(QSizeF(hoja.width(), hoja.height() - altoDelPie));
     partirEnHojas(documento);
 
@@ -120,8 +164,6 @@ QByteArray PresupuestoEnPdf(const QString &pagina, const QString &titulo) {
 
 QString EscribirPresupuestoPdf(AppContext &ctx, const Presupuesto &p, const QString &archivo) {
     const QDate hoy = QDate::currentDate();
-    const QByteArray pdf = PresupuestoEnPdf(PaginaDelPresupuesto(ctx, p, hoy), u"Presupuesto "_s + p.interno);
-    return papel::ReemplazarArchivo(archivo, [&pdf](QIODevice &destino) {
-        return destino.write(pdf) == pdf.size() ? QString() : destino.errorString();
-    });
+    return papel::ReemplazarArchivo(
+        archivo, PresupuestoEnPdf(PaginaDelPresupuesto(ctx, p, hoy), u"Presupuesto "_s + p.interno));
 }

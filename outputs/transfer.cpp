@@ -3,10 +3,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSaveFile>
 
 #include "frame/base/failure.h"
 #include "frame/files.h"
+#include "frame/paper/replace.h"
 #include "outputs/declarationchecks.h"
 #include "outputs/declarationxml.h"
 
@@ -54,11 +54,7 @@ DocumentoEscrito EscribirTransferencia(const Declaracion &declaracion, const QSt
         r.aviso = rechazo(u"%1 es una carpeta, elija un archivo"_s.arg(ruta));
         return r;
     }
-    QSaveFile destino(r.archivo);
-    // Without this a folder that takes no new file would have the old one overwritten in place.
-    destino.setDirectWriteFallback(false);
-    if (!destino.open(QIODevice::WriteOnly) || destino.write(documento) != documento.size() ||
-        !destino.commit()) {
+    if (!papel::ReemplazarArchivo(r.archivo, documento).isEmpty()) {
         r.aviso = rechazo(
             u"no se puede escribir en %1, revise que la carpeta exista, los permisos y el espacio"_s.arg(
                 ruta));

@@ -61,6 +61,7 @@ void FrmSubItems::Conectar() {
     for (const Campo &campo : campos_)
         if (campo.definicion->tipo != TipoDeCampo::Descripcion) ConectarCampo(campo);
     ConectarLista();
+    ArmarMenu();
     const auto alPulsar = [v](QAbstractButton *boton, const std::function<void()> &hacer) {
         QObject::connect(boton, &QAbstractButton::clicked, v, hacer);
     };
@@ -119,7 +120,7 @@ void FrmSubItems::Mostrar(const QString &interno, const std::array<int, 8> &band
     ventana->setModal(true);
     Manejar(ctx, [&] {
         AbrirSubItems(ctx, s_, interno, banderas);
-        CargarLista();
+        CargarLista({});
     });
     OfrecerBloques();
     Escribir(false);
@@ -183,9 +184,10 @@ void FrmSubItems::EscribirEstado() {
     ui.LbTotal->setText(s_.LbTotal);
     ui.LbTotSubitems->setText(s_.LbTotSubitems);
     ui.lbDIF->setText(s_.lbDIF);
-    const int fila = s_.modo == 2 ? FilaDeId(s_.id) : -1;
-    ui.lbModo->setText(fila < 0 ? u"Línea nueva"_s
-                                : u"Modifica la línea "_s + ui.LstArticulos->item(fila, 0)->text());
+    // A filter may leave the line in hand out of the list.
+    if (const int fila = s_.modo == 2 ? FilaDeId(s_.id) : -1; fila >= 0)
+        numeroEnMano_ = ui.LstArticulos->item(fila, 0)->text();
+    ui.lbModo->setText(s_.modo == 2 ? u"Modifica la línea "_s + numeroEnMano_ : u"Línea nueva"_s);
 }
 
 void FrmSubItems::Trabajar(const std::function<void()> &hacer) {
@@ -225,6 +227,9 @@ bool FrmSubItems::Form_KeyDown(const QKeyEvent *tecla) {
             return true;
         case Qt::Key_F9:
             IrALaListaYVolver();
+            return true;
+        case Qt::Key_F10:
+            AbrirMenu();
             return true;
         case Qt::Key_F11:
             cmdGrabar_Click();

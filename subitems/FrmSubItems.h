@@ -7,10 +7,13 @@
 #include <vector>
 
 #include "frame/ui/ListaConBusqueda.h"
+#include "subitems/linebulk.h"
+#include "subitems/linefilters.h"
 #include "subitems/linelist.h"
 #include "subitems/lines.h"
 #include "ui_FrmSubItems.h"
 
+class QActionGroup;
 class QKeyEvent;
 
 /// The entry of invoiced lines of one operation, one at a time, beside the list of those that exist.
@@ -38,6 +41,8 @@ class FrmSubItems {
     void ConectarCampo(const Campo &campo);
     void ConectarCodigo(const Campo &campo);
     void ConectarLista();
+    void ArmarMenu();
+    void AbrirMenu();
     bool Form_KeyDown(const QKeyEvent *tecla);
     void Form_Unload();
 
@@ -62,8 +67,13 @@ class FrmSubItems {
     void GenerarReportes();
     void IrALaListaYVolver();
 
-    void CargarLista();
-    void PonerFila(int fila, const FilaSubItem &linea);
+    void Filtro_Click(int numero);
+    void Cambio_Click(const CambioMasivo &cambio);
+    void EscribirFiltro();
+
+    void CargarLista() { CargarLista(filtro_); }
+    void CargarLista(const FiltroActivo &filtro);
+    void PonerFila(int fila, const FilaSubItem &linea, bool marcada);
     void ActualizarLinea(qint64 id, bool nueva);
     qint64 IdDeFila(int fila) const;
     int FilaDeId(qint64 id) const;
@@ -73,5 +83,8 @@ class FrmSubItems {
     std::vector<Campo> campos_;
     ListaConBusqueda lista_;
     SubItems s_;
+    FiltroActivo filtro_;
+    QActionGroup *filtros_ = nullptr;    ///< the entries of the menu; one is checked
+    QString numeroEnMano_;               ///< number of the line in hand
     QWidget *antesDeLaLista_ = nullptr;  ///< the field that F9 goes back to
 };

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QTableWidget>
 #include <algorithm>
+#include <set>
 
 #include "frame/context.h"
 #include "frame/ui/estilo.h"
@@ -38,29 +39,35 @@ void FrmSubItems::ConectarLista() {
     });
 }
 
-void FrmSubItems::CargarLista() {
-    const auto lineas = GetRsSubtiems(Contexto(), s_.interno);
+void FrmSubItems::CargarLista(const FiltroActivo &filtro) {
+    AppContext &ctx = Contexto();
+    // A filter that cannot be read leaves the one that is on.
+    const auto lineas = GetRsSubtiems(ctx, s_.interno, CondicionDe(filtro));
+    if (s_.modo == 2 && filtro.activo()) numeroEnMano_ = NumeroDeLinea(ctx, s_.interno, s_.id);
     QTableWidget *grilla = ui.LstArticulos;
-    const int enMano = grilla->currentRow();
+    const std::vector<qint64> ids = IdsMarcados();
+    const std::set<qint64> marcados(ids.begin(), ids.end());
+    const qint64 enMano = IdDeFila(grilla->currentRow());
+    const int filaEnMano = filtro == filtro_ ? grilla->currentRow() : 0;
+    filtro_ = filtro;
     grilla->setUpdatesEnabled(false);
     grilla->setRowCount(static_cast<int>(lineas.size()));
     int fila = 0;
-    for (const FilaSubItem &linea : lineas) PonerFila(fila++, linea);
+    for (const FilaSubItem &linea : lineas) PonerFila(fila++, linea, marcados.count(linea.id) != 0);
     grilla->resizeColumnsToContents();
     grilla->horizontalHeader()->setSectionResizeMode(articulo, QHeaderView::Stretch);
     grilla->setUpdatesEnabled(true);
-    lista_.Seleccionar(std::min(std::max(enMano, 0), grilla->rowCount() - 1));
+    const int otraVez = enMano == 0 ? -1 : FilaDeId(enMano);
+    lista_.Seleccionar(otraVez >= 0 ? otraVez : std::min(std::max(filaEnMano, 0), grilla->rowCount() - 1));
+    EscribirFiltro();
 }
 
-void FrmSubItems::PonerFila(int fila, const FilaSubItem &linea) {
+void FrmSubItems::PonerFila(int fila, const FilaSubItem &linea, bool marcada) {
     QTableWidget *grilla = ui.LstArticulos;
     const QStringList celdas = linea.celdas();
-    const QTableWidgetItem *antes = grilla->item(fila, numero);
-    const Qt::CheckState marca =
-        antes != nullptr && IdDeFila(fila) == linea.id ? antes->checkState() : Qt::Unchecked;
     for (int columna = 0; columna < celdas.size(); ++columna)
         estilo::PonerCelda(grilla, fila, columna, celdas.at(columna), esNumero(columna));
-    grilla->item(fila, numero)->setCheckState(marca);
+    grilla->item(fila, numero)->setCheckState(marcada ? Qt::Checked : Qt::Unchecked);
     if (!linea.marcada) return;
     for (int columna = 0; columna < celdas.size(); ++columna)
         grilla->item(fila, columna)->setForeground(estilo::acento());
@@ -69,6 +76,12 @@ void FrmSubItems::PonerFila(int fila, const FilaSubItem &linea) {
 void FrmSubItems::ActualizarLinea(qint64 id, bool nueva) {
     AppContext &ctx = Contexto();
     QTableWidget *grilla = ui.LstArticulos;
+    if (filtro_.activo()) {
+        // As it is now it may belong to the filter's lines or not.
+        CargarLista();
+        if (const int enLista = FilaDeId(id); enLista >= 0) lista_.Seleccionar(enLista);
+        return;
+    }
     const bool descendente = ctx.opciones.SbtMostrarAsc;
     int fila = FilaDeId(id);
     if (nueva) fila = descendente ? 0 : grilla->rowCount();
@@ -76,8 +89,9 @@ void FrmSubItems::ActualizarLinea(qint64 id, bool nueva) {
     const int numeroDeLinea = nueva ? grilla->rowCount() + 1 : grilla->item(fila, numero)->text().toInt();
     const auto linea = FilaDeSubItem(ctx, s_.interno, id, numeroDeLinea);
     if (!linea) return;
+    const bool marcada = !nueva && grilla->item(fila, numero)->checkState() == Qt::Checked;
     if (nueva) grilla->insertRow(fila);
-    PonerFila(fila, *linea);
+    PonerFila(fila, *linea, marcada);
     // The line may be wider than those before it; the others need no second look.
     for (int columna = 0; columna < grilla->columnCount(); ++columna)
         grilla->setColumnWidth(

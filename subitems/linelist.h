@@ -27,14 +27,24 @@ struct FilaSubItem {
 };
 const QStringList &ColumnasDeSubItems();
 
-/// The statement of GetRsSubtiems; `condicion` is what follows the operation's key, its closing quote
-/// included (without a filter, the quote alone).
-QString SentenciaSubItems(const QString &interno, bool descendente,
-                          const QString &condicion = QStringLiteral("'"));
+/// Which lines of an operation: what stands on either side of its key. All of them unless told.
+struct CondicionDeLineas {
+    QString antes = QStringLiteral("where interno = '");
+    QString detras = QStringLiteral("'");
 
-/// The operation's lines, in the order that the option SbtMostrarAsc asks for. Raises Falla.
+    bool operator==(const CondicionDeLineas &) const = default;
+};
+
+/// The statement of GetRsSubtiems.
+QString SentenciaSubItems(const QString &interno, bool descendente, const CondicionDeLineas &cuales = {});
+
+/// The operation's lines, in the order that the option SbtMostrarAsc asks for; each keeps the number that it
+/// has among all of them, as the lists on paper tell it. Raises Falla.
 std::vector<FilaSubItem> GetRsSubtiems(AppContext &ctx, const QString &interno,
-                                       const QString &condicion = QStringLiteral("'"));
+                                       const CondicionDeLineas &cuales = {});
+
+/// The number of a line among all of its operation, "0000"; empty when it is not there. Raises Falla.
+QString NumeroDeLinea(AppContext &ctx, const QString &interno, qint64 id);
 
 /// One line as its row, for a list that is already on the screen; `cantidadDeLineas` numbers a line just
 /// added (the list grows by one row at its end, or at its head when it is descending). Nothing when the line

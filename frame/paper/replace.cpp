@@ -57,4 +57,10 @@ QString ReemplazarArchivo(const QString &archivo, const std::function<QString(QI
     return {};
 }
 
+QString ReemplazarArchivo(const QString &archivo, const QByteArray &bytes) {
+    return ReemplazarArchivo(archivo, [&bytes](QIODevice &destino) {
+        return destino.write(bytes) == bytes.size() ? QString() : destino.errorString();
+    });
+}
+
 }  // namespace papel

@@ -13,6 +13,9 @@ namespace papel {
 /// there stays as it was. Empty when it was written, else a sentence that says what happened and what to do.
 QString ReemplazarArchivo(const QString &archivo, const std::function<QString(QIODevice &)> &escribir);
 
+/// The same with bytes that stand ready.
+QString ReemplazarArchivo(const QString &archivo, const QByteArray &bytes);
+
 /// "No se escribió FILE: WHY."
 QString NoSeEscribio(const QString &archivo, const QString &porque);
 

@@ -215,6 +215,91 @@ void cambiarLike(Tokens &t) {
     }
 }
 
+namespace {
+
+/// "A = B" between `desde` and `hasta`, and nothing else.
+struct Igualdad {
+    std::size_t izquierda = 0, finDeIzquierda = 0;
+    std::size_t derecha = 0, finDeDerecha = 0;
+};
+
+std::optional<Igualdad> leerIgualdad(const Tokens &t, std::size_t desde, std::size_t hasta) {
+    if (!t.empiezaPrimario(desde)) return std::nullopt;
+    Igualdad e;
+    e.izquierda = t.significativo(desde);
+    e.finDeIzquierda = t.finDePrimario(desde);
+    const std::size_t igual = t.significativo(e.finDeIzquierda);
+    if (igual >= hasta || !t[igual].es(Clave::Igual) || !t.empiezaPrimario(igual + 1)) return std::nullopt;
+    e.derecha = t.significativo(igual + 1);
+    e.finDeDerecha = t.finDePrimario(igual + 1);
+    return t.significativo(e.finDeDerecha) == hasta ? std::optional(e) : std::nullopt;
+}
+
+bool mismasPalabras(const Tokens &t, std::size_t a, std::size_t finDeA, std::size_t b, std::size_t finDeB) {
+    for (;;) {
+        a = t.significativo(a);
+        b = t.significativo(b);
+        if (a >= finDeA || b >= finDeB) return a >= finDeA && b >= finDeB;
+        if (t[a++].vista.compare(t[b++].vista, Qt::CaseInsensitive) != 0) return false;
+    }
+}
+
+/// "alias.column" of another table than `tabla`.
+bool esColumnaDeAfuera(const Tokens &t, std::size_t desde, std::size_t hasta, const Token &tabla) {
+    return t[desde].clase == Clase::Palabra && t.sigue(desde, Clave::Punto) &&
+           t.significativo(t.significativo(desde + 1) + 1) + 1 == hasta &&
+           t[desde].vista.compare(tabla.vista, Qt::CaseInsensitive) != 0;
+}
+
+/// The select between the parentheses at `abre` and its end: what it lists, and the condition, one of several
+/// equalities, by which an outer column names its rows.
+struct Existencia {
+    Igualdad nombra;
+    std::size_t conjuncion = 0;  ///< what stands ahead of that condition: its AND, or the WHERE
+};
+
+std::optional<Existencia> leerExistencia(const Tokens &t, std::size_t abre) {
+    const std::size_t cierra = t.par(abre);
+    const std::size_t select = t.significativo(abre + 1);
+    if (select >= cierra || !t[select].es(Clave::Select)) return std::nullopt;
+    const std::size_t from = t.buscar(select, cierra, Clave::From);
+    const std::size_t tabla = t.significativo(from + 1);
+    if (tabla >= cierra || t[tabla].clase != Clase::Palabra || !t.sigue(tabla, Clave::Where))
+        return std::nullopt;
+    std::optional<Existencia> hallada;
+    std::size_t conjuncion = t.significativo(tabla + 1);
+    while (conjuncion < cierra) {
+        const std::size_t fin = t.buscar(conjuncion + 1, cierra, Clave::And);
+        const auto igualdad = leerIgualdad(t, conjuncion + 1, fin);
+        if (!igualdad) return std::nullopt;
+        if (esColumnaDeAfuera(t, igualdad->izquierda, igualdad->finDeIzquierda, t[tabla]) &&
+            mismasPalabras(t, igualdad->derecha, igualdad->finDeDerecha, select + 1, from))
+            hallada = Existencia{*igualdad, conjuncion};
+        conjuncion = fin;
+    }
+    return hallada;
+}
+
+}  // namespace
+
+void cambiarExistencias(Tokens &t) {
+    if (!t.tiene(Clave::Exists)) return;
+    for (std::size_t i = 0; i < t.size(); ++i) {
+        if (!t[i].es(Clave::Exists) || !t.sigue(i, Clave::Abre)) continue;
+        const std::size_t abre = t.significativo(i + 1);
+        const auto e = leerExistencia(t, abre);
+        if (!e) continue;
+        t.cambiar(i, "coalesce("_L1 + t.escribir(e->nombra.izquierda, e->nombra.finDeIzquierda) + " in"_L1);
+        t.detras(t.par(abre), u", false)"_s);
+        // The first condition leaves the WHERE to the one behind it.
+        const std::size_t sigue = t.significativo(e->nombra.finDeDerecha);
+        if (t[e->conjuncion].es(Clave::Where) && t[sigue].es(Clave::And))
+            t.quitar(e->nombra.izquierda, t.significativo(sigue + 1));
+        else
+            t.quitar(t.anterior(e->conjuncion) + 1, e->nombra.finDeDerecha);
+    }
+}
+
 // Updates over a join, in both spellings
 
 namespace {

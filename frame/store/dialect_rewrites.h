@@ -31,6 +31,9 @@ void dividirConDecimales(Tokens &t);
 void cambiarSumas(Tokens &t);
 /// No character of a LIKE pattern escapes another.
 void cambiarLike(Tokens &t);
+/// EXISTS over the one row that an outer column names, as IN: what the rows are named by is then worked out
+/// once, and not again for every outer row.
+void cambiarExistencias(Tokens &t);
 /// TOP becomes LIMIT, nulls sort first, and what has no order, or ties in it, takes one that both engines
 /// share. `conIdentidadDeFila` adds the row's identity to the first select.
 void cambiarSelects(Tokens &t, const Ajustes &a, bool conIdentidadDeFila);

@@ -14,8 +14,9 @@ struct PalabraClave {
     Clave clave;
 };
 // In alphabetical order: a word is looked for among those with its first letter.
-constexpr std::array<PalabraClave, 32> palabras{{
+constexpr std::array<PalabraClave, 34> palabras{{
     {"all", Clave::All},
+    {"and", Clave::And},
     {"as", Clave::As},
     {"avg", Clave::Avg},
     {"charindex", Clave::Charindex},
@@ -25,6 +26,7 @@ constexpr std::array<PalabraClave, 32> palabras{{
     {"distinct", Clave::Distinct},
     {"exec", Clave::Exec},
     {"execute", Clave::Exec},
+    {"exists", Clave::Exists},
     {"from", Clave::From},
     {"group", Clave::Group},
     {"having", Clave::Having},
@@ -265,6 +267,9 @@ void Tokens::cambiar(std::size_t i, const QString &texto) {
     Edicion &e = edicion(i);
     e.nuevo = texto;
     e.cambiado = true;
+}
+void Tokens::quitar(std::size_t desde, std::size_t hasta) {
+    for (std::size_t i = desde; i < hasta; ++i) edicion(i) = {{}, {}, {}, true};
 }
 
 QString Tokens::escribir(std::size_t desde, std::size_t hasta) const {

@@ -25,6 +25,7 @@ enum class Clave : std::uint8_t {
     Ninguna,
     // words
     All,
+    And,
     As,
     Avg,
     Charindex,
@@ -33,6 +34,7 @@ enum class Clave : std::uint8_t {
     Desc,
     Distinct,
     Exec,
+    Exists,
     From,
     Group,
     Having,
@@ -107,6 +109,8 @@ class Tokens {
     void detras(std::size_t i, const QString &texto);
     /// Writes `texto` in place of token `i`.
     void cambiar(std::size_t i, const QString &texto);
+    /// Writes nothing of tokens `desde` to one ahead of `hasta`, nor of what was to be written around them.
+    void quitar(std::size_t desde, std::size_t hasta);
     /// Whether anything is to be written otherwise than it stands.
     bool editado() const { return !ediciones_.empty(); }
 

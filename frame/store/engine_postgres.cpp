@@ -100,19 +100,16 @@ QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     return db;
 }
 
-qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
-    // The driver takes no statement at all for a mistake.
-    QStringView algo = QStringView(sql).trimmed();
-    while (algo.endsWith(QLatin1Char(';'))) algo = algo.chopped(1).trimmed();
-    if (algo.isEmpty()) return 0;
-    comprobarQueEsUna(sql);
-    // Not forward-only: row by row the driver would tell a failure of a later row only at the end of the
-    // walk.
-    QSqlQuery consulta(db);
-    if (!consulta.exec(sql)) throw error(consulta.lastError());
+/// The answer that `consulta` stands on: the rows touched by a command, or read, into `filas` when it is
+/// given.
+qint64 leerRespuesta(QSqlQuery &consulta, Filas *filas) {
     if (!consulta.isSelect()) return std::max(0, consulta.numRowsAffected());
     std::vector<int> visibles;
+    // Asked for the names, the driver also asks the server for the table of each column, in the middle of the
+    // answers that are still to come. Of rows that only go forward it does not, so that is what it is told.
+    consulta.setForwardOnly(true);
     const QSqlRecord registro = consulta.record();
+    consulta.setForwardOnly(false);
     for (int c = 0; c < registro.count(); ++c)
         if (registro.fieldName(c) != ordenDeInsercion) visibles.push_back(c);
     if (filas != nullptr)
@@ -126,7 +123,20 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return leidas;
 }
 
-qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
+    // The driver takes no statement at all for a mistake.
+    QStringView algo = QStringView(sql).trimmed();
+    while (algo.endsWith(QLatin1Char(';'))) algo = algo.chopped(1).trimmed();
+    if (algo.isEmpty()) return 0;
+    comprobarQueEsUna(sql);
+    // Not forward-only: row by row the driver would tell a failure of a later row only at the end of the
+    // walk.
+    QSqlQuery consulta(db);
+    if (!consulta.exec(sql)) throw error(consulta.lastError());
+    return leerRespuesta(consulta, filas);
+}
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> *filas,
+                         std::optional<Falla> &falla) {
     qsizetype hechas = 0;
     try {
         for (const QString &sentencia : sentencias) {
@@ -136,8 +146,10 @@ qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, 
         hechas = 0;
         QSqlQuery consulta(db);
         // The server answers each by itself; the first that it refuses ends the answers.
-        for (bool sigue = consulta.exec(sentencias.join(u"\n;\n"_s)); sigue; sigue = consulta.nextResult())
+        for (bool sigue = consulta.exec(sentencias.join(u"\n;\n"_s)); sigue; sigue = consulta.nextResult()) {
+            if (filas != nullptr) leerRespuesta(consulta, &filas->emplace_back());
             ++hechas;
+        }
         if (consulta.lastError().isValid()) throw error(consulta.lastError());
     } catch (const Falla &e) {
         falla = e;
@@ -253,7 +265,7 @@ const Motor &servidor() {
         .etiqueta = u"SQL"_s,
         .formaDeFecha = u"'yyyy-MM-dd HH:mm:ss'"_s,
         .gramatica = {.expresiones = {quitarDbo, cambiarCorchetes, fechasComoMomento, cambiarSumas,
-                                      dividirConDecimales, cambiarLike},
+                                      dividirConDecimales, cambiarLike, cambiarExistencias},
                       .ordenDeInsercion = ordenDeInsercion,
                       .nulosAlFinal = true,
                       .identidad = identidadDeFila},

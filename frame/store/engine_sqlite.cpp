@@ -182,10 +182,12 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
-qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::optional<Falla> &falla) {
+qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> *filas,
+                         std::optional<Falla> &falla) {
     qsizetype hechas = 0;
     try {
-        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), nullptr);
+        for (; hechas < sentencias.size(); ++hechas)
+            correr(db, sentencias.at(hechas), filas == nullptr ? nullptr : &filas->emplace_back());
     } catch (const Falla &e) {
         falla = e;
     }
@@ -289,7 +291,7 @@ const Motor &archivo() {
         .formaDeFecha = u"#MM/dd/yyyy HH:mm:ss#"_s,
         // Brackets it reads as they stand, and never takes an unknown name between them for a text.
         .gramatica = {.expresiones = {quitarDbo, fechasComoTexto, cambiarFunciones, cambiarConcatenaciones,
-                                      guardarDivisores},
+                                      guardarDivisores, cambiarExistencias},
                       .ordenDeInsercion = "rowid"_L1,
                       .nulosAlFinal = false,
                       .identidad = identidadDeFila},

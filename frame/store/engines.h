@@ -54,6 +54,10 @@ struct Seccion {
 struct Filas {
     std::vector<QString> nombres;
     std::vector<QVariant> celdas;
+
+    qint64 cuantas() const {
+        return nombres.empty() ? 0 : static_cast<qint64>(celdas.size() / nombres.size());
+    }
 };
 
 /// Runs one text for a connection, with its trace and its failures: see Motor::correr.
@@ -86,10 +90,11 @@ struct Motor {
     /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
     /// business: `*` does not show it.
     qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
-    /// Runs commands one after the other up to the first that fails, and answers how many stood ahead of it:
-    /// the failure is in `falla` then. A server takes them in one journey, and keeps all of them or none.
+    /// Runs statements one after the other up to the first that fails, and answers how many stood ahead of
+    /// it: the failure is in `falla` then. `filas`, when it is given, takes the rows of each. A server takes
+    /// them in one journey, and keeps all of them or none.
     qsizetype (*correrSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
-                                std::optional<Falla> &falla);
+                                std::vector<Filas> *filas, std::optional<Falla> &falla);
     /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a
     /// select with Gramatica::identidad answered; renews `identidad` where the row moved. Answers the rows
     /// touched: 0 when the row is gone.

@@ -87,6 +87,32 @@ struct Conexion::Interno {
         return cuantas;
     }
 
+    void correrSeguidas(const QStringList &sentencias, std::vector<motores::Filas> *filas) {
+        if (sentencias.isEmpty()) return;
+        abrir();
+        QStringList traducidas;
+        traducidas.reserve(sentencias.size());
+        for (const QString &sentencia : sentencias) {
+            traducidas << dialecto::traducir(sentencia, ajustes);
+            comprobarSinNulos(sentencia);
+        }
+        QElapsedTimer reloj;
+        reloj.start();
+        std::optional<Falla> falla;
+        const qsizetype hechas = motor.correrSeguidas(db, traducidas, filas, falla);
+        if (falla) {
+            falla->fuente = datos->entidad;
+            falla->sentencia = sentencias.value(hechas);
+            if (!motor.vive(db)) cerrar();
+            throw Falla(*falla);
+        }
+        const auto &hilo = traza();
+        const qint64 cadaUna = reloj.nsecsElapsed() / 1000 / sentencias.size();
+        for (qsizetype n = 0; hilo && n < hechas; ++n)
+            hilo({datos->entidad, sentencias.at(n), traducidas.at(n), cadaUna,
+                  filas == nullptr ? 1 : filas->at(static_cast<std::size_t>(n)).cuantas()});
+    }
+
     void cerrar() {
         if (!abierta) return;
         if (ligeras > 0) {
@@ -113,9 +139,7 @@ bool Conexion::crearrs(Recordset &rs) {
     i_->abrir();
     motores::Filas filas;
     i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), &filas);
-    rs.nombres_ = std::move(filas.nombres);
-    rs.celdas_ = std::move(filas.celdas);
-    rs.ancho_ = rs.nombres_.size();
+    rs.tomar(std::move(filas));
     return !rs.Eof();
 }
 
@@ -144,28 +168,15 @@ qint64 Conexion::Ejecutar() {
 }
 
 void Conexion::EjecutarSeguidas(const QStringList &sentencias) {
-    if (sentencias.isEmpty()) return;
-    i_->abrir();
-    QStringList traducidas;
-    for (const QString &sentencia : sentencias) {
-        traducidas << dialecto::traducir(sentencia, i_->ajustes);
-        comprobarSinNulos(sentencia);
-    }
-    QElapsedTimer reloj;
-    reloj.start();
-    std::optional<Falla> falla;
-    const qsizetype hechas = i_->motor.correrSeguidas(i_->db, traducidas, falla);
-    if (!falla) {
-        const auto &hilo = traza();
-        const qint64 cadaUna = reloj.nsecsElapsed() / 1000 / sentencias.size();
-        for (qsizetype n = 0; hilo && n < hechas; ++n)
-            hilo({i_->datos->entidad, sentencias.at(n), traducidas.at(n), cadaUna, 1});
-        return;
-    }
-    falla->fuente = i_->datos->entidad;
-    falla->sentencia = sentencias.value(hechas);
-    if (!i_->motor.vive(i_->db)) cerrar();
-    throw Falla(*falla);
+    i_->correrSeguidas(sentencias, nullptr);
+}
+
+std::vector<Recordset> Conexion::ConsultarSeguidas(const QStringList &sentencias) {
+    std::vector<motores::Filas> filas;
+    i_->correrSeguidas(sentencias, &filas);
+    std::vector<Recordset> respuestas(filas.size());
+    for (std::size_t n = 0; n < filas.size(); ++n) respuestas[n].tomar(std::move(filas[n]));
+    return respuestas;
 }
 
 QSqlDatabase Conexion::coneccion() {
@@ -246,6 +257,12 @@ void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {
 }
 
 // Recordset
+
+void Recordset::tomar(motores::Filas &&filas) {
+    nombres_ = std::move(filas.nombres);
+    celdas_ = std::move(filas.celdas);
+    ancho_ = nombres_.size();
+}
 
 void Recordset::Close() {
     *this = Recordset();

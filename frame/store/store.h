@@ -14,7 +14,8 @@
 
 namespace motores {
 struct Datos;
-}
+struct Filas;
+}  // namespace motores
 
 /// A field of the row in hand.
 struct Campo {
@@ -58,6 +59,7 @@ class Recordset {
     friend class Conexion;
     int filas() const { return ancho_ == 0 ? 0 : static_cast<int>(celdas_.size() / ancho_); }
     int columna(QStringView nombre) const;
+    void tomar(motores::Filas &&filas);
     void irA(int fila) {
         if (!pendientes_.empty()) olvidar();
         fila_ = fila;
@@ -111,6 +113,10 @@ class Conexion {
     /// Runs commands that nothing is asked of, one after the other, in one journey to a server: for rows of a
     /// scratch table. What ran ahead of one that fails may be kept or not. Raises Falla.
     void EjecutarSeguidas(const QStringList &sentencias);
+
+    /// Runs selects, one after the other, in one journey to a server; the rows of each, in their order.
+    /// Raises Falla for the first that fails.
+    std::vector<Recordset> ConsultarSeguidas(const QStringList &sentencias);
 
     /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind
     /// coneccion().

@@ -1,5 +1,6 @@
 #include "frame/ui/ClCntrl.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -64,6 +65,16 @@ bool alApretar(QWidget *campo, const QKeyEvent *tecla) {
     return false;
 }
 
+/// A button chosen by its letter is down for a tenth of a second before it counts, and whoever types on is
+/// faster.
+bool alElegirPorLetra(QWidget *campo, const QShortcutEvent *letra) {
+    auto *opcion = qobject_cast<QAbstractButton *>(campo);
+    if (opcion == nullptr || !opcion->isCheckable() || letra->isAmbiguous()) return false;
+    opcion->setFocus(Qt::ShortcutFocusReason);
+    opcion->click();
+    return true;
+}
+
 }  // namespace
 
 void ClCntrl::Vincular(QWidget *campo) {
@@ -82,6 +93,8 @@ void ClCntrl::Vincular(QWidget *campo) {
                 return false;
             case QEvent::KeyPress:
                 return alApretar(campo, static_cast<QKeyEvent *>(evento));
+            case QEvent::Shortcut:
+                return alElegirPorLetra(campo, static_cast<QShortcutEvent *>(evento));
             default:
                 return false;
         }

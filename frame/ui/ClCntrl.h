@@ -12,12 +12,12 @@ class QWidget;
 
 /// What a bound field does by itself: ENTER goes on like TAB, the arrows go to the next and the previous
 /// field, the numeric keypad's decimal key writes the workstation's separator, the field in hand has its
-/// colour and its text selected. The dynamic property "tag" of the field steers it: "NOENTER" leaves ENTER
-/// and the arrows to the field, a tag ending in "#F6" has a list behind F6 and a colour of its own, a tag
-/// beginning "BB" keeps its colour.
+/// colour and its text selected, an option chosen by its letter is chosen at once. The dynamic property "tag"
+/// of the field steers it: "NOENTER" leaves ENTER and the arrows to the field, a tag ending in "#F6" has a
+/// list behind F6 and a colour of its own, a tag beginning "BB" keeps its colour.
 namespace ClCntrl {
 
-/// Binds one field: a line edit, a box of several lines, a list or a combo box.
+/// Binds one field: a line edit, a box of several lines, a list, a combo box or an option.
 void Vincular(QWidget *campo);
 
 /// Hears every text change of a bound field while the shared change flag is on (the operation must then be

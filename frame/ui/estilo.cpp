@@ -54,8 +54,8 @@ QTabBar::tab { padding: 7px 14px; border: 1px solid #d5dede; background: #e3eaea
 QTabBar::tab:selected { background: white; border-bottom-color: white; color: #006666; }
 QTabBar:focus::tab:selected { border-color: #006666; border-bottom-color: white; }
 QToolBar { border: none; spacing: 4px; padding: 0; }
-QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 5px 9px; }
-QToolButton:hover, QToolButton:focus { border-color: #006666; background: white; }
+QToolBar QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 5px 9px; }
+QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: #006666; background: white; }
 )";
 
 /// A sheet that speaks of cells keeps a cell's own colour from being painted; here it is, under the text.

@@ -132,6 +132,46 @@ const Par parecidos[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Patterns, Pares, ::testing::ValuesIn(parecidos), nombreDelPar);
 
+const Par existencias[] = {
+    {"AnExistsByOneOuterColumnIsLookedUp",
+     "delete from a where exists (select (b.x + '-' + b.y) from b where b.z = '' and a.k = (b.x + '-' + b.y))",
+     "delete from a where coalesce(a.k in (select (b.x || '-' || b.y) from b where b.z = ''), false)",
+     "delete from a where coalesce(a.k in (select (b.x + '-' + b.y) from b where b.z = ''), false)"},
+    {"AnExistsWhoseFirstConditionNamesTheRow",
+     "delete from a where NOT EXISTS ( Select b.x From b Where a.k = b.x and b.z = 1 and b.y = 'left(x)' )",
+     "delete from a where NOT coalesce(a.k in ( Select b.x From b Where b.z = 1 and b.y = 'left(x)' ), false)",
+     "delete from a where NOT coalesce(a.k in ( Select b.x From b Where b.z = 1 and b.y = 'left(x)' ), "
+     "false)"},
+    {"AnExistsOfOneCondition", "delete from a where exists (select b.x from b where a.k = b.x)",
+     "delete from a where coalesce(a.k in (select b.x from b), false)",
+     "delete from a where coalesce(a.k in (select b.x from b), false)"},
+    {"AnExistsByCutsTakesTheirRewritesAlong",
+     "delete from a where exists (select left(b.x,2) from b where b.z = 0 and a.k = left(b.x,2)) and a.q = 1",
+     "delete from a where coalesce(a.k in (select (zleft(b.x,2) COLLATE ZCI) from b where b.z = 0), false) "
+     "and a.q = 1",
+     "delete from a where coalesce(a.k in (select left(b.x,2) from b where b.z = 0), false) and a.q = 1"},
+    {"AnExistsThatListsSomethingElseStays", "delete from a where exists (select 1 from b where a.k = b.x)",
+     nullptr, nullptr},
+    {"AnExistsByItsOwnColumnsStays", "delete from a where exists (select b.x from b where b.k = b.x)",
+     nullptr, nullptr},
+    {"AnExistsWithAnAlternativeStays",
+     "delete from a where exists (select b.x from b where b.z = 1 or b.y = 2 and a.k = b.x)", nullptr,
+     nullptr},
+    {"AnExistsBetweenStays",
+     "delete from a where exists (select b.x from b where b.z between 1 and a.k = b.x)", nullptr, nullptr},
+    {"AnExistsOfAnotherComparisonStays", "delete from a where exists (select b.x from b where a.k <> b.x)",
+     nullptr, nullptr},
+    {"AnExistsOverTwoTablesStays", "delete from a where exists (select b.x from b, c where a.k = b.x)",
+     nullptr, nullptr},
+    {"AnExistsOfGroupsStays", "delete from a where exists (select b.x from b where a.k = b.x group by b.x)",
+     nullptr, nullptr},
+    {"AnExistsWithoutConditionStays", "delete from a where exists (select b.x from b)", nullptr, nullptr},
+    {"AnExistsOfNothingStays", "delete from a where exists () or exists (select) or exists", nullptr,
+     nullptr},
+    {"ATableCalledLikeItStays", "delete from exists where exists.a = 1", nullptr, nullptr},
+};
+INSTANTIATE_TEST_SUITE_P(Existence, Pares, ::testing::ValuesIn(existencias), nombreDelPar);
+
 const Par comandos[] = {
     {"AProcedureIsSelected", "exec ProcesarDescargasconTLR1 'OP1'", "select ProcesarDescargasconTLR1('OP1')",
      "select ProcesarDescargasconTLR1('OP1')"},

@@ -102,6 +102,20 @@ TEST_P(PresupuestoEnLote, WritesThePdfAndItsPicture) {
     EXPECT_TRUE(QFile::exists(fotos + "/presupuesto.png"_L1));
 }
 
+TEST_P(PresupuestoEnLote, ThePdfIsTheSameFromAFineScreenAndFromACoarseOne) {
+    const auto deLaPantalla = [this](const char *puntos) {
+        qputenv("QT_FONT_DPI", puntos);
+        const Corrida c = presupuestar("pantalla.pdf");
+        qunsetenv("QT_FONT_DPI");
+        EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+        // What stands ahead tells the moment it was written.
+        return salidaDe(u"pdftotext"_s, {u"-bbox"_s, en("pantalla.pdf"), u"-"_s}).section(u"<doc>"_s, 1);
+    };
+    const QString gruesa = deLaPantalla("72");
+    EXPECT_TRUE(gruesa.contains(u">HONORARIOS<"_s)) << gruesa.toStdString();
+    EXPECT_EQ(deLaPantalla("168").toStdString(), gruesa.toStdString());
+}
+
 TEST_P(PresupuestoEnLote, WithoutARateThereIsNoQuote) {
     ponerPase("no sé");
     const Corrida c = presupuestar("salida.html");

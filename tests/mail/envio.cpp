@@ -8,6 +8,13 @@
 
 using namespace Qt::StringLiterals;
 
+void esEnviado(const FinDeEnvio &fin) {
+    EXPECT_TRUE(fin.enviado);
+    EXPECT_TRUE(fin.cerrar);
+    EXPECT_EQ(fin.mensaje.texto, u"Datos enviados."_s);
+    EXPECT_EQ(fin.mensaje.titulo, u"ZENDRA/W"_s);
+}
+
 void esperarA(const std::function<bool()> &listo) {
     const QDeadlineTimer plazo(30'000);
     while (!listo()) {

@@ -2,7 +2,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFont>
+#include <QGuiApplication>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScopeGuard>
 
 #include "header/comments.h"
@@ -45,6 +48,17 @@ class QuoteFiles : public Presupuestos {
         lector.start(u"pdftotext"_s, {u"-layout"_s, archivo, u"-"_s});
         EXPECT_TRUE(lector.waitForFinished()) << "pdftotext is part of poppler-utils";
         return QString::fromUtf8(lector.readAllStandardOutput());
+    }
+    /// The height of a word on the page, in points.
+    static double altoEnElPdf(const QString &archivo, const QString &palabra) {
+        QProcess lector;
+        lector.start(u"pdftotext"_s, {u"-bbox"_s, archivo, u"-"_s});
+        EXPECT_TRUE(lector.waitForFinished());
+        const QRegularExpression cajaDe(u"yMin=\"([0-9.]+)\"[^>]*yMax=\"([0-9.]+)\">%1<"_s.arg(palabra));
+        const QRegularExpressionMatch hallada =
+            cajaDe.match(QString::fromUtf8(lector.readAllStandardOutput()));
+        EXPECT_TRUE(hallada.hasMatch()) << palabra.toStdString();
+        return hallada.captured(2).toDouble() - hallada.captured(1).toDouble();
     }
 
  private:
@@ -146,6 +160,28 @@ TEST_P(QuoteFiles, ThePdfIsTextOnA4) {
           u"A CUENTA: -"_s, u"TOTAL GENERAL (pesos) 134250,50"_s})
         EXPECT_TRUE(texto.contains(parte)) << parte.toStdString() << '\n' << texto.toStdString();
     EXPECT_FALSE(texto.contains(u"font-size"_s)) << "the sheet of styles is not read aloud";
+}
+
+// The desktop's letter has no say on paper: whoever opens the PDF sees what the sheet of styles says.
+TEST_P(QuoteFiles, TheLettersOfThePdfAreThoseOfTheSheetOfStyles) {
+    const QFont antes = QGuiApplication::font();
+    const auto deVuelta = qScopeGuard([&antes] { QGuiApplication::setFont(antes); });
+    for (const int puntosDelEscritorio : {7, 18}) {
+        QFont letra = antes;
+        letra.setPointSize(puntosDelEscritorio);
+        QGuiApplication::setFont(letra);
+        const QString archivo =
+            poner(u"letras.pdf"_s,
+                  PresupuestoEnPdf(u"<style>* { font-family: Liberation Sans; } h1 { font-size: 18pt; } "
+                                   "h2 { font-size: 9pt; } p { font-size: 9pt; }</style>"
+                                   "<h1>Presupuesto</h1><h2>Valores</h2><p>de 9pt</p>"_s,
+                                   u"Letras"_s));
+        const double comun = altoEnElPdf(archivo, u"9pt"_s);
+        // A line of this letter is 1.12 times as high as its size.
+        EXPECT_NEAR(comun, 9 * 1.12, 0.1) << puntosDelEscritorio;
+        EXPECT_NEAR(altoEnElPdf(archivo, u"Valores"_s), comun, 0.1) << puntosDelEscritorio;
+        EXPECT_NEAR(altoEnElPdf(archivo, u"Presupuesto"_s), 2 * comun, 0.1) << puntosDelEscritorio;
+    }
 }
 
 TEST_P(QuoteFiles, OnePageNeedsNoNumber) {

@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -147,6 +149,22 @@ TEST_F(Campos, ABoxOfSeveralLinesIsSelectedInHandAndHeardWhenItChanges) {
     varias.setPlainText(u"f"_s);
     EXPECT_EQ(cambios, 1);
     ClCntrl::banderaDeCambios() = false;
+}
+
+TEST_F(Campos, ALetterWithAltChoosesBeforeTheNextKey) {
+    QRadioButton pesos(u"&Pesos"_s, &formulario);
+    QCheckBox subitems(u"&SubItems"_s, &formulario);
+    for (QWidget *opcion : {static_cast<QWidget *>(&pesos), static_cast<QWidget *>(&subitems)}) {
+        ClCntrl::Vincular(opcion);
+        opcion->show();
+    }
+    tecla(Qt::Key_P, Qt::AltModifier);
+    EXPECT_TRUE(pesos.isChecked());
+    EXPECT_EQ(QApplication::focusWidget(), &pesos);
+    tecla(Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(subitems.isChecked());
+    tecla(Qt::Key_S, Qt::AltModifier);
+    EXPECT_FALSE(subitems.isChecked());
 }
 
 TEST_F(Campos, EveryTextOfAFormIsEmptied) {

@@ -7,7 +7,10 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QStyleOptionToolButton>
 #include <QTest>
+#include <QToolButton>
 #include <QWindow>
 #include <stdexcept>
 
@@ -105,11 +108,60 @@ TEST_P(Ventanas, AnInputBoxTakesNoMoreThanItsLength) {
     EXPECT_EQ(*texto, QString(40, QLatin1Char('A')));
 }
 
+TEST_P(Ventanas, AnInputBoxShowsALongTextWhole) {
+    conVentanaModal([](QWidget *modal) {
+        auto *campo = modal->findChild<QLineEdit *>();
+        ASSERT_NE(campo, nullptr);
+        EXPECT_GT(campo->contentsRect().width(), campo->fontMetrics().horizontalAdvance(campo->text()));
+        QTest::keyClick(campo, Qt::Key_Escape);
+    });
+    Entrada entrada;
+    entrada.texto = u"Ingrese el valor"_s;
+    entrada.inicial = u"OC 4500-1187 / BOMBAS SUMERGIBLES, DOS ENTREGAS"_s;
+    ctx->dialogos.pedirTexto(entrada);
+}
+
 TEST_P(Ventanas, AnInputBoxLeftByEscapeAnswersNothing) {
     conVentanaModal([](QWidget *modal) { QTest::keyClick(modal, Qt::Key_Escape); });
     Entrada entrada;
     entrada.inicial = u"X"_s;
     EXPECT_FALSE(ctx->dialogos.pedirTexto(entrada).has_value());
+}
+
+TEST_P(Ventanas, AListShowsItsLongestRowWhole) {
+    conVentanaModal([](QWidget *modal) {
+        auto *lista = modal->findChild<QListWidget *>();
+        ASSERT_NE(lista, nullptr);
+        EXPECT_EQ(lista->horizontalScrollBar()->maximum(), 0);
+        QTest::keyClick(lista, Qt::Key_Escape);
+    });
+    Eleccion eleccion;
+    eleccion.filas = {u"una"_s, u"Por posición con subtotales y todas sus columnas, en hoja horizontal"_s +
+                                    u", para el archivo de la oficina"_s};
+    ctx->dialogos.elegir(eleccion);
+}
+
+TEST_P(Ventanas, TheToolsOfTheBoxForFilesAreSeen) {
+    conVentanaModal([](QWidget *modal) {
+        const auto herramientas = modal->findChildren<QToolButton *>();
+        int vistas = 0;
+        for (const QToolButton *herramienta : herramientas) {
+            if (!herramienta->isVisible() || herramienta->icon().isNull()) continue;
+            ++vistas;
+            // What the sheet puts around an icon has to fit into the little that the box leaves.
+            QStyleOptionToolButton opcion;
+            opcion.initFrom(herramienta);
+            const QSize icono = herramienta->iconSize();
+            const QSize entero =
+                herramienta->style()->sizeFromContents(QStyle::CT_ToolButton, &opcion, icono, herramienta);
+            constexpr int marcoDelEstilo = 8;
+            EXPECT_LE(entero.width(), icono.width() + marcoDelEstilo)
+                << herramienta->objectName().toStdString();
+        }
+        EXPECT_GT(vistas, 0);
+        QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    EXPECT_TRUE(ctx->dialogos.guardarComo({{}, tienda->carpeta() + "/a.pdf"_L1, u"PDF (*.pdf)"_s}).isEmpty());
 }
 
 TEST_P(Ventanas, AListAnswersTheRowChosenByEnter) {

@@ -111,6 +111,32 @@ TEST_P(ImpresionDeItems, TheKeyboardAlonePreviewsARangeWithItsSubitems) {
     EXPECT_TRUE(subitems);
 }
 
+TEST_P(ImpresionDeItems, ANumberTypedIsThatItem) {
+    imprimir("5", [&](FrmPrintItem &p) {
+        escribir(u"1"_s);
+        EXPECT_EQ(p.ui.cbDesde->currentText(), u"1"_s) << "and not the next one that begins so";
+        escribir(u"2"_s);
+        EXPECT_EQ(p.ui.cbDesde->currentText(), u"12"_s);
+        escribir(u"0"_s);
+        EXPECT_EQ(p.ui.cbDesde->currentText(), u"0"_s) << "there is no item 120";
+        tecla(Qt::Key_Return);
+        EXPECT_EQ(QApplication::focusWidget(), p.ui.CbHasta);
+        escribir(u"19"_s);
+        EXPECT_EQ(p.ui.CbHasta->currentText(), u"19"_s);
+        tecla(Qt::Key_F12);
+        EXPECT_EQ(p.ui.LbDesc->text(), u"Item: 19 de 19"_s);
+        p.ui.CbHasta->setFocus();
+        escribir(u"3"_s);
+        EXPECT_EQ(p.ui.CbHasta->currentText(), u"3"_s);
+        p.ui.cbDesde->setFocus();
+        escribir(u"9"_s);
+        tecla(Qt::Key_F12);
+        EXPECT_EQ(registro.mensajes.back().texto, u"El campo DESDE no puede ser mayor que HASTA"_s);
+        EXPECT_EQ(p.ui.LbDesc->text(), QString()) << "what the run before did is not this one's";
+        EXPECT_EQ(p.ui.PB->value(), 0);
+    });
+}
+
 TEST_P(ImpresionDeItems, WithoutThePreviewItGoesToThePrinter) {
     imprimir("0", [&](FrmPrintItem &p) {
         p.ui.ChVistaPrel->setFocus();
@@ -196,7 +222,8 @@ TEST_P(ImpresionDeItems, EscapeStopsARunAndThenLeaves) {
         EXPECT_TRUE(p.ventana->isVisible());
         EXPECT_EQ(QApplication::focusWidget(), p.ui.CmdPrint);
         EXPECT_EQ(p.ui.PB->value(), 0);
-        EXPECT_EQ(p.ui.lbTeclas->text(), u"ENTER  seguir   ·   F12  imprimir   ·   ESC  salir"_s);
+        EXPECT_EQ(p.ui.lbTeclas->text(),
+                  u"CIFRAS  elegir el item   ·   ENTER  seguir   ·   F12  imprimir   ·   ESC  salir"_s);
         tecla(Qt::Key_Escape);
         EXPECT_FALSE(p.ventana->isVisible());
     });

@@ -120,6 +120,14 @@ TEST_P(EnvioDelPresupuesto, AWrongAddressIsToldAndGetsTheKeyboard) {
     });
 }
 
+TEST_P(EnvioDelPresupuesto, EveryClientOfTheDemonstrationCanBeSentOne) {
+    const QStringList direcciones =
+        filas(u"select email from clientes"_s, u"PERSONAL"_s).split(u'\n', Qt::SkipEmptyParts);
+    EXPECT_GE(direcciones.size(), 8);
+    for (const QString &direccion : direcciones)
+        EXPECT_TRUE(EsDireccionValida(direccion.trimmed())) << direccion.toStdString();
+}
+
 TEST_P(EnvioDelPresupuesto, TheMailProgramGetsAMailThatWasNotSent) {
     registro.respuestas = {true};
     mostrar([this](FrmPresupuesto &p) {

@@ -42,7 +42,7 @@ TEST_P(PantallaDelPresupuesto, ShowsTheOperationAndStartsOnTheRate) {
         EXPECT_EQ(p.ui.TxtPase->selectedText(), u"1000,000000"_s);
         EXPECT_EQ(p.ui.LbCliente->text(), u"HIDRAULICA DEL PLATA S.A."_s);
         EXPECT_EQ(p.ui.LbDespachante->text(), u"FERREYRA HORACIO DANIEL"_s);
-        EXPECT_EQ(p.ui.TxtEmail->text(), u"comex@hidraulicadelplata.example"_s);
+        EXPECT_EQ(p.ui.TxtEmail->text(), u"comex@hidraulicadelplata.test"_s);
         EXPECT_TRUE(p.ui.opSMTP->isChecked());
         EXPECT_EQ(p.ui.CbLineas->currentText(), u"0"_s);
         EXPECT_EQ(p.ui.GrdLiq->rowCount(), 3);
@@ -59,6 +59,73 @@ TEST_P(PantallaDelPresupuesto, ShowsTheOperationAndStartsOnTheRate) {
         tecla(Qt::Key_Escape);
     });
     EXPECT_TRUE(registro.mensajes.empty());
+}
+
+/// The right edge of a column's texts, and that of what a label shows, both on the screen.
+int bordeDe(const QTableWidget *grilla, int columna) {
+    constexpr int aireDeCelda = 8;
+    const int derecha = grilla->columnViewportPosition(columna) + grilla->columnWidth(columna) - aireDeCelda;
+    return grilla->viewport()->mapToGlobal(QPoint(derecha, 0)).x();
+}
+int bordeDe(const QLabel *etiqueta) {
+    return etiqueta->mapToGlobal(QPoint(etiqueta->width(), 0)).x();
+}
+
+TEST_P(PantallaDelPresupuesto, NamesOfDutiesAreReadWholeAndSumsStandUnderTheirColumns) {
+    ejecutar(u"delete from liqcero"_s);
+    for (const char *fila :
+         {"'424','IMPUESTO A LAS GANANCIAS',13926.10,'P'", "'010','DERECHOS DE IMPORTACION',68731.20,'P'"})
+        ejecutar("insert into liqcero (interno,idconcepto,concepto,valor,pgc) values ('IC-2026-0001',"_L1 +
+                 QLatin1String(fila) + ")"_L1);
+    // The letter of a common desktop.
+    const QFont antes = QApplication::font();
+    QFont letra = antes;
+    letra.setPixelSize(13);
+    QApplication::setFont(letra);
+    mostrar([](FrmPresupuesto &p) {
+        QTableWidget *liq = p.ui.GrdLiq;
+        for (int fila = 0; fila < liq->rowCount(); ++fila)
+            for (int columna = 0; columna < liq->columnCount(); ++columna) {
+                const QTableWidgetItem *celda = liq->item(fila, columna);
+                EXPECT_LE(liq->fontMetrics().horizontalAdvance(celda->text()), liq->columnWidth(columna) - 10)
+                    << celda->text().toStdString();
+            }
+        EXPECT_NEAR(bordeDe(p.ui.LbGastosDespacho), bordeDe(liq, 3), 3);
+        EXPECT_NEAR(bordeDe(p.ui.LbGastosDespachoPeso), bordeDe(liq, 2), 3);
+        EXPECT_NEAR(bordeDe(p.ui.LbGastosOperativosDol), bordeDe(p.ui.Grd, 2), 3);
+        EXPECT_NEAR(bordeDe(p.ui.LbGastosOperativos), bordeDe(p.ui.Grd, 1), 3);
+        for (const int columna : {1, 2})
+            EXPECT_TRUE(p.ui.Grd->horizontalHeaderItem(columna)->textAlignment() & Qt::AlignRight)
+                << "headings of amounts stand at the right also over nothing";
+        tecla(Qt::Key_Escape);
+    });
+    QApplication::setFont(antes);
+}
+
+TEST_P(PantallaDelPresupuesto, AnAmountHasFifteenCharactersAndAThousandMillionsFitTheScreen) {
+    mostrar([](FrmPresupuesto &p) {
+        const QString largo(30, u'9');
+        for (QLineEdit *campo : {p.ui.TxtPase, p.ui.txtAcuenta}) {
+            campo->setFocus();
+            campo->selectAll();
+            escribir(largo);
+            EXPECT_EQ(campo->text().size(), 15);
+            campo->setText(u"1500,5"_s);
+        }
+        p.ui.GrdLiq->setFocus();
+        conPantallaModal<FrmDatos>([&largo](FrmDatos &d) {
+            escribir(largo);
+            EXPECT_EQ(d.ui.TxtValor->text().size(), 15);
+            d.ui.TxtValor->selectAll();
+            escribir(u"999999999,99"_s);
+            tecla(Qt::Key_Return);
+        });
+        tecla(Qt::Key_Return);
+        esperarVentana(p.ventana.get());
+        EXPECT_EQ(p.ui.LbGastosDespacho->text(), u"999999999,99"_s);
+        EXPECT_LE(p.ventana->width(), 1280);
+        tecla(Qt::Key_Escape);
+    });
 }
 
 TEST_P(PantallaDelPresupuesto, AnOperationThatIsNotThereOpensNothing) {
@@ -125,7 +192,8 @@ TEST_P(PantallaDelPresupuesto, EnterOnADutyGivesItAnotherAmount) {
             EXPECT_TRUE(d.ui.opDolar->isChecked());
             EXPECT_EQ(QApplication::focusWidget(), d.ui.TxtValor);
             escribir(u"150000"_s);
-            atajo(Qt::Key_P);
+            // ENTER follows at once, as fast hands type it.
+            tecla(Qt::Key_P, Qt::AltModifier);
             EXPECT_TRUE(d.ui.opPeso->isChecked());
             tecla(Qt::Key_Return);
         });

@@ -1,6 +1,7 @@
 #include "tests/screens/subitems_pantalla.h"
 
 #include <QApplication>
+#include <QMenu>
 
 #include "frame/base/numbers.h"
 #include "frame/ui/Pantalla.h"
@@ -92,6 +93,16 @@ void EnLineas::nuevaBomba(FrmSubItems &pantalla) {
     teclearBomba(pantalla);
     tecla(Qt::Key_F11);
     ASSERT_EQ(ultimoMensaje(), "<ninguno>");
+}
+
+void EnLineas::menu(int cual, int letra) {
+    tecla(Qt::Key_F10);
+    if (cual == 1) tecla(Qt::Key_Right);
+    const auto *abierto = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_NE(abierto, nullptr);
+    ASSERT_EQ(abierto->objectName(), cual == 0 ? u"mnuFiltros"_s : u"mnuCambios"_s);
+    tecla(letra);
+    ASSERT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 std::string EnLineas::ultimoMensaje() const {

@@ -34,6 +34,9 @@ class EnLineas : public EnPantalla {
     /// Keys a line of pumps and saves it.
     void nuevaBomba(FrmSubItems &pantalla);
 
+    /// The entry of the menu that the letter chooses: of the filters (0) or of the changes of all lines (1).
+    static void menu(int cual, int letra);
+
     std::string ultimoMensaje() const;
     std::string linea(const char *columnas, const QString &interno = QStringLiteral("OP 1"));
     int cuantas(const QString &interno = QStringLiteral("OP 1"));

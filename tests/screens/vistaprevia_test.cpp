@@ -83,6 +83,26 @@ TEST_P(VistaPrevia, OpensOnTheFirstPageAsWideAsTheWindow) {
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
+TEST_P(VistaPrevia, NoWidthOfTheWindowLeavesAScrollBarUnderAPageThatIsSeenInItsWidth) {
+    mostrar(listaDe(200), [](FrmVistaPrevia &p) {
+        for (int ancho = 1000; ancho < 1040; ++ancho) {
+            p.ventana->resize(ancho, 700);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(p.ui.ZonaHojas->horizontalScrollBar()->maximum(), 0) << ancho;
+        }
+    });
+}
+
+TEST_P(VistaPrevia, TheKeysAreToldOnOneLineInTheLetterOfACommonDesktop) {
+    QFont letra = QApplication::font();
+    letra.setPixelSize(13);
+    mostrar(documentoDe(3), [&letra](FrmVistaPrevia &p) {
+        const int margenes = p.ui.lbTeclas->width() - p.ui.lbTeclas->contentsRect().width();
+        EXPECT_LT(QFontMetrics(letra).horizontalAdvance(p.ui.lbTeclas->text()) + margenes,
+                  p.ui.lbTeclas->width());
+    });
+}
+
 TEST_P(VistaPrevia, TheKeysGoThroughThePages) {
     mostrar(documentoDe(400), [](FrmVistaPrevia &p) {
         tecla(Qt::Key_Down);
@@ -115,6 +135,21 @@ TEST_P(VistaPrevia, AWholePageIsFollowedByTheNextOne) {
             tecla(Qt::Key_PageDown);
             EXPECT_EQ(p.ui.TxtHoja->text(), hoja);
         }
+    });
+}
+
+TEST_P(VistaPrevia, AWholePageIsTheOneInHandFromWhereverOneWasInIt) {
+    mostrar(documentoDe(400), [](FrmVistaPrevia &p) {
+        tecla(Qt::Key_3);
+        tecla(Qt::Key_Return);
+        tecla(Qt::Key_Down);
+        tecla(Qt::Key_Down);
+        tecla(Qt::Key_E);
+        EXPECT_EQ(p.ui.TxtHoja->text(), u"3"_s);
+        // A page and the strip between two are one step.
+        const int paso = (p.ui.Hojas->height() - 16) / 11;
+        EXPECT_NEAR(valor(p) % paso, 0, 11) << "its head is the head of the view";
+        EXPECT_NEAR(valor(p), 2 * paso, 11);
     });
 }
 

@@ -88,6 +88,41 @@ TEST_P(TablasPropias, CommandsThatTravelTogetherRunInTheirOrderAndAreTracedOneBy
     personal().EjecutarSeguidas({});
 }
 
+TEST_P(TablasPropias, SelectsThatTravelTogetherAnswerEachItsOwnRows) {
+    const TablaPropia propia(personal(), u"tabla"_s);
+    for (const char *linea : {"A; B", "Ñ"}) ejecutar(alta(linea), u"PERSONAL"_s);
+    const QStringList sentencias{u"select linea from tabla order by idlin"_s,
+                                 u"select nombre from clientes where cuit = 'no; está'"_s,
+                                 u"select top 1 linea,idlin from tabla order by idlin desc"_s};
+    const Traza traza;
+    std::vector<Recordset> rs = personal().ConsultarSeguidas(sentencias);
+    EXPECT_EQ(traza.sentencias(),
+              QStringList(sentencias).replaceInStrings(QRegularExpression(u"^"_s), u"PERSONAL|"_s));
+    ASSERT_EQ(rs.size(), 3U);
+    EXPECT_EQ(rs[0].RecordCount(), 2);
+    EXPECT_EQ(rs[0].Texto(u"linea"), u"A; B"_s);
+    rs[0].MoveNext();
+    EXPECT_EQ(rs[0].Texto(u"LINEA"), u"Ñ"_s);
+    EXPECT_TRUE(rs[1].Eof());
+    EXPECT_EQ(rs[1].columnas(), 1);
+    EXPECT_EQ(rs[2].RecordCount(), 1);
+    EXPECT_EQ(rs[2].Texto(u"linea"), u"Ñ"_s);
+    EXPECT_TRUE(personal().ConsultarSeguidas({}).empty());
+}
+
+TEST_P(TablasPropias, OfSelectsThatTravelTogetherTheOneThatFailsIsTold) {
+    const QString mala = u"select columna from tabla"_s;
+    try {
+        personal().ConsultarSeguidas({u"select linea from tabla"_s, mala, u"select cuit from clientes"_s});
+        ADD_FAILURE() << "nothing was refused";
+    } catch (const Falla &e) {
+        EXPECT_EQ(e.sentencia, mala);
+        EXPECT_EQ(e.fuente, u"PERSONAL"_s);
+        EXPECT_TRUE(e.descripcion.contains(u"columna"_s)) << e.descripcion.toStdString();
+    }
+    EXPECT_EQ(lineas(), "guardada") << "the connection goes on";
+}
+
 TEST_P(TablasPropias, TheOneThatFailsIsToldWithItsTextAndTheConnectionGoesOn) {
     const TablaPropia propia(personal(), u"tabla"_s);
     for (const QString &mala :
