@@ -53,12 +53,7 @@ std::optional<ArticuloElegido> FrmCatArticulosBuscar::Buscar(BusquedaEnCatalogos
 }
 
 void FrmCatArticulosBuscar::contar() {
-    const int ver = lista_.Visibles();
-    const auto hay = static_cast<int>(filas_.size());
-    if (hay != ver)
-        ui.lbCantidad->setText(u"%1 de %2 artículos"_s.arg(ver).arg(hay));
-    else
-        ui.lbCantidad->setText(ver == 1 ? u"1 artículo"_s : u"%1 artículos"_s.arg(ver));
+    ui.lbCantidad->setText(CuantosArticulos(lista_.Visibles(), static_cast<int>(filas_.size())));
 }
 
 std::optional<ArticuloElegido> BuscarEnTodosLosCatalogos(BusquedaEnCatalogos por) {

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTableView>
 #include <algorithm>
 
@@ -63,12 +64,12 @@ void ListaDeArticulos::CargarTodo() {
 }
 
 void ListaDeArticulos::contar() {
-    const int ver = lista_.Visibles();
-    const auto hay = static_cast<int>(codigos_.size());
-    if (hay != ver)
-        c_.cantidad->setText(u"%1 de %2 artículos"_s.arg(ver).arg(hay));
-    else
-        c_.cantidad->setText(ver == 1 ? u"1 artículo"_s : u"%1 artículos"_s.arg(ver));
+    c_.cantidad->setText(CuantosArticulos(lista_.Visibles(), static_cast<int>(codigos_.size())));
+}
+
+void ListaDeArticulos::estrechar() {
+    // The whole catalogue has no field; a text that comes looks in the code.
+    lista_.EstrecharPor(c_.TxtValor, std::max(0, consulta_->donde(campo().columna)));
 }
 
 QString ListaDeArticulos::Elegir(const QString &idcatalogo, const QString &buscado) {
@@ -87,7 +88,10 @@ QString ListaDeArticulos::Elegir(const QString &idcatalogo, const QString &busca
 
 void ListaDeArticulos::TxtValor_Change() {
     // A text is looked for somewhere.
-    if (campo().columna.isEmpty() && !c_.TxtValor->text().isEmpty()) c_.CboCampo->setCurrentIndex(1);
+    if (campo().columna.isEmpty() && !c_.TxtValor->text().isEmpty()) {
+        const QSignalBlocker callado(c_.CboCampo);
+        c_.CboCampo->setCurrentIndex(1);
+    }
     // What the store was asked for is a part of the catalogue; another text may be in the rest.
     if (!completa_) CargarTodo();
 }
@@ -95,7 +99,7 @@ void ListaDeArticulos::TxtValor_Change() {
 void ListaDeArticulos::CboCampo_Click() {
     if (campo().columna.isEmpty()) c_.TxtValor->clear();
     if (!completa_) CargarTodo();
-    lista_.EstrecharPor(c_.TxtValor, std::max(0, consulta_->donde(campo().columna)));
+    estrechar();
 }
 
 void ListaDeArticulos::CmdBuscar_Click() {
@@ -114,8 +118,12 @@ void ListaDeArticulos::Eliminar() {
     bool eliminado = false;
     Manejar(ctx, [&] { eliminado = eliminar_({idcatalogo_, codigos_.at(static_cast<std::size_t>(fila))}); });
     if (!eliminado) return;
-    CargarTodo();
-    lista_.EstrecharPor(c_.TxtValor, std::max(0, consulta_->donde(campo().columna)));
+    if (completa_) {
+        CargarTodo();
+        estrechar();
+    } else {
+        Cargar(campo(), c_.TxtValor->text());
+    }
     // The one behind it takes its place.
     lista_.Seleccionar(std::min(fila, static_cast<int>(codigos_.size()) - 1));
 }

@@ -43,6 +43,7 @@ class ListaDeArticulos {
     void CargarTodo();
     const CampoDeArticulos &campo() const;
     void contar();
+    void estrechar();
 
     Controles c_{};
     const ConsultaDeArticulos *consulta_ = nullptr;

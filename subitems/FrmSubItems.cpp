@@ -14,6 +14,7 @@
 #include "header/FrmLstProrrateo.h"
 #include "header/changes.h"
 #include "header/regime.h"
+#include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmCatArticulosBuscar.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmSufijos.h"
@@ -25,20 +26,21 @@ namespace {
 
 using L = QLatin1String;
 
-/// The article of the catalogue in hand, or of any when there is none; nothing when the user left.
-ArticuloElegido ElegirArticulo(const CamposSubItem &c) {
+/// F6 on the catalogue goes through all of them; on the article it searches the one in hand or, without one,
+/// the code that is there in any. Nothing when the user left.
+ArticuloElegido ElegirArticulo(const CamposSubItem &c, bool desdeElCatalogo) {
     const QString catalogo = c.TxtIdCatalogo.trimmed();
     const QString escrito = c.txtIdArticulo.trimmed();
-    if (!catalogo.isEmpty()) {
-        const QString articulo = Pantalla<FrmbArticulos>().Elegir(catalogo, escrito);
-        CerrarPantalla<FrmbArticulos>();
-        return articulo.isEmpty() ? ArticuloElegido{} : ArticuloElegido{catalogo, articulo};
+    if (desdeElCatalogo || (catalogo.isEmpty() && escrito.isEmpty()))
+        return SeleccionarArticulo(catalogo).value_or(ArticuloElegido{});
+    if (catalogo.isEmpty()) {
+        const auto hallado = Pantalla<FrmCatArticulosBuscar>().Buscar(BusquedaEnCatalogos::Articulo, escrito);
+        CerrarPantalla<FrmCatArticulosBuscar>();
+        return hallado.value_or(ArticuloElegido{});
     }
-    if (escrito.isEmpty())
-        return BuscarEnTodosLosCatalogos(BusquedaEnCatalogos::Articulo).value_or(ArticuloElegido{});
-    const auto hallado = Pantalla<FrmCatArticulosBuscar>().Buscar(BusquedaEnCatalogos::Articulo, escrito);
-    CerrarPantalla<FrmCatArticulosBuscar>();
-    return hallado.value_or(ArticuloElegido{});
+    const QString articulo = Pantalla<FrmbArticulos>().Elegir(catalogo, escrito);
+    CerrarPantalla<FrmbArticulos>();
+    return articulo.isEmpty() ? ArticuloElegido{} : ArticuloElegido{catalogo, articulo};
 }
 
 }  // namespace
@@ -281,8 +283,8 @@ bool FrmSubItems::Campo_F6(const Campo &campo) {
             if (elegida.isEmpty()) return;
             s_.campos.TxtPosicion = elegida;
             BuscarNCM(ctx, s_);
-        } else if (campo.control == ui.txtIdArticulo) {
-            TomarArticulo(ctx, s_, ElegirArticulo(s_.campos));
+        } else if (campo.control == ui.TxtIdCatalogo || campo.control == ui.txtIdArticulo) {
+            TomarArticulo(ctx, s_, ElegirArticulo(s_.campos, campo.control == ui.TxtIdCatalogo));
         } else if (campo.control == ui.TxtCodProrrateo) {
             const QString codigo = Pantalla<FrmLstProrrateo>().Elegir(s_.interno);
             CerrarPantalla<FrmLstProrrateo>();

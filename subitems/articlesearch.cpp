@@ -6,6 +6,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "subitems/ArticleStore.h"
 
 using namespace Qt::StringLiterals;
 
@@ -135,6 +136,11 @@ std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticu
     return filas;
 }
 
+QString CuantosArticulos(int enVista, int todos) {
+    if (enVista != todos) return u"%1 de %2 artículos"_s.arg(enVista).arg(todos);
+    return todos == 1 ? u"1 artículo"_s : u"%1 artículos"_s.arg(todos);
+}
+
 QString TituloDeBusqueda(BusquedaEnCatalogos por) {
     return por == BusquedaEnCatalogos::Articulo ? u"Buscar en TODOS los catálogos por código de artículo"_s
                                                 : u"Buscar en TODOS los catálogos por posición arancelaria"_s;
@@ -197,8 +203,6 @@ bool EliminarArticuloDeLista(AppContext &ctx, const ArticuloElegido &articulo) {
     if (!ctx.dialogos.preguntar(
             {"Confima eliminar el articulo "_L1 + articulo.idarticulo, {}, Icono::Pregunta, false}))
         return false;
-    const QString clave = "idcatalogo = "_L1 + TextoEnComillas(articulo.idcatalogo) +
-                          " and idarticulo = "_L1 + TextoEnComillas(articulo.idarticulo);
-    Ejecutar(ctx, catalogos, "delete from articulo_ventaja where "_L1 + clave);
-    return Ejecutar(ctx, catalogos, "delete from catarticulos where "_L1 + clave) > 0;
+    ArticleStore::Borrar(ctx, articulo.idcatalogo, articulo.idarticulo);
+    return true;
 }

@@ -62,6 +62,9 @@ std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticu
                                          const QString &idcatalogo, const CampoDeArticulos &campo,
                                          const QString &valor);
 
+/// "1 artículo", "12 artículos", or "3 de 12 artículos" while some are out of sight.
+QString CuantosArticulos(int enVista, int todos);
+
 /// A search across all catalogues.
 enum class BusquedaEnCatalogos {
     Articulo,  ///< by the whole code of an article
@@ -83,6 +86,6 @@ struct ArticuloEncontrado {
 std::vector<ArticuloEncontrado> BuscarEnCatalogos(AppContext &ctx, BusquedaEnCatalogos por,
                                                   const QString &valor);
 
-/// FrmArticulos: asks and deletes an article of the list with its advantages; false when the user says No or
-/// it was gone already. Raises Falla.
+/// FrmArticulos: asks and deletes an article of the list with its advantages; false when the user says No.
+/// Raises Falla.
 bool EliminarArticuloDeLista(AppContext &ctx, const ArticuloElegido &articulo);

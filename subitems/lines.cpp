@@ -65,19 +65,6 @@ void ponerDescripciones(AppContext &ctx, CamposSubItem &c) {
     c.LbDescEstado = getEstadoMercaderiaDescripcion(ctx, c.TxtIdEstadoMercaderia);
 }
 
-/// The row of `filas` that the user picks, with the search as one types; -1 when the list is left.
-int elegirDe(AppContext &ctx, const QString &titulo, const QStringList &filas) {
-    return ctx.dialogos.elegir({titulo, filas, -1, Eleccion::Tipo::Codigos});
-}
-
-bool elegirCatalogo(AppContext &ctx, SubItems &s) {
-    const QStringList todos = ArticleStore::Catalogos(ctx);
-    const int cual = elegirDe(ctx, u"Catálogos"_s, todos);
-    if (cual < 0) return false;
-    s.campos.TxtIdCatalogo = todos.at(cual);
-    return true;
-}
-
 /// ENTER on a field with a code table.
 void codigoEnter(AppContext &ctx, SubItems &s, const DefinicionDeCampo &d) {
     QString codigo = s.campos.*d.campo;
@@ -216,7 +203,6 @@ Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control
 }
 
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control) {
-    if (esControl(control, "TxtIdCatalogo")) return !s.articuloFijo && elegirCatalogo(ctx, s);
     const DefinicionDeCampo *d = CampoDeSubItem(control);
     if (d == nullptr || *d->clave == 0) return false;
     CampoDeCodigo campo{s.campos.*d->campo, {}, {}};

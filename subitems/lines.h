@@ -135,9 +135,8 @@ void CalcularFob(const AppContext &ctx, SubItems &s);
 /// ENTER on a field: the position (BuscarNCM), the article (BuscarArticuloSobreCat, unless it is locked), or
 /// the description of a coded field. Walking over a line with ENTER recalculates nothing.
 Veredicto CampoDeLineaEnter(AppContext &ctx, SubItems &s, const QString &control);
-/// F6 on a coded field and on the catalogue. False when nothing was chosen, while the article is locked, and
-/// for a field without a list here: the article, the position and the proration code have screens of their
-/// own.
+/// F6 on a coded field. False when nothing was chosen, and for a field without a list here: the article, the
+/// position and the proration code have screens of their own.
 bool CampoDeLineaF6(AppContext &ctx, SubItems &s, const QString &control);
 /// The user changed a text: the figures that follow it (units, kilos, and the price or the total, by the
 /// mode). Not for texts that the program sets.

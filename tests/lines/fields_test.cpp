@@ -279,20 +279,6 @@ TEST_P(CamposDeLinea, AnUnknownArticleEmptiesTheDescriptionInSilence) {
     EXPECT_TRUE(registro.mensajes.empty());
 }
 
-TEST_P(CamposDeLinea, CataloguesAreListed) {
-    ejecutar("insert into catarticulos (idcatalogo,idarticulo,descripcion) values ('ABC','Z','Última')",
-             "CATALOGOS");
-    registro.indices = {1, -1};
-    EXPECT_TRUE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo"));
-    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
-    EXPECT_EQ(registro.elecciones.back().filas.join('|').toStdString(), "ABC|CAT");
-    EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo")) << "left";
-    s.articuloFijo = true;
-    registro.indices = {0};
-    EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtIdCatalogo"));
-    EXPECT_EQ(s.campos.TxtIdCatalogo.toStdString(), "CAT");
-}
-
 TEST_P(CamposDeLinea, AnArticleThatWasChosenFillsTheLine) {
     s.campos.TxtIdCatalogo = "ABC";
     EXPECT_FALSE(TomarArticulo(*ctx, s, {})) << "left";
@@ -327,7 +313,8 @@ TEST_P(CamposDeLinea, CodedFieldsShowTheirDescriptions) {
     EXPECT_TRUE(CampoDeLineaF6(*ctx, s, "TxtIdEstadoMercaderia"));
     EXPECT_EQ(s.campos.TxtIdEstadoMercaderia.toStdString(), "2");
     EXPECT_EQ(s.campos.LbDescEstado.toStdString(), "Nueva");
-    EXPECT_FALSE(CampoDeLineaF6(*ctx, s, "TxtPosicion"));
+    for (const char *control : {"TxtPosicion", "TxtIdCatalogo", "txtIdArticulo"})
+        EXPECT_FALSE(CampoDeLineaF6(*ctx, s, control)) << "a screen of its own";
 }
 
 TEST_P(CamposDeLinea, SuffixesAskedForAgainKeepTheirTextWhenOneGivesUp) {

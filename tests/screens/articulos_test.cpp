@@ -168,7 +168,7 @@ TEST_P(PantallasDeArticulos, AnotherFieldSearchesTheSameText) {
         esperarCodigos(p, "");
         tecla(Qt::Key_C, Qt::AltModifier);
         ASSERT_EQ(QApplication::focusWidget(), p.ui.CboCampo);
-        tecla(Qt::Key_Down);
+        tecla(Qt::Key_D);
         EXPECT_EQ(p.ui.CboCampo->currentText(), u"DESCRIPCIÓN"_s);
         EXPECT_EQ(codigos(p), "B-10 B-20 K_1") << "at once";
         tecla(Qt::Key_T, Qt::AltModifier);
@@ -241,7 +241,7 @@ TEST_P(PantallasDeArticulos, ASearchOfTheStoreThatFindsNothingGoesBackToItsText)
         EXPECT_EQ(QApplication::focusWidget(), p.ui.TxtValor);
         EXPECT_EQ(p.ui.TxtValor->selectedText(), u"d'x"_s);
         tecla(Qt::Key_Backtab);
-        tecla(Qt::Key_Down);
+        tecla(Qt::Key_D);
         EXPECT_EQ(p.ui.CboCampo->currentText(), u"DESCRIPCIÓN"_s);
         EXPECT_EQ(p.ui.lbCantidad->text(), u"0 de 5 artículos"_s) << "in the whole catalogue";
         tecla(Qt::Key_Escape);

@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "frame/entities.h"
+#include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmCatArticulosBuscar.h"
 #include "subitems/FrmbArticulos.h"
 #include "tests/screens/subitems_pantalla.h"
@@ -63,6 +64,39 @@ TEST_P(ArticuloDeLinea, WhatIsTypedIsSearchedFirstAndEscapeLeavesTheLineAlone) {
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"CAT"_s);
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-1"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), QString());
+}
+
+TEST_P(ArticuloDeLinea, F6OnTheCatalogueGoesThroughAllOfThemAndFillsTheLine) {
+    auto &ui = lineas().ui;
+    llenar(ui.TxtIdCatalogo, u"OTRO"_s);
+    conPantallaModal<FrmCatArticulos>([](FrmCatArticulos &) {
+        // The catalogue of the field stands open, its first article in hand.
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
+    EXPECT_FALSE(PantallaAbierta<FrmCatArticulos>());
+    EXPECT_EQ(ui.TxtIdCatalogo->text(), u"OTRO"_s);
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"B-10"_s);
+    EXPECT_EQ(ui.TxtDescArticulos->text(), u"La misma"_s);
+    EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo);
+    conPantallaModal<FrmCatArticulos>([](FrmCatArticulos &) { tecla(Qt::Key_Escape); });
+    tecla(Qt::Key_F6);
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"B-10"_s) << "left";
+}
+
+TEST_P(ArticuloDeLinea, WithNeitherCatalogueNorCodeTheCataloguesAreShown) {
+    auto &ui = lineas().ui;
+    irA(ui.txtIdArticulo);
+    conPantallaModal<FrmCatArticulos>([](FrmCatArticulos &) {
+        tecla(Qt::Key_Plus);
+        tecla(Qt::Key_Down);
+        tecla(Qt::Key_Down);
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
+    EXPECT_EQ(ui.TxtIdCatalogo->text(), u"CAT"_s);
+    EXPECT_EQ(ui.txtIdArticulo->text(), u"B-20"_s);
+    EXPECT_EQ(ui.TxtPosicion->text(), bomba);
 }
 
 TEST_P(ArticuloDeLinea, WithoutACatalogueItsCodeIsSearchedInAllOfThem) {

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTreeView>
 
 #include "frame/ui/Pantalla.h"
 #include "header/FrmLstProrrateo.h"
 #include "header/automotive.h"
 #include "operations/FrmDetalleInterno.h"
+#include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmPosicion.h"
 #include "subitems/FrmbArticulos.h"
 #include "tests/screens/subitems_pantalla.h"
@@ -99,8 +101,18 @@ TEST_P(LineasNuevas, F6ListsCataloguesArticlesPositionsUnitsAndCountries) {
         tecla(Qt::Key_F6);
         EXPECT_EQ(registro.elecciones.size(), 1U) << campo->objectName().toStdString();
     };
-    elegir(ui.TxtIdCatalogo, u"HIDPLATA"_s);
+    irA(ui.TxtIdCatalogo);
+    conPantallaModal<FrmCatArticulos>([](FrmCatArticulos &catalogos) {
+        const QTreeView *arbol = catalogos.ui.TvArticulos;
+        for (int n = 0; n < 20 && !arbol->currentIndex().data().toString().startsWith("HIDPLATA"_L1); ++n)
+            tecla(Qt::Key_Down);
+        tecla(Qt::Key_Plus);
+        tecla(Qt::Key_Down);
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s);
+    EXPECT_NE(ui.TxtDescArticulos->text(), QString()) << "the article that was taken there";
     irA(ui.txtIdArticulo);
     conPantallaModal<FrmbArticulos>([](FrmbArticulos &articulos) {
         EXPECT_EQ(articulos.ui.lbTituloArticulos->text(), u"Artículos de HIDPLATA"_s);
