@@ -8,6 +8,8 @@
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
+#include "regulatory/lnapireports.h"
+#include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCatArticulosBuscar.h"
 
 using namespace Qt::StringLiterals;
@@ -39,7 +41,7 @@ const std::vector<FrmCatArticulos::Comando> &FrmCatArticulos::Comandos() {
          &F::AlternarMarca},
         {EnLista, Menu::Articulo, Dibujo::Copiar, u"&Cambiar de catálogo los artículos marcados",
          u"Cambiar catálogo", u"F7", Qt::Key_F7, solo, &F::CambiarCatalogo},
-        {EnEdicion, Menu::Articulo, Dibujo::Copiar, u"&Vincular una ventaja", u"Vincular ventaja", u"F7",
+        {EnEdicion, Menu::Articulo, Dibujo::PasoHecho, u"&Vincular una ventaja", u"Vincular ventaja", u"F7",
          Qt::Key_F7, solo, &F::Vincular},
         {EnEdicion, Menu::Articulo, Dibujo::Borrar, u"&Quitar la ventaja", nullptr, u"Supr", 0, solo,
          &F::Quitar},
@@ -55,6 +57,14 @@ const std::vector<FrmCatArticulos::Comando> &FrmCatArticulos::Comandos() {
          u"En todos, por artículo", u"F3", Qt::Key_F3, solo, &F::BuscarPorArticulo},
         {EnAmbos, Menu::Buscar, Dibujo::Buscar, u"Buscar en TODOS los catálogos por &posición arancelaria",
          u"En todos, por posición", u"F4", Qt::Key_F4, solo, &F::BuscarPorPosicion},
+        {EnAmbos, Menu::Licencias, Dibujo::Exportar, u"Reporte del &catálogo", nullptr, u"", 0, solo,
+         &F::ReporteDelCatalogo},
+        {EnAmbos, Menu::Licencias, Dibujo::Exportar, u"Reporte de un &artículo en todos los catálogos",
+         nullptr, u"", 0, solo, &F::ReporteDeArticulo},
+        {EnAmbos, Menu::Licencias, Dibujo::Exportar, u"Reporte de una &posición en todos los catálogos",
+         nullptr, u"", 0, solo, &F::ReporteDePosicion},
+        {EnAmbos, Menu::Licencias, Dibujo::Nomenclador, u"&Licencias de una posición", nullptr, u"", 0, solo,
+         &F::LicenciasPorPosicion},
     };
     return todos;
 }
@@ -76,8 +86,9 @@ FrmCatArticulos::FrmCatArticulos() : ventana(HacerDialogo()) {
 }
 
 void FrmCatArticulos::ArmarMenus() {
-    const std::array<QMenu *, 2> menus{ui.barraDeMenu->addMenu(u"&Artículos"_s),
-                                       ui.barraDeMenu->addMenu(u"&Buscar"_s)};
+    const std::array<QMenu *, 3> menus{ui.barraDeMenu->addMenu(u"&Artículos"_s),
+                                       ui.barraDeMenu->addMenu(u"&Buscar"_s),
+                                       ui.barraDeMenu->addMenu(u"&Licencias"_s)};
     for (QToolBar *barra : {ui.TbLista, ui.TbEdicion})
         barra->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     for (const Comando &c : Comandos()) {
@@ -175,8 +186,43 @@ void FrmCatArticulos::IrA(const QString &control) {
 
 void FrmCatArticulos::Imprimir() {
     AppContext &ctx = Contexto();
-    const QString idcatalogo = modo_ == EnLista ? EnMano().idcatalogo : ui.TxtIdCatalogo->text();
-    Manejar(ctx, [&] { ImprimirCatalogo(ctx, idcatalogo); });
+    Manejar(ctx, [&] { ImprimirCatalogo(ctx, CatalogoEnMano()); });
+}
+
+QString FrmCatArticulos::CatalogoEnMano() const {
+    return modo_ == EnLista ? EnMano().idcatalogo : ui.TxtIdCatalogo->text().trimmed();
+}
+
+void FrmCatArticulos::ReporteDelCatalogo() {
+    AppContext &ctx = Contexto();
+    const QString idcatalogo = CatalogoEnMano();
+    if (idcatalogo.isEmpty()) {
+        ctx.dialogos.advertir(u"Elija el catálogo del reporte."_s);
+        return;
+    }
+    Manejar(ctx, [&] { ReporteCatalogo(ctx, idcatalogo); });
+}
+
+void FrmCatArticulos::ReporteDeArticulo() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] {
+        if (const auto valor = PreguntarBusqueda(ctx, BusquedaEnCatalogos::Articulo))
+            ReporteArticulo(ctx, *valor);
+    });
+}
+
+void FrmCatArticulos::ReporteDePosicion() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] {
+        if (const auto valor = PreguntarBusqueda(ctx, BusquedaEnCatalogos::Posicion))
+            ReportePosicion(ctx, *valor);
+    });
+}
+
+void FrmCatArticulos::LicenciasPorPosicion() {
+    Pantalla<FrmBuscarArticulosPorPA>().Mostrar(modo_ == EnEdicion ? ui.TxtPosicion->text().trimmed()
+                                                                   : QString());
+    CerrarPantalla<FrmBuscarArticulosPorPA>();
 }
 
 void FrmCatArticulos::BuscarPorArticulo() {

@@ -33,7 +33,7 @@ class FrmCatArticulos {
 
  private:
     enum Modo : unsigned { EnLista = 1, EnEdicion = 2, EnAmbos = EnLista | EnEdicion };
-    enum class Menu { Articulo, Buscar };
+    enum class Menu { Articulo, Buscar, Licencias };
     /// A row of the menus, and of the toolbars when it has a button.
     struct Comando {
         Modo modos;
@@ -96,6 +96,11 @@ class FrmCatArticulos {
     void BuscarPorArticulo();
     void BuscarPorPosicion();
     void BuscarEnTodos(BusquedaEnCatalogos por);
+    QString CatalogoEnMano() const;
+    void ReporteDelCatalogo();
+    void ReporteDeArticulo();
+    void ReporteDePosicion();
+    void LicenciasPorPosicion();
 
     std::vector<std::pair<const Comando *, QAction *>> acciones_;
     ModeloDeCatalogos *modelo_;

@@ -111,7 +111,7 @@ void FrmCatArticulos::VerEdicion() {
 }
 
 void FrmCatArticulos::Nuevo() {
-    const QString catalogo = modo_ == EnLista ? EnMano().idcatalogo : ui.TxtIdCatalogo->text();
+    const QString catalogo = CatalogoEnMano();
     cambio_ = false;
     VaciarBloque();
     ui.TxtIdCatalogo->setText(catalogo);

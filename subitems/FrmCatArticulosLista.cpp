@@ -73,7 +73,8 @@ void FrmCatArticulos::Expandir(const QModelIndex &catalogo) {
     if (!catalogo.isValid() || catalogo.parent().isValid()) return;
     const Reloj reloj(Contexto().dialogos);
     modelo_->fetchMore(catalogo);
-    ui.TvArticulos->expand(catalogo);
+    // What could not be read was told, and would be asked for again.
+    if (!modelo_->canFetchMore(catalogo)) ui.TvArticulos->expand(catalogo);
 }
 
 void FrmCatArticulos::Contraer(const QModelIndex &celda) {

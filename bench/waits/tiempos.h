@@ -20,11 +20,15 @@ inline double Apretura() {
     return std::max(1.0, static_cast<double>(reloj.nsecsElapsed()) / 1e9 / procesador);
 }
 
-/// The best of `veces` runs of `hacer`, in milliseconds of a machine of our own.
-template <class F>
-double MejorTiempo(F hacer, int veces = 7) {
+inline void NadaAntes() {}
+
+/// The best of `veces` runs of `hacer`, in milliseconds of a machine of our own; `preparar` comes ahead of
+/// each and is not counted.
+template <class F, class P = void (*)()>
+double MejorTiempo(F hacer, int veces = 7, P preparar = NadaAntes) {
     double mejor = 1e9;
     for (int vez = 0; vez < veces; ++vez) {
+        preparar();
         const double antes = Apretura();
         QElapsedTimer reloj;
         reloj.start();

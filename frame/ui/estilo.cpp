@@ -45,6 +45,7 @@ QHeaderView::section { background: #e3eaea; border: none; border-right: 1px soli
 QAbstractItemView { background: white; alternate-background-color: #f7fafa; border: 1px solid #d5dede; selection-background-color: #006666; selection-color: white; gridline-color: #e3eaea; }
 QTableView::item { border: none; padding: 0 5px; }
 QListView::item { padding: 3px 5px; }
+QTreeView::item { padding: 3px 2px; }
 QAbstractItemView:focus { border: 1px solid #006666; }
 QProgressBar { border: 1px solid #cfd8dc; border-radius: 4px; background: white; text-align: center; color: #102027; }
 QProgressBar::chunk { background: #80cbc4; border-radius: 3px; }

@@ -77,7 +77,8 @@ TEST_P(Marco, TheMenuHasItsSevenEntriesAndTheFormsUnderTheirTitle) {
 TEST_P(Marco, EntriesWithoutAScreenAreShownDisabled) {
     mostrar();
     const auto *grilla = Pantalla<MenuP>().ui.GrdMenuMain;
-    const QStringList conPantalla{u"Operaciones"_s, u"Clientes"_s, u"Nomenclador"_s, u"Configuración"_s};
+    const QStringList conPantalla{u"Operaciones"_s, u"Clientes"_s, u"Nomenclador"_s, u"Catálogos"_s,
+                                  u"Configuración"_s};
     for (int fila = 0; fila < grilla->rowCount(); ++fila)
         EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled),
                   conPantalla.contains(grilla->item(fila, 1)->text()))

@@ -59,6 +59,7 @@
 #include "subitems/FrmArticulos.h"
 #include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCargaSufijos.h"
+#include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmCatArticulosBuscar.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmDetalleNomenclador.h"
@@ -185,6 +186,8 @@ class Salidas : public EnPantalla {
                                       QString nombre;
                                       SeleccionarCliente(cuit, nombre);
                                   }),
+            salidaDe<FrmCatArticulos>("FrmCatArticulos", [] { Pantalla<FrmCatArticulos>().Mostrar(); }),
+            salidaDe<FrmCatArticulos>("FrmCatArticulos", [] { SeleccionarArticulo({}); }),
             salidaDe<FrmConGen>("FrmConGen", [] { Pantalla<FrmConGen>().Mostrar(); }),
             salidaDe<FrmConfig>("FrmConfig", [] { Pantalla<FrmConfig>().Mostrar(); }),
             salidaDe<FrmBuscarArticulosPorPA>("FrmBuscarArticulosPorPA", [] { VerLicencias(posicion); }),

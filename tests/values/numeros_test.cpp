@@ -180,6 +180,13 @@ TEST(Format, WhatItWritesReadsBackAsTheRoundedValue) {
     }
 }
 
+TEST(Format, WithoutLossItShowsEveryDigitThatTheMaskWouldCut) {
+    EXPECT_EQ(numeros::FormatSinPerdida(118.4, u"00.00000", u','), u"118,40000"_s);
+    EXPECT_EQ(numeros::FormatSinPerdida(0.1234567, u"00.00000", u','), u"0,1234567"_s);
+    EXPECT_EQ(numeros::FormatSinPerdida(-2, u"00.00", u'.'), u"-02.00"_s);
+    EXPECT_EQ(numeros::FormatSinPerdida(0.125, u"00.00", u'.'), u"0.125"_s);
+}
+
 TEST(EsNumerico, ATextThatReadsAsOneNumber) {
     for (const char16_t *si : {u"0", u"12", u"-12", u"+12", u"12.5", u"12,5", u".5", u",5", u"5.", u"1e5",
                                u"1E-5", u"1.5e+3", u" 12 ", u"007", u"\t3"})
