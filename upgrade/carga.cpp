@@ -39,10 +39,11 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
         const QString nombre = nombreDeColumna(encabezado.at(i));
         const Columna *columna = destino.tabla->columna(nombre);
         if (columna == nullptr)
-            resultado.avisos << avisoDeLinea(1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(
-                                                    destino.tabla->nombre, encabezado.at(i)));
+            resultado.avisos << csv::AvisoDeLinea(
+                1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(destino.tabla->nombre,
+                                                                                encabezado.at(i)));
         else if (usadas.contains(nombre))
-            resultado.avisos << avisoDeLinea(
+            resultado.avisos << csv::AvisoDeLinea(
                 1, u"la columna \"%1\" está repetida; se toma la primera"_s.arg(nombre));
         else
             fuentes.push_back({columna, i, {}});
@@ -67,10 +68,6 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
 }
 
 }  // namespace
-
-QString avisoDeLinea(qint64 linea, const QString &texto) {
-    return u"línea %1: %2"_s.arg(linea).arg(texto);
-}
 
 void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla) {
     destino.tabla = esquema::buscarTabla(tabla);
@@ -159,24 +156,8 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                 "values (%3)"_s.arg(destino.nombre, nombres.join(", "_L1), marcas.join(", "_L1))))
             Detener(u"El store rechazó la carga de %1: %2"_s.arg(
                 destino.tabla->nombre, insercion.lastError().databaseText().simplified()));
-        const qsizetype ancho = lector.encabezado().size();
         csv::Registro registro;
-        while (lector.siguiente(registro)) {
-            if (!registro.defecto.isEmpty()) {
-                resultado.avisos << avisoDeLinea(registro.linea,
-                                                 registro.defecto + u"; la fila no se carga"_s);
-                continue;
-            }
-            // Trailing separators without anything behind them are no fields.
-            while (registro.campos.size() > ancho && registro.campos.back().isEmpty())
-                registro.campos.removeLast();
-            if (registro.campos.size() != ancho) {
-                resultado.avisos << avisoDeLinea(
-                    registro.linea,
-                    u"tiene %1 campos y el encabezado %2; la fila no se carga"_s.arg(registro.campos.size())
-                        .arg(ancho));
-                continue;
-            }
+        while (lector.siguienteFila(registro, resultado.avisos)) {
             for (std::size_t i = 0; i < fuentes.size(); ++i) {
                 const Fuente &f = fuentes[i];
                 QVariant valor = f.porDefecto;
@@ -186,7 +167,7 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                         valor = *leido;
                     } else {
                         valor = *valorDe(a, *f.columna, QString());
-                        resultado.avisos << avisoDeLinea(
+                        resultado.avisos << csv::AvisoDeLinea(
                             registro.linea, u"\"%1\" no sirve para la columna %2; se carga vacía"_s.arg(
                                                 texto, f.columna->nombre));
                     }

@@ -8,8 +8,8 @@
 #include <functional>
 #include <optional>
 
+#include "frame/csv.h"
 #include "upgrade/almacen.h"
-#include "upgrade/csv.h"
 #include "upgrade/upgrade.h"
 
 namespace actualizacion {
@@ -25,8 +25,6 @@ struct Destino {
 
 /// How often a long load says where it is, in rows.
 constexpr qint64 filasPorAviso = 1000;
-/// "línea 12: …": what a load says of one line of its file.
-QString avisoDeLinea(qint64 linea, const QString &texto);
 
 /// Opens the store that holds `tabla`; raises Falla.
 void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla);
