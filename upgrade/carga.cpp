@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "frame/base/numbers.h"
+#include "upgrade/controles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -136,12 +137,15 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
         fuentesDe(destino, lector.encabezado(), porDefecto, archivo, resultado);
     QStringList nombres;
     QStringList marcas;
+    QHash<QString, qsizetype> lugares;
     bool numerada = false;
     for (const Fuente &f : fuentes) {
+        if (f.campo >= 0) lugares.insert(f.columna->nombre, f.campo);
         nombres << Almacen::comillas(f.columna->nombre);
         marcas << u"?"_s;
         numerada = numerada || f.columna->tipo == Tipo::Generado;
     }
+    const ControlDeFilas admite = ControlDe(destino, lugares, archivo, reemplazar);
     const QString que = u"Cargando %1"_s.arg(destino.tabla->nombre);
     const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
     if (progreso) progreso(que, 0, total);
@@ -158,6 +162,8 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                 destino.tabla->nombre, insercion.lastError().databaseText().simplified()));
         csv::Registro registro;
         while (lector.siguienteFila(registro, resultado.avisos)) {
+            FilaPorCargar fila{registro.linea, registro.campos, lugares, resultado.avisos};
+            if (!admite(fila)) continue;
             for (std::size_t i = 0; i < fuentes.size(); ++i) {
                 const Fuente &f = fuentes[i];
                 QVariant valor = f.porDefecto;
