@@ -14,6 +14,7 @@
 #include "frame/ui/ventana.h"
 #include "header/FrmClientes.h"
 #include "operations/FrmInternoNew.h"
+#include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmConsultas.h"
 
 using namespace Qt::StringLiterals;
@@ -30,7 +31,7 @@ const std::array<EntradaDeMenu, 7> entradas{{
     {u"Operaciones", Dibujo::Operacion, [] { Pantalla<FrmInternoNew>().Mostrar(); }},
     {u"Clientes", Dibujo::Clientes, [] { Pantalla<FrmClientes>().Mostrar(); }},
     {u"Nomenclador", Dibujo::Nomenclador, [] { Pantalla<FrmConsultas>().Mostrar(); }},
-    {u"Catálogos", Dibujo::Catalogos, nullptr},
+    {u"Catálogos", Dibujo::Catalogos, [] { Pantalla<FrmCatArticulos>().Mostrar(); }},
     {u"Configuración", Dibujo::Configuracion, [] { Pantalla<FrmConfig>().Mostrar(); }},
     {u"Exportar Operaciones", Dibujo::Exportar, nullptr},
     {u"Importar Operaciones", Dibujo::Importar, nullptr},

@@ -14,6 +14,7 @@ Salidas SalidasQt() {
     salidas.lineas = [](const QString &interno, const QString &catalogo) {
         listas::ElegirListaDeLineas(Contexto(), interno, catalogo);
     };
+    salidas.catalogo = [](const QString &catalogo) { listas::VerListaDeCatalogo(Contexto(), catalogo); };
     salidas.bultos = [](const QString &interno) { listas::VerListaDeBultos(Contexto(), interno); };
     return salidas;
 }

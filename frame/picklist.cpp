@@ -55,6 +55,19 @@ int BuscadorPorPrefijo::Primera(const QString &texto) const {
     return primera == hasta ? -1 : primera->fila;
 }
 
+BuscadorPorContenido::BuscadorPorContenido(const QStringList &filas) {
+    claves_.reserve(filas.size());
+    for (const QString &fila : filas) claves_ << PlegarTexto(fila);
+}
+
+std::vector<int> BuscadorPorContenido::Filas(const QString &texto) const {
+    const QString buscado = PlegarTexto(texto);
+    std::vector<int> filas;
+    for (int i = 0; i < claves_.size(); ++i)
+        if (claves_[i].contains(buscado)) filas.push_back(i);
+    return filas;
+}
+
 EstadoDeLista::EstadoDeLista(QStringList lista, int inicial)
     : filas(std::move(lista)),
       actual(inicial >= 0 && inicial < filas.size() ? inicial : -1),

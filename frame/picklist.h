@@ -28,6 +28,20 @@ class BuscadorPorPrefijo {
     std::vector<Entrada> entradas_;  ///< by key
 };
 
+/// Finds rows by what they hold anywhere, whatever the case and the accents. The texts are folded once a
+/// list; a search reads them all.
+class BuscadorPorContenido {
+ public:
+    BuscadorPorContenido() = default;
+    explicit BuscadorPorContenido(const QStringList &filas);
+
+    /// The rows that hold `texto`, in the list's own order. The empty text is in every row.
+    std::vector<int> Filas(const QString &texto) const;
+
+ private:
+    QStringList claves_;
+};
+
 /// The state of a list screen: FrmListado and every list that is searched as one types.
 struct EstadoDeLista {
     QStringList filas;

@@ -11,6 +11,8 @@ struct Salidas {
     /// The lists of the lines of an operation, and that of a catalogue of articles unless `catalogo` is
     /// empty: a pick of them, and the one picked in preview.
     std::function<void(const QString &interno, const QString &catalogo)> lineas;
+    /// The list of the articles of a catalogue, in preview.
+    std::function<void(const QString &catalogo)> catalogo;
     /// The list of the packages and the transport of an operation, in preview.
     std::function<void(const QString &interno)> bultos;
 };

@@ -301,4 +301,13 @@ std::vector<VentajaDeCatalogo> CatalogoDeVentajas(AppContext &ctx) {
     return catalogo;
 }
 
+QString getVentajasListado(AppContext &ctx) {
+    const std::vector<VentajaDeCatalogo> catalogo = CatalogoDeVentajas(ctx);
+    QStringList vistas;
+    for (const VentajaDeCatalogo &v : catalogo) vistas << v.descripcion + " ("_L1 + v.id + QLatin1Char(')');
+    const int cual = ctx.dialogos.elegir({u"Ventajas"_s, vistas, -1, Eleccion::Tipo::Codigos});
+    if (cual < 0 || cual >= vistas.size()) return {};
+    return catalogo[static_cast<std::size_t>(cual)].id.trimmed().toUpper();
+}
+
 }  // namespace ClientBook

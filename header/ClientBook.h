@@ -97,4 +97,8 @@ struct VentajaDeCatalogo {
 };
 std::vector<VentajaDeCatalogo> CatalogoDeVentajas(AppContext &ctx);
 
+/// The pick list of advantages: the code of the chosen one in capitals, empty when the list was left. Raises
+/// Falla.
+QString getVentajasListado(AppContext &ctx);
+
 }  // namespace ClientBook

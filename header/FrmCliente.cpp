@@ -223,12 +223,10 @@ bool FrmCliente::TxtVentaja_KeyDown(const QKeyEvent *tecla) {
 }
 
 void FrmCliente::ElegirVentaja() {
-    QStringList vistas;
-    for (const ClientBook::VentajaDeCatalogo &v : catalogo_)
-        vistas << v.descripcion + " ("_L1 + v.id + QLatin1Char(')');
-    const int cual = Contexto().dialogos.elegir({u"Ventajas"_s, vistas, -1, Eleccion::Tipo::Codigos});
-    if (cual >= 0 && cual < static_cast<int>(catalogo_.size()))
-        ui.TxtVentaja->setText(catalogo_[static_cast<std::size_t>(cual)].id.trimmed().toUpper());
+    AppContext &ctx = Contexto();
+    QString id;
+    Manejar(ctx, [&] { id = ClientBook::getVentajasListado(ctx); });
+    if (!id.isEmpty()) ui.TxtVentaja->setText(id);
     ui.TxtVentaja->selectAll();
 }
 

@@ -12,6 +12,7 @@ namespace listas {
 
 namespace {
 
+const QString listaDeCatalogo = u"catalogo"_s;
 const QString listaDeBultos = u"bultos"_s;
 const QString sinLineas = u"La operación %1 no tiene líneas; cárguelas antes de pedir la lista."_s;
 
@@ -39,7 +40,7 @@ const std::vector<Lista> &Listas() {
          .clave = Clave::Operacion,
          .sinFilas = sinLineas,
          .armar = PosicionesHorizontal},
-        {.nombre = u"catalogo"_s,
+        {.nombre = listaDeCatalogo,
          .rotulo = u"Catálogo de artículos"_s,
          .clave = Clave::Catalogo,
          .sinFilas = u"El catálogo %1 no tiene artículos; revise el código."_s,
@@ -102,6 +103,10 @@ void ElegirListaDeLineas(AppContext &ctx, const QString &interno, const QString 
     if (elegida < 0 || elegida >= static_cast<int>(ofrecidas.size())) return;
     const Ofrecida &o = ofrecidas[static_cast<std::size_t>(elegida)];
     VerLista(ctx, *o.lista, o.clave);
+}
+
+void VerListaDeCatalogo(AppContext &ctx, const QString &catalogo) {
+    VerLista(ctx, *BuscarLista(listaDeCatalogo), catalogo);
 }
 
 void VerListaDeBultos(AppContext &ctx, const QString &interno) {

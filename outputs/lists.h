@@ -43,6 +43,8 @@ void VerLista(AppContext &ctx, const Lista &lista, const QString &clave);
 /// one picked in preview. Raises Falla.
 void ElegirListaDeLineas(AppContext &ctx, const QString &interno, const QString &catalogo);
 
+/// The articles of a catalogue, in preview. Raises Falla.
+void VerListaDeCatalogo(AppContext &ctx, const QString &catalogo);
 /// The packages and the transport of an operation, in preview. Raises Falla.
 void VerListaDeBultos(AppContext &ctx, const QString &interno);
 

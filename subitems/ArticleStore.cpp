@@ -62,6 +62,15 @@ QString cambio(const AppContext &ctx, const Articulo &a) {
     return e.actualizar(u"catarticulos"_s, claveDe(a.idcatalogo, a.idarticulo));
 }
 
+QString reemplazo(const AppContext &ctx, const Articulo &a) {
+    Escritura e(ctx, catalogos);
+    for (const Columna &c : columnas) e.texto(c.nombre, a.*c.campo);
+    if (!a.preciounitario) e.crudo("preciounitario", u"null"_s);
+    if (!a.kgneto) e.crudo("kgneto", u"null"_s);
+    ponerCifrasYFirma(ctx, a, e);
+    return e.actualizar(u"catarticulos"_s, claveDe(a.idcatalogo, a.idarticulo));
+}
+
 }  // namespace
 
 bool ArticleStore::Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir) {
@@ -74,6 +83,18 @@ bool ArticleStore::Agregar(AppContext &ctx, const Articulo &articulo, bool noSob
                                   rs);
     if (existe && noSobrescribir) return false;
     return Ejecutar(ctx, catalogos, existe ? cambio(ctx, articulo) : alta(ctx, articulo)) > 0;
+}
+
+bool ArticleStore::Modificar(AppContext &ctx, const Articulo &articulo) {
+    return Ejecutar(ctx, catalogos, reemplazo(ctx, articulo)) > 0;
+}
+
+bool ArticleStore::Borrar(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo) {
+    const QString donde = claveDe(idcatalogo, idarticulo);
+    if (Ejecutar(ctx, catalogos, "delete from catarticulos where "_L1 + donde) == 0) return false;
+    // A later article of the same code starts without them.
+    Ejecutar(ctx, catalogos, "delete from articulo_ventaja where "_L1 + donde);
+    return true;
 }
 
 std::optional<Articulo> ArticleStore::Leer(AppContext &ctx, const QString &idcatalogo,
@@ -113,6 +134,20 @@ QStringList ArticleStore::Catalogos(AppContext &ctx) {
               rs);
     for (; !rs.Eof(); rs.MoveNext()) nombres << rs.Texto(u"idcatalogo");
     return nombres;
+}
+
+std::vector<ArticleStore::FilaDeCatalogo> ArticleStore::CatalogosContados(AppContext &ctx) {
+    Recordset rs;
+    std::vector<FilaDeCatalogo> contados;
+    Consultar(ctx, catalogos,
+              u"select idcatalogo, COUNT(idcatalogo) AS Cantidad "
+              "from catarticulos "
+              "group by idcatalogo "
+              "order by idcatalogo"_s,
+              rs);
+    for (; !rs.Eof(); rs.MoveNext())
+        contados.push_back({rs.Texto(u"idcatalogo"), static_cast<int>(rs.Numero(u"cantidad"))});
+    return contados;
 }
 
 std::vector<ArticleStore::FilaDeArticulo> ArticleStore::Articulos(AppContext &ctx,

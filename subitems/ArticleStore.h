@@ -36,6 +36,13 @@ struct Articulo {
 /// Raises Falla.
 bool Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir);
 
+/// The whole article as the record tells it: what is empty there is empty afterwards, a figure that is not
+/// given is none. False when the catalogue does not have it. Raises Falla.
+bool Modificar(AppContext &ctx, const Articulo &articulo);
+
+/// Takes the article away with its advantages; false when the catalogue does not have it. Raises Falla.
+bool Borrar(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo);
+
 /// The article of a catalogue, or nothing. Raises Falla.
 std::optional<Articulo> Leer(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo);
 
@@ -44,6 +51,14 @@ bool ExisteCatalogo(AppContext &ctx, const QString &idcatalogo);
 
 /// The catalogues there are, by name. Raises Falla.
 QStringList Catalogos(AppContext &ctx);
+
+/// A catalogue and how many articles it holds.
+struct FilaDeCatalogo {
+    QString idcatalogo;
+    int articulos = 0;
+};
+/// The same with their articles counted. Raises Falla.
+std::vector<FilaDeCatalogo> CatalogosContados(AppContext &ctx);
 
 /// An article as the lists show it.
 struct FilaDeArticulo {

@@ -6,7 +6,6 @@
 #include "header/changes.h"
 #include "header/regime.h"
 #include "subitems/ArticleStore.h"
-#include "subitems/SuffixChecker.h"
 #include "subitems/nomenclature.h"
 #include "subitems/suffixes.h"
 #include "subitems/suffixtext.h"
@@ -140,17 +139,15 @@ Veredicto revisarCodigos(const Corrida &r) {
     return Veredicto::bien();
 }
 
-/// The suffix text, asked for and checked. A position none of whose families can be asked for is one without
-/// suffixes: its empty text would lock the user out of the line.
+/// The suffix text, asked for and checked.
 Veredicto completarSufijos(const Corrida &r) {
     CamposSubItem &c = r.campos();
     const Opciones &o = r.ctx.opciones;
     const bool ofreceArticulo = o.SbtNroArtAI && !c.txtIdArticulo.isEmpty();
-    QString nuevos = ValidarSufijos(r.ctx, c.TxtPosicion.left(14), c.txtSufijos.trimmed(),
-                                    r.cambio ? ModoDeSufijos::Reconfirmar : ModoDeSufijos::Construir,
-                                    ofreceArticulo ? c.txtIdArticulo : QString(), r.s.descripcionDefecto);
-    if (nuevos.isEmpty() && SuffixCheckerClass(r.ctx).Requisitos(c.TxtPosicion).familias.empty())
-        nuevos = sufijos::sinSufijos;
+    const QString nuevos =
+        CompletarSufijos(r.ctx, c.TxtPosicion.left(14), c.txtSufijos.trimmed(),
+                         r.cambio ? ModoDeSufijos::Reconfirmar : ModoDeSufijos::Construir,
+                         ofreceArticulo ? c.txtIdArticulo : QString(), r.s.descripcionDefecto);
     if (r.cambio && !sufijos::EsTextoTerminado(nuevos))
         return r.mal("txtSufijos", u"Para Grabar es necesario completar los sufijos"_s);
     if (!SufijosAceptados(nuevos)) return Veredicto::mal(u"txtSufijos"_s);

@@ -31,16 +31,6 @@ bool esControl(const QString &control, const char *nombre) {
     return control.compare(L(nombre), Qt::CaseInsensitive) == 0;
 }
 
-/// `valor` in the form of the mask when nothing is lost by it, else as it is.
-QString conForma(const AppContext &ctx, double valor, QStringView mascara) {
-    QString texto = Format(valor, mascara, ctx.SeparadorDecimal);
-    if (aNumero(texto) != valor) {
-        texto = numeros::aTexto(valor);
-        ReemplazarSeparadorDecimal(texto, ctx.SeparadorDecimal);
-    }
-    return texto;
-}
-
 void leerCaratula(AppContext &ctx, SubItems &s) {
     Recordset rs;
     if (!Consultar(ctx, internos,
@@ -346,7 +336,9 @@ bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     for (const Columna &columna : columnas) {
         const QString nombre = L(columna.nombre);
         c.*columna.campo =
-            columna.mascara == nullptr ? rs.Texto(nombre) : conForma(ctx, rs.Numero(nombre), columna.mascara);
+            columna.mascara == nullptr
+                ? rs.Texto(nombre)
+                : numeros::FormatSinPerdida(rs.Numero(nombre), columna.mascara, ctx.SeparadorDecimal);
     }
     c.cboBiendeUso = rs.Texto(u"biendeuso") == "S"_L1 ? u"S"_s : u"N"_s;
     c.LbLapi = rs.Texto(u"lapi") == "S"_L1;

@@ -178,6 +178,14 @@ QString ValidarSufijos(AppContext &ctx, const QString &posicion, const QString &
     }
 }
 
+QString CompletarSufijos(AppContext &ctx, const QString &posicion, const QString &actual, ModoDeSufijos modo,
+                         const QString &articuloPorDefecto, const QString &descripcionPorDefecto) {
+    QString nuevos = ValidarSufijos(ctx, posicion, actual, modo, articuloPorDefecto, descripcionPorDefecto);
+    if (nuevos.isEmpty() && SuffixCheckerClass(ctx).Requisitos(posicion).familias.empty())
+        nuevos = sufijos::sinSufijos;
+    return nuevos;
+}
+
 bool SufijosAceptados(const QString &respuesta) {
     return !respuesta.isEmpty() && respuesta != sufijos::errorNcm && respuesta != sufijos::cancelado;
 }

@@ -25,6 +25,11 @@ enum class ModoDeSufijos {
 QString ValidarSufijos(AppContext &ctx, const QString &posicion, const QString &actual, ModoDeSufijos modo,
                        const QString &articuloPorDefecto = {}, const QString &descripcionPorDefecto = {});
 
+/// ValidarSufijos for a record that is to be saved. A position none of whose families can be asked for is one
+/// without suffixes ("SIN SUFIJOS"): its empty text would lock the user out of the record. Raises Falla.
+QString CompletarSufijos(AppContext &ctx, const QString &posicion, const QString &actual, ModoDeSufijos modo,
+                         const QString &articuloPorDefecto, const QString &descripcionPorDefecto);
+
 /// The suffixes of a line asked for again (ActuSufijos): the new text, or `actual` as it was when the user
 /// gave up, the store failed or the position does not exist.
 QString ActuSufijos(AppContext &ctx, const QString &posicion, const QString &actual,

@@ -154,6 +154,11 @@ QString Format(const QString &texto, QStringView mascara, QChar separador) {
     return esNumerico(texto) ? Format(aNumero(texto), mascara, separador) : texto;
 }
 
+QString FormatSinPerdida(double valor, QStringView mascara, QChar separador) {
+    QString texto = Format(valor, mascara, separador);
+    return aNumero(texto) == valor ? texto : aTexto(valor).replace(u'.', separador);
+}
+
 bool iguales(double a, double b, int decimales) {
     return redondear(a, decimales) == redondear(b, decimales);
 }

@@ -29,6 +29,10 @@ QString Format(double valor, QStringView mascara, QChar separador);
 /// as the platform's own format does.
 QString Format(const QString &texto, QStringView mascara, QChar separador);
 
+/// `valor` through the mask when nothing is lost by it, else its shortest text with `separador`: what a field
+/// shows and a save reads back.
+QString FormatSinPerdida(double valor, QStringView mascara, QChar separador);
+
 /// Whether two amounts are the same once they are rounded to `decimales` places.
 bool iguales(double a, double b, int decimales);
 

@@ -132,9 +132,14 @@ void ClCntrl::BuscarCBO(QComboBox *combo, const QString &texto) {
     combo->setCurrentIndex(combo->findText(texto, Qt::MatchStartsWith));
 }
 
-void ClCntrl::VaciarTxt(QWidget *formulario) {
+void ClCntrl::VaciarTxt(QWidget *formulario, const QStringList &salvo) {
+    const auto queda = [&salvo](const QWidget *campo) {
+        return salvo.contains(campo->objectName().toUpper());
+    };
     const auto campos = formulario->findChildren<QLineEdit *>();
-    for (QLineEdit *campo : campos) campo->clear();
+    for (QLineEdit *campo : campos)
+        if (!queda(campo)) campo->clear();
     const auto planos = formulario->findChildren<QPlainTextEdit *>();
-    for (QPlainTextEdit *plano : planos) plano->clear();
+    for (QPlainTextEdit *plano : planos)
+        if (!queda(plano)) plano->clear();
 }

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class QComboBox;
@@ -33,7 +34,7 @@ QColor colorEnFoco();
 /// Selects the first row that begins with `texto`; none clears the selection.
 void LstBuscarStr(QListWidget *lista, const QString &texto);
 void BuscarCBO(QComboBox *combo, const QString &texto);
-/// Empties every text field of a form.
-void VaciarTxt(QWidget *formulario);
+/// Empties every text field of a form, but those named in `salvo` (in capitals).
+void VaciarTxt(QWidget *formulario, const QStringList &salvo = {});
 
 }  // namespace ClCntrl

@@ -6,97 +6,136 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QTableWidget>
+#include <QTimer>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
 
-namespace {
-
-/// Rows of texts under their headings.
+/// Rows of texts under their headings, all of them or some.
 class ModeloDeFilas : public QAbstractTableModel {
  public:
-    ModeloDeFilas(QStringList columnas, QObject *padre)
-        : QAbstractTableModel(padre), columnas_(std::move(columnas)) {}
+    ModeloDeFilas(QStringList columnas, std::vector<int> numericas, QObject *padre)
+        : QAbstractTableModel(padre), columnas_(std::move(columnas)), numericas_(std::move(numericas)) {}
 
     void fijar(std::vector<QStringList> filas) {
         beginResetModel();
         filas_ = std::move(filas);
+        visibles_.resize(filas_.size());
+        std::iota(visibles_.begin(), visibles_.end(), 0);
         endResetModel();
     }
+    void mostrar(std::vector<int> visibles) {
+        beginResetModel();
+        visibles_ = std::move(visibles);
+        endResetModel();
+    }
+    QStringList columna(int cual) const {
+        QStringList textos;
+        textos.reserve(static_cast<qsizetype>(filas_.size()));
+        for (const QStringList &celdas : filas_) textos << celdas.value(cual);
+        return textos;
+    }
+    /// The loaded row that is seen there, and where a loaded row is seen; -1 for none.
+    int fila(int visible) const { return visible < 0 ? -1 : visibles_.at(static_cast<std::size_t>(visible)); }
+    int visible(int fila) const {
+        const auto donde = std::lower_bound(visibles_.begin(), visibles_.end(), fila);
+        return donde == visibles_.end() || *donde != fila ? -1 : static_cast<int>(donde - visibles_.begin());
+    }
+
     int rowCount(const QModelIndex &padre) const override {
-        return padre.isValid() ? 0 : static_cast<int>(filas_.size());
+        return padre.isValid() ? 0 : static_cast<int>(visibles_.size());
     }
     int columnCount(const QModelIndex &padre) const override {
         return padre.isValid() ? 0 : static_cast<int>(columnas_.size());
     }
     QVariant data(const QModelIndex &celda, int papel) const override {
-        if (!celda.isValid() || papel != Qt::DisplayRole) return {};
-        return filas_[static_cast<std::size_t>(celda.row())].value(celda.column());
+        if (!celda.isValid()) return {};
+        if (papel == Qt::TextAlignmentRole) return lado(celda.column());
+        if (papel != Qt::DisplayRole) return {};
+        return filas_[static_cast<std::size_t>(fila(celda.row()))].value(celda.column());
     }
     QVariant headerData(int columna, Qt::Orientation orientacion, int papel) const override {
+        if (orientacion == Qt::Horizontal && papel == Qt::TextAlignmentRole) return lado(columna);
         if (orientacion != Qt::Horizontal || papel != Qt::DisplayRole)
             return QAbstractTableModel::headerData(columna, orientacion, papel);
         return columnas_.value(columna);
     }
 
  private:
+    QVariant lado(int columna) const {
+        const bool numero = std::find(numericas_.begin(), numericas_.end(), columna) != numericas_.end();
+        return QVariant((numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+
     QStringList columnas_;
+    std::vector<int> numericas_;
     std::vector<QStringList> filas_;
+    std::vector<int> visibles_;  ///< ascending
 };
+
+namespace {
+
+void llenarGrilla(QTableWidget *grilla, const std::vector<QStringList> &filas) {
+    grilla->setRowCount(static_cast<int>(filas.size()));
+    for (int fila = 0; fila < grilla->rowCount(); ++fila) {
+        const QStringList &celdas = filas[static_cast<std::size_t>(fila)];
+        for (int columna = 0; columna < celdas.size(); ++columna)
+            estilo::PonerCelda(grilla, fila, columna, celdas[columna]);
+    }
+}
 
 }  // namespace
 
 void ListaConBusqueda::Preparar(QTableWidget *grilla, const QStringList &columnas, std::vector<Caja> cajas,
                                 Acciones acciones) {
     estilo::PrepararGrilla(grilla, columnas);
-    llenar_ = [grilla](const std::vector<QStringList> &filas) {
-        grilla->setRowCount(static_cast<int>(filas.size()));
-        for (int fila = 0; fila < grilla->rowCount(); ++fila) {
-            const QStringList &celdas = filas[static_cast<std::size_t>(fila)];
-            for (int columna = 0; columna < celdas.size(); ++columna)
-                estilo::PonerCelda(grilla, fila, columna, celdas[columna]);
-        }
-    };
     vincular(grilla, std::move(cajas), std::move(acciones));
 }
 
 void ListaConBusqueda::Preparar(QTableView *vista, const QStringList &columnas, std::vector<Caja> cajas,
-                                Acciones acciones) {
+                                Acciones acciones, std::vector<int> numericas) {
     estilo::PrepararVista(vista);
-    auto *modelo = new ModeloDeFilas(columnas, vista);
-    vista->setModel(modelo);
-    llenar_ = [modelo](const std::vector<QStringList> &filas) { modelo->fijar(filas); };
+    modelo_ = new ModeloDeFilas(columnas, std::move(numericas), vista);
+    vista->setModel(modelo_);
     vincular(vista, std::move(cajas), std::move(acciones));
 }
 
 void ListaConBusqueda::vincular(QTableView *vista, std::vector<Caja> cajas, Acciones acciones) {
+    // Shorter than the pause between two words, longer than that between two keys.
+    constexpr int descanso = 120;
     vista_ = vista;
     cajas_ = std::move(cajas);
     acciones_ = std::move(acciones);
     estados_.resize(cajas_.size());
+    descanso_ = new QTimer(vista);
+    descanso_->setSingleShot(true);
+    descanso_->setInterval(descanso);
+    QObject::connect(descanso_, &QTimer::timeout, vista_, [this] { estrechar(); });
     for (std::size_t i = 0; i < cajas_.size(); ++i) {
         QLineEdit *campo = cajas_[i].campo;
         ClCntrl::Vincular(campo);
         EscucharTeclas(campo, [this, i](QKeyEvent *tecla) { return teclaDeCaja(i, tecla); });
-        QObject::connect(campo, &QLineEdit::textChanged, vista_, [this, i](const QString &texto) {
-            estados_[i].Escribir(texto);
-            Seleccionar(estados_[i].actual);
-        });
+        QObject::connect(campo, &QLineEdit::textChanged, vista_,
+                         [this, i](const QString &texto) { escribir(i, texto); });
     }
     EscucharTeclas(vista_, [this](QKeyEvent *tecla) { return teclaDeGrilla(tecla); });
     QObject::connect(vista_, &QTableView::doubleClicked, vista_, [this] { hacer(acciones_.tomar, true); });
 }
 
-int ListaConBusqueda::filas() const {
+int ListaConBusqueda::Visibles() const {
     return vista_->model()->rowCount();
 }
 
-void ListaConBusqueda::Cargar(const std::vector<QStringList> &filas, int actual) {
-    llenar_(filas);
+void ListaConBusqueda::Cargar(std::vector<QStringList> filas, int actual) {
+    descanso_->stop();
+    contenido_.reset();
     for (std::size_t i = 0; i < cajas_.size(); ++i) {
+        // What is narrowed stays with its text, which whoever loads knows.
+        if (cajas_[i].estrecha) continue;
         QStringList columna;
         columna.reserve(static_cast<qsizetype>(filas.size()));
         for (const QStringList &celdas : filas) columna << celdas.value(cajas_[i].columna);
@@ -104,23 +143,65 @@ void ListaConBusqueda::Cargar(const std::vector<QStringList> &filas, int actual)
         const QSignalBlocker callado(cajas_[i].campo);
         cajas_[i].campo->clear();
     }
-    Seleccionar(std::min(actual, this->filas() - 1));
+    if (modelo_ != nullptr)
+        modelo_->fijar(std::move(filas));
+    else
+        llenarGrilla(static_cast<QTableWidget *>(vista_), filas);
+    Seleccionar(std::min(actual, Visibles() - 1));
 }
 
 int ListaConBusqueda::Actual() const {
-    return vista_->currentIndex().row();
+    const int visible = vista_->currentIndex().row();
+    return modelo_ != nullptr ? modelo_->fila(visible) : visible;
 }
 
 void ListaConBusqueda::Seleccionar(int fila) {
-    if (fila < 0) {
+    irA(modelo_ != nullptr ? modelo_->visible(fila) : fila);
+}
+
+void ListaConBusqueda::irA(int visible) {
+    if (visible < 0) {
         vista_->setCurrentIndex({});
         vista_->clearSelection();
         return;
     }
     // The grid's own search by letters goes by the column in hand.
-    const QModelIndex celda = vista_->model()->index(fila, std::max(0, vista_->currentIndex().column()));
+    const QModelIndex celda = vista_->model()->index(visible, std::max(0, vista_->currentIndex().column()));
     vista_->setCurrentIndex(celda);
     vista_->scrollTo(celda.siblingAtColumn(0));
+}
+
+void ListaConBusqueda::escribir(std::size_t cual, const QString &texto) {
+    if (cajas_[cual].estrecha) {
+        estrecha_ = cual;
+        descanso_->start();
+        return;
+    }
+    estados_[cual].Escribir(texto);
+    Seleccionar(estados_[cual].actual);
+}
+
+void ListaConBusqueda::EstrecharPor(const QLineEdit *campo, int columna) {
+    for (std::size_t i = 0; i < cajas_.size(); ++i) {
+        if (cajas_[i].campo != campo) continue;
+        if (std::exchange(cajas_[i].columna, columna) != columna) contenido_.reset();
+        escribir(i, campo->text());
+    }
+    EstrecharYa();
+}
+
+void ListaConBusqueda::EstrecharYa() {
+    if (!descanso_->isActive()) return;
+    descanso_->stop();
+    estrechar();
+}
+
+void ListaConBusqueda::estrechar() {
+    const Caja &caja = cajas_.at(estrecha_);
+    if (!contenido_) contenido_ = BuscadorPorContenido(modelo_->columna(caja.columna));
+    modelo_->mostrar(contenido_->Filas(caja.campo->text()));
+    irA(Visibles() > 0 ? 0 : -1);
+    if (acciones_.estrechar) acciones_.estrechar();
 }
 
 bool ListaConBusqueda::hacer(const std::function<void()> &accion, bool conFila) {
@@ -136,6 +217,8 @@ int ListaConBusqueda::filasPorPagina() const {
 
 bool ListaConBusqueda::teclaDeLista(QKeyEvent *tecla) {
     const bool enter = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
+    // A key that takes a row means one of those that the text leaves.
+    if (enter || tecla->key() == Qt::Key_F6) EstrecharYa();
     if (enter && tecla->modifiers().testFlag(Qt::ShiftModifier)) return hacer(acciones_.modificar, true);
     if (enter) {
         hacer(acciones_.tomar, true);
@@ -148,9 +231,34 @@ bool ListaConBusqueda::teclaDeLista(QKeyEvent *tecla) {
     return false;
 }
 
+bool ListaConBusqueda::moverVisible(int tecla) {
+    const auto mover = [this](int pasos) {
+        EstrecharYa();
+        if (Visibles() > 0) irA(std::clamp(vista_->currentIndex().row() + pasos, 0, Visibles() - 1));
+        return true;
+    };
+    switch (tecla) {
+        case Qt::Key_Up:
+            return mover(-1);
+        case Qt::Key_Down:
+            return mover(1);
+        case Qt::Key_PageUp:
+            return mover(-filasPorPagina());
+        case Qt::Key_PageDown:
+            return mover(filasPorPagina());
+        case Qt::Key_Home:
+            return mover(-Visibles());
+        case Qt::Key_End:
+            return mover(Visibles());
+        default:
+            return false;
+    }
+}
+
 bool ListaConBusqueda::teclaDeCaja(std::size_t cual, QKeyEvent *tecla) {
     if (teclaDeLista(tecla)) return true;
     if ((tecla->modifiers() & ~Qt::KeypadModifier) != 0) return false;
+    if (cajas_[cual].estrecha) return moverVisible(tecla->key());
     EstadoDeLista &estado = estados_[cual];
     estado.actual = Actual();
     bool movido = false;
@@ -189,15 +297,15 @@ bool ListaConBusqueda::teclaDeCaja(std::size_t cual, QKeyEvent *tecla) {
 bool ListaConBusqueda::teclaDeGrilla(QKeyEvent *tecla) {
     if (teclaDeLista(tecla)) return true;
     if ((tecla->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) != 0) return false;
-    const int ultima = filas() - 1;
+    const int ultima = Visibles() - 1;
     switch (tecla->key()) {
         case Qt::Key_Delete:
             return hacer(acciones_.eliminar, true);
         case Qt::Key_Home:
-            if (ultima >= 0) Seleccionar(0);
+            if (ultima >= 0) irA(0);
             return true;
         case Qt::Key_End:
-            if (ultima >= 0) Seleccionar(ultima);
+            if (ultima >= 0) irA(ultima);
             return true;
         default:
             break;

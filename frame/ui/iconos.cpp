@@ -92,6 +92,17 @@ void dibujar(QPainter &p, Dibujo dibujo) {
             p.drawPolyline(QPolygonF{{9, 6.5}, {9, 4}, {15, 4}, {15, 6.5}});
             p.drawPolyline(QPolygonF{{6, 6.5}, {7, 20.5}, {17, 20.5}, {18, 6.5}});
             break;
+        case Dibujo::Buscar:
+            p.drawEllipse(QPointF(10.5, 10.5), 6, 6);
+            p.setPen(pluma(tinta, 2.4));
+            p.drawLine(QPointF(15, 15), QPointF(20, 20));
+            break;
+        case Dibujo::Imprimir:
+            p.drawPolyline(QPolygonF{{7, 9}, {7, 3.5}, {17, 3.5}, {17, 9}});
+            p.drawRoundedRect(QRectF(3.5, 9, 17, 7.5), 1.5, 1.5);
+            p.setBrush(Qt::white);
+            p.drawRect(QRectF(7, 14, 10, 6.5));
+            break;
         case Dibujo::PasoPendiente:
             p.setPen(pluma(QColor(176, 190, 197)));
             p.drawEllipse(QPointF(12, 12), 8.5, 8.5);

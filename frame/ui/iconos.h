@@ -17,6 +17,8 @@ enum class Dibujo {
     Crear,
     Copiar,
     Borrar,
+    Buscar,
+    Imprimir,
     PasoPendiente,
     PasoCorriendo,
     PasoHecho

@@ -1,0 +1,70 @@
+#include "subitems/FrmCatArticulosBuscar.h"
+
+#include <QHeaderView>
+
+#include "frame/context.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/ventana.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum ColumnaDeEncontrados { Catalogo, Articulo, Descripcion, Posicion, Precio };
+
+}  // namespace
+
+FrmCatArticulosBuscar::FrmCatArticulosBuscar() : ventana(HacerDialogo()) {
+    ui.setupUi(ventana.get());
+    Conectar();
+}
+
+void FrmCatArticulosBuscar::Conectar() {
+    ListaConBusqueda::Acciones acciones;
+    acciones.tomar = [this] { ventana->accept(); };
+    acciones.estrechar = [this] { contar(); };
+    lista_.Preparar(ui.Lst,
+                    {u"Catálogo"_s, u"Artículo"_s, u"Descripción"_s, u"Posición"_s, u"Precio unitario"_s},
+                    {{ui.TxtDescripcion, Descripcion, true}}, std::move(acciones), {Precio});
+    const int letra = ui.Lst->fontMetrics().averageCharWidth();
+    for (const auto &[columna, letras] :
+         {std::pair(Catalogo, 18), std::pair(Articulo, 22), std::pair(Posicion, 20), std::pair(Precio, 18)})
+        ui.Lst->setColumnWidth(columna, letra * letras);
+    ui.Lst->horizontalHeader()->setSectionResizeMode(Descripcion, QHeaderView::Stretch);
+}
+
+std::optional<ArticuloElegido> FrmCatArticulosBuscar::Buscar(BusquedaEnCatalogos por, const QString &valor) {
+    AppContext &ctx = Contexto();
+    filas_.clear();
+    Manejar(ctx, [&] { filas_ = BuscarEnCatalogos(ctx, por, valor); });
+    if (filas_.empty()) return {};
+    ui.lbTituloBusqueda->setText(
+        (por == BusquedaEnCatalogos::Articulo ? "Artículo "_L1 : "Artículos de la posición "_L1) + valor);
+    std::vector<QStringList> celdas;
+    celdas.reserve(filas_.size());
+    for (const ArticuloEncontrado &f : filas_)
+        celdas.push_back({f.clave.idcatalogo, f.clave.idarticulo, f.descripcion, f.ncm, f.preciounitario});
+    ui.TxtDescripcion->clear();
+    lista_.Cargar(std::move(celdas));
+    contar();
+    ui.Lst->setFocus();
+    if (ventana->exec() != QDialog::Accepted) return {};
+    return filas_.at(static_cast<std::size_t>(lista_.Actual())).clave;
+}
+
+void FrmCatArticulosBuscar::contar() {
+    const int ver = lista_.Visibles();
+    const auto hay = static_cast<int>(filas_.size());
+    if (hay != ver)
+        ui.lbCantidad->setText(u"%1 de %2 artículos"_s.arg(ver).arg(hay));
+    else
+        ui.lbCantidad->setText(ver == 1 ? u"1 artículo"_s : u"%1 artículos"_s.arg(ver));
+}
+
+std::optional<ArticuloElegido> BuscarEnTodosLosCatalogos(BusquedaEnCatalogos por) {
+    const auto valor = PreguntarBusqueda(Contexto(), por);
+    if (!valor) return {};
+    const auto elegido = Pantalla<FrmCatArticulosBuscar>().Buscar(por, *valor);
+    CerrarPantalla<FrmCatArticulosBuscar>();
+    return elegido;
+}

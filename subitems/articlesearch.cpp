@@ -1,0 +1,204 @@
+#include "subitems/articlesearch.h"
+
+#include <algorithm>
+
+#include "frame/base/dates.h"
+#include "frame/base/values.h"
+#include "frame/context.h"
+#include "frame/entities.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using entidad::catalogos;
+using Forma = ConsultaDeArticulos::Forma;
+
+/// How figures of articles are shown.
+QString cifra(const AppContext &ctx, const QVariant &valor, QStringView mascara) {
+    return valor.isNull() ? QString() : numeros::Format(EsNumero(valor), mascara, ctx.SeparadorDecimal);
+}
+
+QString precio(const AppContext &ctx, const QVariant &valor) {
+    return cifra(ctx, valor, u"00.00000");
+}
+
+QString celda(const AppContext &ctx, const QVariant &valor, Forma forma) {
+    switch (forma) {
+        case Forma::Texto:
+            break;
+        case Forma::Precio:
+            return precio(ctx, valor);
+        case Forma::Total:
+            return cifra(ctx, valor, u"00.00");
+        case Forma::Dia: {
+            const auto dia = fechas::Leer(EsNull(valor));
+            return dia ? dia->toString(u"dd/MM/yyyy"_s) : QString();
+        }
+    }
+    return EsNull(valor);
+}
+
+}  // namespace
+
+const std::vector<CampoDeArticulos> &CamposDeArticulos() {
+    static const std::vector<CampoDeArticulos> campos{{u"MOSTRAR TODO"_s, {}},
+                                                      {u"ARTICULO"_s, u"idarticulo"_s},
+                                                      {u"DESCRIPCIÓN"_s, u"descripcion"_s},
+                                                      {u"POSICIÓN"_s, u"ncm"_s}};
+    return campos;
+}
+
+QStringList ConsultaDeArticulos::titulos() const {
+    QStringList todos;
+    for (const Columna &c : columnas) todos << c.titulo;
+    return todos;
+}
+
+std::vector<int> ConsultaDeArticulos::numericas() const {
+    std::vector<int> cuales;
+    for (std::size_t i = 0; i < columnas.size(); ++i)
+        if (columnas[i].esNumero()) cuales.push_back(static_cast<int>(i));
+    return cuales;
+}
+
+int ConsultaDeArticulos::donde(const QString &columna) const {
+    const auto c = std::find_if(columnas.begin(), columnas.end(),
+                                [&columna](const Columna &una) { return una.columna == columna; });
+    return c == columnas.end() ? -1 : static_cast<int>(c - columnas.begin());
+}
+
+const ConsultaDeArticulos &ArticulosConTotal() {
+    // Its sum is no column of the store: the whole catalogue is asked for it too.
+    static const QString sentencia =
+        u"select idarticulo,descripcion,ncm,Cantidad*Preciounitario as total "
+        "from catarticulos "
+        "where idcatalogo = '"_s;
+    static const ConsultaDeArticulos consulta{sentencia,
+                                              sentencia,
+                                              {{u"IdArticulo"_s, u"idarticulo"_s},
+                                               {u"Descripcion"_s, u"descripcion"_s},
+                                               {u"NCM"_s, u"ncm"_s},
+                                               {u"Total"_s, u"total"_s, Forma::Total}}};
+    return consulta;
+}
+
+const ConsultaDeArticulos &ArticulosConFecha() {
+    static const ConsultaDeArticulos consulta{
+        u"select idarticulo,ncm,descripcion,cantidad,preciounitario,usuario, fecha "
+        "from catarticulos "
+        "where idcatalogo = '"_s,
+        u"select * "
+        "from catarticulos "
+        "where idcatalogo = '"_s,
+        {{u"IdArticulo"_s, u"idarticulo"_s},
+         {u"Descripcion"_s, u"descripcion"_s},
+         {u"NCM"_s, u"ncm"_s},
+         {u"preciounitario"_s, u"preciounitario"_s, Forma::Precio},
+         {u"Usuario"_s, u"usuario"_s},
+         {u"Fecha"_s, u"fecha"_s, Forma::Dia}}};
+    return consulta;
+}
+
+QString SentenciaDeArticulos(const ConsultaDeArticulos &consulta, const QString &idcatalogo,
+                             const CampoDeArticulos &campo, const QString &valor) {
+    const QString catalogo = DoblarComillas(idcatalogo);
+    if (campo.columna.isEmpty()) return consulta.todo + catalogo + u'\'';
+    return consulta.sentencia + catalogo + "' and "_L1 + campo.columna + " like '%"_L1 +
+           DoblarComillas(valor) + "%'"_L1;
+}
+
+std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticulos &consulta,
+                                         const QString &idcatalogo, const CampoDeArticulos &campo,
+                                         const QString &valor) {
+    const Reloj reloj(ctx.dialogos);
+    Recordset rs;
+    Consultar(ctx, catalogos, SentenciaDeArticulos(consulta, idcatalogo, campo, valor), rs);
+    // By place: a catalogue holds tens of thousands, and names are looked up one by one.
+    std::vector<int> lugares;
+    for (const auto &c : consulta.columnas)
+        for (int i = 0; i < rs.columnas(); ++i)
+            if (rs.nombreDeColumna(i).compare(c.columna, Qt::CaseInsensitive) == 0) lugares.push_back(i);
+    std::vector<QStringList> filas;
+    filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (; !rs.Eof(); rs.MoveNext()) {
+        QStringList celdas;
+        celdas.reserve(static_cast<qsizetype>(lugares.size()));
+        for (std::size_t i = 0; i < lugares.size(); ++i)
+            celdas << celda(ctx, rs.Fields(lugares[i]).Value, consulta.columnas[i].forma);
+        filas.push_back(std::move(celdas));
+    }
+    // The statements have no order, and people look codes up by theirs.
+    std::stable_sort(filas.begin(), filas.end(), [](const QStringList &a, const QStringList &b) {
+        return a.first().compare(b.first(), Qt::CaseInsensitive) < 0;
+    });
+    return filas;
+}
+
+QString TituloDeBusqueda(BusquedaEnCatalogos por) {
+    return por == BusquedaEnCatalogos::Articulo ? u"Buscar en TODOS los catálogos por código de artículo"_s
+                                                : u"Buscar en TODOS los catálogos por posición arancelaria"_s;
+}
+
+std::optional<QString> PreguntarBusqueda(AppContext &ctx, BusquedaEnCatalogos por) {
+    constexpr int minimo = 5;
+    constexpr int largoDePosicion = 15;
+    const bool posicion = por == BusquedaEnCatalogos::Posicion;
+    Entrada entrada;
+    entrada.titulo = TituloDeBusqueda(por);
+    entrada.texto = posicion ? u"Ingrese la posición arancelaria (completa o incompleta) a buscar:"_s
+                             : u"Ingrese el código de artículo (completo) a buscar:"_s;
+    if (posicion) entrada.maximo = largoDePosicion;
+    const QString valor = ctx.dialogos.pedirTexto(entrada).value_or(QString()).trimmed();
+    if (valor.isEmpty()) return {};
+    if (posicion && valor.size() < minimo) {
+        ctx.dialogos.advertir(u"Ingrese al menos 5 caracteres"_s);
+        return {};
+    }
+    return valor;
+}
+
+std::vector<ArticuloEncontrado> BuscarEnCatalogos(AppContext &ctx, BusquedaEnCatalogos por,
+                                                  const QString &valor) {
+    const Reloj reloj(ctx.dialogos);
+    QString buscado = DoblarComillas(valor);
+    if (por == BusquedaEnCatalogos::Posicion)
+        buscado = "ncm like '"_L1 + buscado.replace(u',', u'.') + "%'"_L1;
+    else
+        buscado = "idarticulo = '"_L1 + buscado + u'\'';
+    Recordset rs;
+    Consultar(ctx, catalogos,
+              "select idcatalogo,idarticulo,descripcion,ncm,preciounitario "
+              "from catarticulos "
+              "where "_L1 +
+                  buscado +
+                  " "
+                  "order by idcatalogo,idarticulo"_L1,
+              rs);
+    enum { Catalogo, Articulo, Descripcion, Posicion, Precio };
+    const auto texto = [&rs](int columna) { return EsNull(rs.Fields(columna).Value); };
+    std::vector<ArticuloEncontrado> filas;
+    filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (; !rs.Eof(); rs.MoveNext())
+        filas.push_back({{texto(Catalogo), texto(Articulo)},
+                         texto(Descripcion),
+                         texto(Posicion),
+                         precio(ctx, rs.Fields(Precio).Value)});
+    if (filas.empty())
+        ctx.dialogos.informar(
+            por == BusquedaEnCatalogos::Articulo
+                ? "Ningún catálogo tiene el artículo "_L1 + valor + ", revise el código completo."_L1
+                : "Ningún catálogo tiene artículos en la posición "_L1 + valor + ", revise la posición."_L1,
+            TituloDeBusqueda(por));
+    return filas;
+}
+
+bool EliminarArticuloDeLista(AppContext &ctx, const ArticuloElegido &articulo) {
+    if (!ctx.dialogos.preguntar(
+            {"Confima eliminar el articulo "_L1 + articulo.idarticulo, {}, Icono::Pregunta, true}))
+        return false;
+    const QString clave = "idcatalogo = "_L1 + TextoEnComillas(articulo.idcatalogo) +
+                          " and idarticulo = "_L1 + TextoEnComillas(articulo.idarticulo);
+    Ejecutar(ctx, catalogos, "delete from articulo_ventaja where "_L1 + clave);
+    return Ejecutar(ctx, catalogos, "delete from catarticulos where "_L1 + clave) > 0;
+}
