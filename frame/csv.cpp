@@ -133,6 +133,7 @@ bool Lector::abrir(const QString &archivo, QString &error) {
     if (!texto_.isEmpty() && !texto_.endsWith(QLatin1Char('\n'))) ++lineas_;
     pos_ = 0;
     linea_ = 1;
+    descartadas_ = 0;
     separador_ = separadorDe(texto_);
     Registro primero;
     if (!siguiente(primero) || !primero.defecto.isEmpty()) {
@@ -168,6 +169,7 @@ bool Lector::siguienteFila(Registro &registro, QStringList &avisos) {
                 ? u"tiene %1 campos y el encabezado %2"_s.arg(registro.campos.size()).arg(ancho)
                 : registro.defecto;
         avisos << AvisoDeLinea(registro.linea, motivo + u"; la fila no se carga"_s);
+        ++descartadas_;
         seguirTrasSuPrimeraLinea(registro);
     }
     avisarDeLasAjenas(avisos);

@@ -31,6 +31,8 @@ class Lector {
     QChar separador() const { return separador_; }
     /// How many lines the file has; a measure for progress only.
     qint64 lineas() const { return lineas_; }
+    /// How many records siguienteFila has passed over so far.
+    int descartadas() const { return descartadas_; }
     /// The next record; false at the end. Blank lines are passed over. Behind a record that breaks the rules
     /// the reader goes on with the line that follows its first, so that a quote left open costs one line.
     bool siguiente(Registro &registro);
@@ -56,6 +58,7 @@ class Lector {
     qsizetype inicio_ = 0;  ///< of the record in hand
     qint64 linea_ = 1;
     qint64 lineas_ = 0;
+    int descartadas_ = 0;
     QChar separador_ = QLatin1Char(',');
     QStringList encabezado_;
     std::vector<LineaAjena> ajenas_;

@@ -64,6 +64,12 @@ int Imprimir(const Trabajo &t);
 int Presupuestar(const Trabajo &t);
 /// Writes a list, of an operation, a catalogue or none, into the file of --salida.
 int EscribirLista(const Trabajo &t);
+/// Loads a file into a catalogue, tells what was found in each line; `falla` when a row was not kept.
+int CargarCatalogoDeArchivo(const Trabajo &t);
+/// Tells the catalogues, or the articles of one.
+int ListarCatalogos(const Trabajo &t);
+/// Moves articles of a catalogue to another; `falla` when one stays.
+int MoverArticulos(const Trabajo &t);
 
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
@@ -71,5 +77,7 @@ int EscribirLista(const Trabajo &t);
 QString DefectoDeLista(const QString &nombre);
 QString DefectoDeClaveDeLista(const QStringList &argumentos);
 QString DefectoDeSalidaDeLista(const QString &archivo);
+/// What is wrong with the code of a catalogue that may not be there yet.
+QString DefectoDeCatalogo(const QString &catalogo);
 
 }  // namespace lote

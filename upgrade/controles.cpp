@@ -1,6 +1,7 @@
 #include "upgrade/controles.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <memory>
 
 using namespace Qt::StringLiterals;

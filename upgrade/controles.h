@@ -5,7 +5,8 @@
 #include <QStringList>
 #include <functional>
 
-#include "upgrade/carga.h"
+#include "frame/csv.h"
+#include "upgrade/destino.h"
 
 namespace actualizacion {
 
