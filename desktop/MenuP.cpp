@@ -14,6 +14,7 @@
 #include "frame/ui/ventana.h"
 #include "header/FrmClientes.h"
 #include "operations/FrmInternoNew.h"
+#include "regulatory/frmActualizacion.h"
 #include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmConsultas.h"
 
@@ -112,6 +113,10 @@ void MenuP::Conectar() {
         if (!EsEnter(tecla)) return false;
         GrdMenuMain_Click(ui.GrdMenuMain->currentRow());
         return true;
+    });
+    QObject::connect(ui.comprobarActualizacion, &QPushButton::clicked, ventana.get(), [] {
+        Pantalla<frmActualizacion>().Mostrar();
+        CerrarPantalla<frmActualizacion>();
     });
     EscucharTeclas(ventana.get(), [](QKeyEvent *tecla) {
         if (tecla->key() != Qt::Key_Escape) return false;

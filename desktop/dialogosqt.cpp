@@ -20,6 +20,7 @@
 #include "assembly/FrmMostrarDatos.h"
 #include "desktop/FrmVistaPrevia.h"
 #include "desktop/printing.h"
+#include "frame/base/web.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmABMClientes.h"
@@ -211,6 +212,12 @@ bool abrirArchivo(const QString &archivo) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(archivo));
 }
 
+bool abrirEnlace(const QString &enlace) {
+    // Any other scheme would start a program of this machine at the word of a text from elsewhere.
+    const QUrl url = DireccionDeLaWeb(enlace);
+    return !url.isEmpty() && QDesktopServices::openUrl(url);
+}
+
 void vistaPrevia(const papel::Documento &documento) {
     const SinReloj sinReloj;
     Pantalla<FrmVistaPrevia>().Mostrar(documento);
@@ -234,6 +241,7 @@ Dialogos DialogosQt() {
     d.informe = informe;
     d.guardarComo = guardarComo;
     d.abrirArchivo = abrirArchivo;
+    d.abrirEnlace = abrirEnlace;
     d.vistaPrevia = vistaPrevia;
     d.imprimir = imprimir;
     d.reloj = ponerReloj;

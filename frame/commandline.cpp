@@ -42,6 +42,30 @@ const Comando *buscarComando(const Programa &p, const QString &nombre) {
     return c == p.comandos.end() ? nullptr : &*c;
 }
 
+/// The second words of the commands that begin with `palabra`: "catalogo" of "catalogo cargar" and others.
+QStringList accionesDe(const Programa &p, const QString &palabra) {
+    QStringList acciones;
+    const QString cabeza = palabra + QLatin1Char(' ');
+    for (const Comando &c : p.comandos)
+        if (t(c.nombre).startsWith(cabeza)) acciones << t(c.nombre).mid(cabeza.size());
+    return acciones;
+}
+
+/// Takes the words of the command off the arguments: one, or two where commands begin with the first.
+QString tomarComando(const Programa &p, QStringList &resto) {
+    QString nombre = resto.takeFirst();
+    if (!resto.isEmpty() && !accionesDe(p, nombre).isEmpty()) nombre += QLatin1Char(' ') + resto.takeFirst();
+    return nombre;
+}
+
+QString comandoDesconocido(const Programa &p, const QString &nombre) {
+    const QString palabra = nombre.section(QLatin1Char(' '), 0, 0);
+    const QStringList acciones = accionesDe(p, palabra);
+    if (acciones.isEmpty()) return u"No existe el comando \"%1\""_s.arg(nombre);
+    return palabra == nombre ? u"Falta qué hacer con %1 (%2)"_s.arg(nombre, acciones.join(", "_L1))
+                             : u"No existe el comando \"%1\" (%2)"_s.arg(nombre, acciones.join(", "_L1));
+}
+
 bool contiene(const std::vector<Opcion> &opciones, const Opcion &buscada) {
     return std::any_of(opciones.begin(), opciones.end(),
                        [&buscada](const Opcion &o) { return t(o.nombre) == t(buscada.nombre); });
@@ -277,7 +301,7 @@ Pedido Leer(const Programa &programa, const QStringList &argumentos) {
     const Comando *comando = nullptr;
     QString defecto;
     if (!programa.comandos.empty() && !resto.isEmpty()) {
-        pedido.comando = resto.takeFirst();
+        pedido.comando = tomarComando(programa, resto);
         comando = buscarComando(programa, pedido.comando);
     }
     if (!entendida) {
@@ -285,7 +309,7 @@ Pedido Leer(const Programa &programa, const QStringList &argumentos) {
         defecto = desconocidas.isEmpty() ? defectoDeValor(todas, argumentos)
                                          : u"No existe la opción "_s + conGuiones(desconocidas.front());
     } else if (comando == nullptr && !pedido.comando.isEmpty()) {
-        defecto = u"No existe el comando \"%1\""_s.arg(pedido.comando);
+        defecto = comandoDesconocido(programa, pedido.comando);
     } else if (leida.isSet(ayuda)) {
         pedido.que = Que::Mostrar;
         pedido.texto = comando == nullptr ? ayudaDelPrograma(programa) : ayudaDelComando(programa, *comando);

@@ -34,8 +34,8 @@ struct Argumento {
 };
 
 struct Comando {
-    const char *nombre = "";
-    const char *texto = "";  ///< one line of the help
+    const char *nombre = "";  ///< one word, or two ("catalogo cargar") for one of several on the same thing
+    const char *texto = "";   ///< one line of the help
     std::vector<Argumento> argumentos = {};
     std::vector<Opcion> opciones = {};  ///< its own, beside the program's
     /// Judges the arguments together, each one good by itself: the beginning of a sentence as a Control's.

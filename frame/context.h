@@ -56,6 +56,7 @@ struct AppContext {
     QString PathInternos, PathSystablas, PathPersonal, PathNcm, PathUsuario, PathEstados;
     Opciones opciones;
     Ajustes ajustes;
+    Ajustes ajustesDeLaMaquina = Ajustes::DeLaMaquina();  ///< what an installation says; only read
     Dialogos dialogos;
     Salidas salidas;
     Llavero llavero;  ///< none, until the desktop puts the session's in its place

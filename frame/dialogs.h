@@ -107,6 +107,9 @@ struct Dialogos {
     };
     /// Opens a file with the program that the system has for it; false when there is none.
     std::function<bool(const QString &archivo)> abrirArchivo = [](const QString &) { return false; };
+    /// Opens an address of the web, http or https and nothing else, in the system's browser; false when it is
+    /// another or there is none.
+    std::function<bool(const QString &enlace)> abrirEnlace = [](const QString &) { return false; };
     /// Shows a document as it will be printed: from there it is printed and saved. Back when it was closed.
     std::function<void(const papel::Documento &)> vistaPrevia = [](const papel::Documento &) {};
     /// Prints a document by the system's dialog; false when the user left or nothing was printed.

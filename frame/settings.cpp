@@ -4,6 +4,7 @@
 #include <QSettings>
 #include <QUrl>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,15 @@ Ajustes::Ajustes(const QString &archivo)
       area_(archivo.isEmpty() ? std::make_shared<QSettings>(QSettings::IniFormat, QSettings::UserScope,
                                                             u"Zendra"_s, u"ajustes"_s)
                               : std::make_shared<QSettings>(archivo, QSettings::IniFormat)) {}
+
+Ajustes::Ajustes(QString archivo, std::shared_ptr<QSettings> area)
+    : archivo_(std::move(archivo)), area_(std::move(area)) {}
+
+Ajustes Ajustes::DeLaMaquina() {
+    return {
+        {},
+        std::make_shared<QSettings>(QSettings::IniFormat, QSettings::SystemScope, u"Zendra"_s, u"ajustes"_s)};
+}
 
 QString Ajustes::Leer(const QString &aplicacion, const QString &seccion, const QString &clave,
                       const QString &defecto) const {

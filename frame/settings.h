@@ -1,5 +1,5 @@
 #pragma once
-// The per-workstation settings area: application, section, key, value, all text.
+// The per-workstation settings area, and the machine's: application, section, key, value, all text.
 
 #include <QString>
 #include <memory>
@@ -12,6 +12,10 @@ class Ajustes {
  public:
     /// An empty path means the user's own area.
     explicit Ajustes(const QString &archivo = {});
+
+    /// The area of the whole machine, which an installation writes and everybody reads:
+    /// "/etc/xdg/Zendra/ajustes.ini" or what the platform has for it.
+    static Ajustes DeLaMaquina();
 
     /// The stored value, or `defecto` when there is none.
     QString Leer(const QString &aplicacion, const QString &seccion, const QString &clave,
@@ -26,6 +30,8 @@ class Ajustes {
     QString carpeta() const;
 
  private:
+    Ajustes(QString archivo, std::shared_ptr<QSettings> area);
+
     QString archivo_;
     std::shared_ptr<QSettings> area_;
 };

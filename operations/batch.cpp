@@ -241,6 +241,8 @@ const std::vector<Fila> &tablaDeComandos() {
                                          .valor = "ARCHIVO",
                                          .texto = "Los cambios: un objeto JSON.",
                                          .obligatoria = true};
+    static const consola::Argumento catalogo{
+        .nombre = "CATALOGO", .texto = "el código de un catálogo", .control = DefectoDeCatalogo};
     static const std::vector<Fila> todas{
         {.comando = {.nombre = "armar",
                      .texto = "Arma la operación: grupos, items y liquidación, si su marca lo pide.",
@@ -343,6 +345,36 @@ const std::vector<Fila> &tablaDeComandos() {
                      .opciones = opcionesDeLicencias()},
          .sobre = Sobre::Ninguna,
          .hacer = EscribirLicencias},
+        {.comando = {.nombre = "catalogo cargar",
+                     .texto =
+                         "Carga artículos de un CSV con encabezado en un catálogo, y dice qué pasó con cada "
+                         "línea que no sirve.",
+                     .argumentos = {catalogo, {.nombre = "ARCHIVO", .texto = "el CSV"}},
+                     .opciones = {{.nombre = "reemplazar",
+                                   .texto = "Cambia los artículos que el catálogo ya tiene."}}},
+         .sobre = Sobre::Ninguna,
+         .hacer = CargarCatalogoDeArchivo},
+        {.comando = {.nombre = "catalogo listar",
+                     .texto = "Dice cada catálogo en una línea, o cada artículo de uno.",
+                     .argumentos = {{.nombre = "CATALOGO",
+                                     .texto = "el código de un catálogo",
+                                     .control = DefectoDeCatalogo,
+                                     .optativo = true}}},
+         .sobre = Sobre::Ninguna,
+         .hacer = ListarCatalogos},
+        {.comando = {.nombre = "catalogo mover",
+                     .texto = "Mueve artículos a otro catálogo, si entre las respuestas está el Si que lo "
+                              "confirma.",
+                     .argumentos = {catalogo,
+                                    {.nombre = "OTRO",
+                                     .texto = "el catálogo adonde van",
+                                     .control = DefectoDeCatalogo}},
+                     .opciones = {{.nombre = "articulo",
+                                   .valor = "CODIGO",
+                                   .texto = "Un artículo; sin ella, todos los del catálogo.",
+                                   .repetible = true}}},
+         .sobre = Sobre::Ninguna,
+         .hacer = MoverArticulos},
         {.comando = {.nombre = "crear", .texto = "Crea una operación vacía.", .argumentos = clave},
          .sobre = Sobre::Nueva,
          .hacer = crear},

@@ -64,18 +64,18 @@ int Imprimir(const Trabajo &t);
 int Presupuestar(const Trabajo &t);
 /// Writes a list, of an operation, a catalogue or none, into the file of --salida.
 int EscribirLista(const Trabajo &t);
-<<<<<<< HEAD
-/// Writes the report of --catalogo, --articulo or --posicion with its licences into the file of --salida.
-int EscribirLicencias(const Trabajo &t);
-=======
 /// Changes one column on all lines of the operation, locked meanwhile.
 int CambiarLineas(const Trabajo &t);
 /// Tells the lines that a filter shows, one an object.
 int FiltrarLineas(const Trabajo &t);
->>>>>>> main
-
 /// Writes the report of --catalogo, --articulo or --posicion with its licences into the file of --salida.
 int EscribirLicencias(const Trabajo &t);
+/// Loads a file into a catalogue, tells what was found in each line; `falla` when a row was not kept.
+int CargarCatalogoDeArchivo(const Trabajo &t);
+/// Tells the catalogues, or the articles of one.
+int ListarCatalogos(const Trabajo &t);
+/// Moves articles of a catalogue to another; `falla` when one stays.
+int MoverArticulos(const Trabajo &t);
 
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
@@ -83,20 +83,15 @@ int EscribirLicencias(const Trabajo &t);
 QString DefectoDeLista(const QString &nombre);
 QString DefectoDeClaveDeLista(const QStringList &argumentos);
 QString DefectoDeSalidaDeLista(const QString &archivo);
+/// What is wrong with the code of a catalogue that may not be there yet.
+QString DefectoDeCatalogo(const QString &catalogo);
 
-<<<<<<< HEAD
-// What is wrong with a part of a position to look for, and with the file of a report.
-
-QString DefectoDePosicionBuscada(const QString &posicion);
-QString DefectoDeSalidaDeLicencias(const QString &archivo);
-=======
 // The same for the name of a change and of a filter, and for the value beside it.
 
 QString DefectoDeCambioMasivo(const QString &nombre);
 QString DefectoDeValorDeCambio(const QStringList &argumentos);
 QString DefectoDeFiltro(const QString &nombre);
 QString DefectoDeValorDeFiltro(const QStringList &argumentos);
->>>>>>> main
 
 // What is wrong with a part of a position to look for, and with the file of a report.
 

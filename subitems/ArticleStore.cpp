@@ -45,15 +45,6 @@ void ponerCifrasYFirma(const AppContext &ctx, const Articulo &a, Escritura &e) {
         .crudo("fecha", ctx.DataManager.getDateFormatbyEntity(catalogos, QDateTime::currentDateTime()));
 }
 
-QString alta(const AppContext &ctx, Articulo a) {
-    if (a.biendeuso.isEmpty()) a.biendeuso = u"N"_s;
-    Escritura e(ctx, catalogos);
-    e.crudo("cantidad", u"1"_s);
-    for (const Columna &c : columnas) e.texto(c.nombre, a.*c.campo);
-    ponerCifrasYFirma(ctx, a, e);
-    return e.insertar(u"catarticulos"_s);
-}
-
 QString cambio(const AppContext &ctx, const Articulo &a) {
     Escritura e(ctx, catalogos);
     for (const Columna &c : columnas)
@@ -62,7 +53,28 @@ QString cambio(const AppContext &ctx, const Articulo &a) {
     return e.actualizar(u"catarticulos"_s, claveDe(a.idcatalogo, a.idarticulo));
 }
 
-QString reemplazo(const AppContext &ctx, const Articulo &a) {
+/// The article of the row in hand.
+Articulo articuloDe(const Recordset &rs) {
+    Articulo a;
+    for (const Columna &c : columnas) a.*c.campo = rs.Texto(QString(L(c.nombre)));
+    if (!rs.EsNulo(u"preciounitario")) a.preciounitario = rs.Numero(u"preciounitario");
+    if (!rs.EsNulo(u"kgneto")) a.kgneto = rs.Numero(u"kgneto");
+    return a;
+}
+
+}  // namespace
+
+QString ArticleStore::SentenciaDeAlta(const AppContext &ctx, const Articulo &articulo) {
+    Articulo a = articulo;
+    if (a.biendeuso.isEmpty()) a.biendeuso = u"N"_s;
+    Escritura e(ctx, catalogos);
+    e.crudo("cantidad", u"1"_s);
+    for (const Columna &c : columnas) e.texto(c.nombre, a.*c.campo);
+    ponerCifrasYFirma(ctx, a, e);
+    return e.insertar(u"catarticulos"_s);
+}
+
+QString ArticleStore::SentenciaDeReemplazo(const AppContext &ctx, const Articulo &a) {
     Escritura e(ctx, catalogos);
     for (const Columna &c : columnas) e.texto(c.nombre, a.*c.campo);
     if (!a.preciounitario) e.crudo("preciounitario", u"null"_s);
@@ -70,8 +82,6 @@ QString reemplazo(const AppContext &ctx, const Articulo &a) {
     ponerCifrasYFirma(ctx, a, e);
     return e.actualizar(u"catarticulos"_s, claveDe(a.idcatalogo, a.idarticulo));
 }
-
-}  // namespace
 
 bool ArticleStore::Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir) {
     Recordset rs;
@@ -82,11 +92,11 @@ bool ArticleStore::Agregar(AppContext &ctx, const Articulo &articulo, bool noSob
                                       claveDe(articulo.idcatalogo, articulo.idarticulo),
                                   rs);
     if (existe && noSobrescribir) return false;
-    return Ejecutar(ctx, catalogos, existe ? cambio(ctx, articulo) : alta(ctx, articulo)) > 0;
+    return Ejecutar(ctx, catalogos, existe ? cambio(ctx, articulo) : SentenciaDeAlta(ctx, articulo)) > 0;
 }
 
 bool ArticleStore::Modificar(AppContext &ctx, const Articulo &articulo) {
-    return Ejecutar(ctx, catalogos, reemplazo(ctx, articulo)) > 0;
+    return Ejecutar(ctx, catalogos, SentenciaDeReemplazo(ctx, articulo)) > 0;
 }
 
 bool ArticleStore::Borrar(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo) {
@@ -107,11 +117,21 @@ std::optional<Articulo> ArticleStore::Leer(AppContext &ctx, const QString &idcat
                        claveDe(idcatalogo, idarticulo),
                    rs))
         return {};
-    Articulo a;
-    for (const Columna &c : columnas) a.*c.campo = rs.Texto(QString(L(c.nombre)));
-    if (!rs.EsNulo(u"preciounitario")) a.preciounitario = rs.Numero(u"preciounitario");
-    if (!rs.EsNulo(u"kgneto")) a.kgneto = rs.Numero(u"kgneto");
-    return a;
+    return articuloDe(rs);
+}
+
+std::vector<Articulo> ArticleStore::LeerTodos(AppContext &ctx, const QString &idcatalogo) {
+    Recordset rs;
+    Consultar(ctx, catalogos,
+              "select * "
+              "from catarticulos "
+              "where idcatalogo = "_L1 +
+                  TextoEnComillas(idcatalogo),
+              rs);
+    std::vector<Articulo> todos;
+    todos.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (; !rs.Eof(); rs.MoveNext()) todos.push_back(articuloDe(rs));
+    return todos;
 }
 
 bool ArticleStore::ExisteCatalogo(AppContext &ctx, const QString &idcatalogo) {

@@ -29,6 +29,8 @@ struct Articulo {
     QString naladisa;
     std::optional<double> preciounitario;
     std::optional<double> kgneto;  ///< of one unit
+
+    bool operator==(const Articulo &) const = default;
 };
 
 /// Adds the article, with the workstation's name and the moment. One that is there already takes what the
@@ -40,11 +42,19 @@ bool Agregar(AppContext &ctx, const Articulo &articulo, bool noSobrescribir);
 /// given is none. False when the catalogue does not have it. Raises Falla.
 bool Modificar(AppContext &ctx, const Articulo &articulo);
 
+/// The statements of a new article, and of one that is kept and is told whole (Modificar), for a caller that
+/// sends many together.
+QString SentenciaDeAlta(const AppContext &ctx, const Articulo &articulo);
+QString SentenciaDeReemplazo(const AppContext &ctx, const Articulo &articulo);
+
 /// Takes the article away with its advantages; false when the catalogue does not have it. Raises Falla.
 bool Borrar(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo);
 
 /// The article of a catalogue, or nothing. Raises Falla.
 std::optional<Articulo> Leer(AppContext &ctx, const QString &idcatalogo, const QString &idarticulo);
+
+/// Every article of a catalogue, whole, in the order of their adding. Raises Falla.
+std::vector<Articulo> LeerTodos(AppContext &ctx, const QString &idcatalogo);
 
 /// Whether the catalogue holds an article: a catalogue exists by its articles. Raises Falla.
 bool ExisteCatalogo(AppContext &ctx, const QString &idcatalogo);

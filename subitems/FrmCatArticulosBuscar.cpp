@@ -28,7 +28,7 @@ void FrmCatArticulosBuscar::Conectar() {
                     {{ui.TxtDescripcion, Descripcion, true}}, std::move(acciones), {Precio});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();
     for (const auto &[columna, letras] :
-         {std::pair(Catalogo, 18), std::pair(Articulo, 22), std::pair(Posicion, 20), std::pair(Precio, 18)})
+         {std::pair(Catalogo, 18), std::pair(Articulo, 22), std::pair(Posicion, 24), std::pair(Precio, 22)})
         ui.Lst->setColumnWidth(columna, letra * letras);
     ui.Lst->horizontalHeader()->setSectionResizeMode(Descripcion, QHeaderView::Stretch);
 }

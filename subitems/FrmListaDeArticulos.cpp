@@ -35,8 +35,8 @@ void ListaDeArticulos::Preparar(const Controles &controles, const ConsultaDeArti
         if (columna >= 0) c_.Lst->setColumnWidth(columna, letra * letras);
     };
     for (const auto &[columna, letras] :
-         {std::pair("idarticulo"_L1, 22), std::pair("ncm"_L1, 20), std::pair("preciounitario"_L1, 16),
-          std::pair("total"_L1, 16), std::pair("usuario"_L1, 16), std::pair("fecha"_L1, 14)})
+         {std::pair("idarticulo"_L1, 22), std::pair("ncm"_L1, 24), std::pair("preciounitario"_L1, 22),
+          std::pair("total"_L1, 16), std::pair("usuario"_L1, 18), std::pair("fecha"_L1, 18)})
         ancho(consulta.donde(columna), letras);
     c_.Lst->horizontalHeader()->setSectionResizeMode(consulta.donde(u"descripcion"_s), QHeaderView::Stretch);
     QObject::connect(c_.CboCampo, &QComboBox::currentIndexChanged, c_.ventana, [this] { CboCampo_Click(); });

@@ -6,9 +6,9 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
-#include "subitems/SuffixChecker.h"
 #include "subitems/nomenclature.h"
 #include "subitems/suffixes.h"
+#include "subitems/suffixtext.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,11 +64,15 @@ DefectoDeCampo revisarCampos(const FichaDeArticulo &f) {
     return {};
 }
 
+DefectoDeCampo posicionDesconocida(const QString &posicion) {
+    return {"No existe la posicion "_L1 + posicion + " en el nomenclador"_L1, "TxtPosicion"};
+}
+
 /// The engine of suffixes looks at the first two keys only; a line with this position would be refused by the
 /// third.
 DefectoDeCampo revisarPosicion(AppContext &ctx, const QString &posicion) {
     if (LeerMarcasNcm(ctx, posicion).encontrada) return {};
-    return {"No existe la posicion "_L1 + posicion + " en el nomenclador"_L1, "TxtPosicion"};
+    return posicionDesconocida(posicion);
 }
 
 void preparar(FichaDeArticulo &f) {
@@ -128,17 +132,33 @@ void NormalizarArticulo(Articulo &a) {
 }
 
 QString DefectoDeArticulo(AppContext &ctx, const Articulo &articulo) {
+    Articulo copia = articulo;
+    return RevisorDeArticulos(ctx).Revisar(copia);
+}
+
+const RevisorDeArticulos::Posicion &RevisorDeArticulos::posicion(const QString &ncm) {
+    auto vista = vistas_.find(ncm);
+    if (vista == vistas_.end())
+        vista = vistas_.insert(
+            ncm, {LeerMarcasNcm(ctx_, ncm).encontrada, SuffixCheckerClass(ctx_).Requisitos(ncm)});
+    return *vista;
+}
+
+QString RevisorDeArticulos::Revisar(Articulo &articulo) {
     FichaDeArticulo f{articulo, {}, {}};
     if (articulo.preciounitario) f.TxtUnitario = numeros::aTexto(*articulo.preciounitario);
     preparar(f);
-    const Articulo &a = f.articulo;
-    DefectoDeCampo defecto = revisarCampos(f);
-    if (defecto.texto.isEmpty()) defecto = revisarPosicion(ctx, a.ncm);
-    if (defecto.texto.isEmpty() && SuffixCheckerClass(ctx).Validar(a.ncm, a.sufijos) != 0)
-        defecto.texto = a.sufijos.isEmpty()
-                            ? u"Faltan los sufijos que pide la posición %1."_s.arg(a.ncm)
-                            : u"Los sufijos %1 no son los que pide la posición %2."_s.arg(a.sufijos, a.ncm);
-    return defecto.texto;
+    Articulo &a = f.articulo;
+    if (const DefectoDeCampo d = revisarCampos(f); !d.texto.isEmpty()) return d.texto;
+    const Posicion &suya = posicion(a.ncm);
+    if (!suya.existe) return posicionDesconocida(a.ncm).texto;
+    if (a.sufijos.isEmpty() && suya.requisitos.familias.empty()) a.sufijos = sufijos::sinSufijos;
+    if (a.sufijos.isEmpty()) return u"Faltan los sufijos que pide la posición %1."_s.arg(a.ncm);
+    if (a.sufijos != sufijos::sinSufijos && !a.sufijos.endsWith(u'-')) a.sufijos += u'-';
+    if (SuffixCheckerClass::Cumple(suya.requisitos, a.sufijos) != 0 || !sufijos::EsTextoTerminado(a.sufijos))
+        return u"Los sufijos %1 no son los que pide la posición %2."_s.arg(a.sufijos, a.ncm);
+    articulo = a;
+    return {};
 }
 
 Veredicto AgregarArticuloEx(AppContext &ctx, FichaDeArticulo &ficha) {

@@ -2,6 +2,7 @@
 // The article catalogue as FrmCatArticulos keeps it: the checks of an article, its advantages, and its move
 // to another catalogue.
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -10,6 +11,7 @@
 #include "frame/base/verdict.h"
 #include "header/ClientBook.h"
 #include "subitems/ArticleStore.h"
+#include "subitems/SuffixChecker.h"
 
 struct AppContext;
 
@@ -26,6 +28,25 @@ void NormalizarArticulo(ArticleStore::Articulo &articulo);
 /// What stands against keeping the article, as the add routine would say it, without asking anything: the
 /// suffix text is held against what its position demands. Empty when the article may be kept. Raises Falla.
 QString DefectoDeArticulo(AppContext &ctx, const ArticleStore::Articulo &articulo);
+
+/// The same for many articles: what a position demands is asked of the stores once.
+class RevisorDeArticulos {
+ public:
+    explicit RevisorDeArticulos(AppContext &ctx) : ctx_(ctx) {}
+    /// Leaves the article in the form it is kept in, its suffix text closed, and answers what stands against
+    /// keeping it. Raises Falla.
+    QString Revisar(ArticleStore::Articulo &articulo);
+
+ private:
+    struct Posicion {
+        bool existe = false;  ///< all three keys of it
+        RequisitosDeSufijo requisitos;
+    };
+    const Posicion &posicion(const QString &ncm);
+
+    AppContext &ctx_;
+    QHash<QString, Posicion> vistas_;
+};
 
 /// Adds a new article to its catalogue: the checks in their order, then the suffixes, which are asked for.
 /// A name alone serves as the article's code. One that the catalogue has already is told and stays. What was

@@ -1,10 +1,12 @@
 #include "upgrade/carga.h"
 
+#include <QSet>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <memory>
 
 #include "frame/base/numbers.h"
+#include "upgrade/controles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,10 +41,11 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
         const QString nombre = nombreDeColumna(encabezado.at(i));
         const Columna *columna = destino.tabla->columna(nombre);
         if (columna == nullptr)
-            resultado.avisos << avisoDeLinea(1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(
-                                                    destino.tabla->nombre, encabezado.at(i)));
+            resultado.avisos << csv::AvisoDeLinea(
+                1, u"la tabla %1 no tiene la columna \"%2\"; no se carga"_s.arg(destino.tabla->nombre,
+                                                                                encabezado.at(i)));
         else if (usadas.contains(nombre))
-            resultado.avisos << avisoDeLinea(
+            resultado.avisos << csv::AvisoDeLinea(
                 1, u"la columna \"%1\" está repetida; se toma la primera"_s.arg(nombre));
         else
             fuentes.push_back({columna, i, {}});
@@ -68,57 +71,6 @@ std::vector<Fuente> fuentesDe(const Destino &destino, const QStringList &encabez
 
 }  // namespace
 
-QString avisoDeLinea(qint64 linea, const QString &texto) {
-    return u"línea %1: %2"_s.arg(linea).arg(texto);
-}
-
-void abrirDestino(Destino &destino, const QString &rutaDelPerfil, const QString &tabla) {
-    destino.tabla = esquema::buscarTabla(tabla);
-    if (destino.tabla == nullptr) Detener(u"No hay ninguna tabla %1; revise el nombre."_s.arg(tabla));
-    leerPerfil(destino.manager, rutaDelPerfil);
-    destino.manager.LoadParameters();
-    const Conexion::Datos *datos = destino.manager.datos(destino.tabla->entidad);
-    if (datos == nullptr)
-        Detener(u"El perfil %1 no nombra el store %2, donde está la tabla %3; agréguelo al perfil."_s.arg(
-            rutaDelPerfil, destino.tabla->entidad, destino.tabla->nombre));
-    destino.almacen = std::make_unique<Almacen>(*datos, destino.manager);
-    destino.esquemaDe = datos->esquema;
-    destino.nombre = destino.almacen->nombreDe(datos->esquema, destino.tabla->nombre);
-    if (!destino.almacen->tablas(datos->esquema).contains(destino.tabla->nombre))
-        Detener(u"El store %1 todavía no tiene la tabla %2; ejecute antes DbUpgrade3 sobre ese perfil."_s.arg(
-            destino.tabla->entidad, destino.tabla->nombre));
-}
-
-std::optional<QVariant> valorDe(const Almacen &almacen, const Columna &columna, const QString &texto) {
-    const QString limpio = texto.trimmed();
-    switch (columna.tipo) {
-        case Tipo::Generado:
-        case Tipo::Numero:
-            if (limpio.isEmpty()) return QVariant(QMetaType(QMetaType::Double));
-            if (!numeros::esNumerico(limpio)) return std::nullopt;
-            if (columna.tipo == Tipo::Generado)
-                return QVariant(static_cast<qlonglong>(numeros::aNumero(limpio)));
-            return QVariant(numeros::aNumero(limpio));
-        case Tipo::Fecha: {
-            if (limpio.isEmpty()) return QVariant(QMetaType(QMetaType::QString));
-            static const char *const formas[] = {"yyyy-MM-dd HH:mm:ss", "yyyy-MM-dd HH:mm", "yyyy-MM-dd",
-                                                 "dd/MM/yyyy HH:mm:ss", "dd/MM/yyyy HH:mm", "dd/MM/yyyy"};
-            for (const char *forma : formas) {
-                const QDateTime momento = QDateTime::fromString(limpio, QString::fromLatin1(forma));
-                if (!momento.isValid()) continue;
-                if (almacen.servidor()) return QVariant(momento);
-                return QVariant(momento.toString(u"yyyy-MM-dd HH:mm:ss"_s));
-            }
-            return std::nullopt;
-        }
-        case Tipo::Texto:
-        case Tipo::TextoNumerico:
-            break;
-    }
-    // Ends of texts are the store's business to keep: the keys of sufidos end in blanks.
-    return QVariant(texto.isNull() ? u""_s : texto);
-}
-
 void ponerAlDiaLaNumeracion(const Destino &destino) {
     if (!destino.almacen->servidor()) return;  // the file store numbers behind the highest by itself
     for (const Columna &c : destino.tabla->columnas) {
@@ -139,12 +91,15 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
         fuentesDe(destino, lector.encabezado(), porDefecto, archivo, resultado);
     QStringList nombres;
     QStringList marcas;
+    QHash<QString, qsizetype> lugares;
     bool numerada = false;
     for (const Fuente &f : fuentes) {
+        if (f.campo >= 0) lugares.insert(f.columna->nombre, f.campo);
         nombres << Almacen::comillas(f.columna->nombre);
         marcas << u"?"_s;
         numerada = numerada || f.columna->tipo == Tipo::Generado;
     }
+    const ControlDeFilas admite = ControlDe(destino, lugares, archivo, reemplazar);
     const QString que = u"Cargando %1"_s.arg(destino.tabla->nombre);
     const qint64 total = std::max<qint64>(lector.lineas() - 1, 0);
     if (progreso) progreso(que, 0, total);
@@ -159,24 +114,10 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                 "values (%3)"_s.arg(destino.nombre, nombres.join(", "_L1), marcas.join(", "_L1))))
             Detener(u"El store rechazó la carga de %1: %2"_s.arg(
                 destino.tabla->nombre, insercion.lastError().databaseText().simplified()));
-        const qsizetype ancho = lector.encabezado().size();
         csv::Registro registro;
-        while (lector.siguiente(registro)) {
-            if (!registro.defecto.isEmpty()) {
-                resultado.avisos << avisoDeLinea(registro.linea,
-                                                 registro.defecto + u"; la fila no se carga"_s);
-                continue;
-            }
-            // Trailing separators without anything behind them are no fields.
-            while (registro.campos.size() > ancho && registro.campos.back().isEmpty())
-                registro.campos.removeLast();
-            if (registro.campos.size() != ancho) {
-                resultado.avisos << avisoDeLinea(
-                    registro.linea,
-                    u"tiene %1 campos y el encabezado %2; la fila no se carga"_s.arg(registro.campos.size())
-                        .arg(ancho));
-                continue;
-            }
+        while (lector.siguienteFila(registro, resultado.avisos)) {
+            FilaPorCargar fila{registro.linea, registro.campos, lugares, resultado.avisos};
+            if (!admite(fila)) continue;
             for (std::size_t i = 0; i < fuentes.size(); ++i) {
                 const Fuente &f = fuentes[i];
                 QVariant valor = f.porDefecto;
@@ -186,7 +127,7 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                         valor = *leido;
                     } else {
                         valor = *valorDe(a, *f.columna, QString());
-                        resultado.avisos << avisoDeLinea(
+                        resultado.avisos << csv::AvisoDeLinea(
                             registro.linea, u"\"%1\" no sirve para la columna %2; se carga vacía"_s.arg(
                                                 texto, f.columna->nombre));
                     }

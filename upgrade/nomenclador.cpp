@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -85,7 +86,7 @@ Plan planDe(csv::Lector &lector, const QString &archivo, const QString &unidadPo
         if (fuente.campo < 0 && nombre > "003"_L1 && esquema::buscarTabla(u"ncm")->columna(nombre) != nullptr)
             fuente = {nombre, Clase::Texto, i};
         if (fuente.campo < 0 || usadas.contains(fuente.columna)) {
-            resultado.avisos << avisoDeLinea(
+            resultado.avisos << csv::AvisoDeLinea(
                 1, u"no se conoce la columna \"%1\"; no se carga"_s.arg(encabezado.at(i)));
             continue;
         }
@@ -115,9 +116,9 @@ QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QSt
             if (numeros::esNumerico(texto)) {
                 texto.replace(QLatin1Char(','), QLatin1Char('.'));
             } else {
-                resultado.avisos << avisoDeLinea(registro.linea,
-                                                 u"\"%1\" no es una tasa para la columna %2; se carga "
-                                                 "vacía"_s.arg(texto, f.columna));
+                resultado.avisos << csv::AvisoDeLinea(registro.linea,
+                                                      u"\"%1\" no es una tasa para la columna %2; se carga "
+                                                      "vacía"_s.arg(texto, f.columna));
                 texto = u""_s;
             }
         }
@@ -125,7 +126,7 @@ QStringList valoresDe(const Plan &plan, const csv::Registro &registro, const QSt
             // The published sheets now and then leave a figure before the letters.
             const QString letras = texto.section(QLatin1Char(' '), -1);
             if (letras != texto)
-                resultado.avisos << avisoDeLinea(
+                resultado.avisos << csv::AvisoDeLinea(
                     registro.linea,
                     u"la intervención \"%1\" se toma como \"%2\""_s.arg(texto.simplified(), letras));
             texto = letras;
@@ -180,27 +181,18 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
             Detener(u"El store rechazó la carga del nomenclador: %1"_s.arg(
                 insercion.lastError().databaseText() + modificacion.lastError().databaseText()));
 
-        const qsizetype ancho = lector.encabezado().size();
         QSet<QString> vistas;
         csv::Registro registro;
-        while (lector.siguiente(registro)) {
-            if (!registro.defecto.isEmpty() || registro.campos.size() != ancho) {
-                const QString motivo =
-                    registro.defecto.isEmpty()
-                        ? u"tiene %1 campos y el encabezado %2"_s.arg(registro.campos.size()).arg(ancho)
-                        : registro.defecto;
-                resultado.avisos << avisoDeLinea(registro.linea, motivo + u"; la fila no se carga"_s);
-                continue;
-            }
+        while (lector.siguienteFila(registro, resultado.avisos)) {
             const QString posicion = registro.campos.at(plan.campoPosicion).trimmed();
             if (posicion.size() != largoDePosicion || !forma.match(posicion).hasMatch()) {
-                resultado.avisos << avisoDeLinea(
+                resultado.avisos << csv::AvisoDeLinea(
                     registro.linea,
                     u"\"%1\" no es una posición de 15 caracteres; la fila no se carga"_s.arg(posicion));
                 continue;
             }
             if (vistas.contains(posicion))
-                resultado.avisos << avisoDeLinea(
+                resultado.avisos << csv::AvisoDeLinea(
                     registro.linea, u"la posición %1 está repetida; queda la última"_s.arg(posicion));
             vistas.insert(posicion);
             const QStringList valores = valoresDe(plan, registro, unidadPorDefecto, resultado);

@@ -30,9 +30,8 @@ struct ResultadoCsv {
     qint64 cargadas = 0;
     QStringList avisos;  ///< "línea 12: …": what was not understood in a row; the rest was loaded
 };
-/// Loads a CSV file with a header row (UTF-8, comma or semicolon, quotes) into `tabla`; one file is one
-/// transaction. `reemplazar` empties the table first. `porDefecto` gives "column=value" for columns the file
-/// lacks.
+/// Loads a CSV file with a header row (frame/csv.h) into `tabla`; one file is one transaction. `reemplazar`
+/// empties the table first. `porDefecto` gives "column=value" for columns the file lacks.
 ResultadoCsv CargarCsv(const QString &rutaDelPerfil, const QString &tabla, const QString &archivo,
                        bool reemplazar, const QStringList &porDefecto = {}, const Progreso &progreso = {});
 /// Loads a nomenclature file (posicion, descripcion, descripcion_superior, partida, aec, die, te,

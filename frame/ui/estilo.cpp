@@ -53,6 +53,9 @@ QTabWidget::pane { border: 1px solid #d5dede; background: white; top: -1px; }
 QTabBar::tab { padding: 7px 14px; border: 1px solid #d5dede; background: #e3eaea; margin-right: 2px; border-top-left-radius: 4px; border-top-right-radius: 4px; color: #37474f; }
 QTabBar::tab:selected { background: white; border-bottom-color: white; color: #006666; }
 QTabBar:focus::tab:selected { border-color: #006666; border-bottom-color: white; }
+QMenuBar { background: transparent; border: none; }
+QMenuBar::item { background: transparent; border-radius: 4px; padding: 3px 9px; color: #102027; }
+QMenuBar::item:selected, QMenuBar::item:pressed { background: #006666; color: white; }
 QToolBar { border: none; spacing: 4px; padding: 0; }
 QToolBar QToolButton { border: 1px solid transparent; border-radius: 4px; padding: 5px 9px; }
 QToolBar QToolButton:hover, QToolBar QToolButton:focus { border-color: #006666; background: white; }

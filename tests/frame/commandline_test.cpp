@@ -85,6 +85,26 @@ TEST(CommandLine, AnOptionThatMayBeRepeatedKeepsItsOrder) {
     EXPECT_EQ(leer(sinComandos(), {}).que, consola::Que::Trabajar);
 }
 
+TEST(CommandLine, ACommandOfTwoWordsIsOneOfSeveralOnTheSameThing) {
+    static const consola::Programa p{.nombre = "obra",
+                                     .texto = u"Hace obras."_s,
+                                     .comandos = {{.nombre = "pared alzar",
+                                                   .texto = "La alza.",
+                                                   .argumentos = {{.nombre = "CUAL", .texto = "una"}}},
+                                                  {.nombre = "pared pintar", .texto = "La pinta."}}};
+    const consola::Pedido pedido = leer(p, {"pared", "alzar", "a"});
+    EXPECT_EQ(pedido.que, consola::Que::Trabajar) << pedido.texto.toStdString();
+    EXPECT_EQ(pedido.comando, "pared alzar"_L1);
+    EXPECT_EQ(pedido.argumentos, QStringList{"a"});
+    EXPECT_TRUE(
+        leer(p, {"pared", "alzar", "--ayuda"}).texto.contains(u"Uso: obra pared alzar CUAL [opciones]"_s));
+    seNiega(p, {"pared"}, u"Falta qué hacer con pared (alzar, pintar); vea obra --ayuda."_s);
+    seNiega(p, {"pared", "volar"},
+            u"No existe el comando \"pared volar\" (alzar, pintar); vea obra --ayuda."_s);
+    seNiega(p, {"alzar"}, u"No existe el comando \"alzar\"; vea obra --ayuda."_s);
+    seNiega(p, {"pared", "alzar"}, u"Falta CUAL (una); vea obra pared alzar --ayuda."_s);
+}
+
 TEST(CommandLine, WhatStandsBehindTwoDashesIsAnArgument) {
     const consola::Pedido p = leer(conComandos(), {"--plano", "p", "alzar", "--", "-a", "--doble"});
     EXPECT_EQ(p.argumentos, (QStringList{"-a", "--doble"})) << p.texto.toStdString();

@@ -1,21 +1,10 @@
 #pragma once
-// A mail server of the distribution, with certificates of the test's own.
+// A mail server of the distribution.
 
 #include <QProcess>
 
 #include "tests/mail/envio.h"
-
-/// Certificates made once a process, in PEM files of a folder that goes with it.
-struct Certificados {
-    QString autoridad;    ///< the authority of "bueno", "otro" and "vencido"
-    QString bueno;        ///< for 127.0.0.1
-    QString otroNombre;   ///< for another host
-    QString vencido;      ///< until yesterday
-    QString autofirmado;  ///< its own authority
-    QString clave;        ///< the key of them all
-    QString error;        ///< why they could not be made
-};
-const Certificados &CertificadosDePrueba();
+#include "tests/support/certificados.h"
 
 class EnvioDeVerdad : public Envio {
  protected:

@@ -22,6 +22,7 @@
 #include "desktop/FrmVistaPrevia.h"
 #include "desktop/MenuP.h"
 #include "desktop/fin.h"
+#include "frame/base/ini.h"
 #include "frame/startup.h"
 #include "frame/ui/ClCntrl.h"
 #include "header/FrmABMAgTrans.h"
@@ -56,6 +57,7 @@
 #include "outputs/FrmProcesando.h"
 #include "outputs/FrmReferencias.h"
 #include "outputs/FrmTransferencia.h"
+#include "regulatory/frmActualizacion.h"
 #include "subitems/FrmArticulos.h"
 #include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCargaSufijos.h"
@@ -330,6 +332,16 @@ class Salidas : public EnPantalla {
                                        [] {
                                            Pantalla<Frm_ListaCeoItem>().Mostrar({u"CO-1"_s});
                                            CerrarPantalla<Frm_ListaCeoItem>();
+                                       }),
+            salidaDe<frmActualizacion>("frmActualizacion",
+                                       [this] {
+                                           // A server that takes the call and says nothing.
+                                           const ServidorDeGuion servidor({});
+                                           EscribirIni(u"ACTUALIZACION"_s, u"DIRECCION"_s,
+                                                       "http://"_L1 + servidor.direccion(),
+                                                       ctx->ConfigFilePath);
+                                           Pantalla<frmActualizacion>().Mostrar();
+                                           CerrarPantalla<frmActualizacion>();
                                        }),
             salidaDe<frmListadoItem>("frmListadoItem",
                                      [] {

@@ -27,6 +27,11 @@ class ArticuloDeLinea : public EnLineas {
                 "preciounitario) values (%1)"_s.arg(QString::fromUtf8(valores)),
                 entidad::catalogos);
     }
+    /// F6, and back on the lines when what it opened is gone.
+    static void buscar() {
+        tecla(Qt::Key_F6);
+        esperarVentana(Pantalla<FrmSubItems>().ventana.get());
+    }
 };
 EN_AMBOS_STORES(ArticuloDeLinea);
 
@@ -40,7 +45,7 @@ TEST_P(ArticuloDeLinea, ItIsSearchedInTheCatalogueAndFillsTheLine) {
         escribir(u"20"_s);
         tecla(Qt::Key_Return);
     });
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_FALSE(PantallaAbierta<FrmbArticulos>());
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-20"_s);
     EXPECT_EQ(ui.LbDescCatalogo->text(), u"B-20 - Bomba grande"_s);
@@ -60,7 +65,7 @@ TEST_P(ArticuloDeLinea, WhatIsTypedIsSearchedFirstAndEscapeLeavesTheLineAlone) {
         EXPECT_EQ(p.ui.lbCantidad->text(), u"1 de 2 artículos"_s);
         tecla(Qt::Key_Escape);
     });
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"CAT"_s);
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-1"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), QString());
@@ -73,14 +78,14 @@ TEST_P(ArticuloDeLinea, F6OnTheCatalogueGoesThroughAllOfThemAndFillsTheLine) {
         // The catalogue of the field stands open, its first article in hand.
         tecla(Qt::Key_Return);
     });
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_FALSE(PantallaAbierta<FrmCatArticulos>());
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"OTRO"_s);
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-10"_s);
     EXPECT_EQ(ui.TxtDescArticulos->text(), u"La misma"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.TxtIdCatalogo);
     conPantallaModal<FrmCatArticulos>([](FrmCatArticulos &) { tecla(Qt::Key_Escape); });
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-10"_s) << "left";
 }
 
@@ -93,7 +98,7 @@ TEST_P(ArticuloDeLinea, WithNeitherCatalogueNorCodeTheCataloguesAreShown) {
         tecla(Qt::Key_Down);
         tecla(Qt::Key_Return);
     });
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"CAT"_s);
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-20"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), bomba);
@@ -107,7 +112,7 @@ TEST_P(ArticuloDeLinea, WithoutACatalogueItsCodeIsSearchedInAllOfThem) {
         tecla(Qt::Key_End);
         tecla(Qt::Key_Return);
     });
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"OTRO"_s);
     EXPECT_EQ(ui.txtIdArticulo->text(), u"B-10"_s);
     EXPECT_EQ(ui.TxtDescArticulos->text(), u"La misma"_s);
@@ -117,7 +122,7 @@ TEST_P(ArticuloDeLinea, WithoutACatalogueItsCodeIsSearchedInAllOfThem) {
 TEST_P(ArticuloDeLinea, ACodeThatNoCatalogueHasIsTold) {
     auto &ui = lineas().ui;
     llenar(ui.txtIdArticulo, u"NADA"_s);
-    tecla(Qt::Key_F6);
+    buscar();
     EXPECT_EQ(ultimoMensaje(), "Ningún catálogo tiene el artículo NADA, revise el código completo.");
     EXPECT_EQ(ui.txtIdArticulo->text(), u"NADA"_s);
     EXPECT_EQ(QApplication::focusWidget(), ui.txtIdArticulo);

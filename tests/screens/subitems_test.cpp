@@ -111,6 +111,7 @@ TEST_P(LineasNuevas, F6ListsCataloguesArticlesPositionsUnitsAndCountries) {
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
+    esperarVentana(pantalla.ventana.get());
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s);
     EXPECT_NE(ui.TxtDescArticulos->text(), QString()) << "the article that was taken there";
     irA(ui.txtIdArticulo);
@@ -120,6 +121,7 @@ TEST_P(LineasNuevas, F6ListsCataloguesArticlesPositionsUnitsAndCountries) {
         tecla(Qt::Key_Return);
     });
     tecla(Qt::Key_F6);
+    esperarVentana(pantalla.ventana.get());
     EXPECT_EQ(ui.TxtDescArticulos->text(), u"Electrobomba sumergible 1100 W"_s);
     llenarYSeguir(ui.TxtCantidad, u"2"_s);
     while (QApplication::focusWidget() != ui.TxtUnidad) tecla(Qt::Key_Backtab);

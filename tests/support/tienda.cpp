@@ -177,6 +177,10 @@ Dialogos DialogosDePrueba(Registro &r) {
         r.abiertos.push_back(archivo);
         return r.hayPrograma;
     };
+    d.abrirEnlace = [&r](const QString &enlace) {
+        r.enlaces.push_back(enlace);
+        return r.hayPrograma;
+    };
     d.vistaPrevia = [&r](const papel::Documento &documento) { r.vistos.push_back(documento); };
     d.imprimir = [&r](const papel::Documento &documento) {
         r.impresos.push_back(documento);
@@ -208,6 +212,7 @@ Tienda::~Tienda() {
 std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
     auto ctx = std::make_unique<AppContext>();
     ctx->ajustes = Ajustes(carpeta_ + u"/ajustes.ini"_s);
+    ctx->ajustesDeLaMaquina = Ajustes(carpeta_ + u"/maquina.ini"_s);
     ctx->dialogos = DialogosDePrueba(registro);
     QString error;
     if (!ctx->DataManager.usarPerfil(perfil_, &error)) fallar(error);

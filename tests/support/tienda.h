@@ -25,6 +25,7 @@ struct Registro {
     std::vector<Avance> avances;
     std::vector<PedidoDeArchivo> pedidos;
     std::vector<QString> abiertos;  ///< files handed to the system's programs
+    std::vector<QString> enlaces;   ///< addresses handed to the system's browser
     std::vector<papel::Documento> vistos;
     std::vector<papel::Documento> impresos;
     std::deque<bool> respuestas;                ///< consumed by questions; after the last: No
@@ -32,7 +33,7 @@ struct Registro {
     std::deque<RespuestaConOpciones> opciones;
     std::deque<int> indices;       ///< consumed by lists; after the last: -1
     std::deque<QString> archivos;  ///< consumed by what asks for a file; after the last: cancel
-    bool hayPrograma = true;       ///< whether the system has one for a file
+    bool hayPrograma = true;       ///< whether the system has one for a file or an address
     bool imprime = true;           ///< whether what is printed is printed
 };
 /// Dialogs that write into `registro` and answer from it.

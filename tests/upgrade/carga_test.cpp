@@ -141,11 +141,19 @@ TEST_P(Carga, BlanksAtTheEndsOfATextStay) {
 TEST_P(Carga, WhatCannotBeLoadedIsSaid) {
     EXPECT_TRUE(cargar("nohay", "id\n1\n").error.contains(u"nohay"_s));
     EXPECT_TRUE(cargar("pais", "x,y\n1,2\n").error.contains(u"pais"_s));
-    EXPECT_TRUE(cargar("pais",
-                       "id,descripcion\n1,Espa\xF1"
-                       "a\n")
-                    .error.contains(u"UTF-8"_s));
+    EXPECT_TRUE(cargar("pais", QByteArray("id,descripcion\n1,Espa\0a\n", 23)).error.contains(u"línea 2"_s));
     EXPECT_EQ(valor("select count(*) as n from pais", "SYSTABLAS").toStdString(), "0");
+}
+
+TEST_P(Carga, ALineInAnotherEncodingIsToldAndLoads) {
+    const ResultadoCsv r = cargar("pais",
+                                  "id,descripcion\n410,ESPA\xD1"
+                                  "A\n406,B\xC3\x89LGICA\n");
+    ASSERT_TRUE(r.ok) << r.error.toStdString();
+    EXPECT_EQ(r.avisos,
+              QStringList{u"línea 2: no está en UTF-8; se lee como Windows-1252, revise sus acentos"_s});
+    EXPECT_EQ(filas("select id,descripcion from pais order by id", "SYSTABLAS").toStdString(),
+              "406|BÉLGICA\n410|ESPAÑA");
 }
 
 TEST_P(Carga, ALongLoadTellsHowFarItIs) {
