@@ -39,8 +39,8 @@ int EscribirLicencias(const Trabajo &t) {
     AppContext &ctx = t.ctx;
     for (const ReportePedido &pedido : reportesPedidos) {
         if (!t.orden.tiene(pedido.opcion)) continue;
-        const QString valor = t.orden.valor(pedido.opcion).trimmed();
-        t.resultado[QLatin1String(pedido.opcion)] = valor;
+        const QString valor = t.orden.valor(pedido.opcion);
+        t.resultado[QLatin1String(pedido.opcion)] = valor.trimmed();
         auto articulos = BuscarArticulosDeReporte(ctx, pedido.busqueda, valor);
         if (!articulos) return falla;
         const QString archivo = QFileInfo(t.orden.valor("salida")).absoluteFilePath();

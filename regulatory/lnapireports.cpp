@@ -240,12 +240,12 @@ QString TextoDeAvance(int hechos, int cantidad) {
 std::optional<ArticulosDeReporte> BuscarArticulosDeReporte(AppContext &ctx, BusquedaDeReporte busqueda,
                                                            const QString &valor) {
     const FormaDeBusqueda &forma = formaDeBusqueda(busqueda);
-    if (forma.enParte && valor.size() < minimoDePosicionBuscada) {
+    ArticulosDeReporte articulos{busqueda, valor.trimmed(), {}, 0};
+    if (forma.enParte && articulos.valor.size() < minimoDePosicionBuscada) {
         ctx.dialogos.advertir(u"Ingrese al menos %1 caracteres"_s.arg(minimoDePosicionBuscada));
         return {};
     }
-    ArticulosDeReporte articulos{busqueda, valor, {}, 0};
-    const QString condicion = condicionDeReporte(forma, valor);
+    const QString condicion = condicionDeReporte(forma, articulos.valor);
     const QLatin1StringView columna(forma.columna);
     if (!Consultar(
             ctx, entidad::catalogos,

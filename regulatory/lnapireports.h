@@ -27,8 +27,8 @@ struct ArticulosDeReporte {
     int cantidad = 0;
 };
 
-/// Looks for the articles of a report. Nothing when there are none, or when fewer than five characters of a
-/// position are looked for, which was told. Raises Falla.
+/// Looks for the articles of a report; blanks around the value are none of it. Nothing when there are none,
+/// or when fewer than five characters of a position are looked for, which was told. Raises Falla.
 std::optional<ArticulosDeReporte> BuscarArticulosDeReporte(AppContext &ctx, BusquedaDeReporte busqueda,
                                                            const QString &valor);
 

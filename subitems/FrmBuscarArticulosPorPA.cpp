@@ -117,7 +117,7 @@ void FrmBuscarArticulosPorPA::Generar(const Busqueda &busqueda) {
     Correr(true);
     bool hecho = false;
     Manejar(ctx, [&] {
-        hecho = busqueda.reporte(ctx, busqueda.campo->text().trimmed(),
+        hecho = busqueda.reporte(ctx, busqueda.campo->text(),
                                  [this](int hechos, int cantidad) { return Avanzar(hechos, cantidad); });
     });
     Correr(false);

@@ -201,7 +201,7 @@ TEST_P(ReportesDeLicencias, AnArticleAndAPositionAreLookedForInEveryCatalogue) {
 }
 
 TEST_P(ReportesDeLicencias, ASearchForAPositionTakesFiveCharactersAtTheLeast) {
-    EXPECT_FALSE(ReportePosicion(*ctx, u"8708"_s));
+    EXPECT_FALSE(ReportePosicion(*ctx, u" 8708 "_s)) << "blanks are no characters of it";
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(ultimoMensaje(), u"Ingrese al menos 5 caracteres"_s);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
