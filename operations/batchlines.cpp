@@ -14,12 +14,12 @@ namespace {
 using L = QLatin1String;
 
 /// Where the arguments of both commands stand, behind the key.
-constexpr qsizetype nombre = 0;
-constexpr qsizetype valor = 1;
+constexpr qsizetype dondeElNombre = 0;
+constexpr qsizetype dondeElValor = 1;
 
 /// What is wrong with a value beside a row of either table; `que` is "el cambio" or "el filtro".
-template <class Fila>
-QString defectoDeValor(const Fila &fila, const QString &dado, const char *que) {
+template <class F>
+QString defectoDeValor(const F &fila, const QString &dado, const char *que) {
     const QString cual = QString::fromUtf8(que) + u' ' + L(fila.nombre);
     if (!fila.pideValor())
         return dado.isEmpty() ? QString() : u"Sobra \"%1\": %2 no lleva valor"_s.arg(dado, cual);
@@ -64,9 +64,8 @@ QString DefectoDeValorDeCambio(const QStringList &argumentos) {
 QString DefectoDeFiltro(const QString &nombreDado) {
     return FiltroDeNombre(nombreDado) != nullptr
                ? QString()
-               : u"\"%1\" no es uno de los filtros (1 a %2: %3)"_s.arg(nombreDado)
-                     .arg(FiltrosDeLineas().size())
-                     .arg(nombresDe(FiltrosDeLineas()));
+               : u"\"%1\" no es uno de los filtros (1 a %2: %3)"_s.arg(
+                     nombreDado, QString::number(FiltrosDeLineas().size()), nombresDe(FiltrosDeLineas()));
 }
 
 QString DefectoDeValorDeFiltro(const QStringList &argumentos) {
@@ -78,8 +77,8 @@ QString DefectoDeValorDeFiltro(const QStringList &argumentos) {
 }
 
 int CambiarLineas(const Trabajo &t) {
-    const CambioMasivo &cambio = *CambioDeNombre(t.orden.argumentos.value(nombre));
-    QString dado = t.orden.argumentos.value(valor);
+    const CambioMasivo &cambio = *CambioDeNombre(t.orden.argumentos.value(dondeElNombre));
+    QString dado = t.orden.argumentos.value(dondeElValor);
     t.resultado[u"cambio"_s] = L(cambio.nombre);
     t.resultado[u"cambiado"_s] = false;
     return ConLaOperacion(t, [&] {
@@ -92,8 +91,8 @@ int CambiarLineas(const Trabajo &t) {
 }
 
 int FiltrarLineas(const Trabajo &t) {
-    const FiltroDeLineas &filtro = *FiltroDeNombre(t.orden.argumentos.value(nombre));
-    const FiltroActivo activo = FiltroCon(filtro, t.orden.argumentos.value(valor));
+    const FiltroDeLineas &filtro = *FiltroDeNombre(t.orden.argumentos.value(dondeElNombre));
+    const FiltroActivo activo = FiltroCon(filtro, t.orden.argumentos.value(dondeElValor));
     const auto lineas = GetRsSubtiems(t.ctx, t.orden.clave, CondicionDe(activo));
     for (const FilaSubItem &f : lineas) t.salida(enJson(f));
     t.resultado[u"filtro"_s] = filtro.numero;
