@@ -10,7 +10,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum ColumnaDeEncontrados { Catalogo, Articulo, Descripcion, Posicion, Precio };
+enum ColumnaDeEncontrados {
+    CatalogoHallado,
+    ArticuloHallado,
+    DescripcionHallada,
+    PosicionHallada,
+    PrecioHallado
+};
 
 }  // namespace
 
@@ -25,12 +31,12 @@ void FrmCatArticulosBuscar::Conectar() {
     acciones.estrechar = [this] { contar(); };
     lista_.Preparar(ui.Lst,
                     {u"Catálogo"_s, u"Artículo"_s, u"Descripción"_s, u"Posición"_s, u"Precio unitario"_s},
-                    {{ui.TxtDescripcion, Descripcion, true}}, std::move(acciones), {Precio});
+                    {{ui.TxtDescripcion, DescripcionHallada, true}}, std::move(acciones), {PrecioHallado});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();
-    for (const auto &[columna, letras] :
-         {std::pair(Catalogo, 18), std::pair(Articulo, 22), std::pair(Posicion, 24), std::pair(Precio, 22)})
+    for (const auto &[columna, letras] : {std::pair(CatalogoHallado, 18), std::pair(ArticuloHallado, 22),
+                                          std::pair(PosicionHallada, 24), std::pair(PrecioHallado, 22)})
         ui.Lst->setColumnWidth(columna, letra * letras);
-    ui.Lst->horizontalHeader()->setSectionResizeMode(Descripcion, QHeaderView::Stretch);
+    ui.Lst->horizontalHeader()->setSectionResizeMode(DescripcionHallada, QHeaderView::Stretch);
 }
 
 std::optional<ArticuloElegido> FrmCatArticulosBuscar::Buscar(BusquedaEnCatalogos por, const QString &valor) {

@@ -28,7 +28,7 @@ using L = QLatin1String;
 
 /// F6 on the catalogue goes through all of them; on the article it searches the one in hand or, without one,
 /// the code that is there in any. Nothing when the user left.
-ArticuloElegido ElegirArticulo(const CamposSubItem &c, bool desdeElCatalogo) {
+ArticuloElegido elegirArticulo(const CamposSubItem &c, bool desdeElCatalogo) {
     const QString catalogo = c.TxtIdCatalogo.trimmed();
     const QString escrito = c.txtIdArticulo.trimmed();
     if (desdeElCatalogo || (catalogo.isEmpty() && escrito.isEmpty()))
@@ -284,7 +284,7 @@ bool FrmSubItems::Campo_F6(const Campo &campo) {
             s_.campos.TxtPosicion = elegida;
             BuscarNCM(ctx, s_);
         } else if (campo.control == ui.TxtIdCatalogo || campo.control == ui.txtIdArticulo) {
-            TomarArticulo(ctx, s_, ElegirArticulo(s_.campos, campo.control == ui.TxtIdCatalogo));
+            TomarArticulo(ctx, s_, elegirArticulo(s_.campos, campo.control == ui.TxtIdCatalogo));
         } else if (campo.control == ui.TxtCodProrrateo) {
             const QString codigo = Pantalla<FrmLstProrrateo>().Elegir(s_.interno);
             CerrarPantalla<FrmLstProrrateo>();
