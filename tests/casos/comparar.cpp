@@ -6,7 +6,7 @@
 
 #include "frame/base/numbers.h"
 #include "tests/casos/caso.h"
-#include "upgrade/csv.h"
+#include "frame/csv.h"
 
 using namespace Qt::StringLiterals;
 
