@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "assembly/FrmArmarItem.h"
+#include "assembly/run.h"
 #include "header/FrmListado.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/FrmDetalleInterno.h"
@@ -413,6 +414,17 @@ TEST_P(CapturasDeONCCA, TheDataOfMeatAndTheOrderOfTab) {
         foto(p.ventana.get(), u"oncca-apagado"_s);
         tecla(Qt::Key_Escape);
     });
+    foto(abrir(carnes).ventana.get(), u"operacion-carne"_s);
+    CerrarPantalla<FrmDetalleInterno>();
+    ctx->ChequeoArmado = u"SI"_s;
+    ASSERT_TRUE(Generar(*ctx, carnes, {}));
+    auto &items = Pantalla<FrmVerItem>();
+    items.Mostrar(carnes);
+    esperarVentana(items.ventana.get());
+    items.ui.Scr->setValue(1);
+    tecla(Qt::Key_F7);
+    foto(items.ventana.get(), u"item-oncca-carne"_s);
+    tecla(Qt::Key_Escape);
 }
 
 }  // namespace
