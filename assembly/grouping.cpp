@@ -84,7 +84,7 @@ constexpr Relleno rellenosDeGrupos[] = {
 
 /// The groups of one line and that line: a summed quantity equals a line's only where there is one. The
 /// groups of several lines are left to the walk.
-QString comparacionesDeUnaLinea(const ContextoArmado &r) {
+QString comparacionesDeUnaLinea(const ContextoArmado &r, bool conCarne) {
     const auto descripcion = !r.condicionDescripcion() ? ""_L1
                              : r.esSQL() ? "groupsubitems.descripcion = Descripcion_Maria and "_L1
                                          : "groupsubitems.descripcion = subitems.Descripcion_Maria and "_L1;
@@ -103,11 +103,14 @@ QString comparacionesDeUnaLinea(const ContextoArmado &r) {
            "groupsubitems.itfiller = subitems.itfiller and "
            "groupsubitems.codigoean = subitems.codigoean and "
            "groupsubitems.codprorrateo = subitems.codprorrateo and "
-           "groupsubitems.cancelaciones = subitems.cancelaciones)"_s.arg(descripcion);
+           "groupsubitems.cancelaciones = subitems.cancelaciones%2)"_s.arg(
+               descripcion, conCarne ? " and groupsubitems.ONCCACategoria = subitems.ONCCACategoria and "
+                                       "groupsubitems.ONCCACortes = subitems.ONCCACortes"_L1
+                                     : ""_L1);
 }
 
-void vincularDeUnaLinea(const ContextoArmado &r) {
-    const QString comparaciones = comparacionesDeUnaLinea(r);
+void vincularDeUnaLinea(const ContextoArmado &r, bool conCarne) {
+    const QString comparaciones = comparacionesDeUnaLinea(r, conCarne);
     if (r.esSQL()) {
         r.ejecutar(
             u"Update groupsubitems "
@@ -129,14 +132,15 @@ void vincularDeUnaLinea(const ContextoArmado &r) {
 
 /// One comparison with a column of the group in hand.
 struct Clausula {
-    enum class Valor { Texto, Precio, Descripcion };  ///< Descripcion: under its condition only
+    /// Descripcion: under its condition only; Carne: where the lines differ in it.
+    enum class Valor { Texto, Precio, Descripcion, Carne };
     const char *antes;
     QStringView columna;
     const char *despues;
     Valor valor = Valor::Texto;
 };
 
-constexpr std::array<Clausula, 12> lineasDelGrupo{{
+constexpr std::array<Clausula, 14> lineasDelGrupo{{
     {" and ncm = '", u"ncm", "'"},
     {" and Descripcion_Maria = '", u"descripcion", "' ", Clausula::Valor::Descripcion},
     {" and idpais ='", u"idpais", "'"},
@@ -148,10 +152,12 @@ constexpr std::array<Clausula, 12> lineasDelGrupo{{
     {" and codigoean ='", u"codigoean", "'"},
     {" and tipoitem ='", u"tipoitem", "'"},
     {" and itfiller ='", u"itfiller", "'"},
+    {" and ONCCACategoria ='", u"ONCCACategoria", "'", Clausula::Valor::Carne},
+    {" and ONCCACortes ='", u"ONCCACortes", "'", Clausula::Valor::Carne},
     {" and biendeuso ='", u"biendeuso", "' order by id asc"},
 }};
 
-constexpr std::array<Clausula, 13> elGrupo{{
+constexpr std::array<Clausula, 15> elGrupo{{
     {"and ncm = '", u"ncm", "' "},
     {"and descripcion = '", u"descripcion", "' ", Clausula::Valor::Descripcion},
     {"and idpais ='", u"idpais", "' "},
@@ -165,14 +171,17 @@ constexpr std::array<Clausula, 13> elGrupo{{
     {"and codigoean = '", u"codigoean", "' "},
     {"and tipoitem = '", u"tipoitem", "' "},
     {"and itfiller = '", u"itfiller", "' "},
+    {"and ONCCACategoria = '", u"ONCCACategoria", "' ", Clausula::Valor::Carne},
+    {"and ONCCACortes = '", u"ONCCACortes", "' ", Clausula::Valor::Carne},
 }};
 
 template <std::size_t N>
 QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::array<Clausula, N> &clausulas,
-                 bool conDescripcion) {
+                 bool conCarne) {
     QString texto;
     for (const Clausula &c : clausulas) {
-        if (c.valor == Clausula::Valor::Descripcion && !conDescripcion) continue;
+        if (c.valor == Clausula::Valor::Descripcion && !r.condicionDescripcion()) continue;
+        if (c.valor == Clausula::Valor::Carne && !conCarne) continue;
         texto += QLatin1StringView(c.antes);
         if (c.valor == Clausula::Valor::Precio)
             texto += SqlNumber(r.ctx,
@@ -185,14 +194,13 @@ QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::arr
 }
 
 /// Finds the lines of one group: the first is its root, the others are remembered as folded into it.
-void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
-    const bool conDescripcion = r.condicionDescripcion();
+void vincularGrupo(ContextoArmado &r, const Recordset &grupo, bool conCarne) {
     Recordset lineas;
     const bool hay = r.consultar(
         u"select id,%1 as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller "
         "from subitems "
         "where interno = %2 %3"_s.arg(r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1,
-                                      r.clave(), comparar(r, grupo, lineasDelGrupo, conDescripcion)),
+                                      r.clave(), comparar(r, grupo, lineasDelGrupo, conCarne)),
         lineas);
     if (!hay) return;
 
@@ -216,10 +224,19 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
                                        : u", idarticulo = 'agrupado!' "_s;
     r.ejecutar(
         u"update groupsubitems set idsub = %1%2 "
-        "where interno = %3 %4"_s.arg(raiz, nombres, r.clave(), comparar(r, grupo, elGrupo, conDescripcion)));
+        "where interno = %3 %4"_s.arg(raiz, nombres, r.clave(), comparar(r, grupo, elGrupo, conCarne)));
 }
 
 }  // namespace
+
+bool DifierenEnCarne(const ContextoArmado &r, const QString &tabla) {
+    Recordset distintos;
+    r.consultar(
+        u"select distinct ONCCACategoria,ONCCACortes from %1 "
+        "where interno = %2"_s.arg(tabla, r.clave()),
+        distintos);
+    return distintos.RecordCount() > 1;
+}
 
 void RecordarPlegada(const ContextoArmado &r, const QString &raiz, const QString &plegada) {
     r.ejecutar(
@@ -240,13 +257,14 @@ void AgruparLineas(ContextoArmado &r) {
             u"update groupsubitems set %1 "
             "where %2 and interno = %3"_s.arg(QLatin1StringView(cambio), QLatin1StringView(prueba),
                                               r.clave()));
-    vincularDeUnaLinea(r);
+    const bool conCarne = DifierenEnCarne(r, u"subitems"_s);
+    vincularDeUnaLinea(r, conCarne);
     Recordset grupos;
     r.consultar(
         u"select * from groupsubitems "
         "where interno = %1 and (idsub is null)"_s.arg(r.clave()),
         grupos);
-    for (; !grupos.Eof(); grupos.MoveNext()) vincularGrupo(r, grupos);
+    for (; !grupos.Eof(); grupos.MoveNext()) vincularGrupo(r, grupos, conCarne);
 }
 
 void AplicarDatosComunesAGrupos(ContextoArmado &r) {
@@ -283,11 +301,11 @@ void AplicarDatosComunesAGrupos(ContextoArmado &r) {
     r.ejecutar(
         u"update groupsubitems set ONCCACategoria = %1 "
         "where interno = %2 and  (ONCCACategoria = '' or ONCCACategoria is null)"_s.arg(
-            EnComillas(r.ONCCACategoria), clave));
+            TextoEnComillas(r.ONCCACategoria), clave));
     r.ejecutar(
         u"update groupsubitems set ONCCACortes = %1 "
-        "where interno = %2 and  (ONCCACortes = '' or ONCCACortes is null)"_s.arg(EnComillas(r.ONCCACortes),
-                                                                                  clave));
+        "where interno = %2 and  (ONCCACortes = '' or ONCCACortes is null)"_s.arg(
+            TextoEnComillas(r.ONCCACortes), clave));
     // The value is spread by now: its codes must not split an item.
     r.ejecutar("update groupsubitems set codprorrateo = '' where interno = "_L1 + clave);
     r.ejecutar("update groupsubitems set descripcion = '' where descripcion is null and interno = "_L1 +

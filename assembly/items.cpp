@@ -23,7 +23,7 @@ QString redondeado(const ContextoArmado &r, const QString &columna) {
 QString clausula(const Recordset &fila, L columna) {
     const QString nombre = columna;
     if (fila.EsNulo(nombre)) return u"and %1 is null "_s.arg(nombre);
-    return u"and %1 = %2 "_s.arg(nombre, EnComillas(fila.Texto(nombre)));
+    return u"and %1 = %2 "_s.arg(nombre, TextoEnComillas(fila.Texto(nombre)));
 }
 
 /// The description is free text: doubled, and compared without its end blanks.
@@ -81,8 +81,8 @@ void insertarItem(ContextoArmado &r, const Recordset &clave, const Recordset &su
         .numero("insumosacons", sumas.Numero(u"tinsumosacons"))
         .codigo("cancelaciones", clave.Texto(u"cancelaciones"))
         .codigo("tipoitem", clave.Texto(u"tipoitem"))
-        .codigo("ONCCACategoria", clave.Texto(u"ONCCACategoria"))
-        .codigo("ONCCACortes", clave.Texto(u"ONCCACortes"))
+        .texto("ONCCACategoria", clave.Texto(u"ONCCACategoria"))
+        .texto("ONCCACortes", clave.Texto(u"ONCCACortes"))
         // The blanks belong to the statement as it is sent.
         .numero(" ajusteinc", sumas.Numero(u"tajusteincluir"))
         .numero(" ajusteded", sumas.Numero(u"tajustededucir"));
@@ -165,9 +165,13 @@ void enlazarGrupos(ContextoArmado &r) {
         "(groupsubitems.estadomerc = item.estadomerc or groupsubitems.estadomerc is null) and "
         "groupsubitems.biendeuso = item.Biendeuso and "
         "groupsubitems.cancelaciones = item.cancelaciones and "
-        "groupsubitems.tipoitem = item.tipoitem)"_s.arg(
+        "groupsubitems.tipoitem = item.tipoitem%2)"_s.arg(
             r.esDJAI()
                 ? "(groupsubitems.descripcion = item.descripcion or groupsubitems.descripcion is null) and "_L1
+                : ""_L1,
+            DifierenEnCarne(r, u"groupsubitems"_s)
+                ? " and groupsubitems.ONCCACategoria = item.ONCCACategoria and "
+                  "groupsubitems.ONCCACortes = item.ONCCACortes"_L1
                 : ""_L1);
     const QString forma = r.esSQL() ? u"Update groupsubitems "
                                       "Set groupsubitems.ID = ITEM.ID "
@@ -277,14 +281,14 @@ void AgregarItemCero(ContextoArmado &r) {
     if (!r.DCPaisOrigen.isEmpty() && r.DCForzarPaisOrigen) enCero("IdPais"_L1, EnComillas(r.DCPaisOrigen));
     // All eight hang on the agreement alone.
     if (!r.ONCCAAcuerdo.isEmpty()) {
-        enTodos("ONCCAAcuerdo"_L1, EnComillas(r.ONCCAAcuerdo));
-        enTodos("ONCCAElaborador"_L1, EnComillas(r.ONCCAElaborador));
-        enTodos("ONCCAEspecie"_L1, EnComillas(r.ONCCAEspecie));
-        enTodos("ONCCAFaneador"_L1, EnComillas(r.ONCCAFaneador));
-        enTodos("ONCCAMatadero"_L1, EnComillas(r.ONCCAMatadero));
-        enTodos("ONCCAMeccoorgbio"_L1, EnComillas(r.ONCCAMeccoorgbio));
-        enTodos("ONCCARes3106"_L1, EnComillas(r.ONCCARes3106));
-        enTodos("ONCCASisPro"_L1, EnComillas(r.ONCCASisPro));
+        enTodos("ONCCAAcuerdo"_L1, TextoEnComillas(r.ONCCAAcuerdo));
+        enTodos("ONCCAElaborador"_L1, TextoEnComillas(r.ONCCAElaborador));
+        enTodos("ONCCAEspecie"_L1, TextoEnComillas(r.ONCCAEspecie));
+        enTodos("ONCCAFaneador"_L1, TextoEnComillas(r.ONCCAFaneador));
+        enTodos("ONCCAMatadero"_L1, TextoEnComillas(r.ONCCAMatadero));
+        enTodos("ONCCAMeccoorgbio"_L1, TextoEnComillas(r.ONCCAMeccoorgbio));
+        enTodos("ONCCARes3106"_L1, TextoEnComillas(r.ONCCARes3106));
+        enTodos("ONCCASisPro"_L1, TextoEnComillas(r.ONCCASisPro));
     }
     if (!r.OpcionesIVA.isEmpty()) enTodos("OpcionesIVA"_L1, EnComillas(r.OpcionesIVA));
     if (!r.OpcionesGanancias.isEmpty()) enTodos("OpcionesGanancias"_L1, EnComillas(r.OpcionesGanancias));

@@ -1,5 +1,6 @@
 #include "header/FrmListado.h"
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -172,7 +173,7 @@ struct CampoVinculado {
     bool KeyDown(const QKeyEvent *tecla) {
         if (campo->isReadOnly() || claveDe(campo).isEmpty()) return false;
         if (tecla->key() == Qt::Key_F6) {
-            Elegir();
+            if (regla.boton == nullptr || regla.boton->isEnabled()) Elegir();
             return true;
         }
         if (EsEnter(tecla)) Confirmar();
@@ -196,6 +197,11 @@ void VincularCodigo(QLineEdit *campo, QLabel *descripcion, ReglaDeCodigo regla) 
         return false;
     });
     QObject::connect(campo, &QLineEdit::textEdited, campo, [vinculado] { vinculado->tocado = true; });
+    if (vinculado->regla.boton != nullptr)
+        QObject::connect(vinculado->regla.boton, &QAbstractButton::clicked, campo, [vinculado] {
+            vinculado->campo->setFocus();
+            vinculado->Elegir();
+        });
     campos::EnMayusculas(campo);
 }
 

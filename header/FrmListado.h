@@ -10,6 +10,7 @@
 #include "header/codes.h"
 #include "ui_FrmListado.h"
 
+class QAbstractButton;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
@@ -46,6 +47,7 @@ struct ReglaDeCodigo {
     /// Hears the code, its description and its aux (the regime's direction, the currency's rate) each time
     /// they were looked up; an empty description: no such code, or an empty field.
     std::function<void(const CampoDeCodigo &)> alResolver;
+    QAbstractButton *boton = nullptr;  ///< opens the list too; while it is off, F6 opens none
 };
 
 /// Makes a line edit whose tag is "LL-" + key (+ "#F6") a coded field; the tag is read at each key, so that a

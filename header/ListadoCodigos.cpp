@@ -39,7 +39,7 @@ struct Definicion {
     int recorte;
 };
 
-constexpr std::array<Definicion, 15> definiciones{{
+constexpr std::array<Definicion, 24> definiciones{{
     {"SUBREG", "Subregímenes", "SYSTABLAS", "select distinct id,descripcion from sta order by id,descripcion",
      Forma::CodigoYDescripcion, anchoDeCodigo},
     {"ADUANA", "Aduanas", "SYSTABLAS", "select * from ADUANA order by descripcion,id", Forma::Descripcion,
@@ -75,6 +75,24 @@ constexpr std::array<Definicion, 15> definiciones{{
      Forma::Puerto, anchoDePuerto},
     {"DIVISAS", "Divisas", "INTERNOS", "select * from DIVISAS order by descripcion,id", Forma::Divisa,
      anchoDeCodigo},
+    {"ONCCA_ACUERDO", "Acuerdos", "SYSTABLAS", "select * from ONCCA_ACUERDO order by descripcion,id",
+     Forma::DescripcionParentesis, todo},
+    {"ONCCA_CATEGORIA", "Categorías", "SYSTABLAS", "select * from ONCCA_CATEGORIA order by descripcion,id",
+     Forma::DescripcionParentesis, todo},
+    {"ONCCA_CORTES", "Cortes", "SYSTABLAS", "select * from ONCCA_CORTES order by descripcion,id",
+     Forma::DescripcionParentesis, todo},
+    {"ONCCA_ELABORADOR", "Elaboradores", "SYSTABLAS",
+     "select * from ONCCA_ELABORADOR order by descripcion,id", Forma::DescripcionParentesis, todo},
+    {"ONCCA_ESPECIE", "Especies", "SYSTABLAS", "select * from ONCCA_ESPECIE order by descripcion,id",
+     Forma::DescripcionParentesis, todo},
+    {"ONCCA_FANEADOR", "Faneadores y mataderos", "SYSTABLAS",
+     "select * from ONCCA_FANEADOR order by descripcion,id", Forma::DescripcionParentesis, todo},
+    {"ONCCA_MECOORGBIO", "Ecológico, orgánico o biológico", "SYSTABLAS",
+     "select * from ONCCA_MECOORGBIO order by descripcion,id", Forma::DescripcionParentesis, todo},
+    {"ONCCA_RES3106", "Resolución 31/06 MEyP", "SYSTABLAS",
+     "select * from ONCCA_RES3106 order by descripcion,id", Forma::DescripcionParentesis, todo},
+    {"ONCCA_SISPRO", "Sistemas de producción", "SYSTABLAS",
+     "select * from ONCCA_SISPRO order by descripcion,id", Forma::DescripcionParentesis, todo},
 }};
 
 /// Keys with a table of their own that only the look-ups read.

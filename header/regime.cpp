@@ -108,6 +108,10 @@ bool EsEC16(QStringView codigo) {
     return codigo == "EC16"_L1;
 }
 
+bool EsRegimenConONCCA(QStringView codigo) {
+    return Left(codigo, 2) == "EC"_L1;
+}
+
 bool RegimenUsaHojaValor(QStringView codigo) {
     const QStringView uno = Left(codigo, 1);
     if (uno == "I"_L1 || uno == "T"_L1 || uno == "D"_L1 || uno == "R"_L1 || codigo == "LAPI"_L1) return true;

@@ -23,6 +23,8 @@ bool PreguntaOpcionesImpositivas(QStringView codigo);
 bool EsDeclaracionDJAI(QStringView codigo);
 bool EsDeclaracionLAPI(QStringView codigo);
 bool EsEC16(QStringView codigo);
+/// The exports that carry the data of meat (ONCCA): those that begin with "EC".
+bool EsRegimenConONCCA(QStringView codigo);
 bool RegimenUsaHojaValor(QStringView codigo);
 /// "T" for a code that begins with "TG" in any case, otherwise "P".
 QString TipoDeclaracion(QStringView codigo);

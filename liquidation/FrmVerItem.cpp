@@ -181,7 +181,7 @@ void FrmVerItem::Pintar(const VistaDeItem &vista, bool conLiquidacion, bool otra
 void FrmVerItem::MostrarSolapas(const QString &idsubreg) {
     ui.sTab->setTabVisible(enCancelaciones,
                            EsRegimenConSolapaInsumos(idsubreg) && EsRegimenConInsumos(idsubreg));
-    ui.sTab->setTabVisible(enOncca, Left(idsubreg, 2) == "EC"_L1);
+    ui.sTab->setTabVisible(enOncca, EsRegimenConONCCA(idsubreg));
 }
 
 void FrmVerItem::EscribirTeclas() {

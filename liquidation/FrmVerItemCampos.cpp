@@ -138,28 +138,19 @@ void FrmVerItem::ConectarLista() {
 
 void FrmVerItem::ConectarONCCA() {
     for (const oncca::CampoConLista &dato : oncca::CamposConLista()) {
-        auto *campo = ventana->findChild<QLineEdit *>(L(dato.control));
-        const auto elegir = [campo, lista = dato.lista] {
-            if (const QString codigo = oncca::Elegir(Contexto(), lista); !codigo.isEmpty())
-                campos::PonerTexto(campo, codigo);
-            campo->setFocus();
-        };
-        EscucharTeclas(campo, [campo, elegir](const QKeyEvent *tecla) {
-            if (tecla->key() != Qt::Key_F6) return false;
-            if (!campo->isReadOnly()) elegir();
-            return true;
-        });
-        QObject::connect(ventana->findChild<QPushButton *>(L(dato.boton)), &QPushButton::clicked, campo,
-                         elegir);
-        QObject::connect(campo, &QLineEdit::textChanged, campo, [this] { DescribirONCCA(); });
+        ReglaDeCodigo regla;
+        regla.boton = ventana->findChild<QPushButton *>(L(dato.boton));
+        VincularCodigo(ventana->findChild<QLineEdit *>(L(dato.control)),
+                       ventana->findChild<QLabel *>(L(dato.etiqueta)), regla);
     }
 }
 
 void FrmVerItem::DescribirONCCA() {
-    for (const oncca::CampoConLista &dato : oncca::CamposConLista())
+    for (const oncca::CampoConLista &dato : oncca::CamposConLista()) {
+        const auto *campo = ventana->findChild<QLineEdit *>(L(dato.control));
         ventana->findChild<QLabel *>(L(dato.etiqueta))
-            ->setText(oncca::Describir(dato.lista,
-                                       ventana->findChild<QLineEdit *>(L(dato.control))->text().trimmed()));
+            ->setText(oncca::Describir(Contexto(), L(dato.clave), campo->text().trimmed()));
+    }
 }
 
 void FrmVerItem::EscribirCampos(const VistaDeItem &vista, bool otraPagina) {
@@ -179,6 +170,7 @@ void FrmVerItem::EscribirCampos(const VistaDeItem &vista, bool otraPagina) {
         cargados_[columna] = vista.datos.value(columna);
         pintados_[columna] = campos::TextoDe(control);
     }
+    DescribirONCCA();
     HabilitarCampos();
 }
 

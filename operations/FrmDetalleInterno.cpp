@@ -17,6 +17,7 @@
 #include "operations/handover.h"
 #include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmTransferencia.h"
+#include "regulatory/frmONCCA.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
 
@@ -72,6 +73,7 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.cmdCaratula, [this] { cmdCaratula_Click(); });
     alPulsar(ui.CmdBultos, [this] { CmdBultos_Click(); });
     alPulsar(ui.CmdPresupuesto, [this] { CmdPresupuesto_Click(); });
+    alPulsar(ui.cmdONCCA, [this] { cmdONCCA_Click(); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
         alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
@@ -139,6 +141,7 @@ void FrmDetalleInterno::HabilitarBotones() {
     ui.cmdExportINS->setEnabled(e.cmdExportINS);
     ui.CmdPrint->setEnabled(e.CmdPrint);
     ui.CmdHojaVal->setEnabled(e.CmdHojaVal);
+    ui.cmdONCCA->setEnabled(e.cmdONCCA);
     ui.frmOrdenar->setVisible(e.frmOrdenarVisible);
     ui.framDJAI->setVisible(e.framDJAIVisible);
 }
@@ -260,6 +263,12 @@ void FrmDetalleInterno::CmdBultos_Click() {
 void FrmDetalleInterno::CmdPresupuesto_Click() {
     Pantalla<FrmPresupuesto>().Mostrar(interno_);
     CerrarPantalla<FrmPresupuesto>();
+    VerDatos();
+}
+
+void FrmDetalleInterno::cmdONCCA_Click() {
+    Pantalla<frmONCCA>().Mostrar(interno_);
+    CerrarPantalla<frmONCCA>();
     VerDatos();
 }
 

@@ -43,6 +43,7 @@ class FrmDetalleInterno {
     void AbrirItems();
     void CmdBultos_Click();
     void CmdPresupuesto_Click();
+    void cmdONCCA_Click();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

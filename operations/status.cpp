@@ -129,6 +129,8 @@ EstadoDeOperacion LeerEstado(AppContext &ctx, const QString &interno, const Esta
     if (e.tipo.isEmpty()) e.tipo = u"N"_s;
     e.marca = TipoDeclaracion(e.idsubreg);
     e.ChCOEF = e.tipo == "E"_L1;
+    // Data that a change of the regime left behind can be taken away.
+    e.cmdONCCA = EsRegimenConONCCA(e.idsubreg) || c.Texto(u"onccahabilitado") == "S"_L1;
     e.LbAduana = c.Texto(u"idaduana");
     const QString despachante = c.Texto(u"cuitdespaduana");
     const QString cliente = c.Texto(u"cuitcliente");

@@ -16,7 +16,7 @@ struct EstadoDeOperacion {
     // enabled
     bool ChCOEF = false, cmdITEM = false, frmOrdenar = false, CmdBultos = false, cmdCertOrig = false,
          CmdTransMaria = false, cmdExportar = false, cmdExportINS = false, CmdPrint = false,
-         CmdHojaVal = false;
+         CmdHojaVal = false, cmdONCCA = false;
     // shown
     bool frmOrdenarVisible = false, framDJAIVisible = false;
     /// The items were looked at this time: the choice of descriptions is restored for a DJAI, and only then.

@@ -1,34 +1,25 @@
 #include "regulatory/onccalists.h"
 
-#include "frame/context.h"
+#include "header/codes.h"
 
-using namespace Qt::StringLiterals;
-
-const oncca::Enlace *oncca::enlace = nullptr;
-
-const std::vector<oncca::CampoConLista> &oncca::CamposConLista() {
-    static const std::vector<CampoConLista> campos{
-        {"txtAcuerdo", "cmdAcuerdo", "lbAcuerdo", Lista::Acuerdo},
-        {"txtCategoria", "cmdCategoria", "lbCategoria", Lista::Categoria},
-        {"txtCorte", "cmdCorte", "lbCorte", Lista::Cortes},
-        {"txtElaborador", "cmdListaElaborador", "lbElaborador", Lista::Elaborador},
-        {"txtEspecie", "cmdExpecie", "lbEspecie", Lista::Especie},
-        {"txtFaneador", "cmdListaFaneador", "lbFaneador", Lista::Faneador},
-        {"txtEOC", "cmdEOB", "lbEOC", Lista::Mecoorgbio},
-        {"txtRes3106", "cmdRes3106", "lbRes3106", Lista::Res3106},
-        {"txtSisProd", "cmdSisProd", "lbSisProd", Lista::SisPro},
-        {"txtMatadero", "cmdMatadero", "lbMatadero", Lista::Faneador},
-    };
+const std::array<oncca::CampoConLista, oncca::cuantosCampos> &oncca::CamposConLista() {
+    static constexpr std::array<CampoConLista, cuantosCampos> campos{{
+        {"txtAcuerdo", "ONCCAAcuerdo", "cmdAcuerdo", "lbAcuerdo", "ONCCA_ACUERDO"},
+        {"txtCategoria", "ONCCACategoria", "cmdCategoria", "lbCategoria", "ONCCA_CATEGORIA"},
+        {"txtCorte", "ONCCACortes", "cmdCorte", "lbCorte", "ONCCA_CORTES"},
+        {"txtElaborador", "ONCCAElaborador", "cmdListaElaborador", "lbElaborador", "ONCCA_ELABORADOR"},
+        {"txtEspecie", "ONCCAEspecie", "cmdExpecie", "lbEspecie", "ONCCA_ESPECIE"},
+        {"txtFaneador", "ONCCAFaneador", "cmdListaFaneador", "lbFaneador", "ONCCA_FANEADOR"},
+        {"txtEOC", "ONCCAMeccoorgbio", "cmdEOB", "lbEOC", "ONCCA_MECOORGBIO"},
+        {"txtRes3106", "ONCCAres3106", "cmdRes3106", "lbRes3106", "ONCCA_RES3106"},
+        {"txtSisProd", "ONCCAsispro", "cmdSisProd", "lbSisProd", "ONCCA_SISPRO"},
+        {"txtMatadero", "ONCCAMatadero", "cmdMatadero", "lbMatadero", "ONCCA_FANEADOR"},
+    }};
     return campos;
 }
 
-QString oncca::Elegir(const AppContext &ctx, Lista lista) {
-    if (enlace != nullptr) return enlace->Listado(lista).trimmed();
-    ctx.dialogos.informar(
-        u"Esta lista es de la biblioteca oCodeListings, que no está instalada: escriba el código a mano."_s);
-    return {};
-}
-
-QString oncca::Describir(Lista lista, const QString &codigo) {
-    return enlace == nullptr || codigo.isEmpty() ? QString() : enlace->Descripcion(lista, codigo);
+QString oncca::Describir(AppContext &ctx, const QString &clave, const QString &codigo) {
+    QString aux;
+    constexpr int sinAviso = 1;
+    return BuscarDescripcion(ctx, clave, codigo, aux, sinAviso);
 }

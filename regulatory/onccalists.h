@@ -1,43 +1,34 @@
 #pragma once
-// The seam to the library of code lists (oCodeListings.cMain), which holds the lists of meat and grain. It is
-// not part of this program: without it the codes are typed, and who asks for a list is told which library is
-// missing.
+// The coded data of meat (ONCCA): each field of the header and of the item with its column and the code table
+// behind it. The tables are this system's own, looked up and listed as every other code (header/codes.h).
 
 #include <QString>
-#include <functional>
-#include <vector>
+#include <array>
 
 struct AppContext;
 
 namespace oncca {
 
-/// The library's nine lists.
-enum class Lista { Acuerdo, Categoria, Cortes, Elaborador, Especie, Faneador, Mecoorgbio, Res3106, SisPro };
+constexpr std::size_t cuantosCampos = 10;
 
-/// A field that one of the lists stands behind. A slaughterhouse is one of the packing houses, so two fields
-/// share their list.
+/// A field of the screens that hold the data of meat, which name their controls alike.
 struct CampoConLista {
     const char *control;
-    const char *boton;
+    const char *columna;   ///< of `caratula`
+    const char *boton;     ///< opens the list
     const char *etiqueta;  ///< the label of its description
-    Lista lista;
+    const char *clave;     ///< of its code table
 };
-const std::vector<CampoConLista> &CamposConLista();
+/// Every field, in the order of the save. A slaughterhouse is one of the packing houses, so two fields share
+/// their table.
+const std::array<CampoConLista, cuantosCampos> &CamposConLista();
 
-/// A library that was plugged in: both functions are set.
-struct Enlace {
-    /// Shows the list; the chosen code, empty when it was left.
-    std::function<QString(Lista lista)> Listado;
-    /// What a code means; empty for none.
-    std::function<QString(Lista lista, const QString &codigo)> Descripcion;
-};
+/// The code tables of the two data that a line may have of its own.
+inline const QString claveDeCategoria = QStringLiteral("ONCCA_CATEGORIA");
+inline const QString claveDeCorte = QStringLiteral("ONCCA_CORTES");
 
-/// Null while the library is absent. The one place that it is plugged into.
-extern const Enlace *enlace;
-
-/// The code that the user chose; empty when he left, and without the library, which is told.
-QString Elegir(const AppContext &ctx, Lista lista);
-/// What a code means; empty for none, for an empty code and without the library.
-QString Describir(Lista lista, const QString &codigo);
+/// What a code means, without a word; empty for an empty code, for one that the table does not have and on a
+/// store error.
+QString Describir(AppContext &ctx, const QString &clave, const QString &codigo);
 
 }  // namespace oncca

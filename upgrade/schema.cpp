@@ -111,6 +111,16 @@ const Fila filas[] = {
     {"informacion", "SYSTABLAS", "id descripcion", "id"},
     {"ventajas", "SYSTABLAS", "id descripcion", "id"},
     {"lista", "SYSTABLAS", "id descripcion", "id"},
+    // The codes of meat (ONCCA)
+    {"oncca_acuerdo", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_categoria", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_cortes", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_elaborador", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_especie", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_faneador", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_mecoorgbio", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_res3106", "SYSTABLAS", "id descripcion", "id"},
+    {"oncca_sispro", "SYSTABLAS", "id descripcion", "id"},
     // Nomenclature; the columns of ncm are added below
     {"ncm", "NCM", "", "001,002,003"},
     {"sufidos", "NCM", "sim sufijo detalle", "sim"},

@@ -48,6 +48,16 @@ TEST_P(Cambios, ALineComesBackAsItWasKeyed) {
     EXPECT_TRUE(s.articuloFijo) << "a change writes no column of the article";
 }
 
+TEST_P(Cambios, AChangeOfALineKeepsItsOwnCodesOfMeat) {
+    const qint64 id = nuevaBomba();
+    EXPECT_EQ(linea("onccacategoria,onccacortes", id), "|") << "empty at entry";
+    ejecutar(u"update subitems set onccacategoria = 'VA', onccacortes = '101' where id = %1"_s.arg(id));
+    abrirLinea(id);
+    s.campos.TxtIdpais = "212";
+    ASSERT_TRUE(grabar()) << ultimoMensaje();
+    EXPECT_EQ(linea("idpais,onccacategoria,onccacortes", id), "212|VA|101");
+}
+
 TEST_P(Cambios, ALineOfAnotherOperationIsNotFound) {
     const qint64 id = nuevaBomba();
     s.interno = "OTRA";

@@ -15,13 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class CamposDeItems : public EnItems {
- protected:
-    void TearDown() override {
-        oncca::enlace = nullptr;
-        EnItems::TearDown();
-    }
-};
+class CamposDeItems : public EnItems {};
 EN_AMBOS_STORES(CamposDeItems);
 
 TEST_P(CamposDeItems, WhatASaveWritesCanBeTypedAndTheRestCannot) {
@@ -241,62 +235,78 @@ class CamposDeCarne : public CamposDeItems {
     void SetUp() override {
         CamposDeItems::SetUp();
         ejecutar(u"update caratula set idsubreg = 'EC01' where interno = 'IC-2026-0001'"_s);
-        enlace.Listado = [this](oncca::Lista lista) {
-            pedidas.push_back(lista);
-            return elegido;
-        };
-        enlace.Descripcion = [](oncca::Lista, const QString &codigo) { return "Es "_L1 + codigo; };
     }
-    oncca::Enlace enlace;
-    std::vector<oncca::Lista> pedidas;
-    QString elegido = u"C9"_s;
 };
 EN_AMBOS_STORES(CamposDeCarne);
 
-TEST_P(CamposDeCarne, WithoutItsLibraryAListSaysWhichIsMissingAndCodesAreTyped) {
-    auto &ui = mostrarItem(1).ui;
-    tecla(Qt::Key_F7);
-    ASSERT_EQ(QApplication::focusWidget(), ui.txtAcuerdo);
-    tecla(Qt::Key_F6);
-    ui.cmdListaFaneador->click();
-    ASSERT_EQ(registro.mensajes.size(), 2U);
-    for (const Mensaje &m : registro.mensajes) {
-        EXPECT_EQ(m.texto,
-                  u"Esta lista es de la biblioteca oCodeListings, que no está instalada: escriba el código a "
-                  "mano."_s);
-        EXPECT_EQ(m.icono, Icono::Informacion);
-    }
-    reemplazar(ui.txtAcuerdo, u"ac1"_s);
-    tecla(Qt::Key_F11);
-    EXPECT_EQ(guardado("onccaacuerdo", 1), "AC1 ");
-    EXPECT_EQ(ui.txtAcuerdo->text(), u"AC1"_s);
-}
-
 TEST_P(CamposDeCarne, EachFieldHasItsListByKeyAndByButtonAndShowsWhatItsCodeMeans) {
-    oncca::enlace = &enlace;
     auto &items = mostrarItem(1);
     tecla(Qt::Key_F7);
+    ASSERT_EQ(QApplication::focusWidget(), items.ui.txtAcuerdo);
     for (const oncca::CampoConLista &dato : oncca::CamposConLista()) {
         auto *campo = items.ventana->findChild<QLineEdit *>(QLatin1String(dato.control));
         auto *etiqueta = items.ventana->findChild<QLabel *>(QLatin1String(dato.etiqueta));
-        pedidas.clear();
-        elegido = u"C9"_s;
+        EXPECT_EQ(campo->property("tag").toString(), "LL-"_L1 + QLatin1String(dato.clave) + "#F6"_L1);
+        const auto fila = [&] { return etiqueta->text() + " ("_L1 + campo->text() + u')'; };
+        registro.elecciones.clear();
+        registro.indices = {1, 0, -1};
         teclaEn(campo, Qt::Key_F6);
-        EXPECT_EQ(campo->text(), u"C9"_s) << dato.control;
-        EXPECT_EQ(etiqueta->text(), u"Es C9"_s) << dato.control;
-        elegido = u"D1"_s;
+        ASSERT_EQ(registro.elecciones.size(), 1U) << dato.control;
+        const QStringList vistas = registro.elecciones[0].filas;
+        EXPECT_EQ(fila(), vistas.at(1)) << dato.control;
         items.ventana->findChild<QPushButton *>(QLatin1String(dato.boton))->click();
-        EXPECT_EQ(campo->text(), u"D1"_s) << dato.control;
-        elegido.clear();
+        EXPECT_EQ(registro.elecciones.back().filas, vistas) << dato.control;
+        EXPECT_EQ(fila(), vistas.at(0)) << dato.control;
         tecla(Qt::Key_F6);
-        EXPECT_EQ(campo->text(), u"D1"_s) << "left without a choice";
-        EXPECT_EQ(pedidas, std::vector<oncca::Lista>(3, dato.lista)) << dato.control;
+        EXPECT_EQ(fila(), vistas.at(0)) << "left without a choice";
         EXPECT_EQ(QApplication::focusWidget(), campo);
     }
-    EXPECT_EQ(oncca::CamposConLista().back().lista, oncca::Lista::Faneador)
-        << "a slaughterhouse is one of the packing houses";
     tecla(Qt::Key_F11);
-    EXPECT_EQ(guardado("onccamatadero,onccasispro,onccaacuerdo", 1), "D1|D1|D1 ");
+    // The first of each list by its name.
+    EXPECT_EQ(guardado("onccaacuerdo,onccacategoria,onccacortes,onccasispro,onccafaneador,onccamatadero", 1),
+              "04 |CP|101|C|4518|4518");
+}
+
+TEST_P(CamposDeCarne, ATypedCodeIsLookedUpAndAPageShowsWhatItsCodesMean) {
+    auto &items = mostrarItem(1);
+    tecla(Qt::Key_F7);
+    reemplazar(items.ui.txtAcuerdo, u"02"_s);
+    tecla(Qt::Key_Return);
+    EXPECT_EQ(items.ui.lbAcuerdo->text(), u"CUOTA ESTADOS UNIDOS"_s);
+    EXPECT_EQ(QApplication::focusWidget(), items.ui.txtCategoria);
+    escribir(u"zz"_s);
+    tecla(Qt::Key_Return);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].titulo, u"Buscar ONCCA_CATEGORIA"_s);
+    EXPECT_EQ(items.ui.lbCategoria->text(), QString());
+    // Read again, what was typed stays with its own words.
+    reemplazar(items.ui.txtCorte, u"106"_s);
+    tecla(Qt::Key_F3);
+    tecla(Qt::Key_F7);
+    EXPECT_EQ(items.ui.txtCorte->text(), u"106"_s);
+    EXPECT_EQ(items.ui.lbCorte->text(), u"LOMO"_s);
+    tecla(Qt::Key_PageDown);
+    EXPECT_EQ(items.ui.lbAcuerdo->text(), QString());
+    tecla(Qt::Key_PageUp);
+    EXPECT_EQ(items.ui.lbAcuerdo->text(), u"CUOTA ESTADOS UNIDOS"_s);
+    EXPECT_EQ(items.ui.lbCorte->text(), u"LOMO"_s);
+    EXPECT_EQ(guardado("onccaacuerdo,onccacategoria,onccacortes", 1), "02 |ZZ|106");
+}
+
+TEST_P(CamposDeCarne, OnItemZeroTheListsAreOffAndTheirKeyToo) {
+    ejecutar(u"update item set onccaacuerdo = '06' where interno = 'IC-2026-0001'"_s);
+    auto &items = mostrarItem(0);
+    tecla(Qt::Key_F7);
+    registro.indices.assign(20, 0);
+    for (const oncca::CampoConLista &dato : oncca::CamposConLista()) {
+        auto *campo = items.ventana->findChild<QLineEdit *>(QLatin1String(dato.control));
+        EXPECT_FALSE(items.ventana->findChild<QPushButton *>(QLatin1String(dato.boton))->isEnabled());
+        const QString antes = campo->text();
+        teclaEn(campo, Qt::Key_F6);
+        EXPECT_EQ(campo->text(), antes) << dato.control;
+    }
+    EXPECT_TRUE(registro.elecciones.empty());
+    EXPECT_EQ(items.ui.lbAcuerdo->text(), u"PROTOCOLO CON CHINA"_s) << "what it holds is described";
 }
 
 }  // namespace

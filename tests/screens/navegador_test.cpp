@@ -31,16 +31,16 @@ class Navegador : public EnPantalla {
     }
 };
 
-const QStringList cinco{u"DJAI-2026-0004"_s, u"EC-2026-0002"_s, u"IC-2026-0001"_s, u"ICR-2026-0005"_s,
-                        u"IT-2026-0003"_s};
+const QStringList deMuestra{u"DJAI-2026-0004"_s, u"EC-2026-0002"_s,  u"EC-2026-0006"_s,
+                            u"IC-2026-0001"_s,   u"ICR-2026-0005"_s, u"IT-2026-0003"_s};
 
 TEST_P(Navegador, EnterInTheKeySearchesAndTakesTheFocusToTheGrid) {
     auto &navegador = mostrar();
     EXPECT_EQ(QApplication::focusWidget(), navegador.ui.txtInterno);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(claves(navegador), cinco);
+    EXPECT_EQ(claves(navegador), deMuestra);
     EXPECT_EQ(QApplication::focusWidget(), navegador.ui.lstInterno);
-    EXPECT_EQ(navegador.InternoSeleccionado(), cinco.first());
+    EXPECT_EQ(navegador.InternoSeleccionado(), deMuestra.first());
 }
 
 TEST_P(Navegador, AnOfficeThatHasAllItsOperationsShownSeesThemAtOnce) {
@@ -48,7 +48,7 @@ TEST_P(Navegador, AnOfficeThatHasAllItsOperationsShownSeesThemAtOnce) {
     CerrarPantalla<FrmInternoNew>();
     ctx->opciones.OperacionesMostrarTODO = true;
     auto &navegador = mostrar();
-    EXPECT_EQ(claves(navegador), cinco);
+    EXPECT_EQ(claves(navegador), deMuestra);
     EXPECT_EQ(QApplication::focusWidget(), navegador.ui.txtInterno);
 }
 
@@ -56,7 +56,7 @@ TEST_P(Navegador, TheKeyIsAPrefixAndIsRemembered) {
     mostrar();
     escribir(u"IC"_s);
     tecla(Qt::Key_Return);
-    EXPECT_EQ(claves(Pantalla<FrmInternoNew>()), cinco.mid(2, 2));
+    EXPECT_EQ(claves(Pantalla<FrmInternoNew>()), deMuestra.mid(3, 2));
     CerrarPantalla<FrmInternoNew>();
     EXPECT_EQ(mostrar().ui.txtInterno->text(), u"IC"_s);
 }
@@ -73,7 +73,7 @@ TEST_P(Navegador, EnterOnARowOpensTheOperation) {
     tecla(Qt::Key_Down);
     tecla(Qt::Key_Return);
     ASSERT_TRUE(PantallaAbierta<FrmDetalleInterno>());
-    EXPECT_EQ(Pantalla<FrmDetalleInterno>().Interno(), cinco.at(1));
+    EXPECT_EQ(Pantalla<FrmDetalleInterno>().Interno(), deMuestra.at(1));
     EXPECT_EQ(valor(u"select maquina from interno where interno = 'EC-2026-0002'"_s), u"PC1"_s);
 }
 
@@ -85,7 +85,7 @@ TEST_P(Navegador, TheListIsFreshAndOnTheSameRowWhenTheOperationIsLeft) {
     esperarVentana(Pantalla<FrmDetalleInterno>().ventana.get());
     ejecutar(u"update caratula set factura7 = 'OTRO NOMBRE' where interno = 'EC-2026-0002'"_s);
     tecla(Qt::Key_Escape);
-    EXPECT_EQ(navegador.InternoSeleccionado(), cinco.at(1));
+    EXPECT_EQ(navegador.InternoSeleccionado(), deMuestra.at(1));
     EXPECT_EQ(navegador.ui.lstInterno->currentIndex().siblingAtColumn(4).data().toString(), u"OTRO NOMBRE"_s);
 }
 
@@ -97,7 +97,7 @@ TEST_P(Navegador, ADoubleClickOnARowOpensTheOperation) {
     QTest::mouseClick(lista->viewport(), Qt::LeftButton, Qt::NoModifier, punto);
     QTest::mouseDClick(lista->viewport(), Qt::LeftButton, Qt::NoModifier, punto);
     ASSERT_TRUE(PantallaAbierta<FrmDetalleInterno>());
-    EXPECT_EQ(Pantalla<FrmDetalleInterno>().Interno(), cinco.at(2));
+    EXPECT_EQ(Pantalla<FrmDetalleInterno>().Interno(), deMuestra.at(2));
 }
 
 TEST_P(Navegador, ARowWithAnEmptyKeyIsNotOpened) {
@@ -136,11 +136,11 @@ TEST_P(Navegador, DeleteRemovesTheOperationAndItsRowAfterAYes) {
     tecla(Qt::Key_Delete);
     ASSERT_EQ(registro.preguntas.size(), 1U);
     EXPECT_EQ(registro.preguntas[0].texto, u"Confirma eliminar el interno DJAI-2026-0004"_s);
-    EXPECT_EQ(claves(navegador), cinco) << "No keeps it";
+    EXPECT_EQ(claves(navegador), deMuestra) << "No keeps it";
     registro.respuestas.push_back(true);
     tecla(Qt::Key_Delete);
-    EXPECT_EQ(claves(navegador), cinco.mid(1));
-    EXPECT_EQ(valor(u"select count(*) from caratula"_s), u"4"_s);
+    EXPECT_EQ(claves(navegador), deMuestra.mid(1));
+    EXPECT_EQ(valor(u"select count(*) from caratula"_s), u"5"_s);
     EXPECT_FALSE(navegador.ui.Pb->isVisible());
 }
 
@@ -202,19 +202,22 @@ TEST_P(Navegador, GroupingRegroupsWithoutANewSearch) {
     ASSERT_EQ(modelo->rowCount(), 2);
     EXPECT_EQ(modelo->index(0, 0).data().toString(), u"Exportacion"_s);
     EXPECT_EQ(modelo->index(1, 0).data().toString(), u"Importacion"_s);
-    EXPECT_EQ(modelo->rowCount(modelo->index(0, 0)), 1);
+    EXPECT_EQ(modelo->rowCount(modelo->index(0, 0)), 2);
     EXPECT_EQ(modelo->rowCount(modelo->index(1, 0)), 4);
     navegador.ui.cboAgruparPor->setCurrentIndex(0);
-    EXPECT_EQ(claves(navegador), cinco);
+    EXPECT_EQ(claves(navegador), deMuestra);
 }
 
 TEST_P(Navegador, GroupedRowsAreOpenedAndDeletedLikeOthers) {
     auto &navegador = mostrar();
     tecla(Qt::Key_Return);
     navegador.ui.cboAgruparPor->setCurrentIndex(1);
-    ASSERT_TRUE(navegador.Seleccionar(u"EC-2026-0002"_s));
-    registro.respuestas.push_back(true);
-    teclaEn(navegador.ui.lstInterno, Qt::Key_Delete);
+    for (const QString &expo : {u"EC-2026-0002"_s, u"EC-2026-0006"_s}) {
+        EXPECT_EQ(navegador.ui.lstInterno->model()->rowCount(), 2);
+        ASSERT_TRUE(navegador.Seleccionar(expo));
+        registro.respuestas.push_back(true);
+        teclaEn(navegador.ui.lstInterno, Qt::Key_Delete);
+    }
     EXPECT_EQ(navegador.ui.lstInterno->model()->rowCount(), 1) << "a group without rows goes";
 }
 

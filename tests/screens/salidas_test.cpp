@@ -58,6 +58,7 @@
 #include "outputs/FrmReferencias.h"
 #include "outputs/FrmTransferencia.h"
 #include "regulatory/frmActualizacion.h"
+#include "regulatory/frmONCCA.h"
 #include "subitems/FrmArticulos.h"
 #include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCargaSufijos.h"
@@ -219,6 +220,11 @@ class Salidas : public EnPantalla {
                                     Pantalla<FrmBultos>().Mostrar(vacia);
                                     CerrarPantalla<FrmBultos>();
                                 }),
+            salidaDe<frmONCCA>("frmONCCA",
+                               [] {
+                                   Pantalla<frmONCCA>().Mostrar(vacia);
+                                   CerrarPantalla<frmONCCA>();
+                               }),
             salidaDe<FrmProrKg>("FrmProrKg",
                                 [] {
                                     Pantalla<FrmProrKg>().Mostrar(vacia, u"0"_s, {});

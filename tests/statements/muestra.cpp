@@ -41,6 +41,8 @@ const FilaDeMuestra codigosDeMuestra[] = {
     {"SYSTABLAS", "insert into mottmp (id,descripcion,dias,impexpo) values ('T1','Temporal',180,'I')"},
     {"SYSTABLAS", "insert into mottmp (id,descripcion,dias,impexpo) values ('T2','Temporal',90,'E')"},
     {"SYSTABLAS", "insert into bancos (id,descripcion) values ('011','NACIÓN')"},
+    {"SYSTABLAS", "insert into oncca_cortes (id,descripcion) values ('102','HUACHALOMO')"},
+    {"SYSTABLAS", "insert into oncca_cortes (id,descripcion) values ('101','AGUJA')"},
     {"SYSTABLAS", "insert into coment (interno,coment) values ('OP1','Línea uno\nlínea ''dos''')"},
     {"SYSTABLAS", "insert into ean (subreg,item) values ('IC04','S')"},
     {"SYSTABLAS", "insert into hval (interno,datos) values ('OP1','x')"},

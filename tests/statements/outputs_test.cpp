@@ -143,6 +143,17 @@ const Caso regulatorio[] = {
      "'5',ONCCAFaneador = '6',ONCCAMeccoorgbio = '7',ONCCAres3106 = '8',ONCCAsispro = '9',ONCCAMatadero = "
      "'10',ONCCAHabilitado = 'S' where interno = 'OP1'",
      Espera::Filas, "INTERNOS", "1"},
+    {"LinesOfFood",
+     "select id,idarticulo,ncm,descripcion,ONCCACategoria,ONCCACortes from subitems where interno = 'OP2' "
+     "order by id asc",
+     Espera::Filas, "INTERNOS"},
+    {"LineOfFoodIsSaved",
+     "update subitems set ONCCACategoria = 'VA',ONCCACortes = '101' where id = 1 and interno = 'OP1'",
+     Espera::Filas, "INTERNOS", "1"},
+    {"CutsOfFood", "select * from ONCCA_CORTES order by descripcion,id", Espera::Filas, "SYSTABLAS",
+     "101|AGUJA\n102|HUACHALOMO"},
+    {"CutOfFood", "select descripcion from ONCCA_CORTES where id ='101'", Espera::Filas, "SYSTABLAS",
+     "AGUJA"},
     {"NormsOfAPosition",
      "select lnapi, norma From LNAPIPosicionesAfectadas where posicion='8409.91.12' ORDER BY aclaraciones "
      "DESC",

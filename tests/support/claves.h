@@ -7,6 +7,7 @@ inline const QString importacion = QStringLiteral("IC-2026-0001");
 inline const QString exportacion = QStringLiteral("EC-2026-0002");
 inline const QString temporal = QStringLiteral("IT-2026-0003");
 inline const QString djai = QStringLiteral("DJAI-2026-0004");
+inline const QString carnes = QStringLiteral("EC-2026-0006");
 
 /// The engine part: suffix families AA (coded) and AB (free) of its chapter, HA (coded) of its own.
 inline const QString motor = QStringLiteral("8409.91.12.100G");

@@ -117,8 +117,8 @@ QList<QByteArray> documentosDeDemostracion(const char *etiqueta) {
     fijarContexto(ctx.get());
     // Those linked to articles are the server's alone.
     Ejecutar(*ctx, u"CATALOGOS"_s, u"delete from articulo_ventaja"_s);
-    for (const char *clave :
-         {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004", "ICR-2026-0005"}) {
+    for (const char *clave : {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
+                              "ICR-2026-0005", "EC-2026-0006"}) {
         const QString interno = QLatin1String(clave);
         ctx->ChequeoArmado = u"SI"_s;
         registro.respuestas.assign(20, true);

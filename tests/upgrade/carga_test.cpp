@@ -55,6 +55,22 @@ TEST_P(Carga, TheLettersOfAnOfficeReplaceThoseThatWereThere) {
               "Textiles, e indumentaria");
 }
 
+TEST_P(Carga, TheListsOfMeatOfAnOfficeReplaceThoseThatWereThere) {
+    const QString codigos = u"SYSTABLAS"_s;
+    for (const char *lista : {"acuerdo", "categoria", "cortes", "elaborador", "especie", "faneador",
+                              "mecoorgbio", "res3106", "sispro"}) {
+        const QString tabla = "oncca_"_L1 + QLatin1String(lista);
+        ejecutar(u"insert into %1 (id,descripcion) values ('1','DE ANTES')"_s.arg(tabla), codigos);
+        const ResultadoCsv r =
+            cargar(tabla.toLatin1().constData(),
+                   "id;descripcion\n101;AGUJA\nX-2911;\"FRIGORIFICO D'OR; ANEXO\"\n102\n", true);
+        ASSERT_TRUE(r.ok) << r.error.toStdString();
+        EXPECT_EQ(r.avisos, QStringList{u"línea 4: tiene 1 campos y el encabezado 2; la fila no se carga"_s});
+        EXPECT_EQ(filas("select id,descripcion from "_L1 + tabla + " order by id"_L1, codigos).toStdString(),
+                  "101|AGUJA\nX-2911|FRIGORIFICO D'OR; ANEXO");
+    }
+}
+
 TEST_P(Carga, AnUnknownColumnIsToldOnceAndTheRestLoads) {
     const ResultadoCsv r =
         cargar("pais", "id;continente;descripcion\n200;América;Argentina\n203;América;Brasil\n");

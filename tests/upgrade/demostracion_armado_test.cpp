@@ -1,4 +1,4 @@
-// The five demonstration operations go through the whole run, and come out alike on both stores.
+// The demonstration operations go through the whole run, and come out alike on both stores.
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char *const operaciones[] = {"IC-2026-0001", "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
-                                   "ICR-2026-0005"};
+const char *const operaciones[] = {"IC-2026-0001",   "EC-2026-0002",  "IT-2026-0003",
+                                   "DJAI-2026-0004", "ICR-2026-0005", "EC-2026-0006"};
 
 void armar(AppContext &ctx, const QString &clave) {
     ctx.ChequeoArmado = u"SI"_s;

@@ -25,7 +25,8 @@ const Hogar hogares[] = {
     {"SYSTABLAS",
      "sta aduana condiciondeventa pais motivo motivos mottmp bancos coment ean hval hvalexp diemchina "
      "informacion "
-     "ventajas lista"},
+     "ventajas lista oncca_acuerdo oncca_categoria oncca_cortes oncca_elaborador oncca_especie oncca_faneador "
+     "oncca_mecoorgbio oncca_res3106 oncca_sispro"},
     {"NCM",
      "ncm sufidos control_fecha lnapifechadedatos lnapiposicionesafectadas lnapiaclaraciones letrasncm "
      "letras"},

@@ -120,6 +120,32 @@ TEST_P(Actualizacion, AnOlderNomenclatureGainsTheTablesOfLetters) {
     EXPECT_EQ(filas("select letra,descripcion from letras", ncm).toStdString(), "F|Autopartes");
 }
 
+TEST_P(Actualizacion, AnOlderCodeStoreGainsTheNineListsOfMeat) {
+    const QString codigos = u"SYSTABLAS"_s;
+    const QStringList nueve{"oncca_acuerdo",    "oncca_categoria", "oncca_cortes",
+                            "oncca_elaborador", "oncca_especie",   "oncca_faneador",
+                            "oncca_mecoorgbio", "oncca_res3106",   "oncca_sispro"};
+    ejecutar("insert into pais (id,descripcion) values ('310','CHINA')", codigos);
+    ejecutar("insert into subitems (interno,idarticulo,onccacortes) values ('OP','A','101')");
+    const QString prefijo = esServidor() ? QString() : u"main."_s;
+    for (const QString &tabla : nueve) motor(u"drop table %1%2"_s.arg(prefijo, tabla), codigos);
+    const Resultado r = actualizar();
+    EXPECT_TRUE(r.ok) << r.error.toStdString();
+    QStringList creadas = r.cambios.filter(u"se creó la tabla"_s);
+    creadas.sort();
+    QStringList esperadas;
+    for (const QString &tabla : nueve) esperadas << u"SYSTABLAS: se creó la tabla "_s + tabla;
+    EXPECT_EQ(creadas, esperadas);
+    for (const QString &tabla : nueve) {
+        ejecutar(u"insert into %1 (id,descripcion) values ('1','UNO')"_s.arg(tabla), codigos);
+        EXPECT_EQ(filas(u"select id,descripcion from "_s + tabla, codigos).toStdString(), "1|UNO");
+    }
+    EXPECT_EQ(filas("select id,descripcion from pais", codigos).toStdString(), "310|CHINA");
+    EXPECT_EQ(filas("select interno,idarticulo,onccacortes from subitems").toStdString(), "OP|A|101");
+    EXPECT_EQ(actualizar().cambios, QStringList()) << "a second run changes nothing";
+    EXPECT_EQ(filas("select id from oncca_cortes", codigos).toStdString(), "1");
+}
+
 TEST_P(Actualizacion, AStoreWithoutAVersionRowCountsAsOlder) {
     ejecutar("delete from version where propiedad = 'version'");
     const Resultado r = actualizar();
