@@ -81,7 +81,9 @@ void frmActualizacion::Terminar(const QString &estado) {
     ui.lbEstado->setText(estado);
     if (!enlace_.isEmpty())
         ui.lbTeclas->setText(u"ALT+A  abrir la descarga en el navegador   ·   ALT+S o ESC  salir"_s);
-    if (ui.ListaEstado->hasFocus()) (enlace_.isEmpty() ? ui.cmdSalir : ui.cmdActualizar)->setFocus();
+    // The window's own word: it may not have the keyboard yet. A button that was gone to keeps it.
+    if (ventana->focusWidget() == ui.ListaEstado)
+        (enlace_.isEmpty() ? ui.cmdSalir : ui.cmdActualizar)->setFocus();
 }
 
 bool frmActualizacion::Form_KeyDown(const QKeyEvent *tecla) {

@@ -40,7 +40,7 @@ constexpr MotivoDeRed motivosDeRed[] = {
      u"El servidor %1 manda de una dirección cifrada a una sin cifrar, y no se la siguió: avise a quien lo "
      u"administra."},
     {QNetworkReply::ProtocolUnknownError,
-     u"El servidor %1 manda a una dirección que no es http ni https, y no se la siguió: avise a quien lo "
+     u"El servidor %1 manda a un lugar que no es una dirección http ni https, y no se lo siguió: avise a quien lo "
      u"administra."},
     {QNetworkReply::ContentNotFoundError,
      u"El servidor %1 no tiene el documento %3: verifique la dirección."},
@@ -88,11 +88,14 @@ QString motivoDelCertificado(const QList<QSslError> &errores, const QString &ser
 }
 
 QString motivoDe(const QNetworkReply &respuesta) {
-    const QUrl url = respuesta.url();
+    // A redirection to no server at all is as good as one out of the web: of the server that was asked.
+    const bool aNadie = respuesta.url().host().isEmpty();
+    const QUrl url = aNadie ? respuesta.request().url() : respuesta.url();
     const QString servidor = url.host();
     if (url.scheme() == "https"_L1 && !QSslSocket::supportsSsl())
         return u"Esta PC no tiene la biblioteca de cifrado que piden las direcciones https: instale OpenSSL."_s;
-    if (const char16_t *texto = textoDe(motivosDeRed, respuesta.error())) {
+    if (const char16_t *texto =
+            textoDe(motivosDeRed, aNadie ? QNetworkReply::ProtocolUnknownError : respuesta.error())) {
         // One by one, since no text has all three; the path, which may hold anything, last.
         const int deFabrica = url.scheme() == "https"_L1 ? 443 : 80;
         return QString::fromUtf16(texto)

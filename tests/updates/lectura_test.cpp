@@ -161,7 +161,8 @@ TEST(LecturaDeDocumentos, ADocumentThatIsCutIsNotRead) {
 
 TEST(LecturaDeDocumentos, AnAnswerThatIsNoHttpIsTold) {
     ServidorHttp servidor;
-    falla(leer(servidor.direccion(u"/otro"_s)), sinPagina, u""_s);
+    falla(leer(servidor.direccion(u"/otro"_s)), sinPagina,
+          u"El servidor 127.0.0.1 cerró la conexión antes de terminar: vuelva a intentar más tarde."_s);
 }
 
 TEST(LecturaDeDocumentos, ADocumentOfTheLargestSizeIsReadAndALargerOneIsNot) {
@@ -201,18 +202,14 @@ TEST(LecturaDeDocumentos, RedirectionsInARingAreGivenUp) {
     EXPECT_EQ(servidor.pedidos().size(), 6);
 }
 
-TEST(LecturaDeDocumentos, ARedirectionOutOfTheWebIsNotFollowed) {
+TEST(LecturaDeDocumentos, ARedirectionOutOfTheWebOrToNowhereIsNotFollowed) {
     ServidorHttp servidor;
-    const QString motivo =
-        u"El servidor 127.0.0.1 manda a una dirección que no es http ni https, y no se la siguió: avise a quien lo "
-        "administra."_s;
-    for (const QString &a : {u"file:///etc/hostname"_s, u"ftp://127.0.0.1/v"_s, u"data:,31"_s})
-        falla(leer(servidor.direccion("/ir/"_L1 + escapada(a))), sinPagina, motivo);
-}
-
-TEST(LecturaDeDocumentos, ARedirectionToNowhereIsTold) {
-    ServidorHttp servidor;
-    falla(leer(servidor.direccion(u"/ir"_s)), sinPagina, u""_s);
+    for (const QString &a :
+         {u"file:///etc/hostname"_s, u"ftp://127.0.0.1/v"_s, u"data:,31"_s, u"http://"_s, QString()})
+        falla(
+            leer(servidor.direccion("/ir/"_L1 + escapada(a))), sinPagina,
+            u"El servidor 127.0.0.1 manda a un lugar que no es una dirección http ni https, y no se lo siguió: "
+            "avise a quien lo administra."_s);
 }
 
 TEST(LecturaDeDocumentos, ACancelledReadingSaysNothingAnyMore) {
