@@ -77,6 +77,8 @@ TEST_P(PantallaDelPresupuesto, NamesOfDutiesAreReadWholeAndSumsStandUnderTheirCo
          {"'424','IMPUESTO A LAS GANANCIAS',13926.10,'P'", "'010','DERECHOS DE IMPORTACION',68731.20,'P'"})
         ejecutar("insert into liqcero (interno,idconcepto,concepto,valor,pgc) values ('IC-2026-0001',"_L1 +
                  QLatin1String(fila) + ")"_L1);
+    registro.textos = {u"HLCUHAM260104417"_s};
+    AgregarReferencia(*ctx, u"IC-2026-0001"_s, u"REFERENCIA DEL CLIENTE"_s);
     // The letter of a common desktop.
     const QFont antes = QApplication::font();
     QFont letra = antes;
@@ -90,6 +92,8 @@ TEST_P(PantallaDelPresupuesto, NamesOfDutiesAreReadWholeAndSumsStandUnderTheirCo
                 EXPECT_LE(liq->fontMetrics().horizontalAdvance(celda->text()), liq->columnWidth(columna) - 10)
                     << celda->text().toStdString();
             }
+        const int valor = p.ui.Grd2->columnWidth(1);
+        EXPECT_GT(valor - 10, p.ui.Grd2->fontMetrics().horizontalAdvance(u"HLCUHAM260104417"_s));
         EXPECT_NEAR(bordeDe(p.ui.LbGastosDespacho), bordeDe(liq, 3), 3);
         EXPECT_NEAR(bordeDe(p.ui.LbGastosDespachoPeso), bordeDe(liq, 2), 3);
         EXPECT_NEAR(bordeDe(p.ui.LbGastosOperativosDol), bordeDe(p.ui.Grd, 2), 3);
