@@ -78,8 +78,8 @@ class CargaEnMarcha {
     void cargar(csv::Lector &lector, const QString &archivo) {
         tomarColumnas(lector, archivo);
         leerPresentes();
-        // The check of a row reads other stores; the first statement of this one is a write, which waits for
-        // whoever else writes.
+        // What is there was read ahead of it: a transaction that begins with a write waits for whoever else
+        // writes, one that begins with a read is refused.
         Transaccion transaccion(ctx_.conexion(entidad::catalogos));
         csv::Registro registro;
         while (lector.siguienteFila(registro, resultado_.avisos)) {
@@ -116,10 +116,9 @@ class CargaEnMarcha {
     }
 
     void leerPresentes() {
-        for (Articulo &a : ArticleStore::LeerTodos(ctx_, idcatalogo_)) {
-            idcatalogo_ = a.idcatalogo;  // one catalogue has one spelling
-            presentes_.insert(a.idarticulo.trimmed().toCaseFolded(), std::move(a));
-        }
+        const std::vector<Articulo> todos = ArticleStore::LeerTodos(ctx_, idcatalogo_);
+        for (const Articulo &a : todos) presentes_.insert(a.idarticulo.toCaseFolded(), a);
+        if (!todos.empty()) idcatalogo_ = todos.front().idcatalogo;  // one catalogue has one spelling
     }
 
     void rechazar(const csv::Registro &registro, QString defecto) {

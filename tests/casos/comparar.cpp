@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "frame/base/numbers.h"
-#include "tests/casos/caso.h"
 #include "frame/csv.h"
+#include "tests/casos/caso.h"
 
 using namespace Qt::StringLiterals;
 
