@@ -51,16 +51,23 @@ void ListaDeArticulos::Cargar(const CampoDeArticulos &campo, const QString &valo
     AppContext &ctx = Contexto();
     std::vector<QStringList> filas;
     Manejar(ctx, [&] { filas = BuscarArticulos(ctx, *consulta_, idcatalogo_, campo, valor); });
-    completa_ = campo.columna.isEmpty();
+    ponerFilas(std::move(filas), campo.columna.isEmpty());
+}
+
+void ListaDeArticulos::CargarTodo() {
+    AppContext &ctx = Contexto();
+    std::vector<QStringList> filas;
+    Manejar(ctx, [&] { filas = ArticulosDelCatalogo(ctx, *consulta_, idcatalogo_); });
+    ponerFilas(std::move(filas), true);
+}
+
+void ListaDeArticulos::ponerFilas(std::vector<QStringList> filas, bool completa) {
+    completa_ = completa;
     codigos_.clear();
     codigos_.reserve(filas.size());
     for (const QStringList &celdas : filas) codigos_.push_back(celdas.first());
     lista_.Cargar(std::move(filas));
     contar();
-}
-
-void ListaDeArticulos::CargarTodo() {
-    Cargar(CamposDeArticulos().front(), {});
 }
 
 void ListaDeArticulos::contar() {

@@ -42,6 +42,7 @@ class ListaDeArticulos {
     void Cargar(const CampoDeArticulos &campo, const QString &valor);
     void CargarTodo();
     const CampoDeArticulos &campo() const;
+    void ponerFilas(std::vector<QStringList> filas, bool completa);
     void contar();
     void estrechar();
 

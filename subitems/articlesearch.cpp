@@ -1,5 +1,7 @@
 #include "subitems/articlesearch.h"
 
+#include <QDateTime>
+#include <QStringBuilder>
 #include <algorithm>
 
 #include "frame/base/dates.h"
@@ -24,6 +26,17 @@ QString precio(const AppContext &ctx, const QVariant &valor) {
     return cifra(ctx, valor, u"00.00000");
 }
 
+/// The day of a moment as the stores give it: a catalogue holds tens of thousands, too many to be guessed.
+QString dia(const QVariant &valor) {
+    if (valor.userType() == QMetaType::QDateTime) return valor.toDateTime().date().toString(u"dd/MM/yyyy");
+    const QString momento = EsNull(valor);
+    const QStringView texto(momento);
+    if (texto.size() >= 10 && texto[4] == u'-' && texto[7] == u'-')
+        return texto.mid(8, 2) % u'/' % texto.mid(5, 2) % u'/' % texto.left(4);
+    const auto fecha = fechas::Leer(momento);
+    return fecha ? fecha->toString(u"dd/MM/yyyy") : QString();
+}
+
 QString celda(const AppContext &ctx, const QVariant &valor, Forma forma) {
     switch (forma) {
         case Forma::Texto:
@@ -32,12 +45,37 @@ QString celda(const AppContext &ctx, const QVariant &valor, Forma forma) {
             return precio(ctx, valor);
         case Forma::Total:
             return cifra(ctx, valor, u"00.00");
-        case Forma::Dia: {
-            const auto dia = fechas::Leer(EsNull(valor));
-            return dia ? dia->toString(u"dd/MM/yyyy"_s) : QString();
-        }
+        case Forma::Dia:
+            return dia(valor);
     }
     return EsNull(valor);
+}
+
+/// The rows of a statement as the list shows them, by the article's code.
+std::vector<QStringList> filasDe(AppContext &ctx, const ConsultaDeArticulos &consulta,
+                                 const QString &sentencia) {
+    const Reloj reloj(ctx.dialogos);
+    Recordset rs;
+    Consultar(ctx, catalogos, sentencia, rs);
+    // By place: a catalogue holds tens of thousands, and names are looked up one by one.
+    std::vector<int> lugares;
+    for (const auto &c : consulta.columnas)
+        for (int i = 0; i < rs.columnas(); ++i)
+            if (rs.nombreDeColumna(i).compare(c.columna, Qt::CaseInsensitive) == 0) lugares.push_back(i);
+    std::vector<QStringList> filas;
+    filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (; !rs.Eof(); rs.MoveNext()) {
+        QStringList celdas;
+        celdas.reserve(static_cast<qsizetype>(lugares.size()));
+        for (std::size_t i = 0; i < lugares.size(); ++i)
+            celdas << celda(ctx, rs.Fields(lugares[i]).Value, consulta.columnas[i].forma);
+        filas.push_back(std::move(celdas));
+    }
+    // The statements have no order, and people look codes up by theirs.
+    std::stable_sort(filas.begin(), filas.end(), [](const QStringList &a, const QStringList &b) {
+        return a.first().compare(b.first(), Qt::CaseInsensitive) < 0;
+    });
+    return filas;
 }
 
 }  // namespace
@@ -112,28 +150,12 @@ QString SentenciaDeArticulos(const ConsultaDeArticulos &consulta, const QString 
 std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticulos &consulta,
                                          const QString &idcatalogo, const CampoDeArticulos &campo,
                                          const QString &valor) {
-    const Reloj reloj(ctx.dialogos);
-    Recordset rs;
-    Consultar(ctx, catalogos, SentenciaDeArticulos(consulta, idcatalogo, campo, valor), rs);
-    // By place: a catalogue holds tens of thousands, and names are looked up one by one.
-    std::vector<int> lugares;
-    for (const auto &c : consulta.columnas)
-        for (int i = 0; i < rs.columnas(); ++i)
-            if (rs.nombreDeColumna(i).compare(c.columna, Qt::CaseInsensitive) == 0) lugares.push_back(i);
-    std::vector<QStringList> filas;
-    filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
-    for (; !rs.Eof(); rs.MoveNext()) {
-        QStringList celdas;
-        celdas.reserve(static_cast<qsizetype>(lugares.size()));
-        for (std::size_t i = 0; i < lugares.size(); ++i)
-            celdas << celda(ctx, rs.Fields(lugares[i]).Value, consulta.columnas[i].forma);
-        filas.push_back(std::move(celdas));
-    }
-    // The statements have no order, and people look codes up by theirs.
-    std::stable_sort(filas.begin(), filas.end(), [](const QStringList &a, const QStringList &b) {
-        return a.first().compare(b.first(), Qt::CaseInsensitive) < 0;
-    });
-    return filas;
+    return filasDe(ctx, consulta, SentenciaDeArticulos(consulta, idcatalogo, campo, valor));
+}
+
+std::vector<QStringList> ArticulosDelCatalogo(AppContext &ctx, const ConsultaDeArticulos &consulta,
+                                              const QString &idcatalogo) {
+    return filasDe(ctx, consulta, consulta.sentencia + DoblarComillas(idcatalogo) + u'\'');
 }
 
 QString CuantosArticulos(int enVista, int todos) {

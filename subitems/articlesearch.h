@@ -40,7 +40,7 @@ struct ConsultaDeArticulos {
         bool esNumero() const { return forma == Forma::Precio || forma == Forma::Total; }
     };
     QString sentencia;  ///< of a search, up to the catalogue's opening quote
-    QString todo;       ///< of the whole catalogue, likewise
+    QString todo;       ///< of the whole catalogue asked for again, likewise
     std::vector<Columna> columnas;
 
     QStringList titulos() const;
@@ -61,6 +61,11 @@ QString SentenciaDeArticulos(const ConsultaDeArticulos &consulta, const QString 
 std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticulos &consulta,
                                          const QString &idcatalogo, const CampoDeArticulos &campo,
                                          const QString &valor);
+
+/// The rows of the whole catalogue likewise, with only the columns that the list shows: what a screen opens
+/// with. Raises Falla.
+std::vector<QStringList> ArticulosDelCatalogo(AppContext &ctx, const ConsultaDeArticulos &consulta,
+                                              const QString &idcatalogo);
 
 /// "1 artículo", "12 artículos", or "3 de 12 artículos" while some are out of sight.
 QString CuantosArticulos(int enVista, int todos);

@@ -110,6 +110,13 @@ TEST_P(BusquedaDeArticulos, TheListWithDatesShowsWhoWroteAnArticleWhen) {
                   "\nb-2|Bomba de ñandú 50%|8413.70.10.200R|03.00000||\nC_1|||||");
 }
 
+TEST_P(BusquedaDeArticulos, AScreenOpensWithTheRowsOfTheWholeCatalogue) {
+    for (const ConsultaDeArticulos *consulta : {&ArticulosConTotal(), &ArticulosConFecha()})
+        for (const QString &catalogo : {u"CAT"_s, u"D'OR"_s, u"NADA"_s})
+            EXPECT_EQ(ArticulosDelCatalogo(*ctx, *consulta, catalogo),
+                      BuscarArticulos(*ctx, *consulta, catalogo, campoLlamado(u"MOSTRAR TODO"_s), {}));
+}
+
 TEST_P(BusquedaDeArticulos, AFieldIsSearchedAnywhereInItWhateverTheCase) {
     EXPECT_EQ(buscar(ArticulosConTotal(), u"ARTICULO"_s, u"-1"_s), "B-10|Bomba chica|8413.70.10.100L|21.00");
     EXPECT_EQ(buscar(ArticulosConTotal(), u"DESCRIPCIÓN"_s, u"ÑANDÚ"_s),
