@@ -10,11 +10,11 @@ namespace actualizacion {
 
 namespace {
 
-const QString posicion = u"posicion"_s;
-const QString aclaraciones = u"aclaraciones"_s;
-const QString aclaracion = u"aclaracion"_s;
-const QString descripcion = u"descripcion"_s;
-const QString fecha = u"fecha"_s;
+const QString columnaPosicion = u"posicion"_s;
+const QString columnaAclaraciones = u"aclaraciones"_s;
+const QString columnaAclaracion = u"aclaracion"_s;
+const QString columnaDescripcion = u"descripcion"_s;
+const QString columnaFecha = u"fecha"_s;
 
 const QString noSeCarga = u"; la fila no se carga"_s;
 
@@ -61,7 +61,7 @@ QSet<QString> filasPresentes(const Destino &destino, const QStringList &columnas
 /// Drops what is no note's number, so that the look-up finds a statement that it can send.
 QString aclaracionesDe(FilaPorCargar &fila, const QSet<QString> &conocidas) {
     QStringList numeros;
-    for (const QString &pieza : fila.campo(aclaraciones).split(u' ', Qt::SkipEmptyParts)) {
+    for (const QString &pieza : fila.campo(columnaAclaraciones).split(u' ', Qt::SkipEmptyParts)) {
         const QString numero = numeroDeAclaracion(pieza);
         if (numero.isEmpty()) {
             fila.avisar(
@@ -86,18 +86,19 @@ ControlDeFilas deLasPosiciones(const Destino &destino, const QHash<QString, qsiz
     auto v = std::make_shared<Vistas>();
     const QStringList columnas = columnasDe(destino, lugares);
     if (!reemplazar) v->filas = filasPresentes(destino, columnas);
-    v->conocidas = valoresDe(destino, "lnapiaclaraciones", aclaracion);
+    v->conocidas = valoresDe(destino, "lnapiaclaraciones", columnaAclaracion);
     v->nomenclador = valoresDe(destino, "ncm", u"001"_s);
     return [v, columnas](FilaPorCargar &fila) {
         static const QRegularExpression forma(u"^\\d{4}\\.\\d{2}\\.\\d{2}$"_s);
-        QString &suya = fila.campo(posicion);
+        QString &suya = fila.campo(columnaPosicion);
         suya = suya.trimmed();
         if (!forma.match(suya).hasMatch()) {
             fila.avisar(u"\"%1\" no es una posición de 10 caracteres, como 8413.70.10"_s.arg(suya) +
                         noSeCarga);
             return false;
         }
-        if (fila.tiene(aclaraciones)) fila.campo(aclaraciones) = aclaracionesDe(fila, v->conocidas);
+        if (fila.tiene(columnaAclaraciones))
+            fila.campo(columnaAclaraciones) = aclaracionesDe(fila, v->conocidas);
         QStringList partes;
         for (const QString &c : columnas) partes << fila.campo(c);
         const QString clave = claveDeFila(partes);
@@ -115,9 +116,9 @@ ControlDeFilas deLasPosiciones(const Destino &destino, const QHash<QString, qsiz
 
 ControlDeFilas deLasAclaraciones(const Destino &destino, const QHash<QString, qsizetype> &, bool reemplazar) {
     auto vistas = std::make_shared<QSet<QString>>();
-    if (!reemplazar) *vistas = valoresDe(destino, "lnapiaclaraciones", aclaracion);
+    if (!reemplazar) *vistas = valoresDe(destino, "lnapiaclaraciones", columnaAclaracion);
     return [vistas](FilaPorCargar &fila) {
-        QString &suyo = fila.campo(aclaracion);
+        QString &suyo = fila.campo(columnaAclaracion);
         const QString numero = numeroDeAclaracion(suyo.trimmed());
         if (numero.isEmpty()) {
             fila.avisar(u"\"%1\" no es el número de una aclaración"_s.arg(suyo) + noSeCarga);
@@ -127,7 +128,7 @@ ControlDeFilas deLasAclaraciones(const Destino &destino, const QHash<QString, qs
             fila.avisar(u"la aclaración %1 está repetida; queda la primera"_s.arg(numero));
             return false;
         }
-        if (fila.campo(descripcion).trimmed().isEmpty()) {
+        if (fila.campo(columnaDescripcion).trimmed().isEmpty()) {
             fila.avisar(u"la aclaración %1 no tiene descripción"_s.arg(numero) + noSeCarga);
             return false;
         }
@@ -142,9 +143,9 @@ ControlDeFilas deLaFecha(const Destino &destino, const QHash<QString, qsizetype>
     auto hay = std::make_shared<bool>(
         !reemplazar && !destino.almacen->lista(u"select 1 from %1 limit 1"_s.arg(destino.nombre)).isEmpty());
     return [hay, &destino](FilaPorCargar &fila) {
-        const QString &texto = fila.campo(fecha);
+        const QString &texto = fila.campo(columnaFecha);
         const std::optional<QVariant> valor =
-            valorDe(*destino.almacen, *destino.tabla->columna(fecha), texto);
+            valorDe(*destino.almacen, *destino.tabla->columna(columnaFecha), texto);
         if (!valor || valor->isNull()) {
             fila.avisar(u"\"%1\" no es una fecha, como 2026-01-05"_s.arg(texto) + noSeCarga);
             return false;
@@ -169,9 +170,9 @@ struct Fila {
 ControlDeFilas ControlDe(const Destino &destino, const QHash<QString, qsizetype> &lugares,
                          const QString &archivo, bool reemplazar) {
     const Fila controles[] = {
-        {"lnapiposicionesafectadas", {posicion}, deLasPosiciones},
-        {"lnapiaclaraciones", {aclaracion, descripcion}, deLasAclaraciones},
-        {"lnapifechadedatos", {fecha}, deLaFecha},
+        {"lnapiposicionesafectadas", {columnaPosicion}, deLasPosiciones},
+        {"lnapiaclaraciones", {columnaAclaracion, columnaDescripcion}, deLasAclaraciones},
+        {"lnapifechadedatos", {columnaFecha}, deLaFecha},
     };
     for (const Fila &f : controles) {
         if (destino.tabla->nombre != QLatin1String(f.tabla)) continue;
