@@ -49,9 +49,9 @@ void PosicionesLeidas::Adelantar(Recordset &items) {
 }
 
 void PosicionesLeidas::leerJuntas(Respuestas &leidas, const QString &entidad, const QStringList &sentencias) {
-    std::vector<Recordset> respuestas = ConsultarSeguidas(ctx_, entidad, sentencias);
+    const std::vector<Recordset> respuestas = ConsultarSeguidas(ctx_, entidad, sentencias);
     for (std::size_t n = 0; n < respuestas.size(); ++n)
-        leidas.insert(sentencias.at(static_cast<qsizetype>(n)), std::move(respuestas[n]));
+        leidas.insert(sentencias.at(static_cast<qsizetype>(n)), respuestas[n]);
 }
 
 const Recordset &PosicionesLeidas::leer(Respuestas &leidas, const QString &entidad,
@@ -60,7 +60,7 @@ const Recordset &PosicionesLeidas::leer(Respuestas &leidas, const QString &entid
     if (fila == leidas.end()) {
         Recordset rs;
         Consultar(ctx_, entidad, sentencia, rs);
-        fila = leidas.insert(sentencia, std::move(rs));
+        fila = leidas.insert(sentencia, rs);
     }
     return *fila;
 }

@@ -71,7 +71,7 @@ QString DefectoDeFiltro(const QString &nombreDado) {
 QString DefectoDeValorDeFiltro(const QStringList &argumentos) {
     const FiltroDeLineas &filtro = *FiltroDeNombre(argumentos.value(1));
     const QString dado = argumentos.value(2);
-    const QString defecto = defectoDeValor(filtro, dado, "el filtro");
+    QString defecto = defectoDeValor(filtro, dado, "el filtro");
     if (!defecto.isEmpty() || FiltroCon(filtro, dado).activo()) return defecto;
     return u"VALOR no sirve: \"%1\" queda vacío sin sus apóstrofos"_s.arg(dado);
 }

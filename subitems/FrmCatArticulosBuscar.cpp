@@ -65,7 +65,7 @@ void FrmCatArticulosBuscar::contar() {
 std::optional<ArticuloElegido> BuscarEnTodosLosCatalogos(BusquedaEnCatalogos por) {
     const auto valor = PreguntarBusqueda(Contexto(), por);
     if (!valor) return {};
-    const auto elegido = Pantalla<FrmCatArticulosBuscar>().Buscar(por, *valor);
+    auto elegido = Pantalla<FrmCatArticulosBuscar>().Buscar(por, *valor);
     CerrarPantalla<FrmCatArticulosBuscar>();
     return elegido;
 }

@@ -130,7 +130,7 @@ class CargaEnMarcha {
     /// Puts the row among the statements to be sent; answers what stands against it.
     QString tomarFila(const csv::Registro &registro) {
         Articulo a;
-        if (const QString defecto = leerCampos(registro, a); !defecto.isEmpty()) return defecto;
+        if (QString defecto = leerCampos(registro, a); !defecto.isEmpty()) return defecto;
         if (!a.idcatalogo.isEmpty() && a.idcatalogo.compare(idcatalogo_, Qt::CaseInsensitive) != 0)
             return u"el artículo %1 es del catálogo %2 y no del %3"_s.arg(a.idarticulo, a.idcatalogo,
                                                                           idcatalogo_);

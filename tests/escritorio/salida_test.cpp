@@ -51,8 +51,11 @@ TEST_P(Salida, EscapeOnTheMainMenuEndsTheProcessInOrder) {
 }
 
 TEST_P(Salida, ItEndsInOrderAfterEveryScreenOfTheMenuWasOpened) {
-    const std::pair<int, const char *> entradas[] = {
-        {0, "FrmInternoNew"}, {1, "FrmClientes"}, {2, "FrmConsultas"}, {3, "FrmConfig"}};
+    const std::pair<int, const char *> entradas[] = {{0, "FrmInternoNew"},
+                                                     {1, "FrmClientes"},
+                                                     {2, "FrmConsultas"},
+                                                     {3, "FrmCatArticulos"},
+                                                     {4, "FrmConfig"}};
     for (const auto &[abajo, ventana] : entradas) {
         programa->Pulsar(Qt::Key_Up, 6);
         programa->Pulsar(Qt::Key_Down, abajo);

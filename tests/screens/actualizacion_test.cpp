@@ -293,6 +293,7 @@ TEST_P(Actualizacion, TheMenusButtonIsReachedByTabAndPressedByEnter) {
     });
     tecla(Qt::Key_Return);
     EXPECT_TRUE(abierta);
+    esperarVentana(marco.ventana.get());
     EXPECT_TRUE(ui.comprobarActualizacion->hasFocus());
 }
 

@@ -195,7 +195,7 @@ TEST_P(LibroEnPantalla, EnterF6AndShiftEnterOpenTheRecordForAChange) {
         atajo(Qt::Key_G);
     });
     EXPECT_EQ(enMano(libro.ui.Lst, 0), u"ZARATE AUTOPARTES"_s) << "in hand at its new place";
-    EXPECT_EQ(libro.ui.Lst->currentRow(), 7);
+    EXPECT_EQ(libro.ui.Lst->currentRow(), 8);
     EXPECT_TRUE(registro.preguntas.empty());
 }
 
@@ -358,7 +358,7 @@ TEST_P(LibroEnPantalla, DeleteInTheListAsksAndTakesTheClient) {
     EXPECT_EQ(libro.ui.Lst->rowCount(), 9) << "No keeps it";
     registro.respuestas.push_back(true);
     tecla(Qt::Key_Delete);
-    EXPECT_EQ(libro.ui.Lst->rowCount(), 7);
+    EXPECT_EQ(libro.ui.Lst->rowCount(), 8);
     EXPECT_EQ(ventajas(u"30714560200"_s), QString());
 }
 

@@ -8,6 +8,7 @@
 #include "frame/ui/Pantalla.h"
 #include "header/FrmListado.h"
 #include "subitems/FrmCargaSufijos.h"
+#include "subitems/FrmCatArticulos.h"
 #include "tests/screens/subitems_pantalla.h"
 
 using namespace Qt::StringLiterals;
@@ -67,23 +68,26 @@ TEST_P(Embarque, AListOfCodesIsChosenFromByKeys) {
     EXPECT_EQ(QApplication::focusWidget(), ui.txtIdPaisProc);
 }
 
-TEST_P(Embarque, AnArticleIsChosenFromTheListOfItsCatalogueByKeys) {
+TEST_P(Embarque, AnArticleIsChosenFromItsCatalogueByKeys) {
     conDialogosDeVerdad();
     auto &pantalla = lineas();
     auto &ui = pantalla.ui;
-    const auto elegir = [&](const QString &comienzo) {
-        conVentanaModal([comienzo](QWidget *modal) {
-            esperarVentana(modal);
-            escribir(comienzo);
-            tecla(Qt::Key_Return);
-        });
-        tecla(Qt::Key_F6);
-        esperarVentana(pantalla.ventana.get());
-    };
-    elegir(u"hid"_s);
+    conPantallaModal<FrmCatArticulos>([](FrmCatArticulos &p) {
+        const auto enMano = [&p] { return p.ui.TvArticulos->currentIndex().data().toString(); };
+        const auto bajarHasta = [&](const QString &codigo) {
+            constexpr int pasos = 100;
+            for (int n = 0; n < pasos && enMano() != codigo; ++n) tecla(Qt::Key_Down);
+            ASSERT_EQ(enMano(), codigo);
+        };
+        tecla(Qt::Key_Home);
+        bajarHasta(u"HIDPLATA"_s);
+        tecla(Qt::Key_Plus);
+        bajarHasta(u"NP-1100"_s);
+        tecla(Qt::Key_Return);
+    });
+    tecla(Qt::Key_F6);
+    esperarVentana(pantalla.ventana.get());
     EXPECT_EQ(ui.TxtIdCatalogo->text(), u"HIDPLATA"_s);
-    tecla(Qt::Key_Return);
-    elegir(u"np-11"_s);
     EXPECT_EQ(ui.txtIdArticulo->text(), u"NP-1100"_s);
     EXPECT_EQ(ui.TxtPosicion->text(), bomba);
     EXPECT_EQ(valor("select factura8 from caratula where interno = 'OP 1'"), u"S"_s)
