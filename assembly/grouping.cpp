@@ -84,7 +84,7 @@ constexpr Relleno rellenosDeGrupos[] = {
 
 /// The groups of one line and that line: a summed quantity equals a line's only where there is one. The
 /// groups of several lines are left to the walk.
-QString comparacionesDeUnaLinea(const ContextoArmado &r, bool conCarne) {
+QString comparacionesDeUnaLinea(const ContextoArmado &r) {
     const auto descripcion = !r.condicionDescripcion() ? ""_L1
                              : r.esSQL() ? "groupsubitems.descripcion = Descripcion_Maria and "_L1
                                          : "groupsubitems.descripcion = subitems.Descripcion_Maria and "_L1;
@@ -103,14 +103,11 @@ QString comparacionesDeUnaLinea(const ContextoArmado &r, bool conCarne) {
            "groupsubitems.itfiller = subitems.itfiller and "
            "groupsubitems.codigoean = subitems.codigoean and "
            "groupsubitems.codprorrateo = subitems.codprorrateo and "
-           "groupsubitems.cancelaciones = subitems.cancelaciones%2)"_s.arg(
-               descripcion, conCarne ? " and groupsubitems.ONCCACategoria = subitems.ONCCACategoria and "
-                                       "groupsubitems.ONCCACortes = subitems.ONCCACortes"_L1
-                                     : ""_L1);
+           "groupsubitems.cancelaciones = subitems.cancelaciones)"_s.arg(descripcion);
 }
 
-void vincularDeUnaLinea(const ContextoArmado &r, bool conCarne) {
-    const QString comparaciones = comparacionesDeUnaLinea(r, conCarne);
+void vincularDeUnaLinea(const ContextoArmado &r) {
+    const QString comparaciones = comparacionesDeUnaLinea(r);
     if (r.esSQL()) {
         r.ejecutar(
             u"Update groupsubitems "
@@ -132,15 +129,14 @@ void vincularDeUnaLinea(const ContextoArmado &r, bool conCarne) {
 
 /// One comparison with a column of the group in hand.
 struct Clausula {
-    /// Descripcion: under its condition only; Carne: where the lines differ in it.
-    enum class Valor { Texto, Precio, Descripcion, Carne };
+    enum class Valor { Texto, Precio, Descripcion };  ///< Descripcion: under its condition only
     const char *antes;
     QStringView columna;
     const char *despues;
     Valor valor = Valor::Texto;
 };
 
-constexpr std::array<Clausula, 14> lineasDelGrupo{{
+constexpr std::array<Clausula, 12> lineasDelGrupo{{
     {" and ncm = '", u"ncm", "'"},
     {" and Descripcion_Maria = '", u"descripcion", "' ", Clausula::Valor::Descripcion},
     {" and idpais ='", u"idpais", "'"},
@@ -152,12 +148,10 @@ constexpr std::array<Clausula, 14> lineasDelGrupo{{
     {" and codigoean ='", u"codigoean", "'"},
     {" and tipoitem ='", u"tipoitem", "'"},
     {" and itfiller ='", u"itfiller", "'"},
-    {" and ONCCACategoria ='", u"ONCCACategoria", "'", Clausula::Valor::Carne},
-    {" and ONCCACortes ='", u"ONCCACortes", "'", Clausula::Valor::Carne},
     {" and biendeuso ='", u"biendeuso", "' order by id asc"},
 }};
 
-constexpr std::array<Clausula, 15> elGrupo{{
+constexpr std::array<Clausula, 13> elGrupo{{
     {"and ncm = '", u"ncm", "' "},
     {"and descripcion = '", u"descripcion", "' ", Clausula::Valor::Descripcion},
     {"and idpais ='", u"idpais", "' "},
@@ -171,17 +165,14 @@ constexpr std::array<Clausula, 15> elGrupo{{
     {"and codigoean = '", u"codigoean", "' "},
     {"and tipoitem = '", u"tipoitem", "' "},
     {"and itfiller = '", u"itfiller", "' "},
-    {"and ONCCACategoria = '", u"ONCCACategoria", "' ", Clausula::Valor::Carne},
-    {"and ONCCACortes = '", u"ONCCACortes", "' ", Clausula::Valor::Carne},
 }};
 
 template <std::size_t N>
 QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::array<Clausula, N> &clausulas,
-                 bool conCarne) {
+                 bool conDescripcion) {
     QString texto;
     for (const Clausula &c : clausulas) {
-        if (c.valor == Clausula::Valor::Descripcion && !r.condicionDescripcion()) continue;
-        if (c.valor == Clausula::Valor::Carne && !conCarne) continue;
+        if (c.valor == Clausula::Valor::Descripcion && !conDescripcion) continue;
         texto += QLatin1StringView(c.antes);
         if (c.valor == Clausula::Valor::Precio)
             texto += SqlNumber(r.ctx,
@@ -194,13 +185,14 @@ QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::arr
 }
 
 /// Finds the lines of one group: the first is its root, the others are remembered as folded into it.
-void vincularGrupo(ContextoArmado &r, const Recordset &grupo, bool conCarne) {
+void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
+    const bool conDescripcion = r.condicionDescripcion();
     Recordset lineas;
     const bool hay = r.consultar(
         u"select id,%1 as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller "
         "from subitems "
         "where interno = %2 %3"_s.arg(r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1,
-                                      r.clave(), comparar(r, grupo, lineasDelGrupo, conCarne)),
+                                      r.clave(), comparar(r, grupo, lineasDelGrupo, conDescripcion)),
         lineas);
     if (!hay) return;
 
@@ -224,19 +216,10 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo, bool conCarne) {
                                        : u", idarticulo = 'agrupado!' "_s;
     r.ejecutar(
         u"update groupsubitems set idsub = %1%2 "
-        "where interno = %3 %4"_s.arg(raiz, nombres, r.clave(), comparar(r, grupo, elGrupo, conCarne)));
+        "where interno = %3 %4"_s.arg(raiz, nombres, r.clave(), comparar(r, grupo, elGrupo, conDescripcion)));
 }
 
 }  // namespace
-
-bool DifierenEnCarne(const ContextoArmado &r, const QString &tabla) {
-    Recordset distintos;
-    r.consultar(
-        u"select distinct ONCCACategoria,ONCCACortes from %1 "
-        "where interno = %2"_s.arg(tabla, r.clave()),
-        distintos);
-    return distintos.RecordCount() > 1;
-}
 
 void RecordarPlegada(const ContextoArmado &r, const QString &raiz, const QString &plegada) {
     r.ejecutar(
@@ -257,14 +240,13 @@ void AgruparLineas(ContextoArmado &r) {
             u"update groupsubitems set %1 "
             "where %2 and interno = %3"_s.arg(QLatin1StringView(cambio), QLatin1StringView(prueba),
                                               r.clave()));
-    const bool conCarne = DifierenEnCarne(r, u"subitems"_s);
-    vincularDeUnaLinea(r, conCarne);
+    vincularDeUnaLinea(r);
     Recordset grupos;
     r.consultar(
         u"select * from groupsubitems "
         "where interno = %1 and (idsub is null)"_s.arg(r.clave()),
         grupos);
-    for (; !grupos.Eof(); grupos.MoveNext()) vincularGrupo(r, grupos, conCarne);
+    for (; !grupos.Eof(); grupos.MoveNext()) vincularGrupo(r, grupos);
 }
 
 void AplicarDatosComunesAGrupos(ContextoArmado &r) {

@@ -165,13 +165,9 @@ void enlazarGrupos(ContextoArmado &r) {
         "(groupsubitems.estadomerc = item.estadomerc or groupsubitems.estadomerc is null) and "
         "groupsubitems.biendeuso = item.Biendeuso and "
         "groupsubitems.cancelaciones = item.cancelaciones and "
-        "groupsubitems.tipoitem = item.tipoitem%2)"_s.arg(
+        "groupsubitems.tipoitem = item.tipoitem)"_s.arg(
             r.esDJAI()
                 ? "(groupsubitems.descripcion = item.descripcion or groupsubitems.descripcion is null) and "_L1
-                : ""_L1,
-            DifierenEnCarne(r, u"groupsubitems"_s)
-                ? " and groupsubitems.ONCCACategoria = item.ONCCACategoria and "
-                  "groupsubitems.ONCCACortes = item.ONCCACortes"_L1
                 : ""_L1);
     const QString forma = r.esSQL() ? u"Update groupsubitems "
                                       "Set groupsubitems.ID = ITEM.ID "

@@ -113,10 +113,6 @@ Fase RevalidarSufijos(ContextoArmado &r);
 
 /// Folds the lines into groups, and links each group with its lines.
 void AgruparLineas(ContextoArmado &r);
-/// Whether the operation's rows in `tabla` (its lines or its groups) have more than one pair of category and
-/// cut of meat. Where they have not, comparing them finds nothing that the other columns do not. Raises
-/// Falla.
-bool DifierenEnCarne(const ContextoArmado &r, const QString &tabla);
 /// Remembers that the line `plegada` was folded into the line `raiz`.
 void RecordarPlegada(const ContextoArmado &r, const QString &raiz, const QString &plegada);
 /// Tells the input-records service that `plegadas` were folded into the line `raiz`. Without the service

@@ -42,14 +42,6 @@ class CarneDeMuestra : public EnAmbosStores {
                        carnes))
             .toStdString();
     }
-    /// The lines that stand for a group, by the group's category and cut.
-    std::string raices() {
-        return filas(
-                   u"select g.onccacategoria,g.onccacortes,s.idarticulo,s.cantidad "
-                   "from groupsubitems as g inner join subitems as s on (g.idsub = s.id) "
-                   "where g.interno = '%1' order by g.onccacortes,g.onccacategoria"_s.arg(carnes))
-            .toStdString();
-    }
     /// Saves a datum of the header.
     void ponerCodigo(const char *control, const QString &codigo) {
         oncca::Datos datos = oncca::CargarDatos(*ctx, carnes);
@@ -107,7 +99,9 @@ TEST_P(CarneDeMuestra, TheHeadersCodesFillTheLinesThatHaveNoneAndReachTheItems) 
     }
 }
 
-TEST_P(CarneDeMuestra, GroupsOfOnePositionThatDifferInTheirCodesGoToTheirOwnItems) {
+// The codes split groups and items, and take no part in the links between them: goods of one position that
+// differ in their codes alone are told apart by their filler.
+TEST_P(CarneDeMuestra, GroupsOfOnePositionThatTheirFillerTellsApartGoToTheirOwnItems) {
     for (const int orden : {1, 2}) {
         SCOPED_TRACE(orden);
         armarCarne(orden);
@@ -120,55 +114,6 @@ TEST_P(CarneDeMuestra, GroupsOfOnePositionThatDifferInTheirCodesGoToTheirOwnItem
                   u"4"_s)
             << grupos();
         EXPECT_EQ(items(u"id"_s), "1\n2\n3\n4");
-    }
-}
-
-TEST_P(CarneDeMuestra, LinesThatDifferInTheirCodesAloneStandForGroupsOfTheirOwn) {
-    // Alike but for the cut: the same goods, price and quantity.
-    ejecutar(
-        u"delete from subitems where interno = 'EC-2026-0006' and idarticulo in ('TAPA-AG','HUACHAL')"_s);
-    ejecutar(
-        u"update subitems set idarticulo = 'A' + onccacategoria, cantidad = 1000, kgneto = 1000, "
-        "kgbruto = 1040, preciounitario = 4, fob = 4000 where interno = 'EC-2026-0006'"_s);
-    ejecutar(u"update caratula set fobdivisas = 12000 where interno = 'EC-2026-0006'"_s);
-    for (const int orden : {1, 2}) {
-        SCOPED_TRACE(orden);
-        armarCarne(orden);
-        // Two lines without a category make the group of 2,000 kilos; the first stands for it.
-        EXPECT_EQ(raices(), "NO|101|A|1000\nVA|101|AVA|1000");
-        EXPECT_EQ(items(u"onccacategoria,cantidad"_s), "NO|2000\nVA|1000");
-        EXPECT_EQ(valor(u"select count(*) as n from idrel where interno = 'EC-2026-0006'"_s), u"1"_s)
-            << "one line is folded into another";
-    }
-}
-
-TEST_P(CarneDeMuestra, TwoGroupsOfSeveralLinesThatDifferInTheirCodesAloneKeepTheirOwnLines) {
-    ejecutar(
-        u"delete from subitems where interno = 'EC-2026-0006' and idarticulo in ('TAPA-AG','HUACHAL')"_s);
-    ejecutar(
-        u"update subitems set cantidad = 1000, kgneto = 1000, "
-        "kgbruto = 1040, preciounitario = 4, fob = 4000 where interno = 'EC-2026-0006'"_s);
-    ejecutar(
-        u"insert into subitems (interno,idcatalogo,idarticulo,ncm,descripcion,idunidad,cantidad,"
-        "preciounitario,fob,estadistica,valorrelacionestadistica,deresp,valorderesp,idpais,idpaisproc,"
-        "estadomerc,sufijos,biendeuso,kgneto,kgbruto,tipoitem,onccacategoria,onccacortes) "
-        "select interno,idcatalogo,idarticulo,ncm,descripcion,idunidad,cantidad,"
-        "preciounitario,fob,estadistica,valorrelacionestadistica,deresp,valorderesp,idpais,idpaisproc,"
-        "estadomerc,sufijos,biendeuso,kgneto,kgbruto,tipoitem,onccacategoria,onccacortes "
-        "from subitems where interno = 'EC-2026-0006' and onccacategoria = 'VA'"_s);
-    ejecutar(u"update caratula set fobdivisas = 16000 where interno = 'EC-2026-0006'"_s);
-    for (const int orden : {1, 2}) {
-        SCOPED_TRACE(orden);
-        armarCarne(orden);
-        EXPECT_EQ(raices(), "NO|101|AGUJA|1000\nVA|101|AGUJA-V|1000");
-        // Each root has the other line of its own kind.
-        EXPECT_EQ(filas(u"select r.idarticulo,s.idarticulo from idrel as x "
-                        "inner join subitems as r on (x.idroot = r.id) "
-                        "inner join subitems as s on (x.idsub = s.id) "
-                        "where x.interno = 'EC-2026-0006' order by r.idarticulo"_s)
-                      .toStdString(),
-                  "AGUJA|AGUJA\nAGUJA-V|AGUJA-V");
-        EXPECT_EQ(items(u"onccacategoria,cantidad"_s), "NO|2000\nVA|2000");
     }
 }
 
