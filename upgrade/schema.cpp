@@ -81,6 +81,21 @@ const Fila filas[] = {
     {"itemref", "INTERNOS", "interno referencia valor", "interno"},
     {"interno", "INTERNOS", "interno maquina usuario @fecha", "interno"},
     {"version", "INTERNOS", "propiedad valor", ""},
+    // Temporary inputs: what entered and what is left of it, and what each operation took
+    {"stock", "INTERNOS",
+     "*id dit #item #subitem ncm idcatalogo idarticulo descripcion idunidad #cantidad #saldo #cif divisa "
+     "#preciounitario idpais sufijos #merma @fecha @vencimiento cuitcliente expctit interno #idlinea",
+     "cuitcliente,idcatalogo,idarticulo;dit;interno"},
+    {"stockmov", "INTERNOS",
+     "*id #idstock interno #idlinea #iditem #cantidad #factor #descontado #cif @fecha maquina @devuelta "
+     "maquinadevuelta",
+     "interno,idlinea;idstock"},
+    // The declarations that were handed over
+    {"transferidas", "INTERNOS", "interno @fecha maquina archivo suma", "interno"},
+    // Certificates of origin, and the lines that each one covers
+    {"certorigen", "INTERNOS", "*id interno numero @fecha idpais exportador @vencimiento observaciones",
+     "interno"},
+    {"certorigenlinea", "INTERNOS", "#idcertorigen interno #idlinea", "interno,idlinea;idcertorigen"},
     // Small reference tables kept with the operations
     {"divisas", "INTERNOS", "id descripcion #imp", "id"},
     {"conpresu", "INTERNOS", "concepto", "concepto"},

@@ -20,11 +20,16 @@ namespace {
 const QString origen = u"ORIGINAL"_s;
 const QString destino = u"LA COPIA"_s;
 
-/// Every table that knows operations; the lock row says where one is open, which a copy is not.
+/// What a copy does not carry: where the original is open, what it put into the stock or took from it, its
+/// certificates, and that it was handed over.
+const QStringList queQuedan{u"interno"_s,      u"stock"_s,      u"stockmov"_s,
+                            u"transferidas"_s, u"certorigen"_s, u"certorigenlinea"_s};
+
+/// Every table that a copy carries.
 std::vector<const esquema::Tabla *> tablasDeOperacion() {
     std::vector<const esquema::Tabla *> lista;
     for (const esquema::Tabla &t : esquema::tablas())
-        if (t.columna(u"interno") && t.nombre != "interno"_L1) lista.push_back(&t);
+        if (t.columna(u"interno") && !queQuedan.contains(t.nombre)) lista.push_back(&t);
     return lista;
 }
 

@@ -43,7 +43,7 @@ EN_AMBOS_STORES(ListadosDeLineas);
 
 TEST_P(ListadosDeLineas, F12OffersThemAndShowsTheOnePickedWithTheLineInHandUntouched) {
     auto &pantalla = lineas(importacion);
-    EXPECT_TRUE(pantalla.ui.lbTeclas->text().contains(u"F12  listados"_s));
+    EXPECT_TRUE(pantalla.ui.lbTeclas->text().contains(u"F12  listas"_s));
     irA(pantalla.ui.TxtDescArticulos);
     escribir(u"Sin guardar"_s);
     registro.indices = {2};

@@ -19,7 +19,8 @@ const Hogar hogares[] = {
     {"INTERNOS",
      "caratula subitems groupsubitems item itemliq itemventaja iteminfo liqcero sysflag idrel descargas "
      "facturas "
-     "prorrateo itempresu itemref interno version divisas conpresu referencias conceptos unidrel tax tipoemb "
+     "prorrateo itempresu itemref interno version stock stockmov transferidas certorigen certorigenlinea "
+     "divisas conpresu referencias conceptos unidrel tax tipoemb "
      "codemb "
      "via puertos estadomercaderia unidades"},
     {"SYSTABLAS",
