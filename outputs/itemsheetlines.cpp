@@ -33,7 +33,7 @@ void CorridaDeHoja::linea(const QString &texto, bool conElSiguiente) {
 }
 
 void CorridaDeHoja::mandarLineas() {
-    ctx.conexion(entidad::personal).EjecutarSeguidas(std::exchange(porMandar, {}));
+    ctx.conexion(entidad::personal).MandarSeguidas(std::exchange(porMandar, {}));
 }
 
 void CorridaDeHoja::enHojaNueva(const QString &texto) {

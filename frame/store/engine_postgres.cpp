@@ -1,3 +1,5 @@
+#include <libpq-fe.h>
+
 #include <QDateTime>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -135,19 +137,26 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     if (!consulta.exec(sql)) throw error(consulta.lastError());
     return leerRespuesta(consulta, filas);
 }
-qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> *filas,
-                         std::optional<Falla> &falla) {
+
+/// Several statements as one text; `hechas` counts those that may be sent. Raises Falla for one that may not.
+QString enUnTexto(const QStringList &sentencias, qsizetype &hechas) {
+    for (const QString &sentencia : sentencias) {
+        comprobarQueEsUnaEntera(sentencia);
+        ++hechas;
+    }
+    hechas = 0;
+    return sentencias.join(u"\n;\n"_s);
+}
+
+qsizetype consultarSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> &filas,
+                            std::optional<Falla> &falla) {
     qsizetype hechas = 0;
     try {
-        for (const QString &sentencia : sentencias) {
-            comprobarQueEsUnaEntera(sentencia);
-            ++hechas;
-        }
-        hechas = 0;
+        const QString texto = enUnTexto(sentencias, hechas);
         QSqlQuery consulta(db);
         // The server answers each by itself; the first that it refuses ends the answers.
-        for (bool sigue = consulta.exec(sentencias.join(u"\n;\n"_s)); sigue; sigue = consulta.nextResult()) {
-            if (filas != nullptr) leerRespuesta(consulta, &filas->emplace_back());
+        for (bool sigue = consulta.exec(texto); sigue; sigue = consulta.nextResult()) {
+            leerRespuesta(consulta, &filas.emplace_back());
             ++hechas;
         }
         if (consulta.lastError().isValid()) throw error(consulta.lastError());
@@ -155,6 +164,51 @@ qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, 
         falla = e;
     }
     return hechas;
+}
+
+/// The client library's own connection: Qt's driver waits for every answer.
+PGconn *mango(const QSqlDatabase &db) {
+    const QVariant v = db.driver()->handle();
+    // Called by the name of the structure, or by that of its alias, as Qt is built.
+    const QLatin1StringView tipo(v.typeName());
+    return tipo == "pg_conn*"_L1 || tipo == "PGconn*"_L1 ? *static_cast<PGconn *const *>(v.constData())
+                                                         : nullptr;
+}
+
+Falla errorDe(const char *mensaje, const char *codigo) {
+    return {QByteArray(codigo).toInt(), {}, QString::fromUtf8(mensaje).trimmed(), {}};
+}
+
+/// Reads all answers that are on their way; the first failure is told.
+qsizetype recoger(PGconn *conexion, std::optional<Falla> &falla) {
+    qsizetype hechas = 0;
+    while (PGresult *respuesta = PQgetResult(conexion)) {
+        const ExecStatusType estado = PQresultStatus(respuesta);
+        if (estado == PGRES_COMMAND_OK || estado == PGRES_TUPLES_OK)
+            ++hechas;
+        else if (estado != PGRES_EMPTY_QUERY && !falla)
+            falla = errorDe(PQresultErrorMessage(respuesta), PQresultErrorField(respuesta, PG_DIAG_SQLSTATE));
+        PQclear(respuesta);
+    }
+    return hechas;
+}
+
+Llegada mandarSeguidas(const QSqlDatabase &db, const QStringList &sentencias) {
+    PGconn *conexion = mango(db);
+    qsizetype hechas = 0;
+    Falla defecto;
+    try {
+        const QByteArray texto = enUnTexto(sentencias, hechas).toUtf8();
+        if (conexion != nullptr && PQsendQuery(conexion, texto.constData()) == 1)
+            return [conexion](std::optional<Falla> &falla) { return recoger(conexion, falla); };
+        defecto = errorDe(PQerrorMessage(conexion), "");
+    } catch (const Falla &e) {
+        defecto = e;
+    }
+    return [hechas, defecto](std::optional<Falla> &falla) {
+        falla = defecto;
+        return hechas;
+    };
 }
 
 QSet<QString> tablasOrdenadas(const QSqlDatabase &db) {
@@ -277,7 +331,8 @@ const Motor &servidor() {
         .vive = vive,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
-        .correrSeguidas = correrSeguidas,
+        .consultarSeguidas = consultarSeguidas,
+        .mandarSeguidas = mandarSeguidas,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
         .hacerTablaPropia = hacerTablaPropia,

@@ -182,16 +182,30 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
-qsizetype correrSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> *filas,
-                         std::optional<Falla> &falla) {
+qsizetype consultarSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> &filas,
+                            std::optional<Falla> &falla) {
     qsizetype hechas = 0;
     try {
-        for (; hechas < sentencias.size(); ++hechas)
-            correr(db, sentencias.at(hechas), filas == nullptr ? nullptr : &filas->emplace_back());
+        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), &filas.emplace_back());
     } catch (const Falla &e) {
         falla = e;
     }
     return hechas;
+}
+
+/// There is no journey: they have run when this answers.
+Llegada mandarSeguidas(const QSqlDatabase &db, const QStringList &sentencias) {
+    qsizetype hechas = 0;
+    std::optional<Falla> defecto;
+    try {
+        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), nullptr);
+    } catch (const Falla &e) {
+        defecto = e;
+    }
+    return [hechas, defecto](std::optional<Falla> &falla) {
+        falla = defecto;
+        return hechas;
+    };
 }
 
 void escrituraLigera(const QSqlDatabase &db, bool activa) {
@@ -303,7 +317,8 @@ const Motor &archivo() {
         .vive = vive,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
-        .correrSeguidas = correrSeguidas,
+        .consultarSeguidas = consultarSeguidas,
+        .mandarSeguidas = mandarSeguidas,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
         .hacerTablaPropia = hacerTablaPropia,

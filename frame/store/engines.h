@@ -63,6 +63,10 @@ struct Filas {
 /// Runs one text for a connection, with its trace and its failures: see Motor::correr.
 using Correr = std::function<qint64(const QString &sql, Filas *filas)>;
 
+/// Waits for the end of what was sent: how many stood ahead of the first that failed, which is in `falla`
+/// then.
+using Llegada = std::function<qsizetype(std::optional<Falla> &falla)>;
+
 /// One engine. What fails raises Falla with the engine's words.
 struct Motor {
     QString driver;    ///< the profile's word for it
@@ -90,11 +94,14 @@ struct Motor {
     /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
     /// business: `*` does not show it.
     qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
-    /// Runs statements one after the other up to the first that fails, and answers how many stood ahead of
-    /// it: the failure is in `falla` then. `filas`, when it is given, takes the rows of each. A server takes
-    /// them in one journey, and keeps all of them or none.
-    qsizetype (*correrSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
-                                std::vector<Filas> *filas, std::optional<Falla> &falla);
+    /// Runs selects one after the other up to the first that fails, and answers how many stood ahead of it:
+    /// the failure is in `falla` then. `filas` takes the rows of each. A server takes them in one journey.
+    qsizetype (*consultarSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
+                                   std::vector<Filas> &filas, std::optional<Falla> &falla);
+    /// Begins to run commands that nothing is asked of, and answers what waits for their end, which has to be
+    /// asked ahead of anything else on `db`. A server takes them in one journey, and keeps all of them or
+    /// none. Raises nothing.
+    Llegada (*mandarSeguidas)(const QSqlDatabase &db, const QStringList &sentencias);
     /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a
     /// select with Gramatica::identidad answered; renews `identidad` where the row moved. Answers the rows
     /// touched: 0 when the row is gone.

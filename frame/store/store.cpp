@@ -48,12 +48,22 @@ struct Conexion::Interno {
     int ligeras = 0;  ///< how many runs asked for light writing
     dialecto::Ajustes ajustes;
 
+    /// What was sent without waiting for its end.
+    struct Envio {
+        QStringList sentencias, traducidas;
+        QElapsedTimer reloj;
+        motores::Llegada llegada;  ///< none: nothing is on its way
+    };
+    Envio enCamino;
+
     void soltar() {
         db = QSqlDatabase();
         QSqlDatabase::removeDatabase(nombre);
     }
 
+    /// Whatever goes to the store passes here.
     void abrir() {
+        recoger();
         if (abierta) return;
         try {
             db = motor.abrir(*datos, nombre);
@@ -87,34 +97,72 @@ struct Conexion::Interno {
         return cuantas;
     }
 
-    void correrSeguidas(const QStringList &sentencias, std::vector<motores::Filas> *filas) {
-        if (sentencias.isEmpty()) return;
-        abrir();
+    QStringList traducirSeguidas(const QStringList &sentencias) const {
         QStringList traducidas;
         traducidas.reserve(sentencias.size());
         for (const QString &sentencia : sentencias) {
             traducidas << dialecto::traducir(sentencia, ajustes);
             comprobarSinNulos(sentencia);
         }
+        return traducidas;
+    }
+
+    [[noreturn]] void fallar(Falla falla, const QString &sentencia) {
+        falla.fuente = datos->entidad;
+        falla.sentencia = sentencia;
+        if (!motor.vive(db)) cerrar();
+        throw Falla(std::move(falla));
+    }
+
+    std::vector<motores::Filas> consultarSeguidas(const QStringList &sentencias) {
+        std::vector<motores::Filas> filas;
+        if (sentencias.isEmpty()) return filas;
+        abrir();
+        const QStringList traducidas = traducirSeguidas(sentencias);
         QElapsedTimer reloj;
         reloj.start();
         std::optional<Falla> falla;
-        const qsizetype hechas = motor.correrSeguidas(db, traducidas, filas, falla);
-        if (falla) {
-            falla->fuente = datos->entidad;
-            falla->sentencia = sentencias.value(hechas);
-            if (!motor.vive(db)) cerrar();
-            throw Falla(*falla);
-        }
+        const qsizetype hechas = motor.consultarSeguidas(db, traducidas, filas, falla);
+        if (falla) fallar(*falla, sentencias.value(hechas));
         const auto &hilo = traza();
         const qint64 cadaUna = reloj.nsecsElapsed() / 1000 / sentencias.size();
         for (qsizetype n = 0; hilo && n < hechas; ++n)
             hilo({datos->entidad, sentencias.at(n), traducidas.at(n), cadaUna,
-                  filas == nullptr ? 1 : filas->at(static_cast<std::size_t>(n)).cuantas()});
+                  filas.at(static_cast<std::size_t>(n)).cuantas()});
+        return filas;
+    }
+
+    void mandarSeguidas(const QStringList &sentencias) {
+        if (sentencias.isEmpty()) return;
+        abrir();
+        enCamino = {sentencias, traducirSeguidas(sentencias), {}, {}};
+        enCamino.reloj.start();
+        enCamino.llegada = motor.mandarSeguidas(db, enCamino.traducidas);
+    }
+
+    /// Waits for what was sent without waiting. Raises the first failure among it.
+    void recoger() {
+        if (!enCamino.llegada) return;
+        const Envio envio = std::exchange(enCamino, {});
+        std::optional<Falla> falla;
+        const qsizetype hechas = envio.llegada(falla);
+        if (falla) fallar(*falla, envio.sentencias.value(hechas));
+        const auto &hilo = traza();
+        const qint64 cadaUna = envio.reloj.nsecsElapsed() / 1000 / envio.sentencias.size();
+        for (qsizetype n = 0; hilo && n < hechas; ++n)
+            hilo({datos->entidad, envio.sentencias.at(n), envio.traducidas.at(n), cadaUna, 1});
+    }
+
+    /// The same for who gives up what was sent: nothing is told.
+    void abandonar() {
+        if (!enCamino.llegada) return;
+        std::optional<Falla> falla;
+        std::exchange(enCamino, {}).llegada(falla);
     }
 
     void cerrar() {
         if (!abierta) return;
+        abandonar();
         if (ligeras > 0) {
             try {
                 motor.escrituraLigera(db, false);
@@ -168,12 +216,16 @@ qint64 Conexion::Ejecutar() {
 }
 
 void Conexion::EjecutarSeguidas(const QStringList &sentencias) {
-    i_->correrSeguidas(sentencias, nullptr);
+    i_->mandarSeguidas(sentencias);
+    i_->recoger();
+}
+
+void Conexion::MandarSeguidas(const QStringList &sentencias) {
+    i_->mandarSeguidas(sentencias);
 }
 
 std::vector<Recordset> Conexion::ConsultarSeguidas(const QStringList &sentencias) {
-    std::vector<motores::Filas> filas;
-    i_->correrSeguidas(sentencias, &filas);
+    std::vector<motores::Filas> filas = i_->consultarSeguidas(sentencias);
     std::vector<Recordset> respuestas(filas.size());
     for (std::size_t n = 0; n < filas.size(); ++n) respuestas[n].tomar(std::move(filas[n]));
     return respuestas;
@@ -231,6 +283,7 @@ void EscrituraLigera::Terminar() {
 void Conexion::tablaPropia(const QString &tabla, bool activa) {
     // A connection that was closed has none any more.
     if (!activa && !i_->abierta) return;
+    if (!activa) i_->abandonar();
     try {
         i_->abrir();
         (activa ? i_->motor.hacerTablaPropia : i_->motor.quitarTablaPropia)(i_->db, tabla);

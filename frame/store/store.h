@@ -114,6 +114,10 @@ class Conexion {
     /// scratch table. What ran ahead of one that fails may be kept or not. Raises Falla.
     void EjecutarSeguidas(const QStringList &sentencias);
 
+    /// The same without waiting for their end: this object's next statement waits, and raises what failed,
+    /// with its text. What failed is not told at all when none follows, as when a run is given up.
+    void MandarSeguidas(const QStringList &sentencias);
+
     /// Runs selects, one after the other, in one journey to a server; the rows of each, in their order.
     /// Raises Falla for the first that fails.
     std::vector<Recordset> ConsultarSeguidas(const QStringList &sentencias);

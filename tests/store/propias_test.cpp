@@ -143,4 +143,45 @@ TEST_P(TablasPropias, TheOneThatFailsIsToldWithItsTextAndTheConnectionGoesOn) {
     EXPECT_EQ(lineas(), "D");
 }
 
+TEST_P(TablasPropias, CommandsSentWithoutWaitingHaveRunWhenTheNextStatementRuns) {
+    const TablaPropia propia(personal(), u"tabla"_s);
+    QStringList esperadas;
+    const Traza traza;
+    for (int vez = 0; vez < 3; ++vez) {
+        const QStringList sentencias{alta("A; B"), alta("Ñ")};
+        personal().MandarSeguidas(sentencias);
+        for (const QString &sentencia : sentencias) esperadas << "PERSONAL|"_L1 + sentencia;
+    }
+    personal().MandarSeguidas({});
+    EXPECT_EQ(lineas(), "A; B\nÑ\nA; B\nÑ\nA; B\nÑ");
+    EXPECT_EQ(traza.sentencias().mid(0, esperadas.size()), esperadas)
+        << "in their order, ahead of the select";
+}
+
+TEST_P(TablasPropias, WhatFailedAmongThemIsToldByTheNextStatementAndTheConnectionGoesOn) {
+    const TablaPropia propia(personal(), u"tabla"_s);
+    for (const QString &mala :
+         {u"insert into tabla (columna) values ('x')"_s, u"insert into tabla (linea) values ('x"_s}) {
+        personal().MandarSeguidas({alta("A"), mala, alta("C")});
+        try {
+            lineas();
+            ADD_FAILURE() << "nothing was told";
+        } catch (const Falla &e) {
+            EXPECT_EQ(e.sentencia, mala);
+            EXPECT_EQ(e.fuente, u"PERSONAL"_s);
+            EXPECT_FALSE(e.descripcion.isEmpty());
+        }
+        EXPECT_FALSE(QString::fromStdString(lineas()).contains(u'C')) << "what stands behind it does not run";
+    }
+}
+
+TEST_P(TablasPropias, WhatARunThatIsGivenUpHadSentIsNotMissed) {
+    for (const bool cerrada : {false, true}) {
+        const TablaPropia propia(personal(), u"tabla"_s);
+        personal().MandarSeguidas({alta("A"), u"insert into tabla (columna) values ('x')"_s});
+        if (cerrada) personal().cerrar();
+    }
+    EXPECT_EQ(lineas(), "guardada") << "the table of its own is gone";
+}
+
 }  // namespace
