@@ -119,7 +119,7 @@ QString Almacen::tipoDe(Tipo tipo) const {
         case Tipo::TextoNumerico:
             break;
     }
-    return servidor_ ? tipoTexto_ + cotejo_ : u"TEXT COLLATE ZCI"_s;
+    return servidor_ ? tipoTexto_ + cotejo_ : u"TEXT COLLATE NOCASE"_s;
 }
 
 QStringList Almacen::tablas(const QString &esquema) const {
@@ -130,6 +130,13 @@ QStringList Almacen::tablas(const QString &esquema) const {
         "join pg_catalog.pg_namespace n on n.oid = c.relnamespace "
         "where c.relkind in ('r', 'p', 'v', 'f') "
         "and n.nspname = '%1'"_s.arg(esquema));
+}
+
+QString Almacen::palabrasDe(const QString &tabla) const {
+    if (servidor_) return {};
+    return lista(
+               u"select sql from main.sqlite_master where type = 'table' and lower(name) = '%1'"_s.arg(tabla))
+        .value(0);
 }
 
 QStringList Almacen::indices(const QString &esquema) const {

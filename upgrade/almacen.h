@@ -58,6 +58,8 @@ class Almacen {
     QStringList tablas(const QString &esquema) const;
     QHash<QString, ColumnaDelStore> columnas(const QString &esquema, const QString &tabla) const;
     QStringList indices(const QString &esquema) const;
+    /// The words that made a table of a file; empty on a server.
+    QString palabrasDe(const QString &tabla) const;
 
     /// Makes ready for tables with texts: the text type on a server, and a check that it knows upper from
     /// lower case.

@@ -36,10 +36,38 @@ void crear(const Almacen &a, const QString &esquemaDe, const Tabla &t, const QSt
                                                holgada ? u" with (fillfactor = 50)"_s : QString()));
 }
 
-/// SQLite cannot add an identity to a table that is there: the rows go, in their order, through a new one.
-/// Columns that are not ours go along.
-void rehacerConIdentidad(const Almacen &a, const Tabla &t, const QHash<QString, ColumnaDelStore> &hay) {
+/// What the columns of older files ask for, and no other tool has.
+const QString cotejoDeAntes = u"COLLATE ZCI"_s;
+const QString cotejoDeTodos = u"COLLATE NOCASE"_s;
+
+/// What hangs from a table of a file and goes with it: the words of its indexes and triggers.
+QStringList loQueCuelga(const Almacen &a, const Tabla &t) {
+    return a.lista(
+        u"select sql from main.sqlite_master "
+        "where lower(tbl_name) = '%1' and type in ('index', 'trigger') and sql is not null "
+        "order by rowid"_s.arg(t.nombre));
+}
+
+/// What a file knows of what the indexes of a table tell apart, as the statements that note it.
+QStringList susProporciones(const Almacen &a, const Tabla &t) {
+    if (a.palabrasDe(u"sqlite_stat1"_s).isEmpty()) return {};
+    return a.lista(
+        u"select 'insert into main.sqlite_stat1 (tbl, idx, stat) "
+        "values (' || quote(tbl) || ', ' || quote(idx) || ', ' || quote(stat) || ')' "
+        "from main.sqlite_stat1 where lower(tbl) = '%1'"_s.arg(t.nombre));
+}
+
+/// SQLite changes no column that is there: the rows go, in their order and with their numbers, through a new
+/// table. Columns, indexes and triggers that are not ours go along.
+void rehacer(const Almacen &a, const Tabla &t, const QHash<QString, ColumnaDelStore> &hay) {
     const QString provisoria = u"z_nueva_"_s + t.nombre;
+    const QStringList cuelga = loQueCuelga(a, t);
+    const QStringList proporciones = susProporciones(a, t);
+    // Where numbering goes on; the last line may have been taken away.
+    const bool seNumera = !a.palabrasDe(u"sqlite_sequence"_s).isEmpty();
+    const QString deLaNumeracion =
+        u"select seq from main.sqlite_sequence where lower(name) = '%1'"_s.arg(t.nombre);
+    const QString numero = seNumera ? a.lista(deLaNumeracion).value(0) : QString();
     crear(a, QString(), t, provisoria);
     QStringList comunes;
     for (auto c = hay.cbegin(); c != hay.cend(); ++c) {
@@ -48,14 +76,29 @@ void rehacerConIdentidad(const Almacen &a, const Tabla &t, const QHash<QString, 
                 Almacen::comillas(provisoria), Almacen::comillas(c.key()), c.value().tipo));
         comunes << Almacen::comillas(c.key());
     }
-    const QString lista = comunes.join(", "_L1);
+    const bool generada = std::any_of(t.columnas.begin(), t.columnas.end(), [&](const Columna &c) {
+        return c.tipo == Tipo::Generado && hay.contains(c.nombre);
+    });
+    // The row's own number tells the order of insertion; where the identity is it, it goes as that.
+    const QString fila = generada ? QString() : u"rowid, "_s;
+    const QString lista = fila + comunes.join(", "_L1);
     a.ejecutar(
         u"insert into main.%1 (%2) "
         "select %2 from main.%3 order by rowid"_s.arg(Almacen::comillas(provisoria), lista,
                                                       Almacen::comillas(t.nombre)));
     a.ejecutar(u"drop table main.%1"_s.arg(Almacen::comillas(t.nombre)));
+    // Views of an office may name the table, which is gone for a moment.
+    a.ejecutar(u"pragma legacy_alter_table=on"_s);
     a.ejecutar(u"alter table main.%1 rename to %2"_s.arg(Almacen::comillas(provisoria),
                                                          Almacen::comillas(t.nombre)));
+    a.ejecutar(u"pragma legacy_alter_table=off"_s);
+    if (!numero.isEmpty()) {
+        a.ejecutar(u"delete from main.sqlite_sequence where lower(name) = '%1'"_s.arg(t.nombre));
+        a.ejecutar(u"insert into main.sqlite_sequence (name, seq) values ('%1', %2)"_s.arg(t.nombre, numero));
+    }
+    for (QString palabras : cuelga)
+        a.ejecutar(palabras.replace(cotejoDeAntes, cotejoDeTodos, Qt::CaseInsensitive));
+    for (const QString &proporcion : proporciones) a.ejecutar(proporcion);
 }
 
 /// The server's way: the column is made whole numbers, and numbering goes on behind the highest.
@@ -112,7 +155,7 @@ void completarTabla(const Almacen &a, const QString &esquemaDe, const Tabla &t, 
     for (const Columna &c : t.columnas) {
         if (c.tipo != Tipo::Generado || (hay.contains(c.nombre) && hay.value(c.nombre).generada)) continue;
         if (!a.servidor()) {
-            rehacerConIdentidad(a, t, hay);
+            rehacer(a, t, hay);
             hay = a.columnas(esquemaDe, t.nombre);
         } else if (hay.contains(c.nombre)) {
             ponerIdentidad(a, tabla, c.nombre, hay.value(c.nombre).tipo);
@@ -121,6 +164,11 @@ void completarTabla(const Almacen &a, const QString &esquemaDe, const Tabla &t, 
         }
         hay.insert(c.nombre, {u"int8"_s, true});
         cambios << u"%1: la columna %2 de %3 se numera sola"_s.arg(t.entidad, c.nombre, t.nombre);
+    }
+    if (a.palabrasDe(t.nombre).contains(cotejoDeAntes, Qt::CaseInsensitive)) {
+        rehacer(a, t, hay);
+        cambios << u"%1: otros programas ya pueden leer %2"_s.arg(t.entidad, t.nombre);
+        hay = a.columnas(esquemaDe, t.nombre);
     }
     for (const Columna &c : t.columnas) {
         if (!hay.contains(c.nombre)) {

@@ -120,7 +120,7 @@ void cambiarFunciones(Tokens &t) {
         t.cambiar(i, QLatin1String(f->enArchivo));
         if (!f->texto) continue;
         t.antes(i, u"("_s);
-        t.detras(t.par(t.significativo(i + 1)), u" COLLATE ZCI)"_s);
+        t.detras(t.par(t.significativo(i + 1)), u" COLLATE NOCASE)"_s);
     }
 }
 

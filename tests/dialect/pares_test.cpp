@@ -44,18 +44,18 @@ INSTANTIATE_TEST_SUITE_P(Dates, Pares, ::testing::ValuesIn(fechas), nombreDelPar
 
 const Par funciones[] = {
     {"LeftIsAFunctionOnTheFileStore", "delete from item where left(itfiller,9) = 'X'",
-     "delete from item where (zleft(itfiller,9) COLLATE ZCI) = 'X'", nullptr},
+     "delete from item where (zleft(itfiller,9) COLLATE NOCASE) = 'X'", nullptr},
     {"ABlankBeforeTheArguments", "delete from t where substring (a.ncm,12,3) = b",
-     "delete from t where (zsubstring (a.ncm,12,3) COLLATE ZCI) = b", nullptr},
+     "delete from t where (zsubstring (a.ncm,12,3) COLLATE NOCASE) = b", nullptr},
     {"RightInUpperCase", "delete from t where RIGHT(a,1)<>'-'",
-     "delete from t where (zright(a,1) COLLATE ZCI)<>'-'", nullptr},
+     "delete from t where (zright(a,1) COLLATE NOCASE)<>'-'", nullptr},
     {"LeftJoinIsNoFunction", "delete from t where a in (select a from u left join v on u.a = v.a)", nullptr,
      nullptr},
     {"AColumnCalledLenIsNoFunction", "update t set len = 5", nullptr, nullptr},
     {"LengthAndSearch", "delete from t where len(ncm)<>15 and charindex('()',sufijos)>0",
      "delete from t where zlen(ncm)<>15 and zcharindex('()',sufijos)>0", nullptr},
     {"FunctionsWithinFunctions", "update t set a = left(right(b,4),2)",
-     "update t set a = (zleft((zright(b,4) COLLATE ZCI),2) COLLATE ZCI)", nullptr},
+     "update t set a = (zleft((zright(b,4) COLLATE NOCASE),2) COLLATE NOCASE)", nullptr},
     {"FunctionsOfOneNameOnBothStay", "update t set a = ROUND(fob,2) where ISNUMERIC(b)=0", nullptr, nullptr},
     {"AFunctionNameInsideATextStays", "update t set a = 'left(b,2)'", nullptr, nullptr},
 };
@@ -80,7 +80,7 @@ const Par concatenaciones[] = {
     {"AChainWithinASum", "update t set a = 1 + len(b + 'x') + 2", "update t set a = 1 + zlen(b || 'x') + 2",
      nullptr},
     {"CutsOfTextsJoin", "update t set a = left(b,2) + right(b,1)",
-     "update t set a = (zleft(b,2) COLLATE ZCI) || (zright(b,1) COLLATE ZCI)", nullptr},
+     "update t set a = (zleft(b,2) COLLATE NOCASE) || (zright(b,1) COLLATE NOCASE)", nullptr},
     {"APlusInsideATextStays", "update t set a = 'b + ''c'''", nullptr, nullptr},
 };
 INSTANTIATE_TEST_SUITE_P(Concatenation, Pares, ::testing::ValuesIn(concatenaciones), nombreDelPar);
@@ -147,7 +147,7 @@ const Par existencias[] = {
      "delete from a where coalesce(a.k in (select b.x from b), false)"},
     {"AnExistsByCutsTakesTheirRewritesAlong",
      "delete from a where exists (select left(b.x,2) from b where b.z = 0 and a.k = left(b.x,2)) and a.q = 1",
-     "delete from a where coalesce(a.k in (select (zleft(b.x,2) COLLATE ZCI) from b where b.z = 0), false) "
+     "delete from a where coalesce(a.k in (select (zleft(b.x,2) COLLATE NOCASE) from b where b.z = 0), false) "
      "and a.q = 1",
      "delete from a where coalesce(a.k in (select left(b.x,2) from b where b.z = 0), false) and a.q = 1"},
     {"AnExistsThatListsSomethingElseStays", "delete from a where exists (select 1 from b where a.k = b.x)",
