@@ -250,8 +250,9 @@ QString revisarCompania(const Programa &p, const Comando *c, const QCommandLineP
         if (!leida.isSet(t(o.nombre))) continue;
         if (*o.soloCon != '\0' && !leida.isSet(t(o.soloCon)))
             return u"La opción --%1 sólo sirve con --%2"_s.arg(t(o.nombre), t(o.soloCon));
-        if (*o.excluyeA != '\0' && leida.isSet(t(o.excluyeA)))
-            return u"Las opciones --%1 y --%2 no van juntas"_s.arg(t(o.nombre), t(o.excluyeA));
+        const QStringList excluidas = t(o.excluyeA).split(u' ', Qt::SkipEmptyParts);
+        for (const QString &otra : excluidas)
+            if (leida.isSet(otra)) return u"Las opciones --%1 y --%2 no van juntas"_s.arg(t(o.nombre), otra);
     }
     const std::vector<Opcion> suyas = opcionesDe(p, c);
     if (QString defecto = revisarGrupos(suyas, leida); !defecto.isEmpty()) return defecto;

@@ -21,7 +21,7 @@ struct Opcion {
     bool repetible = false;     ///< may come more than once, each with its value
     Control control = nullptr;  ///< judges its value
     const char *soloCon = "";   ///< another option, without which this one means nothing
-    const char *excluyeA = "";  ///< another option, which cannot come beside this one
+    const char *excluyeA = "";  ///< other options, blanks between them: none can come beside this one
     const char *grupo = "";     ///< of those with the same group one has to come, and no other beside it
 };
 

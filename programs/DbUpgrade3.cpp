@@ -11,8 +11,10 @@
 #include "frame/commandline.h"
 #include "frame/lasthandler.h"
 #include "frame/store/StoreProfiles.h"
+#include "upgrade/respaldo.h"
 #include "upgrade/servidor.h"
 #include "upgrade/upgrade.h"
+#include "upgrade/verificacion.h"
 
 using namespace Qt::StringLiterals;
 
@@ -99,6 +101,21 @@ consola::Programa descripcion() {
                 {.nombre = "nomenclador",
                  .valor = "ARCHIVO",
                  .texto = "Carga un nomenclador en CSV con encabezado."},
+                {.nombre = "respaldo",
+                 .valor = "ARCHIVO",
+                 .texto =
+                     "Sólo escribe en un archivo comprimido todos los stores, como están; se puede seguir "
+                     "trabajando.",
+                 .excluyeA =
+                     "restaurar verificar demostracion cargar nomenclador crear-archivos crear-servidor"},
+                {.nombre = "restaurar",
+                 .valor = "ARCHIVO",
+                 .texto = "Trae un respaldo a un perfil cuyos stores faltan o están vacíos.",
+                 .excluyeA = "verificar demostracion cargar nomenclador"},
+                {.nombre = "verificar",
+                 .texto =
+                     "Sólo mira todos los stores y cuenta lo que encuentra; termina con 1 si algo está mal.",
+                 .excluyeA = "demostracion cargar nomenclador crear-archivos crear-servidor"},
                 {.nombre = "unidad",
                  .valor = "CODIGO",
                  .texto = "La unidad estadística para lo que el nomenclador no diga.",
@@ -160,6 +177,26 @@ QString prepararPerfil(const consola::Pedido &pedido, QString &ruta) {
     return error;
 }
 
+int verificar(const QString &ruta) {
+    const actualizacion::Verificacion v = actualizacion::Verificar(ruta);
+    for (const QString &tabla : v.tablas) salida() << tabla << Qt::endl;
+    for (const QString &resto : v.restos)
+        salida() << u"Restos, que no son un defecto: "_s << resto << Qt::endl;
+    if (!v.ok) return falla(v.error);
+    for (const QString &defecto : v.defectos) salida() << u"DEFECTO "_s << defecto << Qt::endl;
+    salida() << (v.defectos.isEmpty() ? u"Todo está bien."_s
+                                      : u"Se encontraron %1 defectos."_s.arg(v.defectos.size()))
+             << Qt::endl;
+    return v.defectos.isEmpty() ? bien : fallo;
+}
+
+int respaldar(const QString &ruta, const QString &archivo) {
+    const actualizacion::Resultado hecho = actualizacion::Respaldar(ruta, archivo, mostrarProgreso);
+    if (!hecho.ok) return falla(hecho.error);
+    for (const QString &cambio : hecho.cambios) salida() << cambio << Qt::endl;
+    return bien;
+}
+
 int trabajar(const consola::Pedido &pedido) {
     QString ruta;
     if (const QString error = prepararPerfil(pedido, ruta); !error.isEmpty()) return falla(error);
@@ -167,7 +204,11 @@ int trabajar(const consola::Pedido &pedido) {
         falla(u"Hay varios perfiles; indique uno con --perfil."_s);
         return consola::malUso;
     }
-    const actualizacion::Resultado hecho = actualizacion::Actualizar(ruta, mostrarProgreso);
+    if (pedido.tiene("verificar")) return verificar(ruta);
+    if (pedido.tiene("respaldo")) return respaldar(ruta, pedido.valor("respaldo"));
+    const actualizacion::Resultado hecho =
+        pedido.tiene("restaurar") ? actualizacion::Restaurar(ruta, pedido.valor("restaurar"), mostrarProgreso)
+                                  : actualizacion::Actualizar(ruta, mostrarProgreso);
     if (!hecho.ok) return falla(hecho.error);
     for (const QString &cambio : hecho.cambios) salida() << cambio << Qt::endl;
     salida() << (hecho.cambios.isEmpty() ? u"Los stores ya estaban en la versión %1."_s

@@ -54,6 +54,11 @@ TEST(DbUpgrade3Program, AWrongUseIsOneSentenceThatNamesTheHelpAndStatusTwo) {
          "--ayuda."_s},
         {{"--unidad", "01"}, u"La opción --unidad sólo sirve con --nomenclador; vea DbUpgrade3 --ayuda."_s},
         {{"--reemplazar"}, u"La opción --reemplazar sólo sirve con --cargar; vea DbUpgrade3 --ayuda."_s},
+        {{"--respaldo", "a", "--restaurar", "b"},
+         u"Las opciones --respaldo y --restaurar no van juntas; vea DbUpgrade3 --ayuda."_s},
+        {{"--verificar", "--demostracion"},
+         u"Las opciones --verificar y --demostracion no van juntas; vea DbUpgrade3 --ayuda."_s},
+        {{"--respaldo"}, u"A la opción --respaldo le falta su valor; vea DbUpgrade3 --ayuda."_s},
     };
     for (const Caso &caso : casos) {
         const Corrida c = DbUpgrade3(caso.argumentos);
@@ -184,6 +189,32 @@ TEST(DbUpgrade3Program, TwoUpgradesAtTheSameTimeDoNotCollide) {
         EXPECT_EQ(p->exitCode(), 0) << p->readAllStandardError().toStdString();
     }
     EXPECT_TRUE(DbUpgrade3({"--perfil", perfil}).salida.contains(u"ya estaban"_s));
+}
+
+TEST(DbUpgrade3Program, BacksUpChecksAndBringsBackWithItsExitStatus) {
+    QTemporaryDir dir;
+    const QString copia = dir.filePath("copia.zrespaldo");
+    Corrida c = DbUpgrade3({"--crear-archivos", dir.filePath("uno"), "--demostracion"});
+    ASSERT_EQ(c.estado, 0) << c.errores.toStdString();
+    const QString uno = dir.filePath("uno/zendra.perfil.ini");
+    c = DbUpgrade3({"--perfil", uno, "--verificar"});
+    EXPECT_EQ(c.estado, 0) << c.salida.toStdString() << c.errores.toStdString();
+    EXPECT_TRUE(c.salida.endsWith(u"Todo está bien.\n"_s)) << c.salida.toStdString();
+    c = DbUpgrade3({"--perfil", uno, "--respaldo", copia});
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_TRUE(c.salida.contains("se escribió el respaldo " + copia)) << c.salida.toStdString();
+    c = DbUpgrade3({"--crear-archivos", dir.filePath("dos"), "--restaurar", copia});
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_TRUE(c.salida.contains("se restauró INTERNOS")) << c.salida.toStdString();
+    const QString dos = dir.filePath("dos/zendra.perfil.ini");
+    c = DbUpgrade3({"--perfil", dos, "--restaurar", copia});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_TRUE(c.errores.contains(u"ya tiene datos"_s)) << c.errores.toStdString();
+    // What hangs from nothing is a failure for whoever runs it at night.
+    QFile::remove(dir.filePath("dos/catalogos.db"));
+    c = DbUpgrade3({"--perfil", dos, "--verificar"});
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_TRUE(c.errores.contains("catalogos.db")) << c.errores.toStdString();
 }
 
 TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
