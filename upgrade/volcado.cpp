@@ -19,14 +19,14 @@ namespace {
 
 /// The program's path; the newest where the distribution keeps one for each version of the server.
 QString buscar(const QString &programa) {
-    if (const QString enCamino = QStandardPaths::findExecutable(programa); !enCamino.isEmpty())
+    if (QString enCamino = QStandardPaths::findExecutable(programa); !enCamino.isEmpty())
         return enCamino;
     const QDir versiones(u"/usr/lib/postgresql"_s);
     QStringList carpetas = versiones.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     std::sort(carpetas.begin(), carpetas.end(),
               [](const QString &a, const QString &b) { return a.toInt() > b.toInt(); });
     for (const QString &carpeta : carpetas) {
-        const QString ruta = versiones.filePath(carpeta + "/bin/"_L1 + programa);
+        QString ruta = versiones.filePath(carpeta + "/bin/"_L1 + programa);
         if (QFileInfo(ruta).isExecutable()) return ruta;
     }
     Detener(
