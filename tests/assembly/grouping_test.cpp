@@ -49,6 +49,19 @@ TEST_P(Agrupacion, EveryColumnOfTheKeyKeepsTwoLinesApart) {
     }
 }
 
+TEST_P(Agrupacion, TheCaseOfAnEnglishLetterIsNoDifferenceAndThatOfAnotherOneIsInAFile) {
+    caratula();
+    linea({{u"sufijos"_s, u"'AB(Peña)-'"_s}});
+    linea({{u"sufijos"_s, u"'ab(PEñA)-'"_s}});
+    linea({{u"sufijos"_s, u"'AB(PEÑA)-'"_s}});
+    ContextoArmado r = corrida();
+    agrupar(r);
+    const auto id = ids();
+    const bool enArchivo = GetParam() == std::string("ACCESS");
+    EXPECT_EQ(filas(u"select idsub,cantidad from groupsubitems order by idsub"_s),
+              enArchivo ? u"%1|2\n%2|1"_s.arg(id[0]).arg(id[2]) : u"%1|3"_s.arg(id[0]));
+}
+
 TEST_P(Agrupacion, MeasuresAndAmountsOfAGroupAreSummed) {
     caratula();
     linea({{u"cantidad"_s, u"2"_s},
