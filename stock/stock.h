@@ -79,6 +79,7 @@ struct Movimiento {
     double factor = 1;      ///< of weighting
     double descontado = 0;  ///< what left the balance
     double cif = 0;         ///< in the currency of the stock line
+    bool paraItem = false;  ///< a cancellation of the item, which `idlinea` only keeps
     QDateTime fecha;
     QString maquina;
     QDateTime devuelta;  ///< invalid: it stands
@@ -102,10 +103,12 @@ struct ArticuloEnStock {
 /// catalogue, article, description or position, empty for all.
 std::vector<ArticuloEnStock> ArticulosDe(AppContext &ctx, const QString &interno, const QString &texto = {});
 
-/// What is asked of the stock: a quantity of an article for an operation.
+/// What is asked of the stock: an article for an operation, in a unit. Position and description tell goods
+/// apart that have no code.
 struct Pedido {
     QString interno;
     QString idcatalogo, idarticulo, idunidad;
+    QString ncm, descripcion;
 };
 /// A part of a taking: a declared quantity out of one line of the stock.
 struct Parte {
@@ -132,22 +135,31 @@ struct Elegido {
     std::vector<Parte> partes;
 };
 
-/// Who takes.
+/// Who takes: a line for itself, which then bears the mark 'OK' and the value.
 struct Destino {
     QString interno;
     qint64 idlinea = 0;
-    int iditem = 0;     ///< 0: not armed yet
-    bool marca = true;  ///< the line takes for itself, and bears the mark 'OK' and the value
 };
 /// How a taking ended.
 struct Resultado {
     bool ok = false;
-    double CIF = 0;  ///< taken, in the FOB currency of the operation
+    double CIF = 0;  ///< what the line took in all, in the FOB currency of the operation
 };
 /// Takes `partes` as one: each from its balance, with its movement and its row of descargas, and the line's
 /// mark. False, with one sentence told and nothing done, when a part is no quantity, a line is not the
 /// client's, or a balance does not reach (any more).
-Resultado Tomar(AppContext &ctx, const Destino &destino, std::vector<Parte> partes);
+Resultado Tomar(AppContext &ctx, const Destino &destino, const std::vector<Parte> &partes);
+/// Takes a quantity: from what was chosen first, in its order, then from the oldest expiry. False, with one
+/// sentence told and nothing done, when the stock does not reach.
+Resultado TomarCantidad(AppContext &ctx, const Destino &destino, const Pedido &pedido, double cantidad,
+                        const std::vector<Parte> &elegidas = {});
+/// The same in the place of what the line took, of which it keeps what it can. When it does not reach, what
+/// the line took stands.
+Resultado RetomarCantidad(AppContext &ctx, const Destino &destino, const Pedido &pedido, double cantidad);
+/// A stored line takes its quantity, as when it was keyed. False with a sentence told: no such line, a regime
+/// without inputs, a line that took already, a stock that does not reach. A change of the operation.
+Resultado TomarParaLinea(AppContext &ctx, const QString &interno, qint64 idlinea,
+                         const std::vector<Parte> &elegidas = {});
 
 /// Gives movements back, as one: balances, rows of descargas. The mark of a line that has no taking any more
 /// goes, with its value. Those that were given back already are passed over. The number given back.
