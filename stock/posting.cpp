@@ -82,22 +82,33 @@ void asentarUna(AppContext &ctx, const Tomador &t, const Asiento &a) {
                  .crudo("fecha", AhoraEnSql(ctx))
                  .texto("maquina", ctx.PcName)
                  .insertar(u"stockmov"_s));
-    Escritura descarga(ctx);
-    descarga.codigo("interno", t.interno)
-        .texto("dit", a.linea.dit)
-        .numero("item", a.linea.item)
-        .numero("subitem", a.linea.subitem)
-        .texto("ncm", a.linea.ncm)
-        .texto("expctit", a.linea.expctit)
-        .numero("cantidad", a.cantidad)
-        .numero("factorponderacion", a.factor);
-    if (t.iditem != 0) descarga.texto("iditem", QString::number(t.iditem));
-    descarga.numero("idexportacion", static_cast<double>(ultimoMovimiento(ctx, t, a.linea.id)))
-        .numero("idext", static_cast<double>(t.idlinea));
-    Ejecutar(ctx, internos, descarga.insertar(u"descargas"_s));
+    Movimiento m;
+    m.id = ultimoMovimiento(ctx, t, a.linea.id);
+    m.interno = t.interno;
+    m.idlinea = t.idlinea;
+    m.iditem = t.iditem;
+    m.cantidad = a.cantidad;
+    m.factor = a.factor;
+    AsentarDescarga(ctx, m, a.linea);
 }
 
 }  // namespace
+
+void AsentarDescarga(AppContext &ctx, const Movimiento &m, const Linea &l) {
+    Escritura descarga(ctx);
+    descarga.codigo("interno", m.interno)
+        .texto("dit", l.dit)
+        .numero("item", l.item)
+        .numero("subitem", l.subitem)
+        .texto("ncm", l.ncm)
+        .texto("expctit", l.expctit)
+        .numero("cantidad", m.cantidad)
+        .numero("factorponderacion", m.factor);
+    if (m.iditem != 0) descarga.texto("iditem", QString::number(m.iditem));
+    descarga.numero("idexportacion", static_cast<double>(m.id))
+        .numero("idext", static_cast<double>(m.idlinea));
+    Ejecutar(ctx, internos, descarga.insertar(u"descargas"_s));
+}
 
 QString DefectoDeCantidad(const AppContext &ctx, double cantidad) {
     if (numeros::redondear(cantidad, Decimales(ctx)) > 0) return {};

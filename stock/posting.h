@@ -36,6 +36,8 @@ QString DefectoDeCantidad(const AppContext &ctx, double cantidad);
 /// Enters a taking; empty, or the sentence for the one whose balance does not reach any more, and then the
 /// caller keeps nothing.
 QString AsentarToma(AppContext &ctx, const Tomador &tomador, const std::vector<Asiento> &asientos);
+/// Enters the row of descargas of a movement.
+void AsentarDescarga(AppContext &ctx, const Movimiento &movimiento, const Linea &linea);
 /// Enters returns; how many there were to give back.
 int AsentarDevolucion(AppContext &ctx, std::vector<Movimiento> movimientos);
 /// The line's mark and value by what it took for itself and still has; the value.
