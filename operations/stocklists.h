@@ -1,0 +1,11 @@
+#pragma once
+// The stock among the lists.
+
+#include "outputs/lists.h"
+
+/// Every line of the stock.
+const listas::Lista &ListaDeStock();
+/// The inputs report of an operation.
+const listas::Lista &ListaDeInsumos();
+/// GenerarIMP: the inputs report of an operation, to be seen; without rows its sentence. Raises Falla.
+void VerInsumos(AppContext &ctx, const QString &interno);
