@@ -171,6 +171,13 @@ std::vector<Movimiento> suToma(AppContext &ctx, const Hallazgo &h) {
     return LeerMovimientos(ctx, "devuelta is null and id = "_L1 + QString::number(h.movimiento));
 }
 
+void devolverLaToma(AppContext &ctx, const Hallazgo &h) {
+    for (const Movimiento &m : suToma(ctx, h)) {
+        AsentarDevolucion(ctx, {m});
+        if (!m.paraItem) AsentarMarca(ctx, m.interno, m.idlinea);
+    }
+}
+
 void recontar(AppContext &ctx, const Hallazgo &h) {
     const QString id = QString::number(h.idstock);
     Recordset rs;
@@ -200,7 +207,7 @@ void rehacerDescarga(AppContext &ctx, const Hallazgo &h) {
         if (const auto linea = LeerLinea(ctx, m.idstock))
             AsentarDescarga(ctx, m, *linea);
         else
-            AsentarDevolucion(ctx, {m});
+            devolverLaToma(ctx, h);
     }
 }
 
@@ -211,7 +218,7 @@ void repararUna(AppContext &ctx, const Hallazgo &h) {
             break;
         case C::MovimientoSinDueno:
         case C::MovimientoSinStock:
-            AsentarDevolucion(ctx, suToma(ctx, h));
+            devolverLaToma(ctx, h);
             break;
         case C::SinDescarga:
             rehacerDescarga(ctx, h);

@@ -55,10 +55,10 @@ double LoQueAlcanza(const AppContext &ctx, const Linea &linea);
 
 /// What the stock is searched by; empty members do not filter.
 struct Filtro {
-    QString cliente;      ///< tax number or a part of the name
-    QString declaracion;  ///< the beginning of its number
-    QString articulo;     ///< a part of catalogue, article or description
-    QString posicion;     ///< the beginning of the position, with or without dots
+    QString cliente = {};      ///< tax number or a part of the name
+    QString declaracion = {};  ///< the beginning of its number
+    QString articulo = {};     ///< a part of catalogue, article or description
+    QString posicion = {};     ///< the beginning of the position, with or without dots
     bool conSaldo = false;
 };
 /// The lines that pass, oldest expiry first (those without one last), then by declaration, item and subitem.
