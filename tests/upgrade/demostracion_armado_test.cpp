@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char *const operaciones[] = {"IC-2026-0001",   "EC-2026-0002",  "IT-2026-0003",
-                                   "DJAI-2026-0004", "ICR-2026-0005", "EC-2026-0006"};
+const char *const operaciones[] = {"IC-2026-0001",  "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
+                                   "ICR-2026-0005", "EC-2026-0006", "IT-2026-0007", "EC-2026-0008"};
 
 void armar(AppContext &ctx, const QString &clave) {
     ctx.ChequeoArmado = u"SI"_s;
