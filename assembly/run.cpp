@@ -49,6 +49,7 @@ Fase enviarItems(ContextoArmado &r) {
             r.ctx.dialogos.atenderEventos();
         }
     }
+    r.go_InputsLink->ReubicarItems(r.interno);
     MarcarHecho(r, paso);
     return Fase::Sigue;
 }

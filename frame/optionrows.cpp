@@ -26,7 +26,7 @@ constexpr auto filas = std::to_array<FilaDeOpcion>({
     {"NOCALCLIQU", &O::NOCALCLIQU, C::Bandera, "N", "Chk_NoCalcularLiquidacion"},
     {"INSTMP.RestarPerMer", &O::RestarPerMer, C::BanderaDeInsumos, "N", "chINSTEMPPerMer", "ZENDRA/OBJ", "",
      T::TrasLasTasas},
-    {"opVDE", {}, C::BanderaDeInsumos, "N", "chINSTEMPVDE", "oInputsLink/CONFIG"},
+    {"opVDE", &O::opVDE, C::BanderaDeInsumos, "N", "chINSTEMPVDE", "oInputsLink/CONFIG"},
     {"DEVICENAME", &O::DEVICENAME, C::Impresora, "", "LstImpresoras", "", "", T::TrasLasTasas},
     {"IVARIN", &O::IVARIN, C::Tasa, "0", "txtRIN", "", "", T::Tasas},
     {"IVARNI", &O::IVARNI, C::Tasa, "0", "TxtRNI", "", "", T::Tasas},

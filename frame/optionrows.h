@@ -46,6 +46,7 @@ struct Opciones {
     double DIEMCHINA_IndMaxArancel = 0;  ///< percent
     double DIEMCHINA_PrefPorc = 0;       ///< percent
     bool RestarPerMer = false;
+    bool opVDE = false;  ///< quantities of inputs have six decimals
 
     /// Whether the library of the temporary inputs is there. No option: found out at the start.
     bool TempInputsAvailable = false;

@@ -18,6 +18,7 @@
 #include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmTransferencia.h"
 #include "regulatory/frmONCCA.h"
+#include "stock/load.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
 
@@ -34,12 +35,10 @@ const QString sinDato = u"—"_s;
 using FormaDelTablero = Ui::FrmDetalleInterno;
 
 /// The buttons whose work is done by libraries that are not part of this program.
-constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 6> bibliotecasDelTablero{{
+constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 4> bibliotecasDelTablero{{
     {&FormaDelTablero::CmdPrint, "oInputsLink"_L1},
     {&FormaDelTablero::CmdHojaVal, "oValuationSheet"_L1},
     {&FormaDelTablero::cmdCertOrig, "OriginCerts"_L1},
-    {&FormaDelTablero::cmdExportar, "oCancellations"_L1},
-    {&FormaDelTablero::cmdExportINS, "oTempInputs"_L1},
     {&FormaDelTablero::Command1, "LnaOutputBuilder"_L1},
 }};
 
@@ -74,6 +73,7 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.CmdBultos, [this] { CmdBultos_Click(); });
     alPulsar(ui.CmdPresupuesto, [this] { CmdPresupuesto_Click(); });
     alPulsar(ui.cmdONCCA, [this] { cmdONCCA_Click(); });
+    for (QPushButton *boton : {ui.cmdExportar, ui.cmdExportINS}) alPulsar(boton, [this] { ExportarStock(); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
         alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
@@ -270,6 +270,11 @@ void FrmDetalleInterno::cmdONCCA_Click() {
     Pantalla<frmONCCA>().Mostrar(interno_);
     CerrarPantalla<frmONCCA>();
     VerDatos();
+}
+
+void FrmDetalleInterno::ExportarStock() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] { stock::CargarPreguntando(ctx, interno_, QDate::currentDate()); });
 }
 
 void FrmDetalleInterno::cmdCaratula_Click() {

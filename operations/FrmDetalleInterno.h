@@ -44,6 +44,8 @@ class FrmDetalleInterno {
     void CmdBultos_Click();
     void CmdPresupuesto_Click();
     void cmdONCCA_Click();
+    /// Both buttons put the lines of a temporary import into the stock.
+    void ExportarStock();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

@@ -28,79 +28,7 @@ namespace {
 
 using L = QLatin1String;
 
-using ajuste::flags;
-using ajuste::zendra;
 using entidad::internos;
-const QString sinDescripciones = u"NO"_s;
-
-/// Reads a JSON value into a control of the dashboard; false when it is of another kind.
-using Poner = std::function<bool(const QJsonValue &, EleccionDelTablero &)>;
-
-/// A flag is written as in the configuration file ("S", "N") or as a truth value.
-bool leerFlag(const QJsonValue &v, bool &donde) {
-    if (v.isBool()) {
-        donde = v.toBool();
-        return true;
-    }
-    const QString texto = v.toString();
-    if (!v.isString() || (texto != "S"_L1 && texto != "N"_L1)) return false;
-    donde = texto == "S"_L1;
-    return true;
-}
-
-Poner control(bool EleccionDelTablero::*miembro) {
-    return [miembro](const QJsonValue &v, EleccionDelTablero &t) { return leerFlag(v, t.*miembro); };
-}
-
-bool ponerOrdenDeCarga(const QJsonValue &v, EleccionDelTablero &t) {
-    bool si = false;
-    if (!leerFlag(v, si)) return false;
-    t.opOrdenxNCM = !si;
-    return true;
-}
-
-bool ponerDescripcion(const QJsonValue &v, EleccionDelTablero &t) {
-    const QString modo = v.toString();
-    if (!v.isString() ||
-        !QStringList{QString(), u"NO"_s, u"MARIA"_s, u"CATALOGO"_s, u"MEZCLA"_s}.contains(modo))
-        return false;
-    t.opcionDJAI = modo.isEmpty() ? sinDescripciones : modo;
-    return true;
-}
-
-const std::map<QString, Poner> &controlesDelTablero() {
-    static const std::map<QString, Poner> todos{
-        {u"opOrdenxCarga"_s, ponerOrdenDeCarga},
-        {u"opOrdenxNCM"_s, control(&EleccionDelTablero::opOrdenxNCM)},
-        {u"ChMulta"_s, control(&EleccionDelTablero::ChMulta)},
-        {u"ChCOEF"_s, control(&EleccionDelTablero::ChCOEF)},
-        {u"chkCalcularServicioDigitalizacion"_s,
-         control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
-        {u"CALCULAR_SERVICIO_DIGITALIZACION"_s,
-         control(&EleccionDelTablero::chkCalcularServicioDigitalizacion)},
-        {u"DJAI_USAR_DESCRIPCION"_s, ponerDescripcion},
-    };
-    return todos;
-}
-
-/// A JSON value as the configuration file spells it; nothing for one that is no flag, number or text.
-std::optional<QString> comoEnElArchivo(const QJsonValue &v) {
-    if (v.isBool()) return v.toBool() ? u"S"_s : u"N"_s;
-    if (v.isDouble()) return numeros::aTexto(v.toDouble());
-    if (v.isString()) return v.toString();
-    return std::nullopt;
-}
-
-/// Takes the value of an option; false when it is of another kind.
-bool ponerOpcion(const FilaDeOpcion &fila, const QJsonValue &v, AppContext &ctx, EleccionDelTablero &t) {
-    const std::optional<QString> texto = comoEnElArchivo(v);
-    const bool esTexto = fila.clase == ClaseDeOpcion::Texto || fila.clase == ClaseDeOpcion::Impresora;
-    if (!texto || (esTexto && !v.isString()) || !OpcionAdmite(fila, *texto)) return false;
-    PonerOpcion(fila, ctx.opciones, *texto);
-    // The dashboard starts on the order that the options tell.
-    if (fila.clase == ClaseDeOpcion::Orden) t.opOrdenxNCM = ctx.opciones.ARMARITEM == 1;
-    return true;
-}
 
 double contar(AppContext &ctx, const QString &tabla, const QString &clave, const char *cola = "") {
     Recordset rs;
@@ -232,6 +160,43 @@ std::vector<consola::Opcion> opcionesDeLicencias() {
              .control = DefectoDePosicionBuscada,
              .grupo = "busqueda"},
             salidaDePapel("ARCHIVO.xls|.xlsx", DefectoDeSalidaDeLicencias)};
+}
+
+std::vector<consola::Opcion> opcionesDeCargaDeStock() {
+    return {{.nombre = "declaracion",
+             .valor = "NUMERO",
+             .texto = "El número de la declaración de importación.",
+             .obligatoria = true},
+            {.nombre = "fecha",
+             .valor = "FECHA",
+             .texto = "Su fecha; sin ella, la de hoy o la ya cargada.",
+             .control = DefectoDeFecha},
+            {.nombre = "vencimiento",
+             .valor = "FECHA",
+             .texto = "El vencimiento; sin él, el del plazo de la carátula o el ya cargado.",
+             .control = DefectoDeFecha},
+            {.nombre = "ctit", .valor = "NUMERO", .texto = "El expediente del CTIT."},
+            {.nombre = "merma",
+             .valor = "PORCENTAJE",
+             .texto = "Mermas y pérdidas.",
+             .control = DefectoDePorcentaje}};
+}
+
+std::vector<consola::Opcion> opcionesDeBusquedaDeStock() {
+    return {{.nombre = "cliente", .valor = "TEXTO", .texto = "Su CUIT o una parte del nombre."},
+            {.nombre = "declaracion", .valor = "TEXTO", .texto = "El comienzo de su número."},
+            {.nombre = "articulo",
+             .valor = "TEXTO",
+             .texto = "Una parte del catálogo, del artículo o de la descripción."},
+            {.nombre = "posicion", .valor = "TEXTO", .texto = "El comienzo de la posición."},
+            {.nombre = "con-saldo", .texto = "Sólo las que tienen saldo."}};
+}
+
+consola::Argumento lineaDeOperacion(bool optativa) {
+    return {.nombre = "LINEA",
+            .texto = "el número de una línea de la operación",
+            .control = DefectoDeLinea,
+            .optativo = optativa};
 }
 
 const std::vector<Fila> &tablaDeComandos() {
@@ -375,6 +340,36 @@ const std::vector<Fila> &tablaDeComandos() {
                                    .repetible = true}}},
          .sobre = Sobre::Ninguna,
          .hacer = MoverArticulos},
+        {.comando = {.nombre = "stock cargar",
+                     .texto = "Carga en el stock las líneas de una importación temporal armada; si ya están, "
+                              "las diferencias, si entre las respuestas está el Si que las confirma.",
+                     .argumentos = clave,
+                     .opciones = opcionesDeCargaDeStock()},
+         .hacer = CargarStock},
+        {.comando = {.nombre = "stock tomar",
+                     .texto = "Toma del stock la cantidad de una línea: de lo elegido, y después de lo que "
+                              "vence primero.",
+                     .argumentos = {clave.front(), lineaDeOperacion(false)},
+                     .opciones = {{.nombre = "de",
+                                   .valor = "NUMERO[:CANTIDAD]",
+                                   .texto = "Una línea del stock de la que se toma, hasta esa cantidad.",
+                                   .repetible = true,
+                                   .control = DefectoDeParte}}},
+         .hacer = TomarDelStock},
+        {.comando = {.nombre = "stock devolver",
+                     .texto = "Devuelve al stock lo que tomó una línea, o toda la operación.",
+                     .argumentos = {clave.front(), lineaDeOperacion(true)}},
+         .hacer = DevolverAlStock},
+        {.comando = {.nombre = "stock revisar",
+                     .texto = "Cuenta todo el stock de nuevo y dice lo que no coincide.",
+                     .opciones = {{.nombre = "reparar", .texto = "Corrige lo que se puede corregir."}}},
+         .sobre = Sobre::Ninguna,
+         .hacer = RevisarStock},
+        {.comando = {.nombre = "stock listar",
+                     .texto = "Dice cada línea del stock, con su saldo y su vencimiento.",
+                     .opciones = opcionesDeBusquedaDeStock()},
+         .sobre = Sobre::Ninguna,
+         .hacer = ListarStock},
         {.comando = {.nombre = "crear", .texto = "Crea una operación vacía.", .argumentos = clave},
          .sobre = Sobre::Nueva,
          .hacer = crear},
@@ -422,37 +417,6 @@ Orden OrdenDe(const consola::Pedido &pedido) {
     if (fila != nullptr && fila->sobre != Sobre::Ninguna && !orden.argumentos.isEmpty())
         orden.clave = orden.argumentos.takeFirst();
     return orden;
-}
-
-EleccionDelTablero TableroInicial(AppContext &ctx) {
-    EleccionDelTablero t;
-    t.opOrdenxNCM = ctx.opciones.ARMARITEM == 1;
-    t.chkCalcularServicioDigitalizacion =
-        ctx.ajustes.Leer(zendra, flags, u"CALCULAR_SERVICIO_DIGITALIZACION"_s, u"N"_s) == "S"_L1;
-    // With nothing kept, the dashboard starts on "no descriptions".
-    const QString guardada = ctx.ajustes.Leer(zendra, flags, u"DJAI_USAR_DESCRIPCION"_s);
-    t.opcionDJAI = guardada.isEmpty() ? sinDescripciones : guardada;
-    return t;
-}
-
-bool AplicarOpciones(const QJsonObject &opciones, AppContext &ctx, EleccionDelTablero &tablero,
-                     QString &error) {
-    for (auto o = opciones.constBegin(); o != opciones.constEnd(); ++o) {
-        const auto control = controlesDelTablero().find(o.key());
-        const FilaDeOpcion *fila = BuscarOpcion(o.key());
-        // What the run does not keep, and what hangs on a library that it does not have, is no option of it.
-        const bool conocida = fila != nullptr && !std::holds_alternative<std::monostate>(fila->miembro) &&
-                              fila->clase != ClaseDeOpcion::BanderaDeInsumos;
-        if (!conocida && control == controlesDelTablero().end()) {
-            error = u"La opción \"%1\" no existe; revise el archivo de opciones."_s.arg(o.key());
-            return false;
-        }
-        if (!(conocida ? ponerOpcion(*fila, o.value(), ctx, tablero) : control->second(o.value(), tablero))) {
-            error = u"La opción \"%1\" no admite ese valor; revise el archivo de opciones."_s.arg(o.key());
-            return false;
-        }
-    }
-    return true;
 }
 
 bool VersionAdecuada(AppContext &ctx) {

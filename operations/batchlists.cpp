@@ -5,6 +5,7 @@
 
 #include "operations/batchwork.h"
 #include "operations/browserlist.h"
+#include "operations/stocklists.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +20,8 @@ const std::vector<Lista> &todasLasListas() {
     static const std::vector<Lista> todas = [] {
         std::vector<Lista> filas = listas::Listas();
         filas.push_back(ListaDeOperaciones());
+        filas.push_back(ListaDeStock());
+        filas.push_back(ListaDeInsumos());
         return filas;
     }();
     return todas;

@@ -76,6 +76,17 @@ int CargarCatalogoDeArchivo(const Trabajo &t);
 int ListarCatalogos(const Trabajo &t);
 /// Moves articles of a catalogue to another; `falla` when one stays.
 int MoverArticulos(const Trabajo &t);
+/// Puts a temporary import into the stock, locked meanwhile; `falla` when a line stays as it was.
+int CargarStock(const Trabajo &t);
+/// A line takes its quantity from the stock.
+int TomarDelStock(const Trabajo &t);
+/// Gives back what a line took, or the whole operation.
+int DevolverAlStock(const Trabajo &t);
+/// Tells what does not agree in the stock, one an object, and mends it with --reparar; `falla` when something
+/// stays.
+int RevisarStock(const Trabajo &t);
+/// Tells the lines of the stock, one an object.
+int ListarStock(const Trabajo &t);
 
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
@@ -93,8 +104,14 @@ QString DefectoDeValorDeCambio(const QStringList &argumentos);
 QString DefectoDeFiltro(const QString &nombre);
 QString DefectoDeValorDeFiltro(const QStringList &argumentos);
 
-// What is wrong with a part of a position to look for, and with the file of a report.
+// What is wrong with a day, a percentage, a line, a part of a position to look for, and the file of a report.
 
+QString DefectoDeFecha(const QString &texto);
+QString DefectoDePorcentaje(const QString &texto);
+/// Of the number of a line of an operation.
+QString DefectoDeLinea(const QString &texto);
+/// Of a line of the stock, with a quantity behind ":" or not.
+QString DefectoDeParte(const QString &texto);
 QString DefectoDePosicionBuscada(const QString &posicion);
 QString DefectoDeSalidaDeLicencias(const QString &archivo);
 

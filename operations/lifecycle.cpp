@@ -8,6 +8,7 @@
 #include "frame/startup.h"
 #include "header/regime.h"
 #include "operations/oOperationCopy.h"
+#include "stock/closing.h"
 #include "subitems/inputslink.h"
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,9 @@ constexpr TablaDeOperacion tablas[] = {
     {"interno", "INTERNOS"},   {"caratula", "INTERNOS"},      {"facturas", "INTERNOS"},
     {"prorrateo", "INTERNOS"}, {"descargas", "INTERNOS"},     {"hval", "SYSTABLAS"},
     {"hvalexp", "SYSTABLAS"}};
+
+/// What this system keeps beside them.
+constexpr const char *tablasPropias[] = {"transferidas", "certorigen", "certorigenlinea"};
 
 QString fechaLarga(const Recordset &rs) {
     const QDateTime fecha = AFecha(rs.Fields(u"fecha").Value);
@@ -182,6 +186,9 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
             Ejecutar(ctx, L(t.entidad), "delete from "_L1 + L(t.tabla) + deLaClave(interno));
             barra(++paso);
         }
+        stock::DespedirOperacion(ctx, interno);
+        for (const char *tabla : tablasPropias)
+            Ejecutar(ctx, internos, "delete from "_L1 + L(tabla) + deLaClave(interno));
         borrarAjustes(ctx, interno);
         barra(20);
         return true;

@@ -8,6 +8,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "header/changes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +75,26 @@ void copiarValor(AppContext &ctx, const QString &entidad, const char *columna, c
     }
 }
 
+/// Lines, groups and items bear the mark of inputs that were taken.
+bool llevaMarca(const QString &tabla) {
+    return tabla == subitems || tabla == "groupsubitems"_L1 || tabla == "item"_L1;
+}
+
+/// A copy has taken nothing: where the original is marked, the mark and its value stay behind.
+std::optional<QString> valorDeLoTomado(const QString &columna) {
+    if (es(columna, "cancelaciones")) return u"''"_s;
+    if (es(columna, "insumostemp")) return u"0"_s;
+    return std::nullopt;
+}
+
+bool hayTomas(AppContext &ctx, const QString &interno) {
+    Recordset rs;
+    return Consultar(ctx, internos,
+                     "select id from "_L1 + subitems + " where cancelaciones = 'OK' and interno = "_L1 +
+                         EnComillas(interno),
+                     rs);
+}
+
 /// What the copy holds in place of the original's value, as SQL; nothing where it holds the same.
 std::optional<QString> valorPropio(AppContext &ctx, const QString &tabla, const QString &columna,
                                    const QVariant &valor, const QString &destino, const Identidades &lineas) {
@@ -90,13 +111,16 @@ void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const 
     const QString nombre = L(tabla.nombre);
     // Each store has a decimal separator of its own.
     Escritura fila(ctx, entidad);
+    const bool tomo = llevaMarca(nombre) && rs.Texto(u"cancelaciones") == "OK"_L1;
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
         // A generated identity is the store's own.
         if (es(columna, generada)) continue;
         const QByteArray nombreDeColumna = columna.toLatin1();
         const QVariant valor = rs.Fields(c).Value;
-        if (const auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas))
+        auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas);
+        if (!propio && tomo) propio = valorDeLoTomado(columna);
+        if (propio)
             fila.crudo(nombreDeColumna.constData(), *propio);
         else
             copiarValor(ctx, entidad, nombreDeColumna.constData(), valor, fila);
@@ -135,15 +159,26 @@ Identidades copiarLineas(AppContext &ctx, const QString &origen, const QString &
     return lineas;
 }
 
+/// The rows of descargas that no movement of the stock stands behind.
+QString deOtraParte(const QString &origen) {
+    return " and (idexportacion is null or idexportacion not in (select id from stockmov"_L1 +
+           deLaClave(origen) + "))"_L1;
+}
+
 void copiarTodo(AppContext &ctx, const QString &origen, const QString &destino) {
     limpiar(ctx, destino);
     const Identidades lineas = copiarLineas(ctx, origen, destino);
     Recordset rs;
     for (const Tabla &tabla : tablas) {
-        Consultar(ctx, QString(L(tabla.entidad)), "select * from "_L1 + L(tabla.nombre) + deLaClave(origen),
+        const bool sonDescargas = QLatin1StringView(tabla.nombre) == "descargas"_L1;
+        Consultar(ctx, QString(L(tabla.entidad)),
+                  "select * from "_L1 + L(tabla.nombre) + deLaClave(origen) +
+                      (sonDescargas ? deOtraParte(origen) : QString()),
                   rs);
         for (; !rs.Eof(); rs.MoveNext()) copiarFila(ctx, tabla, rs, destino, lineas, "");
     }
+    // Its items were worked out with what the original took.
+    if (hayTomas(ctx, origen)) MarcarArmado(ctx, destino, true);
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
 #include "frame/ui/eventos.h"
+#include "stock/link.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,6 +48,8 @@ bool ofrecerStores(const AppContext &ctx) {
 int correr(AppContext &ctx) {
     ctx.DataManager.elegir = elegirPerfil;
     if (ctx.DataManager.primerInicio() && !ofrecerStores(ctx)) return EXIT_SUCCESS;
+    // Their options are read with the others.
+    stock::Enchufar(ctx);
     Arrancar(ctx);
     Pantalla<FrmPrincipal>().Mostrar();
     // Asked while no event loop ran: there is nothing left for one to do.
@@ -80,6 +83,7 @@ int main(int argc, char **argv) {
                                                   ctx.dialogos.critico(texto);
                                               });
     pantallas::CerrarTodas();
+    stock::Desenchufar();
     fijarContexto(nullptr);
     return estado;
 }

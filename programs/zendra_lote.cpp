@@ -14,6 +14,7 @@
 #include "frame/lasthandler.h"
 #include "frame/startup.h"
 #include "operations/batch.h"
+#include "stock/link.h"
 
 using namespace Qt::StringLiterals;
 
@@ -155,6 +156,8 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     if (!ctx.DataManager.usarPerfil(pedido.valor("perfil"), &error)) throw Falla{0, {}, error, {}};
     ctx.DataManager.LoadParameters();
     if (!lote::VersionAdecuada(ctx)) return lote::falla;
+    // Their options are read with the others.
+    stock::Enchufar(ctx);
     Arrancar(ctx);
     EleccionDelTablero tablero = lote::TableroInicial(ctx);
     lote::AplicarOpciones(opciones, ctx, tablero, error);
@@ -204,6 +207,7 @@ int main(int argc, char **argv) {
         resultado[u"estado"_s] = estado;
         escribirLinea(LineaJson(resultado));
     }
+    stock::Desenchufar();
     fijarContexto(nullptr);
     return estado;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The seam to the input-records library, asked by every road that touches inputs: the entry and the deletion
-// of lines, the assembly, the deletion of an operation. The library is not part of this program: without it
-// nothing is linked, and an operation whose lines took inputs cannot be deleted.
+// of lines, the assembly, the deletion of an operation. The stock plugs itself in here; without it nothing is
+// linked, and an operation whose lines took inputs cannot be deleted.
 
 #include <QString>
 #include <functional>
@@ -29,6 +29,14 @@ struct Toma {
     QString Interno;
     qint64 SUBITEM = 0;
     QString PRDCAN;  ///< quantity, "00.00"
+    QString PRDUNI;  ///< its unit; empty: the stored line's
+};
+
+/// What stands taken on a line.
+enum class Tomado {
+    Nada,
+    ParaSuItem,  ///< only cancellations of its item, which the line keeps
+    Propio,      ///< inputs of the line itself
 };
 
 /// A link that was made: every function is set.
@@ -45,13 +53,24 @@ struct Enlace {
     /// Takes the inputs of a new line; true gives their value in `CIFDescontado`, false is a refusal, which
     /// the library has told by itself.
     std::function<bool(const Toma &, double &CIFDescontado)> AgregarInsumo;
+    /// Whether a new line has to do with inputs at all; one that has not is saved as on a regime without
+    /// them.
+    std::function<bool(const Toma &)> Participa;
+    /// What stands taken on a line.
+    std::function<Tomado(const QString &Interno, qint64 SUBITEM)> QueTomo;
+    /// Takes anew the inputs of a line whose quantity or unit changed, in the place of those that it has;
+    /// true gives their value, false is a refusal, told, and then those stand.
+    std::function<bool(const Toma &, double &CIFDescontado)> RetomarInsumo;
     /// Tells the root line of a group and its "|"-joined folded lines; false on failure.
     std::function<bool(const QString &interno, qint64 idroot, const QString &idsublist)> EnviarGrupoIdSub;
     /// Tells the number of an item and its "|"-joined root lines; false on failure.
     std::function<bool(qint64 iditem, const QString &idsublist)> EnviarNroItem;
+    /// The items of an operation were numbered anew: what its lines keep for their items follows. Raises
+    /// Falla.
+    std::function<void(const QString &interno)> ReubicarItems;
 };
 
-/// What makes a link; empty while the library is absent. The one place that a library is plugged into.
+/// What makes a link; empty while there is none. The one place that one is plugged into.
 extern std::function<Enlace()> crearEnlace;
 
 /// A fresh link; nothing while the library is absent or fails to make one.

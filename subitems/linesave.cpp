@@ -158,8 +158,13 @@ bool tomarInsumos(AppContext &ctx, const SubItems &s) {
     const qint64 id = static_cast<qint64>(rs.Numero(u"id"));
     const QString donde = " where interno = '"_L1 + s.interno + "'  and id = "_L1 + QString::number(id);
     double CIFDescontado = 0;
-    const insumos::Toma toma{c.TxtIdCatalogo, c.txtIdArticulo, s.interno, id,
-                             Format(c.TxtCantidad, u"00.00", ctx.SeparadorDecimal)};
+    const insumos::Toma toma{c.TxtIdCatalogo,
+                             c.txtIdArticulo,
+                             s.interno,
+                             id,
+                             Format(c.TxtCantidad, u"00.00", ctx.SeparadorDecimal),
+                             c.TxtUnidad};
+    if (!s.enlace->Participa(toma)) return true;
     if (s.enlace->AgregarInsumo(toma, CIFDescontado)) {
         Ejecutar(ctx, internos,
                  "update subitems "
@@ -169,6 +174,31 @@ bool tomarInsumos(AppContext &ctx, const SubItems &s) {
     }
     Ejecutar(ctx, internos, "delete from subitems"_L1 + donde);
     return false;
+}
+
+/// What a line took follows its quantity and its unit; false when the link refuses the change, which it told.
+bool retomarInsumos(AppContext &ctx, SubItems &s) {
+    if (!s.enlace || s.enlace->QueTomo(s.interno, s.id) != insumos::Tomado::Propio) return true;
+    CamposSubItem &c = s.campos;
+    Recordset rs;
+    if (!Consultar(ctx, internos,
+                   "select idcatalogo,idarticulo,idunidad,cantidad "
+                   "from subitems "
+                   "where id = "_L1 +
+                       QString::number(s.id) + " and interno = "_L1 + EnComillas(s.interno),
+                   rs))
+        return true;
+    c.TxtCanelaciones = u"OK"_s;
+    const QString cantidad = Format(c.TxtCantidad, u"00.00", ctx.SeparadorDecimal);
+    if (numeros::iguales(aNumero(cantidad), rs.Numero(u"cantidad"), 2) &&
+        c.TxtUnidad == rs.Texto(u"idunidad"))
+        return true;
+    double CIFDescontado = 0;
+    const insumos::Toma toma{
+        rs.Texto(u"idcatalogo"), rs.Texto(u"idarticulo"), s.interno, s.id, cantidad, c.TxtUnidad};
+    if (!s.enlace->RetomarInsumo(toma, CIFDescontado)) return false;
+    c.TxtInsumosTemp = numeros::aTexto(CIFDescontado);
+    return true;
 }
 
 /// The figure that a line hands to its article: none where the field has none, or still shows what the
@@ -246,9 +276,11 @@ Borrado borrarLinea(AppContext &ctx, SubItems &s, qint64 id) {
                        donde,
                    rs))
         return Borrado::NoEsta;
-    if (rs.Texto(u"cancelaciones") == "OK"_L1 &&
-        (!s.enlace ||
-         !s.enlace->EliminarInsumo(s.interno, rs.Texto(u"idcatalogo"), rs.Texto(u"idarticulo"), id))) {
+    // A cancellation of its item hangs on a line without the mark.
+    const bool tomo = rs.Texto(u"cancelaciones") == "OK"_L1 ||
+                      (s.enlace && s.enlace->QueTomo(s.interno, id) != insumos::Tomado::Nada);
+    if (tomo && (!s.enlace || !s.enlace->EliminarInsumo(s.interno, rs.Texto(u"idcatalogo"),
+                                                        rs.Texto(u"idarticulo"), id))) {
         ctx.dialogos.advertir(u"Error en eliminar la relacion con insumos"_s);
         return Borrado::Negado;
     }
@@ -279,6 +311,7 @@ Grabacion ModificarSubItems(AppContext &ctx, SubItems &s) {
     const Veredicto v = RevisarLinea(ctx, s, true);
     if (!v.ok) return {false, false, v.foco, s.id};
     const qint64 id = s.id;
+    if (!retomarInsumos(ctx, s)) return {false, false, u"TxtCantidad"_s, id};
     if (Ejecutar(ctx, internos, sentenciaDeCambio(ctx, s)) == 0) {
         ctx.dialogos.advertir(
             u"El subitem ya no está en la operación: cierre la pantalla y vuelva a abrirla."_s);

@@ -1,5 +1,6 @@
 // The demonstration data built into the program, through the same loader as a user's own files.
 
+#include <QDate>
 #include <QFile>
 
 #include "frame/base/ini.h"
@@ -75,10 +76,22 @@ const char *const tablasDeDemostracion[] = {
     "facturas",
     "prorrateo",
     "subitems",
+    "stock",
+    "stockmov",
+    "descargas",
     "itempresu",
     "itemref",
     "coment",
 };
+
+/// A term that is always near its end: no file can tell it.
+void ponerVencimientoCercano(const Destino &destino) {
+    constexpr int dias = 20;
+    destino.almacen->ejecutar(
+        u"update %1 set vencimiento = '%2 00:00:00' "
+        "where dit = '24001IT01004455B'"_s.arg(destino.nombre,
+                                               QDate::currentDate().addDays(dias).toString(Qt::ISODate)));
+}
 
 /// What a first look needs: the two VAT rates (law 23.349, art. 28), without which nothing would show VAT,
 /// and every operation in the list. A configuration that is there stays.
@@ -118,6 +131,7 @@ Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progr
                     "entregó el programa."_s.arg(tabla, parte.avisos.front());
                 return resultado;
             }
+            if (tabla == "stock"_L1) ponerVencimientoCercano(destino);
             resultado.cambios << u"%1: %2 filas"_s.arg(tabla).arg(parte.cargadas);
         }
         ponerConfiguracion(rutaDelPerfil, resultado);

@@ -87,8 +87,8 @@ const Fila filas[] = {
      "#preciounitario idpais sufijos #merma @fecha @vencimiento cuitcliente expctit interno #idlinea",
      "cuitcliente,idcatalogo,idarticulo;dit;interno"},
     {"stockmov", "INTERNOS",
-     "*id #idstock interno #idlinea #iditem #cantidad #factor #descontado #cif @fecha maquina @devuelta "
-     "maquinadevuelta",
+     "*id #idstock interno #idlinea #iditem paraitem #cantidad #factor #descontado #cif @fecha maquina "
+     "@devuelta maquinadevuelta",
      "interno,idlinea;idstock"},
     // The declarations that were handed over
     {"transferidas", "INTERNOS", "interno @fecha maquina archivo suma", "interno"},

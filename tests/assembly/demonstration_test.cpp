@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char *operaciones[] = {"IC-2026-0001",   "EC-2026-0002",  "IT-2026-0003",
-                                       "DJAI-2026-0004", "ICR-2026-0005", "EC-2026-0006"};
+constexpr const char *operaciones[] = {"IC-2026-0001",  "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
+                                       "ICR-2026-0005", "EC-2026-0006", "IT-2026-0007", "EC-2026-0008"};
 
 // Tables and what keeps them in one order whatever the store. The advantages linked to articles are the
 // server's alone, so they are left out.

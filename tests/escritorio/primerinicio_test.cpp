@@ -54,7 +54,7 @@ TEST_F(PrimerInicio, EnterMakesTheDemonstrationAndGoesOnToTheMenu) {
     esperar("FrmPrincipal|GrdMenuMain");
     terminar();
     EXPECT_EQ(hecho(), "ZENDRA3.perfil.cfg ZENDRA3.perfil.ini db");
-    EXPECT_EQ(operaciones(), 6);
+    EXPECT_EQ(operaciones(), 8);
     // The next start has nothing to offer.
     empezar();
     esperar("FrmPrincipal|GrdMenuMain");

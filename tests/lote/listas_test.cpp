@@ -138,11 +138,12 @@ TEST_P(ListasEnLote, EveryListLeavesInEveryForm) {
         QString nombre, clave;
         int filas;
     };
-    const Caso casos[] = {{u"lineas"_s, importacion, 25},     {u"lineas-horizontal"_s, importacion, 25},
-                          {u"posiciones"_s, importacion, 25}, {u"posiciones-horizontal"_s, importacion, 25},
-                          {u"catalogo"_s, u"HIDPLATA"_s, 20}, {u"bultos"_s, importacion, 1},
-                          {u"operaciones"_s, {}, 6}};
-    EXPECT_EQ(std::size(casos), listas::Listas().size() + 1);
+    const Caso casos[] = {{u"lineas"_s, importacion, 25},      {u"lineas-horizontal"_s, importacion, 25},
+                          {u"posiciones"_s, importacion, 25},  {u"posiciones-horizontal"_s, importacion, 25},
+                          {u"catalogo"_s, u"HIDPLATA"_s, 20},  {u"bultos"_s, importacion, 1},
+                          {u"operaciones"_s, {}, 8},           {u"stock"_s, {}, 5},
+                          {u"insumos"_s, u"EC-2026-0008"_s, 3}};
+    EXPECT_EQ(std::size(casos), listas::Listas().size() + 3);
     for (const Caso &c : casos) {
         EXPECT_TRUE(texto(escrita(c.nombre, c.clave, "pdf", c.filas)).contains(u"Hoja 1 de "_s)) << c.filas;
         const QJsonArray filas =
@@ -154,13 +155,13 @@ TEST_P(ListasEnLote, EveryListLeavesInEveryForm) {
 
 TEST_P(ListasEnLote, OperationsAndPackagesHaveTheirDaysAsDays) {
     const QJsonArray operaciones =
-        libro(escrita(u"operaciones"_s, {}, "xlsx", 6)).value(u"filas"_s).toArray();
-    const QJsonArray cuarta = operaciones[4].toArray();
-    EXPECT_EQ(cuarta[0].toString(), importacion);
-    EXPECT_EQ(cuarta[1].toObject().value(u"dia"_s).toString(), u"2026-01-12"_s);
-    EXPECT_EQ(cuarta[6].toDouble(), 35950);
-    EXPECT_EQ(cuarta[8].toString(), u"A armar"_s);
-    EXPECT_EQ(operaciones.last().toArray()[0].toString(), u"Total: 6 operaciones"_s);
+        libro(escrita(u"operaciones"_s, {}, "xlsx", 8)).value(u"filas"_s).toArray();
+    const QJsonArray quinta = operaciones[5].toArray();
+    EXPECT_EQ(quinta[0].toString(), importacion);
+    EXPECT_EQ(quinta[1].toObject().value(u"dia"_s).toString(), u"2026-01-12"_s);
+    EXPECT_EQ(quinta[6].toDouble(), 35950);
+    EXPECT_EQ(quinta[8].toString(), u"A armar"_s);
+    EXPECT_EQ(operaciones.last().toArray()[0].toString(), u"Total: 8 operaciones"_s);
     const QJsonArray bultos =
         libro(escrita(u"bultos"_s, importacion, "xlsx", 1)).value(u"filas"_s).toArray()[1].toArray();
     EXPECT_EQ(bultos[0].toString(), u"14"_s);
@@ -206,7 +207,8 @@ TEST(ListasEnLotePedidas, AWrongUseIsOneSentence) {
     const QTemporaryDir dir;
     const QString p = dir.filePath(u"p.ini"_s);
     const QString nombres =
-        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, operaciones"_s;
+        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, operaciones, "
+        "stock, insumos"_s;
     struct Caso {
         QStringList argumentos;
         QString dice;

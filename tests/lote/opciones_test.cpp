@@ -67,6 +67,8 @@ TEST(OpcionesDeLote, EveryNameFillsItsMember) {
         flag(R"({"NoEnviarDescripcionAlITEM":"S"})", &O::NoEnviarDescripcionAlITEM, true),
         flag(R"({"NoEnviarDescripcionAlITEM":"N"})", &O::NoEnviarDescripcionAlITEM, false),
         flag(R"({"CancelManual":"S"})", &O::CancelManual, true),
+        flag(R"({"INSTMP.RestarPerMer":"S"})", &O::RestarPerMer, true),
+        flag(R"({"opVDE":"S"})", &O::opVDE, true),
         texto(R"({"NROSUFIJ":"x"})", &O::NROSUFIJ, "x"),
         texto(R"({"MODARTSUB":"S"})", &O::MODARTSUB, "S"),
         texto(R"({"VrySbtDup":"S"})", &O::VrySbtDup, "S"),

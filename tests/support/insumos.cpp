@@ -17,6 +17,10 @@ LibreriaDeInsumos::LibreriaDeInsumos() {
             cif = CIFDescontado;
             return dice("AgregarInsumo"_L1);
         };
+        e.Participa = [](const insumos::Toma &) { return true; };
+        e.QueTomo = [](const QString &, qint64) { return insumos::Tomado::Nada; };
+        e.RetomarInsumo = [](const insumos::Toma &, double &) { return true; };
+        e.ReubicarItems = [](const QString &) {};
         e.EliminarInsumo = [this, dice](const QString &interno, const QString &catalogo,
                                         const QString &articulo, qint64 linea) {
             llamadas << u"EliminarInsumo %1|%2|%3|%4"_s.arg(interno, catalogo, articulo).arg(linea);

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char *const operacionesDeMuestra[] = {"IC-2026-0001",   "EC-2026-0002",  "IT-2026-0003",
-                                            "DJAI-2026-0004", "ICR-2026-0005", "EC-2026-0006"};
+const char *const operacionesDeMuestra[] = {"IC-2026-0001",  "EC-2026-0002", "IT-2026-0003", "DJAI-2026-0004",
+                                            "ICR-2026-0005", "EC-2026-0006", "IT-2026-0007", "EC-2026-0008"};
 
 /// The check digit of a tax number: digits 10 to 1 times 2 to 7, round and round; 11 less the rest of
 /// dividing by 11.
@@ -98,8 +98,8 @@ TEST_P(Demostracion, ThePositionsSpreadOverManyChaptersAndKeysAreWhole) {
         EXPECT_EQ(cuenta(u"unidades where id = '%1'"_s.arg(unidad)), 1) << unidad.toStdString();
 }
 
-TEST_P(Demostracion, SixOperationsStandComplete) {
-    EXPECT_EQ(cuenta("caratula"), 6);
+TEST_P(Demostracion, EightOperationsStandComplete) {
+    EXPECT_EQ(cuenta("caratula"), 8);
     for (const char *clave : operacionesDeMuestra) {
         const QString donde = u"interno = '%1'"_s.arg(QLatin1String(clave));
         Recordset c;
@@ -199,7 +199,7 @@ TEST_P(Demostracion, TheConsumptionImportIsTheOnePromised) {
 
 TEST_P(Demostracion, TheOthersAreOfTheirKind) {
     EXPECT_EQ(cuenta("caratula where idsubreg = 'EC01' and idpaisdestino <> ''"), 2);
-    EXPECT_EQ(cuenta("caratula where idsubreg = 'IT01' and motivodestsuspensiva = 'DTO.1439/96'"), 1);
+    EXPECT_EQ(cuenta("caratula where idsubreg = 'IT01' and motivodestsuspensiva = 'DTO.1439/96'"), 2);
     EXPECT_GT(cuenta("subitems where interno = 'ICR-2026-0005' and left(itfiller,9) = 'LISTA:314'"), 0);
     EXPECT_GT(cuenta("subitems where interno = 'ICR-2026-0005' and lapi = 'S'"), 0);
     EXPECT_EQ(cuenta("subitems where interno = 'DJAI-2026-0004' and (descripcion_maria is null or "
@@ -241,8 +241,8 @@ TEST_P(Demostracion, TheConfigurationShowsEveryOperationAndBothVatRates) {
     Arrancar(nuevo);
     EXPECT_TRUE(nuevo.opciones.OperacionesMostrarTODO);
     const std::vector<FilaDeInterno> lista = LeerInternos(nuevo, {});
-    ASSERT_EQ(lista.size(), 66U);
-    EXPECT_EQ(lista[3].Interno, u"IC-2026-0001"_s);
+    ASSERT_EQ(lista.size(), 68U);
+    EXPECT_EQ(lista[4].Interno, u"IC-2026-0001"_s);
 }
 
 TEST_P(Demostracion, AConfigurationThatIsThereStays) {
@@ -267,7 +267,7 @@ TEST_P(Demostracion, ASecondLoadLeavesWhatIsThere) {
     EXPECT_TRUE(r.ok) << r.error.toStdString();
     EXPECT_EQ(r.cambios, QStringList());
     EXPECT_EQ(cuenta("subitems"), lineas);
-    EXPECT_EQ(cuenta("caratula"), 6);
+    EXPECT_EQ(cuenta("caratula"), 8);
 }
 
 EN_AMBOS_STORES(Demostracion);
