@@ -15,6 +15,7 @@
 #include "header/FrmClientes.h"
 #include "operations/FrmInternoNew.h"
 #include "regulatory/frmActualizacion.h"
+#include "stock/FrmStock.h"
 #include "subitems/FrmCatArticulos.h"
 #include "subitems/FrmConsultas.h"
 
@@ -118,6 +119,8 @@ void MenuP::Conectar() {
         Pantalla<frmActualizacion>().Mostrar();
         CerrarPantalla<frmActualizacion>();
     });
+    QObject::connect(ui.CmdStock, &QPushButton::clicked, ventana.get(),
+                     [] { Pantalla<FrmStock>().Mostrar(); });
     EscucharTeclas(ventana.get(), [](QKeyEvent *tecla) {
         if (tecla->key() != Qt::Key_Escape) return false;
         TerminarPrograma();

@@ -18,6 +18,8 @@
 #include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmTransferencia.h"
 #include "regulatory/frmONCCA.h"
+#include "stock/FrmStock.h"
+#include "stock/inputsreport.h"
 #include "stock/load.h"
 #include "subitems/FrmConsultas.h"
 #include "subitems/FrmSubItems.h"
@@ -35,8 +37,7 @@ const QString sinDato = u"—"_s;
 using FormaDelTablero = Ui::FrmDetalleInterno;
 
 /// The buttons whose work is done by libraries that are not part of this program.
-constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 4> bibliotecasDelTablero{{
-    {&FormaDelTablero::CmdPrint, "oInputsLink"_L1},
+constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 3> bibliotecasDelTablero{{
     {&FormaDelTablero::CmdHojaVal, "oValuationSheet"_L1},
     {&FormaDelTablero::cmdCertOrig, "OriginCerts"_L1},
     {&FormaDelTablero::Command1, "LnaOutputBuilder"_L1},
@@ -74,6 +75,8 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.CmdPresupuesto, [this] { CmdPresupuesto_Click(); });
     alPulsar(ui.cmdONCCA, [this] { cmdONCCA_Click(); });
     for (QPushButton *boton : {ui.cmdExportar, ui.cmdExportINS}) alPulsar(boton, [this] { ExportarStock(); });
+    alPulsar(ui.CmdPrint, [this] { CmdPrint_Click(); });
+    alPulsar(ui.cmdStock, [this] { Pantalla<FrmStock>().MostrarDeOperacion(interno_); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
         alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
@@ -275,6 +278,11 @@ void FrmDetalleInterno::cmdONCCA_Click() {
 void FrmDetalleInterno::ExportarStock() {
     AppContext &ctx = Contexto();
     Manejar(ctx, [&] { stock::CargarPreguntando(ctx, interno_, QDate::currentDate()); });
+}
+
+void FrmDetalleInterno::CmdPrint_Click() {
+    AppContext &ctx = Contexto();
+    Manejar(ctx, [&] { stock::GenerarIMP(ctx, interno_); });
 }
 
 void FrmDetalleInterno::cmdCaratula_Click() {

@@ -46,6 +46,7 @@ class FrmDetalleInterno {
     void cmdONCCA_Click();
     /// Both buttons put the lines of a temporary import into the stock.
     void ExportarStock();
+    void CmdPrint_Click();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

@@ -10,6 +10,7 @@
 #include "desktop/dialogosqt.h"
 #include "desktop/fin.h"
 #include "desktop/salidasqt.h"
+#include "desktop/stockqt.h"
 #include "frame/context.h"
 #include "frame/lasthandler.h"
 #include "frame/startup.h"
@@ -49,7 +50,7 @@ int correr(AppContext &ctx) {
     ctx.DataManager.elegir = elegirPerfil;
     if (ctx.DataManager.primerInicio() && !ofrecerStores(ctx)) return EXIT_SUCCESS;
     // Their options are read with the others.
-    stock::Enchufar(ctx);
+    stock::Enchufar(ctx, PantallasDeStock());
     Arrancar(ctx);
     Pantalla<FrmPrincipal>().Mostrar();
     // Asked while no event loop ran: there is nothing left for one to do.

@@ -60,6 +60,9 @@ insumos::Eleccion eleccionDe(AppContext &ctx, const QString &interno, const Eleg
     e.PRDDES = a.descripcion;
     e.PRDNCM = a.ncm;
     e.PRDUNI = a.idunidad;
+    double cantidad = 0;
+    for (const Parte &p : elegido.partes) cantidad += p.cantidad;
+    if (cantidad > 0) e.PRDCAN = numeros::aTexto(numeros::redondear(cantidad, Decimales(ctx)));
     std::optional<Linea> primera;
     if (!elegido.partes.empty()) {
         primera = LeerLinea(ctx, elegido.partes.front().idstock);

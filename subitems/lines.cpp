@@ -185,6 +185,11 @@ bool SelectINSUMOS(AppContext &ctx, SubItems &s) {
     s.marcaERR = eleccion->ERR;
     BuscarNCM(ctx, s);
     CampoDeLineaEnter(ctx, s, u"TxtUnidad"_s);
+    if (!eleccion->PRDCAN.isEmpty()) {
+        c.TxtCantidad = eleccion->PRDCAN;
+        ReemplazarSeparadorDecimal(c.TxtCantidad, ctx.SeparadorDecimal);
+        CantidadCambia(ctx, s);
+    }
     c.LbDescPais = getPaisDescripcion(ctx, c.TxtIdpais);
     c.txtSufijos = eleccion->PRDSUF;
     return true;

@@ -1,6 +1,7 @@
 #include "frame/ui/ListaConBusqueda.h"
 
 #include <QAbstractTableModel>
+#include <QBrush>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -33,6 +34,7 @@ class ModeloDeFilas : public QAbstractTableModel {
         visibles_ = std::move(visibles);
         endResetModel();
     }
+    void colorear(std::function<std::optional<QColor>(int)> color) { color_ = std::move(color); }
     QStringList columna(int cual) const {
         QStringList textos;
         textos.reserve(static_cast<qsizetype>(filas_.size()));
@@ -55,6 +57,7 @@ class ModeloDeFilas : public QAbstractTableModel {
     QVariant data(const QModelIndex &celda, int papel) const override {
         if (!celda.isValid()) return {};
         if (papel == Qt::TextAlignmentRole) return lado(celda.column());
+        if (papel == Qt::ForegroundRole) return tinta(fila(celda.row()));
         if (papel != Qt::DisplayRole) return {};
         return filas_[static_cast<std::size_t>(fila(celda.row()))].value(celda.column());
     }
@@ -71,10 +74,16 @@ class ModeloDeFilas : public QAbstractTableModel {
         return QVariant((numero ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
 
+    QVariant tinta(int fila) const {
+        const auto color = color_ ? color_(fila) : std::nullopt;
+        return color ? QVariant(QBrush(*color)) : QVariant();
+    }
+
     QStringList columnas_;
     std::vector<int> numericas_;
     std::vector<QStringList> filas_;
     std::vector<int> visibles_;  ///< ascending
+    std::function<std::optional<QColor>(int)> color_;
 };
 
 namespace {
@@ -124,6 +133,10 @@ void ListaConBusqueda::vincular(QTableView *vista, std::vector<Caja> cajas, Acci
     }
     EscucharTeclas(vista_, [this](QKeyEvent *tecla) { return teclaDeGrilla(tecla); });
     QObject::connect(vista_, &QTableView::doubleClicked, vista_, [this] { hacer(acciones_.tomar, true); });
+}
+
+void ListaConBusqueda::Colorear(std::function<std::optional<QColor>(int fila)> color) {
+    modelo_->colorear(std::move(color));
 }
 
 int ListaConBusqueda::Visibles() const {
@@ -197,6 +210,10 @@ void ListaConBusqueda::EstrecharYa() {
 }
 
 void ListaConBusqueda::estrechar() {
+    if (acciones_.buscar) {
+        acciones_.buscar();
+        return;
+    }
     const Caja &caja = cajas_.at(estrecha_);
     if (!contenido_) contenido_ = BuscadorPorContenido(modelo_->columna(caja.columna));
     modelo_->mostrar(contenido_->Filas(caja.campo->text()));

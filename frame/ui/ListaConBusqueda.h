@@ -2,6 +2,7 @@
 // The keys that every list of records shares: search as one types, moving, taking, adding, changing,
 // deleting.
 
+#include <QColor>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -38,6 +39,8 @@ class ListaConBusqueda {
         std::function<void()> agregar;         ///< Insert
         std::function<void()> eliminar;        ///< Delete, in the grid
         std::function<void()> estrechar = {};  ///< other rows came in sight
+        /// Where it is set, a box that narrows asks for its rows anew in place of looking among those loaded.
+        std::function<void()> buscar = {};
     };
 
     /// Binds the grid and its boxes. The widgets must outlive the events, not this object's construction.
@@ -58,6 +61,8 @@ class ListaConBusqueda {
     void EstrecharPor(const QLineEdit *campo, int columna);
     /// A typing that still rests is searched at once.
     void EstrecharYa();
+    /// The colour that a loaded row is written in; none leaves it as the others are. For a view over a model.
+    void Colorear(std::function<std::optional<QColor>(int fila)> color);
     /// How many rows are in sight.
     int Visibles() const;
 

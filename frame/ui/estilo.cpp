@@ -86,6 +86,12 @@ QColor estilo::bien() {
 QColor estilo::falta() {
     return {0xb3, 0x26, 0x1e};
 }
+QColor estilo::aviso() {
+    return {0x9a, 0x5b, 0x00};
+}
+QColor estilo::apagado() {
+    return {0x78, 0x90, 0x9c};
+}
 QColor estilo::detalle() {
     return {0, 102, 102};
 }

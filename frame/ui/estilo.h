@@ -16,6 +16,10 @@ namespace estilo {
 QColor acento();
 QColor bien();
 QColor falta();
+/// What is not wrong yet but will be soon.
+QColor aviso();
+/// What is over.
+QColor apagado();
 /// The second line under an operation of the browser, and the rows of a group.
 QColor detalle();
 QColor grupo();

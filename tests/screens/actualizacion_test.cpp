@@ -283,6 +283,8 @@ TEST_P(Actualizacion, TheMenusButtonIsReachedByTabAndPressedByEnter) {
     tecla(Qt::Key_Tab);
     EXPECT_TRUE(ui.GridFormularios->hasFocus());
     tecla(Qt::Key_Tab);
+    EXPECT_TRUE(ui.CmdStock->hasFocus());
+    tecla(Qt::Key_Tab);
     ASSERT_TRUE(ui.comprobarActualizacion->hasFocus());
     EXPECT_TRUE(ui.lbTeclas->text().contains(u"ALT+T  comprobar actualización"_s));
     bool abierta = false;

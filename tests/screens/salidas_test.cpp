@@ -59,6 +59,9 @@
 #include "outputs/FrmTransferencia.h"
 #include "regulatory/frmActualizacion.h"
 #include "regulatory/frmONCCA.h"
+#include "stock/FrmCancelaciones.h"
+#include "stock/FrmStock.h"
+#include "stock/FrmTomarInsumos.h"
 #include "subitems/FrmArticulos.h"
 #include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCargaSufijos.h"
@@ -120,7 +123,9 @@ class Salidas : public EnPantalla {
         iniciarAntes = iniciarPrograma;
         TerminarPrograma = [] { Pantalla<FrmPrincipal>().ventana->hide(); };
         iniciarPrograma = [](const QString &, const QStringList &) { return true; };
-        ejecutar(u"insert into caratula (interno,fechaalta) values ('VACIA',null)"_s);
+        ejecutar(u"insert into caratula (interno,fechaalta,cuitcliente) values ('VACIA',null,'1')"_s);
+        // Without inputs there is nothing to be chosen of.
+        ejecutar(u"insert into stock (cuitcliente,idarticulo,cantidad,saldo) values ('1','A',1,1)"_s);
         ctx->ConfigFilePath = tienda->carpeta() + "/Prueba.cfg"_L1;
         ctx->ChequeoArmado = u"SI"_s;
         // As the dashboard leaves it on the road to the items.
@@ -317,6 +322,13 @@ class Salidas : public EnPantalla {
                                   [] {
                                       Pantalla<FrmSubItems>().Mostrar(vacia, {1, 1, 1, 1, 1, 1, 1, 1});
                                   }),
+            salidaDe<FrmCancelaciones>("FrmCancelaciones",
+                                       [] {
+                                           Pantalla<FrmCancelaciones>().Ingresar(vacia, u"1"_s);
+                                           CerrarPantalla<FrmCancelaciones>();
+                                       }),
+            salidaDe<FrmStock>("FrmStock", [] { Pantalla<FrmStock>().Mostrar(); }),
+            salidaDe<FrmTomarInsumos>("FrmTomarInsumos", [] { TomarInsumos(vacia); }),
             salidaDe<FrmSufijos>("FrmSufijos", [] { VerSufijos(posicion, {}); }),
             salidaDe<FrmVentajas>("FrmVentajas",
                                   [] {
@@ -443,7 +455,7 @@ TEST_P(Salidas, EveryScreenOfTheProgramIsAmongThem) {
     QStringList estan;
     for (const Salida &salida : todas()) estan << QLatin1String(salida.nombre);
     for (const char *carpeta : {"assembly", "desktop", "frame", "header", "liquidation", "operations",
-                                "outputs", "regulatory", "subitems"}) {
+                                "outputs", "regulatory", "stock", "subitems"}) {
         QDirIterator formas(CarpetaDeFuentes() + QLatin1Char('/') + QLatin1String(carpeta), {u"*.ui"_s},
                             QDir::Files, QDirIterator::Subdirectories);
         while (formas.hasNext()) {
