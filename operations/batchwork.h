@@ -77,6 +77,13 @@ int ListarCatalogos(const Trabajo &t);
 /// Moves articles of a catalogue to another; `falla` when one stays.
 int MoverArticulos(const Trabajo &t);
 
+/// Writes the operations of the keys into the file of --salida.
+int ExportarOperaciones(const Trabajo &t);
+/// Imports a file, tells what became of each operation; `falla` when one could not be imported.
+int ImportarOperaciones(const Trabajo &t);
+/// What is wrong with the word of --existentes.
+QString DefectoDeExistentes(const QString &palabra);
+
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
 
