@@ -19,6 +19,7 @@ const std::vector<Lista> &todasLasListas() {
     static const std::vector<Lista> todas = [] {
         std::vector<Lista> filas = listas::Listas();
         filas.push_back(ListaDeOperaciones());
+        filas.push_back(ListaDeTransferidas());
         return filas;
     }();
     return todas;
