@@ -6,6 +6,7 @@
 
 #include "frame/base/values.h"
 #include "frame/entities.h"
+#include "frame/files.h"
 #include "frame/paper/replace.h"
 #include "operations/exchangefile.h"
 #include "operations/exchangemarks.h"
@@ -102,6 +103,13 @@ void mirarFila(const LectorDeArchivo &lector, OperacionEnArchivo &una) {
 }
 
 }  // namespace
+
+QString RutaDe(const AppContext &ctx, const QString &texto) {
+    const QString limpio = texto.trimmed();
+    if (limpio.isEmpty()) return {};
+    return QDir(CarpetaDeArchivos(ctx, seccionDeAjustes))
+        .absoluteFilePath(QDir::fromNativeSeparators(limpio));
+}
 
 bool HayEnElStore(AppContext &ctx, const QString &clave) {
     Recordset rs;

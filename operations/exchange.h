@@ -11,6 +11,14 @@
 
 namespace intercambio {
 
+/// The end of the files' names, what a dialog that asks for one shows, and where the folder of the last one
+/// is kept.
+inline const QString finDeNombre = QStringLiteral("zop");
+inline const QString filtroDeArchivos = QStringLiteral("Operaciones (*.zop)");
+inline const QString seccionDeAjustes = QStringLiteral("INTERCAMBIO");
+/// The whole path that a user's text means, below the folder of the last file; empty for none.
+QString RutaDe(const AppContext &ctx, const QString &texto);
+
 /// How an export ended.
 struct Exportacion {
     bool hecho = false;
@@ -50,6 +58,10 @@ struct Plan {
     Decision decision = Decision::Omitir;
     QString clave = {};  ///< for OtraClave
 };
+
+/// What can be done with an operation of a file, in the order in which it is offered; the first is what is
+/// done when nobody says otherwise.
+const std::vector<Decision> &DecisionesPosibles(bool existe);
 
 /// Whether the store has an operation of this key. Raises Falla.
 bool HayEnElStore(AppContext &ctx, const QString &clave);

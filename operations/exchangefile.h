@@ -16,8 +16,6 @@ namespace intercambio {
 
 /// The version that is written, and the highest that is read.
 constexpr int versionDeFormato = 1;
-/// The end of the files' names.
-inline const QString finDeNombre = QStringLiteral("zop");
 
 /// What a Falla of the file, and not of a store, tells as its source.
 inline const QString fuenteDeArchivo = QStringLiteral("intercambio");

@@ -182,6 +182,13 @@ QString contadas(int cuantas, const QString &una, const QString &varias) {
 
 }  // namespace
 
+const std::vector<Decision> &DecisionesPosibles(bool existe) {
+    static const std::vector<Decision> nueva{Decision::Importar, Decision::Omitir, Decision::OtraClave};
+    static const std::vector<Decision> deLaQueEsta{Decision::Omitir, Decision::Reemplazar,
+                                                   Decision::OtraClave};
+    return existe ? deLaQueEsta : nueva;
+}
+
 QString ClaveLibre(AppContext &ctx, const QString &clave, const QStringList &tomadas) {
     for (int n = 2;; ++n) {
         const QString cola = u'-' + QString::number(n);
