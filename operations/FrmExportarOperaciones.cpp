@@ -31,7 +31,7 @@ enum ColumnaDeExportar {
 
 /// How many characters each column is wide; the client takes the rest.
 constexpr std::pair<int, int> anchosDeExportar[] = {
-    {Marca, 6}, {ExportarInterno, 26}, {ExportarRegimen, 11}, {ExportarFecha, 13}, {ExportarEstado, 12}};
+    {Marca, 6}, {ExportarInterno, 30}, {ExportarRegimen, 11}, {ExportarFecha, 17}, {ExportarEstado, 12}};
 
 QString contadasMarcadas(qsizetype cuantas) {
     if (cuantas == 0) return u"Ninguna operación marcada"_s;
@@ -46,7 +46,9 @@ FrmExportarOperaciones::FrmExportarOperaciones() : ventana(HacerDialogo()) {
                            {u"Va"_s, u"Interno"_s, u"Régimen"_s, u"Cliente"_s, u"Fecha"_s, u"Estado"_s});
     const int letra = ui.GrOperaciones->fontMetrics().averageCharWidth();
     for (const auto &[columna, letras] : anchosDeExportar)
-        ui.GrOperaciones->setColumnWidth(columna, letra * letras);
+        ui.GrOperaciones->setColumnWidth(
+            columna,
+            std::max(letra * letras, ui.GrOperaciones->horizontalHeader()->sectionSizeHint(columna)));
     ui.GrOperaciones->horizontalHeader()->setSectionResizeMode(ExportarCliente, QHeaderView::Stretch);
     Conectar();
 }

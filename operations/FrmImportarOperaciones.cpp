@@ -35,7 +35,7 @@ enum ColumnaDeImportar {
 /// How many characters each column is wide; the client takes the rest.
 constexpr std::pair<int, int> anchosDeImportar[] = {{ImportarInterno, 24}, {ImportarRegimen, 11},
                                                     {ImportarLineas, 10},  {ImportarItems, 9},
-                                                    {EnEsteStore, 14},     {QueSeHace, 30}};
+                                                    {EnEsteStore, 14},     {QueSeHace, 40}};
 
 QString textoDe(const intercambio::Plan &plan) {
     switch (plan.decision) {
@@ -75,7 +75,9 @@ FrmImportarOperaciones::FrmImportarOperaciones() : ventana(HacerDialogo()) {
                                               u"Items"_s, u"En este store"_s, u"Qué se hace"_s});
     const int letra = ui.GrOperaciones->fontMetrics().averageCharWidth();
     for (const auto &[columna, letras] : anchosDeImportar)
-        ui.GrOperaciones->setColumnWidth(columna, letra * letras);
+        ui.GrOperaciones->setColumnWidth(
+            columna,
+            std::max(letra * letras, ui.GrOperaciones->horizontalHeader()->sectionSizeHint(columna)));
     ui.GrOperaciones->horizontalHeader()->setSectionResizeMode(ImportarCliente, QHeaderView::Stretch);
     elegirArchivo = [this](const QString &carpeta) {
         return QFileDialog::getOpenFileName(ventana.get(), tituloDeImportar, carpeta,

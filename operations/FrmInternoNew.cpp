@@ -66,6 +66,8 @@ FrmInternoNew::FrmInternoNew() : ventana(HacerDialogo()) {
 
 void FrmInternoNew::Form_Load() {
     AppContext &ctx = Contexto();
+    descanso_ = new QTimer(ventana.get());
+    descanso_->setSingleShot(true);
     for (const AgrupacionDeInternos &a : AgrupacionesDeInternos()) ui.cboAgruparPor->addItem(a.rotulo);
     const auto [desde, hasta] = PeriodoInicial(QDate::currentDate());
     ui.DTP_Desde->setDate(desde);
@@ -143,8 +145,6 @@ void FrmInternoNew::Conectar() {
     QObject::connect(MnuListarTransferidas, &QAction::triggered, v, [this] { lp_ImprimirList(); });
     QObject::connect(botonCopiar, &QAction::triggered, v, [this] { Copiar(); });
     QObject::connect(MnuVer, &QAction::triggered, v, [this] { Ver(); });
-    descanso_ = new QTimer(v);
-    descanso_->setSingleShot(true);
     QObject::connect(descanso_, &QTimer::timeout, v, [this] { CompararLaSiguiente(); });
     QObject::connect(ui.lstInterno->verticalScrollBar(), &QScrollBar::valueChanged, v,
                      [this] { descanso_->start(descansoDelTeclado); });
@@ -212,7 +212,7 @@ void FrmInternoNew::Agrupar() {
         ui.lstInterno->setFirstColumnSpanned(fila, {}, true);
     ui.lstInterno->setRootIsDecorated(por.campo != nullptr);
     ui.lstInterno->expandAll();
-    constexpr int anchos[] = {4, 18, 12, 26, 30, 24};
+    constexpr int anchos[] = {4, 18, 11, 22, 26, 20};
     const int letra = ui.lstInterno->fontMetrics().averageCharWidth();
     for (int c = flag; c < Columna::Transferida; ++c) {
         const int sangria = c == flag && por.campo != nullptr ? 2 * ui.lstInterno->indentation() : 16;

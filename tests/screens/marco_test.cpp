@@ -104,6 +104,7 @@ TEST_P(Marco, TheLastTwoEntriesAreTheExchangeOfOperations) {
     conPantallaModal<FrmExportarOperaciones>([](FrmExportarOperaciones &) { tecla(Qt::Key_Escape); });
     tecla(Qt::Key_Return);
     EXPECT_FALSE(PantallaAbierta<FrmExportarOperaciones>());
+    esperarVentana(Pantalla<FrmPrincipal>().ventana.get());
     tecla(Qt::Key_Down);
     conPantallaModal<FrmImportarOperaciones>([](FrmImportarOperaciones &) { tecla(Qt::Key_Escape); });
     tecla(Qt::Key_Return);

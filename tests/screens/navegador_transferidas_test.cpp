@@ -27,9 +27,10 @@ class NavegadorConEntregas : public EnPantalla {
         return navegador;
     }
     void transferir(const QString &clave) {
-        AnotarEntrega(*ctx, clave,
-                      EscribirTransferencia(LeerDeclaracion(*ctx, clave),
-                                            tienda->carpeta() + u'/' + clave + u".xml"_s));
+        const DocumentoEscrito escrito =
+            EscribirTransferencia(LeerDeclaracion(*ctx, clave), tienda->carpeta() + u'/' + clave + u".xml"_s);
+        ASSERT_TRUE(escrito.hecho) << escrito.aviso.toStdString();
+        AnotarEntrega(*ctx, clave, escrito);
     }
     static QStringList claves(const FrmInternoNew &navegador) {
         QStringList todas;
