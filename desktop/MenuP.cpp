@@ -13,6 +13,8 @@
 #include "frame/ui/iconos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmClientes.h"
+#include "operations/FrmExportarOperaciones.h"
+#include "operations/FrmImportarOperaciones.h"
 #include "operations/FrmInternoNew.h"
 #include "regulatory/frmActualizacion.h"
 #include "stock/FrmStock.h"
@@ -35,8 +37,16 @@ const std::array<EntradaDeMenu, 7> entradas{{
     {u"Nomenclador", Dibujo::Nomenclador, [] { Pantalla<FrmConsultas>().Mostrar(); }},
     {u"Catálogos", Dibujo::Catalogos, [] { Pantalla<FrmCatArticulos>().Mostrar(); }},
     {u"Configuración", Dibujo::Configuracion, [] { Pantalla<FrmConfig>().Mostrar(); }},
-    {u"Exportar Operaciones", Dibujo::Exportar, nullptr},
-    {u"Importar Operaciones", Dibujo::Importar, nullptr},
+    {u"Exportar Operaciones", Dibujo::Exportar,
+     [] {
+         Pantalla<FrmExportarOperaciones>().Mostrar();
+         CerrarPantalla<FrmExportarOperaciones>();
+     }},
+    {u"Importar Operaciones", Dibujo::Importar,
+     [] {
+         Pantalla<FrmImportarOperaciones>().Mostrar();
+         CerrarPantalla<FrmImportarOperaciones>();
+     }},
 }};
 
 const std::array<const char16_t *, 10> formularios{

@@ -83,7 +83,8 @@ QString conGuiones(const QString &nombre) {
 }
 
 QString nombreDe(const Argumento &a) {
-    return a.optativo ? u"["_s + t(a.nombre) + u"]"_s : t(a.nombre);
+    const QString nombre = a.repetible ? t(a.nombre) + u"..."_s : t(a.nombre);
+    return a.optativo ? u"["_s + nombre + u"]"_s : nombre;
 }
 
 QString conValor(const Opcion &o) {
@@ -267,20 +268,22 @@ QString revisarArgumentos(const Programa &p, const Comando *c, const QStringList
     const std::vector<Argumento> ninguno;
     const std::vector<Argumento> &esperados = c == nullptr ? ninguno : c->argumentos;
     const auto esperado = [](const Argumento &a) { return u"%1 (%2)"_s.arg(nombreDe(a), t(a.texto)); };
-    for (qsizetype i = 0; i < static_cast<qsizetype>(esperados.size()); ++i) {
-        const Argumento &a = esperados[static_cast<std::size_t>(i)];
+    const auto esperadas = static_cast<qsizetype>(esperados.size());
+    const bool repite = !esperados.empty() && esperados.back().repetible;
+    const qsizetype cuantos = repite ? std::max(esperadas, dados.size()) : esperadas;
+    for (qsizetype i = 0; i < cuantos; ++i) {
+        const Argumento &a = esperados[static_cast<std::size_t>(std::min(i, esperadas - 1))];
         if (dados.value(i).isEmpty() && a.optativo) continue;
         if (dados.value(i).isEmpty()) return u"Falta %1"_s.arg(esperado(a));
         const QString defecto = a.control == nullptr ? QString() : a.control(dados[i]);
         if (!defecto.isEmpty()) return u"%1 no sirve: %2"_s.arg(t(a.nombre), defecto);
     }
-    if (dados.size() <= static_cast<qsizetype>(esperados.size()))
-        return c == nullptr || c->control == nullptr ? QString() : c->control(dados);
+    if (dados.size() <= cuantos) return c == nullptr || c->control == nullptr ? QString() : c->control(dados);
     QStringList lleva;
     for (const Argumento &a : esperados) lleva << esperado(a);
     const QString quien = c == nullptr ? t(p.nombre) : u"el comando "_s + t(c->nombre);
     return u"Sobra \"%1\": %2 %3"_s.arg(
-        dados[static_cast<qsizetype>(esperados.size())], quien,
+        dados[esperadas], quien,
         lleva.isEmpty() ? u"no lleva argumentos"_s : u"lleva sólo "_s + lleva.join(u" y "_s));
 }
 

@@ -31,6 +31,7 @@ struct Argumento {
     const char *texto = "";     ///< what it is: "la clave de una operación"
     Control control = nullptr;  ///< judges it, without blanks around
     bool optativo = false;      ///< need not come; only the last one can be so
+    bool repetible = false;     ///< may come more than once; only the last one can be so
 };
 
 struct Comando {

@@ -1,8 +1,11 @@
 #include "operations/FrmInternoNew.h"
 
+#include <QActionGroup>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <algorithm>
 #include <map>
+#include <tuple>
 
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -22,12 +25,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Milliseconds without a key before what a row was handed over as is compared.
+constexpr int descansoDelTeclado = 150;
+
 /// Columns of the grid; the last is the second line under the row.
-enum Columna { flag, Interno, SubRegimen, Despachante, Cliente, Vendedor };
+enum Columna { flag, Interno, SubRegimen, Despachante, Cliente, Vendedor, Transferida };
 
 const QStringList &titulos() {
-    static const QStringList textos{{},           u"Interno"_s, u"SubRegimen"_s, u"Despachante"_s,
-                                    u"Cliente"_s, u"Vendedor"_s};
+    static const QStringList textos{{},           u"Interno"_s,  u"SubRegimen"_s, u"Despachante"_s,
+                                    u"Cliente"_s, u"Vendedor"_s, u"Transferida"_s};
     return textos;
 }
 
@@ -45,6 +51,7 @@ QList<QStandardItem *> celdasDe(const FilaDeInterno &fila, const QIcon &icono) {
     for (const QString *texto :
          {&fila.Interno, &fila.SubRegimen, &fila.Despachante, &fila.Cliente, &fila.Vendedor})
         celdas << new QStandardItem(*texto);
+    celdas << new QStandardItem;
     return celdas;
 }
 
@@ -59,6 +66,8 @@ FrmInternoNew::FrmInternoNew() : ventana(HacerDialogo()) {
 
 void FrmInternoNew::Form_Load() {
     AppContext &ctx = Contexto();
+    descanso_ = new QTimer(ventana.get());
+    descanso_->setSingleShot(true);
     for (const AgrupacionDeInternos &a : AgrupacionesDeInternos()) ui.cboAgruparPor->addItem(a.rotulo);
     const auto [desde, hasta] = PeriodoInicial(QDate::currentDate());
     ui.DTP_Desde->setDate(desde);
@@ -87,16 +96,26 @@ void FrmInternoNew::ArmarMenu() {
     botonEliminar->setToolTip(u"Eliminar la operación elegida (Supr)"_s);
     botonListar->setToolTip(u"Ver en papel las operaciones de la grilla (F12)"_s);
     popup = std::make_unique<QMenu>();
-    MnuInsertar = popup->addAction(u"&Insertar"_s);
-    MnuVer = popup->addAction(u"&Ver"_s);
-    MnuEliminar = popup->addAction(u"&Eliminar"_s);
-    MnuListar = popup->addAction(u"&Listar"_s);
+    MnuInsertar = popup->addAction(u"I&nsertar\tInsert"_s);
+    MnuVer = popup->addAction(u"&Ver\tENTER"_s);
+    MnuEliminar = popup->addAction(u"&Eliminar\tSupr"_s);
+    MnuListar = popup->addAction(u"&Listar\tF12"_s);
+    MnuListarTransferidas = popup->addAction(u"L&istar transferidas\tF11"_s);
     popup->addSeparator();
-    MnuTodo = popup->addAction(u"&Todo"_s);
-    MnuPendientes = popup->addAction(u"&Pendientes"_s);
-    MnuTransferidos = popup->addAction(u"T&ransferidos"_s);
-    // Operations carry no mark of their transfer that these could choose by.
-    for (QAction *sinUso : {MnuTodo, MnuPendientes, MnuTransferidos}) sinUso->setEnabled(false);
+    auto *cuales = new QActionGroup(popup.get());
+    const std::tuple<QAction **, QString, Transferencias> filtros[] = {
+        {&MnuTodo, u"&Todo"_s, Transferencias::Todo},
+        {&MnuPendientes, u"&Pendientes"_s, Transferencias::Pendientes},
+        {&MnuTransferidos, u"T&ransferidos"_s, Transferencias::Transferidos}};
+    for (const auto &[donde, texto, transferencias] : filtros) {
+        QAction *accion = popup->addAction(texto);
+        accion->setCheckable(true);
+        cuales->addAction(accion);
+        QObject::connect(accion, &QAction::triggered, ventana.get(),
+                         [this, elegida = transferencias] { Elegir(elegida); });
+        *donde = accion;
+    }
+    MnuTodo->setChecked(true);
 }
 
 void FrmInternoNew::Conectar() {
@@ -122,9 +141,13 @@ void FrmInternoNew::Conectar() {
     for (QAction *accion : {botonEliminar, MnuEliminar})
         QObject::connect(accion, &QAction::triggered, v, [this] { Eliminar(); });
     for (QAction *accion : {botonListar, MnuListar})
-        QObject::connect(accion, &QAction::triggered, v, [this] { lp_ImprimirList(); });
+        QObject::connect(accion, &QAction::triggered, v, [this] { Listar(); });
+    QObject::connect(MnuListarTransferidas, &QAction::triggered, v, [this] { lp_ImprimirList(); });
     QObject::connect(botonCopiar, &QAction::triggered, v, [this] { Copiar(); });
     QObject::connect(MnuVer, &QAction::triggered, v, [this] { Ver(); });
+    QObject::connect(descanso_, &QTimer::timeout, v, [this] { CompararLaSiguiente(); });
+    QObject::connect(ui.lstInterno->verticalScrollBar(), &QScrollBar::valueChanged, v,
+                     [this] { descanso_->start(descansoDelTeclado); });
 }
 
 void FrmInternoNew::Mostrar() {
@@ -135,8 +158,14 @@ void FrmInternoNew::Mostrar() {
 }
 
 FiltroDeInternos FrmInternoNew::LeerFiltro() const {
-    return {ui.txtInterno->text(),          ui.txtCliente->text(), ui.txtDespachante->text(),
-            ui.chkFiltroFecha->isChecked(), ui.DTP_Desde->date(),  ui.DTP_Hasta->date()};
+    return {ui.txtInterno->text(),
+            ui.txtCliente->text(),
+            ui.txtDespachante->text(),
+            ui.chkFiltroFecha->isChecked(),
+            ui.DTP_Desde->date(),
+            ui.DTP_Hasta->date(),
+            false,
+            transferencias_};
 }
 
 void FrmInternoNew::BuscarInternos() {
@@ -144,6 +173,7 @@ void FrmInternoNew::BuscarInternos() {
     Manejar(ctx, [&] {
         filtro_ = LeerFiltro();
         filas_ = ::BuscarInternos(ctx, filtro_);
+        comparadas_.clear();
         Agrupar();
     });
 }
@@ -165,6 +195,7 @@ void FrmInternoNew::Agrupar() {
         const auto celdas = celdasDe(fila, icono);
         if (por.campo == nullptr) {
             modelo_.appendRow(celdas);
+            PintarEntrega(celdas.first()->index(), fila);
             continue;
         }
         QStandardItem *&grupo = grupos[fila.*por.campo];
@@ -174,20 +205,22 @@ void FrmInternoNew::Agrupar() {
             modelo_.appendRow(grupo);
         }
         grupo->appendRow(celdas);
+        PintarEntrega(celdas.first()->index(), fila);
     }
     if (por.campo != nullptr) modelo_.sort(0);
     for (int fila = 0; por.campo != nullptr && fila < modelo_.rowCount(); ++fila)
         ui.lstInterno->setFirstColumnSpanned(fila, {}, true);
     ui.lstInterno->setRootIsDecorated(por.campo != nullptr);
     ui.lstInterno->expandAll();
-    constexpr int anchos[] = {4, 18, 12, 30, 34};
+    constexpr int anchos[] = {4, 18, 11, 22, 26, 20};
     const int letra = ui.lstInterno->fontMetrics().averageCharWidth();
-    for (int c = flag; c < Columna::Vendedor; ++c) {
+    for (int c = flag; c < Columna::Transferida; ++c) {
         const int sangria = c == flag && por.campo != nullptr ? 2 * ui.lstInterno->indentation() : 16;
         const int rotulo = ui.lstInterno->header()->sectionSizeHint(c);
         ui.lstInterno->setColumnWidth(c, std::max(letra * anchos[c] + sangria, rotulo));
     }
     if (!Seleccionar(tenia)) ui.lstInterno->setCurrentIndex(primeraOperacion(modelo_));
+    descanso_->start(descansoDelTeclado);
 }
 
 QString FrmInternoNew::InternoSeleccionado() const {
@@ -212,8 +245,11 @@ bool FrmInternoNew::Form_KeyDown(const QKeyEvent *tecla) {
         case Qt::Key_Insert:
             Crear();
             return true;
-        case Qt::Key_F12:
+        case Qt::Key_F11:
             lp_ImprimirList();
+            return true;
+        case Qt::Key_F12:
+            Listar();
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -225,7 +261,10 @@ bool FrmInternoNew::Form_KeyDown(const QKeyEvent *tecla) {
 }
 
 bool FrmInternoNew::lstInterno_KeyDown(const QKeyEvent *tecla) {
-    if (EsEnter(tecla))
+    descanso_->start(descansoDelTeclado);
+    if (tecla->key() == Qt::Key_Menu || tecla->key() == Qt::Key_F10)
+        MostrarPopup();
+    else if (EsEnter(tecla))
         Ver();
     else if (tecla->key() == Qt::Key_F6)
         Copiar();
@@ -310,11 +349,6 @@ void FrmInternoNew::Eliminar() {
     const QModelIndex grupo = actual.parent();
     modelo_.removeRow(actual.row(), grupo);
     if (grupo.isValid() && modelo_.rowCount(grupo) == 0) modelo_.removeRow(grupo.row());
-}
-
-void FrmInternoNew::lp_ImprimirList() {
-    AppContext &ctx = Contexto();
-    Manejar(ctx, [&] { ::lp_ImprimirList(ctx, filas_, filtro_, AgrupadoPor()); });
 }
 
 void FrmInternoNew::Ver() {

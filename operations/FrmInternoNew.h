@@ -3,8 +3,10 @@
 #include <QDialog>
 #include <QMenu>
 #include <QStandardItemModel>
+#include <QTimer>
 #include <functional>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "operations/browser.h"
@@ -28,7 +30,8 @@ class FrmInternoNew {
     std::unique_ptr<QDialog> ventana;
     std::unique_ptr<QMenu> popup;
     QAction *MnuInsertar = nullptr, *MnuVer = nullptr, *MnuEliminar = nullptr, *MnuTodo = nullptr,
-            *MnuPendientes = nullptr, *MnuTransferidos = nullptr, *MnuListar = nullptr;
+            *MnuPendientes = nullptr, *MnuTransferidos = nullptr, *MnuListar = nullptr,
+            *MnuListarTransferidas = nullptr;
     QAction *botonCrear = nullptr, *botonCopiar = nullptr, *botonEliminar = nullptr, *botonListar = nullptr;
 
  private:
@@ -49,9 +52,18 @@ class FrmInternoNew {
     void Copiar();
     void Eliminar();
     void Ver();
+    void Listar();
     void lp_ImprimirList();
+    void MostrarPopup();
+    void Elegir(Transferencias cuales);
+    void PintarEntrega(const QModelIndex &fila, const FilaDeInterno &operacion);
+    void CompararLaSiguiente();
+    FilaDeInterno *filaDe(const QString &interno);
 
     QStandardItemModel modelo_;
     std::vector<FilaDeInterno> filas_;
     FiltroDeInternos filtro_;  ///< what they were searched by
+    Transferencias transferencias_ = Transferencias::Todo;
+    QTimer *descanso_ = nullptr;    ///< of the keyboard, ahead of each comparison
+    std::set<QString> comparadas_;  ///< keys whose hand-over was compared since the search
 };

@@ -71,7 +71,9 @@ void FilaConDetalle::paint(QPainter *pintor, const QStyleOptionViewItem &opcion,
         QFont letra = fila.font;
         letra.setBold(esGrupo(indice) || indice.column() == 1);
         pintor->setFont(letra);
-        pintor->setPen(tinta);
+        // What a cell tells of its own colour, where the selection does not take its ground.
+        const QVariant propia = indice.data(Qt::ForegroundRole);
+        pintor->setPen(elegida || !propia.isValid() ? tinta : propia.value<QColor>());
         pintor->drawText(linea, Qt::AlignLeft | Qt::AlignVCenter,
                          QFontMetrics(letra).elidedText(fila.text, Qt::ElideRight, linea.width()));
     }

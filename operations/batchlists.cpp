@@ -22,6 +22,7 @@ const std::vector<Lista> &todasLasListas() {
         filas.push_back(ListaDeOperaciones());
         filas.push_back(ListaDeStock());
         filas.push_back(ListaDeInsumos());
+        filas.push_back(ListaDeTransferidas());
         return filas;
     }();
     return todas;

@@ -2,6 +2,7 @@
 
 #include "operations/batchwork.h"
 #include "operations/handover.h"
+#include "outputs/handedover.h"
 #include "outputs/transfer.h"
 
 using namespace Qt::StringLiterals;
@@ -31,6 +32,7 @@ int transferirTomada(const Trabajo &t) {
         t.ctx.dialogos.critico(escrito.aviso);
         return falla;
     }
+    AnotarEntrega(t.ctx, t.orden.clave, escrito);
     t.resultado[u"transferido"_s] = true;
     t.resultado[u"archivo"_s] = escrito.archivo;
     t.resultado[u"bytes"_s] = escrito.bytes;

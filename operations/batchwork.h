@@ -88,6 +88,13 @@ int RevisarStock(const Trabajo &t);
 /// Tells the lines of the stock, one an object.
 int ListarStock(const Trabajo &t);
 
+/// Writes the operations of the keys into the file of --salida.
+int ExportarOperaciones(const Trabajo &t);
+/// Imports a file, tells what became of each operation; `falla` when one could not be imported.
+int ImportarOperaciones(const Trabajo &t);
+/// What is wrong with the word of --existentes.
+QString DefectoDeExistentes(const QString &palabra);
+
 // Controls of the command line: what is wrong with the name of a list, with the key beside it, and with the
 // file that it is written into.
 

@@ -45,6 +45,14 @@ QString estadoDe(const QString &marca) {
     return marca == "N"_L1 ? u"Armada"_s : u"Nueva"_s;
 }
 
+void ponerEntregas(AppContext &ctx, std::vector<FilaDeInterno> &filas) {
+    if (filas.empty()) return;
+    QStringList claves;
+    for (const FilaDeInterno &fila : filas) claves << fila.Interno;
+    const std::map<QString, Entrega> entregas = LeerEntregas(ctx, claves);
+    for (FilaDeInterno &fila : filas) fila.entrega = EntregaDe(entregas, fila.Interno);
+}
+
 /// What a code means, asked of the store once a code and not once a row.
 class Sabidos {
  public:
@@ -92,6 +100,10 @@ QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
                            " )"_L1;
     if (!f.txtInterno.trimmed().isEmpty())
         condiciones << " interno like '"_L1 + f.txtInterno.trimmed() + "%' "_L1;
+    if (f.transferencias == Transferencias::Pendientes)
+        condiciones << u" interno not in (select interno from transferidas) "_s;
+    if (f.transferencias == Transferencias::Transferidos)
+        condiciones << u" interno in (select interno from transferidas) "_s;
     return (f.todas || ctx.opciones.OperacionesMostrarTODO ? "select * from caratula "_L1
                                                            : "select top 50 * from caratula "_L1) +
            (condiciones.isEmpty() ? QString() : " where "_L1 + condiciones.join("and "_L1)) +
@@ -113,6 +125,7 @@ std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos 
                          rs.Numero(u"fobdivisas"), rs.Texto(u"fobcoddivisas"),
                          estadoDe(rs.Texto(u"factura8"))});
     }
+    ponerEntregas(ctx, filas);
     return filas;
 }
 

@@ -60,6 +60,8 @@ QString subtituloDe(const AppContext &ctx, std::size_t cuantas, const FiltroDeIn
     if (!f.txtCliente.isEmpty()) partes << u"Cliente "_s + f.txtCliente;
     if (!f.txtDespachante.isEmpty()) partes << u"Despachante "_s + f.txtDespachante;
     if (f.chkFiltroFecha) partes << u"Creadas del %1 al %2"_s.arg(dia(f.desde), dia(f.hasta));
+    if (f.transferencias == Transferencias::Pendientes) partes << u"Pendientes de transferir"_s;
+    if (f.transferencias == Transferencias::Transferidos) partes << u"Transferidas"_s;
     if (partes.isEmpty()) partes << u"Sin filtros"_s;
     if (por.campo != nullptr) partes << u"Por %1"_s.arg(por.rotulo);
     const bool todas = f.todas || ctx.opciones.OperacionesMostrarTODO;
@@ -115,8 +117,8 @@ papel::Tabla TablaDeInternos(AppContext &ctx, const std::vector<FilaDeInterno> &
     return tabla;
 }
 
-void lp_ImprimirList(AppContext &ctx, const std::vector<FilaDeInterno> &filas, const FiltroDeInternos &filtro,
-                     const AgrupacionDeInternos &por) {
+void ListarInternos(AppContext &ctx, const std::vector<FilaDeInterno> &filas, const FiltroDeInternos &filtro,
+                    const AgrupacionDeInternos &por) {
     listas::Ver(ctx, ListaDeOperaciones(), TablaDeInternos(ctx, filas, filtro, por), {});
 }
 

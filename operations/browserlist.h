@@ -12,9 +12,17 @@
 papel::Tabla TablaDeInternos(AppContext &ctx, const std::vector<FilaDeInterno> &filas,
                              const FiltroDeInternos &filtro, const AgrupacionDeInternos &por);
 
-/// lp_ImprimirList: that list, to be seen; without rows the sentence of ListaDeOperaciones.
-void lp_ImprimirList(AppContext &ctx, const std::vector<FilaDeInterno> &filas, const FiltroDeInternos &filtro,
-                     const AgrupacionDeInternos &por);
+/// That list, to be seen; without rows the sentence of ListaDeOperaciones.
+void ListarInternos(AppContext &ctx, const std::vector<FilaDeInterno> &filas, const FiltroDeInternos &filtro,
+                    const AgrupacionDeInternos &por);
+
+/// lp_ImprimirList: the list of the transferred operations, to be seen; without any the sentence of
+/// ListaDeTransferidas. Raises Falla.
+void lp_ImprimirList(AppContext &ctx);
+
+/// The list of the transferred operations, the latest first: when, where and into which file, and whether
+/// they were changed since, for which every one of them is read.
+const listas::Lista &ListaDeTransferidas();
 
 /// The list of all operations, by key.
 const listas::Lista &ListaDeOperaciones();

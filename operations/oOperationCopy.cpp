@@ -1,14 +1,12 @@
 #include "operations/oOperationCopy.h"
 
 #include <QDateTime>
-#include <map>
-#include <optional>
+#include <utility>
 
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
-#include "frame/escritura.h"
-#include "header/changes.h"
+#include "operations/operationrows.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,113 +17,12 @@ namespace {
 using L = QLatin1String;
 
 using entidad::internos;
-const QString subitems = u"subitems"_s;
-
-struct Tabla {
-    const char *entidad;
-    const char *nombre;
-};
-
-// What hangs from the lines and from the header. An operation exists by its header, which therefore comes
-// last: a copy that stopped halfway does not exist, and the next one to that key clears its leftovers.
-constexpr Tabla tablas[] = {
-    {"INTERNOS", "facturas"},  {"INTERNOS", "prorrateo"},     {"INTERNOS", "itempresu"},
-    {"INTERNOS", "itemref"},   {"INTERNOS", "groupsubitems"}, {"INTERNOS", "idrel"},
-    {"INTERNOS", "item"},      {"INTERNOS", "itemliq"},       {"INTERNOS", "itemventaja"},
-    {"INTERNOS", "iteminfo"},  {"INTERNOS", "liqcero"},       {"INTERNOS", "sysflag"},
-    {"INTERNOS", "descargas"}, {"SYSTABLAS", "hval"},         {"SYSTABLAS", "hvalexp"},
-    {"SYSTABLAS", "coment"},   {"INTERNOS", "caratula"}};
-
-/// The identity of each line of the original, and that of its copy.
-using Identidades = std::map<QString, QString>;
-
-bool es(const QString &columna, const char *nombre) {
-    return columna.compare(L(nombre), Qt::CaseInsensitive) == 0;
-}
 
 /// The day of the process; a context that was never started has the present one.
 QString hoy(AppContext &ctx) {
     return ctx.TodayInternos.isEmpty()
                ? ctx.DataManager.getDateFormatbyEntity(internos, QDate::currentDate().startOfDay())
                : ctx.TodayInternos;
-}
-
-/// Columns that name a line.
-bool nombraLinea(const QString &tabla, const QString &columna) {
-    if (tabla == "groupsubitems"_L1) return es(columna, "idsub");
-    return tabla == "idrel"_L1 && (es(columna, "idsub") || es(columna, "idroot"));
-}
-
-void copiarValor(AppContext &ctx, const QString &entidad, const char *columna, const QVariant &valor,
-                 Escritura &fila) {
-    if (valor.isNull()) {
-        fila.crudo(columna, u"NULL"_s);
-        return;
-    }
-    switch (valor.typeId()) {
-        case QMetaType::QString:
-            fila.texto(columna, valor.toString());
-            return;
-        case QMetaType::QDate:
-        case QMetaType::QDateTime:
-            fila.crudo(columna, ctx.DataManager.getDateFormatbyEntity(entidad, valor.toDateTime()));
-            return;
-        default:
-            fila.numero(columna, valor.toDouble());
-    }
-}
-
-/// Lines, groups and items bear the mark of inputs that were taken.
-bool llevaMarca(const QString &tabla) {
-    return tabla == subitems || tabla == "groupsubitems"_L1 || tabla == "item"_L1;
-}
-
-/// A copy has taken nothing: where the original is marked, the mark and its value stay behind.
-std::optional<QString> valorDeLoTomado(const QString &columna) {
-    if (es(columna, "cancelaciones")) return u"''"_s;
-    if (es(columna, "insumostemp")) return u"0"_s;
-    return std::nullopt;
-}
-
-bool hayTomas(AppContext &ctx, const QString &interno) {
-    Recordset rs;
-    return Consultar(ctx, internos,
-                     "select id from "_L1 + subitems + " where cancelaciones = 'OK' and interno = "_L1 +
-                         EnComillas(interno),
-                     rs);
-}
-
-/// What the copy holds in place of the original's value, as SQL; nothing where it holds the same.
-std::optional<QString> valorPropio(AppContext &ctx, const QString &tabla, const QString &columna,
-                                   const QVariant &valor, const QString &destino, const Identidades &lineas) {
-    if (es(columna, "interno")) return TextoEnComillas(destino);
-    if (tabla == "caratula"_L1 && es(columna, "fechaalta")) return hoy(ctx);
-    if (!nombraLinea(tabla, columna) || valor.isNull()) return std::nullopt;
-    const auto nueva = lineas.find(EsNull(valor));
-    return nueva == lineas.end() ? std::nullopt : std::optional(nueva->second);
-}
-
-void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const QString &destino,
-                const Identidades &lineas, const char *generada) {
-    const QString entidad = L(tabla.entidad);
-    const QString nombre = L(tabla.nombre);
-    // Each store has a decimal separator of its own.
-    Escritura fila(ctx, entidad);
-    const bool tomo = llevaMarca(nombre) && rs.Texto(u"cancelaciones") == "OK"_L1;
-    for (int c = 0; c < rs.columnas(); ++c) {
-        const QString columna = rs.nombreDeColumna(c);
-        // A generated identity is the store's own.
-        if (es(columna, generada)) continue;
-        const QByteArray nombreDeColumna = columna.toLatin1();
-        const QVariant valor = rs.Fields(c).Value;
-        auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas);
-        if (!propio && tomo) propio = valorDeLoTomado(columna);
-        if (propio)
-            fila.crudo(nombreDeColumna.constData(), *propio);
-        else
-            copiarValor(ctx, entidad, nombreDeColumna.constData(), valor, fila);
-    }
-    Ejecutar(ctx, entidad, fila.insertar(nombre));
 }
 
 QString deLaClave(const QString &interno) {
@@ -137,48 +34,21 @@ bool existe(AppContext &ctx, const QString &interno) {
     return Consultar(ctx, internos, "select interno from caratula"_L1 + deLaClave(interno), rs);
 }
 
-/// Rows that a deletion left behind under the new key would mix with the copy.
-void limpiar(AppContext &ctx, const QString &destino) {
-    Ejecutar(ctx, internos, "delete from "_L1 + subitems + deLaClave(destino));
-    for (const Tabla &tabla : tablas)
-        Ejecutar(ctx, QString(L(tabla.entidad)), "delete from "_L1 + L(tabla.nombre) + deLaClave(destino));
-}
-
-/// The store numbers the new lines as they come, so both lists run in the same order.
-Identidades copiarLineas(AppContext &ctx, const QString &origen, const QString &destino) {
-    const QString porId = u" order by id"_s;
-    Recordset viejas;
-    Consultar(ctx, internos, "select * from "_L1 + subitems + deLaClave(origen) + porId, viejas);
-    for (; !viejas.Eof(); viejas.MoveNext())
-        copiarFila(ctx, {"INTERNOS", "subitems"}, viejas, destino, {}, "id");
-    Recordset nuevas;
-    Consultar(ctx, internos, "select id from "_L1 + subitems + deLaClave(destino) + porId, nuevas);
-    Identidades lineas;
-    for (viejas.MoveFirst(); !viejas.Eof() && !nuevas.Eof(); viejas.MoveNext(), nuevas.MoveNext())
-        lineas[viejas.Texto(u"id")] = nuevas.Texto(u"id");
-    return lineas;
-}
-
-/// The rows of descargas that no movement of the stock stands behind.
-QString deOtraParte(const QString &origen) {
-    return " and (idexportacion is null or idexportacion not in (select id from stockmov"_L1 +
-           deLaClave(origen) + "))"_L1;
-}
-
+/// Rows that a deletion left behind under the new key would mix with the copy: they go first.
 void copiarTodo(AppContext &ctx, const QString &origen, const QString &destino) {
-    limpiar(ctx, destino);
-    const Identidades lineas = copiarLineas(ctx, origen, destino);
-    Recordset rs;
-    for (const Tabla &tabla : tablas) {
-        const bool sonDescargas = QLatin1StringView(tabla.nombre) == "descargas"_L1;
-        Consultar(ctx, QString(L(tabla.entidad)),
-                  "select * from "_L1 + L(tabla.nombre) + deLaClave(origen) +
-                      (sonDescargas ? deOtraParte(origen) : QString()),
-                  rs);
-        for (; !rs.Eof(); rs.MoveNext()) copiarFila(ctx, tabla, rs, destino, lineas, "");
+    operacion::Destino copia(ctx, destino, false);
+    copia.Limpiar();
+    copia.Poner(u"caratula"_s, u"fechaalta"_s, hoy(ctx));
+    operacion::Lectura original(ctx, origen);
+    for (const operacion::Tabla &tabla : operacion::Tablas()) {
+        if (tabla.deSuHistoria) continue;
+        bool empezada = false;
+        original.Recorrer(tabla, [&](const QStringList &columnas, const operacion::Fila &fila) {
+            if (!std::exchange(empezada, true)) copia.Empezar(tabla, columnas);
+            copia.Agregar(fila);
+        });
+        copia.Terminar();
     }
-    // Its items were worked out with what the original took.
-    if (hayTomas(ctx, origen)) MarcarArmado(ctx, destino, true);
 }
 
 }  // namespace

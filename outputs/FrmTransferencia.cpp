@@ -13,6 +13,7 @@
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/parties.h"
+#include "outputs/handedover.h"
 
 using namespace Qt::StringLiterals;
 
@@ -276,5 +277,6 @@ void FrmTransferencia::CmdEscribir_Click() {
         return;
     }
     RecordarCarpeta(ctx, seccionDeTransferencia, escrito.archivo);
+    Manejar(ctx, [&] { AnotarEntrega(ctx, transferencia_.declaracion.interno, escrito); });
     ctx.dialogos.informar(escrito.aviso, tituloDeTransferencia);
 }

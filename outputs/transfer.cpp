@@ -1,5 +1,6 @@
 #include "outputs/transfer.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -29,6 +30,10 @@ Transferencia PrepararTransferencia(AppContext &ctx, const QString &interno) {
 
 QString NombreDeArchivo(const QString &interno) {
     return NombreSeguro(interno) + u".xml"_s;
+}
+
+QString SumaDeDocumento(const QByteArray &documento) {
+    return QString::fromLatin1(QCryptographicHash::hash(documento, QCryptographicHash::Sha256).toHex());
 }
 
 DocumentoEscrito EscribirTransferencia(const Declaracion &declaracion, const QString &archivo) {
@@ -62,6 +67,7 @@ DocumentoEscrito EscribirTransferencia(const Declaracion &declaracion, const QSt
     }
     r.hecho = true;
     r.bytes = documento.size();
+    r.suma = SumaDeDocumento(documento);
     r.aviso = u"Se escribió la declaración en %1 (%2 bytes)."_s.arg(ruta).arg(r.bytes);
     return r;
 }

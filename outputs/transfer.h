@@ -21,11 +21,16 @@ Transferencia PrepararTransferencia(AppContext &ctx, const QString &interno);
 /// The name that a key gives to its file: characters that a file name cannot hold as "_", and ".xml".
 QString NombreDeArchivo(const QString &interno);
 
+/// The SHA-256 of a document's bytes, in hexadecimal. The same declaration has the same one, whenever and
+/// wherever it is written.
+QString SumaDeDocumento(const QByteArray &documento);
+
 /// How a writing ended.
 struct DocumentoEscrito {
     bool hecho = false;
     QString archivo;  ///< whole path
     qint64 bytes = 0;
+    QString suma;   ///< of what was written: SumaDeDocumento
     QString aviso;  ///< one sentence: where the document is, or why there is none
 };
 

@@ -20,10 +20,9 @@ namespace {
 const QString origen = u"ORIGINAL"_s;
 const QString destino = u"LA COPIA"_s;
 
-/// What a copy does not carry: where the original is open, what it put into the stock or took from it, its
-/// certificates, and that it was handed over.
-const QStringList queQuedan{u"interno"_s,      u"stock"_s,      u"stockmov"_s,
-                            u"transferidas"_s, u"certorigen"_s, u"certorigenlinea"_s};
+/// What a copy does not carry: where the original is open, what it put into the stock or took from it, and
+/// that it was handed over.
+const QStringList queQuedan{u"interno"_s, u"stock"_s, u"stockmov"_s, u"transferidas"_s};
 
 /// Every table that a copy carries.
 std::vector<const esquema::Tabla *> tablasDeOperacion() {
@@ -34,8 +33,18 @@ std::vector<const esquema::Tabla *> tablasDeOperacion() {
 }
 
 bool nombraLinea(const esquema::Tabla &t, const QString &columna) {
+    if (t.nombre == "certorigenlinea"_L1) return columna == "idlinea"_L1;
     return (t.nombre == "groupsubitems"_L1 || t.nombre == "idrel"_L1) &&
            (columna == "idsub"_L1 || columna == "idroot"_L1);
+}
+
+bool nombraCertificado(const esquema::Tabla &t, const QString &columna) {
+    return t.nombre == "certorigenlinea"_L1 && columna == "idcertorigen"_L1;
+}
+
+/// The number of a taking of the stock, whose row stays with the original.
+bool nombraToma(const esquema::Tabla &t, const QString &columna) {
+    return t.nombre == "descargas"_L1 && columna == "idexportacion"_L1;
 }
 
 class Copia : public EnAmbosStores {
@@ -69,6 +78,10 @@ class Copia : public EnAmbosStores {
                     valores << QLatin1Char('\'') + interno + QLatin1Char('\'');
                 else if (nombraLinea(t, c.nombre))
                     valores << lineas(interno).at(fila);
+                else if (nombraCertificado(t, c.nombre))
+                    valores << certificados(interno).at(fila);
+                else if (nombraToma(t, c.nombre))
+                    valores << u"0"_s;
                 else
                     valores << literal(t, c, fila);
             }
@@ -79,18 +92,24 @@ class Copia : public EnAmbosStores {
     }
     void llenarTodo(const QString &interno = origen) {
         llenar(*esquema::buscarTabla(u"subitems"), interno);
+        llenar(*esquema::buscarTabla(u"certorigen"), interno);
         for (const esquema::Tabla *t : tablasDeOperacion())
-            if (t->nombre != "subitems"_L1) llenar(*t, interno);
+            if (t->nombre != "subitems"_L1 && t->nombre != "certorigen"_L1) llenar(*t, interno);
     }
     /// The identities of an operation's lines, in order.
     QStringList lineas(const QString &interno) {
         return filas(u"select id from subitems where interno = '%1' order by id"_s.arg(interno))
             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
+    QStringList certificados(const QString &interno) {
+        return filas(u"select id from certorigen where interno = '%1' order by id"_s.arg(interno))
+            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
     /// The rows of a table, sorted; the key is left out, and identities of lines are told by their place.
     std::string contenido(const esquema::Tabla &t, const QString &interno,
                           const QStringList &sin = {u"interno"_s}) {
         const QStringList ids = lineas(interno);
+        const QStringList idsDeCertificados = certificados(interno);
         Recordset rs;
         Consultar(*ctx, t.entidad, u"select * from %1 where interno = '%2'"_s.arg(t.nombre, interno), rs);
         QStringList todas;
@@ -100,8 +119,12 @@ class Copia : public EnAmbosStores {
                 if (sin.contains(c.nombre)) continue;
                 const QVariant v = rs.Fields(c.nombre).Value;
                 QString texto = v.isNull() ? u"<null>"_s : EsNull(v);
-                if (c.tipo == esquema::Tipo::Generado || nombraLinea(t, c.nombre))
+                if (nombraCertificado(t, c.nombre) || t.nombre == "certorigen"_L1) {
+                    const qsizetype lugar = idsDeCertificados.indexOf(texto);
+                    if (lugar >= 0) texto = u"certificate %1"_s.arg(lugar);
+                } else if (c.tipo == esquema::Tipo::Generado || nombraLinea(t, c.nombre)) {
                     texto = u"line %1"_s.arg(ids.indexOf(texto));
+                }
                 celdas << c.nombre + QLatin1Char('=') + texto;
             }
             todas << celdas.join(QLatin1Char('|'));
@@ -199,6 +222,36 @@ TEST_P(Copia, LinesHaveIdentitiesOfTheirOwnAndGroupsAndLinksFollow) {
                     "not null order by idsub"_s),
               nuevas[0] + QLatin1Char('|') + nuevas[0] + QLatin1Char('\n') + nuevas[1] + QLatin1Char('|') +
                   nuevas[1]);
+}
+
+TEST_P(Copia, ALinkToALineThatIsGoneNamesNone) {
+    soloCaratula(origen);
+    ejecutar(u"insert into subitems (interno) values ('ORIGINAL')"_s);
+    ejecutar(u"insert into idrel (interno,idroot,idsub) values ('ORIGINAL',%1,9999)"_s.arg(
+        lineas(origen).first()));
+    EXPECT_EQ(pedir(destino), destino);
+    EXPECT_EQ(filas(u"select idroot,idsub from idrel where interno = 'LA COPIA'"_s),
+              lineas(destino).first() + u"|0"_s);
+}
+
+TEST_P(Copia, WhatTheOriginalTookFromTheStockIsNotTheCopys) {
+    soloCaratula(origen);
+    ejecutar(
+        u"insert into subitems (interno,cancelaciones,insumostemp) "
+        "values ('ORIGINAL','OK','12.75')"_s);
+    ejecutar(u"insert into subitems (interno,cancelaciones,insumostemp) values ('ORIGINAL','','3')"_s);
+    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',1,77)"_s);
+    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',2,null)"_s);
+    ejecutar(u"insert into transferidas (interno,suma) values ('ORIGINAL','abc')"_s);
+    EXPECT_EQ(pedir(destino), destino);
+    EXPECT_EQ(
+        filas(u"select cancelaciones,insumostemp from subitems where interno = 'LA COPIA' order by id"_s),
+        u"|0\n|3"_s);
+    EXPECT_EQ(filas(u"select cantidad from descargas where interno = 'LA COPIA'"_s), u"2"_s);
+    EXPECT_EQ(valor(u"select count(*) as n from transferidas where interno = 'LA COPIA'"_s), u"0"_s);
+    // Its items were made with those inputs.
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'LA COPIA'"_s), u"S"_s);
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'ORIGINAL'"_s), u"N"_s);
 }
 
 TEST_P(Copia, TheLockStaysWithTheOriginal) {

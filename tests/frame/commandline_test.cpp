@@ -214,6 +214,27 @@ TEST(CommandLine, TheLastArgumentMayBeOneThatNeedNotCome) {
     EXPECT_TRUE(ayuda.contains(u"  PARED    una pared\n  [COLOR]  su color\n"_s)) << ayuda.toStdString();
 }
 
+TEST(CommandLine, TheLastArgumentMayBeOneThatComesSeveralTimes) {
+    const consola::Programa p{
+        .nombre = "obra",
+        .texto = u"Hace obras."_s,
+        .comandos = {
+            {.nombre = "pintar",
+             .texto = "Pinta.",
+             .argumentos = {
+                 {.nombre = "PARED",
+                  .texto = "una pared",
+                  .control = [](const QString &pared) { return pared == "z"_L1 ? u"no hay"_s : QString(); },
+                  .repetible = true}}}}};
+    EXPECT_EQ(leer(p, {"pintar", "a"}).argumentos, QStringList{"a"});
+    EXPECT_EQ(leer(p, {"pintar", "a", "b", "c"}).argumentos, (QStringList{"a", "b", "c"}));
+    seNiega(p, {"pintar"}, u"Falta PARED... (una pared); vea obra pintar --ayuda."_s);
+    seNiega(p, {"pintar", "a", " "}, u"Falta PARED... (una pared); vea obra pintar --ayuda."_s);
+    seNiega(p, {"pintar", "a", "z"}, u"PARED no sirve: no hay; vea obra pintar --ayuda."_s);
+    const QString ayuda = leer(p, {"pintar", "--ayuda"}).texto;
+    EXPECT_TRUE(ayuda.contains(u"Uso: obra pintar PARED... [opciones]\n"_s)) << ayuda.toStdString();
+}
+
 TEST(CommandLine, LongLinesOfAHelpAreCutAtWordsAndGoOnUnderTheirText) {
     const QByteArray larga = QByteArray("palabra ").repeated(30).trimmed();
     const consola::Programa p{

@@ -171,7 +171,7 @@ TEST_P(OtrasListas, AListWithoutRowsIsOneSentenceAndNoPaper) {
     listas::VerLista(*ctx, *BuscarLista(u"catalogo"_s), u"NO"_s);
     listas::VerLista(*ctx, *BuscarLista(u"lineas"_s), u"C-3"_s);
     listas::VerListaDeBultos(*ctx, u"C-3"_s);
-    lp_ImprimirList(*ctx, {}, {}, {});
+    ListarInternos(*ctx, {}, {}, {});
     EXPECT_TRUE(vistos.empty());
     ASSERT_EQ(registro.mensajes.size(), 4U);
     EXPECT_EQ(registro.mensajes[0].texto, u"El catálogo NO no tiene artículos; revise el código."_s);

@@ -50,17 +50,20 @@ TEST_F(Ayuda, TheGeneralHelpNamesEveryCommandAndEveryOptionAndHowToSeeMore) {
 }
 
 TEST_F(Ayuda, EachCommandHasItsOwnHelpWithItsArgumentsAndOptions) {
-    EXPECT_EQ(lote::Comandos().size(), 23U);
+    EXPECT_EQ(lote::Comandos().size(), 25U);
     for (const consola::Comando &c : lote::Comandos()) {
         const QString nombre = QString::fromUtf8(c.nombre);
         const QString texto = mostrado({nombre, "--ayuda"});
         const bool sobreUna = nombre != "listar"_L1 && nombre != "lista"_L1 && nombre != "licencias"_L1 &&
-                              !nombre.startsWith("catalogo "_L1) && nombre != "stock revisar"_L1 &&
+                              !nombre.startsWith("catalogo "_L1) && nombre != "importar"_L1 && nombre != "stock revisar"_L1 &&
                               nombre != "stock listar"_L1;
         EXPECT_TRUE(texto.startsWith(QString::fromUtf8(c.texto).section(' ', 0, 4))) << texto.toStdString();
         QString uso = u"Uso: zendra_lote --perfil ARCHIVO "_s + nombre;
         for (const consola::Argumento &a : c.argumentos)
-            uso += (a.optativo ? u" [%1]"_s : u" %1"_s).arg(QLatin1String(a.nombre));
+            uso += (a.optativo    ? u" [%1]"_s
+                    : a.repetible ? u" %1..."_s
+                                  : u" %1"_s)
+                       .arg(QLatin1String(a.nombre));
         QStringList unaDeEstas;
         for (const consola::Opcion &o : c.opciones)
             if (*o.grupo != '\0')
@@ -69,7 +72,8 @@ TEST_F(Ayuda, EachCommandHasItsOwnHelpWithItsArgumentsAndOptions) {
         for (const consola::Opcion &o : c.opciones)
             if (o.obligatoria) uso += u" --%1 %2"_s.arg(QLatin1String(o.nombre), QLatin1String(o.valor));
         EXPECT_TRUE(texto.contains(uso + u" [opciones]\n"_s)) << texto.toStdString();
-        EXPECT_EQ(texto.contains(QRegularExpression(u"CLAVE +la clave de una operación"_s)), sobreUna)
+        EXPECT_EQ(texto.contains(QRegularExpression(u"CLAVE(\\.\\.\\.)? +la clave de una operación"_s)),
+                  sobreUna)
             << c.nombre;
         EXPECT_EQ(texto.contains(u"--forzar"_s), nombre == "armar"_L1) << c.nombre;
         EXPECT_TRUE(texto.contains(u"--respuestas ARCHIVO"_s)) << c.nombre;

@@ -68,6 +68,8 @@ TEST_P(TransferenciaEnLote, WritesTheBytesOfTheDesktopAndTellsFileSizeAndCounts)
     ASSERT_TRUE(EscribirTransferencia(LeerDeclaracion(*ctx, clave), en("pantalla.xml")).hecho);
     EXPECT_EQ(escrito, bytesDe(en("pantalla.xml")));
     EXPECT_EQ(valor(u"select count(*) as n from interno"_s), u"0"_s) << "the lock is given back";
+    EXPECT_EQ(filas(u"select interno,archivo,suma from transferidas"_s),
+              clave + u'|' + en("salida.xml") + u'|' + SumaDeDocumento(escrito));
 }
 
 TEST_P(TransferenciaEnLote, DifferencesAreAskedAboutAndNoWritesNothing) {
@@ -81,6 +83,7 @@ TEST_P(TransferenciaEnLote, DifferencesAreAskedAboutAndNoWritesNothing) {
         EXPECT_EQ(c.mensajes()[0].value("tipo"_L1).toString(), u"informe"_s);
         EXPECT_EQ(c.mensajes()[1].value("tipo"_L1).toString(), u"pregunta"_s);
         EXPECT_EQ(bytesDe(en("salida.xml")), "<nada>");
+        EXPECT_EQ(valor(u"select count(*) as n from transferidas"_s), u"0"_s);
     }
     const Corrida c = transferir(R"(["Si"])");
     EXPECT_EQ(c.estado, 0);

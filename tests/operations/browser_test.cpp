@@ -47,6 +47,36 @@ TEST_P(Buscador, NoFilterAndNoOptionIsTheTopFiftyWithoutAWhere) {
     EXPECT_EQ(SentenciaDeInternos(*ctx, {}).toStdString(), "select top 50 * from caratula  order by interno");
 }
 
+TEST_P(Buscador, TheChoiceByHandOverIsTheLastConditionAndAsksTheStore) {
+    FiltroDeInternos filtro;
+    filtro.transferencias = Transferencias::Pendientes;
+    EXPECT_EQ(
+        SentenciaDeInternos(*ctx, filtro).toStdString(),
+        "select top 50 * from caratula  where  interno not in (select interno from transferidas)  order by "
+        "interno");
+    filtro.txtInterno = u"A"_s;
+    filtro.transferencias = Transferencias::Transferidos;
+    EXPECT_EQ(SentenciaDeInternos(*ctx, filtro).toStdString(),
+              "select top 50 * from caratula  where  interno like 'A%' and  interno in (select interno from "
+              "transferidas)  order by interno");
+    for (const char *clave : {"A1", "A2", "B1", "B2"}) crear(clave);
+    ejecutar(u"insert into transferidas (interno,maquina,suma) values ('a2','PC1','x')"_s);
+    ejecutar(u"insert into transferidas (interno,maquina,suma) values ('A2','PC2','y')"_s);
+    ejecutar(u"insert into transferidas (interno,suma) values ('B2','z')"_s);
+    EXPECT_EQ(encontradas(filtro), u"A2"_s);
+    filtro.transferencias = Transferencias::Pendientes;
+    EXPECT_EQ(encontradas(filtro), u"A1"_s);
+    filtro.txtInterno.clear();
+    EXPECT_EQ(encontradas(filtro), u"A1 B1"_s);
+    // A row knows its last hand-over.
+    const std::vector<FilaDeInterno> todas = LeerInternos(*ctx, {});
+    EXPECT_FALSE(todas.at(0).entrega.has_value());
+    ASSERT_TRUE(todas.at(1).entrega.has_value());
+    EXPECT_EQ(todas.at(1).entrega->maquina, u"PC2"_s);
+    EXPECT_EQ(todas.at(1).entrega->suma, u"y"_s);
+    EXPECT_EQ(todas.at(1).entrega->veces, 2);
+}
+
 TEST_P(Buscador, EveryFilterAndOptionHasItsPlaceInTheStatement) {
     const std::string entre = " ( FechaAlta between " + literal("2026-01-01T00:00:00").toStdString() +
                               " and " + literal("2026-01-31T23:59:59").toStdString() + " )";

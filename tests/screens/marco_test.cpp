@@ -10,6 +10,8 @@
 #include "frame/startup.h"
 #include "frame/ui/Pantalla.h"
 #include "header/FrmClientes.h"
+#include "operations/FrmExportarOperaciones.h"
+#include "operations/FrmImportarOperaciones.h"
 #include "operations/FrmInternoNew.h"
 #include "subitems/FrmConsultas.h"
 #include "tests/support/pantallas.h"
@@ -77,8 +79,9 @@ TEST_P(Marco, TheMenuHasItsSevenEntriesAndTheFormsUnderTheirTitle) {
 TEST_P(Marco, EntriesWithoutAScreenAreShownDisabled) {
     mostrar();
     const auto *grilla = Pantalla<MenuP>().ui.GrdMenuMain;
-    const QStringList conPantalla{u"Operaciones"_s, u"Clientes"_s, u"Nomenclador"_s, u"Catálogos"_s,
-                                  u"Configuración"_s};
+    const QStringList conPantalla{u"Operaciones"_s,         u"Clientes"_s,      u"Nomenclador"_s,
+                                  u"Catálogos"_s,           u"Configuración"_s, u"Exportar Operaciones"_s,
+                                  u"Importar Operaciones"_s};
     for (int fila = 0; fila < grilla->rowCount(); ++fila)
         EXPECT_EQ(grilla->item(fila, 1)->flags().testFlag(Qt::ItemIsEnabled),
                   conPantalla.contains(grilla->item(fila, 1)->text()))
@@ -93,6 +96,20 @@ TEST_P(Marco, EnterOnTheFirstEntryShowsTheOperations) {
     tecla(Qt::Key_Return);
     ASSERT_TRUE(PantallaAbierta<FrmInternoNew>());
     EXPECT_TRUE(Pantalla<FrmInternoNew>().ventana->isVisible());
+}
+
+TEST_P(Marco, TheLastTwoEntriesAreTheExchangeOfOperations) {
+    mostrar();
+    for (int fila = 0; fila < 5; ++fila) tecla(Qt::Key_Down);
+    conPantallaModal<FrmExportarOperaciones>([](FrmExportarOperaciones &) { tecla(Qt::Key_Escape); });
+    tecla(Qt::Key_Return);
+    EXPECT_FALSE(PantallaAbierta<FrmExportarOperaciones>());
+    esperarVentana(Pantalla<FrmPrincipal>().ventana.get());
+    tecla(Qt::Key_Down);
+    conPantallaModal<FrmImportarOperaciones>([](FrmImportarOperaciones &) { tecla(Qt::Key_Escape); });
+    tecla(Qt::Key_Return);
+    EXPECT_FALSE(PantallaAbierta<FrmImportarOperaciones>());
+    EXPECT_TRUE(PantallaAbierta<MenuP>()) << "ESC goes back to it";
 }
 
 TEST_P(Marco, EnterOnTheSecondEntryShowsTheBookOfClients) {

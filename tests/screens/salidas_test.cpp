@@ -48,6 +48,8 @@
 #include "liquidation/frmListadoItem.h"
 #include "operations/FrmAbrir.h"
 #include "operations/FrmDetalleInterno.h"
+#include "operations/FrmExportarOperaciones.h"
+#include "operations/FrmImportarOperaciones.h"
 #include "operations/FrmInternoNew.h"
 #include "outputs/FrmConceptos.h"
 #include "outputs/FrmCorreo.h"
@@ -202,6 +204,16 @@ class Salidas : public EnPantalla {
             salidaDe<FrmConsultas>("FrmConsultas", [] { Pantalla<FrmConsultas>().Mostrar(); }),
             salidaDe<FrmDetalleInterno>("FrmDetalleInterno", [] { AbrirInterno(vacia); }),
             salidaDe<FrmDetalleNomenclador>("FrmDetalleNomenclador", [] { VerDetalleNomenclador(posicion); }),
+            salidaDe<FrmExportarOperaciones>("FrmExportarOperaciones",
+                                             [] {
+                                                 Pantalla<FrmExportarOperaciones>().Mostrar();
+                                                 CerrarPantalla<FrmExportarOperaciones>();
+                                             }),
+            salidaDe<FrmImportarOperaciones>("FrmImportarOperaciones",
+                                             [] {
+                                                 Pantalla<FrmImportarOperaciones>().Mostrar();
+                                                 CerrarPantalla<FrmImportarOperaciones>();
+                                             }),
             salidaDe<FrmInternoNew>("FrmInternoNew", [] { Pantalla<FrmInternoNew>().Mostrar(); }),
             salidaDe<FrmListado>("FrmListado",
                                  [] {

@@ -12,6 +12,8 @@
 #include "operations/FrmDetalleInterno.h"
 #include "outputs/FrmTransferencia.h"
 #include "outputs/declarationxml.h"
+#include "outputs/handedover.h"
+#include "outputs/transfer.h"
 #include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 
@@ -119,6 +121,24 @@ TEST_P(PantallaDeTransferencia, F11WritesTheDocumentAndTellsWhereItIs) {
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
     EXPECT_EQ(ctx->ajustes.Leer(u"ZENDRA"_s, u"TRANSFERENCIA"_s, u"CARPETA"_s), tienda->carpeta())
         << "the next one starts there";
+}
+
+TEST_P(PantallaDeTransferencia, WhatWasWrittenIsRememberedAndWhatWasNotIsNot) {
+    escribirEn(archivo(), "anterior");
+    mostrar(importacion, [this](FrmTransferencia &p) {
+        registro.respuestas.push_back(false);
+        tecla(Qt::Key_F11);
+        EXPECT_EQ(valor(u"select count(*) as n from transferidas"_s), u"0"_s);
+        registro.respuestas.push_back(true);
+        tecla(Qt::Key_F11);
+        EXPECT_TRUE(p.ventana->isVisible());
+    });
+    EXPECT_EQ(filas(u"select interno,maquina,archivo,suma from transferidas"_s),
+              importacion + u"|PC1|"_s + archivo() + u'|' + SumaDeDocumento(bytesDe(archivo())));
+    const auto entrega = EntregaDe(LeerEntregas(*ctx), importacion);
+    ASSERT_TRUE(entrega.has_value());
+    EXPECT_LT(entrega->fecha.secsTo(QDateTime::currentDateTime()), 60);
+    EXPECT_FALSE(CambioDespues(*ctx, importacion, *entrega));
 }
 
 TEST_P(PantallaDeTransferencia, TheNameComesFromTheKeyInTheFolderOfTheLastTransfer) {
