@@ -40,6 +40,9 @@ constexpr TablaDeOperacion tablas[] = {
     {"prorrateo", "INTERNOS"}, {"descargas", "INTERNOS"},     {"hval", "SYSTABLAS"},
     {"hvalexp", "SYSTABLAS"}};
 
+/// What is kept beside them, behind the last of them.
+constexpr TablaDeOperacion tablasPropias[] = {{"certorigen", "INTERNOS"}};
+
 QString fechaLarga(const Recordset &rs) {
     const QDateTime fecha = AFecha(rs.Fields(u"fecha").Value);
     return fecha.isValid() ? FechaLarga(fecha) : rs.Texto(u"fecha");
@@ -182,6 +185,8 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
             Ejecutar(ctx, L(t.entidad), "delete from "_L1 + L(t.tabla) + deLaClave(interno));
             barra(++paso);
         }
+        for (const TablaDeOperacion &t : tablasPropias)
+            Ejecutar(ctx, L(t.entidad), "delete from "_L1 + L(t.tabla) + deLaClave(interno));
         borrarAjustes(ctx, interno);
         barra(20);
         return true;

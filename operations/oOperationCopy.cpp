@@ -23,17 +23,29 @@ const QString subitems = u"subitems"_s;
 struct Tabla {
     const char *entidad;
     const char *nombre;
+    const char *generada = "";  ///< its column that the store numbers
 };
 
 // What hangs from the lines and from the header. An operation exists by its header, which therefore comes
 // last: a copy that stopped halfway does not exist, and the next one to that key clears its leftovers.
-constexpr Tabla tablas[] = {
-    {"INTERNOS", "facturas"},  {"INTERNOS", "prorrateo"},     {"INTERNOS", "itempresu"},
-    {"INTERNOS", "itemref"},   {"INTERNOS", "groupsubitems"}, {"INTERNOS", "idrel"},
-    {"INTERNOS", "item"},      {"INTERNOS", "itemliq"},       {"INTERNOS", "itemventaja"},
-    {"INTERNOS", "iteminfo"},  {"INTERNOS", "liqcero"},       {"INTERNOS", "sysflag"},
-    {"INTERNOS", "descargas"}, {"SYSTABLAS", "hval"},         {"SYSTABLAS", "hvalexp"},
-    {"SYSTABLAS", "coment"},   {"INTERNOS", "caratula"}};
+constexpr Tabla tablas[] = {{"INTERNOS", "facturas"},
+                            {"INTERNOS", "prorrateo"},
+                            {"INTERNOS", "itempresu"},
+                            {"INTERNOS", "itemref"},
+                            {"INTERNOS", "groupsubitems"},
+                            {"INTERNOS", "idrel"},
+                            {"INTERNOS", "item"},
+                            {"INTERNOS", "itemliq"},
+                            {"INTERNOS", "itemventaja"},
+                            {"INTERNOS", "iteminfo"},
+                            {"INTERNOS", "liqcero"},
+                            {"INTERNOS", "sysflag"},
+                            {"INTERNOS", "descargas"},
+                            {"SYSTABLAS", "hval"},
+                            {"SYSTABLAS", "hvalexp"},
+                            {"SYSTABLAS", "coment"},
+                            {"INTERNOS", "certorigen", "id"},
+                            {"INTERNOS", "caratula"}};
 
 /// The identity of each line of the original, and that of its copy.
 using Identidades = std::map<QString, QString>;
@@ -85,7 +97,7 @@ std::optional<QString> valorPropio(AppContext &ctx, const QString &tabla, const 
 }
 
 void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const QString &destino,
-                const Identidades &lineas, const char *generada) {
+                const Identidades &lineas) {
     const QString entidad = L(tabla.entidad);
     const QString nombre = L(tabla.nombre);
     // Each store has a decimal separator of its own.
@@ -93,7 +105,7 @@ void copiarFila(AppContext &ctx, const Tabla &tabla, const Recordset &rs, const 
     for (int c = 0; c < rs.columnas(); ++c) {
         const QString columna = rs.nombreDeColumna(c);
         // A generated identity is the store's own.
-        if (es(columna, generada)) continue;
+        if (es(columna, tabla.generada)) continue;
         const QByteArray nombreDeColumna = columna.toLatin1();
         const QVariant valor = rs.Fields(c).Value;
         if (const auto propio = valorPropio(ctx, nombre, columna, valor, destino, lineas))
@@ -126,7 +138,7 @@ Identidades copiarLineas(AppContext &ctx, const QString &origen, const QString &
     Recordset viejas;
     Consultar(ctx, internos, "select * from "_L1 + subitems + deLaClave(origen) + porId, viejas);
     for (; !viejas.Eof(); viejas.MoveNext())
-        copiarFila(ctx, {"INTERNOS", "subitems"}, viejas, destino, {}, "id");
+        copiarFila(ctx, {"INTERNOS", "subitems", "id"}, viejas, destino, {});
     Recordset nuevas;
     Consultar(ctx, internos, "select id from "_L1 + subitems + deLaClave(destino) + porId, nuevas);
     Identidades lineas;
@@ -142,7 +154,7 @@ void copiarTodo(AppContext &ctx, const QString &origen, const QString &destino) 
     for (const Tabla &tabla : tablas) {
         Consultar(ctx, QString(L(tabla.entidad)), "select * from "_L1 + L(tabla.nombre) + deLaClave(origen),
                   rs);
-        for (; !rs.Eof(); rs.MoveNext()) copiarFila(ctx, tabla, rs, destino, lineas, "");
+        for (; !rs.Eof(); rs.MoveNext()) copiarFila(ctx, tabla, rs, destino, lineas);
     }
 }
 

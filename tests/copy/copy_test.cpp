@@ -20,10 +20,9 @@ namespace {
 const QString origen = u"ORIGINAL"_s;
 const QString destino = u"LA COPIA"_s;
 
-/// What a copy does not carry: where the original is open, what it put into the stock or took from it, its
-/// certificates, and that it was handed over.
-const QStringList queQuedan{u"interno"_s,      u"stock"_s,      u"stockmov"_s,
-                            u"transferidas"_s, u"certorigen"_s, u"certorigenlinea"_s};
+/// What a copy does not carry: where the original is open, what it put into the stock or took from it, and
+/// that it was handed over.
+const QStringList queQuedan{u"interno"_s, u"stock"_s, u"stockmov"_s, u"transferidas"_s};
 
 /// Every table that a copy carries.
 std::vector<const esquema::Tabla *> tablasDeOperacion() {
