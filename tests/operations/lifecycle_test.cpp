@@ -228,7 +228,8 @@ TEST_P(Ciclo, TheDeletesAreSentInTheirOrderToTheirEntities) {
     for (const char *tabla : tablasDeInternos)
         esperadas << "INTERNOS: delete from "_L1 + L(tabla) + " where interno = 'A1'"_L1;
     esperadas << u"SYSTABLAS: delete from hval where interno = 'A1'"_s
-              << u"SYSTABLAS: delete from hvalexp where interno = 'A1'"_s;
+              << u"SYSTABLAS: delete from hvalexp where interno = 'A1'"_s
+              << u"INTERNOS: delete from certorigen where interno = 'A1'"_s;
     EXPECT_EQ(sentencias.join(QLatin1Char('\n')).toStdString(),
               esperadas.join(QLatin1Char('\n')).toStdString());
 }
