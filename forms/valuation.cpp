@@ -109,7 +109,7 @@ Operacion leerOperacion(AppContext &ctx, const QString &interno) {
 }
 
 /// A column of the store as the screen shows it.
-QString deLaFila(const AppContext &ctx, const Recordset &rs, const Campo &campo) {
+QString deLaFila(const AppContext &ctx, const Recordset &rs, const CampoDeHoja &campo) {
     switch (campo.tipo) {
         case Tipo::Importe:
             return enPantalla(ctx, rs.Numero(campo.columna));
@@ -128,13 +128,13 @@ QString deLaFila(const AppContext &ctx, const Recordset &rs, const Campo &campo)
 
 double sumaDe(const Hoja &hoja, Seccion seccion) {
     double suma = 0;
-    for (const Campo &c : Campos(hoja.clase))
+    for (const CampoDeHoja &c : Campos(hoja.clase))
         if (c.seccion == seccion && c.esImporte()) suma += hoja.importe(c.columna);
     return alCentavo(suma);
 }
 
 /// What is typed wrong in a field, as a sentence; empty: nothing.
-QString defectoDe(const Campo &campo, const QString &texto) {
+QString defectoDe(const CampoDeHoja &campo, const QString &texto) {
     const QString limpio = texto.trimmed();
     if (limpio.isEmpty()) return {};
     if (campo.tipo == Tipo::Fecha && !fechas::EsFecha(limpio))
@@ -145,7 +145,7 @@ QString defectoDe(const Campo &campo, const QString &texto) {
                                         : QString();
 }
 
-void poner(AppContext &ctx, Escritura &e, const Campo &campo, const QString &texto) {
+void poner(AppContext &ctx, Escritura &e, const CampoDeHoja &campo, const QString &texto) {
     const QByteArray columna = campo.columna.toLatin1();
     switch (campo.tipo) {
         case Tipo::Importe:
@@ -188,13 +188,13 @@ class Lector {
     void observar(const QString &texto) { observaciones_ << texto; }
 
     /// Questions of the relation count only when there is one.
-    bool cuenta(const Campo &c) const {
+    bool cuenta(const CampoDeHoja &c) const {
         return c.seccion != Seccion::Vinculacion || c.columna == "vinculacion"_L1 || es("vinculacion", "S");
     }
     void respuestas() {
         int faltan = 0;
         bool hayQueExplicar = false;
-        for (const Campo &c : Campos(hoja_.clase)) {
+        for (const CampoDeHoja &c : Campos(hoja_.clase)) {
             if (c.tipo != Tipo::SiNo || !cuenta(c)) continue;
             const QString respuesta = hoja_.valores.value(c.columna);
             faltan += respuesta.isEmpty() ? 1 : 0;
@@ -270,7 +270,7 @@ void Proponer(const AppContext &ctx, Hoja &hoja) {
     const Operacion &o = hoja.operacion;
     hoja.divisa = o.divisa;
     hoja.cambio = o.cambio;
-    for (const Campo &c : Campos(hoja.clase))
+    for (const CampoDeHoja &c : Campos(hoja.clase))
         if (c.esImporte()) hoja.valores[c.columna] = enPantalla(ctx, 0);
     const auto proponer = [&](const QString &columna, double valor) {
         hoja.valores[columna] = enPantalla(ctx, valor);
@@ -294,7 +294,7 @@ Hoja Leer(AppContext &ctx, const QString &interno) {
         Consultar(ctx, systablas, "select * from "_L1 + TablaDe(hoja.clase) + deLaOperacion(interno), rs) &&
         !rs.EsNulo(precio);
     if (!hoja.guardada) {
-        for (const Campo &c : Campos(hoja.clase)) hoja.valores[c.columna] = QString();
+        for (const CampoDeHoja &c : Campos(hoja.clase)) hoja.valores[c.columna] = QString();
         if (BuscarCampo(hoja.clase, u"metodo"_s) != nullptr) hoja.valores[u"metodo"_s] = u"1"_s;
         hoja.valores[u"naturaleza"_s] = u"V"_s;
         Proponer(ctx, hoja);
@@ -302,7 +302,7 @@ Hoja Leer(AppContext &ctx, const QString &interno) {
     }
     hoja.divisa = rs.Texto(u"divisa").trimmed();
     hoja.cambio = rs.Numero(u"cambio");
-    for (const Campo &c : Campos(hoja.clase)) hoja.valores[c.columna] = deLaFila(ctx, rs, c);
+    for (const CampoDeHoja &c : Campos(hoja.clase)) hoja.valores[c.columna] = deLaFila(ctx, rs, c);
     return hoja;
 }
 
@@ -321,7 +321,7 @@ QStringList ObservacionesDe(const AppContext &ctx, const Hoja &hoja) {
 }
 
 Veredicto Guardar(AppContext &ctx, Hoja &hoja) {
-    for (const Campo &c : Campos(hoja.clase))
+    for (const CampoDeHoja &c : Campos(hoja.clase))
         if (const QString defecto = defectoDe(c, hoja.valores.value(c.columna)); !defecto.isEmpty()) {
             ctx.dialogos.advertir(defecto);
             return Veredicto::mal(c.columna);
@@ -330,7 +330,7 @@ Veredicto Guardar(AppContext &ctx, Hoja &hoja) {
     const QString tabla = TablaDe(hoja.clase);
     Escritura e(ctx, systablas);
     e.codigo("divisa", hoja.divisa).numero("cambio", hoja.cambio);
-    for (const Campo &c : Campos(hoja.clase)) poner(ctx, e, c, hoja.valores.value(c.columna));
+    for (const CampoDeHoja &c : Campos(hoja.clase)) poner(ctx, e, c, hoja.valores.value(c.columna));
     if (Ejecutar(ctx, systablas, e.actualizar(tabla, "interno = "_L1 + EnComillas(interno))) == 0)
         Ejecutar(ctx, systablas, e.codigo("interno", interno).insertar(tabla));
     hoja.guardada = true;

@@ -23,19 +23,19 @@ std::vector<Opcion> naturalezas() {
             {u"O"_s, u"Otra"_s}};
 }
 
-Campo texto(const QString &columna, const QString &rotulo, Seccion seccion, int largo = corto) {
+CampoDeHoja texto(const QString &columna, const QString &rotulo, Seccion seccion, int largo = corto) {
     return {columna, rotulo, {}, seccion, Tipo::Texto, largo};
 }
 
-Campo pregunta(const QString &columna, const QString &rotulo, const QString &norma, Seccion seccion) {
+CampoDeHoja pregunta(const QString &columna, const QString &rotulo, const QString &norma, Seccion seccion) {
     return {columna, rotulo, norma, seccion, Tipo::SiNo};
 }
 
-Campo importe(const QString &columna, const QString &rotulo, const QString &norma, Seccion seccion) {
+CampoDeHoja importe(const QString &columna, const QString &rotulo, const QString &norma, Seccion seccion) {
     return {columna, rotulo, norma, seccion, Tipo::Importe};
 }
 
-std::vector<Campo> deImportacion() {
+std::vector<CampoDeHoja> deImportacion() {
     using S = Seccion;
     return {
         {u"metodo"_s,
@@ -123,7 +123,7 @@ std::vector<Campo> deImportacion() {
     };
 }
 
-std::vector<Campo> deExportacion() {
+std::vector<CampoDeHoja> deExportacion() {
     using S = Seccion;
     return {
         {u"naturaleza"_s, u"Naturaleza de la operación"_s, u"C.A. 735"_s, S::Operacion, Tipo::Lista, 0,
@@ -160,22 +160,22 @@ std::vector<Campo> deExportacion() {
 
 }  // namespace
 
-QString Campo::textoDe(const QString &codigo) const {
+QString CampoDeHoja::textoDe(const QString &codigo) const {
     for (const Opcion &o : opciones)
         if (o.codigo == codigo) return o.texto;
     return {};
 }
 
-const std::vector<Campo> &Campos(Clase clase) {
-    static const std::vector<Campo> importacion = deImportacion();
-    static const std::vector<Campo> exportacion = deExportacion();
+const std::vector<CampoDeHoja> &Campos(Clase clase) {
+    static const std::vector<CampoDeHoja> importacion = deImportacion();
+    static const std::vector<CampoDeHoja> exportacion = deExportacion();
     return clase == Clase::Importacion ? importacion : exportacion;
 }
 
-const Campo *BuscarCampo(Clase clase, const QString &columna) {
-    const std::vector<Campo> &todos = Campos(clase);
-    const auto hallado =
-        std::find_if(todos.begin(), todos.end(), [&columna](const Campo &c) { return c.columna == columna; });
+const CampoDeHoja *BuscarCampo(Clase clase, const QString &columna) {
+    const std::vector<CampoDeHoja> &todos = Campos(clase);
+    const auto hallado = std::find_if(todos.begin(), todos.end(),
+                                      [&columna](const CampoDeHoja &c) { return c.columna == columna; });
     return hallado == todos.end() ? nullptr : &*hallado;
 }
 

@@ -34,7 +34,7 @@ struct Opcion {
     QString texto;
 };
 
-struct Campo {
+struct CampoDeHoja {
     QString columna;
     QString rotulo;
     QString norma;  ///< the rule that asks for it, short; empty for what only describes the deal
@@ -49,9 +49,9 @@ struct Campo {
 };
 
 /// The fields of a sheet, by section and in the order of the work.
-const std::vector<Campo> &Campos(Clase clase);
+const std::vector<CampoDeHoja> &Campos(Clase clase);
 /// The one of a column; null when the sheet has none.
-const Campo *BuscarCampo(Clase clase, const QString &columna);
+const CampoDeHoja *BuscarCampo(Clase clase, const QString &columna);
 
 /// The title of a section.
 QString TituloDe(Seccion seccion);

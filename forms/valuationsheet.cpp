@@ -68,7 +68,7 @@ void agregarCabeza(const Hoja &hoja, papel::Tabla &tabla) {
 }
 
 /// What was answered, as it is read.
-QString respuestaDe(const Campo &campo, const QString &valor) {
+QString respuestaDe(const CampoDeHoja &campo, const QString &valor) {
     switch (campo.tipo) {
         case Tipo::SiNo:
             return valor == "S"_L1 ? u"SÍ"_s : valor == "N"_L1 ? u"NO"_s : u"sin contestar"_s;
@@ -83,7 +83,7 @@ QString respuestaDe(const Campo &campo, const QString &valor) {
 }
 
 /// Without a relation nothing more is asked about it.
-bool corresponde(const Hoja &hoja, const Campo &campo) {
+bool corresponde(const Hoja &hoja, const CampoDeHoja &campo) {
     return campo.seccion != Seccion::Vinculacion || campo.columna == "vinculacion"_L1 ||
            hoja.valores.value(u"vinculacion"_s) == "S"_L1;
 }
@@ -95,9 +95,9 @@ void agregarSecciones(const Hoja &hoja, papel::Tabla &tabla) {
         if (seccion == Seccion::Incluir) tabla.filas.push_back(total(u"Total a incluir"_s, t.incluir));
         if (seccion == Seccion::Deducir) tabla.filas.push_back(total(u"Total a deducir"_s, t.deducir));
     };
-    const std::vector<Campo> &campos = Campos(hoja.clase);
+    const std::vector<CampoDeHoja> &campos = Campos(hoja.clase);
     for (std::size_t i = 0; i < campos.size(); ++i) {
-        const Campo &c = campos[i];
+        const CampoDeHoja &c = campos[i];
         if (i == 0 || campos[i - 1].seccion != c.seccion) {
             if (i > 0) cerrar(campos[i - 1].seccion);
             tabla.filas.push_back(grupo(TituloDe(c.seccion)));

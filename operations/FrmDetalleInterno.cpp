@@ -14,6 +14,7 @@
 #include "header/FrmCaratula.h"
 #include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
+#include "operations/FrmFormularios.h"
 #include "operations/handover.h"
 #include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmTransferencia.h"
@@ -34,10 +35,8 @@ const QString sinDato = u"—"_s;
 using FormaDelTablero = Ui::FrmDetalleInterno;
 
 /// The buttons whose work is done by libraries that are not part of this program.
-constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 6> bibliotecasDelTablero{{
+constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 4> bibliotecasDelTablero{{
     {&FormaDelTablero::CmdPrint, "oInputsLink"_L1},
-    {&FormaDelTablero::CmdHojaVal, "oValuationSheet"_L1},
-    {&FormaDelTablero::cmdCertOrig, "OriginCerts"_L1},
     {&FormaDelTablero::cmdExportar, "oCancellations"_L1},
     {&FormaDelTablero::cmdExportINS, "oTempInputs"_L1},
     {&FormaDelTablero::Command1, "LnaOutputBuilder"_L1},
@@ -74,6 +73,8 @@ void FrmDetalleInterno::Conectar() {
     alPulsar(ui.CmdBultos, [this] { CmdBultos_Click(); });
     alPulsar(ui.CmdPresupuesto, [this] { CmdPresupuesto_Click(); });
     alPulsar(ui.cmdONCCA, [this] { cmdONCCA_Click(); });
+    alPulsar(ui.CmdHojaVal, [this] { CmdHojaVal_Click(); });
+    alPulsar(ui.cmdCertOrig, [this] { cmdCertOrig_Click(); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
         alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
@@ -269,6 +270,16 @@ void FrmDetalleInterno::CmdPresupuesto_Click() {
 void FrmDetalleInterno::cmdONCCA_Click() {
     Pantalla<frmONCCA>().Mostrar(interno_);
     CerrarPantalla<frmONCCA>();
+    VerDatos();
+}
+
+void FrmDetalleInterno::CmdHojaVal_Click() {
+    AbrirHojaValoracion(interno_);
+    VerDatos();
+}
+
+void FrmDetalleInterno::cmdCertOrig_Click() {
+    AbrirCertificados(interno_);
     VerDatos();
 }
 

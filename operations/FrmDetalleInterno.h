@@ -44,6 +44,8 @@ class FrmDetalleInterno {
     void CmdBultos_Click();
     void CmdPresupuesto_Click();
     void cmdONCCA_Click();
+    void CmdHojaVal_Click();
+    void cmdCertOrig_Click();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

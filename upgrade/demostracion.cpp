@@ -75,6 +75,8 @@ const char *const tablasDeDemostracion[] = {
     "facturas",
     "prorrateo",
     "subitems",
+    "certorigen",
+    "hval",
     "itempresu",
     "itemref",
     "coment",
