@@ -15,9 +15,9 @@ namespace {
 enum ColumnaDeHoja : std::size_t { Concepto, Norma, Dato, Importe };
 
 // Characters of a line of the paper.
-constexpr int anchoDeConcepto = 50;
+constexpr int anchoDeConcepto = 58;
 constexpr int anchoDeNorma = 15;
-constexpr int anchoDeDato = 29;
+constexpr int anchoDeDato = 30;
 constexpr int sangria = 2;
 constexpr int anchoDeLinea = sangria + anchoDeConcepto + anchoDeNorma + anchoDeDato;
 
@@ -114,6 +114,7 @@ void agregarSecciones(const Hoja &hoja, papel::Tabla &tabla) {
 QString linea(const QString &concepto, const QString &norma, const QString &derecha) {
     QString texto = QString(sangria, u' ') + concepto + u' ';
     texto = texto.leftJustified(sangria + anchoDeConcepto - 1, u'.') + u' ' + norma;
+    if (derecha.isEmpty()) return texto;
     return texto.leftJustified(anchoDeLinea - anchoDeDato) + derecha.rightJustified(anchoDeDato);
 }
 

@@ -138,9 +138,14 @@ TEST_P(ListasEnLote, EveryListLeavesInEveryForm) {
         QString nombre, clave;
         int filas;
     };
-    const Caso casos[] = {{u"lineas"_s, importacion, 25},     {u"lineas-horizontal"_s, importacion, 25},
-                          {u"posiciones"_s, importacion, 25}, {u"posiciones-horizontal"_s, importacion, 25},
-                          {u"catalogo"_s, u"HIDPLATA"_s, 20}, {u"bultos"_s, importacion, 1},
+    const Caso casos[] = {{u"lineas"_s, importacion, 25},
+                          {u"lineas-horizontal"_s, importacion, 25},
+                          {u"posiciones"_s, importacion, 25},
+                          {u"posiciones-horizontal"_s, importacion, 25},
+                          {u"catalogo"_s, u"HIDPLATA"_s, 20},
+                          {u"bultos"_s, importacion, 1},
+                          {u"certificados"_s, u"ICR-2026-0005"_s, 11},
+                          {u"valoracion"_s, importacion, 45},
                           {u"operaciones"_s, {}, 6}};
     EXPECT_EQ(std::size(casos), listas::Listas().size() + 1);
     for (const Caso &c : casos) {
@@ -206,7 +211,8 @@ TEST(ListasEnLotePedidas, AWrongUseIsOneSentence) {
     const QTemporaryDir dir;
     const QString p = dir.filePath(u"p.ini"_s);
     const QString nombres =
-        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, operaciones"_s;
+        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, certificados, "
+        "valoracion, operaciones"_s;
     struct Caso {
         QStringList argumentos;
         QString dice;

@@ -240,8 +240,6 @@ TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
     auto &ui = tablero.ui;
     for (const auto &[boton, biblioteca, opcion] :
          {std::tuple{ui.CmdPrint, "oInputsLink", "Impresión"},
-          std::tuple{ui.CmdHojaVal, "oValuationSheet", "Hoja de Valoración"},
-          std::tuple{ui.cmdCertOrig, "OriginCerts", "Certificado de Origen"},
           std::tuple{ui.cmdExportar, "oCancellations", "Exportar a Stock"},
           std::tuple{ui.cmdExportINS, "oTempInputs", "Exportar Stock"},
           std::tuple{ui.Command1, "LnaOutputBuilder", "Información Extra"}}) {
