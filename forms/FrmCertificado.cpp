@@ -62,10 +62,10 @@ void FrmCertificado::Conectar() {
         {{ui.txtBuscarPosicion, PosicionDeLinea, true}, {ui.txtBuscarArticulo, ArticuloDeLinea, true}},
         {[this] { CambiarEnMano(); }, {}, {}, {}, [this] { Contar(); }}, {OrdenDeLinea, FobDeLinea});
     const int letra = ui.GrdLineas->fontMetrics().averageCharWidth();
-    for (const auto &[columna, letras] : {std::pair{CubreLinea, 9},
-                                          {OrdenDeLinea, 9},
+    for (const auto &[columna, letras] : {std::pair{CubreLinea, 12},
+                                          {OrdenDeLinea, 12},
                                           {PosicionDeLinea, 21},
-                                          {OrigenDeLinea, 9},
+                                          {OrigenDeLinea, 12},
                                           {FobDeLinea, 15},
                                           {CertificadoDeLinea, 22}})
         ui.GrdLineas->setColumnWidth(columna, letra * letras);

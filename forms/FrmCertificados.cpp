@@ -57,10 +57,10 @@ void FrmCertificados::Conectar() {
         {[this] { Modificar(); }, [this] { Modificar(); }, [this] { Agregar(); }, [this] { Eliminar(); }});
     const int letra = ui.Lst->fontMetrics().averageCharWidth();
     for (const auto &[columna, letras] : {std::pair{NumeroDeCertificado, 24},
-                                          {FechaDeCertificado, 13},
-                                          {PaisDeCertificado, 8},
-                                          {VencimientoDeCertificado, 13},
-                                          {LineasDeCertificado, 9},
+                                          {FechaDeCertificado, 16},
+                                          {PaisDeCertificado, 10},
+                                          {VencimientoDeCertificado, 16},
+                                          {LineasDeCertificado, 12},
                                           {AvisoDeCertificado, 22}})
         ui.Lst->setColumnWidth(columna, letra * letras);
     ui.Lst->horizontalHeader()->setSectionResizeMode(ExportadorDeCertificado, QHeaderView::Stretch);

@@ -4,7 +4,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QTabBar>
 #include <algorithm>
+#include <initializer_list>
 
 #include "forms/valuationsheet.h"
 #include "frame/base/dates.h"
@@ -58,6 +60,13 @@ void FrmHojaValoracion::Conectar() {
     QObject::connect(ui.CmdGuardar, &QPushButton::clicked, v, [this] {
         if (Guardar()) ventana->accept();
     });
+    // From the last button round to the first field, which may stand on the page behind.
+    EscucharTeclas(ui.CmdGuardar, [this](const QKeyEvent *tecla) {
+        if (tecla->key() != Qt::Key_Tab || controles_.empty()) return false;
+        IrA(controles_.front().first->columna);
+        return true;
+    });
+    ui.sTab->tabBar()->setFocusPolicy(Qt::NoFocus);
     EscucharTeclas(v, [this](const QKeyEvent *tecla) { return Form_KeyDown(tecla); });
     Escuchar(v, [this](QEvent *evento) {
         if (evento->type() != QEvent::Close || !ventana->isVisible()) return false;
@@ -130,15 +139,19 @@ void FrmHojaValoracion::PonerEnGrilla(QGridLayout *grilla, const CampoDeHoja &ca
 void FrmHojaValoracion::ArmarCampos() {
     QGridLayout *const grillas[] = {ui.caja_Operacion, ui.caja_Circunstancias, ui.caja_Vinculacion,
                                     ui.caja_Precio,    ui.caja_Incluir,        ui.caja_Deducir};
-    QWidget *anterior = ui.sTab;
+    QWidget *anterior = nullptr;
     for (const CampoDeHoja &campo : valoracion::Campos(hoja_.clase)) {
         QWidget *control = HacerControl(campo);
         PonerEnGrilla(grillas[static_cast<std::size_t>(campo.seccion)], campo, control);
-        QWidget::setTabOrder(anterior, control);
+        if (anterior != nullptr) QWidget::setTabOrder(anterior, control);
         anterior = control;
         controles_.emplace_back(&campo, control);
     }
-    QWidget::setTabOrder(anterior, ui.lstObservaciones);
+    for (QWidget *siguiente : std::initializer_list<QWidget *>{
+             ui.lstObservaciones, ui.CmdProponer, ui.CmdEliminar, ui.CmdImprimir, ui.CmdGuardar}) {
+        QWidget::setTabOrder(anterior, siguiente);
+        anterior = siguiente;
+    }
     // Short sections stand at the top of their frames.
     for (QGridLayout *grilla : grillas) grilla->setRowStretch(grilla->rowCount(), 1);
 }
