@@ -148,3 +148,8 @@ void FrmCertificados::Listar() {
         ctx.dialogos.vistaPrevia({papel::ReporteDe(tabla, ctx.SeparadorDecimal), tabla});
     });
 }
+
+void AbrirCertificados(const QString &interno) {
+    Pantalla<FrmCertificados>().Mostrar(interno);
+    CerrarPantalla<FrmCertificados>();
+}

@@ -35,3 +35,6 @@ class FrmCertificados {
     ListaConBusqueda lista_;
     certificados::Legajo legajo_;
 };
+
+/// Opens the certificates of an operation over another screen, and waits.
+void AbrirCertificados(const QString &interno);

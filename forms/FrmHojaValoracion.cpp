@@ -13,6 +13,7 @@
 #include "frame/base/numbers.h"
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
@@ -353,4 +354,9 @@ void FrmHojaValoracion::Form_Escape() {
         return;
     }
     IrA(guardado.foco);
+}
+
+void AbrirHojaValoracion(const QString &interno) {
+    Pantalla<FrmHojaValoracion>().Mostrar(interno);
+    CerrarPantalla<FrmHojaValoracion>();
 }

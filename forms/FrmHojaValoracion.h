@@ -53,3 +53,6 @@ class FrmHojaValoracion {
         controles_;  ///< in the order of the work
     bool cargando_ = false;
 };
+
+/// Opens the sheet of an operation over another screen, and waits.
+void AbrirHojaValoracion(const QString &interno);

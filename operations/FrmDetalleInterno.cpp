@@ -4,6 +4,8 @@
 
 #include "assembly/FrmArmarItem.h"
 #include "assembly/run.h"
+#include "forms/FrmCertificados.h"
+#include "forms/FrmHojaValoracion.h"
 #include "frame/entities.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -14,7 +16,6 @@
 #include "header/FrmCaratula.h"
 #include "header/regime.h"
 #include "liquidation/FrmVerItem.h"
-#include "operations/FrmFormularios.h"
 #include "operations/handover.h"
 #include "outputs/FrmPresupuesto.h"
 #include "outputs/FrmTransferencia.h"

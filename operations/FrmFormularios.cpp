@@ -32,16 +32,6 @@ void pedirYAbrir(const QString &titulo, void (*abrir)(const QString &interno)) {
 
 }  // namespace
 
-void AbrirHojaValoracion(const QString &interno) {
-    Pantalla<FrmHojaValoracion>().Mostrar(interno);
-    CerrarPantalla<FrmHojaValoracion>();
-}
-
-void AbrirCertificados(const QString &interno) {
-    Pantalla<FrmCertificados>().Mostrar(interno);
-    CerrarPantalla<FrmCertificados>();
-}
-
 void PedirHojaValoracion() {
     pedirYAbrir(u"Hoja de Valoración"_s, AbrirHojaValoracion);
 }

@@ -9,7 +9,6 @@
 #include "frame/ui/Pantalla.h"
 #include "liquidation/FrmVerItem.h"
 #include "operations/FrmDetalleInterno.h"
-#include "operations/FrmFormularios.h"
 #include "tests/support/pantallas.h"
 
 using namespace Qt::StringLiterals;

@@ -12,7 +12,6 @@
 #include "forms/FrmHojaValoracion.h"
 #include "frame/ui/Pantalla.h"
 #include "operations/FrmDetalleInterno.h"
-#include "operations/FrmFormularios.h"
 #include "tests/support/claves.h"
 #include "tests/support/pantallas.h"
 
