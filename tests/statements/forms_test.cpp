@@ -12,7 +12,7 @@ const Caso deFormularios[] = {
      "select id,numero,fecha,idpais,exportador,vencimiento,observaciones from certorigen where interno = "
      "'OP1' order by numero, id",
      Espera::Filas, "INTERNOS",
-     "1|CO-1|2026-01-20 00:00:00|203|D'OR|<null>|\n2|co-2|<null>|<null>|<null>|2026-07-19 00:00:00|<null>"},
+     "1|CO-1|2026-01-20 00:00:00|203|ÑANDU|<null>|\n2|co-2|<null>|<null>|<null>|2026-07-19 00:00:00|<null>"},
     {"LinesOfTheCertificates",
      "select id,idarticulo,ncm,descripcion,cantidad,idunidad,fob,idpais,idpaisproc,certorig from subitems "
      "where interno = 'OP1' order by id"},

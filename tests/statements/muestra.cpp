@@ -47,7 +47,7 @@ const FilaDeMuestra codigosDeMuestra[] = {
     {"SYSTABLAS", "insert into ean (subreg,item) values ('IC04','S')"},
     {"INTERNOS",
      "insert into certorigen (interno,numero,fecha,idpais,exportador,vencimiento,observaciones) values "
-     "('OP1','CO-1',{2026-01-20 00:00:00},'203','D''OR',null,'')"},
+     "('OP1','CO-1',{2026-01-20 00:00:00},'203','ÑANDU',null,'')"},
     {"INTERNOS",
      "insert into certorigen (interno,numero,vencimiento) values ('OP1','co-2',{2026-07-19 00:00:00})"},
     {"SYSTABLAS", "insert into hval (interno,datos) values ('OP1','x')"},
