@@ -1,6 +1,7 @@
 #include "desktop/MenuP.h"
 
 #include <QHeaderView>
+#include <algorithm>
 #include <array>
 
 #include "desktop/FrmConfig.h"
@@ -14,6 +15,7 @@
 #include "frame/ui/ventana.h"
 #include "header/FrmClientes.h"
 #include "operations/FrmExportarOperaciones.h"
+#include "operations/FrmFormularios.h"
 #include "operations/FrmImportarOperaciones.h"
 #include "operations/FrmInternoNew.h"
 #include "regulatory/frmActualizacion.h"
@@ -49,18 +51,46 @@ const std::array<EntradaDeMenu, 7> entradas{{
      }},
 }};
 
-const std::array<const char16_t *, 10> formularios{
-    u"SENASA 19/02",     u"Boleta de Depósito",    u"Multinota",          u"OM-1993",
-    u"Minería",          u"Solicitud Particular",  u"Hoja de Valoración", u"EDCADASSA - IMPO",
-    u"EDCADASSA - EXPO", u"Certificados de Origen"};
+const std::array<EntradaDeMenu, 10> formularios{{
+    {u"SENASA 19/02", Dibujo::Formulario, nullptr},
+    {u"Boleta de Depósito", Dibujo::Formulario, nullptr},
+    {u"Multinota", Dibujo::Formulario, nullptr},
+    {u"OM-1993", Dibujo::Formulario, nullptr},
+    {u"Minería", Dibujo::Formulario, nullptr},
+    {u"Solicitud Particular", Dibujo::Formulario, nullptr},
+    {u"Hoja de Valoración", Dibujo::Formulario, PedirHojaValoracion},
+    {u"EDCADASSA - IMPO", Dibujo::Formulario, nullptr},
+    {u"EDCADASSA - EXPO", Dibujo::Formulario, nullptr},
+    {u"Certificados de Origen", Dibujo::Formulario, PedirCertificados},
+}};
 
-void ponerFila(QTableWidget *grilla, int fila, const QString &rotulo, Dibujo dibujo, bool habilitada) {
-    auto *imagen = new QTableWidgetItem(IconoDe(dibujo), {});
+void ponerFila(QTableWidget *grilla, int fila, const EntradaDeMenu &entrada) {
+    const QString rotulo = QString::fromUtf16(entrada.rotulo);
+    auto *imagen = new QTableWidgetItem(IconoDe(entrada.dibujo), {});
     auto *texto = new QTableWidgetItem(rotulo);
-    for (QTableWidgetItem *celda : {imagen, texto})
+    for (QTableWidgetItem *celda : {imagen, texto}) {
+        const bool habilitada = entrada.accion != nullptr;
         celda->setFlags(habilitada ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
+        if (!habilitada) celda->setToolTip(u"Falta en este programa: %1."_s.arg(rotulo));
+    }
     grilla->setItem(fila, 0, imagen);
     grilla->setItem(fila, 1, texto);
+}
+
+/// ENTER and a click on a row do what it says; its rows begin at `primera`.
+template <std::size_t N>
+void vincularGrilla(QTableWidget *grilla, const std::array<EntradaDeMenu, N> &filas, int primera) {
+    const auto hacer = [&filas, primera](int fila) {
+        const auto cual = static_cast<std::size_t>(fila - primera);
+        if (fila >= primera && cual < filas.size() && filas.at(cual).accion != nullptr)
+            filas.at(cual).accion();
+    };
+    QObject::connect(grilla, &QTableWidget::cellClicked, grilla, hacer);
+    EscucharTeclas(grilla, [grilla, hacer](const QKeyEvent *tecla) {
+        if (!EsEnter(tecla)) return false;
+        hacer(grilla->currentRow());
+        return true;
+    });
 }
 
 /// A grid whose rows are all seen: as high as they are, as wide as the longest label.
@@ -89,8 +119,7 @@ void MenuP::Form_Load() {
     ui.GrdMenuMain->setColumnCount(2);
     ui.GrdMenuMain->setRowCount(static_cast<int>(entradas.size()));
     int fila = 0;
-    for (const EntradaDeMenu &e : entradas)
-        ponerFila(ui.GrdMenuMain, fila++, QString::fromUtf16(e.rotulo), e.dibujo, e.accion != nullptr);
+    for (const EntradaDeMenu &e : entradas) ponerFila(ui.GrdMenuMain, fila++, e);
     ajustar(ui.GrdMenuMain, filasDeFormularios);
     ui.GrdMenuMain->setCurrentCell(0, 1);
 
@@ -107,9 +136,11 @@ void MenuP::Form_Load() {
     ui.GridFormularios->setItem(0, 0, titulo);
     ui.GridFormularios->setSpan(0, 0, 1, 2);
     fila = 1;
-    for (const char16_t *rotulo : formularios)
-        ponerFila(ui.GridFormularios, fila++, QString::fromUtf16(rotulo), Dibujo::Formulario, false);
+    for (const EntradaDeMenu &e : formularios) ponerFila(ui.GridFormularios, fila++, e);
     ajustar(ui.GridFormularios, filasDeFormularios);
+    const auto primera = std::find_if(formularios.begin(), formularios.end(),
+                                      [](const EntradaDeMenu &e) { return e.accion != nullptr; });
+    ui.GridFormularios->setCurrentCell(static_cast<int>(primera - formularios.begin()) + 1, 1);
 
     ui.lbVersion->setText(TextoDeVersion());
     ui.lbFechaZendra->setText(TextoFechaZendra());
@@ -118,13 +149,9 @@ void MenuP::Form_Load() {
 }
 
 void MenuP::Conectar() {
-    QObject::connect(ui.GrdMenuMain, &QTableWidget::cellClicked, ventana.get(),
-                     [this](int fila) { GrdMenuMain_Click(fila); });
-    EscucharTeclas(ui.GrdMenuMain, [this](QKeyEvent *tecla) {
-        if (!EsEnter(tecla)) return false;
-        GrdMenuMain_Click(ui.GrdMenuMain->currentRow());
-        return true;
-    });
+    vincularGrilla(ui.GrdMenuMain, entradas, 0);
+    // Behind the title.
+    vincularGrilla(ui.GridFormularios, formularios, 1);
     QObject::connect(ui.comprobarActualizacion, &QPushButton::clicked, ventana.get(), [] {
         Pantalla<frmActualizacion>().Mostrar();
         CerrarPantalla<frmActualizacion>();
@@ -140,10 +167,4 @@ void MenuP::Conectar() {
 
 void MenuP::TomarFoco() {
     ui.GrdMenuMain->setFocus();
-}
-
-void MenuP::GrdMenuMain_Click(int fila) {
-    if (fila < 0 || fila >= static_cast<int>(entradas.size())) return;
-    const EntradaDeMenu &entrada = entradas.at(static_cast<std::size_t>(fila));
-    if (entrada.accion != nullptr) entrada.accion();
 }

@@ -18,5 +18,4 @@ class MenuP {
  private:
     void Form_Load();
     void Conectar();
-    void GrdMenuMain_Click(int fila);
 };

@@ -4,6 +4,8 @@
 
 #include "assembly/FrmArmarItem.h"
 #include "assembly/run.h"
+#include "forms/FrmCertificados.h"
+#include "forms/FrmHojaValoracion.h"
 #include "frame/entities.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -37,9 +39,7 @@ const QString sinDato = u"—"_s;
 using FormaDelTablero = Ui::FrmDetalleInterno;
 
 /// The buttons whose work is done by libraries that are not part of this program.
-constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 3> bibliotecasDelTablero{{
-    {&FormaDelTablero::CmdHojaVal, "oValuationSheet"_L1},
-    {&FormaDelTablero::cmdCertOrig, "OriginCerts"_L1},
+constexpr std::array<std::pair<QPushButton * FormaDelTablero::*, QLatin1String>, 1> bibliotecasDelTablero{{
     {&FormaDelTablero::Command1, "LnaOutputBuilder"_L1},
 }};
 
@@ -77,6 +77,8 @@ void FrmDetalleInterno::Conectar() {
     for (QPushButton *boton : {ui.cmdExportar, ui.cmdExportINS}) alPulsar(boton, [this] { ExportarStock(); });
     alPulsar(ui.CmdPrint, [this] { CmdPrint_Click(); });
     alPulsar(ui.cmdStock, [this] { Pantalla<FrmStock>().MostrarDeOperacion(interno_); });
+    alPulsar(ui.CmdHojaVal, [this] { CmdHojaVal_Click(); });
+    alPulsar(ui.cmdCertOrig, [this] { cmdCertOrig_Click(); });
     for (const auto &[boton, biblioteca] : bibliotecasDelTablero) {
         const QString opcion = (ui.*boton)->text().remove(u'&');
         alPulsar(ui.*boton, [biblioteca = QString(biblioteca), opcion] {
@@ -283,6 +285,16 @@ void FrmDetalleInterno::ExportarStock() {
 void FrmDetalleInterno::CmdPrint_Click() {
     AppContext &ctx = Contexto();
     Manejar(ctx, [&] { stock::GenerarIMP(ctx, interno_); });
+}
+
+void FrmDetalleInterno::CmdHojaVal_Click() {
+    AbrirHojaValoracion(interno_);
+    VerDatos();
+}
+
+void FrmDetalleInterno::cmdCertOrig_Click() {
+    AbrirCertificados(interno_);
+    VerDatos();
 }
 
 void FrmDetalleInterno::cmdCaratula_Click() {

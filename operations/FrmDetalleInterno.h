@@ -47,6 +47,8 @@ class FrmDetalleInterno {
     /// Both buttons put the lines of a temporary import into the stock.
     void ExportarStock();
     void CmdPrint_Click();
+    void CmdHojaVal_Click();
+    void cmdCertOrig_Click();
     void cmdCaratula_Click();
     void CmdSubItems_Click();
     void CmdTransMaria_Click();

@@ -270,8 +270,10 @@ const std::vector<Fila> &tablaDeComandos() {
          .hacer = Presupuestar,
          .dePapel = true},
         {.comando = {.nombre = "lista",
-                     .texto = "Escribe una lista: las líneas de una operación, sus bultos, un catálogo de "
-                              "artículos o todas las operaciones.",
+                     .texto =
+                         "Escribe una lista: las líneas de una operación, sus bultos, sus certificados de "
+                         "origen, su hoja de valoración, un catálogo de artículos o todas las "
+                         "operaciones.",
                      .argumentos =
                          {{.nombre = "NOMBRE", .texto = "la lista, por su nombre", .control = DefectoDeLista},
                           {.nombre = "CLAVE",

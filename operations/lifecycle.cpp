@@ -42,7 +42,7 @@ constexpr TablaDeOperacion tablas[] = {
     {"hvalexp", "SYSTABLAS"}};
 
 /// What this system keeps beside them.
-constexpr const char *tablasPropias[] = {"transferidas", "certorigen", "certorigenlinea"};
+constexpr const char *tablasPropias[] = {"transferidas", "certorigen"};
 
 QString fechaLarga(const Recordset &rs) {
     const QDateTime fecha = AFecha(rs.Fields(u"fecha").Value);

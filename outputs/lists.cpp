@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "forms/certificatelist.h"
+#include "forms/valuationsheet.h"
 #include "frame/context.h"
 #include "outputs/listrows.h"
 
@@ -45,6 +47,15 @@ const std::vector<Lista> &Listas() {
          .sinFilas = u"La operación %1 no tiene bultos ni transporte; cárguelos antes de pedir la lista."_s,
          .armar = BultosDeOperacion,
          .hoja = FichaDe},
+        {.nombre = u"certificados"_s,
+         .clave = Clave::Operacion,
+         .sinFilas = u"La operación %1 no tiene certificados de origen; cárguelos antes de pedir la lista."_s,
+         .armar = certificados::TablaDeCertificados},
+        {.nombre = u"valoracion"_s,
+         .clave = Clave::Operacion,
+         .sinFilas = u"La operación %1 no tiene hoja de valoración; llénela antes de pedir la lista."_s,
+         .armar = valoracion::HojaDeOperacion,
+         .hoja = valoracion::PapelDeHoja},
     };
     return todas;
 }

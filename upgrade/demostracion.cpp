@@ -79,6 +79,8 @@ const char *const tablasDeDemostracion[] = {
     "stock",
     "stockmov",
     "descargas",
+    "certorigen",
+    "hval",
     "itempresu",
     "itemref",
     "coment",

@@ -92,10 +92,9 @@ const Fila filas[] = {
      "interno,idlinea;idstock"},
     // The declarations that were handed over
     {"transferidas", "INTERNOS", "interno @fecha maquina archivo suma", "interno"},
-    // Certificates of origin, and the lines that each one covers
+    // Certificates of origin; the lines that one covers bear its number in their certorig
     {"certorigen", "INTERNOS", "*id interno numero @fecha idpais exportador @vencimiento observaciones",
      "interno"},
-    {"certorigenlinea", "INTERNOS", "#idcertorigen interno #idlinea", "interno,idlinea;idcertorigen"},
     // Small reference tables kept with the operations
     {"divisas", "INTERNOS", "id descripcion #imp", "id"},
     {"conpresu", "INTERNOS", "concepto", "concepto"},
@@ -120,8 +119,22 @@ const Fila filas[] = {
     {"bancos", "SYSTABLAS", "id descripcion", "id"},
     {"coment", "SYSTABLAS", "interno coment", "interno"},
     {"ean", "SYSTABLAS", "subreg item", "subreg"},
-    {"hval", "SYSTABLAS", "interno datos", "interno"},
-    {"hvalexp", "SYSTABLAS", "interno datos", "interno"},
+    // The valuation sheets, of an import and of an export: what forms/valuationfields.cpp tells of each
+    // column
+    {"hval", "SYSTABLAS",
+     "interno datos metodo naturaleza nivelcomercial contrato @fechacontrato formadepago "
+     "restricciones condiciones explicacion pagacanones reversion "
+     "vinculacion vinculocaso influencia criterio vinculodetalle divisa #cambio "
+     "#precio #pagosindirectos #comisiones #envases #embalaje #materiales #herramientas #consumidos "
+     "#ingenieria #canones #producto #otrosincluir #flete #carga #seguro "
+     "#montaje #transporteinterno #tributos #intereses #otrosdeducir",
+     "interno"},
+    {"hvalexp", "SYSTABLAS",
+     "interno datos naturaleza contrato @fechacontrato formadepago preciorevisable condiciones explicacion "
+     "vinculacion vinculodetalle divisa #cambio "
+     "#precio #envases #embalaje #comisiones #gastosanteriores #otrosincluir "
+     "#flete #seguro #gastosposteriores #tributos #otrosdeducir",
+     "interno"},
     {"diemchina", "SYSTABLAS", "ncm #diem", "ncm"},
     {"informacion", "SYSTABLAS", "id descripcion", "id"},
     {"ventajas", "SYSTABLAS", "id descripcion", "id"},

@@ -19,8 +19,7 @@ namespace {
 
 /// The program's path; the newest where the distribution keeps one for each version of the server.
 QString buscar(const QString &programa) {
-    if (QString enCamino = QStandardPaths::findExecutable(programa); !enCamino.isEmpty())
-        return enCamino;
+    if (QString enCamino = QStandardPaths::findExecutable(programa); !enCamino.isEmpty()) return enCamino;
     const QDir versiones(u"/usr/lib/postgresql"_s);
     QStringList carpetas = versiones.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     std::sort(carpetas.begin(), carpetas.end(),

@@ -9,6 +9,7 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -35,6 +36,8 @@ class ModeloDeFilas : public QAbstractTableModel {
         endResetModel();
     }
     void colorear(std::function<std::optional<QColor>(int)> color) { color_ = std::move(color); }
+    const std::vector<int> &visibles() const { return visibles_; }
+    std::size_t cuantas() const { return filas_.size(); }
     QStringList columna(int cual) const {
         QStringList textos;
         textos.reserve(static_cast<qsizetype>(filas_.size()));
@@ -46,6 +49,11 @@ class ModeloDeFilas : public QAbstractTableModel {
     int visible(int fila) const {
         const auto donde = std::lower_bound(visibles_.begin(), visibles_.end(), fila);
         return donde == visibles_.end() || *donde != fila ? -1 : static_cast<int>(donde - visibles_.begin());
+    }
+    void escribir(int fila, int columna, const QString &texto) {
+        filas_[static_cast<std::size_t>(fila)][columna] = texto;
+        if (const int donde = visible(fila); donde >= 0)
+            Q_EMIT dataChanged(index(donde, columna), index(donde, columna));
     }
 
     int rowCount(const QModelIndex &padre) const override {
@@ -120,6 +128,7 @@ void ListaConBusqueda::vincular(QTableView *vista, std::vector<Caja> cajas, Acci
     cajas_ = std::move(cajas);
     acciones_ = std::move(acciones);
     estados_.resize(cajas_.size());
+    contenidos_.resize(cajas_.size());
     descanso_ = new QTimer(vista);
     descanso_->setSingleShot(true);
     descanso_->setInterval(descanso);
@@ -139,13 +148,17 @@ void ListaConBusqueda::Colorear(std::function<std::optional<QColor>(int fila)> c
     modelo_->colorear(std::move(color));
 }
 
+std::vector<int> ListaConBusqueda::EnVista() const {
+    return modelo_->visibles();
+}
+
 int ListaConBusqueda::Visibles() const {
     return vista_->model()->rowCount();
 }
 
 void ListaConBusqueda::Cargar(std::vector<QStringList> filas, int actual) {
     descanso_->stop();
-    contenido_.reset();
+    contenidos_.assign(cajas_.size(), std::nullopt);
     for (std::size_t i = 0; i < cajas_.size(); ++i) {
         // What is narrowed stays with its text, which whoever loads knows.
         if (cajas_[i].estrecha) continue;
@@ -172,6 +185,12 @@ void ListaConBusqueda::Seleccionar(int fila) {
     irA(modelo_ != nullptr ? modelo_->visible(fila) : fila);
 }
 
+void ListaConBusqueda::Escribir(int fila, int columna, const QString &texto) {
+    modelo_->escribir(fila, columna, texto);
+    for (std::size_t i = 0; i < cajas_.size(); ++i)
+        if (cajas_[i].columna == columna) contenidos_[i].reset();
+}
+
 void ListaConBusqueda::irA(int visible) {
     if (visible < 0) {
         vista_->setCurrentIndex({});
@@ -186,7 +205,6 @@ void ListaConBusqueda::irA(int visible) {
 
 void ListaConBusqueda::escribir(std::size_t cual, const QString &texto) {
     if (cajas_[cual].estrecha) {
-        estrecha_ = cual;
         descanso_->start();
         return;
     }
@@ -197,7 +215,7 @@ void ListaConBusqueda::escribir(std::size_t cual, const QString &texto) {
 void ListaConBusqueda::EstrecharPor(const QLineEdit *campo, int columna) {
     for (std::size_t i = 0; i < cajas_.size(); ++i) {
         if (cajas_[i].campo != campo) continue;
-        if (std::exchange(cajas_[i].columna, columna) != columna) contenido_.reset();
+        if (std::exchange(cajas_[i].columna, columna) != columna) contenidos_[i].reset();
         escribir(i, campo->text());
     }
     EstrecharYa();
@@ -214,9 +232,20 @@ void ListaConBusqueda::estrechar() {
         acciones_.buscar();
         return;
     }
-    const Caja &caja = cajas_.at(estrecha_);
-    if (!contenido_) contenido_ = BuscadorPorContenido(modelo_->columna(caja.columna));
-    modelo_->mostrar(contenido_->Filas(caja.campo->text()));
+    std::vector<int> quedan(modelo_->cuantas());
+    std::iota(quedan.begin(), quedan.end(), 0);
+    for (std::size_t i = 0; i < cajas_.size(); ++i) {
+        const Caja &caja = cajas_[i];
+        if (!caja.estrecha || caja.campo->text().isEmpty()) continue;
+        auto &contenido = contenidos_[i];
+        if (!contenido) contenido = BuscadorPorContenido(modelo_->columna(caja.columna));
+        const std::vector<int> filas = contenido->Filas(caja.campo->text());
+        std::vector<int> ambas;
+        std::set_intersection(quedan.begin(), quedan.end(), filas.begin(), filas.end(),
+                              std::back_inserter(ambas));
+        quedan = std::move(ambas);
+    }
+    modelo_->mostrar(std::move(quedan));
     irA(Visibles() > 0 ? 0 : -1);
     if (acciones_.estrechar) acciones_.estrechar();
 }

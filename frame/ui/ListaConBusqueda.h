@@ -28,6 +28,7 @@ class ListaConBusqueda {
         int columna;
         /// After a short rest of the typing, only the rows that hold the text anywhere in the column stay in
         /// sight (a view over a model alone); else the row in hand goes to the first that begins with it.
+        /// Several boxes that narrow leave the rows that each of them lets through.
         bool estrecha = false;
     };
 
@@ -57,12 +58,16 @@ class ListaConBusqueda {
     int Actual() const;
     /// Takes a loaded row in hand; one that is out of sight, and -1, leave none.
     void Seleccionar(int fila);
+    /// Writes a cell of a loaded row; what a box searches is asked anew. For a view over a model.
+    void Escribir(int fila, int columna, const QString &texto);
     /// A box that narrows searches this column from now on: its text, at once.
     void EstrecharPor(const QLineEdit *campo, int columna);
     /// A typing that still rests is searched at once.
     void EstrecharYa();
     /// The colour that a loaded row is written in; none leaves it as the others are. For a view over a model.
     void Colorear(std::function<std::optional<QColor>(int fila)> color);
+    /// The loaded rows in sight, in their order (a view over a model alone).
+    std::vector<int> EnVista() const;
     /// How many rows are in sight.
     int Visibles() const;
 
@@ -81,10 +86,9 @@ class ListaConBusqueda {
     QTableView *vista_ = nullptr;
     ModeloDeFilas *modelo_ = nullptr;  ///< none for a grid of cells
     QTimer *descanso_ = nullptr;       ///< of the typing in a box that narrows
-    std::size_t estrecha_ = 0;         ///< the box that narrows
     std::vector<Caja> cajas_;
     std::vector<EstadoDeLista> estados_;  ///< one a box
-    /// Of the box that narrows: made when it is first asked.
-    std::optional<BuscadorPorContenido> contenido_;
+    /// One a box; of those that narrow, made when it is first asked.
+    std::vector<std::optional<BuscadorPorContenido>> contenidos_;
     Acciones acciones_;
 };

@@ -89,9 +89,9 @@ TEST_P(Viaje, LinesHaveNumbersOfTheirOwnThereAndEverythingThatNamesThemFollows) 
                   u"select count(*) as n from groupsubitems g inner join subitems s on g.idsub = s.id "
                   "where g.interno = 'IC-2026-0001' and s.interno = 'IC-2026-0001' and g.ncm = s.ncm"_s),
               uno(*ctx, u"select count(*) as n from groupsubitems where interno = 'IC-2026-0001'"_s));
-    EXPECT_EQ(uno(alla, u"select idcertorigen from certorigenlinea where interno = 'IC-2026-0001'"_s),
-              u"8"_s);
-    EXPECT_EQ(uno(alla, u"select idlinea from certorigenlinea where interno = 'IC-2026-0001'"_s), u"1001"_s);
+    EXPECT_EQ(uno(alla, u"select id from certorigen where interno = 'IC-2026-0001'"_s), u"8"_s);
+    EXPECT_EQ(uno(alla, u"select id from subitems where interno = 'IC-2026-0001' and certorig = 'AR-1'"_s),
+              u"1001"_s);
     EXPECT_EQ(uno(alla, u"select idroot from idrel where interno = 'IC-2026-0001' and idsub = 1001"_s),
               u"1001"_s);
 }

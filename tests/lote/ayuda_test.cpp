@@ -55,8 +55,8 @@ TEST_F(Ayuda, EachCommandHasItsOwnHelpWithItsArgumentsAndOptions) {
         const QString nombre = QString::fromUtf8(c.nombre);
         const QString texto = mostrado({nombre, "--ayuda"});
         const bool sobreUna = nombre != "listar"_L1 && nombre != "lista"_L1 && nombre != "licencias"_L1 &&
-                              !nombre.startsWith("catalogo "_L1) && nombre != "importar"_L1 && nombre != "stock revisar"_L1 &&
-                              nombre != "stock listar"_L1;
+                              !nombre.startsWith("catalogo "_L1) && nombre != "importar"_L1 &&
+                              nombre != "stock revisar"_L1 && nombre != "stock listar"_L1;
         EXPECT_TRUE(texto.startsWith(QString::fromUtf8(c.texto).section(' ', 0, 4))) << texto.toStdString();
         QString uso = u"Uso: zendra_lote --perfil ARCHIVO "_s + nombre;
         for (const consola::Argumento &a : c.argumentos)

@@ -138,10 +138,16 @@ TEST_P(ListasEnLote, EveryListLeavesInEveryForm) {
         QString nombre, clave;
         int filas;
     };
-    const Caso casos[] = {{u"lineas"_s, importacion, 25},      {u"lineas-horizontal"_s, importacion, 25},
-                          {u"posiciones"_s, importacion, 25},  {u"posiciones-horizontal"_s, importacion, 25},
-                          {u"catalogo"_s, u"HIDPLATA"_s, 20},  {u"bultos"_s, importacion, 1},
-                          {u"operaciones"_s, {}, 8},           {u"stock"_s, {}, 5},
+    const Caso casos[] = {{u"lineas"_s, importacion, 25},
+                          {u"lineas-horizontal"_s, importacion, 25},
+                          {u"posiciones"_s, importacion, 25},
+                          {u"posiciones-horizontal"_s, importacion, 25},
+                          {u"catalogo"_s, u"HIDPLATA"_s, 20},
+                          {u"bultos"_s, importacion, 1},
+                          {u"certificados"_s, u"ICR-2026-0005"_s, 11},
+                          {u"valoracion"_s, importacion, 45},
+                          {u"operaciones"_s, {}, 8},
+                          {u"stock"_s, {}, 5},
                           {u"insumos"_s, u"EC-2026-0008"_s, 3}};
     EXPECT_EQ(std::size(casos), listas::Listas().size() + 3);
     for (const Caso &c : casos) {
@@ -207,8 +213,8 @@ TEST(ListasEnLotePedidas, AWrongUseIsOneSentence) {
     const QTemporaryDir dir;
     const QString p = dir.filePath(u"p.ini"_s);
     const QString nombres =
-        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, operaciones, "
-        "stock, insumos"_s;
+        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, certificados, "
+        "valoracion, operaciones, stock, insumos, transferidas"_s;
     struct Caso {
         QStringList argumentos;
         QString dice;

@@ -22,6 +22,9 @@
 #include "desktop/FrmVistaPrevia.h"
 #include "desktop/MenuP.h"
 #include "desktop/fin.h"
+#include "forms/FrmCertificado.h"
+#include "forms/FrmCertificados.h"
+#include "forms/FrmHojaValoracion.h"
 #include "frame/base/ini.h"
 #include "frame/startup.h"
 #include "frame/ui/ClCntrl.h"
@@ -189,6 +192,23 @@ class Salidas : public EnPantalla {
                                      Pantalla<FrmCliente>().Agregar();
                                      CerrarPantalla<FrmCliente>();
                                  }),
+            salidaDe<FrmCertificados>("FrmCertificados",
+                                      [] {
+                                          Pantalla<FrmCertificados>().Mostrar(vacia);
+                                          CerrarPantalla<FrmCertificados>();
+                                      }),
+            salidaDe<FrmCertificado>("FrmCertificado",
+                                     [] {
+                                         certificados::Legajo legajo;
+                                         legajo.interno = vacia;
+                                         Pantalla<FrmCertificado>().Editar(legajo, {});
+                                         CerrarPantalla<FrmCertificado>();
+                                     }),
+            salidaDe<FrmHojaValoracion>("FrmHojaValoracion",
+                                        [] {
+                                            Pantalla<FrmHojaValoracion>().Mostrar(vacia);
+                                            CerrarPantalla<FrmHojaValoracion>();
+                                        }),
             salidaDe<FrmClientes>("FrmClientes", [] { Pantalla<FrmClientes>().Mostrar(); }),
             salidaDe<FrmClientes>("FrmClientes",
                                   [] {
@@ -466,8 +486,8 @@ TEST_P(Salidas, EveryScreenOfTheProgramIsAmongThem) {
     QStringList faltan;
     QStringList estan;
     for (const Salida &salida : todas()) estan << QLatin1String(salida.nombre);
-    for (const char *carpeta : {"assembly", "desktop", "frame", "header", "liquidation", "operations",
-                                "outputs", "regulatory", "stock", "subitems"}) {
+    for (const char *carpeta : {"assembly", "desktop", "forms", "frame", "header", "liquidation",
+                                "operations", "outputs", "regulatory", "stock", "subitems"}) {
         QDirIterator formas(CarpetaDeFuentes() + QLatin1Char('/') + QLatin1String(carpeta), {u"*.ui"_s},
                             QDir::Files, QDirIterator::Subdirectories);
         while (formas.hasNext()) {

@@ -239,9 +239,7 @@ TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
     registro = {};
     auto &ui = tablero.ui;
     for (const auto &[boton, biblioteca, opcion] :
-         {std::tuple{ui.CmdHojaVal, "oValuationSheet", "Hoja de Valoración"},
-          std::tuple{ui.cmdCertOrig, "OriginCerts", "Certificado de Origen"},
-          std::tuple{ui.Command1, "LnaOutputBuilder", "Información Extra"}}) {
+         {std::tuple{ui.Command1, "LnaOutputBuilder", "Información Extra"}}) {
         registro.mensajes.clear();
         teclaEn(boton, Qt::Key_Space);
         ASSERT_EQ(registro.mensajes.size(), 1U) << opcion;

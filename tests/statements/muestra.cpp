@@ -45,6 +45,11 @@ const FilaDeMuestra codigosDeMuestra[] = {
     {"SYSTABLAS", "insert into oncca_cortes (id,descripcion) values ('101','AGUJA')"},
     {"SYSTABLAS", "insert into coment (interno,coment) values ('OP1','Línea uno\nlínea ''dos''')"},
     {"SYSTABLAS", "insert into ean (subreg,item) values ('IC04','S')"},
+    {"INTERNOS",
+     "insert into certorigen (interno,numero,fecha,idpais,exportador,vencimiento,observaciones) values "
+     "('OP1','CO-1',{2026-01-20 00:00:00},'203','ÑANDU',null,'')"},
+    {"INTERNOS",
+     "insert into certorigen (interno,numero,vencimiento) values ('OP1','co-2',{2026-07-19 00:00:00})"},
     {"SYSTABLAS", "insert into hval (interno,datos) values ('OP1','x')"},
     {"SYSTABLAS", "insert into hvalexp (interno,datos) values ('OP1','x')"},
     {"SYSTABLAS", "insert into diemchina (ncm,diem) values ('8409.91.12',3.5)"},

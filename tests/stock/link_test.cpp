@@ -178,11 +178,10 @@ TEST_P(Caminos, ADeletedOperationGivesBackAndWhatItLoadedStays) {
     ASSERT_TRUE(IngresarCancelacion(*ctx, exportacion, u"1"_s, c)) << ultimo();
     ejecutar(u"insert into transferidas (interno,archivo) values ('EX 1','x')"_s);
     ejecutar(u"insert into certorigen (interno,numero) values ('EX 1','x')"_s);
-    ejecutar(u"insert into certorigenlinea (interno,idlinea) values ('EX 1',1)"_s);
     ASSERT_TRUE(EliminarSinPreguntar(*ctx, exportacion)) << ultimo();
     EXPECT_EQ(saldo(tela), u"2600"_s);
     EXPECT_EQ(valor(u"select count(*) from stock where saldo <> cantidad"_s), u"0"_s);
-    for (const char *tabla : {"descargas", "transferidas", "certorigen", "certorigenlinea"})
+    for (const char *tabla : {"descargas", "transferidas", "certorigen"})
         EXPECT_EQ(valor(u"select count(*) from %1 where interno = 'EX 1'"_s.arg(QLatin1StringView(tabla))),
                   u"0"_s)
             << tabla;

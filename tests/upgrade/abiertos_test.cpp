@@ -80,7 +80,8 @@ class StoresAbiertos : public EnAmbosStores {
                 lineas << entidad + ": "_L1 +
                               lineasDe(entidad,
                                        u"select name from sqlite_master where type = 'index' order by 1"_s);
-        lineas << lineasDe(u"INTERNOS"_s, u"select name, seq from sqlite_sequence where seq > 0 order by 1"_s);
+        lineas << lineasDe(u"INTERNOS"_s,
+                           u"select name, seq from sqlite_sequence where seq > 0 order by 1"_s);
         lineas << lineasDe(u"INTERNOS"_s, u"select tbl, idx, stat from sqlite_stat1 order by 1, 2"_s);
         return lineas;
     }
