@@ -92,10 +92,9 @@ const Fila filas[] = {
      "interno,idlinea;idstock"},
     // The declarations that were handed over
     {"transferidas", "INTERNOS", "interno @fecha maquina archivo suma", "interno"},
-    // Certificates of origin, and the lines that each one covers
+    // Certificates of origin; the lines that one covers bear its number in their certorig
     {"certorigen", "INTERNOS", "*id interno numero @fecha idpais exportador @vencimiento observaciones",
      "interno"},
-    {"certorigenlinea", "INTERNOS", "#idcertorigen interno #idlinea", "interno,idlinea;idcertorigen"},
     // Small reference tables kept with the operations
     {"divisas", "INTERNOS", "id descripcion #imp", "id"},
     {"conpresu", "INTERNOS", "concepto", "concepto"},

@@ -33,13 +33,8 @@ std::vector<const esquema::Tabla *> tablasDeOperacion() {
 }
 
 bool nombraLinea(const esquema::Tabla &t, const QString &columna) {
-    if (t.nombre == "certorigenlinea"_L1) return columna == "idlinea"_L1;
     return (t.nombre == "groupsubitems"_L1 || t.nombre == "idrel"_L1) &&
            (columna == "idsub"_L1 || columna == "idroot"_L1);
-}
-
-bool nombraCertificado(const esquema::Tabla &t, const QString &columna) {
-    return t.nombre == "certorigenlinea"_L1 && columna == "idcertorigen"_L1;
 }
 
 /// The number of a taking of the stock, whose row stays with the original.
@@ -78,8 +73,6 @@ class Copia : public EnAmbosStores {
                     valores << QLatin1Char('\'') + interno + QLatin1Char('\'');
                 else if (nombraLinea(t, c.nombre))
                     valores << lineas(interno).at(fila);
-                else if (nombraCertificado(t, c.nombre))
-                    valores << certificados(interno).at(fila);
                 else if (nombraToma(t, c.nombre))
                     valores << u"0"_s;
                 else
@@ -92,24 +85,18 @@ class Copia : public EnAmbosStores {
     }
     void llenarTodo(const QString &interno = origen) {
         llenar(*esquema::buscarTabla(u"subitems"), interno);
-        llenar(*esquema::buscarTabla(u"certorigen"), interno);
         for (const esquema::Tabla *t : tablasDeOperacion())
-            if (t->nombre != "subitems"_L1 && t->nombre != "certorigen"_L1) llenar(*t, interno);
+            if (t->nombre != "subitems"_L1) llenar(*t, interno);
     }
     /// The identities of an operation's lines, in order.
     QStringList lineas(const QString &interno) {
         return filas(u"select id from subitems where interno = '%1' order by id"_s.arg(interno))
             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
-    QStringList certificados(const QString &interno) {
-        return filas(u"select id from certorigen where interno = '%1' order by id"_s.arg(interno))
-            .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    }
     /// The rows of a table, sorted; the key is left out, and identities of lines are told by their place.
     std::string contenido(const esquema::Tabla &t, const QString &interno,
                           const QStringList &sin = {u"interno"_s}) {
         const QStringList ids = lineas(interno);
-        const QStringList idsDeCertificados = certificados(interno);
         Recordset rs;
         Consultar(*ctx, t.entidad, u"select * from %1 where interno = '%2'"_s.arg(t.nombre, interno), rs);
         QStringList todas;
@@ -119,12 +106,8 @@ class Copia : public EnAmbosStores {
                 if (sin.contains(c.nombre)) continue;
                 const QVariant v = rs.Fields(c.nombre).Value;
                 QString texto = v.isNull() ? u"<null>"_s : EsNull(v);
-                if (nombraCertificado(t, c.nombre) || t.nombre == "certorigen"_L1) {
-                    const qsizetype lugar = idsDeCertificados.indexOf(texto);
-                    if (lugar >= 0) texto = u"certificate %1"_s.arg(lugar);
-                } else if (c.tipo == esquema::Tipo::Generado || nombraLinea(t, c.nombre)) {
+                if (c.tipo == esquema::Tipo::Generado || nombraLinea(t, c.nombre))
                     texto = u"line %1"_s.arg(ids.indexOf(texto));
-                }
                 celdas << c.nombre + QLatin1Char('=') + texto;
             }
             todas << celdas.join(QLatin1Char('|'));
@@ -240,14 +223,25 @@ TEST_P(Copia, WhatTheOriginalTookFromTheStockIsNotTheCopys) {
         u"insert into subitems (interno,cancelaciones,insumostemp) "
         "values ('ORIGINAL','OK','12.75')"_s);
     ejecutar(u"insert into subitems (interno,cancelaciones,insumostemp) values ('ORIGINAL','','3')"_s);
-    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',1,77)"_s);
+    ejecutar(u"insert into stockmov (interno,idstock,descontado) values ('ORIGINAL',1,2)"_s);
+    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',1,%1)"_s.arg(
+        valor(u"select id from stockmov"_s)));
+    // Of elsewhere: with a number that no taking has, and with none.
+    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',3,7777)"_s);
+    ejecutar(
+        u"insert into groupsubitems (interno,cancelaciones,insumostemp) values ('ORIGINAL','OK',12.75)"_s);
+    ejecutar(u"insert into item (interno,id,cancelaciones,insumostemp) values ('ORIGINAL',1,'OK',12.75)"_s);
     ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',2,null)"_s);
     ejecutar(u"insert into transferidas (interno,suma) values ('ORIGINAL','abc')"_s);
     EXPECT_EQ(pedir(destino), destino);
     EXPECT_EQ(
         filas(u"select cancelaciones,insumostemp from subitems where interno = 'LA COPIA' order by id"_s),
         u"|0\n|3"_s);
-    EXPECT_EQ(filas(u"select cantidad from descargas where interno = 'LA COPIA'"_s), u"2"_s);
+    EXPECT_EQ(filas(u"select cantidad from descargas where interno = 'LA COPIA'"_s), u"3\n2"_s);
+    for (const char *tabla : {"groupsubitems", "item"})
+        EXPECT_EQ(filas(u"select cancelaciones,insumostemp from %1 where interno = 'LA COPIA'"_s.arg(
+                      QLatin1String(tabla))),
+                  u"|0"_s);
     EXPECT_EQ(valor(u"select count(*) as n from transferidas where interno = 'LA COPIA'"_s), u"0"_s);
     // Its items were made with those inputs.
     EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'LA COPIA'"_s), u"S"_s);

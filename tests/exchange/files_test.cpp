@@ -142,8 +142,7 @@ TEST_P(ArchivoMalo, ATableOrARowThatDoesNotFitEndsThatOperationAlone) {
     const std::pair<const char *, QString> casos[] = {
         {"{\"columnas\":[\"id\"],\"tabla\":\"version\"}\n[\"331\"]\n",
          u"La tabla version no es de una operación."_s},
-        {"{\"columnas\":[\"factura\",\"orden\"],\"tabla\":\"facturas\"}\n[\"F1\"]\n",
-         u"forma esperada"_s},
+        {"{\"columnas\":[\"factura\",\"orden\"],\"tabla\":\"facturas\"}\n[\"F1\"]\n", u"forma esperada"_s},
         {"{\"columnas\":[\"factura\"],\"tabla\":\"facturas\"}\n[{\"a\":1}]\n", u"forma esperada"_s},
         {"{\"columnas\":[\"factura\"],\"tabla\":\"facturas\"}\n[\"F1\"]\n", u"Falta su carátula."_s},
         {"{\"columnas\":[\"nombre\"],\"tabla\":\"clientes\"}\n[\"F1\"]\n",

@@ -29,8 +29,6 @@ void DosOficinas::preparar(const QString &interno) {
     for (
         const QString &sql :
         {u"insert into certorigen (interno,numero,exportador,fecha) values ('%1','AR-1','Ñandú ''S.A.''',%3)"_s,
-         u"insert into certorigenlinea (idcertorigen,interno,idlinea) "
-         "select id,interno,%2 from certorigen where interno = '%1'"_s,
          u"insert into idrel (interno,idroot,idsub) values ('%1',%2,%2)"_s,
          u"insert into descargas (interno,dit,cantidad,idexportacion) values ('%1','26001DIT1',1.5,null)"_s,
          u"insert into iteminfo (interno,iditem,idinfo,valor) values ('%1',1,'NRO.DJAI','X')"_s,

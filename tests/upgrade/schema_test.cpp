@@ -19,7 +19,7 @@ const Hogar hogares[] = {
     {"INTERNOS",
      "caratula subitems groupsubitems item itemliq itemventaja iteminfo liqcero sysflag idrel descargas "
      "facturas "
-     "prorrateo itempresu itemref interno version stock stockmov transferidas certorigen certorigenlinea "
+     "prorrateo itempresu itemref interno version stock stockmov transferidas certorigen "
      "divisas conpresu referencias conceptos unidrel tax tipoemb "
      "codemb "
      "via puertos estadomercaderia unidades"},
