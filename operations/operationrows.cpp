@@ -195,36 +195,35 @@ double Lectura::lugarDe(const char *tabla, const QVariant &numero) const {
                : static_cast<double>(lugar - todos.begin() + 1);
 }
 
-/// Whether a row of descargas is that of a taking.
-bool Lectura::esToma(const QVariant &movimiento) {
+/// Whether a row of descargas is that of a taking, which stays behind with it; the others came from
+/// elsewhere.
+bool Lectura::esDeUnaToma(const QVariant &movimiento) {
     if (EsNumero(movimiento) == 0) return false;
     if (!movimientos_) {
         movimientos_.emplace();
         Recordset rs;
         for (Consultar(ctx_, internos, "select id from stockmov"_L1 + donde_, rs); !rs.Eof(); rs.MoveNext())
-            movimientos_->insert(rs.Numero(u"id"));
+            movimientos_->insert(EsNumero(rs.Fields(0).Value));
     }
-    return movimientos_->count(EsNumero(movimiento)) != 0;
+    return movimientos_->contains(EsNumero(movimiento));
 }
 
 /// False for a row that stays behind.
 bool Lectura::dejarTomas(const Tabla &tabla, const QStringList &columnas, Fila &fila) {
-    const auto valor = [&](const char *columna) -> QVariant & {
-        static QVariant ninguno;
-        const qsizetype c = columnas.indexOf(L(columna));
-        return c < 0 ? ninguno : fila[static_cast<std::size_t>(c)];
-    };
     const L nombre(tabla.nombre);
-    if (nombre == "descargas"_L1) return !esToma(valor("idexportacion"));
-    // Lines, their groups and their items bear the mark.
-    const bool marcable = nombre == "subitems"_L1 || nombre == "groupsubitems"_L1 || nombre == "item"_L1;
-    if (marcable && EsNull(valor("cancelaciones")) == "OK"_L1) {
+    const auto valor = [&](const char *columna) -> QVariant & {
+        return fila.at(static_cast<std::size_t>(columnas.indexOf(L(columna))));
+    };
+    if (nombre == "descargas"_L1) return !esDeUnaToma(valor("idexportacion"));
+    const bool esLinea = nombre == "subitems"_L1;
+    if (esLinea || nombre == "groupsubitems"_L1 || nombre == "item"_L1) {
+        if (EsNull(valor("cancelaciones")) != "OK"_L1) return true;
         valor("cancelaciones") = u""_s;
-        QVariant &tomado = valor("insumostemp");
-        tomado = tomado.typeId() == QMetaType::Double ? QVariant(0.0) : QVariant(u"0"_s);
+        // A text on the lines, a number where they are gathered.
+        valor("insumostemp") = esLinea ? QVariant(u"0"_s) : QVariant(0.0);
         tomo_ = true;
     }
-    if (tomo_ && mismoNombre(u"caratula"_s, tabla.nombre)) valor("factura8") = u"S"_s;
+    if (tomo_ && nombre == "caratula"_L1) valor("factura8") = u"S"_s;
     return true;
 }
 

@@ -77,14 +77,14 @@ class Lectura {
     /// The rows of a statement; answers how many there were.
     int pagina(const Tabla &tabla, const QString &sql, const AlLeer &alLeer);
     double lugarDe(const char *tabla, const QVariant &numero) const;
-    bool esToma(const QVariant &movimiento);
+    bool esDeUnaToma(const QVariant &movimiento);
     bool dejarTomas(const Tabla &tabla, const QStringList &columnas, Fila &fila);
 
     AppContext &ctx_;
     QString donde_;                                   ///< " where interno = …"
     std::map<QString, std::vector<double>> numeros_;  ///< of the rows of each numbered table, ascending
+    std::optional<std::set<double>> movimientos_;  ///< its takings; asked for once, when a row may be one's
     bool tomo_ = false;
-    std::optional<std::set<double>> movimientos_;  ///< of the stock, that the operation made; read once
 };
 
 /// Where rows of an operation go. Statements wait for others and travel together; the caller holds the

@@ -223,14 +223,25 @@ TEST_P(Copia, WhatTheOriginalTookFromTheStockIsNotTheCopys) {
         u"insert into subitems (interno,cancelaciones,insumostemp) "
         "values ('ORIGINAL','OK','12.75')"_s);
     ejecutar(u"insert into subitems (interno,cancelaciones,insumostemp) values ('ORIGINAL','','3')"_s);
-    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',1,77)"_s);
+    ejecutar(u"insert into stockmov (interno,idstock,descontado) values ('ORIGINAL',1,2)"_s);
+    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',1,%1)"_s.arg(
+        valor(u"select id from stockmov"_s)));
+    // Of elsewhere: with a number that no taking has, and with none.
+    ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',3,7777)"_s);
+    ejecutar(
+        u"insert into groupsubitems (interno,cancelaciones,insumostemp) values ('ORIGINAL','OK',12.75)"_s);
+    ejecutar(u"insert into item (interno,id,cancelaciones,insumostemp) values ('ORIGINAL',1,'OK',12.75)"_s);
     ejecutar(u"insert into descargas (interno,cantidad,idexportacion) values ('ORIGINAL',2,null)"_s);
     ejecutar(u"insert into transferidas (interno,suma) values ('ORIGINAL','abc')"_s);
     EXPECT_EQ(pedir(destino), destino);
     EXPECT_EQ(
         filas(u"select cancelaciones,insumostemp from subitems where interno = 'LA COPIA' order by id"_s),
         u"|0\n|3"_s);
-    EXPECT_EQ(filas(u"select cantidad from descargas where interno = 'LA COPIA'"_s), u"2"_s);
+    EXPECT_EQ(filas(u"select cantidad from descargas where interno = 'LA COPIA'"_s), u"3\n2"_s);
+    for (const char *tabla : {"groupsubitems", "item"})
+        EXPECT_EQ(filas(u"select cancelaciones,insumostemp from %1 where interno = 'LA COPIA'"_s.arg(
+                      QLatin1String(tabla))),
+                  u"|0"_s);
     EXPECT_EQ(valor(u"select count(*) as n from transferidas where interno = 'LA COPIA'"_s), u"0"_s);
     // Its items were made with those inputs.
     EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'LA COPIA'"_s), u"S"_s);

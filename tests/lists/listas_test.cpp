@@ -154,8 +154,9 @@ TEST_P(OtrasListas, TheCodesOfOperationsAreAskedOnceEach) {
     Conexion::fijarTraza([&sentencias](const TrazaDeSentencia &) { ++sentencias; });
     ListaDeOperaciones().armar(*ctx, {});
     Conexion::fijarTraza({});
-    // The operations, and the direction of IC04, EC01 and ZZ99; none has a customs house.
-    EXPECT_EQ(sentencias, 4);
+    // The operations, what was handed over of them, and the direction of IC04, EC01 and ZZ99; none has a
+    // customs house.
+    EXPECT_EQ(sentencias, 5);
 }
 
 TEST_P(OtrasListas, AListIsShownAsADocumentWithItsData) {

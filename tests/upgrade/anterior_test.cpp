@@ -18,7 +18,8 @@ namespace {
 
 /// The tables that the version before did not have.
 bool esNueva(const esquema::Tabla &t) {
-    return t.nombre.startsWith("oncca"_L1) || t.nombre.startsWith("letras"_L1);
+    static const QStringList otras{u"stock"_s, u"stockmov"_s, u"transferidas"_s, u"certorigen"_s};
+    return t.nombre.startsWith("oncca"_L1) || t.nombre.startsWith("letras"_L1) || otras.contains(t.nombre);
 }
 
 class StoreAnterior : public EnAmbosStores {
