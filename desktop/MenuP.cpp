@@ -1,6 +1,8 @@
 #include "desktop/MenuP.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <algorithm>
 #include <array>
 
@@ -91,6 +93,14 @@ void vincularGrilla(QTableWidget *grilla, const std::array<EntradaDeMenu, N> &fi
         hacer(grilla->currentRow());
         return true;
     });
+    // One row in hand, where the keyboard is; another window in front changes nothing.
+    Escuchar(grilla, [grilla](QEvent *evento) {
+        if (evento->type() == QEvent::FocusIn) grilla->selectRow(grilla->currentRow());
+        if (evento->type() == QEvent::FocusOut &&
+            static_cast<QFocusEvent *>(evento)->reason() != Qt::ActiveWindowFocusReason)
+            grilla->clearSelection();
+        return false;
+    });
 }
 
 /// A grid whose rows are all seen: as high as they are, as wide as the longest label.
@@ -140,7 +150,8 @@ void MenuP::Form_Load() {
     ajustar(ui.GridFormularios, filasDeFormularios);
     const auto primera = std::find_if(formularios.begin(), formularios.end(),
                                       [](const EntradaDeMenu &e) { return e.accion != nullptr; });
-    ui.GridFormularios->setCurrentCell(static_cast<int>(primera - formularios.begin()) + 1, 1);
+    ui.GridFormularios->setCurrentCell(static_cast<int>(primera - formularios.begin()) + 1, 1,
+                                       QItemSelectionModel::NoUpdate);
 
     ui.lbVersion->setText(TextoDeVersion());
     ui.lbFechaZendra->setText(TextoFechaZendra());

@@ -153,8 +153,9 @@ void FrmHojaValoracion::ArmarCampos() {
         QWidget::setTabOrder(anterior, siguiente);
         anterior = siguiente;
     }
-    // Short sections stand at the top of their frames.
-    for (QGridLayout *grilla : grillas) grilla->setRowStretch(grilla->rowCount(), 1);
+    // Side by side, the shorter one stands at the top of its frame.
+    for (QGridLayout *grilla : {ui.caja_Circunstancias, ui.caja_Vinculacion})
+        grilla->setRowStretch(grilla->rowCount(), 1);
 }
 
 QWidget *FrmHojaValoracion::Control(const QString &columna) const {

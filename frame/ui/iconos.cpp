@@ -136,9 +136,25 @@ QPixmap Imagen(Dibujo dibujo, int lado, qreal escala) {
     return imagen;
 }
 
+namespace {
+
+QPixmap enBlanco(QPixmap imagen) {
+    QPainter pintor(&imagen);
+    pintor.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    pintor.fillRect(imagen.rect(), Qt::white);
+    return imagen;
+}
+
+}  // namespace
+
 QIcon IconoDe(Dibujo dibujo) {
     QIcon icono;
     for (const int lado : {16, 20, 24, 32})
-        for (const qreal escala : {1.0, 2.0, 3.0}) icono.addPixmap(Imagen(dibujo, lado, escala));
+        for (const qreal escala : {1.0, 2.0, 3.0}) {
+            const QPixmap imagen = Imagen(dibujo, lado, escala);
+            icono.addPixmap(imagen);
+            // The row in hand has the colour that pictures are drawn in.
+            icono.addPixmap(enBlanco(imagen), QIcon::Selected);
+        }
     return icono;
 }

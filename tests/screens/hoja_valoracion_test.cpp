@@ -304,6 +304,18 @@ TEST_P(PantallaDeHoja, AnOperationThatIsGoneIsTold) {
 class CapturasDeHojaDeValoracion : public PantallaDeHoja {};
 INSTANTIATE_TEST_SUITE_P(Stores, CapturasDeHojaDeValoracion, ::testing::Values("ACCESS"));
 
+TEST_P(CapturasDeHojaDeValoracion, TheMenuWithAFormInHand) {
+    auto &marco = Pantalla<FrmPrincipal>();
+    marco.Mostrar();
+    esperarVentana(marco.ventana.get());
+    const auto &ui = Pantalla<MenuP>().ui;
+    EXPECT_TRUE(ui.GridFormularios->selectedItems().isEmpty()) << "one row in hand, where the keyboard is";
+    tecla(Qt::Key_Tab);
+    EXPECT_TRUE(ui.GrdMenuMain->selectedItems().isEmpty());
+    EXPECT_EQ(ui.GridFormularios->selectedItems().size(), 2);
+    foto(marco.ventana.get(), u"menu-formularios"_s);
+}
+
 TEST_P(CapturasDeHojaDeValoracion, BothPagesOfBothSheets) {
     mostrar(u"ICR-2026-0005"_s, [](FrmHojaValoracion &p) {
         foto(p.ventana.get(), u"valoracion-circunstancias"_s);
