@@ -23,7 +23,3 @@ const listas::Lista &ListaDeInsumos() {
         .armar = [](AppContext &ctx, const QString &interno) { return stock::TablaDeInsumos(ctx, interno); }};
     return lista;
 }
-
-void VerInsumos(AppContext &ctx, const QString &interno) {
-    listas::VerLista(ctx, ListaDeInsumos(), interno);
-}

@@ -7,5 +7,3 @@
 const listas::Lista &ListaDeStock();
 /// The inputs report of an operation.
 const listas::Lista &ListaDeInsumos();
-/// GenerarIMP: the inputs report of an operation, to be seen; without rows its sentence. Raises Falla.
-void VerInsumos(AppContext &ctx, const QString &interno);

@@ -23,8 +23,6 @@ namespace {
 using entidad::internos;
 using C = Hallazgo::Clase;
 
-constexpr int decimalesDeSaldo = 6;
-
 /// An operation and one of its lines.
 using Dueno = std::pair<QString, qint64>;
 

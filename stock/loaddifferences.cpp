@@ -19,7 +19,6 @@ namespace {
 
 using entidad::internos;
 
-constexpr int decimalesDeSaldo = 6;
 const QString formaDeDia = u"dd/MM/yyyy"_s;
 
 /// A value of a line and its name, for what is compared and told.

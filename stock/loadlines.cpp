@@ -16,9 +16,6 @@ namespace {
 
 using entidad::internos;
 
-constexpr int decimalesDeImporte = 2;
-constexpr int decimalesDeSaldo = 6;
-
 QString deLaClave(const QString &interno) {
     return " where interno = "_L1 + EnComillas(interno);
 }

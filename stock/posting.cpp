@@ -18,9 +18,6 @@ namespace {
 
 using entidad::internos;
 
-constexpr int decimalesDeImporte = 2;
-constexpr int decimalesDeSaldo = 6;
-
 QString nombrar(const Linea &l) {
     return u"la declaración %1, item %2, subitem %3"_s.arg(l.dit).arg(l.item).arg(l.subitem);
 }

@@ -20,7 +20,6 @@ namespace {
 using entidad::internos;
 
 constexpr int decimalesUsuales = 2;
-constexpr int decimalesExtendidos = 6;
 constexpr double porCiento = 100;
 
 /// Goods without a code are told apart by what they are.
@@ -55,7 +54,7 @@ QString PalabraDePlazo(Plazo plazo) {
 }
 
 int Decimales(const AppContext &ctx) {
-    return ctx.opciones.opVDE ? decimalesExtendidos : decimalesUsuales;
+    return ctx.opciones.opVDE ? decimalesDeSaldo : decimalesUsuales;
 }
 
 QString MascaraDeCantidad(const AppContext &ctx) {
@@ -63,8 +62,7 @@ QString MascaraDeCantidad(const AppContext &ctx) {
 }
 
 double FactorDe(const AppContext &ctx, const Linea &linea) {
-    return ctx.opciones.RestarPerMer ? numeros::redondear(1 + linea.merma / porCiento, decimalesExtendidos)
-                                     : 1;
+    return ctx.opciones.RestarPerMer ? numeros::redondear(1 + linea.merma / porCiento, decimalesDeSaldo) : 1;
 }
 
 double Descontado(const AppContext &ctx, const Linea &linea, double cantidad) {
@@ -144,7 +142,7 @@ std::vector<ArticuloEnStock> ArticulosDe(AppContext &ctx, const QString &interno
     }
     std::vector<ArticuloEnStock> todos;
     for (auto &[clave, articulo] : articulos) {
-        articulo.saldo = numeros::redondear(articulo.saldo, decimalesExtendidos);
+        articulo.saldo = numeros::redondear(articulo.saldo, decimalesDeSaldo);
         todos.push_back(articulo);
     }
     return todos;

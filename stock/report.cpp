@@ -21,8 +21,6 @@ using papel::Clase;
 using papel::Columna;
 using papel::Fila;
 
-constexpr int decimalesDeSaldo = 6;
-
 /// What a row of a list is made from.
 struct Renglon {
     Linea linea;

@@ -8,6 +8,9 @@
 
 namespace stock {
 
+constexpr int decimalesDeImporte = 2;
+constexpr int decimalesDeSaldo = 6;
+
 /// The columns that LineaDe reads.
 QString ColumnasDeLinea();
 Linea LineaDe(const Recordset &rs);

@@ -241,8 +241,6 @@ TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
     for (const auto &[boton, biblioteca, opcion] :
          {std::tuple{ui.CmdHojaVal, "oValuationSheet", "Hoja de Valoración"},
           std::tuple{ui.cmdCertOrig, "OriginCerts", "Certificado de Origen"},
-          std::tuple{ui.cmdExportar, "oCancellations", "Exportar a Stock"},
-          std::tuple{ui.cmdExportINS, "oTempInputs", "Exportar Stock"},
           std::tuple{ui.Command1, "LnaOutputBuilder", "Información Extra"}}) {
         registro.mensajes.clear();
         teclaEn(boton, Qt::Key_Space);
@@ -253,6 +251,33 @@ TEST_P(Tablero, AButtonOfAClosedLibraryNamesTheLibraryThatIsMissing) {
         EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
         EXPECT_EQ(QApplication::focusWidget(), boton);
     }
+}
+
+TEST_P(Tablero, BothExportButtonsPutATemporaryImportIntoTheStockOnce) {
+    auto &tablero = abrir(u"IT-2026-0003"_s);
+    armar(tablero);
+    tecla(Qt::Key_Escape);
+    esperarVentana(tablero.ventana.get());
+    ejecutar(u"delete from stock"_s);
+    registro = {};
+    const auto contestar = [this] {
+        registro.textos = {u"26001IT01000123T"_s, u"1/2/2026"_s, u"31/12/2033"_s, u"CTIT 7"_s, u"0"_s};
+    };
+    contestar();
+    teclaEn(tablero.ui.cmdExportINS, Qt::Key_Space);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(registro.mensajes[0].texto,
+              u"La declaración 26001IT01000123T está en el stock; líneas: 6 nuevas."_s);
+    EXPECT_EQ(valor(u"select count(*) from stock where saldo = cantidad and expctit = 'CTIT 7'"_s), u"6"_s);
+    EXPECT_EQ(QApplication::focusWidget(), tablero.ui.cmdExportINS);
+    contestar();
+    teclaEn(tablero.ui.cmdExportar, Qt::Key_Space);
+    EXPECT_EQ(registro.mensajes.back().texto, u"El stock ya tiene la operación tal como está."_s);
+    EXPECT_TRUE(registro.preguntas.empty());
+    registro = {};
+    teclaEn(tablero.ui.cmdExportar, Qt::Key_Space);
+    EXPECT_EQ(registro.entradas.size(), 1U) << "the first box was left";
+    EXPECT_TRUE(registro.mensajes.empty());
 }
 
 TEST_P(Tablero, TheButtonOfTheQuoteOpensItAndKeepsTheKeyboard) {

@@ -183,6 +183,23 @@ const FilaDeMuestra operaciones[] = {
     {"INTERNOS",
      "insert into descargas (interno,dit,item,subitem,cantidad,iditem,idext) values ('OP1',26,1,2,2,'1',5)"},
     {"INTERNOS", "insert into descargas (interno,dit,iditem,idexportacion) values ('OP1',25,null,9)"},
+    // The stock: a line that OP1 took of, twice, and gave back once; and one of another client.
+    {"INTERNOS",
+     "insert into stock (dit,item,subitem,ncm,idcatalogo,idarticulo,descripcion,idunidad,cantidad,saldo,cif,"
+     "divisa,preciounitario,idpais,sufijos,merma,fecha,vencimiento,cuitcliente,expctit,interno,idlinea) values "
+     "('26IT1',1,2,'8409.91.12.100G','CAT','ART1','Bielas','01',10,7.5,100,'DOL',9.5,'203','',5,"
+     "{2026-01-05},{2026-03-01},'30708123451','CT','OP3',3)"},
+    {"INTERNOS",
+     "insert into stock (dit,item,subitem,ncm,idcatalogo,idarticulo,descripcion,idunidad,cantidad,saldo,cif,"
+     "cuitcliente,interno,idlinea) values "
+     "('26IT2',1,1,'9403.20.00.000A','','','Ñandú','07',1,1,10,'30500000000','OP9',0)"},
+    {"INTERNOS",
+     "insert into stockmov (idstock,interno,idlinea,iditem,paraitem,cantidad,factor,descontado,cif,fecha,maquina) "
+     "values (1,'OP1',1,1,'N',2.5,1,2.5,25,{2026-02-10 10:20:30},'PC1')"},
+    {"INTERNOS",
+     "insert into stockmov (idstock,interno,idlinea,iditem,paraitem,cantidad,factor,descontado,cif,fecha,maquina,"
+     "devuelta,maquinadevuelta) values (1,'OP1',5,0,'S',1,1,1,10,{2026-02-10 10:20:30},'PC1',"
+     "{2026-02-11 10:20:30},'PC2')"},
     {"INTERNOS", "insert into facturas(interno,orden,factura) values ('OP1',1,'F-1')"},
     {"INTERNOS", "insert into facturas(interno,orden,factura) values ('OP1',2,'F-2')"},
     {"INTERNOS",

@@ -1,5 +1,7 @@
 // The roads of lines, of the assembly and of the deletion of operations, with the stock behind the link.
 
+#include "liquidation/itemsave.h"
+#include "liquidation/itemview.h"
 #include "operations/lifecycle.h"
 #include "operations/oOperationCopy.h"
 #include "stock/check.h"
@@ -155,6 +157,28 @@ TEST_P(Caminos, TheAssemblyWritesTheItemIntoWhatItsLinesTook) {
     EXPECT_EQ(filas(u"select s.idarticulo,m.cantidad,m.iditem,d.iditem from stockmov m,stock s,descargas d "
                     "where s.id = m.idstock and d.idexportacion = m.id order by m.id"_s),
               items);
+}
+
+TEST_P(Caminos, TheItemShowsWhatItsLinesTookAndItsSaveLeavesIt) {
+    ASSERT_TRUE(grabarLinea(telaSinTejer, 100).ok) << ultimo();
+    ASSERT_TRUE(grabarLinea(telaSinTejer, 200).ok) << ultimo();
+    ASSERT_TRUE(armar(exportacion)) << ultimo();
+    ClassLiquidacion calculo(*ctx, exportacion);
+    const VistaDeItem vista = VerDetalleITEM(*ctx, exportacion, u"1"_s, false, calculo);
+    ASSERT_TRUE(vista.cargada) << vista.aviso.toStdString();
+    EXPECT_TRUE(vista.esCancelacion);
+    ASSERT_EQ(vista.cancelaciones.size(), 2U);
+    EXPECT_EQ(vista.cancelaciones[0].dit, u"26001IT01000123T"_s);
+    for (const FilaDeCancelacion &fila : vista.cancelaciones)
+        EXPECT_TRUE(BuscarCancelacion(*ctx, exportacion, u"1"_s, fila)) << fila.cantidad.toStdString();
+    const QString antes = filas(u"select * from stockmov order by id"_s);
+    ASSERT_TRUE(GrabarItem(*ctx, exportacion, u"1"_s, vista.datos, calculo).ok) << ultimo();
+    EXPECT_EQ(filas(u"select * from stockmov order by id"_s), antes);
+    // A cancellation that is removed on the item leaves the line with what it still has.
+    const Cancelacion c = *BuscarCancelacion(*ctx, exportacion, u"1"_s, vista.cancelaciones[0]);
+    ASSERT_TRUE(EliminarCancelacion(*ctx, c)) << ultimo();
+    EXPECT_EQ(valor(u"select factura8 from caratula where interno = 'EX 1'"_s), u"S"_s);
+    nadaQueDecir();
 }
 
 TEST_P(Caminos, TheLinkKnowsItsOwnLinesOnly) {

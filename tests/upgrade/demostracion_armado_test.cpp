@@ -74,9 +74,12 @@ TEST_P(ArmadoDeDemostracion, EveryOperationAssemblesWithoutAFault) {
         EXPECT_EQ(valor("select count(*) as n from item where totalkneto = 0 and " + items).toStdString(),
                   "0")
             << clave;
-        EXPECT_LT(numero("select count(*) as n from groupsubitems where " + donde),
-                  numero("select count(*) as n from subitems where " + donde))
-            << clave << ": equal lines fold";
+        const double lineas = numero("select count(*) as n from subitems where " + donde);
+        const double grupos = numero("select count(*) as n from groupsubitems where " + donde);
+        // Each line of the stock is of an article of its own.
+        const bool delStock =
+            QLatin1String(clave) == "IT-2026-0007"_L1 || QLatin1String(clave) == "EC-2026-0008"_L1;
+        EXPECT_TRUE(delStock ? grupos == lineas : grupos < lineas) << clave << ": equal lines fold";
         EXPECT_EQ(
             valor("select count(*) as n from groupsubitems where (id is null or idsub is null) and " + donde)
                 .toStdString(),

@@ -199,7 +199,7 @@ TEST_P(Demostracion, TheConsumptionImportIsTheOnePromised) {
 
 TEST_P(Demostracion, TheOthersAreOfTheirKind) {
     EXPECT_EQ(cuenta("caratula where idsubreg = 'EC01' and idpaisdestino <> ''"), 2);
-    EXPECT_EQ(cuenta("caratula where idsubreg = 'IT01' and motivodestsuspensiva = 'DTO.1439/96'"), 1);
+    EXPECT_EQ(cuenta("caratula where idsubreg = 'IT01' and motivodestsuspensiva = 'DTO.1439/96'"), 2);
     EXPECT_GT(cuenta("subitems where interno = 'ICR-2026-0005' and left(itfiller,9) = 'LISTA:314'"), 0);
     EXPECT_GT(cuenta("subitems where interno = 'ICR-2026-0005' and lapi = 'S'"), 0);
     EXPECT_EQ(cuenta("subitems where interno = 'DJAI-2026-0004' and (descripcion_maria is null or "
@@ -241,8 +241,8 @@ TEST_P(Demostracion, TheConfigurationShowsEveryOperationAndBothVatRates) {
     Arrancar(nuevo);
     EXPECT_TRUE(nuevo.opciones.OperacionesMostrarTODO);
     const std::vector<FilaDeInterno> lista = LeerInternos(nuevo, {});
-    ASSERT_EQ(lista.size(), 66U);
-    EXPECT_EQ(lista[3].Interno, u"IC-2026-0001"_s);
+    ASSERT_EQ(lista.size(), 68U);
+    EXPECT_EQ(lista[4].Interno, u"IC-2026-0001"_s);
 }
 
 TEST_P(Demostracion, AConfigurationThatIsThereStays) {

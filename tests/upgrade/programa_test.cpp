@@ -112,7 +112,7 @@ TEST(DbUpgrade3Program, MakesFilesWithTheDemonstrationAndFindsThemDoneTheSecondT
     ASSERT_EQ(c.estado, 0) << c.errores.toStdString();
     const QString perfil = dir.filePath("db/zendra.perfil.ini");
     EXPECT_TRUE(c.salida.contains(perfil)) << c.salida.toStdString();
-    EXPECT_TRUE(c.salida.contains(u"caratula: 6 filas"_s)) << c.salida.toStdString();
+    EXPECT_TRUE(c.salida.contains(u"caratula: 8 filas"_s)) << c.salida.toStdString();
     c = DbUpgrade3({"--perfil", perfil});
     EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
     EXPECT_TRUE(c.salida.contains(u"ya estaban en la versión 330"_s)) << c.salida.toStdString();
