@@ -313,7 +313,7 @@ void FrmTomarInsumos::CmdTomar_Click() {
 }
 
 std::optional<stock::Elegido> TomarInsumos(const QString &interno) {
-    const auto elegido = Pantalla<FrmTomarInsumos>().Elegir(interno);
+    auto elegido = Pantalla<FrmTomarInsumos>().Elegir(interno);
     CerrarPantalla<FrmTomarInsumos>();
     return elegido;
 }

@@ -56,7 +56,7 @@ TEST_P(PantallaDeStock, AltKOfTheMenuShowsItOldestExpiryFirstWithoutWhatIsUsedUp
     auto &marco = Pantalla<FrmPrincipal>();
     marco.Mostrar();
     esperarVentana(marco.ventana.get());
-    EXPECT_TRUE(Pantalla<MenuP>().ui.lbTeclas->text().contains(u"ALT+K  stock de insumos"_s));
+    EXPECT_TRUE(Pantalla<MenuP>().ui.lbTeclas->text().contains(u"ALT+K  stock"_s));
     atajo(Qt::Key_K);
     ASSERT_TRUE(PantallaAbierta<FrmStock>());
     const auto &p = Pantalla<FrmStock>();
