@@ -231,10 +231,11 @@ TEST_P(Capturas, TabReachesEveryFieldInTheOrderOfTheWork) {
     CerrarPantalla<FrmInternoNew>();
     auto &tablero = abrir(importacion);
     tablero.ui.cmdCaratula->setFocus();
-    EXPECT_EQ(ordenDeTab(tablero.ventana.get()).join(QLatin1Char(' ')).toStdString(),
-              "cmdCaratula CmdSubItems cmdITEM CmdTransMaria ChMulta chkCalcularServicioDigitalizacion "
-              "opOrdenxNCM CmdPresupuesto CmdPrint CmdHojaVal cmdExportar cmdExportINS Command1 Command4 cmdStock "
-              "CkFlag_0 CkFlag_1 CkFlag_2 CkFlag_3 CkFlag_4 CkFlag_5 CkFlag_6 CkFlag_7");
+    EXPECT_EQ(
+        ordenDeTab(tablero.ventana.get()).join(QLatin1Char(' ')).toStdString(),
+        "cmdCaratula CmdSubItems cmdITEM CmdTransMaria ChMulta chkCalcularServicioDigitalizacion "
+        "opOrdenxNCM CmdPresupuesto CmdPrint CmdHojaVal cmdExportar cmdExportINS Command1 Command4 cmdStock "
+        "CkFlag_0 CkFlag_1 CkFlag_2 CkFlag_3 CkFlag_4 CkFlag_5 CkFlag_6 CkFlag_7");
 }
 
 // Pictures of one store are enough: the screens are the same.
