@@ -206,7 +206,8 @@ TEST(ListasEnLotePedidas, AWrongUseIsOneSentence) {
     const QTemporaryDir dir;
     const QString p = dir.filePath(u"p.ini"_s);
     const QString nombres =
-        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, operaciones"_s;
+        u"lineas, lineas-horizontal, posiciones, posiciones-horizontal, catalogo, bultos, operaciones, "
+        "transferidas"_s;
     struct Caso {
         QStringList argumentos;
         QString dice;
