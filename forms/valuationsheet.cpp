@@ -175,8 +175,9 @@ class Papel {
             return;
         }
         r_.renglones.push_back({linea(concepto, papel::LibreDe(fila, Norma), {}), negrita, false, true});
+        const QString doble = QString(sangria, u' ').repeated(2);
         const QStringList lineas = enLineas(derecha);
-        for (const QString &l : lineas) r_.renglones.push_back({QString(2 * sangria, u' ') + l, negrita});
+        for (const QString &l : lineas) r_.renglones.push_back({doble + l, negrita});
     }
     void firma() {
         for (

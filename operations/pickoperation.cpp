@@ -28,7 +28,7 @@ QString PedirOperacion(AppContext &ctx, const QString &titulo) {
          ctx.ajustes.Leer(ajuste::zendra, u"APLICACION"_s, u"INTERNO_NRO"_s)});
     const QString clave = escrito.value_or(QString()).trimmed();
     if (clave.isEmpty()) return {};
-    if (const QString guardada = claveGuardada(ctx, clave); !guardada.isEmpty()) return guardada;
+    if (QString guardada = claveGuardada(ctx, clave); !guardada.isEmpty()) return guardada;
     Recordset rs;
     Consultar(ctx, entidad::internos,
               "select top 200 interno,idsubreg,factura7 from caratula where interno like "_L1 +
