@@ -240,10 +240,11 @@ TEST_P(ListadoDeOperaciones, ItIsGroupedAsTheGridIs) {
     tecla(Qt::Key_Down);
     navegador.ui.lstInterno->setFocus();
     tecla(Qt::Key_F12);
-    EXPECT_EQ(filasVistas(), (QStringList{u"Exportacion"_s, exportacion, carnes, u"2 operaciones"_s,
-                                          u"Importacion"_s, djai, importacion, u"ICR-2026-0005"_s, temporal,
-                                          u"4 operaciones"_s, u"Total: 6 operaciones"_s}));
-    EXPECT_EQ(visto().reporte.subtitulo, u"Sin filtros - Por Importacion / Exportacion - 6 operaciones"_s);
+    EXPECT_EQ(filasVistas(),
+              (QStringList{u"Exportacion"_s, exportacion, carnes, u"EC-2026-0008"_s, u"3 operaciones"_s,
+                           u"Importacion"_s, djai, importacion, u"ICR-2026-0005"_s, temporal,
+                           u"IT-2026-0007"_s, u"5 operaciones"_s, u"Total: 8 operaciones"_s}));
+    EXPECT_EQ(visto().reporte.subtitulo, u"Sin filtros - Por Importacion / Exportacion - 8 operaciones"_s);
     EXPECT_EQ(QApplication::focusWidget(), navegador.ui.lstInterno);
 }
 

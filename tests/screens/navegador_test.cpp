@@ -140,7 +140,7 @@ TEST_P(Navegador, DeleteRemovesTheOperationAndItsRowAfterAYes) {
     registro.respuestas.push_back(true);
     tecla(Qt::Key_Delete);
     EXPECT_EQ(claves(navegador), deMuestra.mid(1));
-    EXPECT_EQ(valor(u"select count(*) from caratula"_s), u"5"_s);
+    EXPECT_EQ(valor(u"select count(*) from caratula"_s), u"7"_s);
     EXPECT_FALSE(navegador.ui.Pb->isVisible());
 }
 
