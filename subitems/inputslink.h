@@ -19,8 +19,8 @@ struct Eleccion {
     QString PRDPRE;  ///< unit price, as text with either separator
     QString PRDPAI;
     QString PRDSUF;
-    QString PRDCAN;    ///< quantity that was chosen there, as text with either separator; empty: none
-    bool ERR = false;  ///< the library flags the line: it is stored with the mark 'ERR'
+    bool ERR = false;     ///< the library flags the line: it is stored with the mark 'ERR'
+    QString PRDCAN = {};  ///< quantity that was chosen there, as text with either separator; empty: none
 };
 
 /// The line whose inputs are taken.
