@@ -20,10 +20,10 @@ using L = QLatin1String;
 /// Above it all of them are read: a longer list of keys costs more than the rows it leaves out.
 constexpr qsizetype clavesEnLista = 200;
 
-QString deEstosInternos(const QStringList &internos) {
-    if (internos.isEmpty() || internos.size() > clavesEnLista) return {};
+QString deEstas(const QStringList &operaciones) {
+    if (operaciones.isEmpty() || operaciones.size() > clavesEnLista) return {};
     QStringList claves;
-    for (const QString &interno : internos) claves << EnComillas(interno);
+    for (const QString &interno : operaciones) claves << EnComillas(interno);
     return " where interno in ("_L1 + claves.join(u',') + ")"_L1;
 }
 
@@ -46,7 +46,7 @@ std::map<QString, Entrega> LeerEntregas(AppContext &ctx, const QStringList &inte
     Recordset rs;
     for (Consultar(
              ctx, entidad::internos,
-             "select interno,fecha,maquina,archivo,suma from transferidas"_L1 + deEstosInternos(internos),
+             "select interno,fecha,maquina,archivo,suma from transferidas"_L1 + deEstas(internos),
              rs);
          !rs.Eof(); rs.MoveNext()) {
         Entrega &una = entregas[rs.Texto(u"interno").toCaseFolded()];

@@ -32,28 +32,28 @@ QString figura(const AppContext &ctx, double valor, QStringView mascara) {
 }
 
 const std::vector<DatoDeLinea> &datosDeLinea() {
-    using C = AppContext;
+    using X = AppContext;
     using D = Linea;
     static const std::vector<DatoDeLinea> todos{
-        {"declaración", [](const C &, const D &l) { return l.dit; }},
-        {"item", [](const C &, const D &l) { return QString::number(l.item); }},
-        {"subitem", [](const C &, const D &l) { return QString::number(l.subitem); }},
-        {"posición", [](const C &, const D &l) { return l.ncm; }},
-        {"catálogo", [](const C &, const D &l) { return l.idcatalogo; }},
-        {"artículo", [](const C &, const D &l) { return l.idarticulo; }},
-        {"descripción", [](const C &, const D &l) { return l.descripcion; }},
-        {"unidad", [](const C &, const D &l) { return l.idunidad; }},
-        {"cantidad", [](const C &c, const D &l) { return figura(c, l.cantidad, u"00.00"); }},
-        {"CIF", [](const C &c, const D &l) { return figura(c, l.cif, u"00.00"); }},
-        {"divisa", [](const C &, const D &l) { return l.divisa; }},
-        {"precio unitario", [](const C &c, const D &l) { return figura(c, l.preciounitario, u"00.00000"); }},
-        {"origen", [](const C &, const D &l) { return l.idpais; }},
-        {"sufijos", [](const C &, const D &l) { return l.sufijos; }},
-        {"merma", [](const C &c, const D &l) { return figura(c, l.merma, u"00.00"); }},
-        {"fecha", [](const C &, const D &l) { return l.fecha.toString(formaDeDia); }},
-        {"vencimiento", [](const C &, const D &l) { return l.vencimiento.toString(formaDeDia); }},
-        {"cliente", [](const C &, const D &l) { return l.cuitcliente; }},
-        {"CTIT", [](const C &, const D &l) { return l.expctit; }},
+        {"declaración", [](const X &, const D &l) { return l.dit; }},
+        {"item", [](const X &, const D &l) { return QString::number(l.item); }},
+        {"subitem", [](const X &, const D &l) { return QString::number(l.subitem); }},
+        {"posición", [](const X &, const D &l) { return l.ncm; }},
+        {"catálogo", [](const X &, const D &l) { return l.idcatalogo; }},
+        {"artículo", [](const X &, const D &l) { return l.idarticulo; }},
+        {"descripción", [](const X &, const D &l) { return l.descripcion; }},
+        {"unidad", [](const X &, const D &l) { return l.idunidad; }},
+        {"cantidad", [](const X &c, const D &l) { return figura(c, l.cantidad, u"00.00"); }},
+        {"CIF", [](const X &c, const D &l) { return figura(c, l.cif, u"00.00"); }},
+        {"divisa", [](const X &, const D &l) { return l.divisa; }},
+        {"precio unitario", [](const X &c, const D &l) { return figura(c, l.preciounitario, u"00.00000"); }},
+        {"origen", [](const X &, const D &l) { return l.idpais; }},
+        {"sufijos", [](const X &, const D &l) { return l.sufijos; }},
+        {"merma", [](const X &c, const D &l) { return figura(c, l.merma, u"00.00"); }},
+        {"fecha", [](const X &, const D &l) { return l.fecha.toString(formaDeDia); }},
+        {"vencimiento", [](const X &, const D &l) { return l.vencimiento.toString(formaDeDia); }},
+        {"cliente", [](const X &, const D &l) { return l.cuitcliente; }},
+        {"CTIT", [](const X &, const D &l) { return l.expctit; }},
     };
     return todos;
 }

@@ -53,7 +53,7 @@ TEST_P(Viaje, WhatIsExportedImportedAndExportedAgainIsTheSameFileBetweenAnyTwoSt
     exportar({impo, expo}, en("ida.zop"));
     for (const char *etiqueta : {"ACCESS", "SQL"}) {
         const Tienda tienda2(QLatin1String(etiqueta), false);
-        Registro registro2;
+        ::Registro registro2;
         const auto ctx2 = tienda2.contexto(registro2);
         const Importacion r = importarEn(*ctx2, en("ida.zop"));
         EXPECT_EQ(fines(r), hecha(impo) + u'\n' + hecha(expo));
