@@ -112,7 +112,7 @@ Fila Columnas::leer(const Recordset &rs) const {
 
 // Lectura
 
-Lectura::Lectura(AppContext &ctx, QString interno) : ctx_(ctx), donde_(deLaClaveDe(interno)) {}
+Lectura::Lectura(AppContext &ctx, const QString &interno) : ctx_(ctx), donde_(deLaClaveDe(interno)) {}
 
 void Lectura::Recorrer(const Tabla &tabla, const AlLeer &alLeer) {
     if (*tabla.numerada != '\0')
@@ -237,7 +237,7 @@ void Destino::Poner(const QString &tabla, const QString &columna, const QString 
 }
 
 QString Destino::entidadDe(const Tabla &tabla) const {
-    const QString suya = L(tabla.entidad);
+    QString suya = L(tabla.entidad);
     if (!juntas_ || suya == internos) return suya;
     const Conexion::Datos *datos = ctx_.DataManager.datos(internos);
     const bool alcanza =

@@ -65,7 +65,7 @@ struct Columnas {
 /// header asks for another assembly then.
 class Lectura {
  public:
-    Lectura(AppContext &ctx, QString interno);
+    Lectura(AppContext &ctx, const QString &interno);
 
     /// Hands over the rows of a table in the order of their insertion, long ones in pages, so that the memory
     /// it takes does not grow with the operation. Raises Falla.

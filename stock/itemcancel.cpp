@@ -68,6 +68,7 @@ QString prepararCancelacion(AppContext &ctx, const QString &interno, const Cance
 std::vector<Cancelacion> leerCancelacionesDe(AppContext &ctx, const QString &interno,
                                              const std::vector<Movimiento> &movimientos) {
     std::vector<qint64> ids;
+    ids.reserve(movimientos.size());
     for (const Movimiento &m : movimientos) ids.push_back(m.id);
     std::vector<Cancelacion> todas;
     Recordset rs;

@@ -121,7 +121,7 @@ QString Preparar(AppContext &ctx, const QString &interno, const std::vector<Part
     // Always in the same order, so that two workstations wait for each other and never both.
     std::map<qint64, double> porLinea;
     for (const Parte &p : partes) {
-        if (const QString defecto = DefectoDeCantidad(ctx, p.cantidad); !defecto.isEmpty()) return defecto;
+        if (QString defecto = DefectoDeCantidad(ctx, p.cantidad); !defecto.isEmpty()) return defecto;
         porLinea[p.idstock] += p.cantidad;
     }
     if (porLinea.empty()) return DefectoDeCantidad(ctx, 0);

@@ -24,8 +24,8 @@ constexpr double porCiento = 100;
 
 /// Goods without a code are told apart by what they are.
 QString mismaMercaderia(const Pedido &p) {
-    const QString comun = "idcatalogo = "_L1 + TextoEnComillas(p.idcatalogo) + " and idarticulo = "_L1 +
-                          TextoEnComillas(p.idarticulo) + " and idunidad = "_L1 + TextoEnComillas(p.idunidad);
+    QString comun = "idcatalogo = "_L1 + TextoEnComillas(p.idcatalogo) + " and idarticulo = "_L1 +
+                    TextoEnComillas(p.idarticulo) + " and idunidad = "_L1 + TextoEnComillas(p.idunidad);
     if (!p.idarticulo.isEmpty()) return comun;
     return comun + " and ncm = "_L1 + TextoEnComillas(p.ncm) + " and descripcion = "_L1 +
            TextoEnComillas(p.descripcion);

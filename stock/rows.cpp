@@ -154,6 +154,7 @@ QString CantidadDicha(const AppContext &ctx, double cantidad, const QString &uni
 
 std::vector<Oferta> OfertasDe(const AppContext &ctx, const std::vector<Linea> &lineas, const QDate &hoy) {
     std::vector<Oferta> ofertas;
+    ofertas.reserve(lineas.size());
     for (const Linea &l : lineas)
         ofertas.push_back({l, PlazoDe(l.vencimiento, hoy), LoQueAlcanza(ctx, l), 0});
     std::stable_partition(ofertas.begin(), ofertas.end(),

@@ -51,7 +51,7 @@ double tomarDe(const AppContext &ctx, Oferta &oferta, double cuanto, double falt
 /// From which lines a quantity is taken; what is wrong as one sentence.
 QString planear(AppContext &ctx, const Pedido &pedido, double pedida, const std::vector<Parte> &elegidas,
                 std::vector<Parte> &partes) {
-    if (const QString defecto = DefectoDeCantidad(ctx, pedida); !defecto.isEmpty()) return defecto;
+    if (QString defecto = DefectoDeCantidad(ctx, pedida); !defecto.isEmpty()) return defecto;
     const double cantidad = numeros::redondear(pedida, Decimales(ctx));
     double falta = cantidad;
     std::vector<Oferta> ofertas = Ofertas(ctx, pedido, QDate::currentDate());
