@@ -21,7 +21,17 @@ std::optional<QColor> ColorDeLinea(const stock::Linea &linea, const QDate &hoy) 
 void PonerAnchos(QTableView *vista, const std::vector<std::pair<int, int>> &letras, int elastica) {
     const int letra = vista->fontMetrics().averageCharWidth();
     QHeaderView *titulos = vista->horizontalHeader();
-    for (const auto &[columna, cuantas] : letras)
+    // What the elastic one needs to be read.
+    constexpr int letrasDeLaElastica = 18;
+    int ancho = letra * letrasDeLaElastica;
+    for (const auto &[columna, cuantas] : letras) {
         vista->setColumnWidth(columna, std::max(letra * cuantas, titulos->sectionSizeHint(columna)));
+        ancho += vista->columnWidth(columna);
+    }
     titulos->setSectionResizeMode(elastica, QHeaderView::Stretch);
+    // Large letters widen the window, as far as a small screen goes.
+    constexpr int pantallaChica = 1260;
+    constexpr int margenes = 60;
+    QWidget *ventana = vista->window();
+    ventana->setMinimumWidth(std::max(ventana->minimumWidth(), std::min(ancho + margenes, pantallaChica)));
 }

@@ -196,7 +196,7 @@ TEST_P(Items, InADeclarationTheDescriptionMakesTheItem) {
         ejecutar(u"delete from groupsubitems where interno = 'OP1'"_s);
         grupo({{"descripcion", "'Caño d''agua'"}});
         grupo({{"descripcion", "'Bulón'"}});
-        grupo({{"descripcion", "'CAÑO d''agua'"}});
+        grupo({{"descripcion", "'CAñO d''agua'"}});
         generar(numeracion);
         EXPECT_EQ(f("select count(*) as n from item where interno = 'OP1'"), "2") << numeracion;
         EXPECT_EQ(f("select descripcion from item where interno = 'OP1' and cantidad = 2").substr(4),
