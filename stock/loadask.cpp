@@ -138,7 +138,9 @@ DatosDeDeclaracion DatosPropuestos(AppContext &ctx, const QString &interno, cons
     return datos;
 }
 
-ResultadoDeCarga CargarConDatos(AppContext &ctx, const QString &interno, const DatosDeDeclaracion &datos) {
+ResultadoDeCarga CargarConDatos(AppContext &ctx, const QString &interno, const DatosDeDeclaracion &dados) {
+    DatosDeDeclaracion datos = dados;
+    datos.dit = datos.dit.trimmed().toUpper();
     QString defecto = DefectoParaCargar(ctx, interno);
     if (defecto.isEmpty()) defecto = DefectoDeDatos(datos);
     if (!defecto.isEmpty()) {
@@ -167,7 +169,7 @@ ResultadoDeCarga CargarConDatos(AppContext &ctx, const QString &interno, const D
     const ResultadoDeCarga r = Aplicar(ctx, diferencias);
     if (r.ok)
         ctx.dialogos.informar(
-            u"La declaración %1 está en el stock; líneas: %2."_s.arg(datos.dit.trimmed(), contadas(r)));
+            u"La declaración %1 está en el stock; líneas: %2."_s.arg(datos.dit, contadas(r)));
     return r;
 }
 

@@ -128,7 +128,7 @@ std::vector<Linea> LineasDeOperacion(AppContext &ctx, const QString &interno,
         // Nothing entered by a line without a quantity, which no group has either.
         if (item == items.end() || l.cantidad <= 0) continue;
         l.item = item->second;
-        l.dit = datos.dit.trimmed();
+        l.dit = datos.dit.trimmed().toUpper();
         l.fecha = datos.fecha;
         l.vencimiento = datos.vencimiento;
         l.expctit = datos.expctit.trimmed();

@@ -13,8 +13,7 @@ const Caso intercambios[] = {
      "select idcatalogo,idarticulo from subitems where interno = 'OP1' group by idcatalogo,idarticulo"},
     {"ColumnsOfATable", "select * from facturas where interno = ''", Espera::Nada},
     {"Comment", "select * from coment where interno = 'OP1'", Espera::Filas, "SYSTABLAS"},
-    {"StandingTakings", "select top 1 id from stockmov where interno = 'OP1' and devuelta is null",
-     Espera::Nada},
+    {"StandingTakings", "select top 1 id from stockmov where interno = 'OP1' and devuelta is null"},
     {"LoadedIntoTheStock", "select top 1 id from stock where interno = 'OP1'", Espera::Nada},
 };
 SENTENCIAS(Exchange, intercambios);

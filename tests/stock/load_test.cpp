@@ -24,6 +24,15 @@ class Cargas : public Ensayo {
 };
 EN_AMBOS_STORES(Cargas);
 
+TEST_P(Cargas, ADeclarationNumberInSmallLettersIsKeptInCapitals) {
+    ASSERT_TRUE(armar(importacionTemporal)) << ultimo();
+    DatosDeDeclaracion enChicas = datos();
+    enChicas.dit = u" 26001it01000123t "_s;
+    ASSERT_TRUE(CargarConDatos(*ctx, importacionTemporal, enChicas).ok) << ultimo();
+    EXPECT_EQ(valor(u"select distinct dit from stock"_s), u"26001IT01000123T"_s);
+    EXPECT_EQ(ultimo(), "La declaración 26001IT01000123T está en el stock; líneas: 6 nuevas.");
+}
+
 TEST_P(Cargas, EveryLineOfTheArmedImportBecomesOneOfTheStock) {
     ASSERT_TRUE(armar(importacionTemporal)) << ultimo();
     registro = Registro();
