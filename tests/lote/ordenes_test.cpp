@@ -195,7 +195,7 @@ TEST_P(Ordenes, ListingGivesEveryOperationALine) {
     EXPECT_EQ(c.resultado().value("cantidad"_L1).toInt(), 68) << "the fifty of the screen are the screen's";
     ASSERT_EQ(c.mensajes().size(), 68U);
     for (const QJsonObject &o : c.mensajes()) EXPECT_EQ(o.value("tipo"_L1).toString(), "operacion"_L1);
-    const QJsonObject o = c.mensajes()[3];
+    const QJsonObject o = c.mensajes()[4];
     EXPECT_EQ(o.value("interno"_L1).toString(), "IC-2026-0001"_L1);
     EXPECT_EQ(o.value("clase"_L1).toString(), "Importacion"_L1);
     EXPECT_EQ(o.value("subregimen"_L1).toString(), "IC04"_L1);
