@@ -44,10 +44,8 @@ void AnotarEntrega(AppContext &ctx, const QString &interno, const DocumentoEscri
 std::map<QString, Entrega> LeerEntregas(AppContext &ctx, const QStringList &internos) {
     std::map<QString, Entrega> entregas;
     Recordset rs;
-    for (Consultar(
-             ctx, entidad::internos,
-             "select interno,fecha,maquina,archivo,suma from transferidas"_L1 + deEstas(internos),
-             rs);
+    for (Consultar(ctx, entidad::internos,
+                   "select interno,fecha,maquina,archivo,suma from transferidas"_L1 + deEstas(internos), rs);
          !rs.Eof(); rs.MoveNext()) {
         Entrega &una = entregas[rs.Texto(u"interno").toCaseFolded()];
         una = {AFecha(rs.Fields(u"fecha").Value), rs.Texto(u"maquina"), rs.Texto(u"archivo"),

@@ -92,16 +92,16 @@ void FrmStock::Conectar() {
     lista_.Colorear(
         [this](int fila) { return ColorDeLinea(lineas_.at(static_cast<std::size_t>(fila)), hoy_); });
     PonerAnchos(ui.Lst,
-                {{DitDeStock, 20},
+                {{DitDeStock, 22},
                  {ItemDeStock, 6},
                  {SubitemDeStock, 6},
-                 {ClienteDeStock, 24},
-                 {PosicionDeStock, 18},
+                 {ClienteDeStock, 22},
+                 {PosicionDeStock, 20},
                  {UnidadDeStock, 5},
                  {CantidadDeStock, 12},
                  {SaldoDeStock, 12},
                  {VenceDeStock, 13},
-                 {EstadoDeStock, 12}},
+                 {EstadoDeStock, 14}},
                 ArticuloDeStock);
     QObject::connect(ui.Lst->selectionModel(), &QItemSelectionModel::currentRowChanged, v,
                      [this] { MostrarLinea(); });
