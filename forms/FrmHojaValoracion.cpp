@@ -113,14 +113,12 @@ QWidget *FrmHojaValoracion::HacerControl(const CampoDeHoja &campo) {
 
 void FrmHojaValoracion::PonerEnGrilla(QGridLayout *grilla, const CampoDeHoja &campo, QWidget *control) {
     QLabel *rotulo = hacerRotulo(campo.rotulo, ventana.get());
-    QLabel *norma = hacerRotulo(campo.norma, ventana.get());
     if (campo.seccion == Seccion::Operacion) {
         // Two fields a row.
         constexpr int porFila = 2;
         constexpr int celdasDeCampo = 2;
         const int lugar = grilla->count() / (celdasDeCampo);
         const int columna = lugar % porFila * celdasDeCampo;
-        norma->deleteLater();
         grilla->addWidget(rotulo, lugar / porFila, columna);
         grilla->addWidget(control, lugar / porFila, columna + 1);
         grilla->setColumnStretch(columna + 1, 1);
@@ -129,7 +127,7 @@ void FrmHojaValoracion::PonerEnGrilla(QGridLayout *grilla, const CampoDeHoja &ca
     const int fila = grilla->rowCount();
     grilla->setColumnStretch(0, 1);
     grilla->addWidget(rotulo, fila, 0);
-    grilla->addWidget(norma, fila, 1);
+    grilla->addWidget(hacerRotulo(campo.norma, ventana.get()), fila, 1);
     if (esAncho(campo))
         grilla->addWidget(control, fila + 1, 0, 1, 3);
     else
