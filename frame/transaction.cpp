@@ -19,7 +19,12 @@ Transaccion::Transaccion(Conexion &conexion) : conexion_(conexion) {
 
 Transaccion::~Transaccion() {
     if (!abierta_ || !conexion_.abierta()) return;
-    conexion_.coneccion().rollback();
+    try {
+        conexion_.coneccion().rollback();
+    } catch (const Falla &) {
+        // What was still on its way failed. A connection that closes undoes the rest.
+        conexion_.cerrar();
+    }
 }
 
 void Transaccion::Confirmar() {
