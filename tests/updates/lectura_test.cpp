@@ -198,8 +198,10 @@ TEST(LecturaDeDocumentos, RedirectionsInARingAreGivenUp) {
     ServidorHttp servidor;
     falla(leer(servidor.direccion(u"/ronda"_s)), sinPagina,
           u"El servidor 127.0.0.1 manda de una dirección a otra sin fin: avise a quien lo administra."_s);
-    // The first and the five that are followed.
-    EXPECT_EQ(servidor.pedidos().size(), 6);
+    // The first and the five that are followed; one that finds the line hung up is sent again.
+    constexpr int pedidos = 6;
+    EXPECT_GE(servidor.pedidos().size(), pedidos);
+    EXPECT_LE(servidor.pedidos().size(), 2 * pedidos);
 }
 
 TEST(LecturaDeDocumentos, ARedirectionOutOfTheWebOrToNowhereIsNotFollowed) {
