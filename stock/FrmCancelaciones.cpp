@@ -78,15 +78,15 @@ void FrmCancelaciones::Conectar() {
     lista_.Colorear(
         [this](int fila) { return ColorDeLinea(ofertas_.at(static_cast<std::size_t>(fila)).linea, hoy_); });
     PonerAnchos(ui.Lst,
-                {{DitCancelable, 22},
-                 {ItemCancelable, 6},
-                 {SubitemCancelable, 6},
-                 {ArticuloCancelable, 22},
-                 {PosicionCancelable, 20},
+                {{DitCancelable, 18},
+                 {ItemCancelable, 5},
+                 {SubitemCancelable, 5},
+                 {ArticuloCancelable, 18},
+                 {PosicionCancelable, 17},
                  {UnidadCancelable, 5},
                  {SaldoCancelable, 12},
-                 {VenceCancelable, 13},
-                 {EstadoCancelable, 14}},
+                 {VenceCancelable, 12},
+                 {EstadoCancelable, 12}},
                 DescripcionCancelable);
     for (QLineEdit *campo :
          {ui.TxtDit, ui.TxtItem, ui.TxtSubitem, ui.TxtNcm, ui.TxtExpCtit, ui.TxtCantidad, ui.TxtFactor})

@@ -92,16 +92,16 @@ void FrmStock::Conectar() {
     lista_.Colorear(
         [this](int fila) { return ColorDeLinea(lineas_.at(static_cast<std::size_t>(fila)), hoy_); });
     PonerAnchos(ui.Lst,
-                {{DitDeStock, 22},
-                 {ItemDeStock, 6},
-                 {SubitemDeStock, 6},
-                 {ClienteDeStock, 22},
-                 {PosicionDeStock, 20},
+                {{DitDeStock, 18},
+                 {ItemDeStock, 5},
+                 {SubitemDeStock, 5},
+                 {ClienteDeStock, 20},
+                 {PosicionDeStock, 17},
                  {UnidadDeStock, 5},
                  {CantidadDeStock, 12},
                  {SaldoDeStock, 12},
-                 {VenceDeStock, 13},
-                 {EstadoDeStock, 14}},
+                 {VenceDeStock, 12},
+                 {EstadoDeStock, 12}},
                 ArticuloDeStock);
     QObject::connect(ui.Lst->selectionModel(), &QItemSelectionModel::currentRowChanged, v,
                      [this] { MostrarLinea(); });

@@ -19,7 +19,8 @@ std::optional<QColor> ColorDeLinea(const stock::Linea &linea, const QDate &hoy) 
 }
 
 void PonerAnchos(QTableView *vista, const std::vector<std::pair<int, int>> &letras, int elastica) {
-    const int letra = vista->fontMetrics().averageCharWidth();
+    // Codes and figures: wider than the letters of a text.
+    const int letra = vista->fontMetrics().horizontalAdvance(u'0');
     QHeaderView *titulos = vista->horizontalHeader();
     // What the elastic one needs to be read.
     constexpr int letrasDeLaElastica = 18;

@@ -15,6 +15,6 @@ class QTableView;
 /// others.
 std::optional<QColor> ColorDeLinea(const stock::Linea &linea, const QDate &hoy);
 
-/// Sets the columns' widths, in characters and never narrower than their headings; the elastic one takes what
+/// Sets the columns' widths, in digits and never narrower than their headings; the elastic one takes what
 /// is left.
 void PonerAnchos(QTableView *vista, const std::vector<std::pair<int, int>> &letras, int elastica);

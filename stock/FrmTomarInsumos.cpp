@@ -65,22 +65,22 @@ void FrmTomarInsumos::Form_Load() {
                      u"Primer vencimiento"_s},
                     {{ui.TxtArticulo, ArticuloEnLista, true}}, std::move(acciones), {SaldoEnStock});
     PonerAnchos(ui.Lst,
-                {{CatalogoEnStock, 16},
-                 {ArticuloEnLista, 20},
-                 {PosicionEnStock, 20},
-                 {UnidadEnStock, 6},
-                 {SaldoEnStock, 15},
-                 {VenceEnStock, 22}},
+                {{CatalogoEnStock, 12},
+                 {ArticuloEnLista, 16},
+                 {PosicionEnStock, 17},
+                 {UnidadEnStock, 5},
+                 {SaldoEnStock, 12},
+                 {VenceEnStock, 17}},
                 DescripcionEnStock);
     estilo::PrepararGrilla(ui.LstLineas, {u"Declaración"_s, u"Item"_s, u"Sub"_s, u"Entró"_s, u"Vence"_s,
                                           u"Estado"_s, u"Saldo"_s, u"Alcanza para"_s, u"A tomar"_s});
     PonerAnchos(ui.LstLineas,
-                {{DitDeOferta, 24},
-                 {EntroDeOferta, 15},
-                 {VenceDeOferta, 15},
-                 {EstadoDeOferta, 15},
-                 {SaldoDeOferta, 18},
-                 {AlcanzaDeOferta, 18}},
+                {{DitDeOferta, 18},
+                 {EntroDeOferta, 12},
+                 {VenceDeOferta, 12},
+                 {EstadoDeOferta, 12},
+                 {SaldoDeOferta, 14},
+                 {AlcanzaDeOferta, 14}},
                 TomarDeOferta);
 }
 
