@@ -21,7 +21,7 @@ class CapturasDeIntercambio : public EnPantalla {
  protected:
     void SetUp() override {
         EnPantalla::SetUp();
-        ctx->ajustes.Guardar(u"ZENDRA"_s, u"INTERCAMBIO"_s, u"CARPETA"_s, u"/tmp"_s);
+        ctx->ajustes.Guardar(u"ZENDRA"_s, u"INTERCAMBIO"_s, u"CARPETA"_s, tienda->carpeta());
     }
     /// What the grid tells of the hand-over, row by row.
     static QStringList textosDeColumna(const FrmInternoNew &navegador) {
@@ -48,7 +48,7 @@ TEST_P(CapturasDeIntercambio, TheExport) {
 }
 
 TEST_P(CapturasDeIntercambio, TheImport) {
-    const QString archivo = u"/tmp/operaciones-de-otra-oficina.zop"_s;
+    const QString archivo = tienda->carpeta() + u"/operaciones-de-otra-oficina.zop"_s;
     ASSERT_TRUE(
         intercambio::Exportar(*ctx, {u"IC-2026-0001"_s, u"EC-2026-0002"_s, u"DJAI-2026-0004"_s}, archivo)
             .hecho);
