@@ -167,12 +167,20 @@ void FrmCertificado::CmdDelPais_Click() {
         return;
     }
     lista_.EstrecharYa();
+    bool alguna = false;
     for (const int fila : lista_.EnVista()) {
         const certificados::Linea &l = legajo_.lineas.at(static_cast<std::size_t>(fila));
         const bool delPais = l.idpais == pais || (legajo_.exportacion && l.idpaisproc == pais);
-        if (delPais && l.certorig.isEmpty()) Cubrir(fila, true);
+        // Those of another certificate are taken from it one by one.
+        if (!delPais || (!l.certorig.isEmpty() && cargada_.lineas.count(l.id) == 0)) continue;
+        Cubrir(fila, true);
+        alguna = true;
     }
     Contar();
+    if (!alguna)
+        Contexto().dialogos.informar(
+            u"A la vista no hay líneas de ese país sin certificado; marque con ESPACIO las que pasan de otro "
+            "a éste."_s);
 }
 
 void FrmCertificado::MarcarAlaVista(bool cubre) {

@@ -136,6 +136,40 @@ TEST_P(PantallaDeCertificados, TheCountryComesBeforeItsLinesAreAskedFor) {
     });
 }
 
+TEST_P(PantallaDeCertificados, TheLinesOfTheCountryComeBackAfterAllWereTakenAway) {
+    mostrar([](FrmCertificados &p) {
+        enFicha(p, Qt::Key_F6, [](FrmCertificado &f) {
+            atajo(Qt::Key_Q);
+            EXPECT_EQ(f.ui.LbCubiertas->text(), u"0 de 11 líneas"_s);
+            atajo(Qt::Key_M);
+            EXPECT_EQ(f.ui.LbCubiertas->text(), u"8 de 11 líneas"_s);
+            tecla(Qt::Key_Escape);
+        });
+        tecla(Qt::Key_Escape);
+    });
+    EXPECT_EQ(lineasDe(u"BR-2026-1188"_s), "8");
+}
+
+TEST_P(PantallaDeCertificados, WithoutAFreeLineOfTheCountryASentenceSaysSo) {
+    mostrar([this](FrmCertificados &p) {
+        enFicha(p, Qt::Key_Insert, [this](FrmCertificado &f) {
+            f.ui.TxtIdPais->setFocus();
+            escribir(u"203"_s);
+            registro = {};
+            atajo(Qt::Key_M);
+            EXPECT_EQ(f.ui.LbCubiertas->text(), u"0 de 11 líneas"_s);
+            ASSERT_EQ(registro.mensajes.size(), 1U);
+            EXPECT_EQ(
+                registro.mensajes[0].texto,
+                u"A la vista no hay líneas de ese país sin certificado; marque con ESPACIO las que pasan "
+                "de otro a éste."_s);
+            registro.respuestas.assign(4, false);
+            tecla(Qt::Key_Escape);
+        });
+        tecla(Qt::Key_Escape);
+    });
+}
+
 TEST_P(PantallaDeCertificados, ARefusalKeepsTheCardWithTheFocusOnItsField) {
     mostrar([this](FrmCertificados &p) {
         enFicha(p, Qt::Key_Insert, [this](FrmCertificado &f) {
