@@ -33,11 +33,10 @@ struct Servidor {
     int puerto = 5432;
 };
 
-Servidor servidorDePrueba() {
+Servidor servidorDePrueba(const QString &palabras) {
     Servidor s;
-    const QStringList palabras =
-        qEnvironmentVariable("ZENDRA_PG").split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (const QString &palabra : palabras) {
+    const QStringList partes = palabras.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &palabra : partes) {
         const QString clave = palabra.section(QLatin1Char('='), 0, 0);
         const QString valor = palabra.section(QLatin1Char('='), 1);
         if (clave == "host"_L1) s.host = valor;
@@ -75,10 +74,11 @@ void enServidor(const Servidor &s, const QString &sql) {
 struct Molde {
     QTemporaryDir dir;
     QString base;
+    QString palabras;
     ~Molde() {
         if (base.isEmpty()) return;
         try {
-            enServidor(servidorDePrueba(), u"drop database if exists %1 with (force)"_s.arg(base));
+            enServidor(servidorDePrueba(palabras), u"drop database if exists %1 with (force)"_s.arg(base));
         } catch (const std::exception &) {
             // The server went away first.
         }
@@ -96,17 +96,23 @@ void copiar(const QString &de, const QString &a) {
             fallar(u"copy: "_s + archivo.filePath());
 }
 
-bool escribirPerfil(const QString &carpeta, const QString &base, QString &perfil) {
+/// Where stores lie: a database of a server, or files where there is none.
+struct Sitio {
+    QString palabras, base;
+};
+
+bool escribirPerfil(const QString &carpeta, const Sitio &sitio, QString &perfil) {
     perfil = carpeta + u"/Prueba.perfil.ini"_s;
     QFile::remove(perfil);
-    if (base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
-    const Servidor s = servidorDePrueba();
-    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, base, s.usuario,
-                                                   u"."_s);
+    if (sitio.base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
+    const Servidor s = servidorDePrueba(sitio.palabras);
+    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, sitio.base,
+                                                   s.usuario, u"."_s);
 }
 
-Molde &molde(bool servidor, bool conDemostracion) {
-    static std::map<std::pair<bool, bool>, std::unique_ptr<Molde>> moldes;
+/// Without words: on files.
+Molde &molde(const QString &palabras, bool conDemostracion) {
+    static std::map<std::pair<QString, bool>, std::unique_ptr<Molde>> moldes;
     // Their bases go while the drivers can still be loaded: once the application object is gone it is too
     // late.
     static const bool limpieza = [] {
@@ -114,15 +120,16 @@ Molde &molde(bool servidor, bool conDemostracion) {
         return true;
     }();
     Q_UNUSED(limpieza)
-    auto &uno = moldes[{servidor, conDemostracion}];
+    auto &uno = moldes[{palabras, conDemostracion}];
     if (uno) return *uno;
     auto nuevo = std::make_unique<Molde>();
-    if (servidor) {
+    if (!palabras.isEmpty()) {
         nuevo->base = nombreDeBase();
-        enServidor(servidorDePrueba(), u"create database %1"_s.arg(nuevo->base));
+        nuevo->palabras = palabras;
+        enServidor(servidorDePrueba(palabras), u"create database %1"_s.arg(nuevo->base));
     }
     QString perfil;
-    if (!escribirPerfil(nuevo->dir.path(), nuevo->base, perfil)) fallar(u"profile"_s);
+    if (!escribirPerfil(nuevo->dir.path(), {palabras, nuevo->base}, perfil)) fallar(u"profile"_s);
     const auto hecho =
         conDemostracion ? actualizacion::CargarDemostracion(perfil) : actualizacion::Actualizar(perfil);
     if (!hecho.ok) fallar(hecho.error);
@@ -189,21 +196,24 @@ Dialogos DialogosDePrueba(Registro &r) {
     return d;
 }
 
-Tienda::Tienda(const QString &etiqueta, bool conDemostracion) : carpeta_(dir_.path()) {
+Tienda::Tienda(const QString &etiqueta, bool conDemostracion, QString palabras)
+    : carpeta_(dir_.path()), palabras_(std::move(palabras)) {
     const bool servidor = etiqueta == "SQL"_L1;
-    const Molde &m = molde(servidor, conDemostracion);
+    // Whoever names none is told at once.
+    if (servidor) servidorDePrueba(palabras_);
+    const Molde &m = molde(servidor ? palabras_ : QString(), conDemostracion);
     copiar(m.dir.path(), carpeta_);
     if (servidor) {
         base_ = nombreDeBase();
-        enServidor(servidorDePrueba(), u"create database %1 template %2"_s.arg(base_, m.base));
+        enServidor(servidorDePrueba(palabras_), u"create database %1 template %2"_s.arg(base_, m.base));
     }
-    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(u"profile"_s);
+    if (!escribirPerfil(carpeta_, {palabras_, base_}, perfil_)) fallar(u"profile"_s);
 }
 
 Tienda::~Tienda() {
     if (base_.isEmpty()) return;
     try {
-        enServidor(servidorDePrueba(), u"drop database if exists %1 with (force)"_s.arg(base_));
+        enServidor(servidorDePrueba(palabras_), u"drop database if exists %1 with (force)"_s.arg(base_));
     } catch (const std::exception &) {
         // Nothing else of the test hangs on it.
     }
@@ -228,7 +238,7 @@ std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
 }
 
 void EnAmbosStores::SetUp() {
-    tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion());
+    tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion(), servidor());
     ctx = tienda->contexto(registro);
     fijarContexto(ctx.get());
 }
