@@ -11,6 +11,7 @@
 
 #include "frame/base/values.h"
 #include "frame/startup.h"
+#include "tests/support/intermediario.h"
 #include "upgrade/upgrade.h"
 
 using namespace Qt::StringLiterals;
@@ -33,16 +34,22 @@ struct Servidor {
     int puerto = 5432;
 };
 
-Servidor servidorDePrueba(const QString &palabras) {
+Servidor servidorDe(const QString &dicho) {
     Servidor s;
-    const QStringList partes = palabras.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    for (const QString &palabra : partes) {
+    const QStringList palabras = dicho.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &palabra : palabras) {
         const QString clave = palabra.section(QLatin1Char('='), 0, 0);
         const QString valor = palabra.section(QLatin1Char('='), 1);
         if (clave == "host"_L1) s.host = valor;
         if (clave == "port"_L1) s.puerto = valor.toInt();
         if (clave == "user"_L1) s.usuario = valor;
     }
+    return s;
+}
+
+/// The same where there has to be one.
+Servidor servidorDePrueba(const QString &palabras) {
+    const Servidor s = servidorDe(palabras);
     if (s.host.isEmpty())
         fallar(
             u"The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
@@ -96,6 +103,11 @@ void copiar(const QString &de, const QString &a) {
             fallar(u"copy: "_s + archivo.filePath());
 }
 
+bool escribirPerfilEn(const Servidor &s, const QString &base, const QString &perfil) {
+    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, base, s.usuario,
+                                                   u"."_s);
+}
+
 /// Where stores lie: a database of a server, or files where there is none.
 struct Sitio {
     QString palabras, base;
@@ -105,9 +117,7 @@ bool escribirPerfil(const QString &carpeta, const Sitio &sitio, QString &perfil)
     perfil = carpeta + u"/Prueba.perfil.ini"_s;
     QFile::remove(perfil);
     if (sitio.base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
-    const Servidor s = servidorDePrueba(sitio.palabras);
-    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, sitio.base,
-                                                   s.usuario, u"."_s);
+    return escribirPerfilEn(servidorDePrueba(sitio.palabras), sitio.base, perfil);
 }
 
 /// Without words: on files.
@@ -217,6 +227,12 @@ Tienda::~Tienda() {
     } catch (const std::exception &) {
         // Nothing else of the test hangs on it.
     }
+}
+
+void Tienda::PasarPor(const Intermediario &linea) {
+    if (base_.isEmpty()) return;
+    QFile::remove(perfil_);
+    if (!escribirPerfilEn(servidorDe(linea.palabras()), base_, perfil_)) fallar(u"profile"_s);
 }
 
 std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {

@@ -10,6 +10,8 @@
 
 #include "frame/context.h"
 
+class Intermediario;
+
 /// The project's source and build folders.
 QString CarpetaDeFuentes();
 QString CarpetaDeConstruccion();
@@ -49,6 +51,10 @@ class Tienda {
     ~Tienda();
     const QString &perfil() const { return perfil_; }
     const QString &carpeta() const { return carpeta_; }
+
+    /// The profile names the proxy as its server from now on, for contexts that begin later; stores of files
+    /// stay as they are.
+    void PasarPor(const Intermediario &linea);
 
     /// A context on these stores, with the recorder's dialogs and a settings area of its own.
     std::unique_ptr<AppContext> contexto(Registro &registro) const;
