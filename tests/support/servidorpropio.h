@@ -30,6 +30,8 @@ class ServidorPropio {
     /// Begins to run; with `esperar` only what is ready to be asked is answered. Nothing happens when it
     /// runs.
     void arrancar(bool esperar = true);
+    /// Begins to run, and says that it is starting up for a second or so, as one that has much to recover.
+    void arrancarDespacio();
     /// Waits until it can be asked.
     void esperarQueAtienda();
     void reiniciar(Parada como) {
