@@ -45,6 +45,7 @@ QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
                 .arg(motivo),
             {}};
     }
+    linea::Callar(linea::Mango(db));
     QStringList camino{QLatin1Char('"') + datos.esquema + QLatin1Char('"')};
     for (const auto &vecino : datos.vecinos) camino << QLatin1Char('"') + vecino.second + QLatin1Char('"');
     camino << u"public"_s;

@@ -176,6 +176,11 @@ PGconn *Mango(const QSqlDatabase &db) {
                                                          : nullptr;
 }
 
+void Callar(PGconn *conexion) {
+    PQsetNoticeProcessor(
+        conexion, [](void *, const char *) {}, nullptr);
+}
+
 bool Vive(PGconn *conexion) {
     const Respuesta respuesta{PQexec(conexion, "select 1")};
     return PQresultStatus(respuesta.get()) == PGRES_TUPLES_OK;

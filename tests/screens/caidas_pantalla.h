@@ -47,6 +47,7 @@ class EnCaidas : public EnPantalla {
     Hecho hacer(const AccionDeUsuario &accion, std::optional<MomentoDeCaida> caida = {});
     /// The same with the server started again while the screen lies idle.
     Hecho hacerTrasElReposo(const AccionDeUsuario &accion);
+    Intermediario &linea() { return *linea_; }
 
  private:
     enum class Que { Nada, Reposo, Caida };

@@ -100,6 +100,7 @@ TEST_P(PerdidaEnReposo, EveryKindOfStatementGoesOnWithoutAWord) {
          [&] {
              internos().MandarSeguidas(
                  {u"update divisas set imp = imp + 1"_s, u"update divisas set imp = imp + 1"_s});
+             internos().Asentar();
          }},
         {"selects together",
          [&] {
@@ -227,28 +228,27 @@ TEST_P(PerdidaEnReposo, ATableOfOnesOwnIsNotMistakenForEverybodys) {
     EXPECT_EQ(valor(u"select id from divisas"_s), "<nada>");
 }
 
-TEST_P(PerdidaEnReposo, LightWritingStaysOnWithTheNewConnection) {
+// What was written lightly may be gone with the server that held it: a run that went on would miss it.
+TEST_P(PerdidaEnReposo, ARunThatWritesLightlyIsToldOnceAndGoesOnLightly) {
     const auto sincronia = [&] { return valor(u"show synchronous_commit"_s); };
     {
         EscrituraLigera ligera(internos());
-        EXPECT_EQ(sincronia(), "off");
+        for (int n = 0; n < 20; ++n) ejecutar(u"insert into divisas (id,imp) values ('A',1)"_s);
         perder();
+        EXPECT_NE(textoDe([&] { ejecutar(u"insert into divisas (id,imp) values ('B',1)"_s); }), "");
         EXPECT_EQ(sincronia(), "off");
         ligera.Terminar();
     }
     EXPECT_EQ(sincronia(), "on");
+    EXPECT_EQ(fuera(u"select count(*) from internos.divisas where id = 'B'"_s), "0");
 }
 
-// What was written lightly may be gone with the server that held it.
-TEST_F(Caidas, RowsWrittenLightlyThatWentWithTheServerAreTold) {
+TEST_P(PerdidaEnReposo, TheEndOfARunThatWritesLightlyTellsWhatWentAheadOfIt) {
     EscrituraLigera ligera(internos());
-    for (int n = 0; n < 20; ++n) ejecutar(u"insert into divisas (id,imp) values ('A',1)"_s);
-    perder(Perdida::Potencia);
-    const std::string falla = textoDe([&] { ejecutar(u"insert into divisas (id,imp) values ('B',1)"_s); });
-    if (falla.empty()) {
-        EXPECT_EQ(fuera(u"select count(*) from internos.divisas"_s), "21");
-    }
-    EXPECT_EQ(textoDe([&] { ejecutar(u"insert into divisas (id,imp) values ('C',1)"_s); }), "");
+    ejecutar(u"insert into divisas (id,imp) values ('A',1)"_s);
+    perder();
+    EXPECT_NE(textoDe([&] { ligera.Terminar(); }), "");
+    EXPECT_EQ(valor(u"show synchronous_commit"_s), "on");
 }
 
 TEST_F(Caidas, ACommandThatWasRunningIsOneFailureAndTheNextStatementWorks) {
@@ -304,7 +304,7 @@ TEST_F(Caidas, AServerThatIsGoneIsOneSentenceAndTheNextTryWorksWhenItIsBack) {
 
 TEST_F(Caidas, AServerThatStartsUpIsWaitedFor) {
     ejecutar(u"insert into divisas (id,imp) values ('DOL',1)"_s);
-    for (int vez = 0; vez < 5; ++vez) {
+    for (int vez = 0; vez < 2; ++vez) {
         servidor.parar(ServidorPropio::Parada::Inmediata);
         servidor.arrancarDespacio();
         EXPECT_EQ(textoDe([&] { EXPECT_EQ(valor(u"select imp from divisas"_s), "1"); }), "");
@@ -336,7 +336,7 @@ TEST_F(LineaMala, OneThatIsCutWhileNobodyUsesItIsMadeAgainWithoutAWord) {
 TEST_F(LineaMala, CutOnTheWayOfACommandTheRowIsWrittenAtMostOnce) {
     using M = Intermediario::Medida;
     int fallas = 0;
-    for (int bytes = 0; bytes < 60; ++bytes) {
+    for (int bytes = 0; bytes < 60; bytes += 5) {
         for (const M medida : {M::BytesAlServidor, M::BytesAlCliente}) {
             const std::string antes = fuera(u"select count(*) from internos.divisas"_s);
             linea.CortarTras(medida, bytes);
@@ -352,7 +352,7 @@ TEST_F(LineaMala, CutOnTheWayOfACommandTheRowIsWrittenAtMostOnce) {
             EXPECT_EQ(textoDe([&] { valor(u"select 1 as n"_s); }), "") << bytes;
         }
     }
-    EXPECT_GT(fallas, 20);
+    EXPECT_GT(fallas, 8);
 }
 
 TEST_F(LineaMala, CutOnTheWayOfASelectItIsAskedAgain) {
