@@ -293,7 +293,7 @@ TEST_F(ServidorVivo, AConnectionThatTheServerEndsIsMadeAgainWithoutAWord) {
     Recordset rs;
     ASSERT_TRUE(Consultar(*ctx, u"INTERNOS"_s, u"select pg_backend_pid() as pid"_s, rs));
     const QString pid = rs.Texto(u"pid");
-    Consultar(*ctx, u"NCM"_s, "select pg_terminate_backend("_L1 + pid + ")"_L1, rs);
+    Consultar(*ctx, u"NCM"_s, "select pg_terminate_backend("_L1 + pid + ",5000)"_L1, rs);
     EXPECT_EQ(Ejecutar(*ctx, u"INTERNOS"_s, u"update divisas set imp = 2"_s), 1);
     ASSERT_TRUE(Consultar(*ctx, u"INTERNOS"_s, u"select imp from divisas"_s, rs));
     EXPECT_EQ(rs.Numero(u"imp"), 2);
