@@ -33,14 +33,22 @@ void insertarDelCliente(ContextoArmado &r, const QString &prueba, bool soloConPo
     }
 }
 
+QString sentenciaDeMarcas(const QString &ncm) {
+    return u"select [028], [041] as estampillado, [059] as LAPI "
+           "from ncm "
+           "where [001] = %1 and [002] = %2"_s.arg(EnComillas(ncm.left(10)),
+                                                   EnComillas(CortarPosicion(ncm).c002));
+}
+
 void cierreICR(ContextoArmado &r, const QString &ncm, const Recordset &posicion) {
     if (posicion.Texto(u"estampillado").trimmed() == "*"_L1)
-        r.ejecutar(
+        r.mandar(
             u"insert into ITEMINFO (IDITEM, IDINFO, VALOR, INTERNO) "
             "select id,'CANT.ESTAMPILLAS',cantidad,%1 "
             "from item "
             "where interno = %1 and ncm = %2 and idunidad = '07'"_s.arg(r.clave(), EnComillas(ncm)));
     if (!r.ctx.CalculoAEC.isEmpty() && posicion.Texto(u"028") == "*"_L1) {
+        r.asentar();
         PreguntarRegimenAutomotriz(r.ctx, r.interno);
         r.ctx.CalculoAEC = LeerAEC(r.ctx, r.interno, u"N"_s);
     }
@@ -49,11 +57,11 @@ void cierreICR(ContextoArmado &r, const QString &ncm, const Recordset &posicion)
 }  // namespace
 
 void AgregarVentaja(const ContextoArmado &r, const QString &iditem, const QString &idventaja) {
-    r.ejecutar(Escritura(r.ctx)
-                   .crudo("iditem", iditem)
-                   .codigo("interno", r.interno)
-                   .codigo("idventaja", idventaja)
-                   .insertar(u"itemventaja"_s));
+    r.mandar(Escritura(r.ctx)
+                 .crudo("iditem", iditem)
+                 .codigo("interno", r.interno)
+                 .codigo("idventaja", idventaja)
+                 .insertar(u"itemventaja"_s));
 }
 
 void VentajasDelCliente(ContextoArmado &r) {
@@ -74,15 +82,14 @@ void CierreDelRegimen(ContextoArmado &r) {
         u"select distinct ncm from item "
         "where interno = %1 and id<>0"_s.arg(r.clave()),
         rs);
-    for (; !rs.Eof(); rs.MoveNext()) {
+    std::vector<QStringList> preguntas;
+    for (; !rs.Eof(); rs.MoveNext()) preguntas.push_back({sentenciaDeMarcas(rs.Texto(u"ncm"))});
+    LecturaAdelantada adelantada(r.ctx.conexion(u"NCM"_s), std::move(preguntas));
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
         const QString ncm = rs.Texto(u"ncm");
         Recordset posicion;
-        r.consultar(
-            u"select [028], [041] as estampillado, [059] as LAPI "
-            "from ncm "
-            "where [001] = %1 and [002] = %2"_s.arg(EnComillas(ncm.left(10)),
-                                                    EnComillas(CortarPosicion(ncm).c002)),
-            posicion, u"NCM"_s);
+        adelantada.Vuelta();
+        r.consultar(sentenciaDeMarcas(ncm), posicion, u"NCM"_s);
         for (; !posicion.Eof(); posicion.MoveNext()) {
             if (icr) {
                 cierreICR(r, ncm, posicion);
@@ -92,6 +99,7 @@ void CierreDelRegimen(ContextoArmado &r) {
                 continue;
             if (!preguntado) {
                 preguntado = true;
+                r.asentar();
                 agregar = r.ctx.dialogos.preguntar(
                     {u"Hay Artículos con LAPI y Pertenecientes al Régimen automotriz\r\n"
                      "Desea agregarle la ventaja << VEHICULOPARTES >>\r\n\r\n"
@@ -101,7 +109,7 @@ void CierreDelRegimen(ContextoArmado &r) {
                      false});
             }
             if (agregar)
-                r.ejecutar(
+                r.mandar(
                     u"insert into itemventaja (iditem,idventaja,interno) "
                     "select id, 'VEHICULOPARTES', interno "
                     "from item "
@@ -117,7 +125,7 @@ void ProcesarVentajasVinculadas(ContextoArmado &r) {
         "where interno = %1 order by id"_s.arg(r.clave()),
         items);
     for (; !items.Eof(); items.MoveNext()) {
-        r.ejecutar(
+        r.mandar(
             u" insert into itemventaja (iditem, idventaja, interno) "
             " select distinct %2, ventaja, %1 "
             "from articulo_ventaja as v "

@@ -25,7 +25,7 @@ void insertarGrupos(const ContextoArmado &r) {
                          "cancelaciones,codigoean,tipoitem,ONCCACategoria,ONCCACortes, "
                          "ajusteincluir, ajustededucir"_s
                        : u"*"_s;
-    r.ejecutar(
+    r.mandar(
         u"INSERT INTO GROUPSUBITEMS ("
         "interno,ncm,preciounitario,%2idpais,idpaisproc,sufijos,"
         "idunidad,estadomerc,biendeuso,CANTIDAD,"
@@ -109,7 +109,7 @@ QString comparacionesDeUnaLinea(const ContextoArmado &r) {
 void vincularDeUnaLinea(const ContextoArmado &r) {
     const QString comparaciones = comparacionesDeUnaLinea(r);
     if (r.esSQL()) {
-        r.ejecutar(
+        r.mandar(
             u"Update groupsubitems "
             "Set groupsubitems.IDsub = SubItems.ID,"
             "groupsubitems.idcatalogo = SubItems.idcatalogo,"
@@ -118,7 +118,7 @@ void vincularDeUnaLinea(const ContextoArmado &r) {
             "where groupsubitems.interno = %2"_s.arg(comparaciones, r.clave()));
         return;
     }
-    r.ejecutar(
+    r.mandar(
         u"Update groupsubitems Inner Join subitems On %1 "
         "Set groupsubitems.IDsub = SubItems.ID, "
         " groupsubitems.idcatalogo = SubItems.idcatalogo, "
@@ -184,17 +184,19 @@ QString comparar(const ContextoArmado &r, const Recordset &grupo, const std::arr
     return texto;
 }
 
+QString sentenciaDeLineas(const ContextoArmado &r, const Recordset &grupo) {
+    return u"select id,%1 as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller "
+           "from subitems "
+           "where interno = %2 %3"_s.arg(r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1,
+                                         r.clave(),
+                                         comparar(r, grupo, lineasDelGrupo, r.condicionDescripcion()));
+}
+
 /// Finds the lines of one group: the first is its root, the others are remembered as folded into it.
-void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
+void vincularGrupo(const ContextoArmado &r, const Recordset &grupo) {
     const bool conDescripcion = r.condicionDescripcion();
     Recordset lineas;
-    const bool hay = r.consultar(
-        u"select id,%1 as fidarticulo,idcatalogo,cancelaciones,certorig, itfiller "
-        "from subitems "
-        "where interno = %2 %3"_s.arg(r.ctx.opciones.FlgIdArtTOOtros ? "otros"_L1 : "idarticulo"_L1,
-                                      r.clave(), comparar(r, grupo, lineasDelGrupo, conDescripcion)),
-        lineas);
-    if (!hay) return;
+    if (!r.consultar(sentenciaDeLineas(r, grupo), lineas)) return;
 
     const QString raiz = lineas.Texto(u"id");
     const QString articulo = lineas.Texto(u"fidarticulo");
@@ -214,7 +216,7 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
     const QString nombres = unArticulo ? u", idarticulo = %1 , idcatalogo = %2 "_s.arg(
                                              TextoEnComillas(articulo), TextoEnComillas(catalogo))
                                        : u", idarticulo = 'agrupado!' "_s;
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set idsub = %1%2 "
         "where interno = %3 %4"_s.arg(raiz, nombres, r.clave(), comparar(r, grupo, elGrupo, conDescripcion)));
 }
@@ -222,8 +224,7 @@ void vincularGrupo(ContextoArmado &r, const Recordset &grupo) {
 }  // namespace
 
 void RecordarPlegada(const ContextoArmado &r, const QString &raiz, const QString &plegada) {
-    r.ejecutar(
-        u"insert into idrel (interno,idroot,idsub) values (%1,%2, %3)"_s.arg(r.clave(), raiz, plegada));
+    r.mandar(u"insert into idrel (interno,idroot,idsub) values (%1,%2, %3)"_s.arg(r.clave(), raiz, plegada));
 }
 
 void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegadas) {
@@ -236,7 +237,7 @@ void EnviarGrupo(const ContextoArmado &r, qint64 raiz, const QStringList &plegad
 void AgruparLineas(ContextoArmado &r) {
     insertarGrupos(r);
     for (const auto &[cambio, prueba] : rellenosDeGrupos)
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set %1 "
             "where %2 and interno = %3"_s.arg(QLatin1StringView(cambio), QLatin1StringView(prueba),
                                               r.clave()));
@@ -246,13 +247,19 @@ void AgruparLineas(ContextoArmado &r) {
         u"select * from groupsubitems "
         "where interno = %1 and (idsub is null)"_s.arg(r.clave()),
         grupos);
-    for (; !grupos.Eof(); grupos.MoveNext()) vincularGrupo(r, grupos);
+    std::vector<QStringList> preguntas;
+    for (; !grupos.Eof(); grupos.MoveNext()) preguntas.push_back({sentenciaDeLineas(r, grupos)});
+    LecturaAdelantada adelantada(r.internos(), std::move(preguntas));
+    for (grupos.MoveFirst(); !grupos.Eof(); grupos.MoveNext()) {
+        adelantada.Vuelta();
+        vincularGrupo(r, grupos);
+    }
 }
 
 void AplicarDatosComunesAGrupos(ContextoArmado &r) {
     const QString clave = r.clave();
     const auto enTodos = [&](QLatin1StringView columna, const QString &valor) {
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set %1 = %2 "
             "where interno = %3"_s.arg(columna, EnComillas(valor), clave));
     };
@@ -260,7 +267,7 @@ void AplicarDatosComunesAGrupos(ContextoArmado &r) {
         if (r.DCForzarEstMerc)
             enTodos("EstadoMerc"_L1, r.DCEstMerc);
         else
-            r.ejecutar(
+            r.mandar(
                 u"update groupsubitems set EstadoMerc = %1 "
                 "where (EstadoMerc='' or EstadoMerc is null) and  interno = %2"_s.arg(EnComillas(r.DCEstMerc),
                                                                                       clave));
@@ -269,35 +276,34 @@ void AplicarDatosComunesAGrupos(ContextoArmado &r) {
         if (r.DCForzarPaisOrigen)
             enTodos("IdPais"_L1, r.DCPaisOrigen);
         else
-            r.ejecutar(
+            r.mandar(
                 u"update groupsubitems set IdPais = %1 "
                 "where (IdPais='' or IdPais is null) and interno = %2"_s.arg(EnComillas(r.DCPaisOrigen),
                                                                              clave));
     }
     if (!r.DCPaisDestino.isEmpty())
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set IdPaisProc = %1 "
             "where (IdPaisProc='' or IdPaisProc is null) and interno = %2"_s.arg(EnComillas(r.DCPaisDestino),
                                                                                  clave));
     // These two run even with an empty value, which turns a null into empty text.
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set ONCCACategoria = %1 "
         "where interno = %2 and  (ONCCACategoria = '' or ONCCACategoria is null)"_s.arg(
             TextoEnComillas(r.ONCCACategoria), clave));
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set ONCCACortes = %1 "
         "where interno = %2 and  (ONCCACortes = '' or ONCCACortes is null)"_s.arg(
             TextoEnComillas(r.ONCCACortes), clave));
     // The value is spread by now: its codes must not split an item.
-    r.ejecutar("update groupsubitems set codprorrateo = '' where interno = "_L1 + clave);
-    r.ejecutar("update groupsubitems set descripcion = '' where descripcion is null and interno = "_L1 +
-               clave);
-    if (!r.esDJAI()) r.ejecutar("update groupsubitems set descripcion = '' where interno = "_L1 + clave);
+    r.mandar("update groupsubitems set codprorrateo = '' where interno = "_L1 + clave);
+    r.mandar("update groupsubitems set descripcion = '' where descripcion is null and interno = "_L1 + clave);
+    if (!r.esDJAI()) r.mandar("update groupsubitems set descripcion = '' where interno = "_L1 + clave);
 }
 
 void MezclarDescripcionITEM(ContextoArmado &r, const QString &descripcion) {
     constexpr qsizetype largoMaximo = 400;
-    r.ejecutar(
+    r.mandar(
         "Update groupsubitems Set groupsubitems.Descripcion = SubItems.Descripcion "
         "from groupsubitems INNER JOIN subitems "
         "ON (groupsubitems.interno = subitems.Interno and groupsubitems.idsub = subitems.id) "
@@ -316,7 +322,7 @@ void MezclarDescripcionITEM(ContextoArmado &r, const QString &descripcion) {
         for (int vez = 0; vez < 3; ++vez) plegarBlancos(texto);
         texto.chop(1);  // the separator behind the last description
         plegarBlancos(texto);
-        r.ejecutar(
+        r.mandar(
             u"update item set descripcion = %1  "
             "where interno = %2 and id = %3"_s.arg(TextoEnComillas(texto.left(largoMaximo)), r.clave(),
                                                    rs.Texto(u"id")));

@@ -86,42 +86,58 @@ void insertarItem(ContextoArmado &r, const Recordset &clave, const Recordset &su
         // The blanks belong to the statement as it is sent.
         .numero(" ajusteinc", sumas.Numero(u"tajusteincluir"))
         .numero(" ajusteded", sumas.Numero(u"tajustededucir"));
-    r.ejecutar(item.insertar(u"item"_s));
+    r.mandar(item.insertar(u"item"_s));
     r.ctx.dialogos.atenderEventos();
 }
 
+QString sumasDelItem(const ContextoArmado &r, qint64 n) {
+    return u"select sum(%1) as valrel, sum(%2) as valder, sum(cantidad) as cant, sum(FOB) as fobtotal, "
+           "sum(%3) as rkgneto, sum(kgbruto) As rkgbruto, "
+           "sum(insumostemp) As tinsumostemp, sum(insumosacons) As tinsumosacons, "
+           "sum(ajusteincluir) As tajusteincluir, sum(ajustededucir) As tajustededucir "
+           "from groupsubitems "
+           "where id = %4 and interno = %5"_s.arg(redondeado(r, u"valorrelacionestadistica"_s),
+                                                  redondeado(r, u"valorderesp"_s), redondeado(r, u"kgneto"_s),
+                                                  QString::number(n), r.clave());
+}
+
+bool mismaFila(const Recordset &a, const Recordset &b) {
+    if (a.Eof() || b.Eof()) return false;
+    for (int c = 0; c < a.columnas(); ++c)
+        if (a.Fields(c).Value != b.Fields(c).Value) return false;
+    return true;
+}
+
+/// Each item's sums and the first group of the next travel with the update that they follow.
 void numerarPorAparicion(ContextoArmado &r) {
     qint64 n = 0;
     Recordset primero;
     const QString siguiente =
         u"select top 1 * from groupsubitems "
         "where interno = %1 and id is null order by idsub"_s.arg(r.clave());
-    while (r.consultar(siguiente, primero)) {
+    for (r.consultar(siguiente, primero); !primero.Eof();) {
         ++n;
+        Recordset sumas;
+        Recordset despues;
+        // False when no group was met: this one comes first again then.
         const auto numerar = [&](Puntas puntas) {
-            return r.ejecutar(u"update groupsubitems set id = %1 %2"_s.arg(
+            r.mandar(u"update groupsubitems set id = %1 %2"_s.arg(
                 QString::number(n), claveDe(r, primero, clavesDeAparicion, puntas)));
+            r.internos().Anticipar({sumasDelItem(r, n), siguiente});
+            r.consultar(sumasDelItem(r, n), sumas);
+            r.consultar(siguiente, despues);
+            return !mismaFila(primero, despues);
         };
         // The store keeps end blanks apart: a description that has them is met as it stands. A group that no
         // key meets would come first for ever, so it ends the run.
-        if (numerar(Puntas::Recortadas) == 0 && numerar(Puntas::ComoEstan) == 0)
+        if (!numerar(Puntas::Recortadas) && !numerar(Puntas::ComoEstan))
             throw Falla{0,
                         u"INTERNOS"_s,
                         u"No se pudo numerar el grupo de la posición '%1': revise el subitem %2."_s.arg(
                             primero.Texto(u"ncm"), primero.Texto(u"idsub")),
                         {}};
-        Recordset sumas;
-        r.consultar(
-            u"select sum(%1) as valrel, sum(%2) as valder, sum(cantidad) as cant, sum(FOB) as fobtotal, "
-            "sum(%3) as rkgneto, sum(kgbruto) As rkgbruto, "
-            "sum(insumostemp) As tinsumostemp, sum(insumosacons) As tinsumosacons, "
-            "sum(ajusteincluir) As tajusteincluir, sum(ajustededucir) As tajustededucir "
-            "from groupsubitems "
-            "where id = %4 and interno = %5"_s.arg(redondeado(r, u"valorrelacionestadistica"_s),
-                                                   redondeado(r, u"valorderesp"_s),
-                                                   redondeado(r, u"kgneto"_s), QString::number(n), r.clave()),
-            sumas);
         insertarItem(r, primero, sumas, n);
+        primero = std::move(despues);
     }
 }
 
@@ -194,11 +210,11 @@ void ControlarKiloBruto(ContextoArmado &r) {
     if (con && !sin) {
         const double total = r.numero(
             "select sum(kgbruto) as total from groupsubitems where interno = "_L1 + r.clave(), u"total");
-        r.ejecutar(
+        r.mandar(
             u"update caratula set BULPES= %1 "
             "where interno = %2"_s.arg(SqlNumber(r.ctx, total), r.clave()));
     } else if (!con && sin) {
-        r.ejecutar("update caratula set BULPES = 0 where interno = "_L1 + r.clave());
+        r.mandar("update caratula set BULPES = 0 where interno = "_L1 + r.clave());
     } else {
         r.ctx.dialogos.informar(
             u"Hay Subitem's que no tiene ingresado el KG Bruto.\r\n\r\n"
@@ -255,19 +271,19 @@ void GenerarItems(ContextoArmado &r) {
 
 void AgregarItemCero(ContextoArmado &r) {
     const QString clave = r.clave();
-    r.ejecutar(u"INSERT INTO item (id,interno,totalkneto) values (0,%1,0)"_s.arg(clave));
+    r.mandar(u"INSERT INTO item (id,interno,totalkneto) values (0,%1,0)"_s.arg(clave));
     const auto enTodos = [&](L columna, const QString &literal) {
-        r.ejecutar(
+        r.mandar(
             u"update item set %1 = %2 "
             "where interno = %3"_s.arg(columna, literal, clave));
     };
     const auto enCero = [&](L columna, const QString &literal) {
-        r.ejecutar(
+        r.mandar(
             u"update item set %1 = %2 "
             "where id=0 and interno = %3"_s.arg(columna, literal, clave));
     };
     if (!r.DCPaisDestino.isEmpty())
-        r.ejecutar(
+        r.mandar(
             u"update item set idproc = %1 "
             "where interno = %2 and (idproc = '' or idproc is null)"_s.arg(EnComillas(r.DCPaisDestino),
                                                                            clave));
@@ -291,7 +307,7 @@ void AgregarItemCero(ContextoArmado &r) {
     if (r.descripcionForzada) {
         const QString descripcion = TextoEnComillas(r.DC_DJAI_DescripcionMercaderia);
         enTodos("descripcion"_L1, descripcion);
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set descripcion = %1 "
             "where interno = %2"_s.arg(descripcion, clave));
     }
@@ -311,7 +327,7 @@ void AgregarItemCero(ContextoArmado &r) {
         {"itfiller = 'LISTA:359/3'"_L1, "359/3"_L1},
     }};
     for (const Lista &l : listas)
-        r.ejecutar(
+        r.mandar(
             u"update item set LISTA = %1 "
             "where interno = %2 and %3"_s.arg(EnComillas(l.lista), clave, l.prueba));
 }
@@ -338,6 +354,6 @@ void ControlarTiposGD(ContextoArmado &r) {
 
 void AgregarInformacionAdicional(ContextoArmado &r, qint64 iditem, const QString &idinfo,
                                  const QString &valor) {
-    r.ejecutar(u"insert into ITEMINFO (INTERNO, IDITEM, IDINFO, VALOR) values (%1,%2,%3,%4)"_s.arg(
+    r.mandar(u"insert into ITEMINFO (INTERNO, IDITEM, IDINFO, VALOR) values (%1,%2,%3,%4)"_s.arg(
         r.clave(), QString::number(iditem), EnComillas(idinfo), EnComillas(SinComillas(valor))));
 }

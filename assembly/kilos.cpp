@@ -67,7 +67,7 @@ void aplicarPiso(ContextoArmado &r, const RepartoPorGrupos &reparto) {
     } else {
         tomarDeLosPesados(r, pedido);
     }
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set kgneto = 0.01  "
         "where interno = %1 and kgneto <= 0"_s.arg(r.clave()));
 }
@@ -95,10 +95,10 @@ bool ajustarResto(ContextoArmado &r, double kilos) {
 /// Where the kilo is the measure, the measure follows the kilos; the items take their groups' sums.
 void llevarAItems(ContextoArmado &r, double kilos) {
     const auto clave = r.clave();
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set valorrelacionestadistica = kgneto "
         "where interno = %1 and estadistica = '01'"_s.arg(clave));
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set valorderesp = kgneto "
         "where interno = %1 and deresp = '01'"_s.arg(clave));
     barra(r, 80);
@@ -114,13 +114,13 @@ void llevarAItems(ContextoArmado &r, double kilos) {
         const auto cuando = [&](QStringView unidad, const QString &forma) {
             return rs.Texto(unidad) == unidadKilo ? forma.arg(total) : QString();
         };
-        r.ejecutar(
+        r.mandar(
             u"update item set totalkneto = %1 %2%3 "
             "where interno = %4 and id = %5"_s.arg(
                 total, cuando(u"estadistica", u", valorrelacionestadistica = %1 "_s),
                 cuando(u"deresp", u", valorderesp = %1 "_s), clave, SqlNumber(r.ctx, rs.Numero(u"ID"))));
     }
-    r.ejecutar(
+    r.mandar(
         u"update item set totalkneto = %1 "
         "where interno = %2 and id = 0"_s.arg(SqlNumber(r.ctx, kilos), clave));
 }
@@ -131,18 +131,20 @@ struct MedidaLeida {
     double valor = 0;
 };
 
+QString sentenciaDeMedida(const ContextoArmado &r, const QString &prueba, const QString &id) {
+    return u"select estadistica,deresp,%1 as est,%2 as esp "
+           "from groupsubitems "
+           "where %3 and id = %4 and interno= %5 "
+           "group by estadistica,deresp"_s.arg(EnCentavos(r, u"sum(valorrelacionestadistica)"_s),
+                                               EnCentavos(r, u"sum(valorderesp)"_s), prueba, id, r.clave());
+}
+
 /// The measure of the item's groups that pass `prueba`. Groups of one item may differ in their units: those
 /// that name the kilo count, in whatever order the store gives them.
-MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &id) {
+MedidaLeida leerMedida(const ContextoArmado &r, const QString &prueba, const QString &id) {
     Recordset rs;
     MedidaLeida m;
-    m.hay = r.consultar(
-        u"select estadistica,deresp,%1 as est,%2 as esp "
-        "from groupsubitems "
-        "where %3 and id = %4 and interno= %5 "
-        "group by estadistica,deresp"_s.arg(EnCentavos(r, u"sum(valorrelacionestadistica)"_s),
-                                            EnCentavos(r, u"sum(valorderesp)"_s), prueba, id, r.clave()),
-        rs);
+    m.hay = r.consultar(sentenciaDeMedida(r, prueba, id), rs);
     for (; !rs.Eof(); rs.MoveNext()) {
         m.medida = MedidaDe(rs);
         if (m.medida == Medida::Ninguna) continue;
@@ -152,28 +154,54 @@ MedidaLeida leerMedida(ContextoArmado &r, const QString &prueba, const QString &
     return m;
 }
 
-void escribirKilos(ContextoArmado &r, double kilos, const QString &id) {
-    r.ejecutar(
+void escribirKilos(const ContextoArmado &r, double kilos, const QString &id) {
+    r.mandar(
         u"update item set totalkneto = %1 "
         "where id = %2 and interno = %3"_s.arg(SqlNumber(r.ctx, kilos), id, r.clave()));
 }
 
 enum class Hallazgo { Ninguno, Informar, Cortar };
 
-/// One item whose measure is the kilo: do some of its groups have it and others not?
-Hallazgo revisarMedida(ContextoArmado &r, const QString &id) {
-    const MedidaLeida a = leerMedida(r, u"(valorrelacionestadistica > 0 or valorderesp > 0)"_s, id);
-    if (a.medida != Medida::Ninguna) escribirKilos(r, a.valor, id);
-    static const QString ceroEstadistica = u"valorrelacionestadistica = 0"_s;
-    static const QString ceroEspecifica = u"valorderesp = 0"_s;
-    // A mark that no row holds: with both measures there is no empty group.
-    static const QString ninguna = u"(valorrelacionestadistica = 123456 or valorderesp = 123456)"_s;
-    const QString &prueba = a.medida == Medida::Estadistica
-                                ? ceroEstadistica
-                                : (a.medida == Medida::Especifica ? ceroEspecifica : ninguna);
-    const MedidaLeida b = leerMedida(r, prueba, id);
+/// An item whose measure is the kilo, and what its groups that have the measure say.
+struct ItemEnRevision {
+    QString id;
+    MedidaLeida con;
+
+    /// The test of its groups that have nothing in the measure.
+    const QString &pruebaDeLosVacios() const {
+        static const QString ceroEstadistica = u"valorrelacionestadistica = 0"_s;
+        static const QString ceroEspecifica = u"valorderesp = 0"_s;
+        // A mark that no row holds: with both measures there is no empty group.
+        static const QString ninguna = u"(valorrelacionestadistica = 123456 or valorderesp = 123456)"_s;
+        if (con.medida == Medida::Estadistica) return ceroEstadistica;
+        return con.medida == Medida::Especifica ? ceroEspecifica : ninguna;
+    }
+};
+
+/// Some items at a time: what the groups without the measure are asked hangs on what those with it said, and
+/// neither on what is written.
+std::vector<ItemEnRevision> leerMedidas(const ContextoArmado &r, const QStringList &ids) {
+    const QString conMedida = u"(valorrelacionestadistica > 0 or valorderesp > 0)"_s;
+    Conexion &internos = r.internos();
+    std::vector<ItemEnRevision> items;
+    items.reserve(static_cast<std::size_t>(ids.size()));
+    QStringList preguntas;
+    for (const QString &id : ids) preguntas << sentenciaDeMedida(r, conMedida, id);
+    internos.Anticipar(preguntas);
+    for (const QString &id : ids) items.push_back({id, leerMedida(r, conMedida, id)});
+    preguntas.clear();
+    for (const ItemEnRevision &i : items) preguntas << sentenciaDeMedida(r, i.pruebaDeLosVacios(), i.id);
+    internos.Anticipar(preguntas);
+    return items;
+}
+
+/// Do some of its groups have the measure and others not?
+Hallazgo revisarMedida(const ContextoArmado &r, const ItemEnRevision &item) {
+    const MedidaLeida &a = item.con;
+    if (a.medida != Medida::Ninguna) escribirKilos(r, a.valor, item.id);
+    const MedidaLeida b = leerMedida(r, item.pruebaDeLosVacios(), item.id);
     if (!b.hay) return a.valor <= 0 ? Hallazgo::Cortar : Hallazgo::Ninguno;
-    escribirKilos(r, b.valor, id);
+    escribirKilos(r, b.valor, item.id);
     if (b.valor != 0 && a.valor <= 0) return Hallazgo::Cortar;
     return b.valor == 0 && a.valor != 0 ? Hallazgo::Informar : Hallazgo::Ninguno;
 }
@@ -214,10 +242,10 @@ bool Prorratear_ItemCeroEx(ContextoArmado &r, double kilos, const RepartoPorGrup
     }
     const double resto = Centavos(kilos - dados);
     barra(r, 20);
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set flgkg = '*' "
         "where interno = %1 and %2"_s.arg(r.clave(), reparto.sinKilos));
-    r.ejecutar(
+    r.mandar(
         "update groupsubitems set flgkg = '' "
         "where (flgkg is null or flgkg<>'*') and interno = "_L1 +
         r.clave());
@@ -235,7 +263,7 @@ bool Prorratear_ItemCeroEx(ContextoArmado &r, double kilos, const RepartoPorGrup
     if (rs.Numero(u"FobTotal") != 0) fobTotal = rs.Numero(u"FobTotal");
     barra(r, 40);
     const QString parte = u"((fob * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fobTotal));
-    r.ejecutar(
+    r.mandar(
         u"Update groupsubitems set kgneto = %1 "
         "where interno = %2 and kgneto <= 0 and flgkg='*'"_s.arg(EnCentavos(r, parte), r.clave()));
     barra(r, 50);
@@ -254,12 +282,17 @@ QString VerificarIntegridad(ContextoArmado &r) {
         "where (estadistica<>'01' and deresp<>'01') and totalkneto > 0 and interno = "_L1 +
             r.clave(),
         rs);
-    for (; !rs.Eof(); rs.MoveNext()) {
-        const QString id = rs.Texto(u"ID");
-        if (r.numero(u"select count(*) as cant from groupsubitems "
-                     "where kgneto = 0 and id = %1 and interno = %2"_s.arg(id, r.clave()),
-                     u"cant") > 0) {
-            MostrarSubItems(r, id.toLongLong());
+    const auto sinKilos = [&] {
+        return u"select count(*) as cant from groupsubitems "
+               "where kgneto = 0 and id = %1 and interno = %2"_s.arg(rs.Texto(u"ID"), r.clave());
+    };
+    std::vector<QStringList> preguntas;
+    for (; !rs.Eof(); rs.MoveNext()) preguntas.push_back({sinKilos()});
+    LecturaAdelantada adelantada(r.internos(), std::move(preguntas));
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        adelantada.Vuelta();
+        if (r.numero(sinKilos(), u"cant") > 0) {
+            MostrarSubItems(r, rs.Texto(u"ID").toLongLong());
             return u"NO"_s;
         }
     }
@@ -268,18 +301,25 @@ QString VerificarIntegridad(ContextoArmado &r) {
         "where (estadistica='01' or deresp = '01') and interno = %1 "
         "and (valorrelacionestadistica > 0 or valorderesp > 0)"_s.arg(r.clave()),
         rs);
-    const int total = rs.RecordCount();
+    QStringList ids;
+    for (; !rs.Eof(); rs.MoveNext()) ids << rs.Texto(u"ID");
     barra(r, 0);
     QString respuesta = u"SI"_s;
-    for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
-        const QString id = rs.Texto(u"ID");
-        const Hallazgo hallazgo = revisarMedida(r, id);
-        if (hallazgo != Hallazgo::Ninguno) {
-            MostrarSubItems(r, id.toLongLong());
-            respuesta = u"NO"_s;
+    constexpr qsizetype tramo = 64;
+    for (qsizetype desde = 0; desde < ids.size(); desde += tramo) {
+        qsizetype n = desde;
+        for (const ItemEnRevision &item : leerMedidas(r, ids.mid(desde, tramo))) {
+            const Hallazgo hallazgo = revisarMedida(r, item);
+            if (hallazgo != Hallazgo::Ninguno) {
+                MostrarSubItems(r, item.id.toLongLong());
+                respuesta = u"NO"_s;
+            }
+            if (hallazgo == Hallazgo::Cortar) {
+                r.internos().OlvidarAnticipos();
+                return respuesta;
+            }
+            barra(r, static_cast<int>(++n * 100 / ids.size()));
         }
-        if (hallazgo == Hallazgo::Cortar) break;
-        barra(r, n * 100 / total);
     }
     return respuesta;
 }

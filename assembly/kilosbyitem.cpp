@@ -92,7 +92,7 @@ MedidaDelItem leerMedidaDelItem(ContextoArmado &r, qint64 iditem) {
 void vaciarMedidas(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m) {
     QStringList columnas;
     for (const ColumnaDeMedida *c : m.columnas()) columnas << c->valor + " = 0"_L1;
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set %1 "
         "where %2 and %3"_s.arg(columnas.join(", "_L1), m.prueba(), delItem(r, iditem)));
 }
@@ -112,7 +112,7 @@ void darPartes(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m, double 
         EnCentavos(r, u"((fob * %1) / %2)"_s.arg(SqlNumber(r.ctx, resto), SqlNumber(r.ctx, fob)));
     QString columnas = "kgneto = "_L1 + parte;
     for (const ColumnaDeMedida *c : m.columnas()) columnas += ", "_L1 + c->valor + " = "_L1 + parte;
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set %1 "
         "where %2"_s.arg(columnas, donde));
 }
@@ -154,7 +154,7 @@ void llevarAlItem(ContextoArmado &r, qint64 iditem, const MedidaDelItem &m) {
             "from groupsubitems "
             "where %2"_s.arg(EnCentavos(r, u"sum(%1)"_s.arg(c->valor)), delItem(r, iditem)),
             u"total");
-        r.ejecutar(
+        r.mandar(
             u"update item set %1 = %2 "
             "where %3 = '01' and %4"_s.arg(c->valor, SqlNumber(r.ctx, suma), c->unidad, delItem(r, iditem)));
     }
@@ -173,7 +173,7 @@ void repartirEnItem(ContextoArmado &r, qint64 iditem, double kilos, ModoDeRepart
         ajustarGrupos(r, iditem, m, kilos);
         llevarAlItem(r, iditem, m);
     }
-    r.ejecutar(
+    r.mandar(
         u"update item set totalkneto = %1 "
         "where %2"_s.arg(SqlNumber(r.ctx, kilos), delItem(r, iditem)));
     barra(100);
@@ -208,7 +208,7 @@ struct RepartoPorItems {
         for (int n = 1; !rs.Eof(); rs.MoveNext(), ++n) {
             const auto id = rs.Fields(u"id").Value.toLongLong();
             const double valor = rs.Numero(u"Valor");
-            r.ejecutar(
+            r.mandar(
                 u"update item set totalkneto = %1 "
                 "where %2"_s.arg(SqlNumber(r.ctx, valor), delItem(r, id)));
             dar(id, valor);
@@ -223,7 +223,7 @@ struct RepartoPorItems {
                              {u"valorrelacionestadistica"_s, u"estadistica"_s},
                              {u"valorderesp"_s, u"deresp"_s}};
         for (const auto &p : propias)
-            r.ejecutar(
+            r.mandar(
                 u"update item set %1 = %1 + %2 "
                 "where %3 = '01' and %4"_s.arg(p.columna, SqlNumber(r.ctx, diferencia), p.unidad,
                                                delItem(r, iditem)));
@@ -314,7 +314,7 @@ bool Prorratear_ItemCero(AppContext &ctx, const QString &interno, double kilos) 
         ctx.dialogos.advertir(u"La operación no tiene items; ármela para prorratear los kilos."_s);
         return false;
     }
-    r.ejecutar(
+    r.mandar(
         u"update item set totalkneto = %1 "
         "where id = 0 and interno = %2"_s.arg(SqlNumber(ctx, total), r.clave()));
     Prorratear_ItemVacios(ctx, interno);
@@ -365,10 +365,10 @@ void Prorratear_ItemVacios(AppContext &ctx, const QString &interno) {
             continue;
         const QString deEste = u"interno = %1 and id = %2"_s.arg(r.clave(), id);
         for (const ColumnaDeMedida &c : columnasDeMedida)
-            r.ejecutar(
+            r.mandar(
                 u"update groupsubitems set %1 = 0.01 "
                 "where %2 = '01' and %1 = 0 and %3"_s.arg(c.valor, c.unidad, deEste));
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set kgneto = 0.01 "
             "where kgneto = 0 and %1"_s.arg(deEste));
         pesado.Poner(u"kgneto", Centavos(pesado.Numero(u"kgneto") - falta));

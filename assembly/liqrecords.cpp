@@ -46,6 +46,7 @@ Listas elegirListas(ContextoArmado &r) {
         listas.general += ",900"_L1;
     if (regimen.startsWith("IDA4"_L1)) {
         listas.general = listas.bienUso = u"500"_s;
+        r.asentar();
         r.opciones.ChMulta = r.ctx.CalcularMulta =
             r.ctx.dialogos.preguntar({u"Desea calcular multas?"_s, {}, Icono::Pregunta, false});
         // The dashboard stands behind the run's screen: its box follows.
@@ -64,12 +65,12 @@ struct FilasDelItem {
     QString iditem;
 
     void poner(const QString &cambios, L donde) const {
-        r.ejecutar(
+        r.mandar(
             u"update itemliq set %1 "
             "where %2 and interno = %3 and iditem = %4"_s.arg(cambios, donde, r.clave(), iditem));
     }
     void pgcGarantizado() const {
-        r.ejecutar(
+        r.mandar(
             u"update itemliq set pgc = 'G' "
             "where interno = %1 and iditem = %2"_s.arg(r.clave(), iditem));
     }
@@ -154,12 +155,12 @@ void GenerarLiq(ContextoArmado &r, const QString &conceptos, const QString &idit
                 const QString &itfiller) {
     const QString lista = "('"_L1 + QString(conceptos).replace(','_L1, "','"_L1) + "')"_L1;
     const FilasDelItem filas{r, iditem};
-    r.ejecutar(
+    r.mandar(
         u"insert into itemliq (PGC,iditem,idconceptos,interno,conceptos,porcentaje) "
         "select distinct CTAXPOG,%1,ctax,%2,ltaxabr,porcentaje "
         "from tax "
         "where ctax in %3"_s.arg(iditem, r.clave(), lista));
-    r.ejecutar(
+    r.mandar(
         u"update itemliq set porcentaje = '0',baseimp = '0', total = '0' "
         "where interno = %1 and iditem = %2 and idconceptos in %3"_s.arg(r.clave(), iditem, lista));
     if (porcentajeiva == 10.5) filas.poner(u"porcentaje = 10.5"_s, "idconceptos in ('415','852')"_L1);
@@ -212,9 +213,9 @@ void ArmarRegistrosDeLiquidacion(ContextoArmado &r) {
                 0);
         }
     }
-    r.ejecutar("update itemliq set valor = 0 where interno = "_L1 + r.clave());
+    r.mandar("update itemliq set valor = 0 where interno = "_L1 + r.clave());
     if (r.ctx.decreto.alguno())
-        r.ejecutar(
+        r.mandar(
             "update itemliq set pgc = 'G' "
             "where idconceptos not in ('900','500') and interno = "_L1 +
             r.clave());

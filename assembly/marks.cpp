@@ -22,13 +22,14 @@ void VerificarMarcasNcm(ContextoArmado &r) {
     if (!llevaMarcas(r.idsubreg)) return;
     bool lapi = false;
     bool estampillas = false;
-    Recordset posiciones;
+    Recordset rs;
     r.consultar(
         u"select distinct ncm from item "
         "where interno = %1 and id <> 0"_s.arg(r.clave()),
-        posiciones);
-    for (; !posiciones.Eof(); posiciones.MoveNext()) {
-        const MarcasNcm marcas = LeerMarcasNcm(r.ctx, posiciones.Texto(u"ncm"));
+        rs);
+    QStringList posiciones;
+    for (; !rs.Eof(); rs.MoveNext()) posiciones << rs.Texto(u"ncm");
+    for (const MarcasNcm &marcas : LeerMarcasNcm(r.ctx, posiciones)) {
         lapi = lapi || marcas.lapi;
         estampillas = estampillas || marcas.estampillado;
     }

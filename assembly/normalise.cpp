@@ -86,9 +86,9 @@ QString cabezaDelInforme() {
 }  // namespace
 
 void NormalizarLineas(ContextoArmado &r) {
-    for (const char *relleno : rellenos) r.ejecutar(QLatin1StringView(relleno).arg(r.clave()));
+    for (const char *relleno : rellenos) r.mandar(QLatin1StringView(relleno).arg(r.clave()));
     if (r.opciones.modo == ModoDescripcion::Catalogo)
-        r.ejecutar("update subitems set descripcion_maria = descripcion where interno = "_L1 + r.clave());
+        r.mandar("update subitems set descripcion_maria = descripcion where interno = "_L1 + r.clave());
 }
 
 Fase ControlarDescripciones(ContextoArmado &r) {
@@ -121,15 +121,16 @@ Fase RevalidarSufijos(ContextoArmado &r) {
     barra(0);
 
     // An operation holds many suffix texts of few positions: each position is read once.
-    QHash<QString, RequisitosDeSufijo> requisitos;
+    QStringList posiciones;
+    for (; !pares.Eof(); pares.MoveNext()) posiciones << pares.Texto(u"ncm");
+    posiciones.removeDuplicates();
+    const QHash<QString, RequisitosDeSufijo> requisitos = SuffixCheckerClass(r.ctx).Requisitos(posiciones);
     QString informe;
+    pares.MoveFirst();
     for (int n = 0; !pares.Eof(); pares.MoveNext(), ++n) {
         const QString posicion = pares.Texto(u"ncm");
         const QString sufijos = pares.Texto(u"sufijos");
-        auto conocido = requisitos.constFind(posicion);
-        if (conocido == requisitos.constEnd())
-            conocido = requisitos.insert(posicion, SuffixCheckerClass(r.ctx).Requisitos(posicion));
-        const int respuesta = SuffixCheckerClass::Cumple(*conocido, sufijos);
+        const int respuesta = SuffixCheckerClass::Cumple(requisitos.value(posicion), sufijos);
         if (respuesta != 0) {
             if (informe.isEmpty()) informe = cabezaDelInforme();
             informe += posicion.rightJustified(anchoDePosicion) + QString(sangriaDelSufijo, ' '_L1) +

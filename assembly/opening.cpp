@@ -27,12 +27,12 @@ constexpr std::array<Decreto, 5> decretos{{
 }};
 
 void insertarBandera(const ContextoArmado &r, const QString &bandera, const QString &valor) {
-    r.ejecutar(Escritura(r.ctx)
-                   .codigo("flag", bandera)
-                   .codigo("valor", valor)
-                   .crudo("item", u"0"_s)
-                   .codigo("interno", r.interno)
-                   .insertar(u"SYSFLAG"_s));
+    r.mandar(Escritura(r.ctx)
+                 .codigo("flag", bandera)
+                 .codigo("valor", valor)
+                 .crudo("item", u"0"_s)
+                 .codigo("interno", r.interno)
+                 .insertar(u"SYSFLAG"_s));
 }
 
 /// A column of the header and the text of the context that it fills as it stands.
@@ -152,5 +152,5 @@ void PreguntarCoeficiente(ContextoArmado &r) {
 
 void BorrarDerivados(const ContextoArmado &r) {
     for (const char *tabla : {"groupsubitems", "idrel", "itemliq", "itemventaja", "iteminfo"})
-        r.ejecutar(u"delete from %1 where interno = %2"_s.arg(QLatin1StringView(tabla), r.clave()));
+        r.mandar(u"delete from %1 where interno = %2"_s.arg(QLatin1StringView(tabla), r.clave()));
 }

@@ -56,7 +56,7 @@ struct ContextoArmado {
     /// Declared FOB total, rounded to cents: what freight, insurance and commission divide by.
     double FobDeclarado = 0;
 
-    /// The number of the step in hand, for the error box.
+    /// The number of the step in hand, for the error box; see entrar.
     int paso = 0;
 
     bool esDJAI() const { return idsubreg == QLatin1String("DJAI"); }
@@ -71,6 +71,13 @@ struct ContextoArmado {
     Conexion &internos() const { return ctx.conexion(QStringLiteral("INTERNOS")); }
     /// A write on INTERNOS; rows touched. Raises Falla.
     qint64 ejecutar(const QString &sql) const;
+    /// A write on INTERNOS that nothing is asked of: it may travel with what follows, whose routine then
+    /// hears of its failure. Raises Falla.
+    void mandar(const QString &sql) const;
+    /// Waits for what was told so far: ahead of what the user hears or is asked. Raises Falla.
+    void asentar() const;
+    /// Begins the step `numero`: what fails of the one before is told with that one's number. Raises Falla.
+    void entrar(int numero);
     /// A read on `entidad`; true when there is a row. Raises Falla.
     bool consultar(const QString &sql, Recordset &rs,
                    const QString &entidad = QStringLiteral("INTERNOS")) const;

@@ -71,12 +71,12 @@ void repartirEntreTodos(ContextoArmado &r) {
     for (; !grupos.Eof(); grupos.MoveNext()) {
         const QString valor =
             SqlNumber(r.ctx, numeros::Format(grupos.Numero(u"valor"), centavos, r.ctx.SeparadorDecimal));
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set fob = %1, preciounitario = %2  "
             "where interno = %3 and  idsub = %4"_s.arg(valor, redondeo(r, valor + "/cantidad"_L1, unitario),
                                                        r.clave(), grupos.Texto(u"idsub")));
     }
-    r.ejecutar(
+    r.mandar(
         u"update groupsubitems set fob = %1 "
         "where interno = %2"_s.arg(redondeo(r, u"fob"_s, centavos), r.clave()));
     ajustarGrupos(r, objetivo);
@@ -122,7 +122,7 @@ void repartirCodigo(const ContextoArmado &r, const QString &codigo, double valor
         grupos);
     for (; !grupos.Eof(); grupos.MoveNext()) {
         const QString nuevo = SqlNumber(r.ctx, grupos.Numero(u"valor"));
-        r.ejecutar(
+        r.mandar(
             u"update groupsubitems set fob = %1, preciounitario = %2 "
             "where fob = %3 and cantidad = %4 and%5"_s.arg(
                 nuevo, redondeo(r, nuevo + "/cantidad"_L1, unitario), numeroExacto(r, grupos.Numero(u"fob")),
@@ -215,11 +215,11 @@ void ProrratearFleteYSeguro(ContextoArmado &r) {
             r, u"(FobTotal * %1)/%2"_s.arg(SqlNumber(r.ctx, importe), SqlNumber(r.ctx, r.FobDeclarado)),
             centavos);
     };
-    r.ejecutar(
+    r.mandar(
         u"update item set itFLETE = %1  "
         "where interno = %2"_s.arg(porFob(r.fletedivisas), r.clave()));
     ajustarItems(r, "itFLETE"_L1, "itflete"_L1, r.fletedivisas);
-    r.ejecutar(
+    r.mandar(
         u"update item set itSEGURO = %1 "
         "where interno = %2"_s.arg(porFob(r.segurodivisas), r.clave()));
     ajustarItems(r, "itSEGURO"_L1, "itseguro"_L1, r.segurodivisas);
@@ -227,7 +227,7 @@ void ProrratearFleteYSeguro(ContextoArmado &r) {
 
 void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
     const QString clave = r.clave();
-    r.ejecutar(
+    r.mandar(
         u"update ITEM set ItComExt = %1 "
         "where id<>0 and interno = %2"_s.arg(
             redondeo(
@@ -258,7 +258,7 @@ void ProrratearComExt(ContextoArmado &r, double comision, double fobdeclarado) {
     }
     // Each store adds in an order of its own, and a sum of cents carries a trace of that, which is no amount.
     constexpr int decimalesSeguros = 8;
-    r.ejecutar(
+    r.mandar(
         u"update item set itcomext = %1 "
         "where id=0 and interno = %2"_s.arg(SqlNumber(r.ctx, redondear(sumaDeItems(), decimalesSeguros)),
                                             clave));

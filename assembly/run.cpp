@@ -32,14 +32,18 @@ Fase enviarItems(ContextoArmado &r) {
             u"select id from item "
             "where interno = %1 and cancelaciones = 'OK'"_s.arg(r.clave()),
             items);
-        for (; !items.Eof(); items.MoveNext()) {
-            const QString id = items.Texto(u"id");
+        const auto sentencia = [&] {
+            return u"select idsub from groupsubitems "
+                   "where interno = %1 and id = %2"_s.arg(r.clave(), items.Texto(u"id"));
+        };
+        std::vector<QStringList> preguntas;
+        for (; !items.Eof(); items.MoveNext()) preguntas.push_back({sentencia()});
+        LecturaAdelantada adelantada(r.internos(), std::move(preguntas));
+        for (items.MoveFirst(); !items.Eof(); items.MoveNext()) {
             Recordset grupos;
             QStringList lineas;
-            r.consultar(
-                u"select idsub from groupsubitems "
-                "where interno = %1 and id = %2"_s.arg(r.clave(), id),
-                grupos);
+            adelantada.Vuelta();
+            r.consultar(sentencia(), grupos);
             for (; !grupos.Eof(); grupos.MoveNext()) lineas << grupos.Texto(u"idsub");
             if (!r.go_InputsLink->EnviarNroItem(static_cast<qint64>(items.Numero(u"id")),
                                                 lineas.join('|'_L1))) {
@@ -60,35 +64,35 @@ void pedirTLR1(ContextoArmado &r) {
     entrada.texto = u"Por favor, ingrese el número de TLR1 (NRO.DECLAR-TLR1)"_s;
     const QString numero = r.ctx.dialogos.pedirTexto(entrada).value_or(QString());
     if (!numero.trimmed().isEmpty()) AgregarInformacionAdicional(r, 1, u"NRO.DECLAR-TLR1"_s, numero);
-    r.ejecutar("exec ProcesarDescargasconTLR1 "_L1 + r.clave());
+    r.mandar("exec ProcesarDescargasconTLR1 "_L1 + r.clave());
 }
 
 // The run in five stretches. Between the phases stands the number that the error box tells.
 
 void abrirCorrida(ContextoArmado &r) {
-    r.paso = 1;
+    r.entrar(1);
     MarcarCorriendo(r, PasoArmado::RevalidandoSufijos);
-    r.paso = 2;
-    r.ejecutar("delete from SYSFLAG where interno = "_L1 + r.clave());
+    r.entrar(2);
+    r.mandar("delete from SYSFLAG where interno = "_L1 + r.clave());
     LeerCaratula(r);
-    r.paso = 3;
+    r.entrar(3);
     AdvertirSinDescripcion(r);
-    r.paso = 4;
+    r.entrar(4);
     FijarDecreto(r);
-    r.paso = 5;
+    r.entrar(5);
     negarAEC(r);
-    r.paso = 6;
+    r.entrar(6);
     r.cstaimpexp = DireccionRegimen(r.ctx, r.idsubreg);
     PreguntarCoeficiente(r);
-    r.paso = 7;
+    r.entrar(7);
     BorrarDerivados(r);
 }
 
 Fase prepararLineas(ContextoArmado &r) {
-    r.paso = 8;
+    r.entrar(8);
     NormalizarLineas(r);
     if (ControlarDescripciones(r) == Fase::Corta) return Fase::Corta;
-    r.paso = 9;
+    r.entrar(9);
     if (RevalidarSufijos(r) == Fase::Corta) return Fase::Corta;
     MarcarHecho(r, PasoArmado::RevalidandoSufijos);
     return Fase::Sigue;
@@ -96,14 +100,14 @@ Fase prepararLineas(ContextoArmado &r) {
 
 Fase armarGrupos(ContextoArmado &r) {
     MarcarCorriendo(r, PasoArmado::AgruparSubItems);
-    r.paso = 10;
+    r.entrar(10);
     AgruparLineas(r);
     MarcarHecho(r, PasoArmado::AgruparSubItems);
     MarcarCorriendo(r, PasoArmado::VerificandoProrrateo);
-    r.paso = 11;
+    r.entrar(11);
     LeerCliente(r);
     if (ProrratearValor(r) == Fase::Corta) return Fase::Corta;
-    r.paso = 12;
+    r.entrar(12);
     MarcarHecho(r, PasoArmado::VerificandoProrrateo);
     AplicarDatosComunesAGrupos(r);
     if (r.ctx.opciones.VrySbtDup == "S"_L1) lp_BuscarDuplicados(r);
@@ -112,14 +116,14 @@ Fase armarGrupos(ContextoArmado &r) {
 }
 
 void armarItems(ContextoArmado &r) {
-    r.paso = 13;
+    r.entrar(13);
     MarcarCorriendo(r, PasoArmado::VerificadoKiloBruto);
     ControlarKiloBruto(r);
     MarcarHecho(r, PasoArmado::VerificadoKiloBruto);
     MarcarCorriendo(r, PasoArmado::GenerarItems);
-    r.paso = 14;
-    r.ejecutar("delete from item where interno = "_L1 + r.clave());
-    r.ejecutar(
+    r.entrar(14);
+    r.mandar("delete from item where interno = "_L1 + r.clave());
+    r.mandar(
         u"update groupsubitems set fob = %1"
         " where interno = %2"_s.arg(SqlRound(r.ctx, u"INTERNOS"_s, u"fob"_s, u"00.00"), r.clave()));
     DividirItemsGrandes(r);
@@ -128,46 +132,46 @@ void armarItems(ContextoArmado &r) {
     AgregarItemCero(r);
     MarcarHecho(r, PasoArmado::GenerarItems);
     MarcarCorriendo(r, PasoArmado::ArmarLiquidacion);
-    r.paso = 15;
+    r.entrar(15);
     if (!r.ctx.opciones.NOCALCLIQU) ArmarRegistrosDeLiquidacion(r);
     VentajasDelCliente(r);
     MarcarHecho(r, PasoArmado::ArmarLiquidacion);
     MarcarCorriendo(r, PasoArmado::TerminarProceso);
-    r.paso = 16;
+    r.entrar(16);
     CierreDelRegimen(r);
     MarcarHecho(r, PasoArmado::TerminarProceso);
-    r.paso = 17;
+    r.entrar(17);
     MarcarArmado(r.ctx, r.interno, false);
     negarAEC(r);
-    r.paso = 18;
+    r.entrar(18);
     MarcarCorriendo(r, PasoArmado::VerificandoIntegridad);
-    r.ejecutar("Update item set itmodif = '' where interno = "_L1 + r.clave());
+    r.mandar("Update item set itmodif = '' where interno = "_L1 + r.clave());
     MarcarHecho(r, PasoArmado::VerificandoIntegridad);
-    r.paso = 19;
+    r.entrar(19);
     if (r.ctx.opciones.QUINDELRAF) ControlarTiposGD(r);
 }
 
 void cerrarCorrida(ContextoArmado &r) {
-    r.paso = 20;
+    r.entrar(20);
     if (enviarItems(r) == Fase::Corta) return;
-    r.paso = 21;
+    r.entrar(21);
     if (r.DCComExt > 0) ProrratearComExt(r, r.DCComExt, r.FobDeclarado);
     if (r.DCKgNeto > 0) Prorratear_ItemCeroEx(r, r.DCKgNeto);
     if (r.esSQL()) ProcesarVentajasVinculadas(r);
-    r.paso = 22;
+    r.entrar(22);
     MarcarCorriendo(r, PasoArmado::VerificandoMarcas);
     VerificarMarcasNcm(r);
     MarcarHecho(r, PasoArmado::VerificandoMarcas);
-    r.paso = 23;
+    r.entrar(23);
     VerificarIntegridad(r);  // what it finds is shown, and does not stop the run
-    r.paso = 24;
-    if (r.idsubreg == "TLR1"_L1) r.ejecutar("delete from itemventaja where interno = "_L1 + r.clave());
-    r.paso = 25;
+    r.entrar(24);
+    if (r.idsubreg == "TLR1"_L1) r.mandar("delete from itemventaja where interno = "_L1 + r.clave());
+    r.entrar(25);
     if (r.idsubreg == "ICR3"_L1) pedirTLR1(r);
-    r.paso = 26;
+    r.entrar(26);
     if (r.esDJAI() && r.opciones.modo == ModoDescripcion::Mezcla && r.esSQL())
         MezclarDescripcionITEM(r, r.DC_DJAI_DescripcionMercaderia);
-    r.paso = 27;
+    r.entrar(27);
 }
 
 void correr(ContextoArmado &r) {
@@ -188,6 +192,19 @@ void mostrarFalla(const ContextoArmado &r, const Falla &e) {
 
 qint64 ContextoArmado::ejecutar(const QString &sql) const {
     return Ejecutar(ctx, u"INTERNOS"_s, sql);
+}
+
+void ContextoArmado::mandar(const QString &sql) const {
+    Mandar(ctx, u"INTERNOS"_s, sql);
+}
+
+void ContextoArmado::asentar() const {
+    internos().Asentar();
+}
+
+void ContextoArmado::entrar(int numero) {
+    asentar();
+    paso = numero;
 }
 
 bool ContextoArmado::consultar(const QString &sql, Recordset &rs, const QString &entidad) const {

@@ -46,3 +46,9 @@ qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql) {
     conexion.Sql = sql;
     return conexion.Ejecutar();
 }
+
+void Mandar(AppContext &ctx, const QString &entidad, const QString &sql) {
+    Conexion &conexion = ctx.conexion(entidad);
+    conexion.Sql = sql;
+    conexion.Mandar();
+}

@@ -90,3 +90,5 @@ std::vector<Recordset> ConsultarSeguidas(AppContext &ctx, const QString &entidad
                                          const QStringList &sentencias);
 /// A write: the number of rows touched. Raises Falla.
 qint64 Ejecutar(AppContext &ctx, const QString &entidad, const QString &sql);
+/// A write that nothing is asked of: see Conexion::Mandar. Raises Falla.
+void Mandar(AppContext &ctx, const QString &entidad, const QString &sql);

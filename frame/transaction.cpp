@@ -15,16 +15,17 @@ namespace {
 Transaccion::Transaccion(Conexion &conexion) : conexion_(conexion) {
     QSqlDatabase db = conexion_.coneccion();
     if (!db.transaction()) fallar(conexion_, db, u"begin"_s);
+    conexion_.retenerSesion(true);
 }
 
 Transaccion::~Transaccion() {
-    if (!abierta_ || !conexion_.abierta()) return;
     try {
-        conexion_.coneccion().rollback();
+        if (abierta_ && conexion_.abierta()) conexion_.coneccion().rollback();
     } catch (const Falla &) {
         // What was still on its way failed. A connection that closes undoes the rest.
         conexion_.cerrar();
     }
+    conexion_.retenerSesion(false);
 }
 
 void Transaccion::Confirmar() {

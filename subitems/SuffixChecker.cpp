@@ -41,6 +41,21 @@ bool encaja(const QString &token, const FamiliaDeSufijo &familia) {
     return familia.libre ? esValorLibre(token, familia.codigo) : familia.opciones.contains(token);
 }
 
+/// Those of a position's families that ask for a token.
+std::vector<FamiliaDeSufijo> demandadas(const std::vector<FamiliaDelCatalogo> &familias) {
+    std::vector<FamiliaDeSufijo> pedidas;
+    for (const FamiliaDelCatalogo &f : familias) {
+        if (!f.pedible()) continue;
+        FamiliaDeSufijo familia{f.codigo.toUpper(), !f.codificada(), {}};
+        if (!familia.libre) {
+            familia.opciones.insert(familia.codigo + "00"_L1);
+            for (const FilaDeSufijo &fila : f.filas) familia.opciones.insert(fila.sufijo.trimmed().toUpper());
+        }
+        pedidas.push_back(std::move(familia));
+    }
+    return pedidas;
+}
+
 }  // namespace
 
 int SuffixCheckerClass::Validar(const QString &posicion, const QString &sufijos) const {
@@ -48,18 +63,21 @@ int SuffixCheckerClass::Validar(const QString &posicion, const QString &sufijos)
 }
 
 RequisitosDeSufijo SuffixCheckerClass::Requisitos(const QString &posicion) const {
-    RequisitosDeSufijo requisitos;
-    requisitos.existe = ExistePosicion(ctx_, posicion);
-    if (!requisitos.existe) return requisitos;
-    for (const FamiliaDelCatalogo &f : LeerFamilias(ctx_, posicion)) {
-        if (!f.pedible()) continue;
-        FamiliaDeSufijo familia{f.codigo.toUpper(), !f.codificada(), {}};
-        if (!familia.libre) {
-            familia.opciones.insert(familia.codigo + "00"_L1);
-            for (const FilaDeSufijo &fila : f.filas) familia.opciones.insert(fila.sufijo.trimmed().toUpper());
-        }
-        requisitos.familias.push_back(std::move(familia));
+    return Requisitos(QStringList{posicion}).value(posicion);
+}
+
+QHash<QString, RequisitosDeSufijo> SuffixCheckerClass::Requisitos(const QStringList &posiciones) const {
+    QHash<QString, RequisitosDeSufijo> requisitos;
+    QStringList queExisten;
+    const std::vector<bool> existen = ExistenPosiciones(ctx_, posiciones);
+    for (std::size_t n = 0; n < existen.size(); ++n) {
+        const QString &posicion = posiciones.at(static_cast<qsizetype>(n));
+        requisitos[posicion].existe = existen[n];
+        if (existen[n]) queExisten << posicion;
     }
+    const std::vector<std::vector<FamiliaDelCatalogo>> familias = LeerFamilias(ctx_, queExisten);
+    for (std::size_t n = 0; n < familias.size(); ++n)
+        requisitos[queExisten.at(static_cast<qsizetype>(n))].familias = demandadas(familias[n]);
     return requisitos;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QHash>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 struct AppContext;
@@ -33,6 +35,8 @@ class SuffixCheckerClass {
     /// The two halves of Validar, for a caller that checks many texts of few positions: what a position
     /// demands (raises Falla), and whether a text meets it (0, 1 or 2 as above).
     RequisitosDeSufijo Requisitos(const QString &posicion) const;
+    /// What each of several positions demands, in three journeys to a server. Raises Falla.
+    QHash<QString, RequisitosDeSufijo> Requisitos(const QStringList &posiciones) const;
     static int Cumple(const RequisitosDeSufijo &requisitos, const QString &sufijos);
 
  private:

@@ -2,6 +2,7 @@
 // The tariff nomenclature, as lines and assembly ask for it.
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "frame/base/position.h"
@@ -19,6 +20,8 @@ std::vector<FilaDeSufijo> LeerSufijos(AppContext &ctx, const QString &posicion);
 
 /// Whether the nomenclature has the position's first two keys: the third is not asked for. Raises Falla.
 bool ExistePosicion(AppContext &ctx, const QString &posicion);
+/// The same of several, in one journey to a server: an answer for each. Raises Falla.
+std::vector<bool> ExistenPosiciones(AppContext &ctx, const QStringList &posiciones);
 
 /// A family of suffixes with its rows, the first of which tells its kind. The letters read in any case.
 struct FamiliaDelCatalogo {
@@ -40,6 +43,8 @@ struct FamiliaDelCatalogo {
 };
 /// The families that the position's four keys bring, in the order of the record set. Raises Falla.
 std::vector<FamiliaDelCatalogo> LeerFamilias(AppContext &ctx, const QString &posicion);
+/// The same of several, in two journeys to a server: those of each. Raises Falla.
+std::vector<std::vector<FamiliaDelCatalogo>> LeerFamilias(AppContext &ctx, const QStringList &posiciones);
 
 /// The licence mark and the stamps mark of a position, as the assembly asks for them.
 struct MarcasNcm {
@@ -50,3 +55,5 @@ struct MarcasNcm {
 };
 /// Raises Falla.
 MarcasNcm LeerMarcasNcm(AppContext &ctx, const QString &posicion);
+/// The same of several, in one journey to a server: those of each. Raises Falla.
+std::vector<MarcasNcm> LeerMarcasNcm(AppContext &ctx, const QStringList &posiciones);

@@ -66,12 +66,17 @@ QStringList conStore() {
 using Secciones = std::map<QString, std::unique_ptr<Datos>>;
 
 void presentarVecinos(Secciones &secciones) {
-    for (const auto &[entidad, datos] : secciones)
+    for (const auto &[entidad, datos] : secciones) {
         for (const QString &otra : entidades()) {
             const auto vecino = secciones.find(otra);
-            if (otra != entidad && vecino != secciones.end() && juntos(*datos, *vecino->second))
-                datos->vecinos.emplace_back(otra, datos->motor->lugar(*vecino->second));
+            if (otra == entidad || vecino == secciones.end() || !juntos(*datos, *vecino->second)) continue;
+            datos->vecinos.emplace_back(otra, datos->motor->lugar(*vecino->second));
+            if (datos->motor->porViaje > 1 && !datos->tablasOrdenadas)
+                datos->tablasOrdenadas = vecino->second->tablasOrdenadas;
         }
+        if (datos->motor->porViaje > 1 && !datos->tablasOrdenadas)
+            datos->tablasOrdenadas = std::make_shared<std::optional<QSet<QString>>>();
+    }
 }
 
 QString nombreDeArchivo(const QString &entidad) {

@@ -182,28 +182,18 @@ qint64 correr(const QSqlDatabase &db, const QString &sql, Filas *filas) {
     return sqlite3_total_changes64(motor) == antes ? 0 : sqlite3_changes64(motor);
 }
 
-qsizetype consultarSeguidas(const QSqlDatabase &db, const QStringList &sentencias, std::vector<Filas> &filas,
-                            std::optional<Falla> &falla) {
-    qsizetype hechas = 0;
-    try {
-        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), &filas.emplace_back());
-    } catch (const Falla &e) {
-        falla = e;
-    }
-    return hechas;
-}
-
-/// There is no journey: they have run when this answers.
-Llegada mandarSeguidas(const QSqlDatabase &db, const QStringList &sentencias) {
-    qsizetype hechas = 0;
-    std::optional<Falla> defecto;
-    try {
-        for (; hechas < sentencias.size(); ++hechas) correr(db, sentencias.at(hechas), nullptr);
-    } catch (const Falla &e) {
-        defecto = e;
-    }
-    return [hechas, defecto](std::optional<Falla> &falla) {
-        falla = defecto;
+/// There is no journey: they run when their end is asked for.
+Llegada mandar(const QSqlDatabase &db, const std::vector<Encargo> &) {
+    return [db](std::vector<Encargo> &encargos, std::optional<Falla> &falla) {
+        std::size_t hechas = 0;
+        try {
+            for (; hechas < encargos.size(); ++hechas) {
+                Encargo &e = encargos[hechas];
+                e.cuantas = correr(db, e.sql, e.filas);
+            }
+        } catch (const Falla &e) {
+            falla = e;
+        }
         return hechas;
     };
 }
@@ -285,6 +275,10 @@ bool vive(const QSqlDatabase &db) {
     return db.isOpen();
 }
 
+bool seFue(const QSqlDatabase &) {
+    return false;
+}
+
 QString identidadDeFila(const QString &alias, bool) {
     return alias + ".rowid"_L1;
 }
@@ -315,10 +309,11 @@ const Motor &archivo() {
         .archivoQueFalta = archivoQueFalta,
         .abrir = abrir,
         .vive = vive,
+        .seFue = seFue,
         .tablasOrdenadas = tablasOrdenadas,
         .correr = correr,
-        .consultarSeguidas = consultarSeguidas,
-        .mandarSeguidas = mandarSeguidas,
+        .mandar = mandar,
+        .porViaje = 1,
         .cambiarFila = cambiarFila,
         .escrituraLigera = escrituraLigera,
         .hacerTablaPropia = hacerTablaPropia,

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -37,6 +38,9 @@ struct Datos {
     /// The other entities of the profile that live on the same engine, in profile order: their tables are
     /// found by bare name. (entity, what Motor::lugar answers for it)
     std::vector<std::pair<QString, QString>> vecinos;
+    /// What Motor::tablasOrdenadas said to the first of the entities on one server, for all of them; none
+    /// where every connection asks for itself.
+    std::shared_ptr<std::optional<QSet<QString>>> tablasOrdenadas;
 };
 
 /// One section of a profile, as an engine reads it.
@@ -63,9 +67,16 @@ struct Filas {
 /// Runs one text for a connection, with its trace and its failures: see Motor::correr.
 using Correr = std::function<qint64(const QString &sql, Filas *filas)>;
 
-/// Waits for the end of what was sent: how many stood ahead of the first that failed, which is in `falla`
-/// then.
-using Llegada = std::function<qsizetype(std::optional<Falla> &falla)>;
+/// One statement of several that go together, the engine's own.
+struct Encargo {
+    QString sql;
+    Filas *filas = nullptr;  ///< takes its rows, where it is given
+    qint64 cuantas = 0;      ///< once it has run: what Motor::correr answers
+};
+
+/// Waits for the end of what was sent and fills the very statements that were: how many stood ahead of the
+/// first that failed, which is in `falla` then.
+using Llegada = std::function<std::size_t(std::vector<Encargo> &encargos, std::optional<Falla> &falla)>;
 
 /// One engine. What fails raises Falla with the engine's words.
 struct Motor {
@@ -88,20 +99,20 @@ struct Motor {
     QSqlDatabase (*abrir)(const Datos &datos, const QString &nombre);
     /// Whether statements still reach the store behind an open handle.
     bool (*vive)(const QSqlDatabase &db);
+    /// Whether the store went away behind an open handle that nothing was asked of. Asks it nothing.
+    bool (*seFue)(const QSqlDatabase &db);
     /// The tables that keep an order of insertion, lower case.
     QSet<QString> (*tablasOrdenadas)(const QSqlDatabase &db);
     /// Runs `sql`, one statement of the engine's own; fills `filas` when it is given. Answers the rows
     /// touched by a command, or read. The column that keeps the order of insertion is the engine's own
     /// business: `*` does not show it.
     qint64 (*correr)(const QSqlDatabase &db, const QString &sql, Filas *filas);
-    /// Runs selects one after the other up to the first that fails, and answers how many stood ahead of it:
-    /// the failure is in `falla` then. `filas` takes the rows of each. A server takes them in one journey.
-    qsizetype (*consultarSeguidas)(const QSqlDatabase &db, const QStringList &sentencias,
-                                   std::vector<Filas> &filas, std::optional<Falla> &falla);
-    /// Begins to run commands that nothing is asked of, and answers what waits for their end, which has to be
-    /// asked ahead of anything else on `db`. A server takes them in one journey, and keeps all of them or
-    /// none. Raises nothing.
-    Llegada (*mandarSeguidas)(const QSqlDatabase &db, const QStringList &sentencias);
+    /// Begins to run statements, one after the other, and answers what waits for their end, which has to be
+    /// asked ahead of anything else on `db`. What stands ahead of one that fails is done, what stands behind
+    /// it is not. Raises nothing.
+    Llegada (*mandar)(const QSqlDatabase &db, const std::vector<Encargo> &encargos);
+    /// How many statements one journey takes at most; 1 where there is no journey to save.
+    std::size_t porViaje;
     /// Runs `update` ("update t set …", without a condition) on the one row that `identidad` tells, which a
     /// select with Gramatica::identidad answered; renews `identidad` where the row moved. Answers the rows
     /// touched: 0 when the row is gone.

@@ -1,13 +1,10 @@
 #include "frame/store/store.h"
 
-#include <QElapsedTimer>
-#include <QUuid>
 #include <algorithm>
-#include <optional>
 
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
-#include "frame/store/dialect.h"
+#include "frame/store/channel.h"
 #include "frame/store/engines.h"
 
 using namespace Qt::StringLiterals;
@@ -20,182 +17,31 @@ bool mismoNombre(QStringView uno, QStringView otro) {
                       [](QChar a, QChar b) { return a == b || a.toCaseFolded() == b.toCaseFolded(); });
 }
 
-std::function<void(const TrazaDeSentencia &)> &traza() {
-    static std::function<void(const TrazaDeSentencia &)> actual;
-    return actual;
-}
-
-/// The engines end a text at its first zero character: what stands behind it, a condition perhaps, would be
-/// lost.
-void comprobarSinNulos(const QString &sentencia) {
-    if (sentencia.contains(QChar::Null)) throw Falla{0, {}, u"La sentencia contiene un carácter nulo."_s, {}};
-}
-
 }  // namespace
 
-struct Conexion::Interno {
-    explicit Interno(std::unique_ptr<Datos> de)
-        : datos(std::move(de)),
-          motor(*datos->motor),
-          nombre(datos->entidad + QLatin1Char('-') + QUuid::createUuid().toString(QUuid::WithoutBraces)),
-          ajustes{&motor.gramatica, {}} {}
+Conexion::Conexion(std::unique_ptr<Datos> datos)
+    : canal_(std::make_unique<motores::Canal>(std::move(datos))) {}
 
-    std::unique_ptr<Datos> datos;
-    const motores::Motor &motor;
-    QString nombre;   ///< Qt's name of the handle
-    QSqlDatabase db;  ///< held, because Qt looks a name up under a lock
-    bool abierta = false;
-    int ligeras = 0;  ///< how many runs asked for light writing
-    dialecto::Ajustes ajustes;
-
-    /// What was sent without waiting for its end.
-    struct Envio {
-        QStringList sentencias, traducidas;
-        QElapsedTimer reloj;
-        motores::Llegada llegada;  ///< none: nothing is on its way
-    };
-    Envio enCamino;
-
-    void soltar() {
-        db = QSqlDatabase();
-        QSqlDatabase::removeDatabase(nombre);
-    }
-
-    /// Whatever goes to the store passes here.
-    void abrir() {
-        recoger();
-        if (abierta) return;
-        try {
-            db = motor.abrir(*datos, nombre);
-            ajustes.tablasOrdenadas = motor.tablasOrdenadas(db);
-            abierta = true;
-            if (ligeras > 0) motor.escrituraLigera(db, true);
-        } catch (Falla &e) {
-            abierta = false;
-            soltar();
-            e.fuente = datos->entidad;
-            throw;
-        }
-    }
-
-    qint64 correr(const QString &sentencia, const QString &traducida, motores::Filas *filas) {
-        const auto &hilo = traza();
-        QElapsedTimer reloj;
-        if (hilo) reloj.start();
-        qint64 cuantas = 0;
-        try {
-            comprobarSinNulos(traducida);
-            cuantas = motor.correr(db, traducida, filas);
-        } catch (Falla &e) {
-            e.fuente = datos->entidad;
-            e.sentencia = sentencia;
-            // A store that went away: the next statement opens a new connection.
-            if (!motor.vive(db)) cerrar();
-            throw;
-        }
-        if (hilo) hilo({datos->entidad, sentencia, traducida, reloj.nsecsElapsed() / 1000, cuantas});
-        return cuantas;
-    }
-
-    QStringList traducirSeguidas(const QStringList &sentencias) const {
-        QStringList traducidas;
-        traducidas.reserve(sentencias.size());
-        for (const QString &sentencia : sentencias) {
-            traducidas << dialecto::traducir(sentencia, ajustes);
-            comprobarSinNulos(sentencia);
-        }
-        return traducidas;
-    }
-
-    [[noreturn]] void fallar(Falla falla, const QString &sentencia) {
-        falla.fuente = datos->entidad;
-        falla.sentencia = sentencia;
-        if (!motor.vive(db)) cerrar();
-        throw Falla(std::move(falla));
-    }
-
-    std::vector<motores::Filas> consultarSeguidas(const QStringList &sentencias) {
-        std::vector<motores::Filas> filas;
-        if (sentencias.isEmpty()) return filas;
-        abrir();
-        const QStringList traducidas = traducirSeguidas(sentencias);
-        QElapsedTimer reloj;
-        reloj.start();
-        std::optional<Falla> falla;
-        const qsizetype hechas = motor.consultarSeguidas(db, traducidas, filas, falla);
-        if (falla) fallar(*falla, sentencias.value(hechas));
-        const auto &hilo = traza();
-        const qint64 cadaUna = reloj.nsecsElapsed() / 1000 / sentencias.size();
-        for (qsizetype n = 0; hilo && n < hechas; ++n)
-            hilo({datos->entidad, sentencias.at(n), traducidas.at(n), cadaUna,
-                  filas.at(static_cast<std::size_t>(n)).cuantas()});
-        return filas;
-    }
-
-    void mandarSeguidas(const QStringList &sentencias) {
-        if (sentencias.isEmpty()) return;
-        abrir();
-        enCamino = {sentencias, traducirSeguidas(sentencias), {}, {}};
-        enCamino.reloj.start();
-        enCamino.llegada = motor.mandarSeguidas(db, enCamino.traducidas);
-    }
-
-    /// Waits for what was sent without waiting. Raises the first failure among it.
-    void recoger() {
-        if (!enCamino.llegada) return;
-        const Envio envio = std::exchange(enCamino, {});
-        std::optional<Falla> falla;
-        const qsizetype hechas = envio.llegada(falla);
-        if (falla) fallar(*falla, envio.sentencias.value(hechas));
-        const auto &hilo = traza();
-        const qint64 cadaUna = envio.reloj.nsecsElapsed() / 1000 / envio.sentencias.size();
-        for (qsizetype n = 0; hilo && n < hechas; ++n)
-            hilo({datos->entidad, envio.sentencias.at(n), envio.traducidas.at(n), cadaUna, 1});
-    }
-
-    /// The same for who gives up what was sent: nothing is told.
-    void abandonar() {
-        if (!enCamino.llegada) return;
-        std::optional<Falla> falla;
-        std::exchange(enCamino, {}).llegada(falla);
-    }
-
-    void cerrar() {
-        if (!abierta) return;
-        abandonar();
-        if (ligeras > 0) {
-            try {
-                motor.escrituraLigera(db, false);
-            } catch (const Falla &) {
-                // The handle goes all the same; a server that went away is the usual reason to be here.
-            }
-        }
-        abierta = false;
-        db.close();
-        soltar();
-    }
-};
-
-Conexion::Conexion(std::unique_ptr<Datos> datos) : i_(std::make_unique<Interno>(std::move(datos))) {}
-
-Conexion::~Conexion() {
-    i_->cerrar();
-}
+Conexion::~Conexion() = default;
 
 bool Conexion::crearrs(Recordset &rs) {
     rs = Recordset();
-    i_->abrir();
     motores::Filas filas;
-    i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), &filas);
+    if (auto anticipada = canal_->TomarAnticipada(Sql)) {
+        filas = *std::move(anticipada);
+    } else {
+        canal_->Abrir();
+        canal_->Correr(Sql, canal_->Traducir(Sql), &filas);
+    }
     rs.tomar(std::move(filas));
     return !rs.Eof();
 }
 
 bool Conexion::crearrsActualizable(Recordset &rs, const QString &tabla) {
     rs = Recordset();
-    i_->abrir();
+    canal_->Abrir();
     motores::Filas filas;
-    i_->correr(Sql, dialecto::conIdentidad(Sql, i_->ajustes), &filas);
+    canal_->Correr(Sql, canal_->ConIdentidad(Sql), &filas);
     // The identity is the last column, and none of the caller's.
     const std::size_t ancho = filas.nombres.size();
     for (std::size_t f = 0; f + ancho <= filas.celdas.size(); f += ancho) {
@@ -211,50 +57,65 @@ bool Conexion::crearrsActualizable(Recordset &rs, const QString &tabla) {
 }
 
 qint64 Conexion::Ejecutar() {
-    i_->abrir();
-    return i_->correr(Sql, dialecto::traducir(Sql, i_->ajustes), nullptr);
+    canal_->Abrir();
+    return canal_->Correr(Sql, canal_->Traducir(Sql), nullptr);
+}
+
+void Conexion::Mandar() {
+    canal_->Mandar(Sql);
+}
+
+void Conexion::Asentar() {
+    canal_->Asentar();
 }
 
 void Conexion::EjecutarSeguidas(const QStringList &sentencias) {
-    i_->mandarSeguidas(sentencias);
-    i_->recoger();
+    canal_->MandarSeguidas(sentencias);
+    canal_->Asentar();
 }
 
 void Conexion::MandarSeguidas(const QStringList &sentencias) {
-    i_->mandarSeguidas(sentencias);
+    canal_->MandarSeguidas(sentencias);
 }
 
 std::vector<Recordset> Conexion::ConsultarSeguidas(const QStringList &sentencias) {
-    std::vector<motores::Filas> filas = i_->consultarSeguidas(sentencias);
+    std::vector<motores::Filas> filas = canal_->ConsultarSeguidas(sentencias);
     std::vector<Recordset> respuestas(filas.size());
     for (std::size_t n = 0; n < filas.size(); ++n) respuestas[n].tomar(std::move(filas[n]));
     return respuestas;
 }
 
+void Conexion::Anticipar(const QStringList &sentencias) {
+    canal_->Anticipar(sentencias);
+}
+
+void Conexion::OlvidarAnticipos() {
+    canal_->OlvidarAnticipos();
+}
+
 QSqlDatabase Conexion::coneccion() {
-    i_->abrir();
-    return i_->db;
+    return canal_->Manija();
 }
 
 const QString &Conexion::entidad() const {
-    return i_->datos->entidad;
+    return canal_->datos().entidad;
 }
 const QString &Conexion::etiqueta() const {
-    return i_->motor.etiqueta;
+    return canal_->motor().etiqueta;
 }
 bool Conexion::abierta() const {
-    return i_->abierta;
+    return canal_->abierto();
 }
 void Conexion::cerrar() {
-    i_->cerrar();
+    canal_->Cerrar();
 }
 
 void Conexion::escrituraLigera(bool activa) {
-    i_->ligeras += activa ? 1 : -1;
-    if (i_->ligeras == (activa ? 1 : 0) && (activa || i_->abierta)) {
-        i_->abrir();
-        i_->motor.escrituraLigera(i_->db, activa);
-    }
+    canal_->EscribirLigero(activa);
+}
+
+void Conexion::retenerSesion(bool activa) {
+    canal_->RetenerSesion(activa);
 }
 
 EscrituraLigera::EscrituraLigera(Conexion &conexion) : conexion_(conexion) {
@@ -280,17 +141,35 @@ void EscrituraLigera::Terminar() {
     conexion_.escrituraLigera(false);
 }
 
+LecturaAdelantada::LecturaAdelantada(Conexion &conexion, std::vector<QStringList> porVuelta)
+    : conexion_(conexion), porVuelta_(std::move(porVuelta)) {}
+
+LecturaAdelantada::~LecturaAdelantada() {
+    conexion_.OlvidarAnticipos();
+}
+
+void LecturaAdelantada::Vuelta() {
+    if (vuelta_++ < hasta_ || hasta_ == porVuelta_.size()) return;
+    constexpr std::size_t tramo = 64;
+    QStringList sentencias;
+    for (const std::size_t fin = std::min(hasta_ + tramo, porVuelta_.size()); hasta_ < fin; ++hasta_)
+        sentencias << porVuelta_[hasta_];
+    conexion_.OlvidarAnticipos();
+    conexion_.Anticipar(sentencias);
+}
+
 void Conexion::tablaPropia(const QString &tabla, bool activa) {
+    const motores::Motor &motor = canal_->motor();
     // A connection that was closed has none any more.
-    if (!activa && !i_->abierta) return;
-    if (!activa) i_->abandonar();
+    if (!activa) canal_->RetenerSesion(false);
+    if (!activa && !canal_->abierto()) return;
     try {
-        i_->abrir();
-        (activa ? i_->motor.hacerTablaPropia : i_->motor.quitarTablaPropia)(i_->db, tabla);
+        (activa ? motor.hacerTablaPropia : motor.quitarTablaPropia)(canal_->Manija(), tabla);
     } catch (Falla &e) {
-        e.fuente = i_->datos->entidad;
+        e.fuente = entidad();
         throw;
     }
+    if (activa) canal_->RetenerSesion(true);
 }
 
 TablaPropia::TablaPropia(Conexion &conexion, QString tabla) : conexion_(conexion), tabla_(std::move(tabla)) {
@@ -306,7 +185,7 @@ TablaPropia::~TablaPropia() {
 }
 
 void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {
-    traza() = std::move(nueva);
+    TrazaDelProceso() = std::move(nueva);
 }
 
 // Recordset
@@ -377,8 +256,8 @@ void Recordset::olvidar() {
 
 void Recordset::Update() {
     if (pendientes_.empty()) return;
-    conexion_->i_->abrir();
-    Conexion::Interno &conexion = *conexion_->i_;
+    motores::Canal &canal = *conexion_->canal_;
+    canal.Abrir();
     QStringList cambios;
     for (const Pendiente &p : pendientes_) {
         const QVariant &valor = Fields(p.columna).Value;
@@ -395,9 +274,9 @@ void Recordset::Update() {
     const QString sql = u"update %1 set %2"_s.arg(tabla_, cambios.join(", "_L1));
     qint64 tocadas = 0;
     try {
-        tocadas = conexion.motor.cambiarFila(
-            [&conexion](const QString &texto, motores::Filas *filas) {
-                return conexion.correr(texto, texto, filas);
+        tocadas = canal.motor().cambiarFila(
+            [&canal](const QString &texto, motores::Filas *filas) {
+                return canal.Correr(texto, texto, filas);
             },
             sql, identidades_[static_cast<std::size_t>(fila_)]);
     } catch (const Falla &) {

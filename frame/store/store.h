@@ -11,8 +11,10 @@
 #include <vector>
 
 #include "frame/base/failure.h"
+#include "frame/store/trace.h"
 
 namespace motores {
+class Canal;
 struct Datos;
 struct Filas;
 }  // namespace motores
@@ -80,15 +82,6 @@ class Recordset {
     std::vector<Pendiente> pendientes_;
 };
 
-/// One statement as the trace sees it.
-struct TrazaDeSentencia {
-    QString entidad;
-    QString sentencia;  ///< as spelled by the module
-    QString traducida;  ///< as sent to the engine
-    qint64 microsegundos = 0;
-    qint64 filas = 0;  ///< rows read or touched
-};
-
 /// A connection of one store entity. The text of `Sql` is spelled in either of the two dialects the system
 /// speaks; the connection turns it into the engine's own before sending it. Every statement is committed
 /// alone.
@@ -110,8 +103,16 @@ class Conexion {
     /// Falla.
     qint64 Ejecutar();
 
-    /// Runs commands that nothing is asked of, one after the other, in one journey to a server: for rows of a
-    /// scratch table. What ran ahead of one that fails may be kept or not. Raises Falla.
+    /// Runs `Sql` as a command that nothing is asked of. While rows are written lightly on a server it
+    /// travels with what this connection is told next: that statement then raises what failed, with the text
+    /// of the one that did, and what stands behind that one has not run. The end of light writing waits for
+    /// all of them. Otherwise it runs at once. Raises Falla.
+    void Mandar();
+    /// Waits for the end of what Mandar told. Raises Falla.
+    void Asentar();
+
+    /// Runs commands that nothing is asked of, one after the other, in as few journeys to a server as there
+    /// can be. Raises Falla for the first that fails; what stands behind it has not run.
     void EjecutarSeguidas(const QStringList &sentencias);
 
     /// The same without waiting for their end: this object's next statement waits, and raises what failed,
@@ -121,6 +122,14 @@ class Conexion {
     /// Runs selects, one after the other, in one journey to a server; the rows of each, in their order.
     /// Raises Falla for the first that fails.
     std::vector<Recordset> ConsultarSeguidas(const QStringList &sentencias);
+
+    /// Asks a server in one journey for what the routines behind it are going to read: crearrs finds the
+    /// answer to the same text here, once for every time that it stands in `sentencias`. On a file nothing
+    /// happens. A select that fails is told by the crearrs that asks for it; what Mandar told ahead of it
+    /// raises Falla.
+    void Anticipar(const QStringList &sentencias);
+    /// Forgets the answers that nobody asked for.
+    void OlvidarAnticipos();
 
     /// The connection that the assembly's bulk reads use: this one, with the engine's handle behind
     /// coneccion().
@@ -144,13 +153,36 @@ class Conexion {
     /// find ahead of that one (true), or takes it away (false).
     void tablaPropia(const QString &tabla, bool activa);
 
+    /// While on, what this connection holds lives in its session (a transaction, a table of its own): a
+    /// connection that is lost is not made again behind the back of who needs it, and every statement raises
+    /// Falla until the last "off". Calls nest.
+    void retenerSesion(bool activa);
+
     /// Called after every statement when set; for tracing and benchmarks. Process-wide.
     static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);
 
  private:
-    struct Interno;
-    std::unique_ptr<Interno> i_;
+    std::unique_ptr<motores::Canal> canal_;
     friend class Recordset;
+};
+
+/// What a loop is going to read, asked ahead of it, a stretch of turns at a time, for its own life. The loop
+/// may write meanwhile, but not what these selects read.
+class LecturaAdelantada {
+ public:
+    /// `porVuelta`: what each turn reads from `conexion`, in the order of the turns.
+    LecturaAdelantada(Conexion &conexion, std::vector<QStringList> porVuelta);
+    ~LecturaAdelantada();
+    /// To be called at the beginning of each turn. Raises Falla.
+    void Vuelta();
+    LecturaAdelantada(const LecturaAdelantada &) = delete;
+    LecturaAdelantada &operator=(const LecturaAdelantada &) = delete;
+
+ private:
+    Conexion &conexion_;
+    std::vector<QStringList> porVuelta_;
+    std::size_t vuelta_ = 0;
+    std::size_t hasta_ = 0;  ///< the turns that were asked for
 };
 
 /// Switches light writing on for its own life; the end of the run is durable on every road.
