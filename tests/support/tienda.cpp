@@ -11,6 +11,7 @@
 
 #include "frame/base/values.h"
 #include "frame/startup.h"
+#include "tests/support/intermediario.h"
 #include "upgrade/upgrade.h"
 
 using namespace Qt::StringLiterals;
@@ -33,10 +34,9 @@ struct Servidor {
     int puerto = 5432;
 };
 
-Servidor servidorDePrueba() {
+Servidor servidorDe(const QString &dicho) {
     Servidor s;
-    const QStringList palabras =
-        qEnvironmentVariable("ZENDRA_PG").split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList palabras = dicho.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (const QString &palabra : palabras) {
         const QString clave = palabra.section(QLatin1Char('='), 0, 0);
         const QString valor = palabra.section(QLatin1Char('='), 1);
@@ -44,6 +44,11 @@ Servidor servidorDePrueba() {
         if (clave == "port"_L1) s.puerto = valor.toInt();
         if (clave == "user"_L1) s.usuario = valor;
     }
+    return s;
+}
+
+Servidor servidorDePrueba() {
+    const Servidor s = servidorDe(qEnvironmentVariable("ZENDRA_PG"));
     if (s.host.isEmpty())
         fallar(
             u"The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
@@ -96,13 +101,16 @@ void copiar(const QString &de, const QString &a) {
             fallar(u"copy: "_s + archivo.filePath());
 }
 
+bool escribirPerfilEn(const Servidor &s, const QString &base, const QString &perfil) {
+    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, base, s.usuario,
+                                                   u"."_s);
+}
+
 bool escribirPerfil(const QString &carpeta, const QString &base, QString &perfil) {
     perfil = carpeta + u"/Prueba.perfil.ini"_s;
     QFile::remove(perfil);
     if (base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
-    const Servidor s = servidorDePrueba();
-    return StoreProfiles::escribirPerfilDeServidor(perfil, u"Prueba"_s, s.host, s.puerto, base, s.usuario,
-                                                   u"."_s);
+    return escribirPerfilEn(servidorDePrueba(), base, perfil);
 }
 
 Molde &molde(bool servidor, bool conDemostracion) {
@@ -209,6 +217,16 @@ Tienda::~Tienda() {
     }
 }
 
+void Tienda::PasarPor(const Intermediario &linea) {
+    if (base_.isEmpty()) return;
+    QFile::remove(perfil_);
+    if (!escribirPerfilEn(servidorDe(linea.palabras()), base_, perfil_)) fallar(u"profile"_s);
+}
+
+void Tienda::IrDerecho() {
+    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(u"profile"_s);
+}
+
 std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
     auto ctx = std::make_unique<AppContext>();
     ctx->ajustes = Ajustes(carpeta_ + u"/ajustes.ini"_s);
@@ -229,6 +247,7 @@ std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
 
 void EnAmbosStores::SetUp() {
     tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion());
+    AlHacerLaTienda();
     ctx = tienda->contexto(registro);
     fijarContexto(ctx.get());
 }

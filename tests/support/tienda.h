@@ -10,6 +10,8 @@
 
 #include "frame/context.h"
 
+class Intermediario;
+
 /// The project's source and build folders.
 QString CarpetaDeFuentes();
 QString CarpetaDeConstruccion();
@@ -49,6 +51,12 @@ class Tienda {
     const QString &perfil() const { return perfil_; }
     const QString &carpeta() const { return carpeta_; }
 
+    /// The profile names the proxy as its server from now on, for contexts that begin later; stores of files
+    /// stay as they are.
+    void PasarPor(const Intermediario &linea);
+    /// The profile names the server itself again.
+    void IrDerecho();
+
     /// A context on these stores, with the recorder's dialogs and a settings area of its own.
     std::unique_ptr<AppContext> contexto(Registro &registro) const;
 
@@ -69,6 +77,8 @@ class EnAmbosStores : public ::testing::TestWithParam<const char *> {
     /// Every row as "a|b|c", joined by "\n"; numbers in their shortest text, nulls as "<null>".
     QString filas(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
     virtual bool conDemostracion() const { return false; }
+    /// Ahead of the context's first look at the profile.
+    virtual void AlHacerLaTienda() {}
 
     std::unique_ptr<Tienda> tienda;
     Registro registro;
