@@ -13,106 +13,23 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QRegularExpression>
 #include <QSqlDriver>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
 #include <map>
 #include <vector>
 
-#include "assembly/run.h"
+#include "bench/operacion.h"
 #include "frame/startup.h"
-#include "liquidation/review.h"
 #include "upgrade/upgrade.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int posiciones = 125;
-constexpr int preciosPorItem = 4;
-constexpr int lineasPorGrupo = 5;
-
-[[noreturn]] void terminar(const QString &texto) {
-    std::fprintf(stderr, "%s\n", qPrintable(texto));
-    std::exit(1);
-}
-
-void sql(QSqlDatabase db, const QString &texto) {
-    QSqlQuery consulta(db);
-    if (!consulta.exec(texto)) terminar(texto + ": "_L1 + consulta.lastError().text());
-}
-
-QString posicion(int i) {
-    return u"9901.%1.%2.100A"_s.arg(i / 100, 2, 10, QLatin1Char('0')).arg(i % 100, 2, 10, QLatin1Char('0'));
-}
-
-/// An import of `lineas` lines: five lines a group, four groups an item, freight, insurance, a value and
-/// kilos to spread, and a client with every kind of percentage.
-void sembrar(AppContext &ctx, int lineas) {
-    QSqlDatabase ncm = ctx.conexion(u"NCM"_s).coneccion();
-    sql(ncm, u"BEGIN"_s);
-    for (int i = 0; i < posiciones; ++i) {
-        const QString p = posicion(i);
-        sql(ncm,
-            u"insert into ncm (\"001\",\"002\",\"003\",\"010\",\"012\",\"015\",\"016\",\"017\","
-            "\"018\",\"019\",\"020\",\"023\",\"026\",\"028\",\"048\",\"053\",\"059\") "
-            "values ('%1','%2','%3','Prueba','07','%4','3','0','5','2.5','','1.5','14','','2',"
-            "'2','')"_s.arg(p.left(10), p.mid(11, 3), p.mid(14, 1))
-                .arg(2 + i % 18));
-    }
-    sql(ncm, u"COMMIT"_s);
-
-    QSqlDatabase personal = ctx.conexion(u"PERSONAL"_s).coneccion();
-    sql(personal,
-        u"insert into clientes (cuit,nombre,eximgan,eximganvalor,ivaareduccion,"
-        "ivaareduccionvalor,cvdi,ingbru) "
-        "values ('30999999995','Cliente','N',0,'S',50,'S',2.5)"_s);
-
-    QSqlDatabase internos = ctx.conexion(u"INTERNOS"_s).coneccion();
-    sql(internos, u"BEGIN"_s);
-    const int grupos = lineas / lineasPorGrupo;
-    double fob = 0;
-    double kilos = 0;
-    for (int l = 0; l < lineas; ++l) {
-        const int grupo = l % grupos;
-        const int item = grupo / preciosPorItem;
-        const double precio = 10 + grupo % preciosPorItem + 0.25 * (item % 7);
-        const double cantidad = 1 + l % 9;
-        const double valor = precio * cantidad;
-        fob += valor;
-        const double kg = grupo % 3 == 0 ? 0 : cantidad * 0.4;
-        kilos += grupo % 3 == 0 ? 1 : kg;
-        sql(internos,
-            u"insert into subitems (interno,idcatalogo,idarticulo,ncm,descripcion,idunidad,"
-            "cantidad,preciounitario,fob,estadistica,valorrelacionestadistica,idpais,estadomerc,"
-            "sufijos,kgneto,kgbruto,lapi) "
-            "values ('BANCO','C','A%1','%2','Artículo de prueba','07',%3,%4,%5,'07',%3,'%6','2',"
-            "'',%7,0,'N')"_s.arg(grupo)
-                .arg(posicion(item % posiciones))
-                .arg(cantidad)
-                .arg(precio)
-                .arg(valor)
-                .arg(300 + item / posiciones)
-                .arg(kg));
-    }
-    sql(internos,
-        u"insert into caratula (interno,fechaalta,idsubreg,idaduana,cuitcliente,"
-        "cuitdespaduana,fobdivisas,fobcoddivisas,fobdivcambio,fletedivisas,fletecoddivisas,"
-        "fletedivcambio,segurodivisas,segurocoddivisas,segurodivcambio,valoraprorratear,"
-        "dckgneto,dccomext,factura8) "
-        "values ('BANCO','2026-01-05 10:00:00','IC04','001','30999999995','20123456786',%1,"
-        "'DOL',1,%2,'DOL',1,%3,'DOL',1,%4,%5,%6,'S')"_s.arg(fob, 0, 'f', 2)
-            .arg(fob * 0.05, 0, 'f', 2)
-            .arg(fob * 0.01, 0, 'f', 2)
-            .arg(fob * 0.02, 0, 'f', 2)
-            .arg(kilos + 100, 0, 'f', 2)
-            .arg(fob * 0.003, 0, 'f', 2));
-    sql(internos, u"COMMIT"_s);
-}
+// Five lines a group, four groups an item.
+constexpr FormaDeOperacion forma{5, 25};
 
 void copiarCarpeta(const QString &de, const QString &a) {
     QDir().mkpath(a);
@@ -233,12 +150,6 @@ struct Forma {
     qint64 filas = 0;
 };
 
-QString formaDe(QString texto) {
-    static const QRegularExpression cita(u"'(?:[^']|'')*'"_s);
-    static const QRegularExpression numero(u"\\b[0-9]+(?:\\.[0-9]+)?\\b"_s);
-    return texto.replace(cita, u"'…'"_s).replace(numero, u"#"_s);
-}
-
 void listar(const std::map<QString, Forma> &formas, int cuantas) {
     std::vector<std::pair<QString, Forma>> orden(formas.begin(), formas.end());
     std::sort(orden.begin(), orden.end(),
@@ -289,20 +200,6 @@ Medida medir(const QString &semilla, const QString &banco, int repeticiones, int
     return m;
 }
 
-void armar(AppContext &ctx) {
-    ctx.ChequeoArmado = u"SI"_s;
-    OpcionesDeArmado opciones;
-    opciones.ARMARITEM = 1;
-    if (!Generar(ctx, u"BANCO"_s, opciones) || ctx.ChequeoArmado != "SI"_L1)
-        terminar(u"the assembly did not end"_s);
-}
-
-void recalcular(AppContext &ctx) {
-    ctx.LiquidacionPendiente = true;
-    ClassLiquidacion calculo(ctx, u"BANCO"_s);
-    RecalcularOperacion(ctx, u"BANCO"_s, calculo);
-}
-
 }  // namespace
 
 void informar(const QString &trabajo, const Medida &m) {
@@ -345,7 +242,7 @@ int main(int argc, char **argv) {
             if (!hecho.ok) terminar(hecho.error);
             {
                 auto ctx = abrir(semilla);
-                sembrar(*ctx, cuantas.toInt());
+                sembrar(*ctx, cuantas.toInt(), forma);
                 ctx->DataManager.CloseAllDataConnection();
                 fijarContexto(nullptr);
             }
@@ -367,9 +264,8 @@ int main(int argc, char **argv) {
                 fijarContexto(nullptr);
             }
             copiarCarpeta(banco, semilla);
-            informar(
-                u"recalculation of those %1 items"_s.arg(cuantas.toInt() / lineasPorGrupo / preciosPorItem),
-                medir(semilla, banco, repeticiones, listadas, recalcular));
+            informar(u"recalculation of those %1 items"_s.arg(itemsDe(cuantas.toInt(), forma)),
+                     medir(semilla, banco, repeticiones, listadas, recalcular));
         }
     } catch (const Falla &e) {
         terminar(e.descripcion + "\n"_L1 + e.sentencia);

@@ -42,12 +42,12 @@ bool loMismo(const QString &antes, const QString &despues) {
 
 void EnCaidas::SetUp() {
     EnPantalla::SetUp();
+    ctx->SeparadorDecimal = u',';
+}
+
+void EnCaidas::AlHacerLaTienda() {
     linea_.emplace(0, servidor());
     tienda->PasarPor(*linea_);
-    fijarContexto(nullptr);
-    ctx = tienda->contexto(registro);
-    fijarContexto(ctx.get());
-    ctx->SeparadorDecimal = u',';
 }
 
 void EnCaidas::TearDown() {

@@ -32,6 +32,7 @@ class EnCaidas : public EnPantalla {
  protected:
     void SetUp() override;
     void TearDown() override;
+    void AlHacerLaTienda() override;
     QString servidor() const override { return ServidorDePaso().palabras(); }
 
     /// What became of an action.

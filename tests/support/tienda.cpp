@@ -235,6 +235,10 @@ void Tienda::PasarPor(const Intermediario &linea) {
     if (!escribirPerfilEn(servidorDe(linea.palabras()), base_, perfil_)) fallar(u"profile"_s);
 }
 
+void Tienda::IrDerecho() {
+    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(u"profile"_s);
+}
+
 std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
     auto ctx = std::make_unique<AppContext>();
     ctx->ajustes = Ajustes(carpeta_ + u"/ajustes.ini"_s);
@@ -255,6 +259,7 @@ std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
 
 void EnAmbosStores::SetUp() {
     tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion(), servidor());
+    AlHacerLaTienda();
     ctx = tienda->contexto(registro);
     fijarContexto(ctx.get());
 }

@@ -55,6 +55,8 @@ class Tienda {
     /// The profile names the proxy as its server from now on, for contexts that begin later; stores of files
     /// stay as they are.
     void PasarPor(const Intermediario &linea);
+    /// The profile names the server itself again.
+    void IrDerecho();
 
     /// A context on these stores, with the recorder's dialogs and a settings area of its own.
     std::unique_ptr<AppContext> contexto(Registro &registro) const;
@@ -79,6 +81,8 @@ class EnAmbosStores : public ::testing::TestWithParam<const char *> {
     virtual bool conDemostracion() const { return false; }
     /// The words of the server where the stores lie.
     virtual QString servidor() const { return qEnvironmentVariable("ZENDRA_PG"); }
+    /// Ahead of the context's first look at the profile.
+    virtual void AlHacerLaTienda() {}
 
     std::unique_ptr<Tienda> tienda;
     Registro registro;
