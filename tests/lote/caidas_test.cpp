@@ -171,7 +171,11 @@ INSTANTIATE_TEST_SUITE_P(
     Comandos, CaidasEnLote,
     ::testing::Values(
         Comando{"armar", {u"armar"_s, u"IC-2026-0001"_s, u"--forzar"_s}},
-        Comando{"liquidar", {u"liquidar"_s, u"IC-2026-0001"_s}, "[]", {u"armar IC-2026-0001 --forzar"_s}},
+        // The second recalculation starts from the rounded bases of the first.
+        Comando{"liquidar",
+                {u"liquidar"_s, u"IC-2026-0001"_s},
+                "[]",
+                {u"armar IC-2026-0001 --forzar"_s, u"liquidar IC-2026-0001"_s}},
         Comando{
             "masivo", {u"masivo"_s, u"IC-2026-0001"_s, u"EstablecerPaisDeOrigen"_s, u"203"_s}, R"(["Si"])"},
         Comando{"catalogo", {u"catalogo"_s, u"cargar"_s, u"NUEVO"_s, u"@articulos.csv"_s, u"--reemplazar"_s}},
