@@ -79,6 +79,7 @@ void Canal::conectar() {
     constexpr std::chrono::milliseconds pausa(100);
     constexpr std::chrono::milliseconds otraVez(20000);
     QElapsedTimer &enVano = esperadoEnVano();
+    // Between its end and its new beginning a server is not there for a while.
     const bool espera = perdido_ && (!enVano.isValid() || enVano.hasExpired(otraVez.count()));
     QElapsedTimer reloj;
     reloj.start();
@@ -87,17 +88,14 @@ void Canal::conectar() {
             db_ = motor_.abrir(*datos_, nombre_);
             break;
         } catch (const Falla &) {
-            // A server that starts again refuses for a while.
-            if (!espera) throw;
-            if (reloj.hasExpired(paciencia.count())) {
-                enVano.start();
+            if (reloj.hasExpired(paciencia.count()) || (!espera && !motor_.empieza(*datos_))) {
+                if (espera) enVano.start();
                 throw;
             }
             soltar();
             std::this_thread::sleep_for(pausa);
         }
     }
-    enVano.invalidate();
     perdido_ = false;
     const auto &comunes = datos_->tablasOrdenadas;
     const bool vuelve = !ajustes_.tablasOrdenadas.isEmpty();

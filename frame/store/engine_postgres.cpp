@@ -131,6 +131,10 @@ bool vive(const QSqlDatabase &db) {
     return db.isOpen() && linea::Vive(linea::Mango(db));
 }
 
+bool empieza(const Datos &datos) {
+    return linea::Empieza(datos.host, datos.puerto);
+}
+
 bool seFue(const QSqlDatabase &db) {
     return linea::SeFue(linea::Mango(db));
 }
@@ -183,6 +187,7 @@ const Motor &servidor() {
         .lugar = lugar,
         .archivoQueFalta = archivoQueFalta,
         .abrir = abrir,
+        .empieza = empieza,
         .vive = vive,
         .seFue = seFue,
         .tablasOrdenadas = tablasOrdenadas,

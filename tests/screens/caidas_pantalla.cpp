@@ -129,8 +129,12 @@ void EnCaidas::enEscena(const AccionDeUsuario &accion, Que que, MomentoDeCaida c
     Conexion::fijarTraza(contar);
     accion.llave();
     Conexion::fijarTraza({});
-    for (const Mensaje &m : registro.mensajes) hecho.dicho << m.texto;
-    if (que == Que::Caida && !hecho.dicho.isEmpty()) {
+    bool fallo = false;
+    for (const Mensaje &m : registro.mensajes) {
+        hecho.dicho << m.texto;
+        fallo = fallo || m.icono == Icono::Critico || m.texto.contains("con la base"_L1);
+    }
+    if (que == Que::Caida && fallo) {
         EXPECT_TRUE(ventana != nullptr && ventana->isVisible()) << "the screen is still there";
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
         if (ventana == nullptr || !ventana->isVisible()) return;
