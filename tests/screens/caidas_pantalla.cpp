@@ -115,6 +115,7 @@ void EnCaidas::enEscena(const AccionDeUsuario &accion, Que que, MomentoDeCaida c
     if (accion.teclear) accion.teclear();
     const auto campos = camposDe(ventana);
     registro.mensajes.clear();
+    registro.preguntas.clear();
     if (que == Que::Reposo) ServidorDePaso().reiniciar(ServidorPropio::Parada::Inmediata);
     const auto contar = [&](const TrazaDeSentencia &) {
         if (++hecho.sentencias == caida.sentencias && que == Que::Caida && !hecho.cayo) {
@@ -134,6 +135,9 @@ void EnCaidas::enEscena(const AccionDeUsuario &accion, Que que, MomentoDeCaida c
         hecho.dicho << m.texto;
         fallo = fallo || m.icono == Icono::Critico || m.texto.contains("con la base"_L1);
     }
+    hecho.preguntas = registro.preguntas.size();
+    for (const Pregunta &p : registro.preguntas)
+        fallo = fallo || p.texto.contains("no pueden ser guardados"_L1);
     if (que == Que::Caida && fallo) {
         EXPECT_TRUE(ventana != nullptr && ventana->isVisible()) << "the screen is still there";
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);

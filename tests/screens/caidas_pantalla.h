@@ -41,7 +41,8 @@ class EnCaidas : public EnPantalla {
         QString visto;
         int sentencias = 0;  ///< of the key's work, undisturbed
         QStringList dicho;   ///< the messages of the disturbed key
-        bool cayo = false;   ///< the server went
+        std::size_t preguntas = 0;
+        bool cayo = false;  ///< the server went
     };
     /// The action on stores as they are made: undisturbed, or with the server gone at a moment and, where
     /// that was told, the key pressed again when it is back.
