@@ -161,9 +161,13 @@ void FrmBultos::TxtVencimiento_LostFocus() {
 void FrmBultos::Form_Escape() {
     AppContext &ctx = Contexto();
     Veredicto guardado;
+    const bool seguia = ctx.conexion(u"INTERNOS"_s).abierta();
+    const bool escrito =
+        Manejar(ctx, [&] { guardado = GuardarBultos(ctx, interno_, Leer(), QDate::currentDate()); });
+    // A store that went away in between may be back for the next ESC, and what was keyed waits for it.
+    if (!escrito && seguia && !ctx.conexion(u"INTERNOS"_s).abierta()) return;
     // What could not be written was told with the store's words; a second ESC would meet the same.
-    if (!Manejar(ctx, [&] { guardado = GuardarBultos(ctx, interno_, Leer(), QDate::currentDate()); }) ||
-        guardado.ok) {
+    if (!escrito || guardado.ok) {
         ventana->accept();
         return;
     }

@@ -1,8 +1,18 @@
 #include "frame/ui/ventana.h"
 
+#include <QCoreApplication>
+#include <QTimer>
+
 #include "frame/ui/Pantalla.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What Falla::numero is when a store cannot be reached.
+constexpr int numeroSinStore = -1;
+
+}  // namespace
 
 std::unique_ptr<QDialog> HacerDialogo() {
     return std::make_unique<QDialog>(pantallas::marco(),
@@ -15,7 +25,14 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
         hacer();
         return true;
     } catch (const Falla &e) {
+        // One key may pass through several handlers: that the store is gone is told by the first of them.
+        static bool dicho = false;
+        const bool seFue = e.numero == numeroSinStore;
+        if (seFue && dicho) return false;
         ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        if (!seFue) return false;
+        dicho = true;
+        QTimer::singleShot(0, QCoreApplication::instance(), [] { dicho = false; });
         return false;
     }
 }

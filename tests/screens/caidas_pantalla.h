@@ -17,6 +17,7 @@ struct AccionDeUsuario {
     std::function<QWidget *()> ventana;   ///< null while it does not stand
     std::function<void()> teclear;        ///< ahead of the key
     std::function<void()> llave;          ///< the key whose work is disturbed
+    int avisos = 1;                       ///< of a loss, with its questions
     std::function<QString()> visto = {};  ///< what the work shows, where it does not write
 };
 
@@ -39,8 +40,10 @@ class EnCaidas : public EnPantalla {
     struct Hecho {
         QString retrato;  ///< of the store, behind it
         QString visto;
-        int sentencias = 0;  ///< of the key's work, undisturbed
-        QStringList dicho;   ///< the messages of the disturbed key
+        int sentencias = 0;    ///< of the key's work, undisturbed
+        QStringList vaciados;  ///< fields that hold something else when the loss was told
+        QString alFallar;      ///< the store's portrait at that moment
+        QStringList dicho;     ///< the messages of the disturbed key
         std::size_t preguntas = 0;
         bool cayo = false;  ///< the server went
     };

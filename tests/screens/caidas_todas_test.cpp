@@ -100,6 +100,11 @@ class CaidasBajoTodas : public EnTodasLasPantallas {
             ++pulsadas;
         }
     }
+    /// Their keys open screens of their own, which are in the table by themselves.
+    static bool abreOtras(const Salida &salida) {
+        return QStringList{u"FrmDetalleInterno"_s, u"FrmConfig"_s, u"FrmCatArticulos"_s}.contains(
+            QLatin1String(salida.nombre));
+    }
     static QPointer<QWidget> enMano() {
         return QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
                                                             : QApplication::activeWindow();
@@ -115,6 +120,7 @@ INSTANTIATE_TEST_SUITE_P(Stores, CaidasBajoTodas, ::testing::Values("SQL"),
 
 TEST_P(CaidasBajoTodas, ALineThatWasCutWhileNobodyUsedItIsMissedByNoKey) {
     for (const Salida &salida : todas()) {
+        if (abreOtras(salida)) continue;
         alAbrir = [this, &salida] {
             SCOPED_TRACE(salida.nombre);
             const QPointer<QWidget> ventana = enMano();
@@ -129,6 +135,7 @@ TEST_P(CaidasBajoTodas, ALineThatWasCutWhileNobodyUsedItIsMissedByNoKey) {
 
 TEST_P(CaidasBajoTodas, AServerThatIsGoneIsOneMessageAKeyAndTheFieldsKeepWhatTheyHold) {
     for (const Salida &salida : todas()) {
+        if (abreOtras(salida)) continue;
         alAbrir = [this, &salida] {
             SCOPED_TRACE(salida.nombre);
             const QPointer<QWidget> ventana = enMano();

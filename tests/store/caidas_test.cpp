@@ -251,6 +251,15 @@ TEST_P(PerdidaEnReposo, TheEndOfARunThatWritesLightlyTellsWhatWentAheadOfIt) {
     EXPECT_EQ(valor(u"show synchronous_commit"_s), "on");
 }
 
+TEST_F(Caidas, AServerThatStartsUpIsWaitedFor) {
+    ejecutar(u"insert into divisas (id,imp) values ('DOL',1)"_s);
+    for (int vez = 0; vez < 2; ++vez) {
+        servidor.parar(ServidorPropio::Parada::Inmediata);
+        servidor.arrancarDespacio();
+        EXPECT_EQ(textoDe([&] { EXPECT_EQ(valor(u"select imp from divisas"_s), "1"); }), "");
+    }
+}
+
 TEST_F(Caidas, ACommandThatWasRunningIsOneFailureAndTheNextStatementWorks) {
     ejecutar(u"insert into divisas (id,imp) values ('DOL',1)"_s);
     for (const bool conServidor : {false, true}) {
@@ -300,15 +309,6 @@ TEST_F(Caidas, AServerThatIsGoneIsOneSentenceAndTheNextTryWorksWhenItIsBack) {
     servidor.arrancar();
     EXPECT_EQ(ejecutar(u"update divisas set imp = imp + 1"_s), 1);
     EXPECT_EQ(valor(u"select imp from divisas"_s), "2") << "what failed was not kept for later";
-}
-
-TEST_F(Caidas, AServerThatStartsUpIsWaitedFor) {
-    ejecutar(u"insert into divisas (id,imp) values ('DOL',1)"_s);
-    for (int vez = 0; vez < 2; ++vez) {
-        servidor.parar(ServidorPropio::Parada::Inmediata);
-        servidor.arrancarDespacio();
-        EXPECT_EQ(textoDe([&] { EXPECT_EQ(valor(u"select imp from divisas"_s), "1"); }), "");
-    }
 }
 
 /// The line between, which may be bad without the server knowing.
