@@ -132,8 +132,11 @@ void Canal::fallar(Falla falla, const QString &sentencia) {
     falla.fuente = datos_->entidad;
     falla.sentencia = sentencia;
     if (!motor_.vive(db_)) {
-        falla.numero = -1;
-        falla.descripcion = palabrasDePerdida();
+        // A transaction that failed keeps the engine's words; it is over all the same.
+        if (motor_.seFue(db_)) {
+            falla.numero = -1;
+            falla.descripcion = palabrasDePerdida();
+        }
         perdido_ = true;
         Cerrar();
     }
