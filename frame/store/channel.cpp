@@ -255,7 +255,7 @@ void Canal::MandarSeguidas(const QStringList &sentencias) {
     Abrir();
     for (const QString &sentencia : sentencias) {
         agregar(sentencia, Traducir(sentencia), nullptr);
-        if (porSalir_.encargos.size() >= motor_.porViaje) despachar();
+        if (motor_.porViaje > 1 && porSalir_.encargos.size() >= motor_.porViaje) despachar();
     }
     if (!porSalir_.encargos.empty()) despachar();
 }
