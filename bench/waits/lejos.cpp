@@ -32,10 +32,10 @@ class ALoLejos : public EnLejos {
         const qint64 cuantos = viajes(hacer);
         linea.IdaYVuelta(idaYVuelta);
         constexpr int veces = 5;
-        const double ms = MejorTiempo(hacer, veces, preparar);
+        const double ms = MejorTiempo(hacer, veces, preparar, static_cast<double>(cuantos) * idaYVuelta);
         linea.IdaYVuelta(0);
-        std::printf("| %s, %lld round trips of 20 ms ", que, static_cast<long long>(cuantos));
-        Informar("", "SQL", limite, ms);
+        const QString viajados = u"%1, %2 round trips of 20 ms"_s.arg(QLatin1String(que)).arg(cuantos);
+        Informar(qPrintable(viajados), "SQL", limite, ms);
     }
     void veinteMilOperaciones() {
         ejecutar(
