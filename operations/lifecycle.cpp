@@ -202,10 +202,12 @@ QString CopiarInterno(AppContext &ctx, const QString &interno) {
     return oOperationCopy::Mostrar(ctx, interno);
 }
 
+QString SentenciaDeDireccion(const QString &idsubreg) {
+    return "select CSTAIMPEXP from STA where id = "_L1 + EnComillas(idsubreg);
+}
+
 QString getTypeOPfromSubReg(AppContext &ctx, const QString &idsubreg) {
     Recordset rs;
-    if (!Consultar(ctx, u"SYSTABLAS"_s, "select CSTAIMPEXP from STA where id = "_L1 + EnComillas(idsubreg),
-                   rs))
-        return {};
+    if (!Consultar(ctx, entidad::systablas, SentenciaDeDireccion(idsubreg), rs)) return {};
     return rs.Texto(u"cstaimpexp");
 }

@@ -72,6 +72,9 @@ QString FilaDeHoja(std::span<const ColumnaDeHoja> columnas, const QStringList &c
 }
 
 void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item) {
+    LecturaAdelantada lecturas(h.ctx.conexion(entidad::internos),
+                               {LecturasDeItem(h.interno, item.Texto(u"id"), h.calculo.CaratulaSubRegimen)});
+    lecturas.Vuelta();
     CargarItemEnCalculadora(h.ctx, h.interno, item, h.calculo, false, h.lapi, h.posiciones);
     // The bases change some of the rates: what is asked next begins from those that were loaded.
     ClassLiquidacion aparte = h.calculo;
