@@ -262,8 +262,9 @@ bool Generar(AppContext &ctx, const QString &interno, const OpcionesDeArmado &op
     conManejador([&] {
         EscrituraLigera ligera(r.internos());
         conManejador([&] { correr(r); });
-        // Not left to the destructor: that the disk took everything may fail, and the user has to hear of it.
-        ligera.Terminar();
+        // Not left to the destructor: that the disk took everything may fail, and the user has to hear of it,
+        // unless a failure was told that this one only follows.
+        if (seCierra) ligera.Terminar();
     });
     return seCierra;
 }

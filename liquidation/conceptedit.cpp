@@ -67,13 +67,14 @@ bool hayConcepto(AppContext &ctx, const QString &condicion) {
 }
 
 /// Sends a write; a refusal is told in the store's words and then in the user's, and leaves everything as it
-/// was.
+/// was. Of a store that is gone its own words tell enough.
 Veredicto escribirConcepto(AppContext &ctx, const ConceptoEditado &c, const QString &sentencia) {
     qint64 filas = 0;
     try {
         filas = Ejecutar(ctx, internos, sentencia);
     } catch (const Falla &e) {
         ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        if (!ctx.conexion(internos).abierta()) return Veredicto::mal();
     }
     if (filas == 0) {
         ctx.dialogos.advertir(u"No se puede agregar el nuevo concepto."_s);

@@ -54,8 +54,10 @@ int armarTomada(const Trabajo &t) {
     }
     t.resultado[u"armado"_s] = ctx.ChequeoArmado;
     t.resultado[u"corrida"_s] = paso == PasoDeArmado::Armar;
-    t.resultado[u"items"_s] = contar(ctx, u"item"_s, clave, " and id<>0");
-    t.resultado[u"grupos"_s] = contar(ctx, u"groupsubitems"_s, clave);
+    TrasElTrabajo(!entera, [&] {
+        t.resultado[u"items"_s] = contar(ctx, u"item"_s, clave, " and id<>0");
+        t.resultado[u"grupos"_s] = contar(ctx, u"groupsubitems"_s, clave);
+    });
     return entera ? bien : falla;
 }
 

@@ -21,22 +21,27 @@ bool HayOperacion(AppContext &ctx, const QString &clave) {
     return false;
 }
 
+void TrasElTrabajo(bool dicha, const std::function<void()> &hacer) {
+    try {
+        hacer();
+    } catch (const Falla &) {
+        if (!dicha) throw;
+    }
+}
+
 int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer) {
     if (!ComprobarBloqueo(t.ctx, t.orden.clave)) return falla;
     const BanderasDeOperacion banderas = LeerBanderas(t.ctx, t.orden.clave);
     TomarBloqueo(t.ctx, t.orden.clave);
+    const auto liberar = [&] { GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt); };
     int estado = falla;
     try {
         estado = hacer();
     } catch (...) {
-        try {
-            GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
-        } catch (const Falla &) {
-            // The store is gone; the first failure is the one to tell.
-        }
+        TrasElTrabajo(true, liberar);
         throw;
     }
-    GuardarYLiberar(t.ctx, t.orden.clave, banderas, std::nullopt);
+    TrasElTrabajo(estado != bien, liberar);
     return estado;
 }
 

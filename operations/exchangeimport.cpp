@@ -122,7 +122,8 @@ class Entrada {
     void (Entrada::*agregar_)() = &Entrada::pasarPorAlto;
 };
 
-/// The rows of one operation, from its head to its end; what fails in the store ends it and not the file.
+/// The rows of one operation, from its head to its end; what fails in the store ends it and not the file. A
+/// store that is gone fails for every operation that is left: raises Falla.
 void importarUna(AppContext &ctx, LectorDeArchivo &lector, const Plan &plan, Importada &fin,
                  Importacion &importacion, Marcha &marcha) {
     std::optional<Entrada> entrada;
@@ -131,6 +132,8 @@ void importarUna(AppContext &ctx, LectorDeArchivo &lector, const Plan &plan, Imp
             if (entrada) hacer();
         } catch (const Falla &e) {
             entrada.reset();
+            fin.fin = Importada::Fin::SinHacer;
+            if (!ctx.conexion(internos).abierta()) throw;
             fin.fin = Importada::Fin::Fallida;
             fin.aviso = u"No se importó la operación %1: %2"_s.arg(fin.clave, e.descripcion);
         }

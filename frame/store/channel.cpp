@@ -24,6 +24,13 @@ void asentarLosOtros(const Canal *este) {
     if (Canal *otro = conPendientes(); otro != nullptr && otro != este) otro->Asentar();
 }
 
+/// Since when a server was waited for in vain. All connections of this thread go with it: once is enough for
+/// a screen that asks through several of them.
+QElapsedTimer &esperadoEnVano() {
+    static thread_local QElapsedTimer desde;
+    return desde;
+}
+
 bool esSelect(QStringView sentencia) {
     return sentencia.trimmed().startsWith("select"_L1, Qt::CaseInsensitive);
 }
@@ -70,6 +77,10 @@ void Canal::Abrir() {
 void Canal::conectar() {
     constexpr std::chrono::milliseconds paciencia(3000);
     constexpr std::chrono::milliseconds pausa(100);
+    constexpr std::chrono::milliseconds otraVez(20000);
+    QElapsedTimer &enVano = esperadoEnVano();
+    // Between its end and its new beginning a server is not there for a while.
+    const bool espera = perdido_ && (!enVano.isValid() || enVano.hasExpired(otraVez.count()));
     QElapsedTimer reloj;
     reloj.start();
     for (;;) {
@@ -77,8 +88,10 @@ void Canal::conectar() {
             db_ = motor_.abrir(*datos_, nombre_);
             break;
         } catch (const Falla &) {
-            // A server that starts again refuses for a while.
-            if (!perdido_ || reloj.hasExpired(paciencia.count())) throw;
+            if (reloj.hasExpired(paciencia.count()) || (!espera && !motor_.empieza(*datos_))) {
+                if (espera) enVano.start();
+                throw;
+            }
             soltar();
             std::this_thread::sleep_for(pausa);
         }
@@ -308,11 +321,12 @@ std::optional<Filas> Canal::TomarAnticipada(const QString &sentencia) {
 
 void Canal::EscribirLigero(bool activo) {
     if (activo) {
-        if (++ligeros_ != 1) return;
-        const bool yaEstaba = abierto_;
-        Abrir();
-        // What has just been opened is light already.
-        if (yaEstaba) motor_.escrituraLigera(db_, true);
+        // A connection that was lost ahead of the run is nothing that the run would miss.
+        if (ligeros_ == 0) {
+            Abrir();
+            motor_.escrituraLigera(db_, true);
+        }
+        ++ligeros_;
         return;
     }
     std::optional<Falla> falla;

@@ -45,6 +45,7 @@ QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
                 .arg(motivo),
             {}};
     }
+    linea::Callar(linea::Mango(db));
     QStringList camino{QLatin1Char('"') + datos.esquema + QLatin1Char('"')};
     for (const auto &vecino : datos.vecinos) camino << QLatin1Char('"') + vecino.second + QLatin1Char('"');
     camino << u"public"_s;
@@ -130,6 +131,10 @@ bool vive(const QSqlDatabase &db) {
     return db.isOpen() && linea::Vive(linea::Mango(db));
 }
 
+bool empieza(const Datos &datos) {
+    return linea::Empieza(datos.host, datos.puerto);
+}
+
 bool seFue(const QSqlDatabase &db) {
     return linea::SeFue(linea::Mango(db));
 }
@@ -182,6 +187,7 @@ const Motor &servidor() {
         .lugar = lugar,
         .archivoQueFalta = archivoQueFalta,
         .abrir = abrir,
+        .empieza = empieza,
         .vive = vive,
         .seFue = seFue,
         .tablasOrdenadas = tablasOrdenadas,

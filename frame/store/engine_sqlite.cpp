@@ -271,6 +271,10 @@ QString archivoQueFalta(const Datos &datos) {
 
 // The row in hand
 
+bool empieza(const Datos &) {
+    return false;
+}
+
 bool vive(const QSqlDatabase &db) {
     return db.isOpen();
 }
@@ -308,6 +312,7 @@ const Motor &archivo() {
         .lugar = lugar,
         .archivoQueFalta = archivoQueFalta,
         .abrir = abrir,
+        .empieza = empieza,
         .vive = vive,
         .seFue = seFue,
         .tablasOrdenadas = tablasOrdenadas,

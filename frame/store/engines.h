@@ -97,6 +97,8 @@ struct Motor {
 
     /// Opens the entity's store with its neighbours in reach. `nombre` is the connection's name for Qt.
     QSqlDatabase (*abrir)(const Datos &datos, const QString &nombre);
+    /// Whether the store is there and takes nobody yet: a server that starts up.
+    bool (*empieza)(const Datos &datos);
     /// Whether statements still reach the store behind an open handle.
     bool (*vive)(const QSqlDatabase &db);
     /// Whether the store went away behind an open handle that nothing was asked of. Asks it nothing.

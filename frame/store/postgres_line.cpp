@@ -176,6 +176,19 @@ PGconn *Mango(const QSqlDatabase &db) {
                                                          : nullptr;
 }
 
+bool Empieza(const QString &host, int puerto) {
+    const QByteArray donde = host.toUtf8();
+    const QByteArray cual = QByteArray::number(puerto);
+    const char *const palabras[] = {"host", "port", "connect_timeout", nullptr};
+    const char *const valores[] = {donde.constData(), cual.constData(), "3", nullptr};
+    return PQpingParams(palabras, valores, 0) == PQPING_REJECT;
+}
+
+void Callar(PGconn *conexion) {
+    PQsetNoticeProcessor(
+        conexion, [](void *, const char *) {}, nullptr);
+}
+
 bool Vive(PGconn *conexion) {
     const Respuesta respuesta{PQexec(conexion, "select 1")};
     return PQresultStatus(respuesta.get()) == PGRES_TUPLES_OK;

@@ -19,6 +19,11 @@ inline constexpr QLatin1String ordenDeInsercion("zfila");
 /// The library's own connection behind Qt's; null when Qt gives none.
 PGconn *Mango(const QSqlDatabase &db);
 
+/// Whether a server is there and takes nobody yet, or no more. Its own words for it are in its own language.
+bool Empieza(const QString &host, int puerto);
+/// The library would write the server's remarks, its farewell among them, to the program's error output.
+void Callar(PGconn *conexion);
+
 /// Whether the server answers. Costs a journey.
 bool Vive(PGconn *conexion);
 /// Whether the server left while nothing was asked of it. Asks it nothing.

@@ -119,12 +119,7 @@ void Conexion::retenerSesion(bool activa) {
 }
 
 EscrituraLigera::EscrituraLigera(Conexion &conexion) : conexion_(conexion) {
-    try {
-        conexion_.escrituraLigera(true);
-    } catch (const Falla &) {
-        conexion_.escrituraLigera(false);
-        throw;
-    }
+    conexion_.escrituraLigera(true);
 }
 
 EscrituraLigera::~EscrituraLigera() {

@@ -146,7 +146,7 @@ class Conexion {
 
     /// While on, rows are written without waiting for the disk: only for rows that the next assembly
     /// rebuilds. What other entities own stays durable at once. Switching it off, and closing, make
-    /// everything written so far durable. Calls nest: the last "off" counts.
+    /// everything written so far durable. Calls nest: the last "off" counts. Raises Falla: then it is off.
     void escrituraLigera(bool activa);
 
     /// Gives this connection an empty table of its own, shaped like the stored `tabla`, which its statements

@@ -40,7 +40,7 @@ std::unique_ptr<QProcess> EmpezarLote(const QString &carpeta, const QStringList 
 Corrida TerminarLote(QProcess &proceso) {
     Corrida c;
     constexpr int paciencia = 180000;
-    if (!proceso.waitForFinished(paciencia)) return c;
+    if (proceso.state() != QProcess::NotRunning && !proceso.waitForFinished(paciencia)) return c;
     c.estado = proceso.exitStatus() == QProcess::NormalExit ? proceso.exitCode() : -1;
     c.errores = QString::fromUtf8(proceso.readAllStandardError());
     QByteArrayList lineas = proceso.readAllStandardOutput().split('\n');

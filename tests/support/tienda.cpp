@@ -47,8 +47,9 @@ Servidor servidorDe(const QString &dicho) {
     return s;
 }
 
-Servidor servidorDePrueba() {
-    const Servidor s = servidorDe(qEnvironmentVariable("ZENDRA_PG"));
+/// The same where there has to be one.
+Servidor servidorDePrueba(const QString &palabras) {
+    const Servidor s = servidorDe(palabras);
     if (s.host.isEmpty())
         fallar(
             u"The tests on a server need ZENDRA_PG (\"host=… port=… user=…\"): ./test sets it, and so does "
@@ -80,10 +81,11 @@ void enServidor(const Servidor &s, const QString &sql) {
 struct Molde {
     QTemporaryDir dir;
     QString base;
+    QString palabras;
     ~Molde() {
         if (base.isEmpty()) return;
         try {
-            enServidor(servidorDePrueba(), u"drop database if exists %1 with (force)"_s.arg(base));
+            enServidor(servidorDePrueba(palabras), u"drop database if exists %1 with (force)"_s.arg(base));
         } catch (const std::exception &) {
             // The server went away first.
         }
@@ -106,15 +108,21 @@ bool escribirPerfilEn(const Servidor &s, const QString &base, const QString &per
                                                    u"."_s);
 }
 
-bool escribirPerfil(const QString &carpeta, const QString &base, QString &perfil) {
+/// Where stores lie: a database of a server, or files where there is none.
+struct Sitio {
+    QString palabras, base;
+};
+
+bool escribirPerfil(const QString &carpeta, const Sitio &sitio, QString &perfil) {
     perfil = carpeta + u"/Prueba.perfil.ini"_s;
     QFile::remove(perfil);
-    if (base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
-    return escribirPerfilEn(servidorDePrueba(), base, perfil);
+    if (sitio.base.isEmpty()) return StoreProfiles::escribirPerfilDeArchivos(perfil, u"Prueba"_s, u"."_s);
+    return escribirPerfilEn(servidorDePrueba(sitio.palabras), sitio.base, perfil);
 }
 
-Molde &molde(bool servidor, bool conDemostracion) {
-    static std::map<std::pair<bool, bool>, std::unique_ptr<Molde>> moldes;
+/// Without words: on files.
+Molde &molde(const QString &palabras, bool conDemostracion) {
+    static std::map<std::pair<QString, bool>, std::unique_ptr<Molde>> moldes;
     // Their bases go while the drivers can still be loaded: once the application object is gone it is too
     // late.
     static const bool limpieza = [] {
@@ -122,15 +130,16 @@ Molde &molde(bool servidor, bool conDemostracion) {
         return true;
     }();
     Q_UNUSED(limpieza)
-    auto &uno = moldes[{servidor, conDemostracion}];
+    auto &uno = moldes[{palabras, conDemostracion}];
     if (uno) return *uno;
     auto nuevo = std::make_unique<Molde>();
-    if (servidor) {
+    if (!palabras.isEmpty()) {
         nuevo->base = nombreDeBase();
-        enServidor(servidorDePrueba(), u"create database %1"_s.arg(nuevo->base));
+        nuevo->palabras = palabras;
+        enServidor(servidorDePrueba(palabras), u"create database %1"_s.arg(nuevo->base));
     }
     QString perfil;
-    if (!escribirPerfil(nuevo->dir.path(), nuevo->base, perfil)) fallar(u"profile"_s);
+    if (!escribirPerfil(nuevo->dir.path(), {palabras, nuevo->base}, perfil)) fallar(u"profile"_s);
     const auto hecho =
         conDemostracion ? actualizacion::CargarDemostracion(perfil) : actualizacion::Actualizar(perfil);
     if (!hecho.ok) fallar(hecho.error);
@@ -197,21 +206,24 @@ Dialogos DialogosDePrueba(Registro &r) {
     return d;
 }
 
-Tienda::Tienda(const QString &etiqueta, bool conDemostracion) : carpeta_(dir_.path()) {
+Tienda::Tienda(const QString &etiqueta, bool conDemostracion, QString palabras)
+    : carpeta_(dir_.path()), palabras_(std::move(palabras)) {
     const bool servidor = etiqueta == "SQL"_L1;
-    const Molde &m = molde(servidor, conDemostracion);
+    // Whoever names none is told at once.
+    if (servidor) servidorDePrueba(palabras_);
+    const Molde &m = molde(servidor ? palabras_ : QString(), conDemostracion);
     copiar(m.dir.path(), carpeta_);
     if (servidor) {
         base_ = nombreDeBase();
-        enServidor(servidorDePrueba(), u"create database %1 template %2"_s.arg(base_, m.base));
+        enServidor(servidorDePrueba(palabras_), u"create database %1 template %2"_s.arg(base_, m.base));
     }
-    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(u"profile"_s);
+    if (!escribirPerfil(carpeta_, {palabras_, base_}, perfil_)) fallar(u"profile"_s);
 }
 
 Tienda::~Tienda() {
     if (base_.isEmpty()) return;
     try {
-        enServidor(servidorDePrueba(), u"drop database if exists %1 with (force)"_s.arg(base_));
+        enServidor(servidorDePrueba(palabras_), u"drop database if exists %1 with (force)"_s.arg(base_));
     } catch (const std::exception &) {
         // Nothing else of the test hangs on it.
     }
@@ -246,7 +258,7 @@ std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
 }
 
 void EnAmbosStores::SetUp() {
-    tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion());
+    tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion(), servidor());
     AlHacerLaTienda();
     ctx = tienda->contexto(registro);
     fijarContexto(ctx.get());

@@ -42,11 +42,12 @@ struct Registro {
 Dialogos DialogosDePrueba(Registro &registro);
 
 /// A profile on its own empty stores at the present version: SQLite files in a temporary folder ("ACCESS"),
-/// or a database of the test server named by ZENDRA_PG ("SQL"; key=value words host, port, user). A missing
-/// server fails the test with a sentence that says how to start one.
+/// or a database of the server that `palabras` name ("SQL"; key=value words host, port, user), the run's own
+/// one when nobody says another. A missing server fails the test with a sentence that says how to start one.
 class Tienda {
  public:
-    explicit Tienda(const QString &etiqueta, bool conDemostracion = false);
+    explicit Tienda(const QString &etiqueta, bool conDemostracion = false,
+                    QString palabras = qEnvironmentVariable("ZENDRA_PG"));
     ~Tienda();
     const QString &perfil() const { return perfil_; }
     const QString &carpeta() const { return carpeta_; }
@@ -63,6 +64,7 @@ class Tienda {
  private:
     QTemporaryDir dir_;
     QString carpeta_, perfil_, base_;
+    QString palabras_;
 };
 
 /// Base of tests that run on both stores: TEST_P over EnAmbos.
@@ -77,6 +79,8 @@ class EnAmbosStores : public ::testing::TestWithParam<const char *> {
     /// Every row as "a|b|c", joined by "\n"; numbers in their shortest text, nulls as "<null>".
     QString filas(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
     virtual bool conDemostracion() const { return false; }
+    /// The words of the server where the stores lie.
+    virtual QString servidor() const { return qEnvironmentVariable("ZENDRA_PG"); }
     /// Ahead of the context's first look at the profile.
     virtual void AlHacerLaTienda() {}
 
