@@ -159,6 +159,7 @@ const QStringList &entidades() {
 struct SPMain::Interno {
     QString ruta;
     QString nombre;
+    QString rolDueno, rolDeTrabajo;
     QString falla;  ///< why the chosen profile cannot be used
     bool recienHecho = false;
     Secciones datos;
@@ -243,6 +244,8 @@ bool SPMain::usarPerfil(const QString &ruta, QString *error) {
     i_->datos = std::move(datos);
     i_->ruta = info.absoluteFilePath();
     i_->nombre = otro(LeerIni(seccionDelPerfil, claveDelNombre, ruta), info.completeBaseName());
+    i_->rolDueno = LeerIni(seccionDelPerfil, claveDelDueno, ruta);
+    i_->rolDeTrabajo = LeerIni(seccionDelPerfil, claveDelTrabajo, ruta);
     return true;
 }
 
@@ -266,10 +269,10 @@ QString SPMain::rutaDelPerfil() const {
     return i_->ruta;
 }
 QString SPMain::rolDueno() const {
-    return LeerIni(seccionDelPerfil, claveDelDueno, i_->ruta);
+    return i_->rolDueno;
 }
 QString SPMain::rolDeTrabajo() const {
-    return LeerIni(seccionDelPerfil, claveDelTrabajo, i_->ruta);
+    return i_->rolDeTrabajo;
 }
 QString SPMain::comoActualizar() const {
     const QString dueno = rolDueno();
@@ -386,11 +389,8 @@ QString escribirPerfilDeRol(const QString &ruta, const PerfilDeRol &perfil) {
     const bool nuevo = perfil.desde.isEmpty();
     QStringList lineas = nuevo ? lineasDeServidor(perfil.nombre, servidor, perfil.carpetaLocal)
                                : LeerLineasDeIni(perfil.desde);
-    QStringList suyas = deLaBase(perfil.desde, servidor);
-    if (nuevo) {
-        suyas = conStore();
-        suyas.removeAll(u"USUARIO"_s);
-    }
+    QStringList suyas = nuevo ? conStore() : deLaBase(perfil.desde, servidor);
+    if (nuevo) suyas.removeAll(u"USUARIO"_s);
     const auto oNada = [](const QString &texto) { return texto.isEmpty() ? QString() : texto; };
     if (!perfil.nombre.isEmpty()) PonerEnIni(lineas, seccionDelPerfil, claveDelNombre, perfil.nombre);
     PonerEnIni(lineas, seccionDelPerfil, claveDelDueno, oNada(perfil.dueno));

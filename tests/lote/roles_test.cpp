@@ -137,7 +137,8 @@ TEST_F(DosRoles, DailyWorkGoesOnAsBefore) {
     EXPECT_GT(leido(hoja).size(), 100);
     c = lote({"crear", "ROL-1"});
     EXPECT_EQ(c.estado, 0) << c.textos().join('\n').toStdString();
-    c = lote({"borrar", "ROL-1"});
+    Escribir(oficina->carpeta(), "si.json", R"(["Sí", "Sí"])");
+    c = lote({"--respuestas", oficina->carpeta() + "/si.json", "borrar", "ROL-1"});
     EXPECT_EQ(c.estado, 0) << c.textos().join('\n').toStdString();
     EXPECT_EQ(oficina->correr("select count(*) from internos.caratula where interno = 'ROL-1'").toStdString(),
               "0");
@@ -152,7 +153,7 @@ TEST_F(DosRoles, RowsAreReadAndChangedAndNothingElse) {
           "delete from internos.caratula where interno = 'R-9'",
           "insert into internos.subitems (interno) values ('R-9')",
           "delete from internos.subitems where interno = 'R-9'", "select internos.isnumeric('1'::text)",
-          "create temporary table tabla (like internos.tabla including all)", "drop table pg_temp.tabla",
+          "create temporary table tabla (like personal.tabla including all)", "drop table pg_temp.tabla",
           "set synchronous_commit to off", "select pg_logical_emit_message(true, 'zendra', '')",
           "select valor from internos.version", "select public.citext('a') = 'A'"})
         EXPECT_EQ(yo.correr(sql), "") << sql;
@@ -177,7 +178,7 @@ TEST_F(DosRoles, RowsAreReadAndChangedAndNothingElse) {
           "update internos.version set valor = '1'",
           "insert into internos.version (propiedad) values ('x')",
           "delete from internos.version",
-          "grant select on internos.caratula to public",
+
           "create role x",
           "create database x",
           "create extension hstore",
@@ -382,6 +383,21 @@ TEST(Puesta, TakesThePasswordsOfTheEnvironmentAndTheNamesThatItIsTold) {
         "Una contraseña de los roles lleva un carácter de control, que un perfil no guarda; dé otra.\n");
 }
 
+TEST(Puesta, NeedsNobodyWhoCanDoMoreThanMakeBasesAndRoles) {
+    const Oficina o;
+    const ServidorTls &s = ServidorConTls();
+    const QString instalador = o.base() + "_instalador";
+    s.correr("create role " + instalador + " login createdb createrole password 'x'");
+    for (int vez = 0; vez < 2; ++vez) {
+        const CorridaDeDb c = o.poner({}, {{"PGPASSWORD", "x"}}, instalador);
+        EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    }
+    EXPECT_EQ(Lote(o.carpeta(), {"--perfil", o.perfil(), "listar"}).estado, 0);
+    EXPECT_EQ(s.correr("select pg_has_role('" + instalador + "', '" + o.dueno() + "', 'member')"), "false")
+        << "it was the owner for a moment only";
+    s.correr("drop role " + instalador);
+}
+
 TEST(Puesta, WhatCannotBeMadeReadyIsOneSentence) {
     const Oficina o;
     CorridaDeDb c = o.poner({}, {{"PGPASSWORD", "equivocada"}});
@@ -406,8 +422,9 @@ TEST(Puesta, WhatCannotBeMadeReadyIsOneSentence) {
     EXPECT_EQ(c.estado, 1);
     EXPECT_EQ(
         c.errores.toStdString(),
-        QString("El usuario %1 no pudo preparar la base %2 (ERROR: permission denied to create role); dé en "
-                "--crear-servidor uno que pueda crear bases y roles, o agregue --sin-roles.\n")
+        QString(
+            "El usuario %1 no pudo preparar la base %2 (ERROR: permission denied to create role (42501)); dé en "
+            "--crear-servidor uno que pueda crear bases y roles, o agregue --sin-roles.\n")
             .arg(simple, o.base())
             .toStdString());
     s.correr("drop role " + simple);
@@ -493,6 +510,16 @@ TEST_F(UnUsuario, PassesToTwoRolesByTheSetUpAndTheProfileKeepsWhatElseItSays) {
     EXPECT_EQ(otra.estado, 0) << otra.errores.toStdString();
     EXPECT_FALSE(otra.salida.contains("son del rol") || otra.salida.contains("se creó"))
         << otra.salida.toStdString();
+}
+
+TEST_F(UnUsuario, MayBeTheOwner) {
+    const CorridaDeDb c = o.poner({"--roles", unico + "," + o.trabajo()});
+    ASSERT_EQ(c.estado, 0) << c.errores.toStdString();
+    EXPECT_EQ(duenos(), unico);
+    EXPECT_EQ(Oficina::dice(o.perfilDelDueno(), "clave").toStdString(), "unica");
+    EXPECT_EQ(Oficina::dice(o.perfil(), "usuario"), o.trabajo());
+    EXPECT_EQ(Lote(o.carpeta(), {"--perfil", o.perfil(), "listar"}).estado, 0);
+    EXPECT_EQ(ComoElPerfil(o.perfil()).correr("drop table internos.caratula"), "42501");
 }
 
 TEST_F(UnUsuario, MayBeTheRoleOfDailyWorkSoThatTheProfilesOfBeforeGoOn) {

@@ -61,6 +61,7 @@ QString ServidorTls::correr(const QString &sql, const QString &base) const {
         db.setUserName(administrador());
         db.setDatabaseName(base);
         QSqlQuery consulta = db.open() ? QSqlQuery(db) : QSqlQuery();
+        if (db.isOpen()) consulta.exec(u"set client_min_messages to warning"_s);
         if (!db.isOpen())
             ADD_FAILURE() << db.lastError().text().toStdString();
         else if (!consulta.exec(sql))
