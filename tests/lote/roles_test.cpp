@@ -137,7 +137,7 @@ TEST_F(DosRoles, DailyWorkGoesOnAsBefore) {
     EXPECT_GT(leido(hoja).size(), 100);
     c = lote({"crear", "ROL-1"});
     EXPECT_EQ(c.estado, 0) << c.textos().join('\n').toStdString();
-    Escribir(oficina->carpeta(), "si.json", R"(["Sí", "Sí"])");
+    Escribir(oficina->carpeta(), "si.json", R"(["Si"])");
     c = lote({"--respuestas", oficina->carpeta() + "/si.json", "borrar", "ROL-1"});
     EXPECT_EQ(c.estado, 0) << c.textos().join('\n').toStdString();
     EXPECT_EQ(oficina->correr("select count(*) from internos.caratula where interno = 'ROL-1'").toStdString(),
