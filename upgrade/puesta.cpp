@@ -80,7 +80,9 @@ void poner(const PedidoDeServidor &pedido, ServidorPuesto &puesto) {
     const QString ruta = QFileInfo(pedido.ruta).absoluteFilePath();
     const QString rutaDelDueno = StoreProfiles::rutaDelDueno(ruta);
     comprobarClaves(pedido.claves);
-    if (!QDir().mkpath(QFileInfo(ruta).absolutePath()))
+    const QString carpeta = QFileInfo(ruta).absolutePath();
+    // Seen to ahead: the passwords of new roles stand nowhere else.
+    if (!QDir().mkpath(carpeta) || !QFileInfo(carpeta).isWritable())
         Detener(u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta));
     const Hallado deTrabajo = mirar(ruta, pedido.acceso);
     const Hallado delDueno = mirar(rutaDelDueno, pedido.acceso);
@@ -103,7 +105,7 @@ void poner(const PedidoDeServidor &pedido, ServidorPuesto &puesto) {
                        {},
                        {},
                        deTrabajo.esta ? ruta : QString(),
-                       QFileInfo(ruta).absolutePath()};
+                       carpeta};
     perfil.servidor.palabras = pedido.palabras;
     const auto oNinguna = [](const QString &clave) { return clave.isEmpty() ? QString() : clave; };
     if (!pedido.conRoles) {

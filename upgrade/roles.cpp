@@ -34,6 +34,7 @@ struct Obra {
     const Almacen &a;
     const Pedido &pedido;
     Preparada &hecho;
+    QStringList &vuelta;  ///< what takes back what was made, if the rest fails
 
     QString uno(const QString &sql) const { return a.lista(sql).value(0); }
     /// Never with a password in `sql`: a server's complaint may show a piece of it.
@@ -85,6 +86,7 @@ QString ponerRol(const Obra &o, const QString &rol, const QString &nueva, const 
         if (clave.isEmpty()) clave = claveAlAzar();
         o.correr(
             u"create role %1 login nosuperuser nocreatedb nocreaterole noreplication"_s.arg(comillas(rol)));
+        o.vuelta << u"drop role "_s + comillas(rol);
         o.hecho.cambios << u"se creó el rol %1"_s.arg(rol);
     } else if (o.uno(u"select rolcanlogin from pg_roles where rolname = %1"_s.arg(nombre)) != u"true"_s) {
         o.correr(u"alter role %1 login"_s.arg(comillas(rol)));
@@ -124,6 +126,7 @@ void ponerBase(const Obra &o) {
     if (!q.exec(crear + u" lc_collate 'C.UTF-8' lc_ctype 'C.UTF-8'"_s) && !q.exec(crear))
         Detener(u"No se puede crear la base %1 (%2). Pida a quien administra el servidor que la cree."_s.arg(
             base, q.lastError().databaseText().simplified()));
+    o.vuelta << u"drop database "_s + comillas(base);
     o.hecho.cambios << u"se creó la base %1"_s.arg(base);
 }
 
@@ -233,16 +236,9 @@ void comprobarNombres(const Pareja &roles) {
             roles.dueno));
 }
 
-void preparar(const Pedido &pedido, Preparada &hecho) {
-    StoreProfiles::SPMain ninguno;
-    Conexion::Datos deMantenimiento = pedido.acceso;
-    deMantenimiento.base = u"postgres"_s;
-    const Almacen mantenimiento(deMantenimiento, ninguno);
-    const Obra afuera{mantenimiento, pedido, hecho};
-    if (!pedido.conRoles) {
-        ponerBase(afuera);
-        return;
-    }
+void ponerDosRoles(const Obra &afuera, StoreProfiles::SPMain &ninguno) {
+    const Pedido &pedido = afuera.pedido;
+    Preparada &hecho = afuera.hecho;
     comprobarNombres(pedido.roles);
     exigirModesto(afuera, pedido.roles.trabajo);
     hecho.claves.dueno = ponerRol(afuera, pedido.roles.dueno, pedido.nuevas.dueno, pedido.sabidas.dueno);
@@ -252,11 +248,31 @@ void preparar(const Pedido &pedido, Preparada &hecho) {
     ponerBase(afuera);
 
     const Almacen base(pedido.acceso, ninguno);
-    const Obra adentro{base, pedido, hecho};
+    const Obra adentro{base, pedido, hecho, afuera.vuelta};
     base.comenzar();
     pasarAlDueno(adentro);
     cerrarLaBase(adentro);
     base.confirmar();
+}
+
+void preparar(const Pedido &pedido, Preparada &hecho) {
+    StoreProfiles::SPMain ninguno;
+    Conexion::Datos deMantenimiento = pedido.acceso;
+    deMantenimiento.base = u"postgres"_s;
+    const Almacen mantenimiento(deMantenimiento, ninguno);
+    QStringList vuelta;
+    const Obra afuera{mantenimiento, pedido, hecho, vuelta};
+    try {
+        if (pedido.conRoles)
+            ponerDosRoles(afuera, ninguno);
+        else
+            ponerBase(afuera);
+    } catch (const Falla &) {
+        // A role whose password stands in no profile would be in the way of the next try.
+        while (!vuelta.isEmpty()) QSqlQuery(mantenimiento.db()).exec(vuelta.takeLast());
+        hecho.cambios.clear();
+        throw;
+    }
 }
 
 /// One kind of thing that rights are given on.

@@ -64,6 +64,7 @@ QString texto(const std::vector<std::pair<QString, QString>> &palabras) {
 /// The fixed words, and the profile's behind them.
 std::vector<std::pair<QString, QString>> palabrasDe(const Datos &datos) {
     std::vector<std::pair<QString, QString>> todas;
+    todas.reserve(deTodas.size() + datos.palabras.size());
     for (const auto &[nombre, valor] : deTodas)
         todas.emplace_back(QLatin1String(nombre), QLatin1String(valor));
     todas.insert(todas.end(), datos.palabras.begin(), datos.palabras.end());

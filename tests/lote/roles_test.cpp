@@ -398,6 +398,25 @@ TEST(Puesta, NeedsNobodyWhoCanDoMoreThanMakeBasesAndRoles) {
     s.correr("drop role " + instalador);
 }
 
+TEST(Puesta, ThatFailsHalfwayLeavesNoRoleWhosePasswordNobodyKnows) {
+    const Oficina o;
+    const ServidorTls &s = ServidorConTls();
+    const QString instalador = o.base() + "_instalador";
+    s.correr("create role " + instalador + " login createdb createrole password 'x'");
+    // Somebody else's, which he may not give away.
+    s.correr("create database " + o.base());
+    CorridaDeDb c = o.poner({}, {{"PGPASSWORD", "x"}}, instalador);
+    EXPECT_EQ(c.estado, 1);
+    EXPECT_TRUE(c.errores.contains("must be owner of database")) << c.errores.toStdString();
+    EXPECT_EQ(s.correr("select count(*) from pg_roles where rolname in ('" + o.dueno() + "', '" +
+                       o.trabajo() + "')"),
+              "0");
+    EXPECT_FALSE(QFile::exists(o.perfil()));
+    c = o.poner();
+    EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    s.correr("drop role " + instalador);
+}
+
 TEST(Puesta, WhatCannotBeMadeReadyIsOneSentence) {
     const Oficina o;
     CorridaDeDb c = o.poner({}, {{"PGPASSWORD", "equivocada"}});
