@@ -240,8 +240,8 @@ TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
     c = DbUpgrade3({"--perfil", perfil});
     EXPECT_TRUE(c.salida.contains(u"ya estaban"_s)) << c.salida.toStdString();
     QProcess p;
-    p.start("psql",
-            {"-h", host, "-p", puerto, "-U", usuario, "-d", "postgres", "-c", "drop database " + base});
+    p.start("psql", {"-h", host, "-p", puerto, "-U", usuario, "-d", "postgres", "-c", "drop database " + base,
+                     "-c", "drop role " + base + "_dueno, " + base + "_trabajo"});
     p.waitForFinished();
     EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
 }
