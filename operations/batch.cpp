@@ -19,6 +19,7 @@
 #include "operations/batchwork.h"
 #include "operations/browser.h"
 #include "operations/lifecycle.h"
+#include "operations/operationkey.h"
 
 using namespace Qt::StringLiterals;
 
@@ -127,8 +128,8 @@ struct Fila {
 };
 
 QString defectoDeClave(const QString &clave) {
-    constexpr qsizetype largo = 40;
-    return clave.size() > largo ? u"la clave de una operación tiene 40 caracteres como máximo"_s : QString();
+    return clave.size() > largoDeClave ? u"la clave de una operación tiene 40 caracteres como máximo"_s
+                                       : QString();
 }
 
 QString defectoDeItem(const QString &numero) {

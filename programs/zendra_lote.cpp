@@ -98,11 +98,6 @@ bool leerObjeto(const QString &archivo, const QString &que, QJsonObject &objeto,
     return true;
 }
 
-int negar(const QString &texto) {
-    std::fprintf(stderr, "%s\n", texto.toUtf8().constData());
-    return lote::malPedido;
-}
-
 void escribirLinea(const QString &texto) {
     const QByteArray utf8 = texto.toUtf8() + '\n';
     std::fwrite(utf8.constData(), 1, static_cast<std::size_t>(utf8.size()), stdout);
@@ -144,11 +139,12 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     QStringList respuestas;
     QJsonObject opciones;
     lote::Orden orden = lote::OrdenDe(pedido);
-    if (!leerArchivos(pedido, respuestas, opciones, orden, error)) return negar(error);
+    if (!leerArchivos(pedido, respuestas, opciones, orden, error)) return consola::Negar(error);
     QFile traza(pedido.valor("traza"));
     const auto sinTraza = qScopeGuard([] { Conexion::fijarTraza({}); });
     if (!trazar(traza))
-        return negar(u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(traza.fileName()));
+        return consola::Negar(
+            u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(traza.fileName()));
 
     ctx.ajustes = Ajustes(pedido.valor("ajustes"));
     ctx.dialogos = DialogosJson(escribirLinea, respuestas);

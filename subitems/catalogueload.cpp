@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "frame/base/numbers.h"
+#include "frame/base/texts.h"
 #include "frame/context.h"
 #include "frame/csv.h"
 #include "frame/entities.h"
@@ -173,6 +174,7 @@ class CargaEnMarcha {
                 return u"%1 tiene %2 caracteres y entran %3"_s.arg(nombre)
                     .arg(valor.size())
                     .arg(columna->largo);
+            if (QString defecto = DefectoDeTexto(valor); !defecto.isEmpty()) return defecto;
             if (columna->texto != nullptr) {
                 a.*columna->texto = valor;
                 continue;

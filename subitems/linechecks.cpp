@@ -55,13 +55,12 @@ Veredicto revisarUnidades(const Corrida &r) {
     if (c.LbCodigoEstadistica.isEmpty()) return r.mal("TxtPosicion", u"Falta unidad estadistica"_s);
     const ClavesNcm k = CortarPosicion(c.TxtPosicion);
     Recordset rs;
-    const bool hay =
-        Consultar(r.ctx, u"NCM"_s,
-                  "select [012],[020] "
-                  "from ncm "
-                  "where [001] = '"_L1 +
-                      k.c001 + "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1,
-                  rs);
+    const bool hay = Consultar(r.ctx, u"NCM"_s,
+                               "select [012],[020] "
+                               "from ncm "
+                               "where "_L1 +
+                                   CondicionDePosicion(k),
+                               rs);
     if (!hay && r.cambio) return r.mal("TxtPosicion", u"No se encontro la posición "_s + c.TxtPosicion);
     const QString estadistica = hay ? rs.Texto(u"012").trimmed() : QString();
     const QString deresp = hay ? rs.Texto(u"020").trimmed() : QString();

@@ -1,5 +1,6 @@
 #include "subitems/nomenclature.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
 
 using namespace Qt::StringLiterals;
@@ -24,8 +25,8 @@ bool ExistePosicion(AppContext &ctx, const QString &posicion) {
     return Consultar(ctx, u"NCM"_s,
                      "select [001] as pos "
                      "from ncm "
-                     "where [001]='"_L1 +
-                         claves.c001 + "' and [002]='"_L1 + claves.c002 + "'"_L1,
+                     "where [001]="_L1 +
+                         TextoEnComillas(claves.c001) + " and [002]="_L1 + TextoEnComillas(claves.c002),
                      rs);
 }
 
@@ -46,7 +47,7 @@ std::vector<FamiliaDelCatalogo> LeerFamilias(AppContext &ctx, const QString &pos
                   "select sufijo,detalle "
                   "from sufidos "
                   "where sim in "_L1 +
-                      lista + " and left(sufijo,2) = '"_L1 + familia.codigo + "'"_L1,
+                      lista + " and left(sufijo,2) = "_L1 + TextoEnComillas(familia.codigo),
                   filas);
         for (; !filas.Eof(); filas.MoveNext())
             familia.filas.push_back({{}, filas.Texto(u"sufijo"), filas.Texto(u"detalle")});
@@ -62,9 +63,8 @@ MarcasNcm LeerMarcasNcm(AppContext &ctx, const QString &posicion) {
     marcas.encontrada = Consultar(ctx, u"NCM"_s,
                                   "select [028], [041] as estampillado, [059] as LAPI "
                                   "from ncm "
-                                  "where [001] = '"_L1 +
-                                      claves.c001 + "' and [002] = '"_L1 + claves.c002 +
-                                      "' and [003] = '"_L1 + claves.c003 + "'"_L1,
+                                  "where "_L1 +
+                                      CondicionDePosicion(claves),
                                   rs);
     if (!marcas.encontrada) return marcas;
     const QLatin1String marca("*");
