@@ -12,23 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Words that only a store says: a user who reads them sees that a text became a piece of a statement.
-const std::array<QLatin1String, 16> palabrasDeMotor{
-    "syntax error"_L1, "unrecognized token"_L1, "near \""_L1,
-    "ERROR:"_L1,       "Unable to"_L1,          "QPSQL"_L1,
-    "QSQLITE"_L1,      "no such "_L1,           "does not exist"_L1,
-    "unterminated"_L1, "invalid byte"_L1,       "La sentencia contiene"_L1,
-    "LINE 1"_L1,       "multiple commands"_L1,  "Parameter count"_L1,
-    "out of range"_L1};
-
 /// What one store says, without what is its own: the folder, and the sizes of what has a date inside.
-QString parejo(const Corrida &c, const QString &carpeta) {
+QString parejo(const Corrida &c, const QString &carpeta, bool enOrdenDeTextos) {
     QStringList lineas;
     for (QJsonObject o : c.lineas) {
         o.remove(u"bytes"_s);
         lineas << QString::fromUtf8(QJsonDocument(o).toJson(QJsonDocument::Compact));
     }
     lineas << c.errores;
+    if (enOrdenDeTextos) lineas.sort();
     return lineas.join(u'\n').replace(carpeta, u"{CARPETA}"_s);
 }
 
@@ -65,8 +57,7 @@ QString DefectoDeCorrida(const Corrida &c) {
     QStringList dicho = c.textos();
     dicho << c.errores;
     for (const QString &texto : dicho)
-        for (const QLatin1String palabra : palabrasDeMotor)
-            if (texto.contains(palabra)) return u"words of an engine: "_s + Visto(texto.left(400));
+        if (TienePalabrasDeMotor(texto)) return u"words of an engine: "_s + Visto(texto);
     if (c.estado == 1) {
         for (const QString &texto : c.textos())
             if (!texto.trimmed().isEmpty()) return {};
@@ -105,7 +96,7 @@ Corrida EnAmbasALaVez::dar(const OrdenDeLote &orden, const QString &donde) {
         const QString defecto = DefectoDeCorrida(corridas[n]);
         EXPECT_TRUE(defecto.isEmpty())
             << (n == 0 ? "files" : "server") << ", " << donde.toStdString() << ": " << defecto.toStdString();
-        dicho[n] = parejo(corridas[n], tiendas_[n]->carpeta());
+        dicho[n] = parejo(corridas[n], tiendas_[n]->carpeta(), orden.enOrdenDeTextos);
     }
     EXPECT_EQ(Visto(dicho[0]).toStdString(), Visto(dicho[1]).toStdString()) << donde.toStdString();
     EXPECT_TRUE(dicho[0] == dicho[1]) << donde.toStdString();

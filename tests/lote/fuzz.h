@@ -16,6 +16,8 @@
 struct OrdenDeLote {
     QStringList palabras;
     QStringList respuestas = {};
+    /// Its lines come in the order of texts, which only a server tells of accents and small letters alike.
+    bool enOrdenDeTextos = false;
 };
 
 /// A store of each kind with the demonstration, always given the same orders.

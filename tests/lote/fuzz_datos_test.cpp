@@ -53,6 +53,7 @@ class FuzzDeDatos : public EnAmbasALaVez {
 TEST_F(FuzzDeDatos, AKeyIsTakenAsItIsOrRefusedAndADeletedOneTakesNothingElseAlong) {
     QStringList creadas;
     const auto antes = huellas();
+    const qsizetype deMuestra = columna(u"select interno from caratula"_s).size();
     for (const TextoFeo &t : TextosFeos()) {
         if (!CabeEnArgumento(t.texto) || t.texto.startsWith(u"--"_s)) continue;
         const QString clave = t.texto.trimmed();
@@ -60,27 +61,22 @@ TEST_F(FuzzDeDatos, AKeyIsTakenAsItIsOrRefusedAndADeletedOneTakesNothingElseAlon
         EXPECT_EQ(c.estado == 0, DefectoDeClaveNueva(clave).isEmpty()) << t.que;
         if (c.estado == 0) creadas << clave;
     }
-    EXPECT_GE(creadas.size(), 20);
-    QStringList estan =
-        columna(u"select interno from caratula where interno not like '%2026%' order by fechaalta"_s);
-    QStringList esperadas = creadas;
-    estan.sort();
-    esperadas.sort();
-    EXPECT_TRUE(estan == esperadas);
+    constexpr qsizetype bastantes = 20;
+    EXPECT_GE(creadas.size(), bastantes);
+    QStringList estan = columna(u"select interno from caratula"_s);
+    for (const QString &clave : creadas) EXPECT_TRUE(estan.contains(clave)) << Visto(clave).toStdString();
+    EXPECT_EQ(estan.size(), deMuestra + creadas.size());
     hacer(QStringList{u"exportar"_s} + creadas + QStringList{u"--salida"_s, carpeta + u"/claves.zop"_s});
-    const Corrida lista = hacer({u"listar"_s});
     QStringList dichas;
+    const Corrida lista = dar({{u"listar"_s}, {}, true}, u"listar"_s);
     for (const QJsonObject &o : lista.mensajes()) dichas << o.value(u"interno"_s).toString();
     for (const QString &clave : creadas) EXPECT_TRUE(dichas.contains(clave)) << Visto(clave).toStdString();
     // Wild cards and words of SQL are letters of a key: each goes alone.
-    while (!creadas.isEmpty()) {
+    for (int vez = 0; vez < 5; ++vez) {
         const QString clave =
             creadas.takeAt(static_cast<qsizetype>(azar.menorQue(static_cast<std::size_t>(creadas.size()))));
-        if (clave.startsWith(u'-')) continue;
         hacer({u"borrar"_s, clave}, {u"Si"_s});
         nadaMas(antes, {creadas, {}}, u"borrar "_s + Visto(clave));
-        constexpr qsizetype bastantes = 8;
-        if (creadas.size() + bastantes < esperadas.size()) break;
     }
 }
 
@@ -158,11 +154,12 @@ TEST_F(FuzzDeDatos, EveryMemberOfAFileOfChangesIsKeptOrRefused) {
             const QString donde = QString::fromLatin1(molde) + u' ' + Visto(feo);
             const Corrida c =
                 dar({{u"item"_s, u"IC-2026-0001"_s, u"1"_s, u"--cambios"_s, carpeta + u"/c.json"_s}}, donde);
-            if (c.estado == 0 && QLatin1String(molde).contains("naladisa"_L1))
+            if (c.estado == 0 && QLatin1String(molde).contains("naladisa"_L1)) {
                 EXPECT_EQ(
                     Visto(unValor(u"select naladisa from item where interno = 'IC-2026-0001' and id = 1"_s))
                         .toStdString(),
                     Visto(feo).toStdString());
+            }
         }
     }
     nadaMas(antes, sin, u"item"_s);
@@ -192,11 +189,13 @@ TEST_F(FuzzDeDatos, PackagesKeepWhatTheyAreGiven) {
 }
 
 TEST_F(FuzzDeDatos, ACatalogueIsLoadedListedAndMovedAsItIs) {
-    const auto todos = textos();
+    std::vector<QString> todos;
+    for (const QString &t : textos())
+        if (DefectoDeTexto(t).isEmpty()) todos.push_back(t);
     QByteArray csv = "idarticulo,descripcion,otros,itfiller,ncm,idunidad,preciounitario\n";
     for (const QString &t : todos)
-        csv += enCsv(t.left(50)) + ',' + enCsv(t.left(255)) + ',' + enCsv(t.left(100)) + ',' +
-               enCsv(t.left(40)) + ",4901.99.00.111H,07,12.5\n";
+        csv += enCsv(Recortado(t, 50)) + ',' + enCsv(Recortado(t, 255)) + ',' + enCsv(Recortado(t, 100)) +
+               ',' + enCsv(Recortado(t, 40)) + ",4901.99.00.111H,07,12.5\n";
     escribir(u"feos.csv"_s, csv);
     const SinContar sin{{}, {u"catarticulos"_s}};
     const auto antes = huellas(sin);
@@ -205,7 +204,8 @@ TEST_F(FuzzDeDatos, ACatalogueIsLoadedListedAndMovedAsItIs) {
     const QString catalogo = u"FEO'S; --"_s;
     const Corrida carga =
         dar({{u"catalogo"_s, u"cargar"_s, catalogo, carpeta + u"/feos.csv"_s}}, u"cargar"_s);
-    const Corrida lista = hacer({u"catalogo"_s, u"listar"_s, catalogo});
+    const Corrida lista = dar({{u"catalogo"_s, u"listar"_s, catalogo}, {}, true}, u"listar"_s);
+    EXPECT_EQ(lista.estado, 0);
     EXPECT_EQ(lista.resultado().value(u"cantidad"_s).toInt(),
               carga.resultado().value(u"agregados"_s).toInt());
     QHash<QString, QString> descripciones;
@@ -216,14 +216,14 @@ TEST_F(FuzzDeDatos, ACatalogueIsLoadedListedAndMovedAsItIs) {
         const QString codigo = Recortado(t, 50).trimmed();
         if (!descripciones.contains(codigo)) continue;
         ++guardados;
-        EXPECT_TRUE(descripciones.value(codigo) == t.left(255).trimmed() ||
+        EXPECT_TRUE(descripciones.value(codigo) == Recortado(t, 255).trimmed() ||
                     // Two texts that begin alike have one code.
                     t.size() >= 50)
             << Visto(t).toStdString() << " / " << Visto(descripciones.value(codigo)).toStdString();
         EXPECT_TRUE(columna(u"select otros from catarticulos where idcatalogo = "_s +
                                 TextoEnComillas(catalogo) + u" and idarticulo = "_s + TextoEnComillas(codigo),
                             entidad::catalogos)
-                            .value(0) == t.left(100).trimmed() ||
+                            .value(0) == Recortado(t, 100).trimmed() ||
                     t.size() >= 50)
             << Visto(t).toStdString();
     }
@@ -236,6 +236,14 @@ TEST_F(FuzzDeDatos, ACatalogueIsLoadedListedAndMovedAsItIs) {
     EXPECT_EQ(unValor(u"select count(*) from catarticulos where idcatalogo = 'FEO\\'"_s, entidad::catalogos),
               QString::number(lista.resultado().value(u"cantidad"_s).toInt()));
     EXPECT_EQ(unValor(otros, entidad::catalogos), cuantosOtros);
+    escribir(u"nulo.csv"_s, QByteArray("idarticulo,ncm\nA\0B,1\n", 20));
+    EXPECT_EQ(
+        dar({{u"catalogo"_s, u"cargar"_s, u"FEO NULO"_s, carpeta + u"/nulo.csv"_s}}, u"a zero character"_s)
+            .estado,
+        1);
+    EXPECT_EQ(
+        unValor(u"select count(*) from catarticulos where idcatalogo = 'FEO NULO'"_s, entidad::catalogos),
+        u"0"_s);
     nadaMas(antes, sin, u"catalogo"_s);
 }
 

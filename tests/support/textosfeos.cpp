@@ -81,6 +81,19 @@ QString Visto(const QString &texto) {
     return texto.size() > bastante ? visto + u"… (%1)"_s.arg(texto.size()) : visto;
 }
 
+bool TienePalabrasDeMotor(const QString &texto) {
+    static const QStringList palabras{u"syntax error"_s,    u"unrecognized token"_s,
+                                      u"near \""_s,         u"ERROR:"_s,
+                                      u"Unable to"_s,       u"QPSQL"_s,
+                                      u"QSQLITE"_s,         u"no such "_s,
+                                      u"does not exist"_s,  u"unterminated"_s,
+                                      u"invalid byte"_s,    u"La sentencia contiene"_s,
+                                      u"LINE 1"_s,          u"multiple commands"_s,
+                                      u"Parameter count"_s, u"invalid input syntax"_s};
+    return std::any_of(palabras.begin(), palabras.end(),
+                       [&texto](const QString &palabra) { return texto.contains(palabra); });
+}
+
 Azar::Azar() : semilla_(qEnvironmentVariable("ZENDRA_SEMILLA", u"20261122"_s).toUInt()), azar_(semilla_) {}
 
 std::size_t Azar::menorQue(std::size_t n) {

@@ -22,6 +22,10 @@ bool CabeEnArgumento(const QString &texto);
 /// The text with what cannot be seen written as "\u0007", cut when it is long: for what a test says.
 QString Visto(const QString &texto);
 
+/// Whether a text for a user has words that only a store says: something that was typed became a piece of a
+/// statement.
+bool TienePalabrasDeMotor(const QString &texto);
+
 /// Choices that can be made again: the seed is ZENDRA_SEMILLA of the environment, or always the same.
 class Azar {
  public:
