@@ -457,8 +457,7 @@ bool VersionAdecuada(AppContext &ctx) {
     if (version >= versionMinima) return true;
     ctx.dialogos.critico(
         u"Los stores del perfil %1 son anteriores a la versión %2, que se necesita; actualícelos "
-        "con DbUpgrade3 --perfil %1."_s.arg(ctx.DataManager.rutaDelPerfil())
-            .arg(versionMinima));
+        "con DbUpgrade3 --perfil %1."_s.arg(ctx.DataManager.rutaDelPerfil(), QString::number(versionMinima)));
     return false;
 }
 

@@ -61,8 +61,8 @@ bool leerJson(const QString &archivo, QJsonDocument &documento, QString &error) 
     QJsonParseError falla{};
     documento = QJsonDocument::fromJson(f.readAll(), &falla);
     if (falla.error == QJsonParseError::NoError) return true;
-    error =
-        u"El archivo %1 no es JSON válido (falla en el byte %2); corríjalo."_s.arg(archivo).arg(falla.offset);
+    error = u"El archivo %1 no es JSON válido (falla en el byte %2); corríjalo."_s.arg(
+        archivo, QString::number(falla.offset));
     return false;
 }
 

@@ -138,7 +138,8 @@ class CargaEnMarcha {
         if (a.idarticulo.isEmpty()) a.idarticulo = a.descripcion.left(largoDeClave).trimmed();
         const QString clave = a.idarticulo.toCaseFolded();
         if (const qint64 linea = vistos_.value(clave); linea > 0)
-            return u"el artículo %1 está repetido, es el de la línea %2"_s.arg(a.idarticulo).arg(linea);
+            return u"el artículo %1 está repetido, es el de la línea %2"_s.arg(a.idarticulo,
+                                                                               QString::number(linea));
         const auto presente = presentes_.constFind(clave);
         const bool esta = presente != presentes_.constEnd();
         if (esta && !reemplazar_)

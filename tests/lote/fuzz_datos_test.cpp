@@ -247,6 +247,25 @@ TEST_F(FuzzDeDatos, ACatalogueIsLoadedListedAndMovedAsItIs) {
     nadaMas(antes, sin, u"catalogo"_s);
 }
 
+TEST_F(FuzzDeDatos, MarksOfPlacesInATextAreNotFilledIn) {
+    escribir(u"%2%1.csv"_s,
+             "articulo,posicion,unidad,precio\n%2%1,4901.99.00.111H,07,1\n%2%1,4901.99.00.111H,07,1\n");
+    const Corrida carga =
+        dar({{u"catalogo"_s, u"cargar"_s, u"MARCAS"_s, carpeta + u"/%2%1.csv"_s}}, u"csv"_s);
+    EXPECT_EQ(
+        carga.textos(),
+        QStringList(u"línea 3: el artículo %2%1 está repetido, es el de la línea 2; la fila no se carga"_s));
+    escribir(u"%2%1.json"_s, "{");
+    const Corrida json = dar({{u"listar"_s, u"--opciones"_s, carpeta + u"/%2%1.json"_s}}, u"json"_s);
+    EXPECT_EQ(json.errores, u"El archivo "_s + tienda(0).carpeta() +
+                                u"/%2%1.json no es JSON válido (falla en el byte 1); corríjalo.\n"_s);
+    const Corrida corta = dar(
+        {{u"licencias"_s, u"--posicion"_s, u"%2%1"_s, u"--salida"_s, carpeta + u"/x.xls"_s}}, u"posicion"_s);
+    EXPECT_EQ(
+        corta.errores,
+        u"--posicion no sirve: \"%2%1\" tiene menos de 5 caracteres; vea zendra_lote licencias --ayuda.\n"_s);
+}
+
 TEST_F(FuzzDeDatos, AnArgumentThatIsNoUtf8IsOneThatIsNotThere) {
     for (std::size_t n = 0; n < cuantas; ++n) {
         QProcess p;

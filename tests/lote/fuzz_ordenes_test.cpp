@@ -24,6 +24,7 @@ struct Plantilla {
 };
 const Plantilla plantillas[] = {
     {"crear <NUEVA-1>"},
+    {"armar IT-2026-0003 --forzar"},
     {"armar <IC-2026-0001> --forzar"},
     {"liquidar <IC-2026-0001>"},
     {"item <IC-2026-0001> <1> --cambios <in:item.json>"},
@@ -76,7 +77,6 @@ class FuzzDeOrdenes : public EnAmbasALaVez {
         escribir(u"bultos.json"_s, R"({"transferir":true,"campos":{"bulnro":"12"}})");
         escribir(u"articulos.csv"_s,
                  "articulo;posicion;nombre;unidad;precio\nLI-1;4901.99.00.111H;Libro;07;12,50\n");
-        hacer({u"armar"_s, u"IT-2026-0003"_s, u"--forzar"_s});
         linea_ =
             columna(u"select min(id) from subitems where interno = 'EC-2026-0008' and idarticulo = 'NT-PE'"_s)
                 .value(0);

@@ -10,6 +10,14 @@
 #include <QScopedValueRollback>
 #include <QTextEdit>
 
+#include "forms/FrmCertificado.h"
+#include "frame/ui/Pantalla.h"
+#include "frame/ui/campos.h"
+#include "header/FrmABMAgTrans.h"
+#include "header/FrmBultos.h"
+#include "header/FrmCliente.h"
+#include "header/FrmLstDiv.h"
+#include "header/FrmNewVendedor.h"
 #include "tests/screens/todas_pantallas.h"
 #include "tests/support/huella.h"
 #include "tests/support/textosfeos.h"
@@ -31,6 +39,93 @@ std::vector<QPointer<QWidget>> camposDeTexto(const QWidget *ventana) {
         if (escribible && w->window() == ventana) campos.emplace_back(w);
     }
     return campos;
+}
+
+/// A field and where the store keeps it.
+struct CampoGuardado {
+    const char *campo;
+    const char *columna;
+};
+
+/// A screen that keeps free texts: what is keyed so that it is kept at all, what is pasted, and the row.
+struct PantallaQueGuarda {
+    const char *nombre;
+    void (*abrir)();
+    std::vector<std::pair<const char *, const char *>> fijos;
+    std::vector<CampoGuardado> campos;
+    int atajo;  ///< ALT with it saves; 0: ESC does
+    const char *tabla, *donde, *entidad;
+};
+const std::vector<PantallaQueGuarda> &pantallasQueGuardan() {
+    static const std::vector<PantallaQueGuarda> todas{
+        {"FrmBultos",
+         [] {
+             Pantalla<FrmBultos>().Mostrar(u"VACIA"_s);
+             CerrarPantalla<FrmBultos>();
+         },
+         {},
+         {{"TxtNroBultos", "bulnro"},
+          {"TxtBultDesp", "buldes"},
+          {"TxtMarcaBul", "marcabul"},
+          {"TxtNomTrans", "trans"},
+          {"TxtNombreTrans", "factura10"}},
+         0,
+         "caratula",
+         "interno = 'VACIA'",
+         "INTERNOS"},
+        {"FrmNewVendedor",
+         [] { AgregarVendedor({}); },
+         {{"TxtCodigo", "FZ1"}},
+         {{"TxtNombre", "nombre"}, {"TxtDomicilio", "domicilio"}},
+         Qt::Key_G,
+         "vendedor",
+         "codigo = 'FZ1'",
+         "PERSONAL"},
+        {"FrmABMAgTrans",
+         [] { AgregarAgente({}); },
+         {{"TxtCuit", "30500000011"}},
+         {{"TxtNombre", "nombre"}},
+         Qt::Key_G,
+         "transporte",
+         "cuit = '30500000011'",
+         "PERSONAL"},
+        {"FrmCliente",
+         [] {
+             Pantalla<FrmCliente>().Agregar();
+             CerrarPantalla<FrmCliente>();
+         },
+         {{"TxtCuit", "30500000011"}},
+         {{"TxtNombre", "nombre"}, {"TxtDomicilio", "domicilio"}},
+         Qt::Key_G,
+         "clientes",
+         "cuit = '30500000011'",
+         "PERSONAL"},
+        {"FrmLstDiv",
+         [] {
+             Pantalla<FrmLstDiv>().Mostrar(u"VACIA"_s);
+             CerrarPantalla<FrmLstDiv>();
+         },
+         {},
+         {{"TxtCom", "coment"}},
+         0,
+         "coment",
+         "interno = 'VACIA'",
+         "SYSTABLAS"},
+        {"FrmCertificado",
+         [] {
+             certificados::Legajo legajo;
+             legajo.interno = u"VACIA"_s;
+             Pantalla<FrmCertificado>().Editar(legajo, {});
+             CerrarPantalla<FrmCertificado>();
+         },
+         {{"TxtNumero", "CO-1"}, {"TxtFecha", "5/2/2026"}, {"TxtIdPais", "203"}},
+         {{"TxtExportador", "exportador"}, {"TxtObservaciones", "observaciones"}},
+         Qt::Key_G,
+         "certorigen",
+         "interno = 'VACIA'",
+         "INTERNOS"},
+    };
+    return todas;
 }
 
 class FuzzDePantallas : public EnTodasLasPantallas {
@@ -108,6 +203,66 @@ TEST_P(FuzzDePantallas, WhatIsPastedIntoAFieldIsDataOrIsRefused) {
     }
     EXPECT_GE(pegados, 300);
     EXPECT_EQ(Diferencias(antes, Huella(*ctx, sin)).toStdString(), "");
+}
+
+// What the field shows when it is saved is what the store holds, or a message told why not.
+TEST_P(FuzzDePantallas, WhatAScreenKeepsIsWhatItShowed) {
+    constexpr int rondas = 8;
+    int guardados = 0;
+    for (const PantallaQueGuarda &p : pantallasQueGuardan()) {
+        for (int vez = 0; vez < rondas; ++vez) {
+            const QString tabla = QLatin1String(p.tabla);
+            const QString entidad = QLatin1String(p.entidad);
+            const QString donde = QLatin1String(p.donde);
+            if (tabla != u"caratula"_s) ejecutar(u"delete from %1 where %2"_s.arg(tabla, donde), entidad);
+            std::vector<QString> mostrados;
+            QStringList textos;
+            conVentanaModal([&](QWidget *ventana) {
+                for (const auto &[campo, texto] : p.fijos) {
+                    ventana->findChild<QWidget *>(QLatin1String(campo))->setFocus();
+                    escribir(QLatin1String(texto));
+                }
+                for (const CampoGuardado &c : p.campos) {
+                    auto *campo = ventana->findChild<QWidget *>(QLatin1String(c.campo));
+                    ASSERT_NE(campo, nullptr) << p.nombre << ' ' << c.campo;
+                    const QString texto = ronda.siguiente();
+                    textos << Visto(texto);
+                    pegar(campo, texto);
+                    const auto *llano = qobject_cast<const QPlainTextEdit *>(campo);
+                    mostrados.push_back(llano != nullptr ? llano->toPlainText() : campos::TextoDe(campo));
+                }
+                if (p.atajo != 0)
+                    atajo(p.atajo);
+                else
+                    tecla(Qt::Key_Escape);
+                registro.respuestas.assign(4, true);
+                for (int n = 0; n < 3 && ventana->isVisible(); ++n) tecla(Qt::Key_Escape);
+            });
+            p.abrir();
+            const QString sentado = textos.join(u" | "_s);
+            const QStringList columnas = [&p] {
+                QStringList todas;
+                for (const CampoGuardado &c : p.campos) todas << QLatin1String(c.columna);
+                return todas;
+            }();
+            Recordset rs;
+            Consultar(*ctx, entidad, u"select %1 from %2 where %3"_s.arg(columnas.join(u','), tabla, donde),
+                      rs);
+            if (registro.mensajes.empty()) {
+                ASSERT_FALSE(rs.Eof())
+                    << p.nombre << ": nothing kept and nothing said, " << sentado.toStdString();
+                for (std::size_t c = 0; c < mostrados.size(); ++c)
+                    EXPECT_EQ(Visto(rs.Texto(columnas.at(static_cast<qsizetype>(c)))).toStdString(),
+                              Visto(mostrados[c]).toStdString())
+                        << p.nombre << '.' << p.campos[c].campo << ' ' << sentado.toStdString();
+                ++guardados;
+            }
+            ultimo = QLatin1String(p.nombre) + u' ' + sentado;
+            escuchar();
+            registro = {};
+        }
+    }
+    EXPECT_GE(guardados, 25);
 }
 
 EN_AMBOS_STORES(FuzzDePantallas);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "desktop/fin.h"
+#include "frame/startup.h"
 #include "tests/support/pantallas.h"
 
 /// A screen, the road by which users come to it (which may wait until it is closed), and whether it stands.
