@@ -40,13 +40,14 @@ class Azar {
     std::mt19937 azar_;
 };
 
-/// Texts of the table and mixtures by turns, so that many users of few of them see all of the table.
+/// Texts of the table and mixtures by turns, so that many users of few of them see all of the table. Where it
+/// begins is the seed's.
 class Ronda {
  public:
-    explicit Ronda(Azar &azar) : azar_(azar) {}
+    explicit Ronda(Azar &azar) : azar_(azar), vez_(azar.menorQue(TextosFeos().size())) {}
     QString siguiente();
 
  private:
     Azar &azar_;
-    std::size_t vez_ = 0;
+    std::size_t vez_;
 };
