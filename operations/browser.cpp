@@ -112,7 +112,7 @@ QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
                            " and "_L1 + ctx.DataManager.getDateFormatbyEntity(internos, f.hasta.endOfDay()) +
                            " )"_L1;
     if (!f.txtInterno.trimmed().isEmpty())
-        condiciones << " interno like '"_L1 + f.txtInterno.trimmed() + "%' "_L1;
+        condiciones << " interno like "_L1 + TextoEnComillas(f.txtInterno.trimmed() + u'%') + u' ';
     if (f.transferencias == Transferencias::Pendientes)
         condiciones << u" interno not in (select interno from transferidas) "_s;
     if (f.transferencias == Transferencias::Transferidos)

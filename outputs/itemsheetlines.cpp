@@ -25,7 +25,7 @@ std::vector<Recordset> CorridaDeHoja::consultarJuntas(const QStringList &sentenc
 void CorridaDeHoja::linea(const QString &texto, bool conElSiguiente) {
     QString sinComillas = texto;
     sinComillas.replace(u'\'', u'`');
-    porMandar << "insert into tabla (linea) values ('"_L1 + sinComillas + "')"_L1;
+    porMandar << "insert into tabla (linea) values ("_L1 + EnComillas(sinComillas) + u')';
     constexpr qsizetype bastantes = 500;
     if (porMandar.size() >= bastantes) mandarLineas();
     papel::Renglon &marca = marcas.emplace_back();

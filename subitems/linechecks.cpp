@@ -50,11 +50,10 @@ bool iguales(const QString &a, const QString &b) {
 }
 
 QString sentenciaDeUnidades(const QString &posicion) {
-    const ClavesNcm k = CortarPosicion(posicion);
     return "select [012],[020] "
            "from ncm "
-           "where [001] = '"_L1 +
-           k.c001 + "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1;
+           "where "_L1 +
+           CondicionDePosicion(CortarPosicion(posicion));
 }
 
 /// The position as the suffixes go by it.

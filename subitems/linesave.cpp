@@ -161,15 +161,16 @@ bool tomarInsumos(AppContext &ctx, const SubItems &s) {
     if (!Consultar(ctx, internos,
                    "select top 2 * "
                    "from subitems "
-                   "where interno = '"_L1 +
-                       s.interno + "' and IdCatalogo='"_L1 + DoblarComillas(c.TxtIdCatalogo) +
-                       "' and IDARTICULO='"_L1 + DoblarComillas(c.txtIdArticulo) +
-                       "' "
+                   "where interno = "_L1 +
+                       EnComillas(s.interno) + " and IdCatalogo="_L1 + TextoEnComillas(c.TxtIdCatalogo) +
+                       " and IDARTICULO="_L1 + TextoEnComillas(c.txtIdArticulo) +
+                       " "
                        "order by id desc"_L1,
                    rs))
         return true;
     const qint64 id = static_cast<qint64>(rs.Numero(u"id"));
-    const QString donde = " where interno = '"_L1 + s.interno + "'  and id = "_L1 + QString::number(id);
+    const QString donde =
+        " where interno = "_L1 + EnComillas(s.interno) + "  and id = "_L1 + QString::number(id);
     double CIFDescontado = 0;
     const insumos::Toma toma{c.TxtIdCatalogo,
                              c.txtIdArticulo,

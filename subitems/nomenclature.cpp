@@ -1,5 +1,6 @@
 #include "subitems/nomenclature.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
 
@@ -30,7 +31,7 @@ std::vector<std::vector<FamiliaDelCatalogo>> conSusFilas(AppContext &ctx, const 
             deFilas << "select sufijo,detalle "
                        "from sufidos "
                        "where sim in "_L1 +
-                           lista + " and left(sufijo,2) = '"_L1 + familias.back().codigo + "'"_L1;
+                           lista + " and left(sufijo,2) = "_L1 + TextoEnComillas(familias.back().codigo);
         }
     }
     std::vector<Recordset> filas = ConsultarSeguidas(ctx, entidad::ncm, deFilas);
@@ -77,8 +78,8 @@ QString SentenciaDePosicion(const QString &posicion) {
     const ClavesNcm claves = CortarPosicion(posicion);
     return "select [001] as pos "
            "from ncm "
-           "where [001]='"_L1 +
-           claves.c001 + "' and [002]='"_L1 + claves.c002 + "'"_L1;
+           "where [001]="_L1 +
+           TextoEnComillas(claves.c001) + " and [002]="_L1 + TextoEnComillas(claves.c002);
 }
 
 std::vector<bool> ExistenPosiciones(AppContext &ctx, const QStringList &posiciones) {
@@ -111,11 +112,10 @@ std::vector<FamiliaDelCatalogo> LeerFamilias(AppContext &ctx, const QString &pos
 }
 
 QString SentenciaDeMarcas(const QString &posicion) {
-    const ClavesNcm claves = CortarPosicion(posicion);
     return "select [028], [041] as estampillado, [059] as LAPI "
            "from ncm "
-           "where [001] = '"_L1 +
-           claves.c001 + "' and [002] = '"_L1 + claves.c002 + "' and [003] = '"_L1 + claves.c003 + "'"_L1;
+           "where "_L1 +
+           CondicionDePosicion(CortarPosicion(posicion));
 }
 
 std::vector<MarcasNcm> LeerMarcasNcm(AppContext &ctx, const QStringList &posiciones) {

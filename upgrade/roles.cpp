@@ -1,7 +1,5 @@
 #include "upgrade/roles.h"
 
-#include <libpq-fe.h>
-
 #include <QRandomGenerator>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -9,6 +7,7 @@
 
 #include "frame/base/values.h"
 #include "frame/store/connectwords.h"
+#include "frame/store/postgres_line.h"
 
 using namespace Qt::StringLiterals;
 
@@ -63,7 +62,7 @@ QString claveAlAzar() {
 
 /// The password as the server keeps it: neither its log nor whoever watches its statements sees the word.
 QString cifrada(const Almacen &a, const QString &rol, const QString &clave) {
-    pg_conn *mango = motores::mangoDeLaBiblioteca(a.db());
+    PGconn *mango = motores::linea::Mango(a.db());
     char *texto =
         PQencryptPasswordConn(mango, clave.toUtf8().constData(), rol.toUtf8().constData(), "scram-sha-256");
     if (texto == nullptr)

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 
+#include "frame/base/texts.h"
 #include "frame/paper/cells.h"
 #include "frame/paper/layout.h"
 #include "frame/paper/replace.h"
@@ -41,6 +42,15 @@ QString cabecera(const Tabla &tabla) {
     QString subtitulo = SinControles(tabla.subtitulo).replace(u'&', u"&&"_s);
     const QString entera = u"&L&\"Arial,Bold\"&14"_s + titulo + u"&R&\"Arial,Regular\"&9 "_s + subtitulo;
     return entera.size() < letrasDeCabecera ? entera : entera.left(letrasDeCabecera - 1);
+}
+
+/// The letters that fit in a cell. The library writes control characters by their codes; what XML has no way
+/// to say at all gets a mark in its place.
+QString textoDeCelda(const QString &texto) {
+    QString cabe = Recortado(texto, letrasPorCelda);
+    for (QChar &letra : cabe)
+        if (letra == QChar(0xFFFE) || letra == QChar(0xFFFF)) letra = QChar(QChar::ReplacementCharacter);
+    return cabe;
 }
 
 /// One workbook of one sheet. Texts are always written as texts, whatever they begin with.
@@ -109,7 +119,7 @@ void Libro::escribirTexto(lxw_row_t fila, std::size_t columna, const QString &te
         return;
     }
     worksheet_write_string(hoja_, fila, static_cast<lxw_col_t>(columna),
-                           texto.left(letrasPorCelda).toUtf8().constData(), como);
+                           textoDeCelda(texto).toUtf8().constData(), como);
 }
 
 /// A sum is a formula with its value: SUBTOTAL leaves out other sums and the rows that a filter hides, so

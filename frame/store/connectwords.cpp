@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSqlDatabase>
-#include <QSqlDriver>
 #include <algorithm>
 #include <array>
 
@@ -157,14 +156,6 @@ QString textoDeConexion(const Datos &datos) {
     const auto demas = palabrasDe(datos);
     todas.insert(todas.end(), demas.begin(), demas.end());
     return texto(todas);
-}
-
-pg_conn *mangoDeLaBiblioteca(const QSqlDatabase &db) {
-    const QVariant v = db.driver()->handle();
-    // Called by the name of the structure, or by that of its alias, as Qt is built.
-    const QLatin1StringView tipo(v.typeName());
-    return tipo == "pg_conn*"_L1 || tipo == "PGconn*"_L1 ? *static_cast<pg_conn *const *>(v.constData())
-                                                         : nullptr;
 }
 
 }  // namespace motores

@@ -9,7 +9,6 @@
 #include "frame/store/engines.h"
 
 class QSqlDatabase;
-struct pg_conn;
 
 namespace motores {
 
@@ -31,8 +30,5 @@ void prepararConexion(const Datos &datos, QSqlDatabase &db);
 /// The same for the server's own programs, as one argument: "host='…' port='…' …". Without the password,
 /// which a list of processes would show.
 QString textoDeConexion(const Datos &datos);
-
-/// The client library's own handle behind an open connection; null when Qt was built with another.
-pg_conn *mangoDeLaBiblioteca(const QSqlDatabase &db);
 
 }  // namespace motores
