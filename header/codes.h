@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "frame/store/store.h"
+#include "frame/context.h"
 
 struct AppContext;
 

@@ -100,7 +100,7 @@ struct Destino {
             const std::string ruta = host + "/.s.PGSQL." + puerto;
             if (ruta.size() >= sizeof donde.sun_path) return Descriptor();
             std::copy(ruta.begin(), ruta.end(), static_cast<char *>(donde.sun_path));
-            if (connect(s.numero(), reinterpret_cast<const sockaddr *>(&donde), sizeof donde) != 0)
+            if (::connect(s.numero(), reinterpret_cast<const sockaddr *>(&donde), sizeof donde) != 0)
                 return Descriptor();
             return s;
         }
@@ -111,7 +111,7 @@ struct Destino {
         Descriptor hallado;
         for (const addrinfo *uno = lista; uno != nullptr && hallado.numero() < 0; uno = uno->ai_next) {
             Descriptor s(socket(uno->ai_family, uno->ai_socktype | SOCK_CLOEXEC, uno->ai_protocol));
-            if (s.numero() >= 0 && connect(s.numero(), uno->ai_addr, uno->ai_addrlen) == 0)
+            if (s.numero() >= 0 && ::connect(s.numero(), uno->ai_addr, uno->ai_addrlen) == 0)
                 hallado = std::move(s);
         }
         freeaddrinfo(lista);
