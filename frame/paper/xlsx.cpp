@@ -32,7 +32,7 @@ QString nombreDeHoja(const Tabla &tabla) {
     QString nombre = SinControles(tabla.titulo);
     for (QChar &letra : nombre)
         if (u"[]:*?/\\'"_s.contains(letra)) letra = u' ';
-    nombre = nombre.simplified().left(letrasDeHoja).trimmed();
+    nombre = Recortado(nombre.simplified(), letrasDeHoja).trimmed();
     return nombre.isEmpty() ? u"Lista"_s : nombre;
 }
 
@@ -41,7 +41,7 @@ QString cabecera(const Tabla &tabla) {
     QString titulo = SinControles(tabla.titulo).replace(u'&', u"&&"_s);
     QString subtitulo = SinControles(tabla.subtitulo).replace(u'&', u"&&"_s);
     const QString entera = u"&L&\"Arial,Bold\"&14"_s + titulo + u"&R&\"Arial,Regular\"&9 "_s + subtitulo;
-    return entera.size() < letrasDeCabecera ? entera : entera.left(letrasDeCabecera - 1);
+    return entera.size() < letrasDeCabecera ? entera : Recortado(entera, letrasDeCabecera - 1);
 }
 
 /// The letters that fit in a cell. The library writes control characters by their codes; what XML has no way
@@ -203,8 +203,8 @@ void Libro::prepararHoja() {
 
 QString Libro::Escribir() {
     if (libro_ == nullptr) return u"no hay memoria para la planilla; cierre otros programas"_s;
-    const QByteArray titulo = tabla_.titulo.toUtf8();
-    const QByteArray asunto = tabla_.subtitulo.toUtf8();
+    const QByteArray titulo = SinControles(tabla_.titulo).toUtf8();
+    const QByteArray asunto = SinControles(tabla_.subtitulo).toUtf8();
     lxw_doc_properties propiedades = {};
     propiedades.title = const_cast<char *>(titulo.constData());
     propiedades.subject = const_cast<char *>(asunto.constData());

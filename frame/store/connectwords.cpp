@@ -54,7 +54,7 @@ QString citada(QString valor) {
     return QLatin1Char('\'') + valor + QLatin1Char('\'');
 }
 
-QString texto(const std::vector<std::pair<QString, QString>> &palabras) {
+QString enPalabras(const std::vector<std::pair<QString, QString>> &palabras) {
     QStringList partes;
     for (const auto &[nombre, valor] : palabras) partes << nombre + QLatin1Char('=') + citada(valor);
     return partes.join(QLatin1Char(' '));
@@ -146,7 +146,7 @@ void prepararConexion(const Datos &datos, QSqlDatabase &db) {
     db.setUserName(datos.usuario);
     // An empty one leaves the answer to PostgreSQL's own password file.
     if (!datos.clave.isEmpty()) db.setPassword(datos.clave);
-    db.setConnectOptions(texto(palabrasDe(datos)));
+    db.setConnectOptions(enPalabras(palabrasDe(datos)));
 }
 
 QString textoDeConexion(const Datos &datos) {
@@ -155,7 +155,7 @@ QString textoDeConexion(const Datos &datos) {
     if (!datos.usuario.isEmpty()) todas.emplace_back(u"user"_s, datos.usuario);
     const auto demas = palabrasDe(datos);
     todas.insert(todas.end(), demas.begin(), demas.end());
-    return texto(todas);
+    return enPalabras(todas);
 }
 
 }  // namespace motores

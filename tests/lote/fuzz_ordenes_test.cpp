@@ -183,6 +183,7 @@ TEST_F(FuzzDeOrdenes, NoWordOfAnOrderBecomesAPieceOfAStatement) {
         const QString comando = lote::Comandos().empty() ? QString() : palabras.front().texto;
         SinContar sin{{u"IC-2026-0001"_s, u"IT-2026-0003"_s, u"EC-2026-0008"_s, u"NUEVA-1"_s},
                       QString::fromLatin1(p.escribe).split(u' ', Qt::SkipEmptyParts)};
+        sin.operaciones << creadas_;
         const auto antes = huellas(sin);
         const OrdenDeLote buena = ordenDe(p, palabras);
         hacer(buena.palabras, buena.respuestas);

@@ -1,10 +1,18 @@
 #include "tests/support/oficina.h"
 
+#include <gtest/gtest.h>
+
 #include <QCoreApplication>
-#include <QDir>
+#include <QFile>
 #include <QProcess>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+#include <QVariant>
 
 #include "frame/base/ini.h"
+#include "frame/store/StoreProfiles.h"
+#include "frame/store/connectwords.h"
 #include "tests/support/certificados.h"
 #include "tests/support/servidortls.h"
 #include "tests/support/tienda.h"
@@ -65,4 +73,39 @@ QString Oficina::correr(const QString &sql) const {
 
 QString Oficina::dice(const QString &perfil, const QString &clave) {
     return LeerIni(u"INTERNOS"_s, clave, perfil);
+}
+
+QByteArray Leido(const QString &ruta) {
+    QFile f(ruta);
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << ruta.toStdString();
+    return f.readAll();
+}
+
+bool EsDeSuDuenoSolo(const QString &ruta) {
+    constexpr auto deOtros = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                             QFile::WriteOther | QFile::ExeOther;
+    return QFile::exists(ruta) && !(QFile::permissions(ruta) & deOtros);
+}
+
+ComoElPerfil::ComoElPerfil(const QString &ruta) : nombre_(QUuid::createUuid().toString()) {
+    StoreProfiles::SPMain manager;
+    EXPECT_TRUE(manager.usarPerfil(ruta));
+    db_ = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre_);
+    motores::prepararConexion(*manager.datos(u"INTERNOS"_s), db_);
+    EXPECT_TRUE(db_.open()) << db_.lastError().text().toStdString();
+}
+
+ComoElPerfil::~ComoElPerfil() {
+    db_ = QSqlDatabase();
+    QSqlDatabase::removeDatabase(nombre_);
+}
+
+std::string ComoElPerfil::correr(const QString &sql) const {
+    QSqlQuery consulta(db_);
+    return consulta.exec(sql) ? std::string() : consulta.lastError().nativeErrorCode().toStdString();
+}
+
+QString ComoElPerfil::celda(const QString &sql) const {
+    QSqlQuery consulta(db_);
+    return consulta.exec(sql) && consulta.next() ? consulta.value(0).toString() : u"<nada>"_s;
 }

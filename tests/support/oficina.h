@@ -1,10 +1,13 @@
 #pragma once
 // An office on the server with TLS: DbUpgrade3 as its administrator runs it, and the profiles that it leaves.
 
+#include <QByteArray>
+#include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <map>
+#include <string>
 
 struct CorridaDeDb {
     int estado = -1;  ///< exit status; -1: it did not end by itself
@@ -46,4 +49,26 @@ class Oficina {
  private:
     QTemporaryDir dir_;
     QString base_;
+};
+
+QByteArray Leido(const QString &ruta);
+/// Whether the file is there and nobody but its owner may do anything with it.
+bool EsDeSuDuenoSolo(const QString &ruta);
+
+/// A connection to the base as a profile says, past the program.
+class ComoElPerfil {
+ public:
+    explicit ComoElPerfil(const QString &ruta);
+    ~ComoElPerfil();
+    ComoElPerfil(const ComoElPerfil &) = delete;
+    ComoElPerfil &operator=(const ComoElPerfil &) = delete;
+
+    /// The engine's code of the failure; empty for none.
+    std::string correr(const QString &sql) const;
+    /// The first cell of the answer; "<nada>" without one.
+    QString celda(const QString &sql) const;
+
+ private:
+    QString nombre_;
+    QSqlDatabase db_;
 };

@@ -236,7 +236,7 @@ void Tienda::PasarPor(const Intermediario &linea) {
 }
 
 void Tienda::IrDerecho() {
-    if (!escribirPerfil(carpeta_, base_, perfil_)) fallar(u"profile"_s);
+    if (!escribirPerfil(carpeta_, {palabras_, base_}, perfil_)) fallar(u"profile"_s);
 }
 
 std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
