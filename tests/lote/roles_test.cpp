@@ -72,8 +72,11 @@ TEST_F(DosRoles, TheSetUpAgainChangesNothing) {
     const QByteArray dueno = Leido(oficina->perfilDelDueno());
     const CorridaDeDb c = oficina->poner();
     EXPECT_EQ(c.estado, 0) << c.errores.toStdString();
+    // Without what a slow machine tells of its progress.
+    QStringList dicho = c.salida.split('\n');
+    dicho.removeIf([](const QString &linea) { return linea.startsWith("  "); });
     EXPECT_EQ(
-        c.salida.toStdString(),
+        dicho.join('\n').toStdString(),
         QString(
             "Perfil: %1 (usuario %2)\nPerfil: %3 (usuario %4)\nLos stores ya estaban en la versión 330.\n")
             .arg(oficina->perfilDelDueno(), oficina->dueno(), oficina->perfil(), oficina->trabajo())
