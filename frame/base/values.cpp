@@ -18,9 +18,8 @@ namespace {
 
 /// What no store keeps does not even begin to be a statement: behind a zero character both engines see
 /// nothing, and one takes half of a pair together with the letter behind it, the closing quote perhaps.
-QString comillasAlrededor(const QString &texto) {
+void comprobarQueSeGuarda(const QString &texto) {
     if (const QString defecto = DefectoDeTexto(texto); !defecto.isEmpty()) negar(defecto);
-    return QLatin1Char('\'') % texto % QLatin1Char('\'');
 }
 
 }  // namespace
@@ -96,9 +95,11 @@ QString EnComillas(const QString &texto) {
     if (texto.contains(QLatin1Char('\'')))
         negar(u"El código \"%1\" tiene un apóstrofo, que un código no lleva; quítelo y vuelva a intentar."_s
                   .arg(Citado(texto)));
-    return comillasAlrededor(texto);
+    comprobarQueSeGuarda(texto);
+    return QLatin1Char('\'') % texto % QLatin1Char('\'');
 }
 
 QString TextoEnComillas(const QString &texto) {
-    return comillasAlrededor(DoblarComillas(texto));
+    comprobarQueSeGuarda(texto);
+    return QLatin1Char('\'') % DoblarComillas(texto) % QLatin1Char('\'');
 }

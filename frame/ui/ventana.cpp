@@ -15,7 +15,9 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
         hacer();
         return true;
     } catch (const Falla &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        // A refusal of our own has no number.
+        ctx.dialogos.critico((e.numero == 0 ? QString() : QString::number(e.numero) + " - "_L1) +
+                             e.descripcion);
         return false;
     }
 }

@@ -5,10 +5,13 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QTest>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "forms/FrmCertificado.h"
 #include "frame/ui/Pantalla.h"
@@ -228,7 +231,19 @@ TEST_P(FuzzDePantallas, WhatAScreenKeepsIsWhatItShowed) {
             if (tabla != u"caratula"_s) ejecutar(u"delete from %1 where %2"_s.arg(tabla, donde), entidad);
             std::vector<QString> mostrados;
             QStringList textos;
+            QPointer<QWidget> enPie;
+            QTimer deMas;
+            // What comes over the screen is left.
+            QObject::connect(&deMas, &QTimer::timeout, qApp, [&enPie] {
+                QWidget *modal = QApplication::activeModalWidget();
+                if (enPie != nullptr && modal != nullptr && modal != enPie &&
+                    modal->windowHandle() != nullptr)
+                    QTest::keyClick(modal->windowHandle(), Qt::Key_Escape);
+            });
+            constexpr int unMomento = 20;
+            deMas.start(unMomento);
             conVentanaModal([&](QWidget *ventana) {
+                enPie = ventana;
                 for (const auto &[campo, texto] : p.fijos) {
                     ventana->findChild<QWidget *>(QLatin1String(campo))->setFocus();
                     escribir(QLatin1String(texto));
@@ -246,8 +261,19 @@ TEST_P(FuzzDePantallas, WhatAScreenKeepsIsWhatItShowed) {
                     atajo(p.atajo);
                 else
                     tecla(Qt::Key_Escape);
-                registro.respuestas.assign(4, true);
-                for (int n = 0; n < 3 && ventana->isVisible(); ++n) tecla(Qt::Key_Escape);
+                // To some "Si" is to leave, to others to save first.
+                for (int n = 0; n < 3 && enPie != nullptr && enPie->isVisible(); ++n) {
+                    registro.respuestas.assign(4, n % 2 == 0);
+                    enPie->activateWindow();
+                    QTest::keyClick(enPie->windowHandle(), Qt::Key_Escape);
+                }
+                if (enPie == nullptr || !enPie->isVisible()) return;
+                QStringList dicho;
+                for (const Mensaje &m : registro.mensajes) dicho << m.texto;
+                ADD_FAILURE() << "ESC does not leave it: " << p.nombre << ' '
+                              << textos.join(u" | "_s).toStdString() << ": "
+                              << dicho.join(u" / "_s).toStdString();
+                qobject_cast<QDialog *>(enPie)->done(QDialog::Rejected);
             });
             p.abrir();
             const QString sentado = textos.join(u" | "_s);
