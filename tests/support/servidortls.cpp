@@ -8,12 +8,12 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QTcpServer>
 #include <QThread>
 #include <QUuid>
 #include <QVariant>
 
 #include "tests/support/certificados.h"
+#include "tests/support/puertolibre.h"
 #include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;
@@ -24,15 +24,9 @@ QString script() {
     return CarpetaDeFuentes() + u"/scripts/test-server"_s;
 }
 
-QString puertoLibre() {
-    QTcpServer libre;
-    EXPECT_TRUE(libre.listen(QHostAddress::LocalHost));
-    return QString::number(libre.serverPort());
-}
-
 }  // namespace
 
-ServidorTls::ServidorTls() : puerto_(puertoLibre()) {
+ServidorTls::ServidorTls() : puerto_(QString::number(PuertoLibre())) {
     const Certificados &c = CertificadosDePrueba();
     QProcess p;
     p.start(script(), {u"start-tls"_s, puerto_, c.clave, c.bueno, c.otroNombre});
