@@ -1,6 +1,7 @@
 // Advantages of the client, of the regime and of the articles.
 
 #include "assembly/phases.h"
+#include "frame/base/values.h"
 #include "frame/escritura.h"
 #include "header/automotive.h"
 #include "subitems/nomenclature.h"
@@ -28,7 +29,7 @@ void insertarDelCliente(ContextoArmado &r, const QString &prueba, bool soloConPo
     for (; !filas.Eof(); filas.MoveNext()) {
         const QString ncm = filas.Texto(u"NCM").trimmed();
         if (ncm.isEmpty() && soloConPosicion) continue;
-        agregarAItems(r, ncm.isEmpty() ? todos : todos + " and ncm like '"_L1 + ncm + "%'"_L1,
+        agregarAItems(r, ncm.isEmpty() ? todos : todos + " and ncm like "_L1 + TextoEnComillas(ncm + u'%'),
                       filas.Texto(u"idventaja"));
     }
 }

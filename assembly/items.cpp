@@ -6,6 +6,7 @@
 #include "frame/base/values.h"
 #include "frame/escritura.h"
 #include "frame/sqltext.h"
+#include "frame/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -108,29 +109,34 @@ bool mismaFila(const Recordset &a, const Recordset &b) {
     return true;
 }
 
+QString primerGrupoSinItem(const ContextoArmado &r) {
+    return u"select top 1 * from groupsubitems "
+           "where interno = %1 and id is null order by idsub"_s.arg(r.clave());
+}
+
+QString numerar(qint64 n, const QString &clave) {
+    return u"update groupsubitems set id = %1 %2"_s.arg(QString::number(n), clave);
+}
+
 /// Each item's sums and the first group of the next travel with the update that they follow.
-void numerarPorAparicion(ContextoArmado &r) {
+void numerarUnoPorUno(ContextoArmado &r) {
     qint64 n = 0;
     Recordset primero;
-    const QString siguiente =
-        u"select top 1 * from groupsubitems "
-        "where interno = %1 and id is null order by idsub"_s.arg(r.clave());
-    for (r.consultar(siguiente, primero); !primero.Eof();) {
+    for (r.consultar(primerGrupoSinItem(r), primero); !primero.Eof();) {
         ++n;
         Recordset sumas;
         Recordset despues;
         // False when no group was met: this one comes first again then.
-        const auto numerar = [&](Puntas puntas) {
-            r.mandar(u"update groupsubitems set id = %1 %2"_s.arg(
-                QString::number(n), claveDe(r, primero, clavesDeAparicion, puntas)));
-            r.internos().Anticipar({sumasDelItem(r, n), siguiente});
+        const auto alcanza = [&](Puntas puntas) {
+            r.mandar(numerar(n, claveDe(r, primero, clavesDeAparicion, puntas)));
+            r.internos().Anticipar({sumasDelItem(r, n), primerGrupoSinItem(r)});
             r.consultar(sumasDelItem(r, n), sumas);
-            r.consultar(siguiente, despues);
+            r.consultar(primerGrupoSinItem(r), despues);
             return !mismaFila(primero, despues);
         };
         // The store keeps end blanks apart: a description that has them is met as it stands. A group that no
         // key meets would come first for ever, so it ends the run.
-        if (!numerar(Puntas::Recortadas) && !numerar(Puntas::ComoEstan))
+        if (!alcanza(Puntas::Recortadas) && !alcanza(Puntas::ComoEstan))
             throw Falla{0,
                         u"INTERNOS"_s,
                         u"No se pudo numerar el grupo de la posición '%1': revise el subitem %2."_s.arg(
@@ -139,6 +145,63 @@ void numerarPorAparicion(ContextoArmado &r) {
         insertarItem(r, primero, sumas, n);
         primero = std::move(despues);
     }
+}
+
+/// The keys of the items in the order in which they will come up, as far as can be told from here: the store
+/// decides which texts are equal.
+QStringList clavesPrevistas(const ContextoArmado &r) {
+    Recordset grupos;
+    r.consultar(
+        u"select * from groupsubitems "
+        "where interno = %1 and id is null order by idsub"_s.arg(r.clave()),
+        grupos);
+    QStringList claves;
+    QSet<QString> vistas;
+    for (; !grupos.Eof(); grupos.MoveNext()) {
+        const QString clave = claveDe(r, grupos, clavesDeAparicion, Puntas::Recortadas);
+        const auto antes = vistas.size();
+        vistas.insert(clave.toCaseFolded());
+        if (vistas.size() > antes) claves << clave;
+    }
+    return claves;
+}
+
+/// The same for a server, many items in one journey: each is asked for as it is foreseen, and the answers
+/// tell whether it was. Otherwise, and when a statement fails, nothing of it stays, and the answer is false.
+bool numerarJuntos(ContextoArmado &r) {
+    const QStringList claves = clavesPrevistas(r);
+    Conexion &internos = r.internos();
+    try {
+        Transaccion transaccion(internos);
+        constexpr qsizetype tramo = 64;
+        for (qsizetype desde = 0; desde < claves.size(); desde += tramo) {
+            QStringList sentencias;
+            const qsizetype hasta = std::min(desde + tramo, claves.size());
+            for (qsizetype k = desde; k < hasta; ++k)
+                sentencias << primerGrupoSinItem(r) << numerar(k + 1, claves.at(k)) << sumasDelItem(r, k + 1);
+            const std::vector<Recordset> respuestas = internos.ConsultarSeguidas(sentencias);
+            for (qsizetype k = desde; k < hasta; ++k) {
+                const auto suyas = static_cast<std::size_t>(k - desde) * 3;
+                const Recordset &primero = respuestas[suyas];
+                if (primero.Eof() ||
+                    claveDe(r, primero, clavesDeAparicion, Puntas::Recortadas) != claves.at(k))
+                    return false;
+                insertarItem(r, primero, respuestas[suyas + 2], k + 1);
+            }
+        }
+        Recordset otro;
+        if (r.consultar(primerGrupoSinItem(r), otro)) return false;
+        transaccion.Confirmar();
+        return true;
+    } catch (const Falla &e) {
+        constexpr int storePerdido = -1;
+        if (e.numero == storePerdido) throw;
+        return false;
+    }
+}
+
+void numerarPorAparicion(ContextoArmado &r) {
+    if (!r.esSQL() || !numerarJuntos(r)) numerarUnoPorUno(r);
 }
 
 void numerarPorNcm(ContextoArmado &r) {

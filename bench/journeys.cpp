@@ -183,6 +183,7 @@ int main(int argc, char **argv) {
             Banco banco(lineas.toInt());
             const QString items = QString::number(itemsDe(lineas.toInt(), formaSurtida));
             medirUno(banco, p, "assembly of "_L1 + lineas + " lines"_L1, armar);
+            medirUno(banco, p, "the same as entered, near prices folded"_L1, armarComoSeCargo);
             medirUno(banco, p, "recalculation of those "_L1 + items + " items"_L1, recalcular);
         }
     } catch (const Falla &e) {

@@ -114,12 +114,25 @@ QString formaDe(QString sentencia) {
     return sentencia.replace(cita, u"'?'"_s).replace(numero, u"?"_s);
 }
 
-void armar(AppContext &ctx) {
+namespace {
+
+void generar(AppContext &ctx, int orden) {
     ctx.ChequeoArmado = u"SI"_s;
     OpcionesDeArmado opciones;
-    opciones.ARMARITEM = 1;
+    opciones.ARMARITEM = orden;
     if (!Generar(ctx, u"BANCO"_s, opciones) || ctx.ChequeoArmado != "SI"_L1)
         terminar(u"the assembly did not end"_s);
+}
+
+}  // namespace
+
+void armar(AppContext &ctx) {
+    generar(ctx, 1);
+}
+
+void armarComoSeCargo(AppContext &ctx) {
+    ctx.opciones.VrySbtDup = u"S"_s;
+    generar(ctx, 2);
 }
 
 void recalcular(AppContext &ctx) {

@@ -21,7 +21,10 @@ int itemsDe(int lineas, const FormaDeOperacion &forma);
 /// every kind of percentage. The stores hold the demonstration.
 void sembrar(AppContext &ctx, int lineas, const FormaDeOperacion &forma);
 
+/// By tariff position.
 void armar(AppContext &ctx);
+/// In the order in which the lines were entered, with the prices that differ by less than a cent folded.
+void armarComoSeCargo(AppContext &ctx);
 void recalcular(AppContext &ctx);
 
 /// The statement with its numbers and texts left out.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "frame/base/texts.h"
 #include "frame/version.h"
 
 using namespace Qt::StringLiterals;
@@ -338,11 +339,17 @@ Pedido Leer(const Programa &programa, const QStringList &argumentos) {
     return pedido;
 }
 
+int Negar(const QString &sentencia) {
+    std::fprintf(stderr, "%s\n", EnUnRenglon(sentencia).toUtf8().constData());
+    return malUso;
+}
+
 int Contestar(const Pedido &pedido) {
     if (pedido.que == Que::Trabajar) return 0;
     const bool mal = pedido.que == Que::MalUso;
-    std::fprintf(mal ? stderr : stdout, mal ? "%s\n" : "%s", pedido.texto.toUtf8().constData());
-    return mal ? malUso : 0;
+    if (mal) return Negar(pedido.texto);
+    std::fprintf(stdout, "%s", pedido.texto.toUtf8().constData());
+    return 0;
 }
 
 }  // namespace consola

@@ -77,6 +77,10 @@ constexpr int malUso = 2;
 /// knows --ayuda (-h, --help), of the command when there is one, and --version (-v).
 Pedido Leer(const Programa &programa, const QStringList &argumentos);
 
+/// Writes the sentence of a wrong use to standard error, in one line that does nothing to a terminal, and
+/// answers malUso.
+int Negar(const QString &sentencia);
+
 /// Writes what the pedido says, unless there is work to do: what is to be shown to standard output (status
 /// 0), a wrong use to standard error (malUso). Answers the status.
 int Contestar(const Pedido &pedido);

@@ -8,8 +8,8 @@
 struct AppContext;
 
 /// The columns of one insert or of one update, in the order they are put. The two ways of quoting stand here
-/// and nowhere else: a key or a code goes in as it stands (a quote in it breaks the statement, by design),
-/// free text has its quotes doubled.
+/// and nowhere else: a key or a code goes in as it stands and is refused (Falla) with a quote in it, free
+/// text has its quotes doubled. What no store keeps is refused in both.
 class Escritura {
  public:
     /// Numbers take the decimal separator of `entidad`.

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "frame/base/texts.h"
 #include "frame/context.h"
 #include "frame/entities.h"
 
@@ -14,15 +15,21 @@ namespace {
 
 const QString claveDeLaCarpeta = u"CARPETA"_s;
 
-/// What one system or another cannot have in the name of a file.
+/// What one system or another cannot have in the name of a file, and what nobody would see there: "fdp.exe"
+/// behind a mark that turns the direction reads "exe.pdf".
 bool vedadoEnNombres(QChar letra) {
-    return letra < u' ' || u"/\\:*?\"<>|"_s.contains(letra);
+    return (!letra.isPrint() && !letra.isSurrogate()) || letra == QChar::LineSeparator ||
+           letra == QChar::ParagraphSeparator || u"/\\:*?\"<>|"_s.contains(letra);
 }
+
+/// Room for the end that the caller puts behind, among the 255 bytes that systems have for a name.
+constexpr qsizetype bytesDeNombre = 200;
 
 }  // namespace
 
 QString NombreSeguro(const QString &texto) {
-    QString nombre = texto;
+    QString nombre = Recortado(texto, bytesDeNombre);
+    while (nombre.toUtf8().size() > bytesDeNombre) nombre = Recortado(nombre, nombre.size() - 1);
     std::replace_if(nombre.begin(), nombre.end(), vedadoEnNombres, u'_');
     // A blank or a point at the end is dropped by some systems, and ahead it hides the file on others.
     while (nombre.endsWith(u' ') || nombre.endsWith(u'.')) nombre.chop(1);

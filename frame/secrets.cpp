@@ -5,13 +5,10 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QPointer>
-#include <QTemporaryFile>
-#include <filesystem>
 #include <optional>
-#include <system_error>
 
+#include "frame/base/privatefile.h"
 #include "frame/settings.h"
 
 using namespace Qt::StringLiterals;
@@ -22,10 +19,6 @@ namespace {
 const QString servicioDelLlavero = u"Zendra"_s;
 
 constexpr qint64 secretoMasLargo = 4096;
-
-constexpr QFileDevice::Permissions permisosDeOtros = QFileDevice::ReadGroup | QFileDevice::WriteGroup |
-                                                     QFileDevice::ExeGroup | QFileDevice::ReadOther |
-                                                     QFileDevice::WriteOther | QFileDevice::ExeOther;
 
 Llavero::Estado estadoDe(QKeychain::Error error) {
     switch (error) {
@@ -66,30 +59,18 @@ std::optional<Secreto> leerArchivo(const QString &ruta) {
     if (!archivo.open(QIODevice::ReadOnly))
         return Secreto{
             {}, u"No se puede leer %1, que guarda la contraseña: %2."_s.arg(mostrada, archivo.errorString())};
-    if (archivo.permissions() & permisosDeOtros)
+    if (LoAlcanzanOtros(ruta))
         return Secreto{{},
                        u"Otras personas pueden leer el archivo %1, que guarda la contraseña: no se usa. "
                        "Cambie la contraseña en su servidor y vuelva a cargarla aquí."_s.arg(mostrada)};
     return Secreto{QString::fromUtf8(archivo.read(secretoMasLargo)), {}};
 }
 
-/// Nobody else may read the file at any moment of its life: it is made under another name, and takes the
-/// place of the old one whole. Empty when it was written, else why not.
+/// Empty when it was written, else why not.
 QString escribirArchivo(const QString &ruta, const QString &valor) {
-    const auto falla = [&ruta](const QString &porque) {
-        return u"No se pudo guardar la contraseña en %1: %2."_s.arg(QDir::toNativeSeparators(ruta), porque);
-    };
-    QDir().mkpath(QFileInfo(ruta).absolutePath());
-    QTemporaryFile nuevo(ruta + u".XXXXXX"_s);
-    const QByteArray bytes = valor.toUtf8();
-    if (!nuevo.open() || !nuevo.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) ||
-        nuevo.write(bytes) != bytes.size() || !nuevo.flush())
-        return falla(nuevo.errorString());
-    std::error_code error;
-    std::filesystem::rename(nuevo.fileName().toStdU16String(), ruta.toStdU16String(), error);
-    if (error) return falla(QString::fromStdString(error.message()));
-    nuevo.setAutoRemove(false);
-    return {};
+    const QString porque = EscribirPrivado(ruta, valor.toUtf8());
+    if (porque.isEmpty()) return {};
+    return u"No se pudo guardar la contraseña en %1: %2."_s.arg(QDir::toNativeSeparators(ruta), porque);
 }
 
 QString quitarArchivo(const QString &ruta) {

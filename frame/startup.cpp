@@ -59,6 +59,8 @@ void Arrancar(AppContext &ctx) {
         ctx.ProfileIniPath = ctx.DataManager.seleccionarPerfil(familiaDePerfiles);
     else
         ctx.ProfileIniPath = ctx.DataManager.rutaDelPerfil();
+    if (const QString aviso = ctx.DataManager.aviso(); !aviso.isEmpty())
+        ctx.dialogos.mensaje({aviso, {}, Icono::Exclamacion, false});
     ctx.DataManager.LoadParameters();
     ctx.ConnNcm = &ctx.conexion(ncm);
     ctx.ConnInternos = &ctx.conexion(internos);
@@ -100,7 +102,12 @@ int ControlarVersionDelStore(AppContext &ctx) {
     int version = sinVersion;
     try {
         version = LeerVersionDelStore(ctx);
-        if (version < versionMinima) {
+        // A workstation's role could not do it: whoever keeps the base does.
+        if (version < versionMinima && !ctx.DataManager.rolDueno().isEmpty()) {
+            ctx.dialogos.informar(
+                u"Se necesita actualizar la base de datos; pida a quien la administra que ejecute %1."_s.arg(
+                    ctx.DataManager.comoActualizar()));
+        } else if (version < versionMinima) {
             ctx.dialogos.informar(u"Se necesita actualizar la base de datos"_s);
             const QString perfil = ctx.DataManager.rutaDelPerfil();
             iniciarPrograma(qEnvironmentVariable("ProgramFiles") + "\\Zendra\\DbUpgrade3.exe"_L1,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
 
 #include "frame/base/numbers.h"
@@ -74,13 +75,17 @@ void completarAux(AppContext &ctx, const QString &clave, const QString &codigo, 
         aux = numeros::Format(rs.Numero(u"imp"), u"00.000000", ctx.SeparadorDecimal);
 }
 
+const Tabla *tablaDe(const QString &clave) {
+    const auto *const una = std::find_if(std::begin(tablas), std::end(tablas),
+                                         [&clave](const Tabla &t) { return clave == L(t.clave); });
+    return una == std::end(tablas) ? nullptr : una;
+}
+
 QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const QString &codigo, QString &aux,
                int silencio) {
     if (clave.isEmpty() || codigo.isEmpty()) return {};
     const Reloj reloj(ctx.dialogos);
-    const Tabla *tabla = nullptr;
-    for (const Tabla &t : tablas)
-        if (clave == L(t.clave)) tabla = &t;
+    const Tabla *tabla = tablaDe(clave);
     if (tabla == nullptr || tabla->*s.entidad == nullptr) return {};
     if (clave == "DIVISAS"_L1) aux = u"Div"_s;
     try {
@@ -250,4 +255,31 @@ QString getUnidadDescripcion(AppContext &ctx, const QString &codigo) {
 }
 QString getSubRegimen(AppContext &ctx, const QString &codigo) {
     return enSilencio(ctx, "SUBREG", codigo);
+}
+
+QString SentenciaDeDescripcion(const QString &clave, const QString &codigo) {
+    const Tabla *tabla = tablaDe(clave);
+    return tabla == nullptr || tabla->entidadDescripcion == nullptr ? QString()
+                                                                    : sentencia(*tabla, descripcion, codigo);
+}
+
+DescripcionesAnticipadas::DescripcionesAnticipadas(AppContext &ctx,
+                                                   const std::vector<std::pair<QString, QString>> &pedidos) {
+    std::map<QString, QStringList> porEntidad;
+    for (const auto &[clave, codigo] : pedidos) {
+        const QString sentencia = SentenciaDeDescripcion(clave, codigo);
+        if (!codigo.isEmpty() && !sentencia.isEmpty())
+            porEntidad[L(tablaDe(clave)->entidadDescripcion)] << sentencia;
+    }
+    try {
+        for (const auto &[entidad, sentencias] : porEntidad) {
+            // One alone goes by itself.
+            if (sentencias.size() < 2) continue;
+            lecturas_.push_back(
+                std::make_unique<LecturaAdelantada>(ctx.conexion(entidad), std::vector{sentencias}));
+            lecturas_.back()->Vuelta();
+        }
+    } catch (const Falla &) {
+        lecturas_.clear();
+    }
 }

@@ -4,6 +4,11 @@
 
 #include <QString>
 #include <QStringView>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "frame/context.h"
 
 struct AppContext;
 
@@ -64,3 +69,18 @@ QString getPaisDescripcion(AppContext &ctx, const QString &codigo);
 QString getEstadoMercaderiaDescripcion(AppContext &ctx, const QString &codigo);
 QString getUnidadDescripcion(AppContext &ctx, const QString &codigo);
 QString getSubRegimen(AppContext &ctx, const QString &codigo);
+
+/// What BuscarDescripcion asks the table of `clave` for; empty for a key that asks nothing.
+QString SentenciaDeDescripcion(const QString &clave, const QString &codigo);
+
+/// The descriptions that what follows is going to look up, asked of a server in one journey an entity; for
+/// its own life.
+class DescripcionesAnticipadas {
+ public:
+    /// `pedidos`: key and code, once for every look-up; what would send nothing is passed over. Silent when
+    /// the store cannot answer: the look-ups do as ever.
+    DescripcionesAnticipadas(AppContext &ctx, const std::vector<std::pair<QString, QString>> &pedidos);
+
+ private:
+    std::vector<std::unique_ptr<LecturaAdelantada>> lecturas_;
+};

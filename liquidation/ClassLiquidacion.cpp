@@ -255,8 +255,8 @@ void ClassLiquidacion::GetMarcaImpuestosInternos(const QString &ncm) {
         if (!Consultar(ctx_, u"USUARIO"_s,
                        "select decreto, tasa_nominal "
                        "from impuestos_internos "
-                       "where ncm = '"_L1 +
-                           ncm + "'"_L1,
+                       "where ncm = "_L1 +
+                           TextoEnComillas(ncm),
                        rs))
             return;
         impInternoDecreto_ = rs.Texto(u"decreto").trimmed();

@@ -33,16 +33,18 @@ struct Pagina {
     bool consultar(const QString &sql, Recordset &rs) const { return Consultar(ctx, internos, sql, rs); }
 };
 
+QString sentenciaDeGrupos(const Pagina &p) {
+    return "select idarticulo,ncm,descripcion,"
+           "idunidad,cantidad,preciounitario,fob,"
+           "sufijos,estadistica,valorrelacionestadistica"
+           " from groupsubitems"
+           " where id = "_L1 +
+           p.v.item + " and interno = "_L1 + EnComillas(p.interno) + "  ORDER BY idsub"_L1;
+}
+
 void leerGrupos(const Pagina &p) {
     Recordset rs;
-    for (p.consultar("select idarticulo,ncm,descripcion,"
-                     "idunidad,cantidad,preciounitario,fob,"
-                     "sufijos,estadistica,valorrelacionestadistica"
-                     " from groupsubitems"
-                     " where id = "_L1 +
-                         p.v.item + " and interno = "_L1 + EnComillas(p.interno) + "  ORDER BY idsub"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext())
+    for (p.consultar(sentenciaDeGrupos(p), rs); !rs.Eof(); rs.MoveNext())
         p.v.grupos.push_back({rs.Texto(u"idarticulo"), rs.Texto(u"ncm"),
                               p.v.idsubreg == "DJAI"_L1 ? rs.Texto(u"Descripcion").trimmed() : QString(),
                               rs.Texto(u"idunidad"), p.conMascara(rs.Numero(u"cantidad")),
@@ -61,39 +63,45 @@ QString lineasDelItem(const Pagina &p) {
            interno + " and idroot in ( "_L1 + grupos + "  and id = "_L1 + p.v.item + ")) as tino "_L1;
 }
 
+QString sentenciaDeCertificados(const Pagina &p) {
+    return "select certorig from subitems"
+           " where interno = "_L1 +
+           EnComillas(p.interno) +
+           " and  (certorig is not null and certorig<>'')"
+           " and  id in ("_L1 +
+           lineasDelItem(p) + ") "_L1;
+}
+
 void leerCertificados(const Pagina &p) {
     Recordset rs;
-    for (p.consultar("select certorig from subitems"
-                     " where interno = "_L1 +
-                         EnComillas(p.interno) +
-                         " and  (certorig is not null and certorig<>'')"
-                         " and  id in ("_L1 +
-                         lineasDelItem(p) + ") "_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext())
+    for (p.consultar(sentenciaDeCertificados(p), rs); !rs.Eof(); rs.MoveNext())
         p.v.certificados << rs.Texto(u"certorig");
+}
+
+QString sentenciaDeInformacion(const Pagina &p) {
+    return "select * from iteminfo"
+           " where iditem = "_L1 +
+           p.v.item + " and interno = "_L1 + EnComillas(p.interno);
+}
+
+QString sentenciaDeVentajas(const Pagina &p) {
+    return "select * from itemventaja"
+           " where iditem = "_L1 +
+           p.v.item + " and interno ="_L1 + EnComillas(p.interno) + " order by idventaja"_L1;
 }
 
 void leerListas(const Pagina &p) {
     Recordset rs;
-    for (p.consultar("select * from iteminfo"
-                     " where iditem = "_L1 +
-                         p.v.item + " and interno = "_L1 + EnComillas(p.interno),
-                     rs);
-         !rs.Eof(); rs.MoveNext())
+    for (p.consultar(sentenciaDeInformacion(p), rs); !rs.Eof(); rs.MoveNext())
         p.v.informacion.emplace_back(rs.Texto(u"idinfo"), rs.Texto(u"valor"));
-    for (p.consultar("select * from itemventaja"
-                     " where iditem = "_L1 +
-                         p.v.item + " and interno ="_L1 + EnComillas(p.interno) + " order by idventaja"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext()) {
+    for (p.consultar(sentenciaDeVentajas(p), rs); !rs.Eof(); rs.MoveNext()) {
         const QString ventaja = rs.Texto(u"idventaja");
         p.v.ventajas << ventaja;
         if (ventaja == "AUTOLIQLIBREEXP"_L1 || ventaja == "AUTOLIQLIBREIMP"_L1) p.v.lbAutoliq = true;
     }
 }
 
-void leerCancelaciones(const Pagina &p, bool tambienDeSusLineas) {
+QString sentenciaDeCancelaciones(const Pagina &p, bool tambienDeSusLineas) {
     const QString interno = EnComillas(p.interno);
     QString cuales = "iditem =  "_L1 + p.v.item;
     if (tambienDeSusLineas)
@@ -102,14 +110,16 @@ void leerCancelaciones(const Pagina &p, bool tambienDeSusLineas) {
                  " and idexportacion in (select idexportacion from subitems"
                  " where interno = "_L1 +
                  interno + " and id in ("_L1 + lineasDelItem(p) + "))))"_L1;
+    return "select dit,item,subitem,ncm,expctit,"
+           "cantidad,factorponderacion"
+           " from descargas"
+           " where interno = "_L1 +
+           interno + " and "_L1 + cuales + " order by dit, item, subitem"_L1;
+}
+
+void leerCancelaciones(const Pagina &p, bool tambienDeSusLineas) {
     Recordset rs;
-    for (p.consultar("select dit,item,subitem,ncm,expctit,"
-                     "cantidad,factorponderacion"
-                     " from descargas"
-                     " where interno = "_L1 +
-                         interno + " and "_L1 + cuales + " order by dit, item, subitem"_L1,
-                     rs);
-         !rs.Eof(); rs.MoveNext())
+    for (p.consultar(sentenciaDeCancelaciones(p, tambienDeSusLineas), rs); !rs.Eof(); rs.MoveNext())
         p.v.cancelaciones.push_back({rs.Texto(u"dit"), rs.Texto(u"item"), rs.Texto(u"subitem"),
                                      rs.Texto(u"ncm"), rs.Texto(u"expctit"),
                                      p.conMascara(rs.Numero(u"cantidad"), u"00.000"),
@@ -146,6 +156,28 @@ QString textoDeCampo(const Pagina &p, const CampoDeItem &campo, const FilaDeItem
     }
 }
 
+void ponerDescripciones(const Pagina &p, const FilaDeItem &item) {
+    const QString unidad = item.Texto(u"idunidad");
+    const QString estadistica = item.Texto(u"estadistica");
+    const QString deresp = item.Texto(u"deresp");
+    const QString estado = item.Texto(u"estadomerc");
+    const QString origen = item.Texto(u"Idpais");
+    const QString procedencia = item.Texto(u"idproc");
+    const DescripcionesAnticipadas juntas(p.ctx, {{u"UNIDADES"_s, unidad},
+                                                  {u"UNIDADES"_s, estadistica},
+                                                  {u"UNIDADES"_s, deresp},
+                                                  {u"ESTADOMERCADERIA"_s, estado},
+                                                  {u"PAIS"_s, origen},
+                                                  {u"PAIS"_s, procedencia}});
+    p.poner("lbItemCantidadDeclarada",
+            (unidad + QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad)).trimmed());
+    p.poner("lbUnidEst", getUnidadDescripcion(p.ctx, estadistica));
+    p.poner("lbDerEsp", getUnidadDescripcion(p.ctx, deresp));
+    p.poner("LbEstMerc", getEstadoMercaderiaDescripcion(p.ctx, estado));
+    p.poner("LbDescPais", getPaisDescripcion(p.ctx, origen));
+    p.poner("LbDest", getPaisDescripcion(p.ctx, procedencia));
+}
+
 void ponerDatos(const Pagina &p, const FilaDeItem &item) {
     for (const CampoDeItem &campo : CamposDeItem()) {
         const QString texto = textoDeCampo(p, campo, item);
@@ -155,14 +187,7 @@ void ponerDatos(const Pagina &p, const FilaDeItem &item) {
         p.v.datos.insert(columna,
                          campo.clase == ClaseDeCampo::Numero ? p.comoNumero(item.Numero(columna)) : texto);
     }
-    const QString unidad = item.Texto(u"idunidad");
-    p.poner("lbItemCantidadDeclarada",
-            (unidad + QLatin1Char(' ') + getUnidadDescripcion(p.ctx, unidad)).trimmed());
-    p.poner("lbUnidEst", getUnidadDescripcion(p.ctx, item.Texto(u"estadistica")));
-    p.poner("lbDerEsp", getUnidadDescripcion(p.ctx, item.Texto(u"deresp")));
-    p.poner("LbEstMerc", getEstadoMercaderiaDescripcion(p.ctx, item.Texto(u"estadomerc")));
-    p.poner("LbDescPais", getPaisDescripcion(p.ctx, item.Texto(u"Idpais")));
-    p.poner("LbDest", getPaisDescripcion(p.ctx, item.Texto(u"idproc")));
+    ponerDescripciones(p, item);
     p.v.LbLapi = item.Texto(u"LAPI") == "S"_L1;
     p.v.esCancelacion = item.Texto(u"cancelaciones") == "OK"_L1;
     p.v.bienDeUso = item.Texto(u"Biendeuso") == "S"_L1;
@@ -178,6 +203,13 @@ void ponerImportes(const Pagina &p, ClassLiquidacion &c, double baseImponible, d
     p.monto("LbBaseIVA", baseIVA);
 }
 
+QString sentenciaDeSumas(const Pagina &p) {
+    return "select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro"
+           " from item"
+           " where interno = "_L1 +
+           EnComillas(p.interno) + " and id<>0"_L1;
+}
+
 void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
                  const std::function<void(const QString &)> &estado) {
     ResultadoRecalculo r;
@@ -189,12 +221,7 @@ void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
     }
     p.v.recalculada = recalcular;
     Recordset rs;
-    p.consultar(
-        "select sum(fobtotal) as fob,sum(itflete) as flete,sum(itseguro) as seguro"
-        " from item"
-        " where interno = "_L1 +
-            EnComillas(p.interno) + " and id<>0"_L1,
-        rs);
+    p.consultar(sentenciaDeSumas(p), rs);
     c.FOBTotalITEM = rs.Numero(u"fob");
     c.FLETETotalITEM = rs.Numero(u"flete");
     c.SEGUROTotalITEM = rs.Numero(u"seguro");
@@ -207,12 +234,34 @@ void verItemCero(const Pagina &p, bool recalcular, ClassLiquidacion &c,
     p.v.grilla = std::move(r.grilla);
 }
 
+QString sentenciaDeCuenta(const Pagina &p) {
+    return "select count(*) as cont from item where interno = "_L1 + EnComillas(p.interno) + " and id<>0"_L1;
+}
+
 int contarItems(const Pagina &p) {
     Recordset rs;
-    p.consultar(
-        "select count(*) as cont from item where interno = "_L1 + EnComillas(p.interno) + " and id<>0"_L1,
-        rs);
+    p.consultar(sentenciaDeCuenta(p), rs);
     return static_cast<int>(rs.Numero(u"cont"));
+}
+
+QString sentenciaDeItem(const Pagina &p) {
+    return "select * from item where interno = "_L1 + EnComillas(p.interno) + " and id = "_L1 + p.v.item;
+}
+
+/// What a page asks of INTERNOS whatever its item holds.
+QStringList lecturasDePagina(const Pagina &p, bool recalcular, bool paginaDeCancelaciones) {
+    QStringList sentencias = LecturasDeCaratula(p.interno);
+    sentencias << sentenciaDeCuenta(p) << sentenciaDeItem(p);
+    if (p.v.item == itemCero) {
+        sentencias << sentenciaDeInformacion(p) << sentenciaDeVentajas(p);
+        // Behind a run these are another answer.
+        if (!recalcular) sentencias << SentenciaDeUltimoRecalculo(p.interno) << sentenciaDeSumas(p);
+        return sentencias;
+    }
+    return sentencias << sentenciaDeGrupos(p) << sentenciaDeCertificados(p) << sentenciaDeInformacion(p)
+                      << sentenciaDeVentajas(p) << LecturasDeItem(p.interno, p.v.item, {})
+                      << SentenciaDeLiquidacion(p.ctx, p.interno, p.v.item)
+                      << sentenciaDeCancelaciones(p, paginaDeCancelaciones);
 }
 
 /// False with the word to the user when the position ends the load.
@@ -267,6 +316,10 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
     VistaDeItem v;
     v.item = item;
     const Pagina p{ctx, interno, v};
+    const bool recalcular = paginaDeLiquidacion || ctx.LiquidacionPendiente;
+    LecturaAdelantada lecturas(ctx.conexion(internos),
+                               {lecturasDePagina(p, recalcular, paginaDeCancelaciones)});
+    lecturas.Vuelta();
     if (!CargarCaratulaEnCalculadora(ctx, interno, calculo)) {
         v.aviso = u"El interno %1 ya no existe: vuelva a buscarlo en la lista."_s.arg(interno);
         ctx.dialogos.advertir(v.aviso);
@@ -276,11 +329,7 @@ VistaDeItem VerDetalleITEM(AppContext &ctx, const QString &interno, const QStrin
     v.cantidadDeItems = contarItems(p);
     const bool cero = item == itemCero;
     Recordset fila;
-    if (!p.consultar("select * from item where interno = "_L1 + EnComillas(interno) + " and id = "_L1 + item,
-                     fila) &&
-        !cero)
-        return v;
-    const bool recalcular = paginaDeLiquidacion || ctx.LiquidacionPendiente;
+    if (!p.consultar(sentenciaDeItem(p), fila) && !cero) return v;
     if (cero) {
         leerListas(p);
         verItemCero(p, recalcular, calculo, estado);

@@ -10,7 +10,9 @@ namespace {
 constexpr qsizetype conLetra = 15;
 constexpr qsizetype sinLetra = 14;
 
-QString sentenciaDelNomenclador(const QString &ncm) {
+}  // namespace
+
+QString SentenciaDelNomenclador(const QString &ncm) {
     // With its letter the last four characters hold the digits and it, without the last three the digits.
     const QString digitos = ncm.right(ncm.size() == conLetra ? 4 : 3).left(3);
     return "select [015],[016],[017],[018],[019],[020],[023],[026],[028],[053],[048],[059] as lapi "
@@ -19,11 +21,9 @@ QString sentenciaDelNomenclador(const QString &ncm) {
            EnComillas(ncm.left(10)) + " and [002] = "_L1 + EnComillas(digitos);
 }
 
-QString sentenciaDelMinimo(const QString &ncm) {
+QString SentenciaDelMinimo(const QString &ncm) {
     return "select diem from DIEMCHINA where ncm = "_L1 + EnComillas(ncm.left(10));
 }
-
-}  // namespace
 
 QString PosicionDeItem(const Recordset &item) {
     return item.EsNulo(u"NCM") ? u"0000.00.00.000D"_s : item.Texto(u"NCM");
@@ -38,8 +38,8 @@ void PosicionesLeidas::Adelantar(Recordset &items) {
     for (; !items.Eof(); items.MoveNext()) {
         const QString ncm = PosicionDeItem(items);
         if (!PosicionBienFormada(ncm)) continue;
-        delNomenclador << sentenciaDelNomenclador(ncm);
-        delMinimo << sentenciaDelMinimo(ncm);
+        delNomenclador << SentenciaDelNomenclador(ncm);
+        delMinimo << SentenciaDelMinimo(ncm);
     }
     items.MoveFirst();
     delNomenclador.removeDuplicates();
@@ -66,9 +66,9 @@ const Recordset &PosicionesLeidas::leer(Respuestas &leidas, const QString &entid
 }
 
 const Recordset &PosicionesLeidas::nomenclador(const QString &ncm) {
-    return leer(nomenclador_, entidad::ncm, sentenciaDelNomenclador(ncm));
+    return leer(nomenclador_, entidad::ncm, SentenciaDelNomenclador(ncm));
 }
 
 const Recordset &PosicionesLeidas::diemChina(const QString &ncm) {
-    return leer(minimos_, entidad::systablas, sentenciaDelMinimo(ncm));
+    return leer(minimos_, entidad::systablas, SentenciaDelMinimo(ncm));
 }

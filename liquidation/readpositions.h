@@ -32,6 +32,10 @@ class PosicionesLeidas {
     Respuestas nomenclador_, minimos_;
 };
 
+/// What PosicionesLeidas asks of NCM and of SYSTABLAS for a position of 14 or 15 characters.
+QString SentenciaDelNomenclador(const QString &ncm);
+QString SentenciaDelMinimo(const QString &ncm);
+
 /// The position of the row in hand of `item`; "0000.00.00.000D" for a null.
 QString PosicionDeItem(const Recordset &item);
 /// Whether its length is that of a position, with its letter or without.

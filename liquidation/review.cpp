@@ -38,6 +38,7 @@ struct Corrida {
     bool lapi = false;
 
     qint64 ejecutar(const QString &sql) const { return Ejecutar(ctx, internos, sql); }
+    void mandar(const QString &sql) const { Mandar(ctx, internos, sql); }
     bool consultar(const QString &sql, Recordset &rs) const { return Consultar(ctx, internos, sql, rs); }
 };
 
@@ -67,20 +68,22 @@ double totalDe(Corrida &k, const Recordset &fila, const QString &codigo) {
     return k.calculo.ObtenerValorConcepto(codigo, texto, valor, k.base, {}, 0, false);
 }
 
+QString sentenciaDeConceptos(const QString &interno, const QString &id) {
+    return "select * from itemliq"
+           " where iditem> 0 and interno = "_L1 +
+           EnComillas(interno) + " and iditem = "_L1 + id + " ORDER BY idconceptos"_L1;
+}
+
 void recalcularConceptos(Corrida &k, const QString &id) {
     Recordset filas;
-    for (k.consultar("select * from itemliq"
-                     " where iditem> 0 and interno = "_L1 +
-                         EnComillas(k.interno) + " and iditem = "_L1 + id + " ORDER BY idconceptos"_L1,
-                     filas);
-         !filas.Eof(); filas.MoveNext()) {
+    for (k.consultar(sentenciaDeConceptos(k.interno, id), filas); !filas.Eof(); filas.MoveNext()) {
         const QString codigo = filas.Texto(u"idconceptos").trimmed();
         const double total = totalDe(k, filas, codigo);
         const double porcentaje = k.calculo.ObtenerLqPorc();
         if (codigo == "020"_L1 && id != "0"_L1)
-            k.ejecutar("update item set COFEXP = "_L1 +
-                       PonerPuntoDecimal(k.calculo.ItemCoeficienteExportacion) + " where interno = "_L1 +
-                       EnComillas(k.interno) + " and id = "_L1 + id);
+            k.mandar("update item set COFEXP = "_L1 +
+                     PonerPuntoDecimal(k.calculo.ItemCoeficienteExportacion) + " where interno = "_L1 +
+                     EnComillas(k.interno) + " and id = "_L1 + id);
         DetalleLiq d{codigo,
                      conMascara(k.ctx, total),
                      conMascara(k.ctx, porcentaje),
@@ -108,6 +111,57 @@ void recalcularItem(Corrida &k, const Recordset &item) {
     recalcularConceptos(k, id);
 }
 
+/// What the items of a run read, asked ahead of them: nothing of it is written before all of them are done.
+class LecturasDeItems {
+ public:
+    LecturasDeItems(const Corrida &k, Recordset &items)
+        : propias_(k.ctx.conexion(internos),
+                   porItem(items,
+                           [&k](const Recordset &item) {
+                               const QString id = item.Texto(u"ID");
+                               const QString &regimen = k.calculo.CaratulaSubRegimen;
+                               return LecturasDeItem(k.interno, id, regimen)
+                                      << LecturasDeVehiculoPartes(k.ctx, k.interno, item, regimen)
+                                      << sentenciaDeConceptos(k.interno, id);
+                           })),
+          delNomenclador_(k.ctx.conexion(entidad::ncm), dePosiciones(items, SentenciaDelNomenclador)),
+          delMinimo_(k.ctx.conexion(entidad::systablas), dePosiciones(items, SentenciaDelMinimo)) {}
+
+    void Vuelta() {
+        propias_.Vuelta();
+        delNomenclador_.Vuelta();
+        delMinimo_.Vuelta();
+    }
+
+ private:
+    using PorItem = std::function<QStringList(const Recordset &)>;
+    static std::vector<QStringList> porItem(Recordset &items, const PorItem &lecturas) {
+        std::vector<QStringList> todas;
+        todas.reserve(static_cast<std::size_t>(items.RecordCount()));
+        for (; !items.Eof(); items.MoveNext()) todas.push_back(lecturas(items));
+        items.MoveFirst();
+        return todas;
+    }
+    static std::vector<QStringList> dePosiciones(Recordset &items, QString (*sentencia)(const QString &)) {
+        return porItem(items, [sentencia](const Recordset &item) {
+            const QString ncm = PosicionDeItem(item);
+            return PosicionBienFormada(ncm) ? QStringList{sentencia(ncm)} : QStringList{};
+        });
+    }
+
+    LecturaAdelantada propias_, delNomenclador_, delMinimo_;
+};
+
+void recalcularItems(Corrida &k) {
+    Recordset items;
+    k.consultar("select * from item where interno = "_L1 + EnComillas(k.interno) + " and id<>0"_L1, items);
+    LecturasDeItems lecturas(k, items);
+    for (; !items.Eof(); items.MoveNext()) {
+        lecturas.Vuelta();
+        recalcularItem(k, items);
+    }
+}
+
 /// A concept's row of liqcero, up to its payment kind.
 Escritura filaDeTotal(const Corrida &k, const QString &codigo, const QString &concepto,
                       const QString &valor) {
@@ -125,11 +179,14 @@ void sumarPorPago(ResultadoRecalculo &r, const QString &pgc, double importe) {
     if (pgc == "C"_L1) r.totalC += importe;
 }
 
+QString sentenciaDeTasa(const QString &concepto) {
+    return "select LTAXABR as descripcion from tax where ctax = "_L1 + EnComillas(concepto);
+}
+
 /// One concept's line of the operation, in the grid and in liqcero.
 void escribirTotal(Corrida &k, const ResumenLiq &s) {
     Recordset rs;
-    const bool hay =
-        k.consultar("select LTAXABR as descripcion from tax where ctax = "_L1 + EnComillas(s.concepto), rs);
+    const bool hay = k.consultar(sentenciaDeTasa(s.concepto), rs);
     const QString descripcion = hay ? rs.Texto(u"descripcion") : QString();
     const double total = aNumero(s.total);
     const auto mostrar = [&k](const QString &numero, const QString &concepto, const QString &importe,
@@ -147,26 +204,33 @@ void escribirTotal(Corrida &k, const ResumenLiq &s) {
         const QString nombre = QString::fromLatin1(arancel->nombre);
         // A point under either separator.
         mostrar(s.concepto, hay ? descripcion : nombre, Format(arancel->importe, u"00.00", u'.'), u"P"_s);
-        k.ejecutar(filaDeTotal(k, s.concepto, nombre, numeros::aTexto(arancel->importe))
-                       .codigo("pgc", u"P"_s)
-                       .insertar(liqcero));
+        k.mandar(filaDeTotal(k, s.concepto, nombre, numeros::aTexto(arancel->importe))
+                     .codigo("pgc", u"P"_s)
+                     .insertar(liqcero));
         k.r.totalP += arancel->importe;
     } else if (total > 0) {
         mostrar(s.concepto, descripcion, conMascara(k.ctx, total), s.pgc);
-        k.ejecutar(filaDeTotal(k, s.concepto, descripcion, s.total).codigo("pgc", s.pgc).insertar(liqcero));
+        k.mandar(filaDeTotal(k, s.concepto, descripcion, s.total).codigo("pgc", s.pgc).insertar(liqcero));
         sumarPorPago(k.r, s.pgc, total);
     }
 }
 
 void escribirTotales(Corrida &k) {
-    k.ejecutar("delete from liqcero where interno = "_L1 + EnComillas(k.interno));
-    for (const ResumenLiq &s : k.resumen) escribirTotal(k, s);
+    k.mandar("delete from liqcero where interno = "_L1 + EnComillas(k.interno));
+    std::vector<QStringList> tasas;
+    tasas.reserve(k.resumen.size());
+    for (const ResumenLiq &s : k.resumen) tasas.push_back({sentenciaDeTasa(s.concepto)});
+    LecturaAdelantada lecturas(k.ctx.conexion(internos), std::move(tasas));
+    for (const ResumenLiq &s : k.resumen) {
+        lecturas.Vuelta();
+        escribirTotal(k, s);
+    }
     const auto reservado = [&k](const char *codigo, double valor) {
-        k.ejecutar(Escritura(k.ctx)
-                       .codigo("idconcepto", L(codigo))
-                       .crudo("valor", PonerPuntoDecimal(valor))
-                       .codigo("interno", k.interno)
-                       .insertar(liqcero));
+        k.mandar(Escritura(k.ctx)
+                     .codigo("idconcepto", L(codigo))
+                     .crudo("valor", PonerPuntoDecimal(valor))
+                     .codigo("interno", k.interno)
+                     .insertar(liqcero));
     };
     reservado("###baseiva", k.r.sumaBaseIVA);
     reservado("###baseimp", k.r.sumaBaseImponible);
@@ -177,15 +241,15 @@ void escribirTotales(Corrida &k) {
 void escribirDetalle(Corrida &k, const std::function<void(const QString &)> &estado) {
     k.ctx.dialogos.atenderEventos();
     for (const DetalleLiq &d : k.r.detalle) {
-        k.ejecutar(Escritura(k.ctx)
-                       .numero("baseimp", d.base)
-                       .numero("porcentaje", d.porcentaje)
-                       .numero("total", d.total)
-                       .codigo("pgc", d.pgc)
-                       .texto("motivo", d.motivo)
-                       .actualizar(u"itemliq"_s, "interno = "_L1 + EnComillas(k.interno) +
-                                                     "   and iditem = "_L1 + d.iditem +
-                                                     "  and idconceptos = "_L1 + EnComillas(d.concepto)));
+        k.mandar(Escritura(k.ctx)
+                     .numero("baseimp", d.base)
+                     .numero("porcentaje", d.porcentaje)
+                     .numero("total", d.total)
+                     .codigo("pgc", d.pgc)
+                     .texto("motivo", d.motivo)
+                     .actualizar(u"itemliq"_s, "interno = "_L1 + EnComillas(k.interno) +
+                                                   "   and iditem = "_L1 + d.iditem +
+                                                   "  and idconceptos = "_L1 + EnComillas(d.concepto)));
         if (estado) estado("Liquidando ITEM "_L1 + d.iditem + " ..."_L1);
     }
     k.r.escrito = true;
@@ -196,6 +260,7 @@ void repartirAjuste(AppContext &ctx, const QString &interno, const ClassLiquidac
                     const char *columna, double importe, const char *tipo) {
     if (importe == 0) return;
     Recordset rs;
+    EscrituraLigera ligera(ctx.conexion(internos));
     for (Consultar(ctx, internos,
                    "select id,(FOBtotal * "_L1 + SqlNumber(ctx, importe) + ") / ("_L1 +
                        SqlNumber(ctx, calculo.CaratulaFobTotalSinG) +
@@ -205,10 +270,11 @@ void repartirAjuste(AppContext &ctx, const QString &interno, const ClassLiquidac
                        EnComillas(interno) + " and "_L1 + L(tipo),
                    rs);
          !rs.Eof(); rs.MoveNext())
-        Ejecutar(ctx, internos,
-                 "update item set "_L1 + L(columna) + " = "_L1 +
-                     SqlNumber(ctx, conMascara(ctx, rs.Numero(u"valor"))) + " where id = "_L1 +
-                     rs.Texto(u"ID") + " and interno = "_L1 + EnComillas(interno));
+        Mandar(ctx, internos,
+               "update item set "_L1 + L(columna) + " = "_L1 +
+                   SqlNumber(ctx, conMascara(ctx, rs.Numero(u"valor"))) + " where id = "_L1 +
+                   rs.Texto(u"ID") + " and interno = "_L1 + EnComillas(interno));
+    ligera.Terminar();
 }
 
 }  // namespace
@@ -233,13 +299,14 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
     const Reloj reloj(ctx.dialogos);
     EscrituraLigera ligera(ctx.conexion(internos));
     Corrida k{ctx, interno, calculo, {}, {}, {}};
-    if (!CargarCaratulaEnCalculadora(ctx, interno, calculo)) return k.r;
+    {
+        LecturaAdelantada caratula(ctx.conexion(internos), {LecturasDeCaratula(interno)});
+        caratula.Vuelta();
+        if (!CargarCaratulaEnCalculadora(ctx, interno, calculo)) return k.r;
+    }
     RepartirAjustesDeCaratula(ctx, interno, calculo);
     ctx.CalculoAEC = LeerAEC(ctx, interno);
-    Recordset items;
-    for (k.consultar("select * from item where interno = "_L1 + EnComillas(interno) + " and id<>0"_L1, items);
-         !items.Eof(); items.MoveNext())
-        recalcularItem(k, items);
+    recalcularItems(k);
     CerrarVehiculoPartes(ctx, interno, k.vehiculoPartes);
     escribirTotales(k);
     if (ctx.LiquidacionPendiente) escribirDetalle(k, estado);
@@ -252,6 +319,10 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
     return std::move(k.r);
 }
 
+QString SentenciaDeUltimoRecalculo(const QString &interno) {
+    return "select * from liqcero where interno = "_L1 + EnComillas(interno);
+}
+
 ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno) {
     ResultadoRecalculo r;
     const std::pair<QLatin1String, double *> reservados[] = {{"###baseiva"_L1, &r.sumaBaseIVA},
@@ -259,8 +330,7 @@ ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno) 
                                                              {"###ajded"_L1, &r.sumaAjusteDed},
                                                              {"###ajinc"_L1, &r.sumaAjusteInc}};
     Recordset rs;
-    for (Consultar(ctx, internos, "select * from liqcero where interno = "_L1 + EnComillas(interno), rs);
-         !rs.Eof(); rs.MoveNext()) {
+    for (Consultar(ctx, internos, SentenciaDeUltimoRecalculo(interno), rs); !rs.Eof(); rs.MoveNext()) {
         const QString codigo = rs.Texto(u"idconcepto");
         const double valor = rs.Numero(u"valor");
         const auto *reservado = std::find_if(std::begin(reservados), std::end(reservados),
@@ -276,17 +346,18 @@ ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno) 
     return r;
 }
 
+QString SentenciaDeLiquidacion(const AppContext &ctx, const QString &interno, const QString &item) {
+    return "select idconceptos,conceptos,"_L1 + SqlRound(ctx, internos, u"porcentaje"_s, u"00.00") +
+           ",baseimp,total,pgc,motivo"
+           " from itemliq"
+           " where total>0 and interno = "_L1 +
+           EnComillas(interno) + " and iditem = "_L1 + item + " order by idconceptos"_L1;
+}
+
 std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &interno, const QString &item) {
     std::vector<FilaLiq> filas;
     Recordset rs;
-    for (Consultar(ctx, internos,
-                   "select idconceptos,conceptos,"_L1 + SqlRound(ctx, internos, u"porcentaje"_s, u"00.00") +
-                       ",baseimp,total,pgc,motivo"
-                       " from itemliq"
-                       " where total>0 and interno = "_L1 +
-                       EnComillas(interno) + " and iditem = "_L1 + item + " order by idconceptos"_L1,
-                   rs);
-         !rs.Eof(); rs.MoveNext()) {
+    for (Consultar(ctx, internos, SentenciaDeLiquidacion(ctx, interno, item), rs); !rs.Eof(); rs.MoveNext()) {
         // What is not there is no 0.
         const auto numero = [&ctx, &rs](int columna) {
             const QVariant valor = rs.Fields(columna).Value;

@@ -34,6 +34,8 @@ enum class FobDeOperacion { DeSusLineas, DeSuCaratula };
 /// flags. False when the operation is not there. Raises Falla.
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &calculo,
                                  FobDeOperacion fob = FobDeOperacion::DeSusLineas);
+/// What it asks of INTERNOS, to be asked ahead.
+QStringList LecturasDeCaratula(const QString &interno, FobDeOperacion fob = FobDeOperacion::DeSusLineas);
 
 /// One concept code of an operation, in order of first appearance.
 struct ResumenLiq {
@@ -54,6 +56,8 @@ enum class CargaDePosicion { Encontrada, NoEsta, MalFormada };
 CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno, const Recordset &item,
                                         ClassLiquidacion &calculo, bool paraVer, bool &lapi,
                                         PosicionesLeidas &posiciones);
+/// What it asks of INTERNOS for item `id` of an operation of that regime, in capitals, to be asked ahead.
+QStringList LecturasDeItem(const QString &interno, const QString &id, const QString &regimen);
 
 /// Spreads the header's two adjustments over the items by FOB, to the cent and without settling the residual;
 /// items of type G take none, and a header's adjustment of 0 changes nothing. Part of every load of item 0.
@@ -70,7 +74,11 @@ ResultadoRecalculo RecalcularOperacion(AppContext &ctx, const QString &interno, 
 /// What the last run left in liqcero, with no detail: what item 0 shows when it is loaded without a run.
 /// Raises Falla.
 ResultadoRecalculo LeerUltimoRecalculo(AppContext &ctx, const QString &interno);
+/// What it asks of INTERNOS, to be asked ahead.
+QString SentenciaDeUltimoRecalculo(const QString &interno);
 
 /// The stored rows of one item with a total above 0, for the grid; a percentage or a base that is not there
 /// is empty. Raises Falla.
 std::vector<FilaLiq> LeerLiquidacionDeItem(AppContext &ctx, const QString &interno, const QString &item);
+/// What it asks of INTERNOS, to be asked ahead.
+QString SentenciaDeLiquidacion(const AppContext &ctx, const QString &interno, const QString &item);

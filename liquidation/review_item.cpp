@@ -14,6 +14,26 @@ using L = QLatin1String;
 
 using entidad::internos;
 
+QString sentenciaDeCaratula(const QString &interno) {
+    return "select * from caratula where interno = "_L1 + EnComillas(interno);
+}
+QString sentenciaDelFobDeLineas(const QString &interno) {
+    return "select sum(fob) as total from groupsubitems where interno = "_L1 + EnComillas(interno);
+}
+QString sentenciaDelFobSinG(const QString &interno) {
+    return "select sum(fobtotal) as total from item where interno = "_L1 + EnComillas(interno) +
+           " and tipoitem <> 'G'"_L1;
+}
+QString sentenciaDeDecretos(const QString &interno) {
+    return "select flag,valor from sysflag where interno = "_L1 + EnComillas(interno);
+}
+QString sentenciaDeSumas(const QString &interno, const QString &id) {
+    return "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro"
+           " from item"
+           " where interno = "_L1 +
+           EnComillas(interno) + (id == "0"_L1 ? u" and id <> 0"_s : " and id = "_L1 + id);
+}
+
 double suma(AppContext &ctx, const QString &sql) {
     Recordset rs;
     return Consultar(ctx, internos, sql, rs) ? rs.Numero(u"total") : 0;
@@ -37,8 +57,14 @@ QString sentenciaDeTasa(const QString &interno, const QString &id, const char *c
            L(cola);
 }
 
-TasaGuardada leerTasa(const Recordset &rs) {
-    return rs.Eof() ? TasaGuardada{} : TasaGuardada{true, rs.Numero(u"Porcentaje")};
+QString sentenciaDelAdicional(const QString &interno, const QString &id) {
+    return sentenciaDeTasa(interno, id, "016", " and valor = 1");
+}
+
+TasaGuardada leerTasa(AppContext &ctx, const QString &sentencia) {
+    Recordset rs;
+    return Consultar(ctx, internos, sentencia, rs) ? TasaGuardada{true, rs.Numero(u"Porcentaje")}
+                                                   : TasaGuardada{};
 }
 
 /// Percent of the additional rate that a decree of temporary importation sets.
@@ -51,20 +77,20 @@ const char *tasaDelDecreto(const MotivoDecreto &d) {
     return d.d1330_04A8 == si ? "72" : "0";
 }
 
+bool llevaAdicional(const QString &regimen) {
+    return regimen == "IC81"_L1 || EsRegimenTemporal(regimen);
+}
+
 QString derechoAdicional(AppContext &ctx, const QString &interno, const QString &id, const QString &regimen) {
-    if (regimen != "IC81"_L1 && !EsRegimenTemporal(regimen)) return u"0"_s;
-    Recordset rs;
-    Consultar(ctx, internos, sentenciaDeTasa(interno, id, "016", " and valor = 1"), rs);
-    const TasaGuardada manual = leerTasa(rs);
+    if (!llevaAdicional(regimen)) return u"0"_s;
+    const TasaGuardada manual = leerTasa(ctx, sentenciaDelAdicional(interno, id));
     return manual.hay ? numeros::aTexto(manual.porcentaje) : QString(L(tasaDelDecreto(ctx.decreto)));
 }
 
 void leerDecretos(AppContext &ctx, const QString &interno) {
     MotivoDecreto d;
     Recordset rs;
-    for (Consultar(ctx, internos, "select flag,valor from sysflag where interno = "_L1 + EnComillas(interno),
-                   rs);
-         !rs.Eof(); rs.MoveNext()) {
+    for (Consultar(ctx, internos, sentenciaDeDecretos(interno), rs); !rs.Eof(); rs.MoveNext()) {
         const QString flag = rs.Texto(u"flag");
         const QString valor = rs.Texto(u"valor");
         if (flag == "1439/96"_L1) d.d1439_96 = valor;
@@ -78,10 +104,8 @@ void leerDecretos(AppContext &ctx, const QString &interno) {
 
 void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, const QString &ncm,
                     const Recordset &p, ClassLiquidacion &c, bool paraVer) {
-    const std::vector<Recordset> guardadas = ConsultarSeguidas(
-        ctx, internos, {sentenciaDeTasa(interno, id, "010"), sentenciaDeTasa(interno, id, "011")});
-    const TasaGuardada derecho = leerTasa(guardadas.at(0));
-    const TasaGuardada estadistica = leerTasa(guardadas.at(1));
+    const TasaGuardada derecho = leerTasa(ctx, sentenciaDeTasa(interno, id, "010"));
+    const TasaGuardada estadistica = leerTasa(ctx, sentenciaDeTasa(interno, id, "011"));
     const bool fijado = derecho.hay && derecho.porcentaje > 0;
     c.NcmDerechodeImportacionExtrazona =
         fijado ? derecho.porcentaje : (derecho.hay ? numeroDe(p, u"015") : 0);
@@ -104,11 +128,23 @@ void cargarPosicion(AppContext &ctx, const QString &interno, const QString &id, 
 
 }  // namespace
 
+QStringList LecturasDeCaratula(const QString &interno, FobDeOperacion fob) {
+    QStringList sentencias{sentenciaDeCaratula(interno)};
+    if (fob == FobDeOperacion::DeSusLineas) sentencias << sentenciaDelFobDeLineas(interno);
+    return sentencias << sentenciaDelFobSinG(interno) << sentenciaDeDecretos(interno);
+}
+
+QStringList LecturasDeItem(const QString &interno, const QString &id, const QString &regimen) {
+    QStringList sentencias{sentenciaDeSumas(interno, id), sentenciaDeTasa(interno, id, "010"),
+                           sentenciaDeTasa(interno, id, "011")};
+    if (llevaAdicional(regimen)) sentencias << sentenciaDelAdicional(interno, id);
+    return sentencias;
+}
+
 bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassLiquidacion &c,
                                  FobDeOperacion fob) {
     Recordset rs;
-    if (!Consultar(ctx, internos, "select * from caratula where interno = "_L1 + EnComillas(interno), rs))
-        return false;
+    if (!Consultar(ctx, internos, sentenciaDeCaratula(interno), rs)) return false;
     c.CaratulaSubRegimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
     c.CaratulaFobTotal = rs.Numero(u"fobdivisas");
     if (fob == FobDeOperacion::DeSuCaratula) c.CaratulaFobTotal += rs.Numero(u"valoraprorratear");
@@ -122,11 +158,8 @@ bool CargarCaratulaEnCalculadora(AppContext &ctx, const QString &interno, ClassL
     c.CaratulaDivisasFOB = rs.Numero(u"fobdivcambio");
     c.CaratulaDivisasFlete = rs.Numero(u"fletedivcambio");
     c.CaratulaDivisasSeguro = rs.Numero(u"segurodivcambio");
-    if (fob == FobDeOperacion::DeSusLineas)
-        c.CaratulaFobTotal = suma(
-            ctx, "select sum(fob) as total from groupsubitems where interno = "_L1 + EnComillas(interno));
-    c.CaratulaFobTotalSinG = suma(ctx, "select sum(fobtotal) as total from item where interno = "_L1 +
-                                           EnComillas(interno) + " and tipoitem <> 'G'"_L1);
+    if (fob == FobDeOperacion::DeSusLineas) c.CaratulaFobTotal = suma(ctx, sentenciaDelFobDeLineas(interno));
+    c.CaratulaFobTotalSinG = suma(ctx, sentenciaDelFobSinG(interno));
     leerDecretos(ctx, interno);
     return true;
 }
@@ -136,12 +169,7 @@ CargaDePosicion CargarItemEnCalculadora(AppContext &ctx, const QString &interno,
                                         PosicionesLeidas &posiciones) {
     const QString id = item.Texto(u"ID");
     Recordset rs;
-    Consultar(ctx, internos,
-              "select SUM(fobtotal) as vfob,sum(itflete) as flete,sum(itseguro) as seguro"
-              " from item"
-              " where interno = "_L1 +
-                  EnComillas(interno) + (id == "0"_L1 ? u" and id <> 0"_s : " and id = "_L1 + id),
-              rs);
+    Consultar(ctx, internos, sentenciaDeSumas(interno, id), rs);
     c.FOBTotalITEM = rs.Numero(u"vfob");
     c.FLETETotalITEM = rs.Numero(u"flete");
     c.SEGUROTotalITEM = rs.Numero(u"seguro");

@@ -12,20 +12,25 @@ using L = QLatin1String;
 
 using entidad::internos;
 
+QString sentenciaDeVentaja(const QString &interno, const QString &id) {
+    return "select idventaja from itemventaja"
+           " where iditem = "_L1 +
+           id + " and idventaja = 'VEHICULOPARTES' and interno = "_L1 + EnComillas(interno);
+}
+
+bool esAutomotriz(const QString &aec, const QString &lista) {
+    return aec == "P"_L1 || aec == "R"_L1 || lista == "314/R.AUTOMOTRIZ"_L1;
+}
+
 void agregar(AppContext &ctx, const QString &interno, const QString &id) {
     Recordset rs;
-    if (Consultar(ctx, internos,
-                  "select idventaja from itemventaja"
-                  " where iditem = "_L1 +
-                      id + " and idventaja = 'VEHICULOPARTES' and interno = "_L1 + EnComillas(interno),
-                  rs))
-        return;
-    Ejecutar(ctx, internos,
-             Escritura(ctx)
-                 .crudo("iditem", id)
-                 .codigo("idventaja", u"VEHICULOPARTES"_s)
-                 .codigo("interno", interno)
-                 .insertar(u"itemventaja"_s));
+    if (Consultar(ctx, internos, sentenciaDeVentaja(interno, id), rs)) return;
+    Mandar(ctx, internos,
+           Escritura(ctx)
+               .crudo("iditem", id)
+               .codigo("idventaja", u"VEHICULOPARTES"_s)
+               .codigo("interno", interno)
+               .insertar(u"itemventaja"_s));
 }
 
 /// A position that has an automotive mark of another kind, or comes from inside the zone.
@@ -64,9 +69,7 @@ void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QStrin
                            ClassLiquidacion &c, VehiculoPartes &memoria) {
     const QString &regimen = c.CaratulaSubRegimen;
     if (regimen.startsWith("DIR"_L1) || regimen.startsWith("IDA"_L1)) return;
-    const bool automotriz =
-        c.CalculoAEC == "P"_L1 || c.CalculoAEC == "R"_L1 || c.ItemLista == "314/R.AUTOMOTRIZ"_L1;
-    if (automotriz && regimen.startsWith("IC"_L1)) {
+    if (esAutomotriz(c.CalculoAEC, c.ItemLista) && regimen.startsWith("IC"_L1)) {
         if (ZonaDePais(c.ItemIdPais) != "M"_L1 && c.ncm_AEC == "*"_L1) {
             if (lapi) agregar(ctx, interno, iditem);
         } else if (!c.ncm_AEC.trimmed().isEmpty()) {
@@ -75,6 +78,13 @@ void RevisarVehiculoPartes(AppContext &ctx, const QString &interno, const QStrin
     } else if (regimen.startsWith("ICR"_L1) && lapi) {
         agregar(ctx, interno, iditem);
     }
+}
+
+QStringList LecturasDeVehiculoPartes(const AppContext &ctx, const QString &interno, const Recordset &item,
+                                     const QString &regimen) {
+    const bool puede = regimen.startsWith("ICR"_L1) ||
+                       (regimen.startsWith("IC"_L1) && esAutomotriz(ctx.CalculoAEC, item.Texto(u"Lista")));
+    return puede ? QStringList{sentenciaDeVentaja(interno, item.Texto(u"ID"))} : QStringList{};
 }
 
 void CerrarVehiculoPartes(AppContext &ctx, const QString &interno, const VehiculoPartes &memoria) {

@@ -19,6 +19,7 @@
 #include "operations/batchwork.h"
 #include "operations/browser.h"
 #include "operations/lifecycle.h"
+#include "operations/operationkey.h"
 
 using namespace Qt::StringLiterals;
 
@@ -129,8 +130,8 @@ struct Fila {
 };
 
 QString defectoDeClave(const QString &clave) {
-    constexpr qsizetype largo = 40;
-    return clave.size() > largo ? u"la clave de una operación tiene 40 caracteres como máximo"_s : QString();
+    return clave.size() > largoDeClave ? u"la clave de una operación tiene 40 caracteres como máximo"_s
+                                       : QString();
 }
 
 QString defectoDeItem(const QString &numero) {
@@ -458,8 +459,8 @@ bool VersionAdecuada(AppContext &ctx) {
     if (version >= versionMinima) return true;
     ctx.dialogos.critico(
         u"Los stores del perfil %1 son anteriores a la versión %2, que se necesita; actualícelos "
-        "con DbUpgrade3 --perfil %1."_s.arg(ctx.DataManager.rutaDelPerfil())
-            .arg(versionMinima));
+        "con %3."_s.arg(ctx.DataManager.rutaDelPerfil(), QString::number(versionMinima),
+                        ctx.DataManager.comoActualizar()));
     return false;
 }
 

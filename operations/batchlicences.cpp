@@ -25,7 +25,8 @@ constexpr ReportePedido reportesPedidos[] = {{"catalogo", BusquedaDeReporte::Cat
 QString DefectoDePosicionBuscada(const QString &posicion) {
     return posicion.trimmed().size() >= minimoDePosicionBuscada
                ? QString()
-               : u"\"%1\" tiene menos de %2 caracteres"_s.arg(posicion).arg(minimoDePosicionBuscada);
+               : u"\"%1\" tiene menos de %2 caracteres"_s.arg(posicion,
+                                                              QString::number(minimoDePosicionBuscada));
 }
 
 QString DefectoDeSalidaDeLicencias(const QString &archivo) {

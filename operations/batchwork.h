@@ -51,8 +51,8 @@ bool HayOperacion(AppContext &ctx, const QString &clave);
 /// Answers what `hacer` answers, `falla` when another workstation holds it, which was told. Raises Falla.
 int ConLaOperacion(const Trabajo &t, const std::function<int()> &hacer);
 
-/// What is still to be done behind the work. Where its failure was told (`dicha`), another one, of a store that
-/// is gone mostly, is not told again; otherwise raises Falla.
+/// What is still to be done behind the work. Where its failure was told (`dicha`), another one, of a store
+/// that is gone mostly, is not told again; otherwise raises Falla.
 void TrasElTrabajo(bool dicha, const std::function<void()> &hacer);
 
 /// Puts the totals of a recalculation into the result, amounts with two decimals.

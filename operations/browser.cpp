@@ -70,6 +70,19 @@ class Sabidos {
     std::map<QString, QString> sabidos_;
 };
 
+/// What the rows' codes are asked of SYSTABLAS, each once; leaves `rs` on its first row.
+QStringList lecturasDeCodigos(Recordset &rs) {
+    QStringList sentencias;
+    for (; !rs.Eof(); rs.MoveNext()) {
+        sentencias << SentenciaDeDireccion(RegimenEnMayusculas(rs.Texto(u"idsubreg")));
+        if (const QString aduana = rs.Texto(u"idaduana"); !aduana.isEmpty())
+            sentencias << SentenciaDeDescripcion(u"ADUANA"_s, aduana);
+    }
+    sentencias.removeDuplicates();
+    rs.MoveFirst();
+    return sentencias;
+}
+
 }  // namespace
 
 const std::vector<AgrupacionDeInternos> &AgrupacionesDeInternos() {
@@ -99,7 +112,7 @@ QString SentenciaDeInternos(AppContext &ctx, const FiltroDeInternos &f) {
                            " and "_L1 + ctx.DataManager.getDateFormatbyEntity(internos, f.hasta.endOfDay()) +
                            " )"_L1;
     if (!f.txtInterno.trimmed().isEmpty())
-        condiciones << " interno like '"_L1 + f.txtInterno.trimmed() + "%' "_L1;
+        condiciones << " interno like "_L1 + TextoEnComillas(f.txtInterno.trimmed() + u'%') + u' ';
     if (f.transferencias == Transferencias::Pendientes)
         condiciones << u" interno not in (select interno from transferidas) "_s;
     if (f.transferencias == Transferencias::Transferidos)
@@ -116,7 +129,11 @@ std::vector<FilaDeInterno> LeerInternos(AppContext &ctx, const FiltroDeInternos 
     Sabidos direcciones(ctx, getTypeOPfromSubReg);
     Sabidos aduanas(ctx, getAduanaDescripcion);
     Recordset rs;
-    for (Consultar(ctx, internos, SentenciaDeInternos(ctx, filtro), rs); !rs.Eof(); rs.MoveNext()) {
+    Consultar(ctx, internos, SentenciaDeInternos(ctx, filtro), rs);
+    LecturaAdelantada codigos(ctx.conexion(entidad::systablas), {lecturasDeCodigos(rs)});
+    codigos.Vuelta();
+    filas.reserve(static_cast<std::size_t>(rs.RecordCount()));
+    for (; !rs.Eof(); rs.MoveNext()) {
         const QString subregimen = RegimenEnMayusculas(rs.Texto(u"idsubreg"));
         const QDateTime alta = AFecha(rs.Fields(u"fechaalta").Value);
         filas.push_back({tipoDe(direcciones.de(subregimen)), rs.Texto(u"interno"), subregimen,

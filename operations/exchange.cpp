@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include "frame/base/texts.h"
 #include "frame/base/values.h"
 #include "frame/entities.h"
 #include "frame/files.h"
@@ -112,6 +113,8 @@ QString RutaDe(const AppContext &ctx, const QString &texto) {
 }
 
 bool HayEnElStore(AppContext &ctx, const QString &clave) {
+    // A key that the stores refuse is in none of them.
+    if (clave.contains(u'\'') || !DefectoDeTexto(clave).isEmpty()) return false;
     Recordset rs;
     return Consultar(ctx, internos, "select interno from caratula where interno = "_L1 + EnComillas(clave),
                      rs);

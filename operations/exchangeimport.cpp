@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "frame/base/texts.h"
 #include "frame/base/values.h"
 #include "frame/entities.h"
 #include "frame/transaction.h"
@@ -9,6 +10,7 @@
 #include "operations/exchangefile.h"
 #include "operations/exchangemarks.h"
 #include "operations/exchangerelated.h"
+#include "operations/operationkey.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,8 +21,6 @@ namespace {
 using L = QLatin1String;
 
 using entidad::internos;
-
-constexpr qsizetype largoDeClave = 40;
 
 QString condicionDeLaClave(const QString &clave) {
     return " where interno = "_L1 + EnComillas(clave);
@@ -195,14 +195,13 @@ const std::vector<Decision> &DecisionesPosibles(bool existe) {
 QString ClaveLibre(AppContext &ctx, const QString &clave, const QStringList &tomadas) {
     for (int n = 2;; ++n) {
         const QString cola = u'-' + QString::number(n);
-        QString libre = clave.left(largoDeClave - cola.size()) + cola;
+        QString libre = Recortado(clave, largoDeClave - cola.size()) + cola;
         if (!tomadas.contains(libre, Qt::CaseInsensitive) && !HayEnElStore(ctx, libre)) return libre;
     }
 }
 
 QString DefectoDeOtraClave(AppContext &ctx, const QString &clave, const QStringList &tomadas) {
-    if (clave.trimmed().isEmpty() || clave.size() > largoDeClave || clave.contains(u'\''))
-        return u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos; elija otra."_s;
+    if (QString defecto = DefectoDeClaveNueva(clave); !defecto.isEmpty()) return defecto;
     if (tomadas.contains(clave, Qt::CaseInsensitive) || HayEnElStore(ctx, clave))
         return u"La operación %1 ya existe; elija otra clave o reemplácela."_s.arg(clave);
     return {};

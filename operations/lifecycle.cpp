@@ -9,6 +9,7 @@
 #include "frame/transaction.h"
 #include "header/regime.h"
 #include "operations/oOperationCopy.h"
+#include "operations/operationkey.h"
 #include "stock/closing.h"
 #include "stock/stock.h"
 #include "subitems/inputslink.h"
@@ -79,6 +80,10 @@ void borrarAjustes(AppContext &ctx, const QString &clave) {
 }  // namespace
 
 bool CrearInterno(AppContext &ctx, const QString &clave) {
+    if (const QString defecto = DefectoDeClaveNueva(clave); !defecto.isEmpty()) {
+        ctx.dialogos.advertir(defecto);
+        return false;
+    }
     try {
         Recordset rs;
         if (Consultar(ctx, internos, "select interno from caratula"_L1 + deLaClave(clave), rs)) {
@@ -103,7 +108,7 @@ bool CrearInterno(AppContext &ctx, const QString &clave) {
 
 QString NuevoInterno(AppContext &ctx) {
     const auto escrito = ctx.dialogos.pedirTexto(
-        {u"Crear nuevo interno"_s, u"Ingrese el nuevo número de INTERNO/CARPETA"_s, 40, {}});
+        {u"Crear nuevo interno"_s, u"Ingrese el nuevo número de INTERNO/CARPETA"_s, int(largoDeClave), {}});
     QString clave = escrito.value_or(QString()).trimmed();
     if (clave.isEmpty() || !CrearInterno(ctx, clave)) return {};
     return clave;
@@ -208,10 +213,12 @@ QString CopiarInterno(AppContext &ctx, const QString &interno) {
     return oOperationCopy::Mostrar(ctx, interno);
 }
 
+QString SentenciaDeDireccion(const QString &idsubreg) {
+    return "select CSTAIMPEXP from STA where id = "_L1 + EnComillas(idsubreg);
+}
+
 QString getTypeOPfromSubReg(AppContext &ctx, const QString &idsubreg) {
     Recordset rs;
-    if (!Consultar(ctx, u"SYSTABLAS"_s, "select CSTAIMPEXP from STA where id = "_L1 + EnComillas(idsubreg),
-                   rs))
-        return {};
+    if (!Consultar(ctx, entidad::systablas, SentenciaDeDireccion(idsubreg), rs)) return {};
     return rs.Texto(u"cstaimpexp");
 }

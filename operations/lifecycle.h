@@ -45,3 +45,5 @@ QString CopiarInterno(AppContext &ctx, const QString &interno);
 
 /// `cstaimpexp` of a subregime by the browser's own statement; empty when there is no row.
 QString getTypeOPfromSubReg(AppContext &ctx, const QString &idsubreg);
+/// What it asks of SYSTABLAS, to be asked ahead.
+QString SentenciaDeDireccion(const QString &idsubreg);

@@ -6,6 +6,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "operations/operationkey.h"
 #include "operations/operationrows.h"
 
 using namespace Qt::StringLiterals;
@@ -64,9 +65,13 @@ void Copiar(AppContext &ctx, const QString &origen, const QString &destino) {
 
 QString Mostrar(AppContext &ctx, const QString &Numero_Interno) {
     const auto escrito = ctx.dialogos.pedirTexto(
-        {u"Copiar interno"_s, u"Ingrese el nuevo número de INTERNO/CARPETA"_s, 40, {}});
+        {u"Copiar interno"_s, u"Ingrese el nuevo número de INTERNO/CARPETA"_s, int(largoDeClave), {}});
     QString destino = escrito.value_or(QString()).trimmed();
     if (destino.isEmpty()) return {};
+    if (const QString defecto = DefectoDeClaveNueva(destino); !defecto.isEmpty()) {
+        ctx.dialogos.advertir(defecto);
+        return {};
+    }
     const Reloj reloj(ctx.dialogos);
     try {
         // Another workstation may have deleted it since the list was filled.

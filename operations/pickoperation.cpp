@@ -5,6 +5,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "operations/operationkey.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,9 +23,8 @@ QString claveGuardada(AppContext &ctx, const QString &clave) {
 }  // namespace
 
 QString PedirOperacion(AppContext &ctx, const QString &titulo) {
-    constexpr int largoDeClave = 40;
     const auto escrito = ctx.dialogos.pedirTexto(
-        {titulo, u"Ingrese el número de INTERNO/CARPETA, o su comienzo"_s, largoDeClave,
+        {titulo, u"Ingrese el número de INTERNO/CARPETA, o su comienzo"_s, int(largoDeClave),
          ctx.ajustes.Leer(ajuste::zendra, u"APLICACION"_s, u"INTERNO_NRO"_s)});
     const QString clave = escrito.value_or(QString()).trimmed();
     if (clave.isEmpty()) return {};

@@ -125,16 +125,17 @@ struct Lectura {
     const QString &interno;
     Declaracion &d;
 
-    bool abrir(Parte que, Recordset &rs) const {
+    QString sentencia(Parte que) const {
         const ParteDeDeclaracion &parte = DatosDe(que);
         QStringList columnas;
         for (const char *clave : {parte.item, parte.orden})
             if (*clave != '\0') columnas << L(clave);
         for (const DatoDeParte &dato : parte.datos) columnas << L(dato.columna);
-        return Consultar(ctx, entidad::internos,
-                         "select "_L1 + columnas.join(u',') + " from "_L1 + L(parte.tabla) +
-                             " where interno = "_L1 + EnComillas(interno) + L(parte.filtro),
-                         rs);
+        return "select "_L1 + columnas.join(u',') + " from "_L1 + L(parte.tabla) + " where interno = "_L1 +
+               EnComillas(interno) + L(parte.filtro);
+    }
+    bool abrir(Parte que, Recordset &rs) const {
+        return Consultar(ctx, entidad::internos, sentencia(que), rs);
     }
     /// The row in hand of a recordset that `abrir` opened.
     FilaDeclarada fila(Parte que, const Recordset &rs) const {
@@ -209,22 +210,29 @@ void leerDeItems(const Lectura &l, Parte que, const IndiceDeItems &indice) {
                     .arg(sueltas)});
 }
 
+QString sentenciaDePlegadas(const QString &interno) {
+    return "select idroot,idsub from idrel where interno = "_L1 + EnComillas(interno);
+}
+
+QString sentenciaDeCertificados(const QString &interno) {
+    return "select id,certorig from subitems"
+           " where interno = "_L1 +
+           EnComillas(interno) + " and certorig is not null and certorig <> ''"_L1;
+}
+
+QString sentenciaDeMarcas(const QString &interno) {
+    return "select factura8,factura9 from caratula where interno = "_L1 + EnComillas(interno);
+}
+
 /// The certificates of the lines that each item's groups stand for.
 void leerCertificados(const Lectura &l, const IndiceDeItems &indice) {
-    const QString interno = EnComillas(l.interno);
     std::multimap<double, double> lineas;  // a group's line and those folded into it
     Recordset rs;
-    for (Consultar(l.ctx, entidad::internos, "select idroot,idsub from idrel where interno = "_L1 + interno,
-                   rs);
-         !rs.Eof(); rs.MoveNext())
+    for (Consultar(l.ctx, entidad::internos, sentenciaDePlegadas(l.interno), rs); !rs.Eof(); rs.MoveNext())
         lineas.emplace(rs.Numero(u"idroot"), rs.Numero(u"idsub"));
     std::map<double, QString> certificados;
-    for (Consultar(l.ctx, entidad::internos,
-                   "select id,certorig from subitems"
-                   " where interno = "_L1 +
-                       interno + " and certorig is not null and certorig <> ''"_L1,
-                   rs);
-         !rs.Eof(); rs.MoveNext())
+    for (Consultar(l.ctx, entidad::internos, sentenciaDeCertificados(l.interno), rs); !rs.Eof();
+         rs.MoveNext())
         certificados.emplace(rs.Numero(u"id"), rs.Texto(u"certorig").trimmed());
     if (certificados.empty()) return;
     const DatoDeParte certificado{"", "certificado", "certorig", ClaseDeDato::Codigo};
@@ -248,10 +256,19 @@ void leerCertificados(const Lectura &l, const IndiceDeItems &indice) {
 
 void leerMarcas(const Lectura &l) {
     Recordset rs;
-    Consultar(l.ctx, entidad::internos,
-              "select factura8,factura9 from caratula where interno = "_L1 + EnComillas(l.interno), rs);
+    Consultar(l.ctx, entidad::internos, sentenciaDeMarcas(l.interno), rs);
     l.d.porArmar = rs.Texto(u"factura8") == "S"_L1;
     l.d.bultosContestados = rs.Texto(u"factura9").trimmed() == "1"_L1;
+}
+
+/// All that a declaration asks of INTERNOS.
+QStringList lecturasDe(const Lectura &l) {
+    QStringList sentencias{l.sentencia(Parte::Caratula), l.sentencia(Parte::Bultos),
+                           sentenciaDeMarcas(l.interno)};
+    for (const Parte que : {Parte::Factura, Parte::Prorrateo, Parte::Total, Parte::Item})
+        sentencias << l.sentencia(que);
+    for (const Parte que : partesDeItem) sentencias << l.sentencia(que);
+    return sentencias << sentenciaDePlegadas(l.interno) << sentenciaDeCertificados(l.interno);
 }
 
 }  // namespace
@@ -289,6 +306,8 @@ Declaracion LeerDeclaracion(AppContext &ctx, const QString &interno) {
     Declaracion d;
     d.interno = interno;
     const Lectura l{ctx, interno, d};
+    LecturaAdelantada lecturas(ctx.conexion(entidad::internos), {lecturasDe(l)});
+    lecturas.Vuelta();
     d.caratula = leerUna(l, Parte::Caratula);
     d.bultos = leerUna(l, Parte::Bultos);
     leerMarcas(l);

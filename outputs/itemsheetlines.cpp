@@ -25,7 +25,7 @@ std::vector<Recordset> CorridaDeHoja::consultarJuntas(const QStringList &sentenc
 void CorridaDeHoja::linea(const QString &texto, bool conElSiguiente) {
     QString sinComillas = texto;
     sinComillas.replace(u'\'', u'`');
-    porMandar << "insert into tabla (linea) values ('"_L1 + sinComillas + "')"_L1;
+    porMandar << "insert into tabla (linea) values ("_L1 + EnComillas(sinComillas) + u')';
     constexpr qsizetype bastantes = 500;
     if (porMandar.size() >= bastantes) mandarLineas();
     papel::Renglon &marca = marcas.emplace_back();
@@ -72,6 +72,9 @@ QString FilaDeHoja(std::span<const ColumnaDeHoja> columnas, const QStringList &c
 }
 
 void CargarItemDeHoja(CorridaDeHoja &h, const Recordset &item) {
+    LecturaAdelantada lecturas(h.ctx.conexion(entidad::internos),
+                               {LecturasDeItem(h.interno, item.Texto(u"id"), h.calculo.CaratulaSubRegimen)});
+    lecturas.Vuelta();
     CargarItemEnCalculadora(h.ctx, h.interno, item, h.calculo, false, h.lapi, h.posiciones);
     // The bases change some of the rates: what is asked next begins from those that were loaded.
     ClassLiquidacion aparte = h.calculo;

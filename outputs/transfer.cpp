@@ -68,6 +68,6 @@ DocumentoEscrito EscribirTransferencia(const Declaracion &declaracion, const QSt
     r.hecho = true;
     r.bytes = documento.size();
     r.suma = SumaDeDocumento(documento);
-    r.aviso = u"Se escribió la declaración en %1 (%2 bytes)."_s.arg(ruta).arg(r.bytes);
+    r.aviso = u"Se escribió la declaración en %1 (%2 bytes)."_s.arg(ruta, QString::number(r.bytes));
     return r;
 }

@@ -11,8 +11,9 @@
 #include "frame/commandline.h"
 #include "frame/lasthandler.h"
 #include "frame/store/StoreProfiles.h"
+#include "frame/store/connectwords.h"
+#include "upgrade/puesta.h"
 #include "upgrade/respaldo.h"
-#include "upgrade/servidor.h"
 #include "upgrade/upgrade.h"
 #include "upgrade/verificacion.h"
 
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int bien = 0;
 constexpr int fallo = 1;
+constexpr int partesDelAcceso = 4;
 
 QTextStream &salida() {
     static QTextStream s(stdout);
@@ -51,20 +53,41 @@ void mostrarProgreso(const QString &que, qint64 hecho, qint64 total) {
 }
 
 /// "host,puerto,base,usuario"; nothing when it is not that.
-std::optional<servidor::Acceso> leerAcceso(const QString &texto) {
-    const QStringList datos = texto.split(QLatin1Char(','));
+std::optional<Conexion::Datos> leerAcceso(const QString &texto) {
+    const QStringList partes = texto.split(QLatin1Char(','));
     bool numero = false;
-    const servidor::Acceso acceso{datos.value(0).trimmed(), datos.value(1).trimmed().toInt(&numero),
-                                  datos.value(2).trimmed(), datos.value(3).trimmed()};
-    constexpr int partes = 4;
-    if (datos.size() != partes || !numero || acceso.host.isEmpty() || acceso.base.isEmpty() ||
+    Conexion::Datos acceso;
+    acceso.motor = &motores::servidor();
+    acceso.host = partes.value(0).trimmed();
+    acceso.puerto = partes.value(1).trimmed().toInt(&numero);
+    acceso.base = partes.value(2).trimmed();
+    acceso.usuario = partes.value(3).trimmed();
+    if (partes.size() != partesDelAcceso || !numero || acceso.host.isEmpty() || acceso.base.isEmpty() ||
         acceso.usuario.isEmpty())
         return std::nullopt;
     return acceso;
 }
 
 QString defectoDeAcceso(const QString &texto) {
-    return leerAcceso(texto) ? QString() : u"\"%1\" no es host,puerto,base,usuario"_s.arg(texto);
+    if (leerAcceso(texto)) return {};
+    // The fifth may well be a password, which is not to be seen again.
+    if (texto.count(QLatin1Char(',')) >= partesDelAcceso)
+        return u"son cuatro datos, host,puerto,base,usuario, y ninguna contraseña"_s;
+    return u"\"%1\" no es host,puerto,base,usuario"_s.arg(texto);
+}
+
+QString defectoDeRoles(const QString &texto) {
+    const QStringList roles = texto.split(QLatin1Char(','));
+    const bool sirve =
+        roles.size() == 2 && !roles.at(0).trimmed().isEmpty() && !roles.at(1).trimmed().isEmpty();
+    return sirve ? QString() : u"\"%1\" no es DUEÑO,TRABAJO"_s.arg(texto);
+}
+
+QString defectoDePalabra(const QString &texto) {
+    const QString palabra = texto.section(QLatin1Char('='), 0, 0);
+    if (texto.contains(QLatin1Char('=')) && motores::palabrasDelPerfil().contains(palabra)) return {};
+    return u"\"%1\" no es una palabra de la conexión (%2) con su valor"_s.arg(
+        palabra, motores::palabrasDelPerfil().join(", "_L1));
 }
 
 QString defectoDeCarga(const QString &texto) {
@@ -88,9 +111,32 @@ consola::Programa descripcion() {
                  .excluyeA = "crear-servidor"},
                 {.nombre = "crear-servidor",
                  .valor = "DATOS",
-                 .texto = "Escribe antes un perfil de servidor, y crea la base si no está. Los datos son "
-                          "host,puerto,base,usuario.",
+                 .texto =
+                     "Prepara antes un servidor: la base si no está, un rol que es su dueño y otro que "
+                     "trabaja en ella, y un perfil para cada uno. Los datos son host,puerto,base,usuario "
+                     "de quien puede crearlos; su contraseña va en PGPASSWORD.",
                  .control = defectoDeAcceso},
+                {.nombre = "roles",
+                 .valor = "DUEÑO,TRABAJO",
+                 .texto =
+                     "Los nombres de los dos roles; sin ella, BASE_dueno y BASE_trabajo. Las contraseñas "
+                     "van en ZENDRA_CLAVE_DUENO y ZENDRA_CLAVE_TRABAJO; sin ellas se inventan y quedan en "
+                     "los perfiles.",
+                 .control = defectoDeRoles,
+                 .soloCon = "crear-servidor"},
+                {.nombre = "sin-roles",
+                 .texto = "No crea roles: el usuario dado es dueño de la base y trabaja en ella.",
+                 .soloCon = "crear-servidor",
+                 .excluyeA = "roles"},
+                {.nombre = "conexion",
+                 .valor = "PALABRA=VALOR",
+                 .texto =
+                     "Cómo se conecta el perfil nuevo, en palabras de la biblioteca de PostgreSQL: sslmode, "
+                     "sslrootcert, sslcert, sslkey, sslcrl. Los archivos son relativos a la carpeta del "
+                     "perfil.",
+                 .repetible = true,
+                 .control = defectoDePalabra,
+                 .soloCon = "crear-servidor"},
                 {.nombre = "demostracion", .texto = "Carga los datos de demostración en las tablas vacías."},
                 {.nombre = "cargar",
                  .valor = "TABLA=ARCHIVO",
@@ -143,18 +189,25 @@ QString crearPerfilDeArchivos(const QString &enCarpeta, QString &ruta) {
     return u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta);
 }
 
-/// A profile of a server store, and its base when it is missing; the path into `ruta`, or what is wrong.
-QString crearPerfilDeServidor(const servidor::Acceso &acceso, QString &ruta) {
+/// A server made ready, with its profiles; the path of the one to go on with into `ruta`, or what is wrong.
+QString crearPerfilDeServidor(const consola::Pedido &pedido, QString &ruta) {
     if (ruta.isEmpty())
         ruta =
             QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + u"/servidor.perfil.ini"_s;
-    const QString carpeta = QFileInfo(ruta).absolutePath();
-    if (QString error = servidor::CrearBase(acceso); !error.isEmpty()) return error;
-    if (QDir().mkpath(carpeta) &&
-        StoreProfiles::escribirPerfilDeServidor(ruta, u"Servidor"_s, acceso.host, acceso.puerto, acceso.base,
-                                                acceso.usuario, carpeta))
-        return {};
-    return u"No se puede escribir el perfil %1; revise los permisos de su carpeta."_s.arg(ruta);
+    actualizacion::PedidoDeServidor p{
+        ruta, *leerAcceso(pedido.valor("crear-servidor")), !pedido.tiene("sin-roles"), {}, {}, {}};
+    p.roles = roles::DeLaBase(p.acceso.base);
+    if (pedido.tiene("roles")) {
+        const QStringList nombres = pedido.valor("roles").split(QLatin1Char(','));
+        p.roles = {nombres.at(0).trimmed(), nombres.at(1).trimmed()};
+    }
+    for (const QString &par : pedido.valores("conexion"))
+        p.palabras.emplace_back(par.section(QLatin1Char('='), 0, 0), par.section(QLatin1Char('='), 1));
+    p.claves = {qEnvironmentVariable("ZENDRA_CLAVE_DUENO"), qEnvironmentVariable("ZENDRA_CLAVE_TRABAJO")};
+    const actualizacion::ServidorPuesto puesto = actualizacion::PonerServidor(p);
+    for (const QString &cambio : puesto.cambios) salida() << cambio << Qt::endl;
+    ruta = puesto.ruta;
+    return puesto.error;
 }
 
 /// The profile to work on, written first when that was asked for; its path into `ruta`, or what is wrong.
@@ -165,7 +218,7 @@ QString prepararPerfil(const consola::Pedido &pedido, QString &ruta) {
     if (pedido.tiene("crear-archivos")) {
         error = crearPerfilDeArchivos(pedido.valor("crear-archivos"), ruta);
     } else if (pedido.tiene("crear-servidor")) {
-        error = crearPerfilDeServidor(*leerAcceso(pedido.valor("crear-servidor")), ruta);
+        return crearPerfilDeServidor(pedido, ruta);
     } else if (dado) {
         return {};
     } else {
@@ -204,6 +257,8 @@ int trabajar(const consola::Pedido &pedido) {
         falla(u"Hay varios perfiles; indique uno con --perfil."_s);
         return consola::malUso;
     }
+    StoreProfiles::SPMain manager;
+    if (manager.usarPerfil(ruta) && !manager.aviso().isEmpty()) errores() << manager.aviso() << Qt::endl;
     if (pedido.tiene("verificar")) return verificar(ruta);
     if (pedido.tiene("respaldo")) return respaldar(ruta, pedido.valor("respaldo"));
     const actualizacion::Resultado hecho =

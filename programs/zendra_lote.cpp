@@ -61,8 +61,8 @@ bool leerJson(const QString &archivo, QJsonDocument &documento, QString &error) 
     QJsonParseError falla{};
     documento = QJsonDocument::fromJson(f.readAll(), &falla);
     if (falla.error == QJsonParseError::NoError) return true;
-    error =
-        u"El archivo %1 no es JSON válido (falla en el byte %2); corríjalo."_s.arg(archivo).arg(falla.offset);
+    error = u"El archivo %1 no es JSON válido (falla en el byte %2); corríjalo."_s.arg(
+        archivo, QString::number(falla.offset));
     return false;
 }
 
@@ -96,11 +96,6 @@ bool leerObjeto(const QString &archivo, const QString &que, QJsonObject &objeto,
     }
     objeto = documento.object();
     return true;
-}
-
-int negar(const QString &texto) {
-    std::fprintf(stderr, "%s\n", texto.toUtf8().constData());
-    return lote::malPedido;
 }
 
 void escribirLinea(const QString &texto) {
@@ -144,11 +139,12 @@ int trabajar(AppContext &ctx, const consola::Pedido &pedido, QJsonObject &result
     QStringList respuestas;
     QJsonObject opciones;
     lote::Orden orden = lote::OrdenDe(pedido);
-    if (!leerArchivos(pedido, respuestas, opciones, orden, error)) return negar(error);
+    if (!leerArchivos(pedido, respuestas, opciones, orden, error)) return consola::Negar(error);
     QFile traza(pedido.valor("traza"));
     const auto sinTraza = qScopeGuard([] { Conexion::fijarTraza({}); });
     if (!trazar(traza))
-        return negar(u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(traza.fileName()));
+        return consola::Negar(
+            u"No se puede escribir la traza en %1; elija otra ruta."_s.arg(traza.fileName()));
 
     ctx.ajustes = Ajustes(pedido.valor("ajustes"));
     ctx.dialogos = DialogosJson(escribirLinea, respuestas);

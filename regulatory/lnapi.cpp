@@ -15,7 +15,7 @@ const QString finDeLinea = u"\r\n"_s;
 const QString sinDatos = u"SIN DATOS"_s;
 
 QString claveDe(const QString &posicion) {
-    return DoblarComillas(CortarPosicion(posicion).c001);
+    return TextoEnComillas(CortarPosicion(posicion).c001);
 }
 
 }  // namespace
@@ -26,9 +26,9 @@ std::vector<NormaLnapi> ObtenerNormaLnapi(AppContext &ctx, const QString &posici
     Consultar(ctx, u"NCM"_s,
               "select lnapi, norma "
               "From LNAPIPosicionesAfectadas "
-              "where posicion='"_L1 +
+              "where posicion="_L1 +
                   claveDe(posicion) +
-                  "' "
+                  " "
                   "ORDER BY aclaraciones DESC"_L1,
               rs);
     for (; !rs.Eof(); rs.MoveNext()) normas.push_back({rs.Texto(u"lnapi"), rs.Texto(u"norma")});
@@ -55,9 +55,9 @@ QString ObtenerAclaraciones(AppContext &ctx, const QString &posicion) {
     if (!Consultar(ctx, u"NCM"_s,
                    "select aclaraciones "
                    "From LNAPIPosicionesAfectadas "
-                   "where posicion='"_L1 +
+                   "where posicion="_L1 +
                        claveDe(posicion) +
-                       "' "
+                       " "
                        "ORDER BY aclaraciones DESC"_L1,
                    rs))
         return sinAclaraciones;

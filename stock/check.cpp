@@ -82,7 +82,8 @@ Todo leerTodo(AppContext &ctx) {
 }
 
 QString nombreDeToma(const Movimiento &m) {
-    return u"la toma %1 de la operación %2, línea %3"_s.arg(m.id).arg(m.interno).arg(m.idlinea);
+    return u"la toma %1 de la operación %2, línea %3"_s.arg(QString::number(m.id), m.interno,
+                                                            QString::number(m.idlinea));
 }
 
 Hallazgo hallar(C clase, const Movimiento &m, const QString &texto) {
@@ -94,8 +95,8 @@ void revisarSaldos(const AppContext &ctx, const Todo &t, std::vector<Hallazgo> &
     for (const Movimiento &m : t.tomas) tomado[m.idstock] += m.descontado;
     for (const auto &[id, l] : t.lineas) {
         const double cuenta = numeros::redondear(l.cantidad - tomado[id], decimalesDeSaldo);
-        const QString donde =
-            u"Declaración %1, item %2, subitem %3: "_s.arg(l.dit).arg(l.item).arg(l.subitem);
+        const QString donde = u"Declaración %1, item %2, subitem %3: "_s.arg(l.dit, QString::number(l.item),
+                                                                             QString::number(l.subitem));
         if (cuenta < 0)
             hallazgos.push_back({C::Sobregirada, id, 0, l.interno, l.idlinea,
                                  donde + u"se tomaron %1 más que lo que entró; devuelva alguna toma."_s.arg(
@@ -135,10 +136,9 @@ void revisarDescargas(AppContext &ctx, const Todo &t, std::vector<Hallazgo> &hal
         ++filas[movimiento];
         // A number that no movement ever had is of elsewhere.
         if (t.devueltas.count(movimiento) != 0)
-            hallazgos.push_back(
-                {C::DescargaSuelta, 0, movimiento, rs.Texto(u"interno"), 0,
-                 u"La operación %1 descarga la toma %2, que se devolvió."_s.arg(rs.Texto(u"interno"))
-                     .arg(movimiento)});
+            hallazgos.push_back({C::DescargaSuelta, 0, movimiento, rs.Texto(u"interno"), 0,
+                                 u"La operación %1 descarga la toma %2, que se devolvió."_s.arg(
+                                     rs.Texto(u"interno"), QString::number(movimiento))});
     }
     for (const Movimiento &m : t.tomas)
         if (filas[m.id] != 1)
@@ -157,7 +157,7 @@ void revisarMarcas(const Todo &t, std::vector<Hallazgo> &hallazgos) {
         Hallazgo h{tomo ? C::TomaSinMarca : C::MarcaSinToma, 0, 0, linea.interno, dueno.second, {}};
         h.texto = tomo ? u"La línea %1 de la operación %2 tomó del stock y no lleva la marca OK."_s
                        : u"La línea %1 de la operación %2 lleva la marca OK y no tomó del stock."_s;
-        h.texto = h.texto.arg(dueno.second).arg(linea.interno);
+        h.texto = h.texto.arg(QString::number(dueno.second), linea.interno);
         // A mark that this stock never gave tells of another one.
         h.reparable = tomo || t.conHistoria.count(dueno) != 0;
         hallazgos.push_back(h);

@@ -19,7 +19,8 @@ namespace {
 using entidad::internos;
 
 QString nombrar(const Linea &l) {
-    return u"la declaración %1, item %2, subitem %3"_s.arg(l.dit).arg(l.item).arg(l.subitem);
+    return u"la declaración %1, item %2, subitem %3"_s.arg(l.dit, QString::number(l.item),
+                                                           QString::number(l.subitem));
 }
 
 QString numero(qint64 id) {

@@ -283,11 +283,10 @@ papel::Tabla TablaDeMovimientos(AppContext &ctx, qint64 idstock) {
         tabla.filas.push_back(filaDe(columnas, {*linea, m}));
     if (tabla.filas.empty()) return tabla;
     tabla.titulo = u"Movimientos de una línea del stock"_s;
-    tabla.subtitulo = u"Declaración %1, item %2, subitem %3 - %4 - entró %5, queda %6"_s.arg(linea->dit)
-                          .arg(linea->item)
-                          .arg(linea->subitem)
-                          .arg(articuloDe(*linea).isEmpty() ? linea->descripcion : articuloDe(*linea),
-                               CantidadDicha(ctx, linea->cantidad, {}), CantidadDicha(ctx, linea->saldo, {}));
+    tabla.subtitulo = u"Declaración %1, item %2, subitem %3 - %4 - entró %5, queda %6"_s.arg(
+        linea->dit, QString::number(linea->item), QString::number(linea->subitem),
+        articuloDe(*linea).isEmpty() ? linea->descripcion : articuloDe(*linea),
+        CantidadDicha(ctx, linea->cantidad, {}), CantidadDicha(ctx, linea->saldo, {}));
     tabla.nombre = u"Movimientos "_s + linea->dit;
     return tabla;
 }

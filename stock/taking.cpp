@@ -158,8 +158,8 @@ Resultado TomarParaLinea(AppContext &ctx, const QString &interno, qint64 idlinea
                          const std::vector<Parte> &elegidas) {
     const auto linea = leerLineaQueToma(ctx, interno, idlinea);
     if (!linea)
-        return noPuede(
-            ctx, u"La operación %1 no tiene la línea %2; revise su número."_s.arg(interno).arg(idlinea));
+        return noPuede(ctx, u"La operación %1 no tiene la línea %2; revise su número."_s.arg(
+                                interno, QString::number(idlinea)));
     if (!EsRegimenConInsumos(linea->regimen))
         return noPuede(ctx, u"El régimen %1 no descarga insumos del stock."_s.arg(linea->regimen));
     const std::vector<Movimiento> tomas = TomasQueSiguen(ctx, interno, idlinea);

@@ -112,7 +112,7 @@ const ConsultaDeArticulos &ArticulosConTotal() {
     static const QString sentencia =
         u"select idarticulo,descripcion,ncm,Cantidad*Preciounitario as total "
         "from catarticulos "
-        "where idcatalogo = '"_s;
+        "where idcatalogo = "_s;
     static const ConsultaDeArticulos consulta{sentencia,
                                               sentencia,
                                               {{u"IdArticulo"_s, u"idarticulo"_s},
@@ -126,10 +126,10 @@ const ConsultaDeArticulos &ArticulosConFecha() {
     static const ConsultaDeArticulos consulta{
         u"select idarticulo,ncm,descripcion,cantidad,preciounitario,usuario, fecha "
         "from catarticulos "
-        "where idcatalogo = '"_s,
+        "where idcatalogo = "_s,
         u"select * "
         "from catarticulos "
-        "where idcatalogo = '"_s,
+        "where idcatalogo = "_s,
         {{u"IdArticulo"_s, u"idarticulo"_s},
          {u"Descripcion"_s, u"descripcion"_s},
          {u"NCM"_s, u"ncm"_s},
@@ -141,10 +141,10 @@ const ConsultaDeArticulos &ArticulosConFecha() {
 
 QString SentenciaDeArticulos(const ConsultaDeArticulos &consulta, const QString &idcatalogo,
                              const CampoDeArticulos &campo, const QString &valor) {
-    const QString catalogo = DoblarComillas(idcatalogo);
-    if (campo.columna.isEmpty()) return consulta.todo + catalogo + u'\'';
-    return consulta.sentencia + catalogo + "' and "_L1 + campo.columna + " like '%"_L1 +
-           DoblarComillas(valor) + "%'"_L1;
+    const QString catalogo = TextoEnComillas(idcatalogo);
+    if (campo.columna.isEmpty()) return consulta.todo + catalogo;
+    return consulta.sentencia + catalogo + " and "_L1 + campo.columna + " like "_L1 +
+           TextoEnComillas(u'%' + valor + u'%');
 }
 
 std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticulos &consulta,
@@ -155,7 +155,7 @@ std::vector<QStringList> BuscarArticulos(AppContext &ctx, const ConsultaDeArticu
 
 std::vector<QStringList> ArticulosDelCatalogo(AppContext &ctx, const ConsultaDeArticulos &consulta,
                                               const QString &idcatalogo) {
-    return filasDe(ctx, consulta, consulta.sentencia + DoblarComillas(idcatalogo) + u'\'');
+    return filasDe(ctx, consulta, consulta.sentencia + TextoEnComillas(idcatalogo));
 }
 
 QString CuantosArticulos(int enVista, int todos) {
@@ -189,11 +189,11 @@ std::optional<QString> PreguntarBusqueda(AppContext &ctx, BusquedaEnCatalogos po
 std::vector<ArticuloEncontrado> BuscarEnCatalogos(AppContext &ctx, BusquedaEnCatalogos por,
                                                   const QString &valor) {
     const Reloj reloj(ctx.dialogos);
-    QString buscado = DoblarComillas(valor);
+    QString buscado = valor;
     if (por == BusquedaEnCatalogos::Posicion)
-        buscado = "ncm like '"_L1 + buscado.replace(u',', u'.') + "%'"_L1;
+        buscado = "ncm like "_L1 + TextoEnComillas(buscado.replace(u',', u'.') + u'%');
     else
-        buscado = "idarticulo = '"_L1 + buscado + u'\'';
+        buscado = "idarticulo = "_L1 + TextoEnComillas(buscado);
     Recordset rs;
     Consultar(ctx, catalogos,
               "select idcatalogo,idarticulo,descripcion,ncm,preciounitario "

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "frame/base/numbers.h"
+#include "frame/base/texts.h"
 #include "frame/context.h"
 #include "frame/csv.h"
 #include "frame/entities.h"
@@ -137,7 +138,8 @@ class CargaEnMarcha {
         if (a.idarticulo.isEmpty()) a.idarticulo = a.descripcion.left(largoDeClave).trimmed();
         const QString clave = a.idarticulo.toCaseFolded();
         if (const qint64 linea = vistos_.value(clave); linea > 0)
-            return u"el artículo %1 está repetido, es el de la línea %2"_s.arg(a.idarticulo).arg(linea);
+            return u"el artículo %1 está repetido, es el de la línea %2"_s.arg(a.idarticulo,
+                                                                               QString::number(linea));
         const auto presente = presentes_.constFind(clave);
         const bool esta = presente != presentes_.constEnd();
         if (esta && !reemplazar_)
@@ -173,6 +175,7 @@ class CargaEnMarcha {
                 return u"%1 tiene %2 caracteres y entran %3"_s.arg(nombre)
                     .arg(valor.size())
                     .arg(columna->largo);
+            if (QString defecto = DefectoDeTexto(valor); !defecto.isEmpty()) return defecto;
             if (columna->texto != nullptr) {
                 a.*columna->texto = valor;
                 continue;

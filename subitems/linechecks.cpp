@@ -3,6 +3,7 @@
 #include "frame/base/numbers.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 #include "header/changes.h"
 #include "header/regime.h"
 #include "subitems/ArticleStore.h"
@@ -48,20 +49,26 @@ bool iguales(const QString &a, const QString &b) {
     return a == b;
 }
 
+QString sentenciaDeUnidades(const QString &posicion) {
+    return "select [012],[020] "
+           "from ncm "
+           "where "_L1 +
+           CondicionDePosicion(CortarPosicion(posicion));
+}
+
+/// The position as the suffixes go by it.
+QString sinLetra(const CamposSubItem &c) {
+    constexpr qsizetype largo = 14;
+    return c.TxtPosicion.left(largo);
+}
+
 /// The units on the screen are those of the nomenclature, and so is the licence mark: the position may have
 /// been typed over since its labels were shown.
 Veredicto revisarUnidades(const Corrida &r) {
     CamposSubItem &c = r.campos();
     if (c.LbCodigoEstadistica.isEmpty()) return r.mal("TxtPosicion", u"Falta unidad estadistica"_s);
-    const ClavesNcm k = CortarPosicion(c.TxtPosicion);
     Recordset rs;
-    const bool hay =
-        Consultar(r.ctx, u"NCM"_s,
-                  "select [012],[020] "
-                  "from ncm "
-                  "where [001] = '"_L1 +
-                      k.c001 + "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1,
-                  rs);
+    const bool hay = Consultar(r.ctx, entidad::ncm, sentenciaDeUnidades(c.TxtPosicion), rs);
     if (!hay && r.cambio) return r.mal("TxtPosicion", u"No se encontro la posición "_s + c.TxtPosicion);
     const QString estadistica = hay ? rs.Texto(u"012").trimmed() : QString();
     const QString deresp = hay ? rs.Texto(u"020").trimmed() : QString();
@@ -145,7 +152,7 @@ Veredicto completarSufijos(const Corrida &r) {
     const Opciones &o = r.ctx.opciones;
     const bool ofreceArticulo = o.SbtNroArtAI && !c.txtIdArticulo.isEmpty();
     const QString nuevos =
-        CompletarSufijos(r.ctx, c.TxtPosicion.left(14), c.txtSufijos.trimmed(),
+        CompletarSufijos(r.ctx, sinLetra(c), c.txtSufijos.trimmed(),
                          r.cambio ? ModoDeSufijos::Reconfirmar : ModoDeSufijos::Construir,
                          ofreceArticulo ? c.txtIdArticulo : QString(), r.s.descripcionDefecto);
     if (r.cambio && !sufijos::EsTextoTerminado(nuevos))
@@ -164,6 +171,11 @@ Veredicto completarSufijos(const Corrida &r) {
 Veredicto RevisarLinea(AppContext &ctx, SubItems &s, bool cambio) {
     const Corrida r{ctx, s, cambio};
     capitalizar(s.campos);
+    LecturaAdelantada delNomenclador(
+        ctx.conexion(entidad::ncm),
+        {{sentenciaDeUnidades(s.campos.TxtPosicion), SentenciaDeMarcas(s.campos.TxtPosicion),
+          SentenciaDePosicion(sinLetra(s.campos)), SentenciaDeFamilias(sinLetra(s.campos))}});
+    delNomenclador.Vuelta();
     Veredicto v = revisarUnidades(r);
     if (v.ok) v = revisarCantidades(r);
     if (!v.ok) return v;

@@ -19,10 +19,6 @@ bool marcada(const Recordset &rs, QStringView columna) {
     return rs.Texto(columna).trimmed() == "*"_L1;
 }
 
-QString condicionDe(const ClavesNcm &k) {
-    return "[001] = '"_L1 + k.c001 + "' and [002] = '"_L1 + k.c002 + "' and [003] = '"_L1 + k.c003 + "'"_L1;
-}
-
 /// The upper levels of the description, one a line.
 QString nivelesSuperiores(AppContext &ctx, const ClavesNcm &k) {
     Recordset rs;
@@ -31,7 +27,7 @@ QString nivelesSuperiores(AppContext &ctx, const ClavesNcm &k) {
                    "select [004], [005], [006], [007], [008], [009], [010] "
                    "from ncm "
                    "where "_L1 +
-                       condicionDe(k),
+                       CondicionDePosicion(k),
                    rs))
         return texto;
     for (int n = 0; n < rs.columnas(); ++n) {
@@ -59,8 +55,8 @@ std::optional<double> pase(AppContext &ctx, const QString &unidad, const QString
     if (!Consultar(ctx, u"INTERNOS"_s,
                    "select pase "
                    "from unidrel "
-                   "where unid1 = '"_L1 +
-                       unidad + "' and unid2 = '"_L1 + hacia + "'"_L1,
+                   "where unid1 = "_L1 +
+                       TextoEnComillas(unidad) + " and unid2 = "_L1 + TextoEnComillas(hacia),
                    rs))
         return {};
     QString factor = rs.Texto(u"pase");
@@ -93,7 +89,7 @@ Veredicto BuscarNCM(AppContext &ctx, SubItems &s) {
             "select [001],[002],[003],[004],[010],[012],[015],[018],[019],[020],[052],[044],[043],[059] "
             "from ncm "
             "where "_L1 +
-                condicionDe(k),
+                CondicionDePosicion(k),
             rs)) {
         ctx.dialogos.advertir(u"POSICIÓN INEXISTENTE, en el Nomenclador"_s);
         return Veredicto::mal(foco);

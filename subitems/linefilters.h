@@ -15,10 +15,12 @@ struct FiltroDeLineas {
     const char *rotulo;         ///< which lines it shows, as the menu says it, with its mnemonic
     const char *pregunta = "";  ///< what it asks for first; empty for a filter without a value
     const char *titulo = "";
-    bool esCodigo = false;                    ///< its value is a code: blanks around it say nothing
-    const char *antes = "where interno = '";  ///< ahead of the operation's key
-    const char *detras;                       ///< behind the key, up to the value
-    const char *trasElValor = "";             ///< behind the value
+    bool esCodigo = false;                   ///< its value is a code: blanks around it say nothing
+    const char *antes = "where interno = ";  ///< ahead of the operation's key
+    const char *detras;                      ///< behind the key, up to the value
+    const char *comodinDelante = "";         ///< with the value between its quotes, ahead of it
+    const char *comodinDetras = "";          ///< behind it
+    const char *trasElValor = "";            ///< behind the value and its quotes
 
     bool pideValor() const { return *pregunta != 0; }
 };

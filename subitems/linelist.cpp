@@ -74,7 +74,7 @@ QString SentenciaSubItems(const QString &interno, bool descendente, const Condic
            "cancelaciones, itfiller, descripcion as descr, descripcion_maria, "
            "idcatalogo, naladisa, factura_nro "
            "from subitems as a "_L1 +
-           cuales.antes + interno + cuales.detras +
+           cuales.antes + EnComillas(interno) + cuales.detras +
            (descendente ? " order by a.id desc"_L1 : " order by a.id asc"_L1);
 }
 
@@ -104,7 +104,7 @@ QString NumeroDeLinea(AppContext &ctx, const QString &interno, qint64 id) {
 std::optional<FilaSubItem> FilaDeSubItem(AppContext &ctx, const QString &interno, qint64 id,
                                          int cantidadDeLineas) {
     CondicionDeLineas una;
-    una.detras = "' and id = "_L1 + QString::number(id);
+    una.detras = " and id = "_L1 + QString::number(id);
     Recordset rs;
     if (!Consultar(ctx, internos, SentenciaSubItems(interno, false, una), rs)) return {};
     return leerFila(ctx, rs, cantidadDeLineas);

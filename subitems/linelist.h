@@ -27,10 +27,11 @@ struct FilaSubItem {
 };
 const QStringList &ColumnasDeSubItems();
 
-/// Which lines of an operation: what stands on either side of its key. All of them unless told.
+/// Which lines of an operation: what stands on either side of its key and the key's quotes. All of them
+/// unless told.
 struct CondicionDeLineas {
-    QString antes = QStringLiteral("where interno = '");
-    QString detras = QStringLiteral("'");
+    QString antes = QStringLiteral("where interno = ");
+    QString detras = QString();
 
     bool operator==(const CondicionDeLineas &) const = default;
 };

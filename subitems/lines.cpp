@@ -344,16 +344,16 @@ bool BuscarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     return true;
 }
 
+QString SentenciaDeTotal(const QString &interno) {
+    return "select sum(fob) as total "
+           "from subitems "
+           "where interno = "_L1 +
+           EnComillas(interno);
+}
+
 void RefrescarTotales(AppContext &ctx, SubItems &s) {
     Recordset rs;
-    const double total = Consultar(ctx, internos,
-                                   "select sum(fob) as total "
-                                   "from subitems "
-                                   "where interno = "_L1 +
-                                       EnComillas(s.interno),
-                                   rs)
-                             ? rs.Numero(u"total")
-                             : 0;
+    const double total = Consultar(ctx, internos, SentenciaDeTotal(s.interno), rs) ? rs.Numero(u"total") : 0;
     // "##.00": no digit is forced before the separator.
     s.LbTotal = Format(s.fobdivisas, u".00", ctx.SeparadorDecimal);
     s.LbTotSubitems = Format(total, u"00.00", ctx.SeparadorDecimal);

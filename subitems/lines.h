@@ -178,3 +178,5 @@ int lpEliminar(AppContext &ctx, SubItems &s, const std::vector<qint64> &ids);
 
 /// LbTotal, LbTotSubitems and lbDIF.
 void RefrescarTotales(AppContext &ctx, SubItems &s);
+/// What it asks of INTERNOS, to be asked ahead.
+QString SentenciaDeTotal(const QString &interno);

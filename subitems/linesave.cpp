@@ -121,16 +121,17 @@ QString sentenciaDeCambio(AppContext &ctx, const SubItems &s) {
                         "id = "_L1 + QString::number(s.id) + " and interno = "_L1 + EnComillas(s.interno));
 }
 
+QString sentenciaDeUltima(const QString &interno) {
+    return "select max(id) as id "
+           "from subitems "
+           "where interno = "_L1 +
+           EnComillas(interno);
+}
+
 qint64 ultimaLinea(AppContext &ctx, const QString &interno) {
     Recordset rs;
-    return Consultar(ctx, internos,
-                     "select max(id) as id "
-                     "from subitems "
-                     "where interno = "_L1 +
-                         EnComillas(interno),
-                     rs)
-               ? static_cast<qint64>(rs.Numero(u"id"))
-               : 0;
+    return Consultar(ctx, internos, sentenciaDeUltima(interno), rs) ? static_cast<qint64>(rs.Numero(u"id"))
+                                                                    : 0;
 }
 
 void valoresDeReferencia(const SubItems &s, qint64 id) {
@@ -140,23 +141,36 @@ void valoresDeReferencia(const SubItems &s, qint64 id) {
                                           aNumero(c.TxtCantidad), aNumero(c.TxtUnitario)});
 }
 
+bool puedeTomarInsumos(const SubItems &s) {
+    return EsRegimenConInsumos(s.idsubreg) && s.enlace;
+}
+
+/// What a new line's save asks of INTERNOS behind its insert. A line that takes inputs may be gone again
+/// before the total is asked for.
+QStringList lecturasDeAlta(const SubItems &s) {
+    QStringList sentencias{sentenciaDeUltima(s.interno)};
+    if (!puedeTomarInsumos(s)) sentencias << SentenciaDeTotal(s.interno);
+    return sentencias;
+}
+
 /// False when the link refuses the line, which is then gone.
 bool tomarInsumos(AppContext &ctx, const SubItems &s) {
-    if (!EsRegimenConInsumos(s.idsubreg) || !s.enlace) return true;
+    if (!puedeTomarInsumos(s)) return true;
     const CamposSubItem &c = s.campos;
     Recordset rs;
     if (!Consultar(ctx, internos,
                    "select top 2 * "
                    "from subitems "
-                   "where interno = '"_L1 +
-                       s.interno + "' and IdCatalogo='"_L1 + DoblarComillas(c.TxtIdCatalogo) +
-                       "' and IDARTICULO='"_L1 + DoblarComillas(c.txtIdArticulo) +
-                       "' "
+                   "where interno = "_L1 +
+                       EnComillas(s.interno) + " and IdCatalogo="_L1 + TextoEnComillas(c.TxtIdCatalogo) +
+                       " and IDARTICULO="_L1 + TextoEnComillas(c.txtIdArticulo) +
+                       " "
                        "order by id desc"_L1,
                    rs))
         return true;
     const qint64 id = static_cast<qint64>(rs.Numero(u"id"));
-    const QString donde = " where interno = '"_L1 + s.interno + "'  and id = "_L1 + QString::number(id);
+    const QString donde =
+        " where interno = "_L1 + EnComillas(s.interno) + "  and id = "_L1 + QString::number(id);
     double CIFDescontado = 0;
     const insumos::Toma toma{c.TxtIdCatalogo,
                              c.txtIdArticulo,
@@ -297,6 +311,8 @@ Grabacion GrabarSubItems(AppContext &ctx, SubItems &s) {
     const Veredicto v = RevisarLinea(ctx, s, false);
     if (!v.ok) return {false, false, v.foco, 0};
     Ejecutar(ctx, internos, sentenciaDeAlta(ctx, s));
+    LecturaAdelantada lecturas(ctx.conexion(internos), {lecturasDeAlta(s)});
+    lecturas.Vuelta();
     const qint64 id = ultimaLinea(ctx, s.interno);
     valoresDeReferencia(s, id);
     if (!tomarInsumos(ctx, s)) {

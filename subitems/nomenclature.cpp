@@ -1,53 +1,29 @@
 #include "subitems/nomenclature.h"
 
+#include "frame/base/values.h"
 #include "frame/context.h"
+#include "frame/entities.h"
 
 using namespace Qt::StringLiterals;
 
-std::vector<FilaDeSufijo> LeerSufijos(AppContext &ctx, const QString &posicion) {
-    std::vector<FilaDeSufijo> filas;
-    Recordset rs;
-    Consultar(ctx, u"NCM"_s,
-              "select * "
-              "from sufidos "
-              "where sim in "_L1 +
-                  ListaDeClavesSim(posicion),
-              rs);
-    for (; !rs.Eof(); rs.MoveNext())
-        filas.push_back({rs.Texto(u"sim"), rs.Texto(u"sufijo"), rs.Texto(u"detalle")});
-    return filas;
-}
+namespace {
 
-std::vector<bool> ExistenPosiciones(AppContext &ctx, const QStringList &posiciones) {
+/// One question about each of several positions, in one journey.
+std::vector<Recordset> preguntar(AppContext &ctx, const QStringList &posiciones,
+                                 QString (*sentencia)(const QString &)) {
     QStringList sentencias;
-    for (const QString &posicion : posiciones) {
-        const ClavesNcm claves = CortarPosicion(posicion);
-        sentencias << "select [001] as pos "
-                      "from ncm "
-                      "where [001]='"_L1 +
-                          claves.c001 + "' and [002]='"_L1 + claves.c002 + "'"_L1;
-    }
-    std::vector<bool> existen;
-    existen.reserve(static_cast<std::size_t>(posiciones.size()));
-    for (const Recordset &rs : ConsultarSeguidas(ctx, u"NCM"_s, sentencias)) existen.push_back(!rs.Eof());
-    return existen;
+    sentencias.reserve(posiciones.size());
+    for (const QString &posicion : posiciones) sentencias << sentencia(posicion);
+    return ConsultarSeguidas(ctx, entidad::ncm, sentencias);
 }
 
-bool ExistePosicion(AppContext &ctx, const QString &posicion) {
-    return ExistenPosiciones(ctx, {posicion}).front();
-}
-
-std::vector<std::vector<FamiliaDelCatalogo>> LeerFamilias(AppContext &ctx, const QStringList &posiciones) {
-    QStringList deFamilias;
-    for (const QString &posicion : posiciones)
-        deFamilias << "select distinct left(sufijo,2) as asufijo "
-                      "from sufidos "
-                      "where sim in "_L1 +
-                          ListaDeClavesSim(posicion);
+/// The families that were read for each position, with their rows; one without any is none.
+std::vector<std::vector<FamiliaDelCatalogo>> conSusFilas(AppContext &ctx, const QStringList &posiciones,
+                                                         std::vector<Recordset> deFamilias) {
     std::vector<std::vector<FamiliaDelCatalogo>> leidas;
-    leidas.reserve(static_cast<std::size_t>(posiciones.size()));
+    leidas.reserve(deFamilias.size());
     QStringList deFilas;
-    for (Recordset &rs : ConsultarSeguidas(ctx, u"NCM"_s, deFamilias)) {
+    for (Recordset &rs : deFamilias) {
         const QString lista = ListaDeClavesSim(posiciones.at(static_cast<qsizetype>(leidas.size())));
         std::vector<FamiliaDelCatalogo> &familias = leidas.emplace_back();
         for (; !rs.Eof(); rs.MoveNext()) {
@@ -55,10 +31,10 @@ std::vector<std::vector<FamiliaDelCatalogo>> LeerFamilias(AppContext &ctx, const
             deFilas << "select sufijo,detalle "
                        "from sufidos "
                        "where sim in "_L1 +
-                           lista + " and left(sufijo,2) = '"_L1 + familias.back().codigo + "'"_L1;
+                           lista + " and left(sufijo,2) = "_L1 + TextoEnComillas(familias.back().codigo);
         }
     }
-    std::vector<Recordset> filas = ConsultarSeguidas(ctx, u"NCM"_s, deFilas);
+    std::vector<Recordset> filas = ConsultarSeguidas(ctx, entidad::ncm, deFilas);
     auto suyas = filas.begin();
     for (std::vector<FamiliaDelCatalogo> &familias : leidas) {
         for (FamiliaDelCatalogo &familia : familias) {
@@ -71,34 +47,86 @@ std::vector<std::vector<FamiliaDelCatalogo>> LeerFamilias(AppContext &ctx, const
     return leidas;
 }
 
+MarcasNcm marcasDe(const Recordset &rs) {
+    MarcasNcm marcas;
+    marcas.encontrada = !rs.Eof();
+    if (!marcas.encontrada) return marcas;
+    const QLatin1String marca("*");
+    marcas.automotriz = rs.Texto(u"028").trimmed() == marca;
+    marcas.estampillado = rs.Texto(u"estampillado").trimmed() == marca;
+    marcas.lapi = rs.Texto(u"LAPI").trimmed() == marca;
+    return marcas;
+}
+
+}  // namespace
+
+std::vector<FilaDeSufijo> LeerSufijos(AppContext &ctx, const QString &posicion) {
+    std::vector<FilaDeSufijo> filas;
+    Recordset rs;
+    Consultar(ctx, entidad::ncm,
+              "select * "
+              "from sufidos "
+              "where sim in "_L1 +
+                  ListaDeClavesSim(posicion),
+              rs);
+    for (; !rs.Eof(); rs.MoveNext())
+        filas.push_back({rs.Texto(u"sim"), rs.Texto(u"sufijo"), rs.Texto(u"detalle")});
+    return filas;
+}
+
+QString SentenciaDePosicion(const QString &posicion) {
+    const ClavesNcm claves = CortarPosicion(posicion);
+    return "select [001] as pos "
+           "from ncm "
+           "where [001]="_L1 +
+           TextoEnComillas(claves.c001) + " and [002]="_L1 + TextoEnComillas(claves.c002);
+}
+
+std::vector<bool> ExistenPosiciones(AppContext &ctx, const QStringList &posiciones) {
+    std::vector<bool> existen;
+    existen.reserve(static_cast<std::size_t>(posiciones.size()));
+    for (const Recordset &rs : preguntar(ctx, posiciones, SentenciaDePosicion)) existen.push_back(!rs.Eof());
+    return existen;
+}
+
+bool ExistePosicion(AppContext &ctx, const QString &posicion) {
+    Recordset rs;
+    return Consultar(ctx, entidad::ncm, SentenciaDePosicion(posicion), rs);
+}
+
+QString SentenciaDeFamilias(const QString &posicion) {
+    return "select distinct left(sufijo,2) as asufijo "
+           "from sufidos "
+           "where sim in "_L1 +
+           ListaDeClavesSim(posicion);
+}
+
+std::vector<std::vector<FamiliaDelCatalogo>> LeerFamilias(AppContext &ctx, const QStringList &posiciones) {
+    return conSusFilas(ctx, posiciones, preguntar(ctx, posiciones, SentenciaDeFamilias));
+}
+
 std::vector<FamiliaDelCatalogo> LeerFamilias(AppContext &ctx, const QString &posicion) {
-    return LeerFamilias(ctx, QStringList{posicion}).front();
+    std::vector<Recordset> familias(1);
+    Consultar(ctx, entidad::ncm, SentenciaDeFamilias(posicion), familias.front());
+    return conSusFilas(ctx, {posicion}, std::move(familias)).front();
+}
+
+QString SentenciaDeMarcas(const QString &posicion) {
+    return "select [028], [041] as estampillado, [059] as LAPI "
+           "from ncm "
+           "where "_L1 +
+           CondicionDePosicion(CortarPosicion(posicion));
 }
 
 std::vector<MarcasNcm> LeerMarcasNcm(AppContext &ctx, const QStringList &posiciones) {
-    QStringList sentencias;
-    for (const QString &posicion : posiciones) {
-        const ClavesNcm claves = CortarPosicion(posicion);
-        sentencias << "select [028], [041] as estampillado, [059] as LAPI "
-                      "from ncm "
-                      "where [001] = '"_L1 +
-                          claves.c001 + "' and [002] = '"_L1 + claves.c002 + "' and [003] = '"_L1 +
-                          claves.c003 + "'"_L1;
-    }
-    const QLatin1String marca("*");
     std::vector<MarcasNcm> leidas;
     leidas.reserve(static_cast<std::size_t>(posiciones.size()));
-    for (const Recordset &rs : ConsultarSeguidas(ctx, u"NCM"_s, sentencias)) {
-        MarcasNcm &marcas = leidas.emplace_back();
-        marcas.encontrada = !rs.Eof();
-        if (!marcas.encontrada) continue;
-        marcas.automotriz = rs.Texto(u"028").trimmed() == marca;
-        marcas.estampillado = rs.Texto(u"estampillado").trimmed() == marca;
-        marcas.lapi = rs.Texto(u"LAPI").trimmed() == marca;
-    }
+    for (const Recordset &rs : preguntar(ctx, posiciones, SentenciaDeMarcas)) leidas.push_back(marcasDe(rs));
     return leidas;
 }
 
 MarcasNcm LeerMarcasNcm(AppContext &ctx, const QString &posicion) {
-    return LeerMarcasNcm(ctx, QStringList{posicion}).front();
+    Recordset rs;
+    Consultar(ctx, entidad::ncm, SentenciaDeMarcas(posicion), rs);
+    return marcasDe(rs);
 }

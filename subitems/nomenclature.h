@@ -57,3 +57,8 @@ struct MarcasNcm {
 MarcasNcm LeerMarcasNcm(AppContext &ctx, const QString &posicion);
 /// The same of several, in one journey to a server: those of each. Raises Falla.
 std::vector<MarcasNcm> LeerMarcasNcm(AppContext &ctx, const QStringList &posiciones);
+
+/// What ExistePosicion, LeerFamilias at first and LeerMarcasNcm ask of NCM, to be asked ahead.
+QString SentenciaDePosicion(const QString &posicion);
+QString SentenciaDeFamilias(const QString &posicion);
+QString SentenciaDeMarcas(const QString &posicion);

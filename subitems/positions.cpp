@@ -10,7 +10,7 @@ using L = QLatin1String;
 std::vector<PosicionEncontrada> BuscarPosiciones(AppContext &ctx, const QString &texto,
                                                  OrigenDeBusqueda origen) {
     std::vector<PosicionEncontrada> posiciones;
-    QString buscado = DoblarComillas(texto.trimmed());
+    QString buscado = texto.trimmed();
     if (buscado.isEmpty()) return posiciones;
     buscado.replace(QLatin1Char('.'), QLatin1Char('%'));
     const Reloj reloj(ctx.dialogos);
@@ -18,9 +18,9 @@ std::vector<PosicionEncontrada> BuscarPosiciones(AppContext &ctx, const QString 
     if (!Consultar(ctx, u"NCM"_s,
                    "select [001]+ '.' +[002] + [003] as ncm,[012] as estadistica,[020] as deresp "
                    "from ncm "
-                   "where [001] like '"_L1 +
-                       buscado +
-                       "%' "
+                   "where [001] like "_L1 +
+                       TextoEnComillas(buscado + u'%') +
+                       " "
                        "order by [001],[002],[003]"_L1,
                    rs)) {
         ctx.dialogos.informar(origen == OrigenDeBusqueda::Pantalla ? u"Posición no encontrada."_s
@@ -47,14 +47,14 @@ DatosDePosicion MostrarDatos(AppContext &ctx, const QString &posicion) {
     ctx.posicion.posicion = elegida;
     const ClavesNcm claves = CortarPosicion(posicion);
     Recordset rs;
-    datos.encontrada = Consultar(
-        ctx, u"NCM"_s,
-        "Select [010] as descrip,[004] as descrip1, [012] as estadistica,[020] as deresp, "
-        "[059],[019] as rein, [052] as segelect, [044] as prohibicion "
-        "from ncm "
-        "where [001] = '"_L1 +
-            claves.c001 + "' and [002] = '"_L1 + claves.c002 + "' and [003] = '"_L1 + claves.c003 + "'"_L1,
-        rs);
+    datos.encontrada =
+        Consultar(ctx, u"NCM"_s,
+                  "Select [010] as descrip,[004] as descrip1, [012] as estadistica,[020] as deresp, "
+                  "[059],[019] as rein, [052] as segelect, [044] as prohibicion "
+                  "from ncm "
+                  "where "_L1 +
+                      CondicionDePosicion(claves),
+                  rs);
     if (!datos.encontrada) return datos;
     const L marca("*");
     datos.descripcion = rs.Texto(u"descrip") + "\r\n"_L1 + rs.Texto(u"descrip1");

@@ -38,9 +38,9 @@ std::vector<FilaDeConsulta> ConsultarPorPosicion(AppContext &ctx, const QString 
         ctx.dialogos.advertir(u"Debe ingresar una posición"_s);
         return {};
     }
-    QString buscado = DoblarComillas(texto);
+    QString buscado = texto;
     buscado.replace(QLatin1Char(','), QLatin1Char('.'));
-    return consultar(ctx, "[001] like '"_L1 + buscado + "%'"_L1, " - - "_L1);
+    return consultar(ctx, "[001] like "_L1 + TextoEnComillas(buscado + u'%'), " - - "_L1);
 }
 
 std::vector<FilaDeConsulta> ConsultarPorPalabras(AppContext &ctx, const QString &texto) {
@@ -49,7 +49,6 @@ std::vector<FilaDeConsulta> ConsultarPorPalabras(AppContext &ctx, const QString 
         ctx.dialogos.advertir(u"Debe ingresar al menos 3 caracteres para buscar una posición"_s);
         return {};
     }
-    const QString buscado = DoblarComillas(texto);
-    return consultar(ctx, "[010] like '%"_L1 + buscado + "%' or [004] like '%"_L1 + buscado + "%'"_L1,
-                     " -- "_L1);
+    const QString buscado = TextoEnComillas(u'%' + texto + u'%');
+    return consultar(ctx, "[010] like "_L1 + buscado + " or [004] like "_L1 + buscado, " -- "_L1);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "frame/base/values.h"
 #include "frame/context.h"
 #include "regulatory/letters.h"
 #include "subitems/nomenclature.h"
@@ -110,8 +111,8 @@ std::optional<HojaDelNomenclador> DetalleNomenclador(AppContext &ctx, const QStr
     if (!Consultar(ctx, u"NCM"_s,
                    "select * "
                    "from ncm "
-                   "where [001] = '"_L1 +
-                       claves.c001 + "' and [002] = '"_L1 + claves.c002 + "'"_L1,
+                   "where [001] = "_L1 +
+                       TextoEnComillas(claves.c001) + " and [002] = "_L1 + TextoEnComillas(claves.c002),
                    rs))
         return {};
     hoja.secciones = {seccion(rs, "Detalles del Nomenclador", generales, false),

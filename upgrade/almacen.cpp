@@ -6,6 +6,8 @@
 #include <QUuid>
 #include <QVariant>
 
+#include "frame/store/connectwords.h"
+
 using namespace Qt::StringLiterals;
 
 namespace actualizacion {
@@ -32,7 +34,10 @@ void Detener(const QString &descripcion) {
 }
 
 Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager)
-    : servidor_(datos.motor == &motores::servidor()) {
+    : servidor_(datos.motor == &motores::servidor()),
+      usuario_(datos.usuario),
+      conQue_(manager.rolDueno().isEmpty() ? u"DbUpgrade3 con el perfil del dueño de la base"_s
+                                           : manager.comoActualizar()) {
     if (!servidor_) {
         donde_ = datos.archivo;
         db_ = manager.getDataConnectionByEntity(datos.entidad).coneccion();
@@ -41,11 +46,7 @@ Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager)
     donde_ = u"%1:%2/%3"_s.arg(datos.host).arg(datos.puerto).arg(datos.base);
     conexion_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
     db_ = QSqlDatabase::addDatabase(u"QPSQL"_s, conexion_);
-    db_.setHostName(datos.host);
-    db_.setPort(datos.puerto);
-    db_.setDatabaseName(datos.base);
-    db_.setUserName(datos.usuario);
-    db_.setPassword(datos.clave);
+    motores::prepararConexion(datos, db_);
     if (!db_.open()) {
         const QString motivo = db_.lastError().databaseText();
         db_ = QSqlDatabase();
@@ -62,19 +63,41 @@ Almacen::~Almacen() {
     QSqlDatabase::removeDatabase(conexion_);
 }
 
+void Almacen::negar(const QString &motivo) const {
+    throw Falla{faltaPermiso,
+                u"DbUpgrade3"_s,
+                u"El usuario %1 no tiene permiso para esto en el store %2 (%3); ejecute %4."_s.arg(
+                    usuario_, donde_, motivo, conQue_),
+                {}};
+}
+
+void Almacen::rechazar(const QSqlError &error, const QString &que) const {
+    const QString motivo = error.databaseText().simplified();
+    if (servidor_ && error.nativeErrorCode().toInt() == faltaPermiso) negar(motivo);
+    Detener(u"El store %1 %2: %3"_s.arg(donde_, que, motivo));
+}
+
+void Almacen::exigirDueno(const QStringList &esquemas) const {
+    if (!servidor_) return;
+    const QStringList ajenos = lista(
+        u"select nspname::text || ' es de ' || pg_get_userbyid(nspowner) "
+        "from pg_catalog.pg_namespace "
+        "where not pg_has_role(current_user, nspowner, 'usage')"_s);
+    for (const QString &ajeno : ajenos)
+        if (esquemas.contains(ajeno.section(u" es de "_s, 0, 0))) negar(ajeno);
+    if (lista(u"select has_database_privilege(current_database(), 'create')"_s).value(0) != "true"_L1)
+        negar(u"no puede crear esquemas"_s);
+}
+
 void Almacen::ejecutar(const QString &sql) const {
     QSqlQuery consulta(db_);
-    if (!consulta.exec(sql))
-        Detener(u"El store %1 rechazó una sentencia: %2"_s.arg(
-            donde_, consulta.lastError().databaseText().simplified()));
+    if (!consulta.exec(sql)) rechazar(consulta.lastError(), u"rechazó una sentencia"_s);
 }
 
 QStringList Almacen::lista(const QString &sql) const {
     QSqlQuery consulta(db_);
     consulta.setForwardOnly(true);
-    if (!consulta.exec(sql))
-        Detener(u"El store %1 no se puede leer: %2"_s.arg(donde_,
-                                                          consulta.lastError().databaseText().simplified()));
+    if (!consulta.exec(sql)) rechazar(consulta.lastError(), u"no se puede leer"_s);
     QStringList valores;
     while (consulta.next()) valores << consulta.value(0).toString();
     return valores;
@@ -163,9 +186,7 @@ QHash<QString, ColumnaDelStore> Almacen::columnas(const QString &esquema, const 
                               "and a.attnum > 0 and not a.attisdropped"_s.arg(esquema, tabla)
                             : u"select lower(name), lower(type), pk "
                               "from pragma_table_info('%1', 'main')"_s.arg(tabla);
-    if (!consulta.exec(sql))
-        Detener(u"El store %1 no se puede leer: %2"_s.arg(donde_,
-                                                          consulta.lastError().databaseText().simplified()));
+    if (!consulta.exec(sql)) rechazar(consulta.lastError(), u"no se puede leer"_s);
     while (consulta.next())
         todas.insert(consulta.value(0).toString(),
                      {consulta.value(1).toString(), consulta.value(2).toBool()});

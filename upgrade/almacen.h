@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -16,6 +17,9 @@
 namespace actualizacion {
 /// What stops an upgrade or a load: one Spanish sentence, as a Falla that the entries of upgrade.h catch.
 [[noreturn]] void Detener(const QString &descripcion);
+
+/// The number of a Falla that tells of a missing right: the server's own code for it.
+constexpr int faltaPermiso = 42501;
 
 /// A column as the store has it.
 struct ColumnaDelStore {
@@ -36,7 +40,8 @@ class Almacen {
     bool servidor() const { return servidor_; }
     QSqlDatabase db() const { return db_; }
 
-    /// Runs one statement of the engine; raises Falla with the engine's words.
+    /// Runs one statement of the engine; raises Falla with the engine's words, and faltaPermiso as its number
+    /// where the profile's user may not.
     void ejecutar(const QString &sql) const;
     /// First column of every row.
     QStringList lista(const QString &sql) const;
@@ -64,10 +69,17 @@ class Almacen {
     /// Makes ready for tables with texts: the text type on a server, and a check that it knows upper from
     /// lower case.
     void prepararServidor();
+    /// Raises Falla (faltaPermiso) where the profile's user may not make or drop the schemas of a server.
+    void exigirDueno(const QStringList &esquemas) const;
 
  private:
+    [[noreturn]] void rechazar(const QSqlError &error, const QString &que) const;
+    [[noreturn]] void negar(const QString &motivo) const;
+
     bool servidor_;
     QString donde_;     ///< for messages: the file, or the server
+    QString usuario_;   ///< on a server
+    QString conQue_;    ///< how a store is upgraded from this profile
     QString conexion_;  ///< name of our own handle, on a server
     QSqlDatabase db_;
     QString tipoTexto_;

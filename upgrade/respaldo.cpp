@@ -179,6 +179,7 @@ void restaurar(const QString &rutaDelPerfil, const QString &archivo, Resultado &
     std::unique_ptr<Almacen> servidor;
     if (!s.servidor.empty()) {
         servidor = std::make_unique<Almacen>(*s.servidor.front(), s.manager);
+        servidor->exigirDueno(juntas(s.servidor, &Conexion::Datos::esquema).split(u','));
         servidor->prepararServidor();
         for (const Conexion::Datos *datos : s.servidor) exigirVacio(s, *servidor, *datos);
     }

@@ -1,10 +1,6 @@
 #include "upgrade/servidor.h"
 
 #include <QCryptographicHash>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QUuid>
 
 #include "upgrade/tablas.h"
 
@@ -162,44 +158,7 @@ QStringList comparaciones() {
     return sentencias;
 }
 
-/// The base itself, over a connection to the server; what is wrong, or the empty text.
-QString crearSiFalta(const QSqlDatabase &db, const QString &base) {
-    QSqlQuery q(db);
-    q.prepare(u"select 1 from pg_database where datname = ?"_s);
-    q.addBindValue(base);
-    if (!q.exec() || q.next()) return {};
-    const QString crear = u"create database %1 template template0 encoding 'UTF8'"_s.arg(
-        actualizacion::Almacen::comillas(base));
-    // The order by code point of the file store, where the server's system knows it.
-    if (q.exec(crear + u" lc_collate 'C.UTF-8' lc_ctype 'C.UTF-8'"_s) || q.exec(crear)) return {};
-    return u"No se puede crear la base %1 (%2). Pida a quien administra el servidor que la cree."_s.arg(
-        base, q.lastError().databaseText().simplified());
-}
-
 }  // namespace
-
-QString CrearBase(const Acceso &acceso) {
-    const QString conexion = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    QString error;
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, conexion);
-        db.setHostName(acceso.host);
-        db.setPort(acceso.puerto);
-        db.setUserName(acceso.usuario);
-        db.setDatabaseName(u"postgres"_s);
-        if (db.open())
-            error = crearSiFalta(db, acceso.base);
-        else
-            error =
-                u"No se puede conectar con el servidor %1:%2 (%3). Verifique que esté encendido y que el "
-                "usuario sea correcto."_s.arg(acceso.host)
-                    .arg(acceso.puerto)
-                    .arg(db.lastError().databaseText().simplified());
-        db.close();
-    }
-    QSqlDatabase::removeDatabase(conexion);
-    return error;
-}
 
 QStringList Sentencias(const QString &esquema, const QString &tipoTexto) {
     QStringList sentencias;

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "upgrade/almacen.h"
+#include "upgrade/roles.h"
 #include "upgrade/schema.h"
 #include "upgrade/servidor.h"
 #include "upgrade/tablas.h"
@@ -187,8 +188,14 @@ void enTransaccion(const Almacen &a, Marcha &m, Trabajo trabajo) {
     }
 }
 
-void actualizarTodo(const QString &ruta, Marcha &m) {
-    StoreProfiles::SPMain manager;
+QStringList nombresDe(const std::vector<const Conexion::Datos *> &esquemas) {
+    QStringList nombres;
+    for (const Conexion::Datos *datos : esquemas) nombres << datos->esquema;
+    nombres.removeDuplicates();
+    return nombres;
+}
+
+void actualizarTodo(const QString &ruta, StoreProfiles::SPMain &manager, Marcha &m) {
     leerPerfil(manager, ruta);
     std::vector<const Conexion::Datos *> archivos;
     std::vector<const Conexion::Datos *> esquemas;
@@ -239,6 +246,8 @@ void actualizarTodo(const QString &ruta, Marcha &m) {
                 ponerFunciones(a, datos->esquema, m);
                 ponerVersion(a, datos->esquema, m);
             }
+            if (!manager.rolDeTrabajo().isEmpty())
+                roles::Conceder(a, nombresDe(esquemas), manager.rolDeTrabajo(), m.resultado.cambios);
         });
     }
     for (const Conexion::Datos *datos : archivos) {
@@ -257,11 +266,18 @@ void actualizarTodo(const QString &ruta, Marcha &m) {
 Resultado Actualizar(const QString &rutaDelPerfil, const Progreso &progreso) {
     Resultado resultado;
     Marcha marcha{resultado, progreso};
+    StoreProfiles::SPMain manager;
     try {
-        actualizarTodo(rutaDelPerfil, marcha);
+        actualizarTodo(rutaDelPerfil, manager, marcha);
         resultado.ok = true;
     } catch (const Falla &e) {
         resultado.error = e.descripcion;
+        // A role of daily work finds out only by trying: all that it may do is to see that nothing is
+        // missing.
+        if (e.numero == faltaPermiso && !manager.rolDueno().isEmpty())
+            resultado.error =
+                u"Los stores del perfil %1 necesitan actualizarse y su rol de trabajo no puede; ejecute %2."_s
+                    .arg(rutaDelPerfil, manager.comoActualizar());
     }
     return resultado;
 }

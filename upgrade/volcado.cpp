@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "frame/store/connectwords.h"
 #include "upgrade/almacen.h"
 
 using namespace Qt::StringLiterals;
@@ -33,22 +34,17 @@ QString buscar(const QString &programa) {
         "PostgreSQL."_s.arg(programa));
 }
 
-/// Where the base is, without the password: a list of processes shows every argument.
-QStringList acceso(const Conexion::Datos &datos) {
-    return {u"--host"_s,       datos.host,    u"--port"_s,   QString::number(datos.puerto),
-            u"--username"_s,   datos.usuario, u"--dbname"_s, datos.base,
-            u"--no-password"_s};
-}
-
 void correr(const Conexion::Datos &datos, const QString &programa, const QStringList &argumentos,
             const QString &queHace) {
     QProcess p;
     QProcessEnvironment entorno = QProcessEnvironment::systemEnvironment();
+    // Not among the arguments, which a list of processes shows.
     if (!datos.clave.isEmpty()) entorno.insert(u"PGPASSWORD"_s, datos.clave);
     // Its complaints go into our sentences as they are.
     entorno.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     p.setProcessEnvironment(entorno);
-    p.start(buscar(programa), acceso(datos) + argumentos);
+    p.start(buscar(programa),
+            QStringList{u"--no-password"_s, u"--dbname"_s, motores::textoDeConexion(datos)} + argumentos);
     constexpr int sinLimite = -1;
     const bool termino = p.waitForFinished(sinLimite);
     const QString queja = QString::fromUtf8(p.readAllStandardError()).simplified();

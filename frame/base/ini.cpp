@@ -1,35 +1,17 @@
 #include "frame/base/ini.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
-#include <QStringList>
+
+#include "frame/base/privatefile.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qsizetype largoDeValor = 750;
-
-/// The file's lines without their ends; UTF-8, or the western single-byte code page of older files. `legible`
-/// tells a file that is there but cannot be read from one that is missing.
-QStringList leerLineas(const QString &archivo, bool *legible = nullptr) {
-    QFile f(archivo);
-    if (!f.open(QIODevice::ReadOnly)) {
-        if (legible != nullptr) *legible = !QFile::exists(archivo);
-        return {};
-    }
-    QByteArray bytes = f.readAll();
-    if (bytes.startsWith("\xEF\xBB\xBF")) bytes.remove(0, 3);
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString texto = utf8(bytes);
-    if (utf8.hasError()) texto = QString::fromLatin1(bytes);
-    QStringList lineas = texto.split(QLatin1Char('\n'));
-    for (QString &linea : lineas)
-        if (linea.endsWith(QLatin1Char('\r'))) linea.chop(1);
-    if (!lineas.isEmpty() && lineas.last().isEmpty()) lineas.removeLast();
-    return lineas;
-}
 
 /// True for "[nombre]"; `nombre` takes what stands inside.
 bool esSeccion(const QString &linea, QString &nombre) {
@@ -63,8 +45,28 @@ bool buscarSeccion(const QStringList &lineas, const QString &seccion, qsizetype 
 
 }  // namespace
 
+// UTF-8, or the western single-byte code page of older files.
+QStringList LeerLineasDeIni(const QString &archivo, bool *legible) {
+    if (legible != nullptr) *legible = true;
+    QFile f(archivo);
+    if (!f.open(QIODevice::ReadOnly)) {
+        if (legible != nullptr) *legible = !QFile::exists(archivo);
+        return {};
+    }
+    QByteArray bytes = f.readAll();
+    if (bytes.startsWith("\xEF\xBB\xBF")) bytes.remove(0, 3);
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString texto = utf8(bytes);
+    if (utf8.hasError()) texto = QString::fromLatin1(bytes);
+    QStringList lineas = texto.split(QLatin1Char('\n'));
+    for (QString &linea : lineas)
+        if (linea.endsWith(QLatin1Char('\r'))) linea.chop(1);
+    if (!lineas.isEmpty() && lineas.last().isEmpty()) lineas.removeLast();
+    return lineas;
+}
+
 QString LeerIni(const QString &seccion, const QString &clave, const QString &archivo) {
-    const QStringList lineas = leerLineas(archivo);
+    const QStringList lineas = LeerLineasDeIni(archivo);
     qsizetype desde = 0;
     qsizetype hasta = 0;
     if (!buscarSeccion(lineas, seccion, desde, hasta)) return {};
@@ -80,31 +82,45 @@ QString LeerIni(const QString &seccion, const QString &clave, const QString &arc
     return {};
 }
 
-bool EscribirIni(const QString &seccion, const QString &clave, const QString &valor, const QString &archivo) {
-    bool legible = true;
-    QStringList lineas = leerLineas(archivo, &legible);
-    // Writing over what could not be read would lose it.
-    if (!legible) return false;
-    QString linea = clave.toUpper() + QLatin1Char('=') + valor;
+void PonerEnIni(QStringList &lineas, const QString &seccion, const QString &clave, const QString &valor) {
+    QString linea = clave + QLatin1Char('=') + valor;
     // One key is one line.
     linea.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
     qsizetype desde = 0;
     qsizetype hasta = 0;
-    if (buscarSeccion(lineas, seccion, desde, hasta)) {
-        qsizetype i = desde;
-        while (i < hasta && !esClave(lineas[i], clave)) ++i;
-        if (i < hasta) {
-            lineas[i] = linea;
-        } else {
-            while (hasta > desde && lineas[hasta - 1].trimmed().isEmpty()) --hasta;
-            lineas.insert(hasta, linea);
-        }
-    } else {
-        lineas << QLatin1Char('[') + seccion + QLatin1Char(']') << linea;
+    if (!buscarSeccion(lineas, seccion, desde, hasta)) {
+        if (!valor.isNull()) lineas << QLatin1Char('[') + seccion + QLatin1Char(']') << linea;
+        return;
     }
+    qsizetype i = desde;
+    while (i < hasta && !esClave(lineas[i], clave)) ++i;
+    if (valor.isNull()) {
+        if (i < hasta) lineas.removeAt(i);
+    } else if (i < hasta) {
+        lineas[i] = linea;
+    } else {
+        while (hasta > desde && lineas[hasta - 1].trimmed().isEmpty()) --hasta;
+        lineas.insert(hasta, linea);
+    }
+}
+
+QByteArray BytesDeIni(const QStringList &lineas) {
+    return lineas.join("\r\n"_L1).toUtf8() + "\r\n";
+}
+
+bool EscribirIni(const QString &seccion, const QString &clave, const QString &valor, const QString &archivo) {
+    bool legible = true;
+    QStringList lineas = LeerLineasDeIni(archivo, &legible);
+    // Writing over what could not be read would lose it.
+    if (!legible) return false;
+    PonerEnIni(lineas, seccion, clave.toUpper(), valor.isNull() ? u""_s : valor);
+    // What its owner keeps to himself stays so, also while it is written.
+    const QFileInfo info(archivo);
+    if (info.exists() && !LoAlcanzanOtros(archivo))
+        return info.isWritable() && EscribirPrivado(archivo, BytesDeIni(lineas)).isEmpty();
     QSaveFile f(archivo);
     if (!f.open(QIODevice::WriteOnly)) return false;
-    f.write(lineas.join("\r\n"_L1).toUtf8() + "\r\n");
+    f.write(BytesDeIni(lineas));
     return f.commit();
 }
 

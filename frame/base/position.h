@@ -11,6 +11,8 @@ struct ClavesNcm {
     QString c003;
 };
 ClavesNcm CortarPosicion(const QString &posicion);
+/// The three keys as a condition: "[001] = '…' and [002] = '…' and [003] = '…'".
+QString CondicionDePosicion(const ClavesNcm &claves);
 
 /// The four keys under which suffix rows of a position may stand, as "('84  .  .  .   ','8409.…','…','…')".
 QString ListaDeClavesSim(const QString &posicion);

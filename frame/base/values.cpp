@@ -4,9 +4,25 @@
 #include <QStringBuilder>
 #include <cmath>
 
+#include "frame/base/failure.h"
 #include "frame/base/numbers.h"
+#include "frame/base/texts.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+[[noreturn]] void negar(const QString &sentencia) {
+    throw Falla{0, {}, sentencia, {}};
+}
+
+/// What no store keeps does not even begin to be a statement: behind a zero character both engines see
+/// nothing, and one takes half of a pair together with the letter behind it, the closing quote perhaps.
+void comprobarQueSeGuarda(const QString &texto) {
+    if (const QString defecto = DefectoDeTexto(texto); !defecto.isEmpty()) negar(defecto);
+}
+
+}  // namespace
 
 QString EsNull(const QVariant &valor) {
     if (valor.isNull()) return {};
@@ -76,9 +92,14 @@ QString SinComillas(QString texto) {
 }
 
 QString EnComillas(const QString &texto) {
+    if (texto.contains(QLatin1Char('\'')))
+        negar(u"El código \"%1\" tiene un apóstrofo, que un código no lleva; quítelo y vuelva a intentar."_s
+                  .arg(Citado(texto)));
+    comprobarQueSeGuarda(texto);
     return QLatin1Char('\'') % texto % QLatin1Char('\'');
 }
 
 QString TextoEnComillas(const QString &texto) {
-    return EnComillas(DoblarComillas(texto));
+    comprobarQueSeGuarda(texto);
+    return QLatin1Char('\'') % DoblarComillas(texto) % QLatin1Char('\'');
 }

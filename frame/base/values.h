@@ -25,8 +25,8 @@ QString ReemplazarSeparadorDecimal(QString &texto, QChar separador);
 QString DoblarComillas(QString texto);
 /// A text that may not hold a "'": each becomes a blank.
 QString SinComillas(QString texto);
-/// `texto` between single quotes, as it stands: keys and codes. A quote in it breaks the statement, by
-/// design.
+/// `texto` between single quotes, as it stands: keys and codes. One with a quote would break the statement:
+/// it raises Falla, and so does, here and below, what DefectoDeTexto tells (frame/base/texts.h).
 QString EnComillas(const QString &texto);
 /// Free text between single quotes, its own quotes doubled.
 QString TextoEnComillas(const QString &texto);

@@ -192,7 +192,7 @@ Traza TrazaDe(const Reporte &reporte, const QSizeF &medida, double letra, bool p
 QString SinControles(QString texto) {
     for (QChar &letra : texto)
         if (letra < u' ' || letra == QChar::LineSeparator || letra == QChar::ParagraphSeparator ||
-            (letra >= QChar(0x7f) && letra <= QChar(0x9f)))
+            (letra >= QChar(0x7f) && letra <= QChar(0x9f)) || letra >= QChar(0xfffe))
             letra = u' ';
     return texto;
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 
+#include "frame/base/texts.h"
 #include "frame/paper/cells.h"
 #include "frame/paper/layout.h"
 #include "frame/paper/replace.h"
@@ -31,7 +32,7 @@ QString nombreDeHoja(const Tabla &tabla) {
     QString nombre = SinControles(tabla.titulo);
     for (QChar &letra : nombre)
         if (u"[]:*?/\\'"_s.contains(letra)) letra = u' ';
-    nombre = nombre.simplified().left(letrasDeHoja).trimmed();
+    nombre = Recortado(nombre.simplified(), letrasDeHoja).trimmed();
     return nombre.isEmpty() ? u"Lista"_s : nombre;
 }
 
@@ -40,7 +41,16 @@ QString cabecera(const Tabla &tabla) {
     QString titulo = SinControles(tabla.titulo).replace(u'&', u"&&"_s);
     QString subtitulo = SinControles(tabla.subtitulo).replace(u'&', u"&&"_s);
     const QString entera = u"&L&\"Arial,Bold\"&14"_s + titulo + u"&R&\"Arial,Regular\"&9 "_s + subtitulo;
-    return entera.size() < letrasDeCabecera ? entera : entera.left(letrasDeCabecera - 1);
+    return entera.size() < letrasDeCabecera ? entera : Recortado(entera, letrasDeCabecera - 1);
+}
+
+/// The letters that fit in a cell. The library writes control characters by their codes; what XML has no way
+/// to say at all gets a mark in its place.
+QString textoDeCelda(const QString &texto) {
+    QString cabe = Recortado(texto, letrasPorCelda);
+    for (QChar &letra : cabe)
+        if (letra == QChar(0xFFFE) || letra == QChar(0xFFFF)) letra = QChar(QChar::ReplacementCharacter);
+    return cabe;
 }
 
 /// One workbook of one sheet. Texts are always written as texts, whatever they begin with.
@@ -109,7 +119,7 @@ void Libro::escribirTexto(lxw_row_t fila, std::size_t columna, const QString &te
         return;
     }
     worksheet_write_string(hoja_, fila, static_cast<lxw_col_t>(columna),
-                           texto.left(letrasPorCelda).toUtf8().constData(), como);
+                           textoDeCelda(texto).toUtf8().constData(), como);
 }
 
 /// A sum is a formula with its value: SUBTOTAL leaves out other sums and the rows that a filter hides, so
@@ -193,8 +203,8 @@ void Libro::prepararHoja() {
 
 QString Libro::Escribir() {
     if (libro_ == nullptr) return u"no hay memoria para la planilla; cierre otros programas"_s;
-    const QByteArray titulo = tabla_.titulo.toUtf8();
-    const QByteArray asunto = tabla_.subtitulo.toUtf8();
+    const QByteArray titulo = SinControles(tabla_.titulo).toUtf8();
+    const QByteArray asunto = SinControles(tabla_.subtitulo).toUtf8();
     lxw_doc_properties propiedades = {};
     propiedades.title = const_cast<char *>(titulo.constData());
     propiedades.subject = const_cast<char *>(asunto.constData());

@@ -7,6 +7,8 @@
 #include <algorithm>
 
 #include "frame/base/ini.h"
+#include "frame/base/privatefile.h"
+#include "frame/store/connectwords.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +17,12 @@ namespace StoreProfiles {
 namespace {
 
 const QString sufijoDePerfil = u".perfil.ini"_s;
+const QString sufijoDelDueno = u".dueno.ini"_s;
+
+const QString seccionDelPerfil = u"PERFIL"_s;
+const QString claveDelNombre = u"nombre"_s;
+const QString claveDelDueno = u"dueno"_s;
+const QString claveDelTrabajo = u"trabajo"_s;
 
 using motores::Datos;
 using motores::Seccion;
@@ -49,13 +57,27 @@ bool juntos(const Datos &a, const Datos &b) {
     return a.motor == b.motor && a.motor->juntos(a, b);
 }
 
-bool escribir(const QString &ruta, const QString &nombre, const QStringList &lineas) {
+bool escribir(const QString &ruta, const QStringList &lineas) {
     QDir().mkpath(QFileInfo(ruta).absolutePath());
     QFile f(ruta);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
-    return f.write(
-               (u"[PERFIL]\r\nnombre=%1\r\n"_s.arg(nombre) + lineas.join("\r\n"_L1) + "\r\n"_L1).toUtf8()) >
-           0;
+    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(BytesDeIni(lineas)) > 0;
+}
+
+QStringList cabeza(const QString &nombre) {
+    return {QLatin1Char('[') + seccionDelPerfil + QLatin1Char(']'),
+            claveDelNombre + QLatin1Char('=') + nombre};
+}
+
+/// One connection reaches all entities of a base: what their sections ask of it has to be the same. The
+/// sentence that refuses a profile where it is not, or empty.
+QString palabrasEncontradas(const QString &ruta, const std::map<QString, std::unique_ptr<Datos>> &secciones) {
+    for (const auto &[una, datos] : secciones)
+        for (const auto &[otra, otros] : secciones)
+            if (juntos(*datos, *otros) && datos->palabras != otros->palabras)
+                return u"El perfil %1 pide la conexión con la base %2 de dos maneras, en [%3] y en [%4]; "
+                       "escriba las mismas palabras (%5) en las dos."_s.arg(
+                           ruta, datos->base, una, otra, motores::palabrasDelPerfil().join(", "_L1));
+    return {};
 }
 
 /// The entities that have stores of their own; the last two belong to other programs' forms.
@@ -105,9 +127,9 @@ std::vector<PerfilEncontrado> perfilesDe(const QStringList &carpetas) {
             QDir(carpeta).entryList({QLatin1Char('*') + sufijoDePerfil}, QDir::Files, QDir::Name);
         for (const QString &archivo : archivos) {
             const QString ruta = carpeta + QLatin1Char('/') + archivo;
-            perfiles.push_back(
-                {otro(LeerIni(u"PERFIL"_s, u"nombre"_s, ruta), archivo.chopped(sufijoDePerfil.size())),
-                 ruta});
+            perfiles.push_back({otro(LeerIni(seccionDelPerfil, claveDelNombre, ruta),
+                                     archivo.chopped(sufijoDePerfil.size())),
+                                ruta});
         }
     }
     return perfiles;
@@ -142,6 +164,7 @@ const QStringList &entidades() {
 struct SPMain::Interno {
     QString ruta;
     QString nombre;
+    QString rolDueno, rolDeTrabajo;
     QString falla;  ///< why the chosen profile cannot be used
     bool recienHecho = false;
     Secciones datos;
@@ -215,6 +238,7 @@ bool SPMain::usarPerfil(const QString &ruta, QString *error) {
     } catch (const Falla &e) {
         return fallar(e.descripcion);
     }
+    if (const QString defecto = palabrasEncontradas(ruta, datos); !defecto.isEmpty()) return fallar(defecto);
     if (datos.empty())
         return fallar(
             u"El archivo %1 no es un perfil: no nombra ningún store; corrija la ruta o sus secciones."_s.arg(
@@ -224,7 +248,9 @@ bool SPMain::usarPerfil(const QString &ruta, QString *error) {
     i_->conexiones.clear();
     i_->datos = std::move(datos);
     i_->ruta = info.absoluteFilePath();
-    i_->nombre = otro(LeerIni(u"PERFIL"_s, u"nombre"_s, ruta), info.completeBaseName());
+    i_->nombre = otro(LeerIni(seccionDelPerfil, claveDelNombre, ruta), info.completeBaseName());
+    i_->rolDueno = LeerIni(seccionDelPerfil, claveDelDueno, ruta);
+    i_->rolDeTrabajo = LeerIni(seccionDelPerfil, claveDelTrabajo, ruta);
     return true;
 }
 
@@ -246,6 +272,28 @@ QString SPMain::obtenerNombreDePerfilSeleccionado() const {
 }
 QString SPMain::rutaDelPerfil() const {
     return i_->ruta;
+}
+QString SPMain::rolDueno() const {
+    return i_->rolDueno;
+}
+QString SPMain::rolDeTrabajo() const {
+    return i_->rolDeTrabajo;
+}
+QString SPMain::comoActualizar() const {
+    const QString dueno = rolDueno();
+    if (dueno.isEmpty()) return u"DbUpgrade3 --perfil "_s + i_->ruta;
+    const QString suPerfil = rutaDelDueno(i_->ruta);
+    // On the other workstations it is not there, and should not be.
+    if (QFileInfo::exists(suPerfil)) return u"DbUpgrade3 --perfil "_s + suPerfil;
+    return u"DbUpgrade3 con el perfil de su dueño, el rol %1 (%2, donde se creó la base)"_s.arg(
+        dueno, QFileInfo(suPerfil).fileName());
+}
+QString SPMain::aviso() const {
+    const bool conClave = std::any_of(i_->datos.begin(), i_->datos.end(),
+                                      [](const auto &uno) { return !uno.second->clave.isEmpty(); });
+    if (!conClave || !LoAlcanzanOtros(i_->ruta)) return {};
+    return u"Otras personas de esta PC pueden leer el perfil %1, que guarda una contraseña; deje que sólo su "
+           "dueño lo lea (chmod 600)."_s.arg(i_->ruta);
 }
 bool SPMain::perfilRecienHecho() const {
     return i_->recienHecho;
@@ -286,28 +334,85 @@ const Datos *SPMain::datos(const QString &entidad) const {
 }
 
 bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const QString &carpeta) {
-    QStringList lineas;
+    QStringList lineas = cabeza(nombre);
     for (const QString &entidad : conStore())
         lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']')
                << u"driver="_s + motores::archivo().driver
                << u"archivo=%1/%2"_s.arg(carpeta, nombreDeArchivo(entidad));
-    return escribir(ruta, nombre, lineas);
+    return escribir(ruta, lineas);
 }
 
-bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto,
-                              const QString &base, const QString &usuario, const QString &carpetaLocal) {
-    QStringList lineas;
+namespace {
+
+QStringList lineasDeServidor(const QString &nombre, const Datos &servidor, const QString &carpetaLocal) {
+    QStringList lineas = cabeza(nombre);
     for (const QString &entidad : conStore()) {
         lineas << QString() << QLatin1Char('[') + entidad + QLatin1Char(']');
         if (entidad == "USUARIO"_L1)
             lineas << u"driver="_s + motores::archivo().driver
                    << u"archivo=%1/%2"_s.arg(carpetaLocal, nombreDeArchivo(entidad));
         else
-            lineas << u"driver="_s + motores::servidor().driver << u"host="_s + host
-                   << u"puerto=%1"_s.arg(puerto) << u"base="_s + base << u"esquema="_s + entidad.toLower()
-                   << u"usuario="_s + usuario;
+            lineas << u"driver="_s + motores::servidor().driver << u"host="_s + servidor.host
+                   << u"puerto=%1"_s.arg(servidor.puerto) << u"base="_s + servidor.base
+                   << u"esquema="_s + entidad.toLower() << u"usuario="_s + servidor.usuario;
     }
-    return escribir(ruta, nombre, lineas);
+    return lineas;
+}
+
+/// In quotes, so that blanks and quotes of its own ends stay its own.
+QString paraElArchivo(const QString &clave) {
+    return clave.isNull() ? QString() : QLatin1Char('"') + clave + QLatin1Char('"');
+}
+
+/// The entities of a profile that lie on the base of `servidor`.
+QStringList deLaBase(const QString &ruta, const Datos &servidor) {
+    SPMain manager;
+    manager.usarPerfil(ruta);
+    QStringList nombres;
+    for (const QString &entidad : entidades())
+        if (const Datos *datos = manager.datos(entidad); datos != nullptr &&
+                                                         datos->motor == &motores::servidor() &&
+                                                         datos->motor->juntos(*datos, servidor))
+            nombres << entidad;
+    return nombres;
+}
+
+}  // namespace
+
+bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto,
+                              const QString &base, const QString &usuario, const QString &carpetaLocal) {
+    Datos servidor;
+    servidor.host = host;
+    servidor.puerto = puerto;
+    servidor.base = base;
+    servidor.usuario = usuario;
+    return escribir(ruta, lineasDeServidor(nombre, servidor, carpetaLocal));
+}
+
+QString escribirPerfilDeRol(const QString &ruta, const PerfilDeRol &perfil) {
+    const Datos &servidor = perfil.servidor;
+    const bool nuevo = perfil.desde.isEmpty();
+    QStringList lineas = nuevo ? lineasDeServidor(perfil.nombre, servidor, perfil.carpetaLocal)
+                               : LeerLineasDeIni(perfil.desde);
+    QStringList suyas = nuevo ? conStore() : deLaBase(perfil.desde, servidor);
+    if (nuevo) suyas.removeAll(u"USUARIO"_s);
+    const auto oNada = [](const QString &texto) { return texto.isEmpty() ? QString() : texto; };
+    if (!perfil.nombre.isEmpty()) PonerEnIni(lineas, seccionDelPerfil, claveDelNombre, perfil.nombre);
+    PonerEnIni(lineas, seccionDelPerfil, claveDelDueno, oNada(perfil.dueno));
+    PonerEnIni(lineas, seccionDelPerfil, claveDelTrabajo, oNada(perfil.trabajo));
+    for (const QString &entidad : suyas) {
+        PonerEnIni(lineas, entidad, u"usuario"_s, servidor.usuario);
+        PonerEnIni(lineas, entidad, u"clave"_s, paraElArchivo(servidor.clave));
+        for (const auto &[palabra, valor] : servidor.palabras) PonerEnIni(lineas, entidad, palabra, valor);
+    }
+    if (!servidor.clave.isNull()) return EscribirPrivado(ruta, BytesDeIni(lineas));
+    return escribir(ruta, lineas) ? QString() : u"sin permiso"_s;
+}
+
+QString rutaDelDueno(const QString &rutaDelPerfil) {
+    for (const QString &fin : {sufijoDePerfil, u".ini"_s})
+        if (rutaDelPerfil.endsWith(fin)) return rutaDelPerfil.chopped(fin.size()) + sufijoDelDueno;
+    return rutaDelPerfil + sufijoDelDueno;
 }
 
 }  // namespace StoreProfiles

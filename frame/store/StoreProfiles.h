@@ -56,6 +56,16 @@ class SPMain {
     void LoadParameters();
     QString obtenerNombreDePerfilSeleccionado() const;
     QString rutaDelPerfil() const;
+    /// The role that owns the stores, where the profile is one for daily work; empty where the profile's own
+    /// user makes and upgrades them.
+    QString rolDueno() const;
+    /// The role of daily work, where the profile is the owner's; else empty.
+    QString rolDeTrabajo() const;
+    /// How its stores are upgraded, for a sentence: "DbUpgrade3 --perfil …", of the owner's profile for one
+    /// for daily work.
+    QString comoActualizar() const;
+    /// One sentence for the user when the profile holds a password that others may read; else empty.
+    QString aviso() const;
     /// True when seleccionarPerfil found none and made the default: its stores are still to be made.
     bool perfilRecienHecho() const;
 
@@ -83,5 +93,24 @@ bool escribirPerfilDeArchivos(const QString &ruta, const QString &nombre, const 
 /// Writes a profile on a PostgreSQL server, one schema an entity; USUARIO stays a file in `carpetaLocal`.
 bool escribirPerfilDeServidor(const QString &ruta, const QString &nombre, const QString &host, int puerto,
                               const QString &base, const QString &usuario, const QString &carpetaLocal);
+
+/// Who a profile on a server works as.
+struct PerfilDeRol {
+    QString nombre;  ///< empty: the name that `desde` says
+    /// host, puerto, base, usuario, clave (null: the profile holds none), and the words of the connection as
+    /// the profile is to say them; none leaves those that `desde` says.
+    motores::Datos servidor;
+    QString dueno;    ///< a profile for daily work: the role that owns the stores
+    QString trabajo;  ///< the owner's profile: the role of daily work
+    /// A profile of the same base whose text it takes, everything else in it included; empty: a new one.
+    QString desde;
+    QString carpetaLocal;  ///< of a new one: where USUARIO's file lies
+};
+/// Writes it, readable by its owner alone when it holds a password. Why it could not be written in the
+/// system's words, or empty.
+QString escribirPerfilDeRol(const QString &ruta, const PerfilDeRol &perfil);
+/// Where the owner's profile lies beside one for daily work: "x.perfil.ini" has "x.dueno.ini", which no
+/// program offers for work.
+QString rutaDelDueno(const QString &rutaDelPerfil);
 
 }  // namespace StoreProfiles

@@ -13,15 +13,16 @@ namespace motores {
 
 namespace {
 
-/// The one way of this thread on which something waits or travels. Whoever asks through another one may mean
-/// what this one writes.
+/// The one way of this thread on which something waits or travels. Whoever asks the same server through another
+/// one may mean what this one writes.
 Canal *&conPendientes() {
     static thread_local Canal *canal = nullptr;
     return canal;
 }
 
 void asentarLosOtros(const Canal *este) {
-    if (Canal *otro = conPendientes(); otro != nullptr && otro != este) otro->Asentar();
+    Canal *otro = conPendientes();
+    if (otro != nullptr && otro != este && &otro->motor() == &este->motor()) otro->Asentar();
 }
 
 /// Since when a server was waited for in vain. All connections of this thread go with it: once is enough for
@@ -145,8 +146,11 @@ void Canal::fallar(Falla falla, const QString &sentencia) {
     falla.fuente = datos_->entidad;
     falla.sentencia = sentencia;
     if (!motor_.vive(db_)) {
-        falla.numero = -1;
-        falla.descripcion = palabrasDePerdida();
+        // A transaction that failed keeps the engine's words; it is over all the same.
+        if (motor_.seFue(db_)) {
+            falla.numero = -1;
+            falla.descripcion = palabrasDePerdida();
+        }
         perdido_ = true;
         Cerrar();
     }
@@ -197,6 +201,7 @@ bool Canal::seLeeOtraVez(const QString &sentencia, Filas *filas) {
 }
 
 void Canal::agregar(const QString &sentencia, const QString &traducida, Filas *filas) {
+    if (Canal *otro = conPendientes(); otro != nullptr && otro != this) otro->Asentar();
     porSalir_.sentencias << sentencia;
     porSalir_.encargos.push_back({traducida, filas, 0});
     conPendientes() = this;
@@ -286,6 +291,7 @@ std::vector<Filas> Canal::ConsultarSeguidas(const QStringList &sentencias) {
 
 void Canal::Anticipar(const QStringList &sentencias) {
     if (motor_.porViaje == 1 || sentencias.isEmpty()) return;
+    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
     Abrir();
     std::vector<Filas> respuestas(static_cast<std::size_t>(sentencias.size()));
     const std::size_t delante = porSalir_.encargos.size();

@@ -1,8 +1,10 @@
+#include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStringList>
 
 #include "frame/base/failure.h"
+#include "frame/store/connectwords.h"
 #include "frame/store/dialect_rewrites.h"
 #include "frame/store/engines.h"
 #include "frame/store/postgres_line.h"
@@ -26,13 +28,7 @@ Falla error(const QSqlError &e) {
 
 QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre);
-    db.setHostName(datos.host);
-    db.setPort(datos.puerto);
-    db.setDatabaseName(datos.base);
-    db.setUserName(datos.usuario);
-    // An empty one leaves the answer to PostgreSQL's own password file.
-    if (!datos.clave.isEmpty()) db.setPassword(datos.clave);
-    db.setConnectOptions(u"connect_timeout=10"_s);
+    prepararConexion(datos, db);
     db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
     if (!db.open()) {
         const QString motivo = error(db.lastError()).descripcion.simplified();
@@ -111,6 +107,11 @@ void leer(const Seccion &seccion, Datos &datos) {
     if (datos.host.isEmpty() || datos.base.isEmpty())
         Seccion::rechazar(u"Al perfil %1 le falta el host o la base en la sección [%2]; complételos."_s.arg(
             seccion.ruta, seccion.entidad));
+    tomarPalabras(
+        {[&seccion](const QString &palabra) { return seccion.valor(palabra.toLatin1().constData()); },
+         QFileInfo(seccion.ruta).absolutePath(),
+         u"El perfil %1, en la sección [%2],"_s.arg(seccion.ruta, seccion.entidad)},
+        datos);
 }
 
 bool juntos(const Datos &a, const Datos &b) {

@@ -32,6 +32,8 @@ struct Datos {
     QString esquema;
     QString usuario;
     QString clave;
+    /// What the section asks of the server's client library (connectwords.h), files with their whole path.
+    std::vector<std::pair<QString, QString>> palabras;
     QString separadorDecimal = QStringLiteral(".");
     /// Pattern of QDateTime between the literal's own delimiters, e.g. "#MM/dd/yyyy HH:mm:ss#".
     QString formaDeFecha;

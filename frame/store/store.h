@@ -119,8 +119,8 @@ class Conexion {
     /// with its text. What failed is not told at all when none follows, as when a run is given up.
     void MandarSeguidas(const QStringList &sentencias);
 
-    /// Runs selects, one after the other, in one journey to a server; the rows of each, in their order.
-    /// Raises Falla for the first that fails.
+    /// Runs selects, one after the other, in one journey to a server; the rows of each, in their order. A
+    /// command among them has none. Raises Falla for the first that fails.
     std::vector<Recordset> ConsultarSeguidas(const QStringList &sentencias);
 
     /// Asks a server in one journey for what the routines behind it are going to read: crearrs finds the

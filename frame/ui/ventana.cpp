@@ -29,7 +29,9 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
         static bool dicho = false;
         const bool seFue = e.numero == numeroSinStore;
         if (seFue && dicho) return false;
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        // A refusal of our own has no number.
+        ctx.dialogos.critico((e.numero == 0 ? QString() : QString::number(e.numero) + " - "_L1) +
+                             e.descripcion);
         if (!seFue) return false;
         dicho = true;
         QTimer::singleShot(0, QCoreApplication::instance(), [] { dicho = false; });

@@ -98,11 +98,14 @@ TEST_P(Decisiones, AKeyThatIsTakenOrNoKeyIsRefusedAndNothingChanges) {
         {{Decision::OtraClave, u"ec-2026-0002"_s},
          u"La operación ec-2026-0002 ya existe; elija otra clave o reemplácela."_s},
         {{Decision::OtraClave, u"  "_s},
-         u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos; elija otra."_s},
+         u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos ni caracteres de "
+         "control; elija otra."_s},
         {{Decision::OtraClave, u"O'P"_s},
-         u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos; elija otra."_s},
+         u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos ni caracteres de "
+         "control; elija otra."_s},
         {{Decision::OtraClave, QString(41, u'K')},
-         u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos; elija otra."_s}};
+         u"La clave de una operación tiene entre 1 y 40 caracteres, sin apóstrofos ni caracteres de "
+         "control; elija otra."_s}};
     for (const auto &[plan, dice] : casos) {
         const Importacion r = importar({{unaImpo, plan}});
         EXPECT_EQ(r.operaciones[0].fin, Importada::Fin::Fallida);

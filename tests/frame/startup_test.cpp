@@ -154,6 +154,38 @@ TEST_P(Arranque, AStoreBelow330AsksForItsUpgradeAndStartsIt) {
     EXPECT_EQ(conArgumentos, (QStringList{u"--perfil"_s, tienda->perfil()}));
 }
 
+TEST_P(Arranque, AWorkstationThatOnlyWorksIsToldWhoUpgradesAndStartsNothing) {
+    ASSERT_TRUE(EscribirIni(u"PERFIL"_s, u"dueno"_s, u"oficina_dueno"_s, tienda->perfil()));
+    ASSERT_TRUE(ctx->DataManager.usarPerfil(tienda->perfil()));
+    ctx->DataManager.LoadParameters();
+    EXPECT_EQ(ControlarVersionDelStore(*ctx), 330);
+    EXPECT_TRUE(registro.mensajes.empty());
+    ejecutar(u"update version set valor = '329' where propiedad = 'version'"_s);
+    EXPECT_EQ(ControlarVersionDelStore(*ctx), 329);
+    ASSERT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_EQ(
+        registro.mensajes[0].texto.toStdString(),
+        "Se necesita actualizar la base de datos; pida a quien la administra que ejecute DbUpgrade3 con el "
+        "perfil de su dueño, el rol oficina_dueno (Prueba.dueno.ini, donde se creó la base).");
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Informacion);
+    EXPECT_TRUE(iniciados.isEmpty());
+}
+
+TEST_P(Arranque, AProfileWithAPasswordThatOthersMayReadIsToldOnceAndTheStartGoesOn) {
+    if (GetParam() == std::string("ACCESS")) GTEST_SKIP() << "a profile of files holds no password";
+    ASSERT_TRUE(EscribirIni(u"INTERNOS"_s, u"clave"_s, u"secreta"_s, tienda->perfil()));
+    ASSERT_TRUE(
+        QFile::setPermissions(tienda->perfil(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+    Registro otro;
+    EXPECT_NE(arrancado(*tienda, otro)->ConnInternos, nullptr);
+    ASSERT_EQ(otro.mensajes.size(), 1U);
+    EXPECT_EQ(
+        otro.mensajes[0].texto,
+        u"Otras personas de esta PC pueden leer el perfil %1, que guarda una contraseña; deje que sólo su "
+        "dueño lo lea (chmod 600)."_s.arg(tienda->perfil()));
+    EXPECT_EQ(otro.mensajes[0].icono, Icono::Exclamacion);
+}
+
 TEST_P(Arranque, AStoreWithoutAVersionRowCountsAsOlder) {
     ejecutar(u"delete from version"_s);
     EXPECT_EQ(ControlarVersionDelStore(*ctx), 300);

@@ -1,5 +1,7 @@
 // The run of item 0: every item through the calculator, the operation's totals, and the writing back.
 
+#include <QRegularExpression>
+
 #include "frame/base/numbers.h"
 #include "tests/liquidation/operacion.h"
 
@@ -420,8 +422,8 @@ TEST_P(Recalculo, TheStatementsOfARunComeInTheirOrder) {
     catalogo();
     item(1);
     filas(1, {"010", "500"});
-    const QStringList todas = sentenciasDe("", [&] { recalcular(true); });
-    const char *const esperadas[] = {
+    QStringList todas = sentenciasDe("", [&] { recalcular(true); });
+    QStringList esperadas{
         "select * from caratula where interno = 'OP1'",
         "select sum(fob) as total from groupsubitems where interno = 'OP1'",
         "select sum(fobtotal) as total from item where interno = 'OP1' and tipoitem <> 'G'",
@@ -456,8 +458,16 @@ TEST_P(Recalculo, TheStatementsOfARunComeInTheirOrder) {
         "update itemliq set baseimp = 00.00,porcentaje = 00.00,total = 00.00,pgc = 'P',"
         "motivo = '' "
         "where interno = 'OP1'   and iditem = 1  and idconceptos = '500'"};
-    ASSERT_EQ(todas.size(), static_cast<qsizetype>(std::size(esperadas)));
-    for (qsizetype i = 0; i < todas.size(); ++i) EXPECT_EQ(todas[i].toStdString(), esperadas[i]);
+    if (QLatin1String(GetParam()) == "SQL"_L1) {
+        // A server is asked ahead for what the items and the totals read; every write keeps its place.
+        const auto escrituras = [](const QStringList &sentencias) {
+            return sentencias.filter(QRegularExpression(u"^(insert|update|delete)"_s)).join(u'\n');
+        };
+        EXPECT_EQ(escrituras(todas).toStdString(), escrituras(esperadas).toStdString());
+        todas.sort();
+        esperadas.sort();
+    }
+    EXPECT_EQ(todas.join(u'\n').toStdString(), esperadas.join(u'\n').toStdString());
 }
 
 }  // namespace

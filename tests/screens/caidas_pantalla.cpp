@@ -46,7 +46,7 @@ void EnCaidas::SetUp() {
 }
 
 void EnCaidas::AlHacerLaTienda() {
-    linea_.emplace(0, servidor());
+    linea_.emplace(0, palabrasDelServidor());
     tienda->PasarPor(*linea_);
 }
 

@@ -34,7 +34,7 @@ class EnCaidas : public EnPantalla {
     void SetUp() override;
     void TearDown() override;
     void AlHacerLaTienda() override;
-    QString servidor() const override { return ServidorDePaso().palabras(); }
+    QString palabrasDelServidor() const override { return ServidorDePaso().palabras(); }
 
     /// What became of an action.
     struct Hecho {

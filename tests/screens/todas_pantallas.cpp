@@ -397,12 +397,23 @@ void EnTodasLasPantallas::pulsarEscape(const std::shared_ptr<int> &veces, const 
             !QTest::qWaitForWindowExposed(ventana))
             return;
         if (alAbrir) std::exchange(alAbrir, nullptr)();
+        if (enManos != nullptr) {
+            // Came over the one that is being filled.
+            if (ventana != nullptr && ventana->windowHandle() != nullptr)
+                QTest::keyClick(ventana->windowHandle(), Qt::Key_Escape);
+            return;
+        }
         if (++*veces == 2 && completar) {
             const QScopedValueRollback<QPointer<QWidget>> solo(enManos, ventana);
             completar();
         }
         // A look-up that was told may have taken its place for a moment.
         if (ventana == nullptr || ventana->windowHandle() == nullptr) return;
+        // What it refuses to leave with is corrected once.
+        if (*veces > bastantesEscapes && alQuedarse) {
+            std::exchange(alQuedarse, nullptr)();
+            *veces = 0;
+        }
         if (*veces <= bastantesEscapes) {
             QTest::keyClick(ventana->windowHandle(), Qt::Key_Escape);
             return;
@@ -440,6 +451,7 @@ void EnTodasLasPantallas::entrarYSalir(const Salida &salida) {
     if (alSalir) std::exchange(alSalir, nullptr)();
     // The next one starts from nothing.
     alAbrir = nullptr;
+    alQuedarse = nullptr;
     pantallas::CerrarTodas();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ClCntrl::banderaDeCambios() = false;

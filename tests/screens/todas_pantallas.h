@@ -31,8 +31,9 @@ class EnTodasLasPantallas : public EnPantalla {
     /// Opens the screen and leaves it by ESC.
     void entrarYSalir(const Salida &salida);
 
-    int bastantesEscapes = 4;       ///< as often as a user would try
-    std::function<void()> alAbrir;  ///< done once, when the first window stands
+    int bastantesEscapes = 4;          ///< as often as a user would try
+    std::function<void()> alAbrir;     ///< done once, when the first window stands
+    std::function<void()> alQuedarse;  ///< done once, when a window does not let go
     std::function<void()> alSalir;  ///< done once the screen is gone, ahead of what was said being forgotten
     /// The window that keys are on their way to: no ESC between them. Others that come over it are left.
     QPointer<QWidget> enManos;

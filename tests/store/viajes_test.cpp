@@ -126,6 +126,7 @@ TEST_P(Viajes, InsideATransactionWhatFailsTakesAllOfItAlong) {
             internos().Asentar();
         });
         EXPECT_EQ(e.sentencia, mala());
+        EXPECT_TRUE(e.descripcion.contains(u"columna"_s)) << e.descripcion.toStdString();
     }
     EXPECT_EQ(divisas(), "D1");
 }

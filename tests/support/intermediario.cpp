@@ -32,7 +32,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Reloj = std::chrono::steady_clock;
+using RelojDeLinea = std::chrono::steady_clock;
 using Medida = Intermediario::Medida;
 
 constexpr std::size_t bocado = 256 * 1024;
@@ -100,7 +100,7 @@ struct Destino {
             const std::string ruta = host + "/.s.PGSQL." + puerto;
             if (ruta.size() >= sizeof donde.sun_path) return Descriptor();
             std::copy(ruta.begin(), ruta.end(), static_cast<char *>(donde.sun_path));
-            if (connect(s.numero(), reinterpret_cast<const sockaddr *>(&donde), sizeof donde) != 0)
+            if (::connect(s.numero(), reinterpret_cast<const sockaddr *>(&donde), sizeof donde) != 0)
                 return Descriptor();
             return s;
         }
@@ -111,7 +111,7 @@ struct Destino {
         Descriptor hallado;
         for (const addrinfo *uno = lista; uno != nullptr && hallado.numero() < 0; uno = uno->ai_next) {
             Descriptor s(socket(uno->ai_family, uno->ai_socktype | SOCK_CLOEXEC, uno->ai_protocol));
-            if (s.numero() >= 0 && connect(s.numero(), uno->ai_addr, uno->ai_addrlen) == 0)
+            if (s.numero() >= 0 && ::connect(s.numero(), uno->ai_addr, uno->ai_addrlen) == 0)
                 hallado = std::move(s);
         }
         freeaddrinfo(lista);
@@ -145,7 +145,7 @@ int puertoDe(const Descriptor &s) {
 /// One direction of a line.
 struct Sentido {
     struct Trozo {
-        Reloj::time_point llega;
+        RelojDeLinea::time_point llega;
         std::string bytes;  ///< empty: the end of what this side has to say
     };
     std::deque<Trozo> enCamino;
@@ -157,8 +157,8 @@ struct Sentido {
 struct Linea {
     std::array<Descriptor, 2> lado;
     std::array<Sentido, 2> sentido;
-    Reloj::time_point abierta;  ///< before this nothing of the client can have arrived
-    bool respondida = true;     ///< the client was reached since it last spoke
+    RelojDeLinea::time_point abierta;  ///< before this nothing of the client can have arrived
+    bool respondida = true;            ///< the client was reached since it last spoke
     bool cortada = false;
 };
 
@@ -184,7 +184,7 @@ struct Intermediario::Interno {
     int puerto = 0;
     std::thread hilo;
     std::list<Linea> lineas;
-    Reloj::duration mitad{};
+    RelojDeLinea::duration mitad{};
     bool colgado = false, terminar = false;
     struct CortePedido {
         Medida medida;
@@ -237,7 +237,7 @@ struct Intermediario::Interno {
                 continue;
             }
             // The kernel has said yes at once; over a long line that alone would have been a round trip.
-            linea.abierta = Reloj::now() + 2 * mitad;
+            linea.abierta = RelojDeLinea::now() + 2 * mitad;
             ++cuenta.conexiones;
             ++cuenta.viajes;
             lineas.push_back(std::move(linea));
@@ -273,7 +273,7 @@ struct Intermediario::Interno {
             if (errno != EAGAIN && errno != EINTR) cortarLinea(linea, Corte::Rotura);
             return;
         }
-        Reloj::time_point llega = Reloj::now() + mitad;
+        RelojDeLinea::time_point llega = RelojDeLinea::now() + mitad;
         if (lado == 0) llega = std::max(llega, linea.abierta + mitad);
         // A shorter way set meanwhile does not let the later overtake the earlier.
         if (!sentido.enCamino.empty()) llega = std::max(llega, sentido.enCamino.back().llega);
@@ -282,19 +282,19 @@ struct Intermediario::Interno {
         bytes.resize(leido == 0 ? 0 : dejarPasar(linea, lado, static_cast<std::size_t>(leido), cortar));
         if (leido == 0 || !bytes.empty()) {
             sentido.cuanto += bytes.size();
-            sentido.enCamino.push_back({cortar ? Reloj::time_point() : llega, std::move(bytes)});
+            sentido.enCamino.push_back({cortar ? RelojDeLinea::time_point() : llega, std::move(bytes)});
         }
         if (!cortar) return;
         // What was let pass arrives ahead of the cut.
         for (Sentido::Trozo &trozo : sentido.enCamino) trozo.llega = {};
-        Entregar(linea, lado, Reloj::now());
+        Entregar(linea, lado, RelojDeLinea::now());
         const Corte como = corte->como;
         corte.reset();
         for (Linea &otra : lineas) cortarLinea(otra, como);
     }
 
     /// Passes on what has arrived; the socket may take a part only.
-    void Entregar(Linea &linea, std::size_t lado, Reloj::time_point ahora) {
+    void Entregar(Linea &linea, std::size_t lado, RelojDeLinea::time_point ahora) {
         Sentido &sentido = linea.sentido[lado];
         const int a = linea.lado[1 - lado].numero();
         while (!sentido.enCamino.empty() && sentido.enCamino.front().llega <= ahora) {
@@ -327,14 +327,14 @@ struct Intermediario::Interno {
         };
         std::vector<pollfd> puntas;
         std::vector<Punta> de;  ///< of those behind the first two
-        std::optional<Reloj::time_point> hasta;
+        std::optional<RelojDeLinea::time_point> hasta;
     };
 
     Espera preparar() {
         Espera e;
         e.puntas.push_back({aviso.numero(), POLLIN, 0});
         e.puntas.push_back({oido.numero(), POLLIN, 0});
-        const Reloj::time_point ahora = Reloj::now();
+        const RelojDeLinea::time_point ahora = RelojDeLinea::now();
         for (Linea &linea : lineas) {
             for (std::size_t lado = 0; lado < 2 && !colgado; ++lado) {
                 const Sentido &habla = linea.sentido[lado];
@@ -342,7 +342,7 @@ struct Intermediario::Interno {
                 short que = 0;
                 if (!habla.terminado && habla.cuanto < enCaminoComoMucho) que |= POLLIN;
                 if (!oye.enCamino.empty()) {
-                    const Reloj::time_point llega = oye.enCamino.front().llega;
+                    const RelojDeLinea::time_point llega = oye.enCamino.front().llega;
                     if (llega <= ahora)
                         que |= POLLOUT;
                     else
@@ -360,7 +360,7 @@ struct Intermediario::Interno {
         timespec cuanto{};
         if (e.hasta) {
             constexpr qint64 nanosPorSegundo = 1'000'000'000;
-            const auto falta = *e.hasta - Reloj::now();
+            const auto falta = *e.hasta - RelojDeLinea::now();
             const qint64 nanos =
                 std::max<qint64>(0, std::chrono::duration_cast<std::chrono::nanoseconds>(falta).count());
             cuanto = {nanos / nanosPorSegundo, nanos % nanosPorSegundo};
@@ -381,7 +381,7 @@ struct Intermediario::Interno {
                     (hay & (POLLIN | POLLHUP | POLLERR)) != 0)
                     Leer(*linea, lado);
             }
-            const Reloj::time_point ahora = Reloj::now();
+            const RelojDeLinea::time_point ahora = RelojDeLinea::now();
             for (Linea &linea : lineas)
                 for (std::size_t lado = 0; lado < 2 && !colgado && !linea.cortada; ++lado)
                     Entregar(linea, lado, ahora);
@@ -417,7 +417,7 @@ QString Intermediario::palabras() const {
 
 void Intermediario::IdaYVuelta(double ms) {
     const std::chrono::duration<double, std::milli> medio(ms / 2);
-    i_->Pedir([&] { i_->mitad = std::chrono::duration_cast<Reloj::duration>(medio); });
+    i_->Pedir([&] { i_->mitad = std::chrono::duration_cast<RelojDeLinea::duration>(medio); });
 }
 
 Intermediario::Cuenta Intermediario::cuenta() const {

@@ -11,12 +11,13 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QStorageInfo>
-#include <QTcpServer>
 #include <QThread>
 #include <QUuid>
 #include <csignal>
 #include <memory>
 #include <stdexcept>
+
+#include "tests/support/puertolibre.h"
 
 using namespace Qt::StringLiterals;
 
@@ -53,19 +54,13 @@ QString carpetaDeLosServidores() {
                : QDir::tempPath();
 }
 
-int puertoLibre() {
-    QTcpServer oido;
-    if (!oido.listen(QHostAddress::LocalHost)) rendirse(oido.errorString());
-    return oido.serverPort();
-}
-
 }  // namespace
 
 ServidorPropio::ServidorPropio(const QStringList &ajustes)
     : dir_(carpetaDeLosServidores() + "/zendra-propio.XXXXXX"_L1),
       carpeta_(dir_.path()),
       datos_(carpeta_ + "/data"_L1),
-      puerto_(puertoLibre()) {
+      puerto_(PuertoLibre()) {
     if (::geteuid() == 0) {
         const passwd *dueno = ::getpwnam("postgres");
         if (dueno == nullptr ||

@@ -258,7 +258,7 @@ std::unique_ptr<AppContext> Tienda::contexto(Registro &registro) const {
 }
 
 void EnAmbosStores::SetUp() {
-    tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion(), servidor());
+    tienda = std::make_unique<Tienda>(QLatin1String(GetParam()), conDemostracion(), palabrasDelServidor());
     AlHacerLaTienda();
     ctx = tienda->contexto(registro);
     fijarContexto(ctx.get());

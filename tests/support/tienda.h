@@ -80,7 +80,7 @@ class EnAmbosStores : public ::testing::TestWithParam<const char *> {
     QString filas(const QString &sql, const QString &entidad = QStringLiteral("INTERNOS"));
     virtual bool conDemostracion() const { return false; }
     /// The words of the server where the stores lie.
-    virtual QString servidor() const { return qEnvironmentVariable("ZENDRA_PG"); }
+    virtual QString palabrasDelServidor() const { return qEnvironmentVariable("ZENDRA_PG"); }
     /// Ahead of the context's first look at the profile.
     virtual void AlHacerLaTienda() {}
 

@@ -58,6 +58,14 @@ TEST(DbUpgrade3Program, AWrongUseIsOneSentenceThatNamesTheHelpAndStatusTwo) {
          u"Las opciones --respaldo y --restaurar no van juntas; vea DbUpgrade3 --ayuda."_s},
         {{"--verificar", "--demostracion"},
          u"Las opciones --verificar y --demostracion no van juntas; vea DbUpgrade3 --ayuda."_s},
+        {{"--roles", "a,b"}, u"La opción --roles sólo sirve con --crear-servidor; vea DbUpgrade3 --ayuda."_s},
+        {{"--crear-servidor", "h,1,b,u", "--roles", "a"},
+         u"--roles no sirve: \"a\" no es DUEÑO,TRABAJO; vea DbUpgrade3 --ayuda."_s},
+        {{"--crear-servidor", "h,1,b,u", "--roles", "a,b", "--sin-roles"},
+         u"Las opciones --sin-roles y --roles no van juntas; vea DbUpgrade3 --ayuda."_s},
+        {{"--crear-servidor", "h,1,b,u", "--conexion", "clave=secreta"},
+         u"--conexion no sirve: \"clave\" no es una palabra de la conexión (sslmode, sslrootcert, sslcert, sslkey, "
+         "sslcrl) con su valor; vea DbUpgrade3 --ayuda."_s},
         {{"--respaldo"}, u"A la opción --respaldo le falta su valor; vea DbUpgrade3 --ayuda."_s},
     };
     for (const Caso &caso : casos) {
@@ -74,9 +82,10 @@ TEST(DbUpgrade3Program, TheHelpNamesEveryOptionAndMakesNothing) {
     EXPECT_EQ(c.errores, QString());
     for (const char *parte :
          {"Uso: DbUpgrade3 [opciones]", "--perfil ARCHIVO", "--crear-archivos CARPETA",
-          "--crear-servidor DATOS", "--demostracion", "--cargar TABLA=ARCHIVO", "Puede repetirse.",
-          "--reemplazar", "--nomenclador ARCHIVO", "--unidad CODIGO", "--version"})
-        EXPECT_TRUE(c.salida.simplified().contains(QLatin1String(parte)))
+          "--crear-servidor DATOS", "--roles DUEÑO,TRABAJO", "--sin-roles", "--conexion PALABRA=VALOR",
+          "--demostracion", "--cargar TABLA=ARCHIVO", "Puede repetirse.", "--reemplazar",
+          "--nomenclador ARCHIVO", "--unidad CODIGO", "--version"})
+        EXPECT_TRUE(c.salida.simplified().contains(QString::fromUtf8(parte)))
             << parte << " in " << c.salida.toStdString();
     EXPECT_EQ(DbUpgrade3({"-h"}).salida, c.salida);
 }
@@ -240,8 +249,8 @@ TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
     c = DbUpgrade3({"--perfil", perfil});
     EXPECT_TRUE(c.salida.contains(u"ya estaban"_s)) << c.salida.toStdString();
     QProcess p;
-    p.start("psql",
-            {"-h", host, "-p", puerto, "-U", usuario, "-d", "postgres", "-c", "drop database " + base});
+    p.start("psql", {"-h", host, "-p", puerto, "-U", usuario, "-d", "postgres", "-c", "drop database " + base,
+                     "-c", "drop role " + base + "_dueno, " + base + "_trabajo"});
     p.waitForFinished();
     EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
 }

@@ -44,10 +44,11 @@ TEST_F(Escrituras, AnUpdateKeepsTheConditionAsItStands) {
         "update caratula set factura7 = 'L AUTO',fob = 0.5,fecha = null,n = 'N' where interno = 'OP 1'");
 }
 
-TEST_F(Escrituras, ACodeGoesInAsItStandsAndAQuoteInItBreaksTheStatement) {
+TEST_F(Escrituras, ACodeGoesInAsItStandsAndOneWithAQuoteIsRefused) {
     Escritura e(ctx);
-    e.codigo("interno", u"O'P"_s);
-    EXPECT_EQ(e.insertar(u"caratula"_s).toStdString(), "insert into caratula (interno) values ('O'P')");
+    e.codigo("interno", u"O\\P; --"_s);
+    EXPECT_EQ(e.insertar(u"caratula"_s).toStdString(), "insert into caratula (interno) values ('O\\P; --')");
+    EXPECT_THROW(e.codigo("interno", u"O'P"_s), Falla);
 }
 
 TEST_F(Escrituras, ANumberTakesTheSeparatorOfItsEntity) {
