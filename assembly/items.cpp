@@ -194,8 +194,7 @@ bool numerarJuntos(ContextoArmado &r) {
         transaccion.Confirmar();
         return true;
     } catch (const Falla &e) {
-        constexpr int storePerdido = -1;
-        if (e.numero == storePerdido) throw;
+        if (e.numero == Falla::sinStore) throw;
         return false;
     }
 }

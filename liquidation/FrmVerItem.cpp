@@ -345,9 +345,12 @@ void FrmVerItem::Form_Escape() {
             "actualizar los totales."_s);
         return;
     }
-    // A page that could not be saved is left by the second ESC.
+    // A page that could not be saved is left by the second ESC; one whose store went away meanwhile waits for
+    // the next, when it may be back.
+    const Conexion &store = ctx.conexion(u"INTERNOS"_s);
+    const bool seguia = store.abierta();
     if (cargada_ && escapeFallido_ != pagina && !GuardarPagina()) {
-        escapeFallido_ = pagina;
+        if (!seguia || store.abierta()) escapeFallido_ = pagina;
         return;
     }
     const auto despues = std::move(alCerrar);

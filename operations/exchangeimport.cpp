@@ -133,7 +133,7 @@ void importarUna(AppContext &ctx, LectorDeArchivo &lector, const Plan &plan, Imp
         } catch (const Falla &e) {
             entrada.reset();
             fin.fin = Importada::Fin::SinHacer;
-            if (!ctx.conexion(internos).abierta()) throw;
+            if (e.numero == Falla::sinStore) throw;
             fin.fin = Importada::Fin::Fallida;
             fin.aviso = u"No se importó la operación %1: %2"_s.arg(fin.clave, e.descripcion);
         }

@@ -6,12 +6,10 @@
 #include "frame/entities.h"
 #include "frame/escritura.h"
 #include "frame/startup.h"
-#include "frame/transaction.h"
 #include "header/regime.h"
 #include "operations/oOperationCopy.h"
 #include "operations/operationkey.h"
 #include "stock/closing.h"
-#include "stock/stock.h"
 #include "subitems/inputslink.h"
 
 using namespace Qt::StringLiterals;
@@ -189,9 +187,6 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
         int paso = 0;
         barra(paso);
         liberarInsumos(ctx, interno);
-        stock::DevolverTodo(ctx, interno);
-        // Without its header nobody could delete the rest.
-        Transaccion transaccion(ctx.conexion(internos));
         for (const TablaDeOperacion &t : tablas) {
             Ejecutar(ctx, L(t.entidad), "delete from "_L1 + L(t.tabla) + deLaClave(interno));
             barra(++paso);
@@ -199,7 +194,6 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
         stock::DespedirOperacion(ctx, interno);
         for (const char *tabla : tablasPropias)
             Ejecutar(ctx, internos, "delete from "_L1 + L(tabla) + deLaClave(interno));
-        transaccion.Confirmar();
         borrarAjustes(ctx, interno);
         barra(20);
         return true;

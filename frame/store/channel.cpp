@@ -13,8 +13,8 @@ namespace motores {
 
 namespace {
 
-/// The one way of this thread on which something waits or travels. Whoever asks the same server through another
-/// one may mean what this one writes.
+/// The one way of this thread on which something waits or travels. Whoever asks the same server through
+/// another one may mean what this one writes.
 Canal *&conPendientes() {
     static thread_local Canal *canal = nullptr;
     return canal;
@@ -62,7 +62,7 @@ void Canal::Abrir() {
     if (abierto_ && !hayPendientes() && motor_.seFue(db_)) perder();
     recoger();
     if (abierto_) return;
-    if (perdido_ && sesiones_ > 0) throw Falla{-1, datos_->entidad, palabrasDePerdida(), {}};
+    if (perdido_ && sesiones_ > 0) throw Falla{Falla::sinStore, datos_->entidad, palabrasDePerdida(), {}};
     try {
         conectar();
         abierto_ = true;
@@ -134,7 +134,7 @@ void Canal::perder() {
     const bool seNota = sesiones_ > 0 || ligeros_ > 0;
     perdido_ = true;
     Cerrar();
-    if (seNota) throw Falla{-1, datos_->entidad, palabrasDePerdida(), {}};
+    if (seNota) throw Falla{Falla::sinStore, datos_->entidad, palabrasDePerdida(), {}};
 }
 
 QString Canal::palabrasDePerdida() const {
@@ -148,7 +148,7 @@ void Canal::fallar(Falla falla, const QString &sentencia) {
     if (!motor_.vive(db_)) {
         // A transaction that failed keeps the engine's words; it is over all the same.
         if (motor_.seFue(db_)) {
-            falla.numero = -1;
+            falla.numero = Falla::sinStore;
             falla.descripcion = palabrasDePerdida();
         }
         perdido_ = true;

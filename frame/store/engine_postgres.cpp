@@ -33,7 +33,7 @@ QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     if (!db.open()) {
         const QString motivo = error(db.lastError()).descripcion.simplified();
         throw Falla{
-            -1,
+            Falla::sinStore,
             {},
             u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); "
             "verifique que el servidor esté encendido y los datos del perfil."_s.arg(datos.base, datos.host)

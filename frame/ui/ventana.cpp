@@ -7,13 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// What Falla::numero is when a store cannot be reached.
-constexpr int numeroSinStore = -1;
-
-}  // namespace
-
 std::unique_ptr<QDialog> HacerDialogo() {
     return std::make_unique<QDialog>(pantallas::marco(),
                                      Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -27,7 +20,7 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
     } catch (const Falla &e) {
         // One key may pass through several handlers: that the store is gone is told by the first of them.
         static bool dicho = false;
-        const bool seFue = e.numero == numeroSinStore;
+        const bool seFue = e.numero == Falla::sinStore;
         if (seFue && dicho) return false;
         // A refusal of our own has no number.
         ctx.dialogos.critico((e.numero == 0 ? QString() : QString::number(e.numero) + " - "_L1) +

@@ -139,6 +139,8 @@ class ArmadoDePrueba : public EnAmbosStores {
         QStringList textos;
         Conexion::fijarTraza([&textos](const TrazaDeSentencia &t) { textos << t.sentencia; });
         hacer();
+        // What was told is traced when it has run.
+        ctx->conexion(QStringLiteral("INTERNOS")).Asentar();
         Conexion::fijarTraza({});
         return textos;
     }

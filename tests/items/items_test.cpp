@@ -174,8 +174,10 @@ TEST_P(Items, AGroupWithNullCountryTakesTheIsNullClause) {
 
 TEST_P(Items, NumberingByAppearanceSendsFourStatementsAnItem) {
     for (int n = 0; n < 5; ++n) grupo({{"ncm", u"'%1'"_s.arg(n)}});
-    // Pick, number, sum, insert; and the pick that finds nothing.
-    EXPECT_EQ(sentenciasDe([this] { generar(2); }).size(), 5 * 4 + 1);
+    // Pick, number, sum, insert; and the pick that finds nothing. A server is asked once for all groups, so
+    // that the others can travel together.
+    const int adelantada = std::string(GetParam()) == "SQL" ? 1 : 0;
+    EXPECT_EQ(sentenciasDe([this] { generar(2); }).size(), 5 * 4 + 1 + adelantada);
 }
 
 TEST_P(Items, OutsideADeclarationTheItemDescriptionIsEmpty) {

@@ -285,7 +285,8 @@ TEST_P(ImpuestosInternos, ANominalRateOf100IsADivisionByZero) {
 TEST_P(ImpuestosInternos, AFailingReadTellsTheUserAndLeavesNoDecree) {
     decreto("2402.20.00.000X", "SINDEC", "20");
     c->GetMarcaImpuestosInternos(u"2402.20.00.000X"_s);
-    EXPECT_EQ(pedir417("o'clock", "7").total, 0);
+    ejecutar(u"alter table impuestos_internos rename to escondida"_s, u"USUARIO"_s);
+    EXPECT_EQ(pedir417("2402.20.00.000X", "7").total, 0);
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_FALSE(registro.mensajes[0].texto.isEmpty());
 }
