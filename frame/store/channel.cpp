@@ -97,6 +97,7 @@ void Canal::conectar() {
             std::this_thread::sleep_for(pausa);
         }
     }
+    enVano.invalidate();
     perdido_ = false;
     const auto &comunes = datos_->tablasOrdenadas;
     const bool vuelve = !ajustes_.tablasOrdenadas.isEmpty();
