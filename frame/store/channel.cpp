@@ -68,6 +68,11 @@ void Canal::Abrir() {
         abierto_ = true;
         if (ligeros_ > 0) motor_.escrituraLigera(db_, true);
     } catch (Falla &e) {
+        // It may go in the middle of the greeting.
+        if (e.numero != Falla::sinStore && db_.isOpen() && motor_.seFue(db_)) {
+            e.numero = Falla::sinStore;
+            e.descripcion = palabrasDePerdida();
+        }
         abierto_ = false;
         soltar();
         e.fuente = datos_->entidad;
@@ -328,7 +333,7 @@ void Canal::EscribirLigero(bool activo) {
         // A connection that was lost ahead of the run is nothing that the run would miss.
         if (ligeros_ == 0) {
             Abrir();
-            motor_.escrituraLigera(db_, true);
+            fijarLigero(true);
         }
         ++ligeros_;
         return;
@@ -341,8 +346,22 @@ void Canal::EscribirLigero(bool activo) {
     } catch (const Falla &e) {
         falla = e;
     }
-    if (--ligeros_ == 0 && abierto_) motor_.escrituraLigera(db_, false);
+    if (--ligeros_ == 0 && abierto_) {
+        try {
+            fijarLigero(false);
+        } catch (const Falla &e) {
+            if (!falla) falla = e;
+        }
+    }
     if (falla) throw Falla(*std::move(falla));
+}
+
+void Canal::fijarLigero(bool activo) {
+    try {
+        motor_.escrituraLigera(db_, activo);
+    } catch (const Falla &e) {
+        fallar(e, {});
+    }
 }
 
 void Canal::RetenerSesion(bool activa) {

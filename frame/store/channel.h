@@ -75,6 +75,7 @@ class Canal {
     void perder();
     QString palabrasDePerdida() const;
     [[noreturn]] void fallar(Falla falla, const QString &sentencia);
+    void fijarLigero(bool activo);
     bool seLeeOtraVez(const QString &sentencia, Filas *filas);
 
     bool hayPendientes() const { return enCamino_.llegada || !porSalir_.encargos.empty(); }

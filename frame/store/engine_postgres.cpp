@@ -32,14 +32,12 @@ QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
     if (!db.open()) {
         const QString motivo = error(db.lastError()).descripcion.simplified();
-        throw Falla{
-            Falla::sinStore,
-            {},
-            u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); "
-            "verifique que el servidor esté encendido y los datos del perfil."_s.arg(datos.base, datos.host)
-                .arg(datos.puerto)
-                .arg(motivo),
-            {}};
+        throw Falla{Falla::sinStore,
+                    {},
+                    u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); "
+                    "verifique que el servidor esté encendido y los datos del perfil."_s.arg(
+                        datos.base, datos.host, QString::number(datos.puerto), motivo),
+                    {}};
     }
     linea::Callar(linea::Mango(db));
     QStringList camino{QLatin1Char('"') + datos.esquema + QLatin1Char('"')};
