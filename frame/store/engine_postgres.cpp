@@ -26,27 +26,29 @@ Falla error(const QSqlError &e) {
     return {e.nativeErrorCode().toInt(), {}, texto, {}};
 }
 
+Falla noSeConecta(const Datos &datos, const QSqlError &e) {
+    return {Falla::sinStore,
+            {},
+            u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); "
+            "verifique que el servidor esté encendido y los datos del perfil."_s.arg(
+                datos.base, datos.host, QString::number(datos.puerto), error(e).descripcion.simplified()),
+            {}};
+}
+
 QSqlDatabase abrir(const Datos &datos, const QString &nombre) {
     QSqlDatabase db = QSqlDatabase::addDatabase(u"QPSQL"_s, nombre);
     prepararConexion(datos, db);
     db.setNumericalPrecisionPolicy(QSql::LowPrecisionDouble);
-    if (!db.open()) {
-        const QString motivo = error(db.lastError()).descripcion.simplified();
-        throw Falla{Falla::sinStore,
-                    {},
-                    u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4); "
-                    "verifique que el servidor esté encendido y los datos del perfil."_s.arg(
-                        datos.base, datos.host, QString::number(datos.puerto), motivo),
-                    {}};
-    }
+    if (!db.open()) throw noSeConecta(datos, db.lastError());
     linea::Callar(linea::Mango(db));
     QStringList camino{QLatin1Char('"') + datos.esquema + QLatin1Char('"')};
     for (const auto &vecino : datos.vecinos) camino << QLatin1Char('"') + vecino.second + QLatin1Char('"');
     camino << u"public"_s;
     QSqlQuery consulta(db);
+    // A line may go in the middle of the greeting.
     if (!consulta.exec(u"set search_path to %1; set client_min_messages to warning"_s.arg(
             camino.join(QLatin1Char(',')))))
-        throw error(consulta.lastError());
+        throw noSeConecta(datos, consulta.lastError());
     return db;
 }
 

@@ -329,7 +329,7 @@ TEST_P(Copia, AKeyWithAQuoteIsRefusedWithoutHarm) {
     soloCaratula(origen);
     EXPECT_TRUE(pedir(u"O'P"_s).isEmpty());
     ASSERT_EQ(registro.mensajes.size(), 1U);
-    EXPECT_EQ(registro.mensajes[0].icono, Icono::Advertencia);
+    EXPECT_EQ(registro.mensajes[0].icono, Icono::Exclamacion);
     EXPECT_FALSE(registro.mensajes[0].texto.isEmpty());
     EXPECT_EQ(valor(u"select count(*) as n from caratula"_s), u"1"_s);
 }

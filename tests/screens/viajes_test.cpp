@@ -57,9 +57,10 @@ TEST_P(ViajesDePantallas, AListOfCodesIsOne) {
     columna->addWidget(campo);
     VincularCodigo(campo, nullptr, {});
     formulario.show();
-    esperarVentana(&formulario);
-    campo->setFocus();
-    const auto verLista = [] {
+    const auto verLista = [&formulario, campo] {
+        formulario.activateWindow();
+        esperarVentana(&formulario);
+        campo->setFocus();
         conVentanaModal([](QWidget *modal) {
             esperarVentana(modal);
             EXPECT_GT(Pantalla<FrmListado>().ui.LstCod->model()->rowCount(), 0);
