@@ -1,6 +1,7 @@
 // What a screen may ask of a server that is far away: round trips, not milliseconds.
 
 #include <QLineEdit>
+#include <QTest>
 #include <QVBoxLayout>
 
 #include "frame/ui/Pantalla.h"
@@ -22,11 +23,12 @@ class ViajesDePantallas : public EnLejos {
         tecla(Qt::Key_Return);
     }
     FrmVerItem &enElPrimerItem() {
-        ejecutar(
-            u"insert into item (interno,id,ncm,idpais,idproc,idunidad,estadistica,estadomerc,fobtotal,"
-            "itflete,itseguro,lista,tipoitem) "
-            "select 'IC-2026-0001',100 + id,'8413.70.10.100L','438','438','07','07','2',100,"
-            "10,1,'','N' from item where interno = 'IC-2026-0001' and id <> 0"_s);
+        for (const int id : {1, 2, 3})
+            ejecutar(
+                u"insert into item (interno,id,ncm,idpais,idproc,idunidad,estadistica,estadomerc,fobtotal,"
+                "itflete,itseguro,lista,tipoitem) "
+                "values ('IC-2026-0001',%1,'8413.70.10.100L','438','438','07','07','2',100,10,1,'','N')"_s
+                    .arg(id));
         auto &items = Pantalla<FrmVerItem>();
         items.Mostrar(u"IC-2026-0001"_s);
         esperarVentana(items.ventana.get());
@@ -57,16 +59,17 @@ TEST_P(ViajesDePantallas, AListOfCodesIsOne) {
     columna->addWidget(campo);
     VincularCodigo(campo, nullptr, {});
     formulario.show();
-    const auto verLista = [&formulario, campo] {
-        formulario.activateWindow();
-        esperarVentana(&formulario);
-        campo->setFocus();
+    esperarVentana(&formulario);
+    campo->setFocus();
+    const auto verLista = [&formulario] {
         conVentanaModal([](QWidget *modal) {
             esperarVentana(modal);
             EXPECT_GT(Pantalla<FrmListado>().ui.LstCod->model()->rowCount(), 0);
             tecla(Qt::Key_Escape);
         });
         tecla(Qt::Key_F6);
+        esperarVentana(&formulario);
+        QTest::qWait(10);
     };
     verLista();
     EXPECT_EQ(viajes(verLista), 1);
