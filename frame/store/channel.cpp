@@ -315,7 +315,7 @@ void Canal::Anticipar(const QStringList &sentencias) {
     envio.encargos.resize(hechas);
     if (hechas > 0) trazar(envio);
     for (std::size_t n = 0; n < leidas; ++n)
-        anticipadas_[sentencias.at(static_cast<qsizetype>(n))].enqueue(std::move(respuestas[n]));
+        anticipadas_[sentencias.at(static_cast<qsizetype>(n))].append(std::move(respuestas[n]));
 }
 
 std::optional<Filas> Canal::TomarAnticipada(const QString &sentencia) {
