@@ -146,7 +146,7 @@ Vuelta recibir(PGconn *conexion, std::vector<Encargo> &encargos, std::size_t man
         v.anotar(respuesta);
     }
     if (!llego && !v.falla) v.falla = errorDe(PQerrorMessage(conexion), "");
-    if (v.falla && v.hechas == mandados) --v.hechas;
+    if (v.falla && v.hechas == mandados && mandados > 0) --v.hechas;
     PQexitPipelineMode(conexion);
     return v;
 }
