@@ -1,6 +1,7 @@
 #include "assembly/run.h"
 
 #include "assembly/phases.h"
+#include "frame/failures.h"
 #include "frame/sqltext.h"
 #include "header/automotive.h"
 #include "header/changes.h"
@@ -183,9 +184,10 @@ void correr(ContextoArmado &r) {
 }
 
 void mostrarFalla(const ContextoArmado &r, const Falla &e) {
-    r.ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.fuente + " [ArmarItem.Generar]:"_L1 +
-                               QString::number(r.paso) + " : "_L1 + e.descripcion,
-                           {}, true);
+    ContarFalla(r.ctx, e,
+                QString::number(e.numero) + " - "_L1 + e.fuente + " [ArmarItem.Generar]:"_L1 +
+                    QString::number(r.paso) + " : "_L1 + e.descripcion,
+                true);
 }
 
 }  // namespace

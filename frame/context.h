@@ -71,6 +71,9 @@ struct AppContext {
     MotivoDecreto decreto;
     double TotalProrrateado = 0;  ///< sum of the proration codes of the operation in hand
 
+    /// The key in hand told already that a store is gone; see ContarFalla.
+    std::shared_ptr<bool> perdidaContada = std::make_shared<bool>(false);
+
     // Shared by the screens of entry.
     PosicionElegida posicion;
     bool ReconfirmarSufijos = false;  ///< the next suffix check tells first that it will reconfirm

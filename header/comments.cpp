@@ -3,6 +3,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "frame/failures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,7 @@ bool GrabarComentario(AppContext &ctx, const QString &interno, const QString &te
                      "update coment set coment = "_L1 + comentario + " where interno = "_L1 + clave);
         return true;
     } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
+        ContarFalla(ctx, e, e.descripcion);
         return false;
     }
 }

@@ -4,6 +4,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "frame/failures.h"
 #include "frame/sqltext.h"
 #include "header/changes.h"
 
@@ -25,7 +26,7 @@ std::vector<Prorrateo> CargarProrrateos(AppContext &ctx, const QString &interno)
             codigos.push_back({rs.Texto(u"codigo"), rs.Texto(u"descripcion"),
                                numeros::Format(rs.Numero(u"valor"), u"00.00", ctx.SeparadorDecimal)});
     } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
+        ContarFalla(ctx, e, e.descripcion);
     }
     return codigos;
 }
@@ -75,7 +76,7 @@ Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QStrin
                      TextoEnComillas(TxtDescripcion.toUpper()) + u',' + SqlNumber(ctx, TxtValor) + u')');
         AnotarCambio(ctx, interno);
     } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
+        ContarFalla(ctx, e, e.descripcion);
         return Veredicto::mal();
     }
     return Veredicto::bien(u"TxtCodigo"_s);
@@ -89,7 +90,7 @@ bool EliminarProrrateo(AppContext &ctx, const QString &interno, const QString &c
         if (borrados > 0) AnotarCambio(ctx, interno);
         return true;
     } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
+        ContarFalla(ctx, e, e.descripcion);
         return false;
     }
 }

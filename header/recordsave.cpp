@@ -4,6 +4,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "frame/failures.h"
 #include "header/record.h"
 #include "header/regime.h"
 
@@ -334,9 +335,10 @@ SalidaDeCaratula guardar(AppContext &ctx, Caratula &c) {
                                     {});
         return salir(ctx, c, true);
     } catch (const Falla &e) {
-        ctx.dialogos.critico(QString::number(e.numero) +
-                             u" - seccion[ZENDRA.FrmCaratula.CmdGuardar Linea %1 ]::"_s.arg(seccion) +
-                             e.descripcion);
+        ContarFalla(ctx, e,
+                    QString::number(e.numero) +
+                        u" - seccion[ZENDRA.FrmCaratula.CmdGuardar Linea %1 ]::"_s.arg(seccion) +
+                        e.descripcion);
         return {false, false, {}};
     }
 }

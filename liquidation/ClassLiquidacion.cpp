@@ -262,6 +262,7 @@ void ClassLiquidacion::GetMarcaImpuestosInternos(const QString &ncm) {
         impInternoDecreto_ = rs.Texto(u"decreto").trimmed();
         impInternoTasaNominal_ = rs.Numero(u"tasa_nominal");
     } catch (const Falla &e) {
+        if (e.numero == Falla::sinStore) throw;
         avisar(e.descripcion);
     }
 }

@@ -5,6 +5,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "frame/failures.h"
 #include "header/ListadoCodigos.h"
 #include "header/codes.h"
 
@@ -73,7 +74,7 @@ Veredicto escribirConcepto(AppContext &ctx, const ConceptoEditado &c, const QStr
     try {
         filas = Ejecutar(ctx, internos, sentencia);
     } catch (const Falla &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        ContarFalla(ctx, e);
         if (!ctx.conexion(internos).abierta()) return Veredicto::mal();
     }
     if (filas == 0) {

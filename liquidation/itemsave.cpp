@@ -5,6 +5,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "frame/failures.h"
 #include "frame/sqltext.h"
 
 using namespace Qt::StringLiterals;
@@ -137,7 +138,7 @@ void grabarAjuste(AppContext &ctx, const QString &interno, const Ajuste &a, cons
         repartir(ctx, interno, a, importe, fobSinG);
     } catch (const Falla &e) {
         if (!a.rechazoContinua) throw;
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        ContarFalla(ctx, e);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "frame/base/values.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "frame/failures.h"
 #include "frame/startup.h"
 #include "header/regime.h"
 #include "operations/oOperationCopy.h"
@@ -99,7 +100,7 @@ bool CrearInterno(AppContext &ctx, const QString &clave) {
         ctx.ajustes.Guardar(zendra, clave, u"COEFEXPO"_s, u"0"_s);
         return true;
     } catch (const Falla &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        ContarFalla(ctx, e);
         return false;
     }
 }
@@ -198,7 +199,7 @@ bool EliminarSinPreguntar(AppContext &ctx, const QString &interno) {
         barra(20);
         return true;
     } catch (const Falla &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        ContarFalla(ctx, e);
         return false;
     }
 }

@@ -6,6 +6,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "frame/failures.h"
 #include "operations/operationkey.h"
 #include "operations/operationrows.h"
 
@@ -87,7 +88,7 @@ QString Mostrar(AppContext &ctx, const QString &Numero_Interno) {
         Copiar(ctx, Numero_Interno, destino);
         return destino;
     } catch (const Falla &e) {
-        ctx.dialogos.critico(e.descripcion);
+        ContarFalla(ctx, e, e.descripcion);
         return {};
     }
 }

@@ -10,6 +10,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "frame/failures.h"
 #include "stock/rows.h"
 
 using namespace Qt::StringLiterals;
@@ -79,11 +80,11 @@ insumos::Eleccion eleccionDe(AppContext &ctx, const QString &interno, const Eleg
 }
 
 /// A failing store is a refusal that was told: a line that could not take must not stay as if it had.
-bool conAviso(const AppContext &ctx, const std::function<bool()> &hacer) {
+bool conAviso(AppContext &ctx, const std::function<bool()> &hacer) {
     try {
         return hacer();
     } catch (const Falla &e) {
-        ctx.dialogos.critico(u"No se pudo tomar del stock: %1"_s.arg(e.descripcion));
+        ContarFalla(ctx, e, u"No se pudo tomar del stock: %1"_s.arg(e.descripcion));
         return false;
     }
 }

@@ -6,6 +6,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
+#include "frame/failures.h"
 #include "subitems/nomenclature.h"
 #include "subitems/suffixes.h"
 #include "subitems/suffixtext.h"
@@ -173,8 +174,7 @@ Veredicto AgregarArticuloEx(AppContext &ctx, FichaDeArticulo &ficha) {
     try {
         if (!ArticleStore::Agregar(ctx, a, true)) return rechazar(ctx, yaExiste(a));
     } catch (const Falla &e) {
-        ctx.dialogos.critico("[ARTICULOS.AGREGAR] "_L1 + QString::number(e.numero) + " - "_L1 +
-                             e.descripcion);
+        ContarFalla(ctx, e, "[ARTICULOS.AGREGAR] "_L1 + QString::number(e.numero) + " - "_L1 + e.descripcion);
         return Veredicto::mal();
     }
     return Veredicto::bien();

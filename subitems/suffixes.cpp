@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "frame/context.h"
+#include "frame/failures.h"
 #include "subitems/suffixtext.h"
 
 using namespace Qt::StringLiterals;
@@ -173,7 +174,7 @@ QString ValidarSufijos(AppContext &ctx, const QString &posicion, const QString &
         return validar({ctx, articuloPorDefecto, descripcionPorDefecto, sufijos::Partir(actual)}, posicion,
                        actual, modo);
     } catch (const Falla &e) {
-        ctx.dialogos.critico(QString::number(e.numero) + " - "_L1 + e.descripcion);
+        ContarFalla(ctx, e);
         return {};
     }
 }

@@ -1,8 +1,6 @@
 #include "frame/ui/ventana.h"
 
-#include <QCoreApplication>
-#include <QTimer>
-
+#include "frame/failures.h"
 #include "frame/ui/Pantalla.h"
 
 using namespace Qt::StringLiterals;
@@ -18,16 +16,7 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
         hacer();
         return true;
     } catch (const Falla &e) {
-        // One key may pass through several handlers: that the store is gone is told by the first of them.
-        static bool dicho = false;
-        const bool seFue = e.numero == Falla::sinStore;
-        if (seFue && dicho) return false;
-        // A refusal of our own has no number.
-        ctx.dialogos.critico((e.numero == 0 ? QString() : QString::number(e.numero) + " - "_L1) +
-                             e.descripcion);
-        if (!seFue) return false;
-        dicho = true;
-        QTimer::singleShot(0, QCoreApplication::instance(), [] { dicho = false; });
+        ContarFalla(ctx, e);
         return false;
     }
 }
