@@ -7,6 +7,7 @@
 #include <chrono>
 #include <thread>
 
+#include "frame/store/engines.h"
 #include "frame/transaction.h"
 #include "tests/support/intermediario.h"
 #include "tests/support/servidorpropio.h"
@@ -362,6 +363,17 @@ TEST_F(LineaMala, CutOnTheWayOfASelectItIsAskedAgain) {
             << bytes;
         linea.Seguir();
     }
+}
+
+TEST_F(Caidas, AJourneyNoneOfWhoseStatementsLeftCountsNone) {
+    // Two statements in one text are refused before they leave; the line is found dead behind that.
+    const QSqlDatabase db = internos().coneccion();
+    servidor.cortarConexiones();
+    std::vector<motores::Encargo> encargos{{u"select 1; select 2"_s}, {u"select 3"_s}};
+    const motores::Llegada llegada = motores::servidor().mandar(db, encargos);
+    std::optional<Falla> falla;
+    EXPECT_EQ(llegada(encargos, falla), 0U);
+    EXPECT_TRUE(falla.has_value());
 }
 
 TEST_F(LineaMala, NobodyAtTheOtherEndIsOneSentence) {
