@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QTextStream>
 #include <optional>
 
@@ -191,9 +190,7 @@ QString crearPerfilDeArchivos(const QString &enCarpeta, QString &ruta) {
 
 /// A server made ready, with its profiles; the path of the one to go on with into `ruta`, or what is wrong.
 QString crearPerfilDeServidor(const consola::Pedido &pedido, QString &ruta) {
-    if (ruta.isEmpty())
-        ruta =
-            QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + u"/servidor.perfil.ini"_s;
+    if (ruta.isEmpty()) ruta = StoreProfiles::carpetaDelUsuario() + u"/servidor.perfil.ini"_s;
     actualizacion::PedidoDeServidor p{
         ruta, *leerAcceso(pedido.valor("crear-servidor")), !pedido.tiene("sin-roles"), {}, {}, {}};
     p.roles = roles::DeLaBase(p.acceso.base);

@@ -5,6 +5,7 @@
 
 #include "frame/base/ini.h"
 #include "frame/config.h"
+#include "frame/store/StoreProfiles.h"
 #include "upgrade/carga.h"
 
 using namespace Qt::StringLiterals;
@@ -96,7 +97,7 @@ void ponerVencimientoCercano(const Destino &destino) {
 }
 
 /// What a first look needs: the two VAT rates (law 23.349, art. 28), without which nothing would show VAT,
-/// and every operation in the list. A configuration that is there stays.
+/// and every operation in the list, for those who work on the stores. A configuration that is there stays.
 void ponerConfiguracion(const QString &rutaDelPerfil, Resultado &resultado) {
     const QString archivo = ArchivoDelPerfil(rutaDelPerfil);
     if (archivo == rutaDelPerfil || QFile::exists(archivo)) return;
@@ -136,7 +137,7 @@ Resultado CargarDemostracion(const QString &rutaDelPerfil, const Progreso &progr
             if (tabla == "stock"_L1) ponerVencimientoCercano(destino);
             resultado.cambios << u"%1: %2 filas"_s.arg(tabla).arg(parte.cargadas);
         }
-        ponerConfiguracion(rutaDelPerfil, resultado);
+        ponerConfiguracion(StoreProfiles::rutaDeTrabajo(rutaDelPerfil), resultado);
         resultado.ok = true;
     } catch (const Falla &e) {
         resultado.error = e.descripcion;

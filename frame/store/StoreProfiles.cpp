@@ -179,11 +179,14 @@ struct SPMain::Interno {
     }
 };
 
+QString carpetaDelUsuario() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/zendra"_s;
+}
+
 SPMain::SPMain() : i_(std::make_unique<Interno>()) {
     const QString programa = QCoreApplication::instance() != nullptr ? QCoreApplication::applicationDirPath()
                                                                      : QDir::currentPath();
-    carpetas << programa
-             << QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/zendra"_s;
+    carpetas << programa << carpetaDelUsuario();
 }
 
 SPMain::~SPMain() = default;
@@ -413,6 +416,14 @@ QString rutaDelDueno(const QString &rutaDelPerfil) {
     for (const QString &fin : {sufijoDePerfil, u".ini"_s})
         if (rutaDelPerfil.endsWith(fin)) return rutaDelPerfil.chopped(fin.size()) + sufijoDelDueno;
     return rutaDelPerfil + sufijoDelDueno;
+}
+
+QString rutaDeTrabajo(const QString &rutaDelPerfil) {
+    if (!rutaDelPerfil.endsWith(sufijoDelDueno)) return rutaDelPerfil;
+    const QString nombre = rutaDelPerfil.chopped(sufijoDelDueno.size());
+    for (const QString &fin : {sufijoDePerfil, u".ini"_s})
+        if (QFile::exists(nombre + fin)) return nombre + fin;
+    return rutaDelPerfil;
 }
 
 }  // namespace StoreProfiles

@@ -112,5 +112,10 @@ QString escribirPerfilDeRol(const QString &ruta, const PerfilDeRol &perfil);
 /// Where the owner's profile lies beside one for daily work: "x.perfil.ini" has "x.dueno.ini", which no
 /// program offers for work.
 QString rutaDelDueno(const QString &rutaDelPerfil);
+/// The other way round: the profile for daily work beside an owner's, where there is one; any other path is
+/// its own answer.
+QString rutaDeTrabajo(const QString &rutaDelPerfil);
+/// Where the profiles of this user lie, beside the program's own folder.
+QString carpetaDelUsuario();
 
 }  // namespace StoreProfiles

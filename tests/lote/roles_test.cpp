@@ -67,6 +67,32 @@ TEST_F(DosRoles, TheSetUpWritesAProfileForEachThatOnlyItsOwnerReads) {
         << puesta.salida.toStdString();
 }
 
+TEST_F(DosRoles, TheRatesOfTheDemonstrationStandWhereTheWorkReadsThem) {
+    const QString suya = QString(oficina->perfil()).replace("ini", "cfg");
+    EXPECT_EQ(LeerIni("GENERAL", "IVARIN", suya).toStdString(), "21");
+    EXPECT_EQ(LeerIni("GENERAL", "IVARNI", suya).toStdString(), "10.5");
+}
+
+TEST(PerfilSinNombre, ASetUpWithoutAPathWritesWhereTheProgramsLook) {
+    const Oficina otra;
+    const QString casa = otra.carpeta() + "/casa";
+    const CorridaDeDb puesta = CorrerDbUpgrade3(
+        casa,
+        {"--crear-servidor",
+         QStringList{"127.0.0.1", ServidorConTls().puerto(), otra.base(), ServidorTls::administrador()}.join(
+             ','),
+         "--conexion", "sslmode=require"},
+        {{"PGPASSWORD", ServidorTls::clave()}, {"XDG_CONFIG_HOME", casa + "/.config"}});
+    EXPECT_EQ(puesta.estado, 0) << puesta.todo().toStdString();
+    EXPECT_TRUE(EsDeSuDuenoSolo(casa + "/.config/zendra/servidor.perfil.ini"));
+    // No profile told: the only one that there is.
+    const CorridaDeDb mirada =
+        CorrerDbUpgrade3(casa, {"--verificar"}, {{"XDG_CONFIG_HOME", casa + "/.config"}});
+    EXPECT_EQ(mirada.estado, 0) << mirada.todo().toStdString();
+    EXPECT_TRUE(mirada.salida.startsWith("Perfil: " + casa + "/.config/zendra/servidor.perfil.ini\n"))
+        << mirada.salida.toStdString();
+}
+
 TEST_F(DosRoles, TheSetUpAgainChangesNothing) {
     const QByteArray trabajo = Leido(oficina->perfil());
     const QByteArray dueno = Leido(oficina->perfilDelDueno());
