@@ -89,5 +89,5 @@ void FrmConGen::Form_Escape() {
         CerrarPantalla<FrmConGen>();
         return;
     }
-    if (auto *campo = ventana->findChild<QWidget *>(guardado.foco)) campo->setFocus();
+    campos::Enfocar(ventana.get(), guardado.foco);
 }

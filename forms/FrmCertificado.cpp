@@ -8,6 +8,7 @@
 #include "frame/base/numbers.h"
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmListado.h"
@@ -204,7 +205,7 @@ void FrmCertificado::CmdGuardar_Click() {
             ventana->accept();
             return;
         }
-        if (auto *campo = ventana->findChild<QWidget *>(guardado.foco)) campo->setFocus();
+        campos::Enfocar(ventana.get(), guardado.foco);
     });
 }
 

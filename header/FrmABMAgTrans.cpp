@@ -3,6 +3,7 @@
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/ventana.h"
 
 using namespace Qt::StringLiterals;
@@ -53,7 +54,7 @@ void FrmABMAgTrans::CmdGuardar_Click() {
             ventana->accept();
             return;
         }
-        if (auto *campo = ventana->findChild<QWidget *>(guardado.foco)) campo->setFocus();
+        campos::Enfocar(ventana.get(), guardado.foco);
     });
 }
 

@@ -89,7 +89,7 @@ void FrmABMProrrateos::Agregar() {
     const Veredicto agregado = AgregarProrrateo(Contexto(), interno_, ui.TxtCodigo->text(),
                                                 ui.TxtDescripcion->text(), ui.TxtValor->text());
     if (!agregado.ok) {
-        if (auto *campo = ventana->findChild<QWidget *>(agregado.foco)) campo->setFocus();
+        campos::Enfocar(ventana.get(), agregado.foco);
         return;
     }
     CargarList();

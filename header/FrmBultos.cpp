@@ -6,6 +6,7 @@
 #include "frame/base/dates.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "header/FrmABMAgTrans.h"
@@ -197,5 +198,5 @@ void FrmBultos::Listar() {
 }
 
 void FrmBultos::IrA(const QString &control) {
-    if (auto *campo = ventana->findChild<QWidget *>(control)) campo->setFocus();
+    campos::Enfocar(ventana.get(), control);
 }

@@ -195,8 +195,7 @@ void FrmCaratula::Trabajar(const std::function<void()> &hacer) {
 }
 
 void FrmCaratula::PonerFoco(const QString &nombre) {
-    auto *campo = nombre.isEmpty() ? nullptr : ventana->findChild<QWidget *>(nombre);
-    if (campo != nullptr && campo->isVisible() && campo->isEnabled()) campo->setFocus();
+    campos::Enfocar(ventana.get(), nombre);
 }
 
 bool FrmCaratula::Form_KeyDown(const QKeyEvent *tecla) {

@@ -6,6 +6,7 @@
 
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
@@ -194,6 +195,6 @@ void FrmAdCon::Command1_Click() {
         }
         // The checks go on without a reason where none is asked for.
         if (c.pgc != "G"_L1 && !c.codigo.isEmpty()) ui.TxtMotivos->clear();
-        if (auto *campo = ventana->findChild<QWidget *>(hecho.foco)) campo->setFocus();
+        campos::Enfocar(ventana.get(), hecho.foco);
     });
 }

@@ -222,11 +222,11 @@ bool FrmVerItem::Cambio() const {
 }
 
 void FrmVerItem::PonerFoco(const QString &control) {
-    auto *campo = ventana->findChild<QWidget *>(control);
+    auto *campo = control.isEmpty() ? nullptr : ventana->findChild<QWidget *>(control);
     if (campo == nullptr) return;
     for (int n = 0; n < ui.sTab->count(); ++n)
         if (ui.sTab->widget(n)->isAncestorOf(campo)) ui.sTab->setCurrentIndex(n);
-    campo->setFocus();
+    campos::Enfocar(ventana.get(), control);
     if (auto *linea = qobject_cast<QLineEdit *>(campo)) linea->selectAll();
 }
 

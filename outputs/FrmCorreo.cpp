@@ -6,6 +6,7 @@
 
 #include "frame/context.h"
 #include "frame/ui/ClCntrl.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 
@@ -127,7 +128,7 @@ void FrmCorreo::CmdGuardar_Click() {
     const QString contrasena = ui.TxtContrasena->text();
     const Veredicto guardado = GuardarAjustesDeCorreo(ctx, ajustes(), !contrasena.isEmpty());
     if (!guardado.ok) {
-        if (auto *campo = ventana->findChild<QWidget *>(guardado.foco)) campo->setFocus();
+        campos::Enfocar(ventana.get(), guardado.foco);
         return;
     }
     if (contrasena.isEmpty()) {

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "frame/ui/Pantalla.h"
+#include "frame/ui/campos.h"
 #include "frame/ui/eventos.h"
 #include "frame/ui/ventana.h"
 #include "regulatory/lnapireports.h"
@@ -181,7 +182,7 @@ void FrmCatArticulos::Form_Unload() {
 }
 
 void FrmCatArticulos::IrA(const QString &control) {
-    if (auto *campo = ventana->findChild<QWidget *>(control)) campo->setFocus();
+    campos::Enfocar(ventana.get(), control);
 }
 
 void FrmCatArticulos::Imprimir() {

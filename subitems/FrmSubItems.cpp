@@ -199,8 +199,7 @@ void FrmSubItems::Trabajar(const std::function<void()> &hacer) {
 }
 
 void FrmSubItems::PonerFoco(const QString &control) {
-    auto *campo = ventana->findChild<QWidget *>(control);
-    if (campo != nullptr && campo->isVisible() && campo->isEnabled()) campo->setFocus();
+    campos::Enfocar(ventana.get(), control);
 }
 
 void FrmSubItems::PonerFocoEnPrimero() {

@@ -53,3 +53,9 @@ void campos::EnMayusculas(QLineEdit *campo) {
         campo->setCursorPosition(cursor);
     });
 }
+
+void campos::Enfocar(const QWidget *ventana, const QString &nombre) {
+    // A search for no name finds whatever comes first.
+    auto *campo = nombre.isEmpty() ? nullptr : ventana->findChild<QWidget *>(nombre);
+    if (campo != nullptr && campo->isVisible() && campo->isEnabled()) campo->setFocus();
+}

@@ -15,5 +15,8 @@ QString TextoDe(const QWidget *campo);
 bool PonerTexto(QWidget *campo, QString texto);
 /// Letters typed or pasted into the field become capitals as they come.
 void EnMayusculas(QLineEdit *campo);
+/// Gives the focus to the field of that name. With an empty name, and where there is no such field or nobody
+/// could type in it now, the focus stays where it is.
+void Enfocar(const QWidget *ventana, const QString &nombre);
 
 }  // namespace campos
