@@ -131,8 +131,8 @@ consola::Programa descripcion() {
                  .valor = "PALABRA=VALOR",
                  .texto =
                      "Cómo se conecta el perfil nuevo, en palabras de la biblioteca de PostgreSQL: sslmode, "
-                     "sslrootcert, sslcert, sslkey, sslcrl. Los archivos son relativos a la carpeta del "
-                     "perfil.",
+                     "sslrootcert, sslcert, sslkey, sslcrl, connect_timeout, tcp_user_timeout. Los archivos son "
+                     "relativos a la carpeta del perfil.",
                  .repetible = true,
                  .control = defectoDePalabra,
                  .soloCon = "crear-servidor"},

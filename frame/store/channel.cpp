@@ -87,14 +87,19 @@ void Canal::conectar() {
     QElapsedTimer &enVano = esperadoEnVano();
     // Between its end and its new beginning a server is not there for a while.
     const bool espera = perdido_ && (!enVano.isValid() || enVano.hasExpired(otraVez.count()));
+    // Who begins says so at once; who said nothing until the try was given up is not asked again.
+    constexpr std::chrono::milliseconds enSeguida(1000);
     QElapsedTimer reloj;
     reloj.start();
     for (;;) {
+        QElapsedTimer intento;
+        intento.start();
         try {
             db_ = motor_.abrir(*datos_, nombre_);
             break;
         } catch (const Falla &) {
-            if (reloj.hasExpired(paciencia.count()) || (!espera && !motor_.empieza(*datos_))) {
+            const bool callo = intento.hasExpired(enSeguida.count());
+            if (reloj.hasExpired(paciencia.count()) || (!espera && (callo || !motor_.empieza(*datos_)))) {
                 if (espera) enVano.start();
                 throw;
             }
@@ -141,6 +146,15 @@ void Canal::perder() {
     perdido_ = true;
     Cerrar();
     if (seNota) throw Falla{Falla::sinStore, datos_->entidad, palabrasDePerdida(), {}};
+}
+
+std::optional<Falla> Canal::Perdida() {
+    if (abierto_ && motor_.seFue(db_)) {
+        perdido_ = true;
+        Cerrar();
+    }
+    if (abierto_ || !perdido_) return std::nullopt;
+    return Falla{Falla::sinStore, datos_->entidad, palabrasDePerdida(), {}};
 }
 
 QString Canal::palabrasDePerdida() const {

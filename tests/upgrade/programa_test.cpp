@@ -65,7 +65,7 @@ TEST(DbUpgrade3Program, AWrongUseIsOneSentenceThatNamesTheHelpAndStatusTwo) {
          u"Las opciones --sin-roles y --roles no van juntas; vea DbUpgrade3 --ayuda."_s},
         {{"--crear-servidor", "h,1,b,u", "--conexion", "clave=secreta"},
          u"--conexion no sirve: \"clave\" no es una palabra de la conexión (sslmode, sslrootcert, sslcert, sslkey, "
-         "sslcrl) con su valor; vea DbUpgrade3 --ayuda."_s},
+         "sslcrl, connect_timeout, tcp_user_timeout) con su valor; vea DbUpgrade3 --ayuda."_s},
         {{"--respaldo"}, u"A la opción --respaldo le falta su valor; vea DbUpgrade3 --ayuda."_s},
     };
     for (const Caso &caso : casos) {
