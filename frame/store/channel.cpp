@@ -37,10 +37,14 @@ bool esSelect(QStringView sentencia) {
 }
 
 /// The engines end a text at its first zero character: what stands behind it, a condition perhaps, would be
-/// lost.
-void comprobarSinNulos(const Datos &datos, const QString &sentencia) {
+/// lost. Half of a character that takes two would reach them as another one.
+void comprobarTexto(const Datos &datos, const QString &sentencia) {
     if (sentencia.contains(QChar::Null))
         throw Falla{0, datos.entidad, u"La sentencia contiene un carácter nulo."_s, sentencia};
+    if (!sentencia.isValidUtf16())
+        throw Falla{0, datos.entidad,
+                    u"La sentencia contiene un carácter incompleto; bórrelo del texto y vuelva a intentar."_s,
+                    sentencia};
 }
 
 }  // namespace
@@ -186,7 +190,7 @@ QSqlDatabase Canal::Manija() {
 // Statements
 
 qint64 Canal::Correr(const QString &sentencia, const QString &traducida, Filas *filas) {
-    comprobarSinNulos(*datos_, sentencia);
+    comprobarTexto(*datos_, sentencia);
     if (!porSalir_.encargos.empty()) {
         agregar(sentencia, traducida, filas);
         despachar();
@@ -235,7 +239,7 @@ void Canal::Mandar(const QString &sentencia) {
         Correr(sentencia, traducida, nullptr);
         return;
     }
-    comprobarSinNulos(*datos_, sentencia);
+    comprobarTexto(*datos_, sentencia);
     agregar(sentencia, traducida, nullptr);
     if (porSalir_.encargos.size() >= motor_.porViaje) despachar();
 }
@@ -289,7 +293,7 @@ void Canal::abandonar() {
 
 void Canal::MandarSeguidas(const QStringList &sentencias) {
     if (sentencias.isEmpty()) return;
-    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
+    for (const QString &sentencia : sentencias) comprobarTexto(*datos_, sentencia);
     Abrir();
     for (const QString &sentencia : sentencias) {
         agregar(sentencia, Traducir(sentencia), nullptr);
@@ -301,7 +305,7 @@ void Canal::MandarSeguidas(const QStringList &sentencias) {
 std::vector<Filas> Canal::ConsultarSeguidas(const QStringList &sentencias) {
     std::vector<Filas> respuestas(static_cast<std::size_t>(sentencias.size()));
     if (sentencias.isEmpty()) return respuestas;
-    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
+    for (const QString &sentencia : sentencias) comprobarTexto(*datos_, sentencia);
     Abrir();
     for (qsizetype n = 0; n < sentencias.size(); ++n)
         agregar(sentencias.at(n), Traducir(sentencias.at(n)), &respuestas[static_cast<std::size_t>(n)]);
@@ -311,7 +315,7 @@ std::vector<Filas> Canal::ConsultarSeguidas(const QStringList &sentencias) {
 
 void Canal::Anticipar(const QStringList &sentencias) {
     if (motor_.porViaje == 1 || sentencias.isEmpty()) return;
-    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
+    for (const QString &sentencia : sentencias) comprobarTexto(*datos_, sentencia);
     Abrir();
     std::vector<Filas> respuestas(static_cast<std::size_t>(sentencias.size()));
     const std::size_t delante = porSalir_.encargos.size();
