@@ -1,20 +1,32 @@
 #include "frame/transaction.h"
 
 #include <QSqlError>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-[[noreturn]] void fallar(const Conexion &conexion, const QSqlDatabase &db, const QString &sentencia) {
-    throw Falla{0, conexion.entidad(), db.lastError().databaseText().simplified(), sentencia};
+/// With the engine's `palabras`, unless the store went away.
+[[noreturn]] void fallar(Conexion &conexion, const QString &sentencia, const QString &palabras) {
+    Falla falla = conexion.perdida().value_or(Falla{0, conexion.entidad(), palabras, {}});
+    falla.sentencia = sentencia;
+    throw Falla(std::move(falla));
+}
+
+/// The engine's words for what it would not do; nothing when it did.
+std::optional<QString> pedir(Conexion &conexion, bool (QSqlDatabase::*que)()) {
+    QSqlDatabase db = conexion.coneccion();
+    if ((db.*que)()) return std::nullopt;
+    return db.lastError().databaseText().simplified();
 }
 
 }  // namespace
 
 Transaccion::Transaccion(Conexion &conexion) : conexion_(conexion) {
-    QSqlDatabase db = conexion_.coneccion();
-    if (!db.transaction()) fallar(conexion_, db, u"begin"_s);
+    if (const auto porque = pedir(conexion_, &QSqlDatabase::transaction))
+        fallar(conexion_, u"begin"_s, *porque);
     conexion_.retenerSesion(true);
 }
 
@@ -30,9 +42,7 @@ Transaccion::~Transaccion() {
 
 void Transaccion::Confirmar() {
     // A connection that was closed in between has lost them; a new one would confirm nothing and say so.
-    if (!conexion_.abierta())
-        throw Falla{0, conexion_.entidad(), u"se perdió la conexión con el store"_s, u"commit"_s};
-    QSqlDatabase db = conexion_.coneccion();
-    if (!db.commit()) fallar(conexion_, db, u"commit"_s);
+    if (!conexion_.abierta()) fallar(conexion_, u"commit"_s, u"La conexión con el store se cerró."_s);
+    if (const auto porque = pedir(conexion_, &QSqlDatabase::commit)) fallar(conexion_, u"commit"_s, *porque);
     abierta_ = false;
 }

@@ -125,9 +125,10 @@ void revisarVentajas(AppContext &ctx, const std::vector<Ventaja> &ventajas, std:
         if (que.isEmpty() && std::find(ventajas.begin(), aqui, ventajas[i]) != aqui)
             que = u"La ventaja %1 está repetida"_s.arg(ventajas[i].idventaja);
         if (!que.isEmpty())
-            faltas.push_back({u"ventajas"_s,
-                              u"%1 en la fila %2 de ventajas, corríjala o quítela."_s.arg(que).arg(fila + 1),
-                              fila});
+            faltas.push_back(
+                {u"ventajas"_s,
+                 u"%1 en la fila %2 de ventajas, corríjala o quítela."_s.arg(que, QString::number(fila + 1)),
+                 fila});
     }
 }
 

@@ -70,11 +70,12 @@ Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QStrin
             ctx.dialogos.advertir(u"El codigo ya Existe"_s);
             return Veredicto::mal(u"TxtCodigo"_s);
         }
+        // Ahead of it: should its answer be lost, a second key is refused and marks nothing.
+        AnotarCambio(ctx, interno);
         Ejecutar(ctx, internos,
                  "Insert into prorrateo (interno,codigo,descripcion,valor) values ("_L1 +
                      EnComillas(interno) + u',' + EnComillas(codigo) + u',' +
                      TextoEnComillas(TxtDescripcion.toUpper()) + u',' + SqlNumber(ctx, TxtValor) + u')');
-        AnotarCambio(ctx, interno);
     } catch (const Falla &e) {
         ContarFalla(ctx, e, e.descripcion);
         return Veredicto::mal();
@@ -84,10 +85,10 @@ Veredicto AgregarProrrateo(AppContext &ctx, const QString &interno, const QStrin
 
 bool EliminarProrrateo(AppContext &ctx, const QString &interno, const QString &codigo) {
     try {
-        const qint64 borrados = Ejecutar(ctx, internos,
-                                         "delete from prorrateo where interno = "_L1 + EnComillas(interno) +
-                                             " and codigo = "_L1 + EnComillas(codigo));
-        if (borrados > 0) AnotarCambio(ctx, interno);
+        AnotarCambio(ctx, interno);
+        Ejecutar(ctx, internos,
+                 "delete from prorrateo where interno = "_L1 + EnComillas(interno) + " and codigo = "_L1 +
+                     EnComillas(codigo));
         return true;
     } catch (const Falla &e) {
         ContarFalla(ctx, e, e.descripcion);

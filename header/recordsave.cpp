@@ -1,5 +1,6 @@
 #include "frame/base/dates.h"
 #include "frame/base/numbers.h"
+#include "frame/base/texts.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
@@ -186,7 +187,7 @@ class Actualizacion {
         escritura_.crudo(columna, dia.isEmpty() ? u"null"_s : EnComillas(dia));
     }
     void textoLargo(const char *columna, const char *control, qsizetype largo) {
-        escritura_.texto(columna, valor(control).left(largo));
+        escritura_.texto(columna, Recortado(valor(control), largo));
     }
     void facturas(const char *columna) {
         const QString linea = FacturasEnUnaLinea(c_.LstFact);

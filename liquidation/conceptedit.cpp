@@ -67,12 +67,23 @@ bool hayConcepto(AppContext &ctx, const QString &condicion) {
            rs.Numero(u"cont") > 0;
 }
 
+/// Sends a write of itemliq; the rows that it touched. Should the store go away it may have been done all the
+/// same, and the totals with it are no longer what the rows say.
+qint64 escribirFilas(AppContext &ctx, const QString &sentencia) {
+    try {
+        return Ejecutar(ctx, internos, sentencia);
+    } catch (const Falla &) {
+        if (!ctx.conexion(internos).abierta()) ctx.LiquidacionPendiente = true;
+        throw;
+    }
+}
+
 /// Sends a write; a refusal is told in the store's words and then in the user's, and leaves everything as it
 /// was. Of a store that is gone its own words tell enough.
 Veredicto escribirConcepto(AppContext &ctx, const ConceptoEditado &c, const QString &sentencia) {
     qint64 filas = 0;
     try {
-        filas = Ejecutar(ctx, internos, sentencia);
+        filas = escribirFilas(ctx, sentencia);
     } catch (const Falla &e) {
         ContarFalla(ctx, e);
         if (!ctx.conexion(internos).abierta()) return Veredicto::mal();
@@ -158,9 +169,9 @@ Veredicto PF_Modificar(AppContext &ctx, const QString &interno, const QString &i
 }
 
 bool EliminarConcepto(AppContext &ctx, const QString &interno, const QString &item, const QString &codigo) {
-    if (Ejecutar(ctx, internos,
-                 "delete from itemliq where interno = "_L1 + EnComillas(interno) + " and iditem = "_L1 +
-                     item + " and idconceptos = "_L1 + EnComillas(codigo)) == 0)
+    if (escribirFilas(ctx, "delete from itemliq where interno = "_L1 + EnComillas(interno) +
+                               " and iditem = "_L1 + item + " and idconceptos = "_L1 + EnComillas(codigo)) ==
+        0)
         return false;
     ctx.LiquidacionPendiente = true;
     return true;

@@ -48,7 +48,8 @@ void mostrarProgreso(const QString &que, qint64 hecho, qint64 total) {
     }();
     if (reloj.elapsed() < pausa) return;
     reloj.restart();
-    salida() << (total > 0 ? u"  %1 (%2 %)"_s.arg(que).arg(hecho * 100 / total) : u"  "_s + que) << Qt::endl;
+    salida() << (total > 0 ? u"  %1 (%2 %)"_s.arg(que, QString::number(hecho * 100 / total)) : u"  "_s + que)
+             << Qt::endl;
 }
 
 /// "host,puerto,base,usuario"; nothing when it is not that.
@@ -131,8 +132,8 @@ consola::Programa descripcion() {
                  .valor = "PALABRA=VALOR",
                  .texto =
                      "Cómo se conecta el perfil nuevo, en palabras de la biblioteca de PostgreSQL: sslmode, "
-                     "sslrootcert, sslcert, sslkey, sslcrl. Los archivos son relativos a la carpeta del "
-                     "perfil.",
+                     "sslrootcert, sslcert, sslkey, sslcrl, connect_timeout, tcp_user_timeout. Los archivos son "
+                     "relativos a la carpeta del perfil.",
                  .repetible = true,
                  .control = defectoDePalabra,
                  .soloCon = "crear-servidor"},
@@ -174,7 +175,8 @@ consola::Programa descripcion() {
 int contar(const QString &archivo, const actualizacion::ResultadoCsv &r) {
     for (const QString &aviso : r.avisos) salida() << u"  %1, %2"_s.arg(archivo, aviso) << Qt::endl;
     if (!r.ok) return falla(r.error);
-    salida() << u"%1: %2 filas cargadas, %3 avisos."_s.arg(archivo).arg(r.cargadas).arg(r.avisos.size())
+    salida() << u"%1: %2 filas cargadas, %3 avisos."_s.arg(archivo, QString::number(r.cargadas),
+                                                           QString::number(r.avisos.size()))
              << Qt::endl;
     return bien;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "frame/base/numbers.h"
+#include "frame/base/texts.h"
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/entities.h"
@@ -166,7 +167,7 @@ Veredicto AgregarArticuloEx(AppContext &ctx, FichaDeArticulo &ficha) {
     preparar(ficha);
     Articulo &a = ficha.articulo;
     if (const DefectoDeCampo d = revisarCampos(ficha); !d.texto.isEmpty()) return rechazar(ctx, d);
-    if (a.idarticulo.isEmpty()) a.idarticulo = a.descripcion.left(largoDeCodigo).trimmed();
+    if (a.idarticulo.isEmpty()) a.idarticulo = Recortado(a.descripcion, largoDeCodigo).trimmed();
     if (existeArticulo(ctx, a.idcatalogo, a.idarticulo)) return rechazar(ctx, yaExiste(a));
     if (const DefectoDeCampo d = revisarPosicion(ctx, a.ncm); !d.texto.isEmpty()) return rechazar(ctx, d);
     if (Veredicto v = completarSufijosDeArticulo(ctx, a, ModoDeSufijos::Construir); !v.ok) return v;

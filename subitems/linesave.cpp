@@ -279,6 +279,12 @@ Grabacion terminar(AppContext &ctx, SubItems &s, qint64 id) {
 
 enum class Borrado { Hecho, NoEsta, Negado };
 
+/// A line of the list that is gone is a change as well: its deletion may be one whose answer was lost.
+Borrado yaNoEsta(AppContext &ctx, const SubItems &s) {
+    AnotarCambio(ctx, s.interno);
+    return Borrado::NoEsta;
+}
+
 /// Takes the line away and notes the change, without a question; a refusal of the link is told.
 Borrado borrarLinea(AppContext &ctx, SubItems &s, qint64 id) {
     const QString donde =
@@ -289,7 +295,7 @@ Borrado borrarLinea(AppContext &ctx, SubItems &s, qint64 id) {
                    "from subitems "_L1 +
                        donde,
                    rs))
-        return Borrado::NoEsta;
+        return yaNoEsta(ctx, s);
     // A cancellation of its item hangs on a line without the mark.
     const bool tomo = rs.Texto(u"cancelaciones") == "OK"_L1 ||
                       (s.enlace && s.enlace->QueTomo(s.interno, id) != insumos::Tomado::Nada);
@@ -298,7 +304,7 @@ Borrado borrarLinea(AppContext &ctx, SubItems &s, qint64 id) {
         ctx.dialogos.advertir(u"Error en eliminar la relacion con insumos"_s);
         return Borrado::Negado;
     }
-    if (Ejecutar(ctx, internos, "delete from subitems "_L1 + donde) == 0) return Borrado::NoEsta;
+    if (Ejecutar(ctx, internos, "delete from subitems "_L1 + donde) == 0) return yaNoEsta(ctx, s);
     AnotarCambio(ctx, s.interno);
     // A deleted line cannot go on being changed.
     if (s.modo == 2 && s.id == id) VaciarCampos(ctx, s);

@@ -16,9 +16,8 @@ using esquema::Tipo;
 
 QString mensajeDeServidor(const Conexion::Datos &datos, const QString &motivo) {
     return u"No se puede conectar con la base \"%1\" del servidor %2:%3 (%4). Verifique que el servidor "
-           "esté encendido y que los datos del perfil sean correctos."_s.arg(datos.base, datos.host)
-               .arg(datos.puerto)
-               .arg(motivo.simplified());
+           "esté encendido y que los datos del perfil sean correctos."_s.arg(
+               datos.base, datos.host, QString::number(datos.puerto), motivo.simplified());
 }
 
 void leerPerfil(StoreProfiles::SPMain &manager, const QString &ruta) {
@@ -43,7 +42,7 @@ Almacen::Almacen(const Conexion::Datos &datos, StoreProfiles::SPMain &manager)
         db_ = manager.getDataConnectionByEntity(datos.entidad).coneccion();
         return;
     }
-    donde_ = u"%1:%2/%3"_s.arg(datos.host).arg(datos.puerto).arg(datos.base);
+    donde_ = u"%1:%2/%3"_s.arg(datos.host, QString::number(datos.puerto), datos.base);
     conexion_ = QUuid::createUuid().toString(QUuid::WithoutBraces);
     db_ = QSqlDatabase::addDatabase(u"QPSQL"_s, conexion_);
     motores::prepararConexion(datos, db_);

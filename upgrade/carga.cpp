@@ -135,9 +135,9 @@ void cargarLector(Destino &destino, csv::Lector &lector, const QString &archivo,
                 insercion.bindValue(static_cast<int>(i), valor);
             }
             if (!insercion.exec())
-                Detener(u"No se cargó nada de %1: el store rechazó la línea %2 (%3)."_s.arg(archivo)
-                            .arg(registro.linea)
-                            .arg(insercion.lastError().databaseText().simplified()));
+                Detener(u"No se cargó nada de %1: el store rechazó la línea %2 (%3)."_s.arg(
+                    archivo, QString::number(registro.linea),
+                    insercion.lastError().databaseText().simplified()));
             ++resultado.cargadas;
             if (progreso && resultado.cargadas % filasPorAviso == 0) progreso(que, resultado.cargadas, total);
         }

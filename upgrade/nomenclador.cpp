@@ -207,9 +207,8 @@ void cargar(Destino &destino, csv::Lector &lector, const QString &archivo, const
             if (esta)
                 for (const QString &clave : {claves.c001, claves.c002, claves.c003}) q.bindValue(n++, clave);
             if ((!esta || !cambio.isEmpty()) && !q.exec())
-                Detener(u"No se cargó nada de %1: el store rechazó la línea %2 (%3)."_s.arg(archivo)
-                            .arg(registro.linea)
-                            .arg(q.lastError().databaseText().simplified()));
+                Detener(u"No se cargó nada de %1: el store rechazó la línea %2 (%3)."_s.arg(
+                    archivo, QString::number(registro.linea), q.lastError().databaseText().simplified()));
             presentes.insert(posicion);
             ++resultado.cargadas;
             if (progreso && resultado.cargadas % filasPorAviso == 0) progreso(que, resultado.cargadas, total);

@@ -36,9 +36,8 @@ Hallado mirar(const QString &ruta, const Conexion::Datos &acceso) {
     };
     const Conexion::Datos *internos = manager.datos(u"INTERNOS"_s);
     if (!esDeLaBase(internos))
-        Detener(u"El perfil %1 ya está y no es de la base %2 de %3:%4; nombre otro con --perfil."_s
-                    .arg(ruta, acceso.base, acceso.host)
-                    .arg(acceso.puerto));
+        Detener(u"El perfil %1 ya está y no es de la base %2 de %3:%4; nombre otro con --perfil."_s.arg(
+            ruta, acceso.base, acceso.host, QString::number(acceso.puerto)));
     for (const QString &entidad : StoreProfiles::entidades())
         if (const Conexion::Datos *datos = manager.datos(entidad); esDeLaBase(datos))
             h.esquemas << datos->esquema;

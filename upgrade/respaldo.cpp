@@ -97,8 +97,8 @@ void respaldar(const QString &rutaDelPerfil, const QString &archivo, const Progr
     }
     avisar(progreso, u"Compresión"_s);
     paquete::Escribir(archivo, contenido);
-    resultado.cambios << u"se escribió el respaldo %1 (%2 stores)"_s.arg(archivo).arg(s.archivos.size() +
-                                                                                      s.servidor.size());
+    resultado.cambios << u"se escribió el respaldo %1 (%2 stores)"_s.arg(
+        archivo, QString::number(s.archivos.size() + s.servidor.size()));
 }
 
 /// Whether a store of the profile holds rows of ours; the row that tells the version is none.

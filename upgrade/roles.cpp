@@ -227,9 +227,8 @@ void comprobarNombres(const Pareja &roles) {
     constexpr qsizetype largoDeNombre = 63;
     for (const QString &rol : {roles.dueno, roles.trabajo})
         if (rol.isEmpty() || rol.toUtf8().size() > largoDeNombre)
-            Detener(
-                u"El nombre de rol \"%1\" no sirve: son entre 1 y %2 letras; dé otros con --roles."_s.arg(rol)
-                    .arg(largoDeNombre));
+            Detener(u"El nombre de rol \"%1\" no sirve: son entre 1 y %2 letras; dé otros con --roles."_s.arg(
+                rol, QString::number(largoDeNombre)));
     if (roles.dueno == roles.trabajo)
         Detener(u"El dueño y el rol de trabajo no pueden ser el mismo (%1); dé dos con --roles."_s.arg(
             roles.dueno));

@@ -48,9 +48,8 @@ void revisarVersion(const QStringList &filas, const QString &donde) {
         if (numero && version > versionDelStore)
             Detener(
                 u"El store %1 es de la versión %2, más nueva que la %3 de este programa; instale "
-                "el programa que corresponde a ese store."_s.arg(donde)
-                    .arg(version)
-                    .arg(versionDelStore));
+                "el programa que corresponde a ese store."_s.arg(donde, QString::number(version),
+                                                                 QString::number(versionDelStore)));
     }
 }
 
@@ -98,7 +97,8 @@ void revisarServidor(const Almacen &almacen, const Conexion::Datos &datos) {
         u"select valor::text "
         "from %1 "
         "where lower(propiedad::text) = 'version'"_s.arg(almacen.nombreDe(datos.esquema, filaDeVersion));
-    revisarVersion(almacen.lista(versiones), u"%1:%2/%3"_s.arg(datos.host).arg(datos.puerto).arg(datos.base));
+    revisarVersion(almacen.lista(versiones),
+                   u"%1:%2/%3"_s.arg(datos.host, QString::number(datos.puerto), datos.base));
 }
 
 /// One upgrade of a folder of files at a time: the second waits, and finds everything done. A fresh file

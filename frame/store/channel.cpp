@@ -37,10 +37,14 @@ bool esSelect(QStringView sentencia) {
 }
 
 /// The engines end a text at its first zero character: what stands behind it, a condition perhaps, would be
-/// lost.
-void comprobarSinNulos(const Datos &datos, const QString &sentencia) {
+/// lost. Half of a character that takes two would reach them as another one.
+void comprobarTexto(const Datos &datos, const QString &sentencia) {
     if (sentencia.contains(QChar::Null))
         throw Falla{0, datos.entidad, u"La sentencia contiene un carácter nulo."_s, sentencia};
+    if (!sentencia.isValidUtf16())
+        throw Falla{0, datos.entidad,
+                    u"La sentencia contiene un carácter incompleto; bórrelo del texto y vuelva a intentar."_s,
+                    sentencia};
 }
 
 }  // namespace
@@ -87,14 +91,19 @@ void Canal::conectar() {
     QElapsedTimer &enVano = esperadoEnVano();
     // Between its end and its new beginning a server is not there for a while.
     const bool espera = perdido_ && (!enVano.isValid() || enVano.hasExpired(otraVez.count()));
+    // Who begins says so at once; who said nothing until the try was given up is not asked again.
+    constexpr std::chrono::milliseconds enSeguida(1000);
     QElapsedTimer reloj;
     reloj.start();
     for (;;) {
+        QElapsedTimer intento;
+        intento.start();
         try {
             db_ = motor_.abrir(*datos_, nombre_);
             break;
         } catch (const Falla &) {
-            if (reloj.hasExpired(paciencia.count()) || (!espera && !motor_.empieza(*datos_))) {
+            const bool callo = intento.hasExpired(enSeguida.count());
+            if (reloj.hasExpired(paciencia.count()) || (!espera && (callo || !motor_.empieza(*datos_)))) {
                 if (espera) enVano.start();
                 throw;
             }
@@ -143,6 +152,15 @@ void Canal::perder() {
     if (seNota) throw Falla{Falla::sinStore, datos_->entidad, palabrasDePerdida(), {}};
 }
 
+std::optional<Falla> Canal::Perdida() {
+    if (abierto_ && motor_.seFue(db_)) {
+        perdido_ = true;
+        Cerrar();
+    }
+    if (abierto_ || !perdido_) return std::nullopt;
+    return Falla{Falla::sinStore, datos_->entidad, palabrasDePerdida(), {}};
+}
+
 QString Canal::palabrasDePerdida() const {
     return u"Se perdió la conexión con la base \"%1\" del servidor %2:%3; vuelva a intentar."_s.arg(
         datos_->base, datos_->host, QString::number(datos_->puerto));
@@ -172,7 +190,7 @@ QSqlDatabase Canal::Manija() {
 // Statements
 
 qint64 Canal::Correr(const QString &sentencia, const QString &traducida, Filas *filas) {
-    comprobarSinNulos(*datos_, sentencia);
+    comprobarTexto(*datos_, sentencia);
     if (!porSalir_.encargos.empty()) {
         agregar(sentencia, traducida, filas);
         despachar();
@@ -221,7 +239,7 @@ void Canal::Mandar(const QString &sentencia) {
         Correr(sentencia, traducida, nullptr);
         return;
     }
-    comprobarSinNulos(*datos_, sentencia);
+    comprobarTexto(*datos_, sentencia);
     agregar(sentencia, traducida, nullptr);
     if (porSalir_.encargos.size() >= motor_.porViaje) despachar();
 }
@@ -275,7 +293,7 @@ void Canal::abandonar() {
 
 void Canal::MandarSeguidas(const QStringList &sentencias) {
     if (sentencias.isEmpty()) return;
-    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
+    for (const QString &sentencia : sentencias) comprobarTexto(*datos_, sentencia);
     Abrir();
     for (const QString &sentencia : sentencias) {
         agregar(sentencia, Traducir(sentencia), nullptr);
@@ -287,7 +305,7 @@ void Canal::MandarSeguidas(const QStringList &sentencias) {
 std::vector<Filas> Canal::ConsultarSeguidas(const QStringList &sentencias) {
     std::vector<Filas> respuestas(static_cast<std::size_t>(sentencias.size()));
     if (sentencias.isEmpty()) return respuestas;
-    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
+    for (const QString &sentencia : sentencias) comprobarTexto(*datos_, sentencia);
     Abrir();
     for (qsizetype n = 0; n < sentencias.size(); ++n)
         agregar(sentencias.at(n), Traducir(sentencias.at(n)), &respuestas[static_cast<std::size_t>(n)]);
@@ -297,7 +315,7 @@ std::vector<Filas> Canal::ConsultarSeguidas(const QStringList &sentencias) {
 
 void Canal::Anticipar(const QStringList &sentencias) {
     if (motor_.porViaje == 1 || sentencias.isEmpty()) return;
-    for (const QString &sentencia : sentencias) comprobarSinNulos(*datos_, sentencia);
+    for (const QString &sentencia : sentencias) comprobarTexto(*datos_, sentencia);
     Abrir();
     std::vector<Filas> respuestas(static_cast<std::size_t>(sentencias.size()));
     const std::size_t delante = porSalir_.encargos.size();

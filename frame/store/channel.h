@@ -38,6 +38,9 @@ class Canal {
     void Cerrar();
     /// The engine's own handle, with nothing on its way.
     QSqlDatabase Manija();
+    /// The failure that tells that the store went away, for what was asked through the handle; nothing when
+    /// it is there, or was left.
+    std::optional<Falla> Perdida();
 
     /// `sentencia` as the engine takes it.
     QString Traducir(const QString &sentencia) const { return dialecto::traducir(sentencia, ajustes_); }

@@ -12,12 +12,27 @@ namespace motores {
 
 namespace {
 
+enum class Clase { Modo, Archivo, Plazo };
+
+/// How long something is waited for. Without an end it would be waited for ever, so 0 is none.
+struct Plazo {
+    int menor, mayor;
+    const char *unidad;
+};
 struct Palabra {
     const char *nombre;
-    bool esArchivo;
+    Clase clase;
+    Plazo plazo;
 };
-constexpr std::array<Palabra, 5> deLaBiblioteca{
-    {{"sslmode", false}, {"sslrootcert", true}, {"sslcert", true}, {"sslkey", true}, {"sslcrl", true}}};
+constexpr std::array<Palabra, 7> deLaBiblioteca{{
+    {"sslmode", Clase::Modo, {}},
+    {"sslrootcert", Clase::Archivo, {}},
+    {"sslcert", Clase::Archivo, {}},
+    {"sslkey", Clase::Archivo, {}},
+    {"sslcrl", Clase::Archivo, {}},
+    {"connect_timeout", Clase::Plazo, {2, 600, "segundos"}},
+    {"tcp_user_timeout", Clase::Plazo, {1000, 600000, "milisegundos"}},
+}};
 
 struct Modo {
     const char *nombre;
@@ -30,8 +45,8 @@ constexpr std::array<Modo, 6> modos{{{"disable", false},
                                      {"verify-ca", true},
                                      {"verify-full", true}}};
 
-/// What every connection asks for: a server that went silent is given up after a minute and a half, and not
-/// when the system's own patience of hours ends.
+/// What every connection asks for, unless the profile says it otherwise: a server that went silent is given
+/// up after a minute and a half, and not when the system's own patience of hours ends.
 constexpr std::array<std::pair<const char *, const char *>, 7> deTodas{{
     {"connect_timeout", "10"},
     {"keepalives", "1"},
@@ -60,12 +75,16 @@ QString enPalabras(const std::vector<std::pair<QString, QString>> &palabras) {
     return partes.join(QLatin1Char(' '));
 }
 
-/// The fixed words, and the profile's behind them.
+/// The fixed words that the profile does not say itself, and the profile's behind them.
 std::vector<std::pair<QString, QString>> palabrasDe(const Datos &datos) {
     std::vector<std::pair<QString, QString>> todas;
     todas.reserve(deTodas.size() + datos.palabras.size());
-    for (const auto &[nombre, valor] : deTodas)
-        todas.emplace_back(QLatin1String(nombre), QLatin1String(valor));
+    for (const auto &[nombre, valor] : deTodas) {
+        const QLatin1String fija(nombre);
+        if (std::none_of(datos.palabras.begin(), datos.palabras.end(),
+                         [fija](const auto &una) { return una.first == fija; }))
+            todas.emplace_back(fija, QLatin1String(valor));
+    }
     todas.insert(todas.end(), datos.palabras.begin(), datos.palabras.end());
     return todas;
 }
@@ -105,6 +124,17 @@ void comprobarModo(const OrigenDePalabras &origen, const QString &modo, Datos &d
     datos.palabras.emplace_back(u"gssencmode"_s, u"disable"_s);
 }
 
+/// In digits alone, as the library reads it.
+QString plazoDe(const OrigenDePalabras &origen, const Palabra &palabra, const QString &valor) {
+    bool esNumero = false;
+    const int plazo = valor.toInt(&esNumero);
+    if (!esNumero || plazo < palabra.plazo.menor || plazo > palabra.plazo.mayor)
+        Seccion::rechazar(u"%1 pide %2=%3; escriba cuántos %4 se espera, de %5 a %6."_s.arg(
+            origen.quien, QLatin1String(palabra.nombre), valor, QLatin1String(palabra.plazo.unidad),
+            QString::number(palabra.plazo.menor), QString::number(palabra.plazo.mayor)));
+    return QString::number(plazo);
+}
+
 }  // namespace
 
 const QStringList &palabrasDelPerfil() {
@@ -124,9 +154,11 @@ void tomarPalabras(const OrigenDePalabras &origen, Datos &datos) {
         const QString nombre = QLatin1String(p.nombre);
         QString valor = origen.valor(nombre);
         if (valor.isEmpty()) continue;
-        if (p.esArchivo) {
+        if (p.clase == Clase::Archivo) {
             valor = archivoDe(origen, nombre, valor);
             conRaiz = conRaiz || nombre == "sslrootcert"_L1;
+        } else if (p.clase == Clase::Plazo) {
+            valor = plazoDe(origen, p, valor);
         } else {
             modo = valor = valor.toLower();
             comprobarModo(origen, modo, datos);

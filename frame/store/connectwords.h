@@ -1,6 +1,6 @@
 #pragma once
-// The words of the server's own client library that a connection is made with: what a profile asks of TLS,
-// and how long a silent line is waited for. Every road to a server takes them from here.
+// The words of the server's own client library that a connection is made with: what a profile asks of TLS and
+// of the time that a silent line is waited for. Every road to a server takes them from here.
 
 #include <QString>
 #include <QStringList>
@@ -22,7 +22,8 @@ struct OrigenDePalabras {
     QString quien;
 };
 /// Takes them into `datos`, whose host is there already; files with their whole path. Raises Falla for a mode
-/// that there is not, a file that is missing, and what would leave a certificate unverified unnoticed.
+/// that there is not, a file that is missing, a time without an end, and what would leave a certificate
+/// unverified unnoticed.
 void tomarPalabras(const OrigenDePalabras &origen, Datos &datos);
 
 /// Makes `db` (of Qt's driver for the server, not open yet) one for the base of `datos`.

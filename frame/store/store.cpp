@@ -106,6 +106,9 @@ const QString &Conexion::etiqueta() const {
 bool Conexion::abierta() const {
     return canal_->abierto();
 }
+std::optional<Falla> Conexion::perdida() {
+    return canal_->Perdida();
+}
 void Conexion::cerrar() {
     canal_->Cerrar();
 }

@@ -8,6 +8,7 @@
 #include <QVariant>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "frame/base/failure.h"
@@ -141,6 +142,9 @@ class Conexion {
     /// "SQL" for a server store, "ACCESS" for a file store.
     const QString &etiqueta() const;
     bool abierta() const;
+    /// The failure that tells that the store went away, for what was asked through coneccion(); nothing when
+    /// it is there.
+    std::optional<Falla> perdida();
     /// Closes the engine's handle; the next statement opens it again, so this object stays usable.
     void cerrar();
 

@@ -142,6 +142,11 @@ TEST_P(Guardado, ADjaiNeedsItsDatesAndItsForcedDescription) {
         valor("select dc_djai_descripcionmercaderia from caratula where interno='OP 1'");
     EXPECT_EQ(descripcion.size(), 400);
     EXPECT_TRUE(descripcion.startsWith("L agua x"));
+    // Nor in the middle of a character.
+    c.poner("txtDJAI_ForzarDescripcion", QString(399, 'x') + u"🚢"_s);
+    EXPECT_TRUE(esc().cierra) << ultimoMensaje();
+    EXPECT_EQ(valor("select dc_djai_descripcionmercaderia from caratula where interno='OP 1'"),
+              QString(399, 'x'));
 }
 
 TEST_P(Guardado, OtherRegimesDoNotWriteTheColumnsOfADjai) {

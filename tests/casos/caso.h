@@ -43,8 +43,9 @@ QStringList Comparar(const QString &tabla, const Planilla &esperado, std::vector
 /// The folders of `raiz` that hold a case, by name.
 QStringList CarpetasDeCasos(const QString &raiz);
 
-/// Loads the case into fresh stores ("ACCESS" or "SQL"), assembles, changes, recalculates, compares. Empty
-/// when everything is as the case expects it. Raises Falla and std::runtime_error.
+/// Loads the case into fresh stores ("ACCESS" or "SQL"), assembles, changes, recalculates, compares; then
+/// recalculates twice more, of which the last may change nothing. Empty when everything is as the case
+/// expects it. Raises Falla and std::runtime_error.
 QStringList CorrerCaso(const QString &carpeta, const QString &store);
 
 }  // namespace casos

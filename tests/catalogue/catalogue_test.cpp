@@ -162,6 +162,13 @@ TEST_P(Articulos, ANameAloneServesAsTheCode) {
     EXPECT_TRUE(AgregarArticuloEx(*ctx, f).ok) << "and a code alone is enough";
 }
 
+TEST_P(Articulos, ANameIsNotCutInTheMiddleOfACharacter) {
+    FichaDeArticulo f = bomba({});
+    f.articulo.descripcion = QString(49, u'b') + u"🚢 de carga"_s;
+    ASSERT_TRUE(AgregarArticuloEx(*ctx, f).ok);
+    EXPECT_EQ(f.articulo.idarticulo, QString(49, u'b'));
+}
+
 TEST_P(Articulos, AnArticleThatIsThereAlreadyStaysAsItIs) {
     EXPECT_EQ(rechazo(bomba(u"a-1"_s)),
               "El artículo a-1 ya está en el catálogo CAT.\r\nPara modificar un articulo debe presionar F9.|"

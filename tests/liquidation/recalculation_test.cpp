@@ -256,7 +256,7 @@ TEST_P(Recalculo, TheScreenIsLetInOnceBeforeTheWritingAndThePointerComesBack) {
     EXPECT_EQ(puntero, (QList<bool>{true, false, true, false}));
 }
 
-TEST_P(Recalculo, AWrittenLiquidationRunsAgainToTheSameFigures) {
+TEST_P(Recalculo, AWrittenLiquidationOfWholeCentsRunsAgainToTheSameFigures) {
     caratula({{"idsubreg", "'IT14'"}});
     insertar(u"sysflag"_s, {{"interno", "'OP1'"}, {"flag", "'D1330/04A7'"}, {"valor", "'S'"}, {"item", "0"}});
     item(1, {{"fobtotal", "1234.57"}});

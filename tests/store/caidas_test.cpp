@@ -9,9 +9,8 @@
 
 #include "frame/store/engines.h"
 #include "frame/transaction.h"
+#include "tests/store/caidas.h"
 #include "tests/support/intermediario.h"
-#include "tests/support/servidorpropio.h"
-#include "tests/support/tienda.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,59 +19,15 @@ namespace {
 /// How a connection is lost while nobody uses it, and the server is there again.
 enum class Perdida { Potencia, Rapida, Corte };
 
-class Caidas : public ::testing::Test {
- protected:
-    void SetUp() override {
-        tienda = std::make_unique<Tienda>(u"SQL"_s, false, servidor.palabras());
-        ctx = tienda->contexto(registro);
-    }
-    void TearDown() override {
-        servidor.arrancar();
-        ctx.reset();
-        tienda.reset();
-    }
-
-    void perder(Perdida como) {
-        if (como == Perdida::Corte)
-            servidor.cortarConexiones();
-        else
-            servidor.reiniciar(como == Perdida::Rapida ? ServidorPropio::Parada::Rapida
-                                                       : ServidorPropio::Parada::Inmediata);
-    }
-    Conexion &internos() { return ctx->conexion(u"INTERNOS"_s); }
-    qint64 ejecutar(const QString &sql) { return Ejecutar(*ctx, u"INTERNOS"_s, sql); }
-    /// The first cell; "<nada>" without a row. Raises Falla.
-    std::string valor(const QString &sql) {
-        Recordset rs;
-        return Consultar(*ctx, u"INTERNOS"_s, sql, rs) ? rs.Texto(rs.nombreDeColumna(0)).toStdString()
-                                                       : "<nada>";
-    }
-    /// What the store holds, asked on another connection.
-    std::string fuera(const QString &sql) {
-        return servidor.preguntar(sql, ctx->DataManager.datos(u"INTERNOS"_s)->base).toStdString();
-    }
-    /// What `hacer` raises; empty when it runs.
-    static Falla fallaDe(const std::function<void()> &hacer) {
-        try {
-            hacer();
-        } catch (const Falla &e) {
-            return e;
-        }
-        return {};
-    }
-    static std::string textoDe(const std::function<void()> &hacer) {
-        return fallaDe(hacer).descripcion.toStdString();
-    }
-
-    ServidorPropio &servidor = ServidorDePaso();
-    std::unique_ptr<Tienda> tienda;
-    Registro registro;
-    std::unique_ptr<AppContext> ctx;
-};
-
 class PerdidaEnReposo : public Caidas, public ::testing::WithParamInterface<Perdida> {
  protected:
-    void perder() { Caidas::perder(GetParam()); }
+    void perder() {
+        if (GetParam() == Perdida::Corte)
+            servidor.cortarConexiones();
+        else
+            servidor.reiniciar(GetParam() == Perdida::Rapida ? ServidorPropio::Parada::Rapida
+                                                             : ServidorPropio::Parada::Inmediata);
+    }
 };
 std::string nombreDe(const ::testing::TestParamInfo<Perdida> &caso) {
     switch (caso.param) {

@@ -72,7 +72,23 @@ TEST_F(PalabrasDelPerfil, EveryMistakeIsOneSentence) {
     EXPECT_EQ(
         motivo(u"sslmode=require\n[NCM]\ndriver=servidor\nhost=h\nbase=b\n"_s),
         "El perfil …/c.perfil.ini pide la conexión con la base b de dos maneras, en [INTERNOS] y en [NCM]; "
-        "escriba las mismas palabras (sslmode, sslrootcert, sslcert, sslkey, sslcrl) en las dos.");
+        "escriba las mismas palabras (sslmode, sslrootcert, sslcert, sslkey, sslcrl, connect_timeout, "
+        "tcp_user_timeout) en las dos.");
+}
+
+TEST_F(PalabrasDelPerfil, ATimeTakesThePlaceOfTheFixedOneAndHasAnEnd) {
+    EXPECT_EQ(motivo(u"connect_timeout= 025\ntcp_user_timeout=5000\n"_s), "");
+    EXPECT_EQ(motores::textoDeConexion(*sp.datos(u"INTERNOS"_s)).toStdString(),
+              "host='h' port='5432' dbname='b' user='u' keepalives='1' keepalives_idle='60' "
+              "keepalives_interval='10' keepalives_count='3' application_name='zendra' "
+              "connect_timeout='25' tcp_user_timeout='5000'");
+    for (const char *valor : {"0", "1", "601", "-5", "2s", "2.5", "99999999999"})
+        EXPECT_EQ(motivo(u"connect_timeout=%1\n"_s.arg(QLatin1StringView(valor))),
+                  std::string("El perfil …/c.perfil.ini, en la sección [INTERNOS], pide connect_timeout=") +
+                      valor + "; escriba cuántos segundos se espera, de 2 a 600.");
+    EXPECT_EQ(motivo(u"tcp_user_timeout=0\n"_s),
+              "El perfil …/c.perfil.ini, en la sección [INTERNOS], pide tcp_user_timeout=0; escriba cuántos "
+              "milisegundos se espera, de 1000 a 600000.");
 }
 
 TEST_F(PalabrasDelPerfil, FilesAreRelativeToTheProfileAndEveryValueGoesWhole) {

@@ -204,6 +204,49 @@ TEST_P(ConexionDeStore, ANullCharacterInAStatementIsRefusedWhole) {
     EXPECT_EQ(valor(u"select count(*) from divisas"_s).toStdString(), "1");
 }
 
+// Half of a character that takes two would be stored as something else, or looked for as that.
+TEST_P(ConexionDeStore, HalfACharacterIsRefusedOnEveryRoadAndNothingRuns) {
+    ejecutar(u"insert into divisas (id,imp) values ('DOL',1)"_s);
+    const QString barco = u"🚢"_s;
+    const QString buena = u"update divisas set descripcion = '%1'"_s;
+    for (const QString &mitad : {barco.left(1), barco.mid(1), barco.mid(1) + barco.left(1)}) {
+        const QString mala = buena.arg(mitad);
+        const std::pair<const char *, std::function<void()>> caminos[] = {
+            {"command", [&] { Ejecutar(*ctx, u"INTERNOS"_s, mala); }},
+            {"select",
+             [&] {
+                 Recordset rs;
+                 Consultar(*ctx, u"INTERNOS"_s, "select * from divisas where id = '"_L1 + mitad + "'"_L1, rs);
+             }},
+            {"sent",
+             [&] {
+                 internos().Sql = mala;
+                 internos().Mandar();
+             }},
+            {"together",
+             [&] {
+                 internos().EjecutarSeguidas({buena.arg(u"x"_s), mala});
+             }},
+            {"selects together", [&] { internos().ConsultarSeguidas({mala}); }},
+        };
+        for (const auto &[camino, hacer] : caminos) {
+            try {
+                hacer();
+                ADD_FAILURE() << camino << " was let through";
+            } catch (const Falla &e) {
+                EXPECT_EQ(
+                    e.descripcion.toStdString(),
+                    "La sentencia contiene un carácter incompleto; bórrelo del texto y vuelva a intentar.")
+                    << camino;
+                EXPECT_EQ(e.fuente, u"INTERNOS"_s);
+            }
+        }
+        EXPECT_EQ(valor(u"select count(*) from divisas where descripcion is null"_s).toStdString(), "1");
+    }
+    ejecutar(buena.arg(barco));
+    EXPECT_EQ(valor(u"select descripcion from divisas"_s).toStdString(), "🚢");
+}
+
 // Entities
 
 TEST_P(ConexionDeStore, AnEntitysConnectionSeesTheTablesOfTheOthers) {

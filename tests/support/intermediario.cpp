@@ -1,5 +1,6 @@
 #include "tests/support/intermediario.h"
 
+#include <linux/filter.h>
 #include <netdb.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -133,6 +134,19 @@ Descriptor escuchar(int puerto) {
         listen(s.numero(), SOMAXCONN) != 0)
         fallarCon("listen");
     return s;
+}
+
+/// The kernel throws away what arrives there, ahead of looking at it.
+void noOir(const Descriptor &s) {
+    sock_filter nada{BPF_RET | BPF_K, 0, 0, 0};
+    const sock_fprog filtro{1, &nada};
+    if (setsockopt(s.numero(), SOL_SOCKET, SO_ATTACH_FILTER, &filtro, sizeof filtro) != 0)
+        fallarCon("SO_ATTACH_FILTER");
+}
+void oirDeNuevo(const Descriptor &s) {
+    const int sinUso = 0;
+    if (setsockopt(s.numero(), SOL_SOCKET, SO_DETACH_FILTER, &sinUso, sizeof sinUso) != 0 && errno != ENOENT)
+        fallarCon("SO_DETACH_FILTER");
 }
 
 int puertoDe(const Descriptor &s) {
@@ -458,10 +472,19 @@ void Intermediario::Colgar() {
     i_->Pedir([this] { i_->colgado = true; });
 }
 
+void Intermediario::Enmudecer() {
+    i_->Pedir([this] {
+        noOir(i_->oido);
+        for (const Linea &linea : i_->lineas) noOir(linea.lado[0]);
+    });
+}
+
 void Intermediario::Seguir() {
     i_->Pedir([this] {
         i_->colgado = false;
         i_->corte.reset();
         if (i_->oido.numero() < 0) i_->oido = escuchar(i_->puerto);
+        oirDeNuevo(i_->oido);
+        for (const Linea &linea : i_->lineas) oirDeNuevo(linea.lado[0]);
     });
 }

@@ -53,7 +53,10 @@ class Intermediario {
     void Rechazar();
     /// A line that dropped without a word: new ones are accepted, and nothing passes on any.
     void Colgar();
-    /// Ends Rechazar, Colgar and a cut that is still to come; what waited is passed on.
+    /// A machine that is gone: not even what arrives is acknowledged, on open lines or on new ones. A line
+    /// that its client gave up meanwhile stays open here until the next cut.
+    void Enmudecer();
+    /// Ends Rechazar, Colgar, Enmudecer and a cut that is still to come; what waited is passed on.
     void Seguir();
 
  private:

@@ -106,8 +106,17 @@ QString ServidorPropio::palabras() const {
     return u"host=%1 port=%2 user=zendra"_s.arg(carpeta_).arg(puerto_);
 }
 
+void ServidorPropio::congelar() {
+    if (corre()) ::kill(static_cast<pid_t>(proceso_.processId()), SIGSTOP);
+}
+
+void ServidorPropio::reanimar() {
+    if (corre()) ::kill(static_cast<pid_t>(proceso_.processId()), SIGCONT);
+}
+
 void ServidorPropio::parar(Parada como) {
     if (!corre()) return;
+    reanimar();
     ::kill(static_cast<pid_t>(proceso_.processId()), como == Parada::Rapida ? SIGINT : SIGQUIT);
     if (proceso_.waitForFinished(pacienciaDelServidor)) return;
     proceso_.kill();

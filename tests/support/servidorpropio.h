@@ -38,6 +38,10 @@ class ServidorPropio {
         parar(como);
         arrancar();
     }
+    /// Takes nobody any more and says so to nobody, as a machine whose memory ran out: who is in already goes
+    /// on being served. Ends with reanimar, or with parar.
+    void congelar();
+    void reanimar();
     /// Ends every connection but the one that asks for it, and waits for their end; how many there were.
     int cortarConexiones();
 

@@ -4,11 +4,14 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 
 #include "frame/store/StoreProfiles.h"
 #include "frame/version.h"
 #include "tests/support/tienda.h"
+#include "upgrade/upgrade.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +68,7 @@ TEST(DbUpgrade3Program, AWrongUseIsOneSentenceThatNamesTheHelpAndStatusTwo) {
          u"Las opciones --sin-roles y --roles no van juntas; vea DbUpgrade3 --ayuda."_s},
         {{"--crear-servidor", "h,1,b,u", "--conexion", "clave=secreta"},
          u"--conexion no sirve: \"clave\" no es una palabra de la conexión (sslmode, sslrootcert, sslcert, sslkey, "
-         "sslcrl) con su valor; vea DbUpgrade3 --ayuda."_s},
+         "sslcrl, connect_timeout, tcp_user_timeout) con su valor; vea DbUpgrade3 --ayuda."_s},
         {{"--respaldo"}, u"A la opción --respaldo le falta su valor; vea DbUpgrade3 --ayuda."_s},
     };
     for (const Caso &caso : casos) {
@@ -253,6 +256,49 @@ TEST(DbUpgrade3Program, MakesABaseOnTheServer) {
                      "-c", "drop role " + base + "_dueno, " + base + "_trabajo"});
     p.waitForFinished();
     EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+}
+
+TEST(DbUpgrade3Program, APathWithPercentSignsStandsInEveryMessageAsItIs) {
+    const QTemporaryDir dir;
+    const QString carpeta = dir.filePath(u"dto %2 del 10%1, %3"_s);
+    const QString perfil = carpeta + "/%2.perfil.ini"_L1;
+    const QString bancos = carpeta + "/bancos %2 %3.csv"_L1;
+    const QString copia = carpeta + "/copia %2.zrespaldo"_L1;
+    const auto correr = [&perfil](const QStringList &demas) {
+        return DbUpgrade3(QStringList{u"--perfil"_s, perfil} + demas);
+    };
+    const auto dice = [](const Corrida &c, const QString &frase) {
+        EXPECT_TRUE((c.salida + c.errores).contains(frase + u'\n')) << frase.toStdString() << "\n in \n"
+                                                                    << (c.salida + c.errores).toStdString();
+    };
+    ASSERT_TRUE(QDir().mkpath(carpeta));
+    const Corrida creado = correr({u"--crear-archivos"_s, carpeta});
+    EXPECT_EQ(creado.estado, 0) << creado.errores.toStdString();
+    dice(creado, "Perfil: "_L1 + perfil);
+    dice(creado, u"se creó el archivo "_s + carpeta + "/internos.db"_L1);
+
+    QFile archivo(bancos);
+    ASSERT_TRUE(archivo.open(QIODevice::WriteOnly));
+    archivo.write("id,descripcion,raro\n1,UNO,x\n");
+    archivo.close();
+    const Corrida cargado = correr({u"--cargar"_s, u"bancos="_s + bancos});
+    EXPECT_EQ(cargado.estado, 0) << cargado.errores.toStdString();
+    dice(cargado, bancos + ": 1 filas cargadas, 1 avisos."_L1);
+    dice(correr({u"--respaldo"_s, copia}), u"se escribió el respaldo "_s + copia + u" (7 stores)"_s);
+
+    const QString internos = carpeta + "/internos.db"_L1;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"porcientos"_s);
+        db.setDatabaseName(internos);
+        ASSERT_TRUE(db.open());
+        QSqlQuery(db).exec(u"update version set valor = '999' where propiedad = 'version'"_s);
+    }
+    QSqlDatabase::removeDatabase(u"porcientos"_s);
+    const Corrida vieja = correr({});
+    EXPECT_EQ(vieja.estado, 1);
+    dice(vieja,
+         u"El store %1 es de la versión 999, más nueva que la %2 de este programa; instale el programa que "
+         "corresponde a ese store."_s.arg(internos, QString::number(actualizacion::versionDelStore)));
 }
 
 }  // namespace
