@@ -23,7 +23,8 @@ void ListaMaestra::Cargar(const QString &actual) {
     AppContext &ctx = Contexto();
     const int antes = std::max(0, lista_->currentRow());
     QStringList textos;
-    Manejar(ctx, [&] { textos = LeerLista(ctx, cual_); });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] { textos = LeerLista(ctx, cual_); })) return;
     lista_->clear();
     lista_->addItems(textos);
     const auto donde = static_cast<int>(textos.indexOf(actual));

@@ -298,8 +298,9 @@ Borrado borrarLinea(AppContext &ctx, SubItems &s, qint64 id) {
         ctx.dialogos.advertir(u"Error en eliminar la relacion con insumos"_s);
         return Borrado::Negado;
     }
-    if (Ejecutar(ctx, internos, "delete from subitems "_L1 + donde) == 0) return Borrado::NoEsta;
+    // Ahead of it: a line that is gone is not asked about again.
     AnotarCambio(ctx, s.interno);
+    if (Ejecutar(ctx, internos, "delete from subitems "_L1 + donde) == 0) return Borrado::NoEsta;
     // A deleted line cannot go on being changed.
     if (s.modo == 2 && s.id == id) VaciarCampos(ctx, s);
     return Borrado::Hecho;
@@ -344,7 +345,7 @@ Grabacion Grabar(AppContext &ctx, SubItems &s) {
 bool EliminarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     if (!ctx.dialogos.preguntar({u"Confirma eliminar SUBITEM seleccinado."_s, {}, Icono::Pregunta, false}))
         return false;
-    if (borrarLinea(ctx, s, id) != Borrado::Hecho) return false;
+    if (borrarLinea(ctx, s, id) == Borrado::Negado) return false;
     RefrescarTotales(ctx, s);
     return true;
 }

@@ -45,6 +45,12 @@ void comprobarSinNulos(const Datos &datos, const QString &sentencia) {
 
 }  // namespace
 
+std::chrono::milliseconds &EsperaDelServidor() {
+    using namespace std::chrono_literals;
+    static std::chrono::milliseconds espera = 3s;
+    return espera;
+}
+
 Canal::Canal(std::unique_ptr<Datos> datos)
     : datos_(std::move(datos)),
       motor_(*datos_->motor),
@@ -81,7 +87,6 @@ void Canal::Abrir() {
 }
 
 void Canal::conectar() {
-    constexpr std::chrono::milliseconds paciencia(3000);
     constexpr std::chrono::milliseconds pausa(100);
     constexpr std::chrono::milliseconds otraVez(20000);
     QElapsedTimer &enVano = esperadoEnVano();
@@ -94,7 +99,7 @@ void Canal::conectar() {
             db_ = motor_.abrir(*datos_, nombre_);
             break;
         } catch (const Falla &) {
-            if (reloj.hasExpired(paciencia.count()) || (!espera && !motor_.empieza(*datos_))) {
+            if (reloj.hasExpired(EsperaDelServidor().count()) || (!espera && !motor_.empieza(*datos_))) {
                 if (espera) enVano.start();
                 throw;
             }
