@@ -125,10 +125,8 @@ TEST_P(CaidasBajoPantallas, TheMenu) {
         accionEn<FrmPrincipal>("MenuP", {}, mostrar<FrmPrincipal>(), {},
                                clientes.abriendo<FrmClientes>(
                                    [] {
-                                       Pantalla<MenuP>().TomarFoco();
-                                       tecla(Qt::Key_Home);
-                                       tecla(Qt::Key_Down);
-                                       tecla(Qt::Key_Return);
+                                       Pantalla<MenuP>().ui.GrdMenuMain->setCurrentCell(1, 1);
+                                       teclaEn(Pantalla<MenuP>().ui.GrdMenuMain, Qt::Key_Return);
                                    },
                                    [](FrmClientes &p) { return celdasDe(p.ui.Lst); }),
                                clientes.loVisto<FrmPrincipal>()),

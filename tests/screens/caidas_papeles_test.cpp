@@ -59,7 +59,8 @@ TEST_P(CaidasBajoPantallas, TheQuote) {
             [](FrmPresupuesto &p) { return celdasDe(p.ui.Grd); }),
         accionEn<FrmConceptos>(
             "FrmConceptos: agregar", {}, elegirConceptos,
-            [](FrmConceptos &p) { poner(p.ui.TxtConcepto, u"SELLADOS"_s); }, la(Qt::Key_Return), conceptos),
+            [](FrmConceptos &p) { poner(p.ui.TxtConcepto, u"VIATICOS"_s); },
+            [] { teclaEn(Pantalla<FrmConceptos>().ui.TxtConcepto, Qt::Key_Return); }, conceptos),
         accionEn<FrmConceptos>(
             "FrmConceptos: quitar", {}, elegirConceptos,
             [](FrmConceptos &p) { p.ui.LstConceptos->setFocus(); }, la(Qt::Key_Delete), conceptos),
@@ -69,7 +70,8 @@ TEST_P(CaidasBajoPantallas, TheQuote) {
                 Pantalla<FrmReferencias>().Elegir();
                 CerrarPantalla<FrmReferencias>();
             },
-            [](FrmReferencias &p) { poner(p.ui.TxtRefencia, u"GUIA"_s); }, la(Qt::Key_Return),
+            [](FrmReferencias &p) { poner(p.ui.TxtRefencia, u"ZZ GUIA"_s); },
+            [] { teclaEn(Pantalla<FrmReferencias>().ui.TxtRefencia, Qt::Key_Return); },
             [](FrmReferencias &p) { return celdasDe(p.ui.LstReferencias); }),
     });
 }
