@@ -126,7 +126,9 @@ void FrmClientes::Eliminar() {
     AppContext &ctx = Contexto();
     if (lista_.Actual() < 0) return;
     Manejar(ctx, [&] {
-        if (ClientBook::Borrar(ctx, filas_.at(static_cast<std::size_t>(lista_.Actual())).cuit)) CargarLst();
+        ClientBook::Borrar(ctx, filas_.at(static_cast<std::size_t>(lista_.Actual())).cuit);
+        // Also one that was gone already is to be seen no longer.
+        CargarLst();
     });
 }
 

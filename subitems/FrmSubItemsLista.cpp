@@ -50,6 +50,7 @@ void FrmSubItems::CargarLista(const FiltroActivo &filtro) {
     const qint64 enMano = IdDeFila(grilla->currentRow());
     const int filaEnMano = filtro == filtro_ ? grilla->currentRow() : 0;
     filtro_ = filtro;
+    listaAtrasada_ = false;
     grilla->setUpdatesEnabled(false);
     grilla->setRowCount(static_cast<int>(lineas.size()));
     int fila = 0;

@@ -23,6 +23,7 @@ AccionDeUsuario accionEn(const char *nombre, std::function<void()> preparar, std
             },
             std::move(llave),
             1,
+            {},
             visto ? [visto] { return PantallaAbierta<T>() ? visto(Pantalla<T>()) : QString(); }
                   : std::function<QString()>()};
 }

@@ -68,13 +68,15 @@ TEST_P(CaidasBajoPantallas, TheDashboardOfAnOperation) {
                            p.ui.LbSubItem->text(), p.ui.LbEstadoBultos->text()}
             .join(u'|');
     };
-    probar({
-        accionEn<FrmInternoNew>(
-            "FrmDetalleInterno: entrar y salir", {}, mostrar<FrmInternoNew>(), buscarLaImportacion,
-            tablero.abriendo<FrmDetalleInterno>(
-                [] { teclaEn(Pantalla<FrmInternoNew>().ui.lstInterno, Qt::Key_Return); }, verTablero),
-            tablero.loVisto<FrmInternoNew>()),
-    });
+    auto entrarYSalir = accionEn<FrmInternoNew>(
+        "FrmDetalleInterno: entrar y salir", {}, mostrar<FrmInternoNew>(), buscarLaImportacion,
+        tablero.abriendo<FrmDetalleInterno>(
+            [] { teclaEn(Pantalla<FrmInternoNew>().ui.lstInterno, Qt::Key_Return); }, verTablero),
+        tablero.loVisto<FrmInternoNew>());
+    // Entering it is a key and leaving it another; what stayed open in between says so the next time.
+    entrarYSalir.avisos = 2;
+    entrarYSalir.admite = u"El estado de INTERNO indica que el mismo esta abierto."_s;
+    probar({entrarYSalir});
 }
 
 TEST_P(CaidasBajoPantallas, TheExchangeOfOperations) {

@@ -44,16 +44,19 @@ TEST_P(CaidasBajoElStock, TheStock) {
     const auto vaciarUna = [this] {
         ejecutar(u"update stock set saldo = 1 where dit = '26001IT14000012B'"_s);
     };
+    auto revisar = accionEn<FrmStock>(
+        "FrmStock: revisar", vaciarUna, mostrar<FrmStock>(QString()), {},
+        [this] {
+            registro.respuestas.assign(1, true);
+            tecla(Qt::Key_F9);
+        },
+        lineasDeStock);
+    // What was mended, and that it cannot be read again.
+    revisar.avisos = 2;
     probar({
         accionEn<FrmStock>("FrmStock: actualizar", {}, mostrar<FrmStock>(QString()), {}, la(Qt::Key_F5),
                            lineasDeStock),
-        accionEn<FrmStock>(
-            "FrmStock: revisar", vaciarUna, mostrar<FrmStock>(QString()), {},
-            [this] {
-                registro.respuestas.assign(1, true);
-                tecla(Qt::Key_F9);
-            },
-            lineasDeStock),
+        revisar,
     });
 }
 

@@ -108,7 +108,8 @@ class CaidasBajoTodas : public EnTodasLasPantallas {
         for (int n = 0; n < vueltas; ++n) {
             if (ventana == nullptr || !ventana->isVisible()) return false;
             if (ventana->isActiveWindow()) return true;
-            if (QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == nullptr)
+            const QWidget *modal = QApplication::activeModalWidget();
+            if (modal == ventana || (modal == nullptr && QApplication::activeWindow() == nullptr))
                 ventana->activateWindow();
             QTest::qWait(pausa);
         }
