@@ -9,6 +9,7 @@
 #include "frame/context.h"
 #include "frame/entities.h"
 #include "frame/escritura.h"
+#include "frame/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -250,10 +251,13 @@ std::optional<Falta> Guardar(AppContext &ctx, const Ficha &ficha, bool nuevo) {
     Escritura escritura(ctx, personal);
     if (nuevo) escritura.codigo("cuit", cuit);
     poner(escritura, ficha);
+    // A client without the advantages that were keyed could not be added again.
+    Transaccion juntos(ctx.conexion(personal));
     Ejecutar(
         ctx, personal,
         nuevo ? escritura.insertar(tabla) : escritura.actualizar(tabla, "cuit = "_L1 + EnComillas(cuit)));
     guardarVentajas(ctx, cuit, ficha.ventajas);
+    juntos.Confirmar();
     return {};
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "frame/base/dates.h"
+#include "frame/entities.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
@@ -162,11 +163,12 @@ void FrmBultos::TxtVencimiento_LostFocus() {
 void FrmBultos::Form_Escape() {
     AppContext &ctx = Contexto();
     Veredicto guardado;
-    const bool seguia = ctx.conexion(u"INTERNOS"_s).abierta();
-    const bool escrito =
-        Manejar(ctx, [&] { guardado = GuardarBultos(ctx, interno_, Leer(), QDate::currentDate()); });
-    // A store that went away in between may be back for the next ESC, and what was keyed waits for it.
-    if (!escrito && seguia && !ctx.conexion(u"INTERNOS"_s).abierta()) return;
+    bool escrito = false;
+    const bool seFue = SeFueElStore(ctx, entidad::internos, [&] {
+        escrito =
+            Manejar(ctx, [&] { guardado = GuardarBultos(ctx, interno_, Leer(), QDate::currentDate()); });
+    });
+    if (!escrito && seFue) return;
     // What could not be written was told with the store's words; a second ESC would meet the same.
     if (!escrito || guardado.ok) {
         ventana->accept();

@@ -65,8 +65,8 @@ bool FrmClientes::Form_KeyDown(const QKeyEvent *tecla) {
 void FrmClientes::CargarLst(const QString &cuit) {
     AppContext &ctx = Contexto();
     int actual = std::max(0, lista_.Actual());
-    filas_.clear();
-    Manejar(ctx, [&] { filas_ = ClientBook::Listar(ctx); });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] { filas_ = ClientBook::Listar(ctx); })) return;
     std::vector<QStringList> celdas;
     celdas.reserve(filas_.size());
     for (const ClientBook::Fila &f : filas_) {
@@ -126,7 +126,9 @@ void FrmClientes::Eliminar() {
     AppContext &ctx = Contexto();
     if (lista_.Actual() < 0) return;
     Manejar(ctx, [&] {
-        if (ClientBook::Borrar(ctx, filas_.at(static_cast<std::size_t>(lista_.Actual())).cuit)) CargarLst();
+        ClientBook::Borrar(ctx, filas_.at(static_cast<std::size_t>(lista_.Actual())).cuit);
+        // Also one that was gone already is to be seen no longer.
+        CargarLst();
     });
 }
 

@@ -14,4 +14,10 @@ class FrmLstDiv {
 
     Ui::FrmLstDiv ui;
     std::unique_ptr<QDialog> ventana;
+
+ private:
+    void Conectar();
+    void Form_Escape();
+
+    QString interno_;
 };

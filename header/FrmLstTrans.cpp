@@ -50,8 +50,8 @@ void FrmLstTrans::Conectar() {
 void FrmLstTrans::CargarLst(const QString &cuit) {
     AppContext &ctx = Contexto();
     int actual = std::max(0, lista_.Actual());
-    agentes_.clear();
-    Manejar(ctx, [&] { agentes_ = CargarAgentes(ctx); });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] { agentes_ = CargarAgentes(ctx); })) return;
     std::vector<QStringList> filas;
     for (const AgenteDeTransporte &a : agentes_) {
         if (a.cuit == cuit) actual = static_cast<int>(filas.size());

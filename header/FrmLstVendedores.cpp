@@ -55,8 +55,8 @@ void FrmLstVendedores::Conectar() {
 void FrmLstVendedores::CargarLst(const QString &codigo) {
     AppContext &ctx = Contexto();
     const int habia = lista_.Actual();
-    vendedores_.clear();
-    Manejar(ctx, [&] { vendedores_ = CargarVendedores(ctx, OrdenDeVendedoresElegido(ctx)); });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] { vendedores_ = CargarVendedores(ctx, OrdenDeVendedoresElegido(ctx)); })) return;
     std::vector<QStringList> filas;
     int actual = std::max(0, habia);
     for (const Vendedor &v : vendedores_) {

@@ -9,6 +9,7 @@
 #include "frame/base/values.h"
 #include "frame/context.h"
 #include "frame/escritura.h"
+#include "frame/failures.h"
 #include "header/ListadoCodigos.h"
 
 using namespace Qt::StringLiterals;
@@ -81,6 +82,11 @@ const Tabla *tablaDe(const QString &clave) {
     return una == std::end(tablas) ? nullptr : una;
 }
 
+/// A look-up that fails answers nothing, without a word; that there is no store to look in is no answer.
+void contarSiSeFue(AppContext &ctx, const Falla &e) {
+    if (e.numero == Falla::sinStore) ContarFalla(ctx, e);
+}
+
 QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const QString &codigo, QString &aux,
                int silencio) {
     if (clave.isEmpty() || codigo.isEmpty()) return {};
@@ -104,7 +110,8 @@ QString buscar(AppContext &ctx, const Servicio &s, const QString &clave, const Q
         QString encontrado = rs.Texto(QString(L(s.columna)));
         completarAux(ctx, clave, codigo, aux);
         return encontrado;
-    } catch (const Falla &) {
+    } catch (const Falla &e) {
+        contarSiSeFue(ctx, e);
         return {};
     }
 }
@@ -116,7 +123,8 @@ std::optional<FilaDeCodigo> elegirFila(AppContext &ctx, const QString &clave) {
     try {
         const Reloj reloj(ctx.dialogos);
         lista = ListadoCodigosClass(ctx).Listado(clave);
-    } catch (const Falla &) {
+    } catch (const Falla &e) {
+        contarSiSeFue(ctx, e);
         return {};
     }
     const int cual = ctx.dialogos.elegir({lista.titulo, lista.vistas(), -1, Eleccion::Tipo::Codigos});

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "assembly/FrmProrKg.h"
+#include "frame/entities.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/campos.h"
@@ -347,10 +348,10 @@ void FrmVerItem::Form_Escape() {
     }
     // A page that could not be saved is left by the second ESC; one whose store went away meanwhile waits for
     // the next, when it may be back.
-    const Conexion &store = ctx.conexion(u"INTERNOS"_s);
-    const bool seguia = store.abierta();
-    if (cargada_ && escapeFallido_ != pagina && !GuardarPagina()) {
-        if (!seguia || store.abierta()) escapeFallido_ = pagina;
+    bool guardada = !cargada_ || escapeFallido_ == pagina;
+    const bool seFue = !guardada && SeFueElStore(ctx, entidad::internos, [&] { guardada = GuardarPagina(); });
+    if (!guardada) {
+        if (!seFue) escapeFallido_ = pagina;
         return;
     }
     const auto despues = std::move(alCerrar);

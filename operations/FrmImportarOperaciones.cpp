@@ -127,14 +127,17 @@ void FrmImportarOperaciones::Leer() {
     renglones_.clear();
     archivo_ = intercambio::RutaDe(ctx, ui.TxtArchivo->text());
     const intercambio::ContenidoDeArchivo contenido = intercambio::Mirar(ctx, archivo_);
-    Manejar(ctx, [&] {
+    const bool preguntadas = Manejar(ctx, [&] {
         for (const intercambio::OperacionEnArchivo &una : contenido.operaciones) {
             Renglon renglon{una, intercambio::HayEnElStore(ctx, una.clave), {}, {}};
             renglon.plan.decision = intercambio::DecisionesPosibles(renglon.existe).front();
             renglones_.push_back(renglon);
         }
     });
+    // What was asked up to a failure is not the file.
+    if (!preguntadas) renglones_.clear();
     Pintar();
+    if (!preguntadas) return;
     if (!contenido.defecto.isEmpty()) {
         archivo_.clear();
         ctx.dialogos.critico(contenido.defecto, tituloDeImportar);
@@ -295,16 +298,17 @@ void FrmImportarOperaciones::Contar(const intercambio::Importacion &r) {
         return;
     }
     QStringList avisos{r.resumen()};
-    Manejar(ctx, [&] {
-        for (std::size_t n = 0; n < renglones_.size() && n < r.operaciones.size(); ++n) {
-            const Importada &una = r.operaciones[n];
-            if (!una.aviso.isEmpty()) avisos << una.aviso;
-            renglones_[n].hecho = textoDelFin(una);
-            if (una.fin == Importada::Fin::Fallida || una.fin == Importada::Fin::SinHacer) continue;
-            renglones_[n].existe = intercambio::HayEnElStore(ctx, una.clave);
-            renglones_[n].plan = {Decision::Omitir};
-        }
-    });
+    for (std::size_t n = 0; n < renglones_.size() && n < r.operaciones.size(); ++n) {
+        const Importada &una = r.operaciones[n];
+        Renglon &renglon = renglones_[n];
+        if (!una.aviso.isEmpty()) avisos << una.aviso;
+        renglon.hecho = textoDelFin(una);
+        const bool entro = una.fin == Importada::Fin::Importada || una.fin == Importada::Fin::Reemplazada;
+        if (!entro && una.fin != Importada::Fin::Omitida) continue;
+        renglon.existe =
+            renglon.existe || (entro && una.destino.compare(una.clave, Qt::CaseInsensitive) == 0);
+        renglon.plan = {Decision::Omitir};
+    }
     Pintar();
     const QString texto = avisos.join(u"\r\n\r\n"_s);
     if (avisos.size() == 1)

@@ -19,15 +19,17 @@ void ListaMaestra::Preparar(QDialog *ventana, QListWidget *lista, QLineEdit *nue
     QObject::connect(lista, &QListWidget::itemDoubleClicked, ventana, [this] { Tomar(); });
 }
 
-void ListaMaestra::Cargar(const QString &actual) {
+bool ListaMaestra::Cargar(const QString &actual) {
     AppContext &ctx = Contexto();
     const int antes = std::max(0, lista_->currentRow());
     QStringList textos;
-    Manejar(ctx, [&] { textos = LeerLista(ctx, cual_); });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] { textos = LeerLista(ctx, cual_); })) return false;
     lista_->clear();
     lista_->addItems(textos);
     const auto donde = static_cast<int>(textos.indexOf(actual));
     lista_->setCurrentRow(donde >= 0 ? donde : std::min(antes, lista_->count() - 1));
+    return true;
 }
 
 std::optional<QString> ListaMaestra::Elegir() {
@@ -65,7 +67,11 @@ bool ListaMaestra::Nuevo_KeyDown(const QKeyEvent *tecla) {
             return;
         }
         nuevo_->clear();
-        Cargar(texto);
+        if (!Cargar(texto)) {
+            // It is kept all the same.
+            lista_->addItem(texto);
+            lista_->setCurrentRow(lista_->count() - 1);
+        }
         // The next ENTER takes it.
         lista_->setFocus();
     });

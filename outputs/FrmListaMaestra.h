@@ -16,8 +16,8 @@ class ListaMaestra {
  public:
     /// Binds the widgets of a screen, which outlive this object's events.
     void Preparar(QDialog *ventana, QListWidget *lista, QLineEdit *nuevo, ListaDePresupuesto cual);
-    /// Fills the list, with this entry in hand.
-    void Cargar(const QString &actual = {});
+    /// Fills the list, with this entry in hand; false, told, where it could not be read: it stays as it is.
+    bool Cargar(const QString &actual = {});
     /// Fills the list, shows the screen and waits; the entry taken, or nothing when the user left.
     std::optional<QString> Elegir();
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "frame/entities.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
 #include "frame/ui/estilo.h"
@@ -275,9 +276,11 @@ bool FrmPresupuesto::Form_KeyDown(const QKeyEvent *tecla) {
 void FrmPresupuesto::Form_Escape() {
     AppContext &ctx = Contexto();
     Leer();
-    // What could not be written was told with the store's words; a second ESC would meet the same.
-    Manejar(ctx, [&] { GrabarACuenta(ctx, p_); });
-    ventana->accept();
+    bool grabado = false;
+    const bool seFue = SeFueElStore(ctx, entidad::internos,
+                                    [&] { grabado = Manejar(ctx, [&] { GrabarACuenta(ctx, p_); }); });
+    // What else could not be written was told with the store's words; a second ESC would meet the same.
+    if (grabado || !seFue) ventana->accept();
 }
 
 bool FrmPresupuesto::GrdLiq_KeyDown(const QKeyEvent *tecla) {

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "frame/base/numbers.h"
+#include "frame/failures.h"
 #include "frame/files.h"
 #include "frame/ui/ClCntrl.h"
 #include "frame/ui/Pantalla.h"
@@ -277,6 +278,13 @@ void FrmTransferencia::CmdEscribir_Click() {
         return;
     }
     RecordarCarpeta(ctx, seccionDeTransferencia, escrito.archivo);
-    Manejar(ctx, [&] { AnotarEntrega(ctx, transferencia_.declaracion.interno, escrito); });
+    try {
+        AnotarEntrega(ctx, transferencia_.declaracion.interno, escrito);
+    } catch (const Falla &e) {
+        ContarFalla(ctx, e,
+                    escrito.aviso + u"\r\n\r\nNo se pudo anotar que la operación se transfirió: "_s +
+                        TextoDeFalla(e));
+        return;
+    }
     ctx.dialogos.informar(escrito.aviso, tituloDeTransferencia);
 }

@@ -169,19 +169,20 @@ void LeerDatosDelCorreo(const AppContext &ctx, Presupuesto &p) {
 }
 
 void Cargar(AppContext &ctx, Presupuesto &p) {
-    p.operativos.clear();
     Recordset rs;
-    for (Consultar(ctx, internos, "select * from itempresu where "_L1 + deEsteInterno(p.interno), rs);
-         !rs.Eof(); rs.MoveNext())
+    Consultar(ctx, internos, "select * from itempresu where "_L1 + deEsteInterno(p.interno), rs);
+    // Only now: what cannot be read again stays.
+    p.operativos.clear();
+    for (; !rs.Eof(); rs.MoveNext())
         p.operativos.push_back({rs.Texto(u"concepto"), rs.Numero(u"valorpeso"), rs.Numero(u"valordolar")});
 }
 
 void Cargar2(AppContext &ctx, Presupuesto &p) {
-    p.referencias.clear();
     Recordset rs;
-    for (Consultar(ctx, internos, "select * from itemref where "_L1 + deEsteInterno(p.interno), rs);
-         !rs.Eof(); rs.MoveNext())
-        p.referencias.push_back({rs.Texto(u"referencia"), rs.Texto(u"valor")});
+    Consultar(ctx, internos, "select * from itemref where "_L1 + deEsteInterno(p.interno), rs);
+    // Only now: what cannot be read again stays.
+    p.referencias.clear();
+    for (; !rs.Eof(); rs.MoveNext()) p.referencias.push_back({rs.Texto(u"referencia"), rs.Texto(u"valor")});
 }
 
 bool HayPase(const Presupuesto &p) {

@@ -151,10 +151,12 @@ void FrmCancelaciones::Cargar() {
     AppContext &ctx = Contexto();
     const QString buscado = ui.TxtBuscar->text().trimmed();
     std::vector<stock::Oferta> ofertas;
-    Manejar(ctx, [&] {
-        ofertas = stock::OfertasParaItem(ctx, interno_, buscado, hoy_);
-        if (buscado.isEmpty()) AgregarPropia(ofertas);
-    });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] {
+            ofertas = stock::OfertasParaItem(ctx, interno_, buscado, hoy_);
+            if (buscado.isEmpty()) AgregarPropia(ofertas);
+        }))
+        return;
     ofertas_ = std::move(ofertas);
     std::vector<QStringList> celdas;
     int actual = 0;

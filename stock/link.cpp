@@ -197,7 +197,9 @@ bool conectado(AppContext &ctx) {
         Recordset rs;
         Consultar(ctx, internos, u"select id from stock where id = 0"_s, rs);
         return true;
-    } catch (const Falla &) {
+    } catch (const Falla &e) {
+        // No stock is an answer; no store to ask is none.
+        if (e.numero == Falla::sinStore) throw;
         return false;
     }
 }

@@ -50,7 +50,8 @@ void FrmCatArticulos::CargarLista(const ArticuloElegido &enMano) {
         if (const QModelIndex catalogo = modelo_->index(fila, 0); ui.TvArticulos->isExpanded(catalogo))
             expandidos << modelo_->catalogoDe(catalogo);
     std::vector<ArticleStore::FilaDeCatalogo> catalogos;
-    Manejar(ctx, [&] { catalogos = ArticleStore::CatalogosContados(ctx); });
+    // What is shown stays where it cannot be read again.
+    if (!Manejar(ctx, [&] { catalogos = ArticleStore::CatalogosContados(ctx); })) return;
     modelo_->fijar(std::move(catalogos));
     sucia_ = false;
     for (const QString &catalogo : expandidos) Expandir(modelo_->indiceDe(catalogo));

@@ -54,11 +54,12 @@ void ListaDeArticulos::Cargar(const CampoDeArticulos &campo, const QString &valo
     ponerFilas(std::move(filas), campo.columna.isEmpty());
 }
 
-void ListaDeArticulos::CargarTodo() {
+bool ListaDeArticulos::CargarTodo() {
     AppContext &ctx = Contexto();
     std::vector<QStringList> filas;
-    Manejar(ctx, [&] { filas = ArticulosDelCatalogo(ctx, *consulta_, idcatalogo_); });
+    const bool leidas = Manejar(ctx, [&] { filas = ArticulosDelCatalogo(ctx, *consulta_, idcatalogo_); });
     ponerFilas(std::move(filas), true);
+    return leidas;
 }
 
 void ListaDeArticulos::ponerFilas(std::vector<QStringList> filas, bool completa) {
@@ -84,7 +85,7 @@ QString ListaDeArticulos::Elegir(const QString &idcatalogo, const QString &busca
     c_.titulo->setText(u"Artículos de "_s + idcatalogo);
     c_.CboCampo->setCurrentIndex(0);
     c_.TxtValor->clear();
-    CargarTodo();
+    if (!CargarTodo()) return {};
     c_.TxtValor->setText(buscado);
     lista_.EstrecharYa();
     c_.TxtValor->setFocus();

@@ -40,7 +40,7 @@ class ListaDeArticulos {
     void CmdBuscar_Click();
     void Eliminar();
     void Cargar(const CampoDeArticulos &campo, const QString &valor);
-    void CargarTodo();
+    bool CargarTodo();
     const CampoDeArticulos &campo() const;
     void ponerFilas(std::vector<QStringList> filas, bool completa);
     void contar();

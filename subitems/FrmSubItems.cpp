@@ -313,8 +313,12 @@ void FrmSubItems::cmdGrabar_Click() {
     Grabacion g;
     Leer();
     const bool escrita = Manejar(ctx, [&] {
+        if (listaAtrasada_) CargarLista(filtro_);
         g = Grabar(ctx, s_);
-        if (g.ok) ActualizarLinea(g.id, nueva);
+        if (!g.ok) return;
+        listaAtrasada_ = true;
+        ActualizarLinea(g.id, nueva);
+        listaAtrasada_ = false;
     });
     // What a save leaves in the fields is no change of theirs.
     Escribir(false);

@@ -85,6 +85,7 @@ class FrmSubItems {
     SubItems s_;
     FiltroActivo filtro_;
     QActionGroup *filtros_ = nullptr;    ///< the entries of the menu; one is checked
+    bool listaAtrasada_ = false;         ///< a line was kept that the list could not read
     QString numeroEnMano_;               ///< number of the line in hand
     QWidget *antesDeLaLista_ = nullptr;  ///< the field that F9 goes back to
 };

@@ -50,6 +50,7 @@ void FrmSubItems::CargarLista(const FiltroActivo &filtro) {
     const qint64 enMano = IdDeFila(grilla->currentRow());
     const int filaEnMano = filtro == filtro_ ? grilla->currentRow() : 0;
     filtro_ = filtro;
+    listaAtrasada_ = false;
     grilla->setUpdatesEnabled(false);
     grilla->setRowCount(static_cast<int>(lineas.size()));
     int fila = 0;
@@ -136,9 +137,10 @@ void FrmSubItems::cmdEliminar_Click() {
     const std::vector<qint64> marcados = IdsMarcados();
     Leer();
     Manejar(ctx, [&] {
-        bool cambio = false;
-        if (!marcados.empty())
-            cambio = lpEliminar(ctx, s_, marcados) > 0;
+        // Also where another try has taken them away already.
+        bool cambio = !marcados.empty();
+        if (cambio)
+            lpEliminar(ctx, s_, marcados);
         else if (lista_.Actual() >= 0)
             cambio = EliminarSubItem(ctx, s_, IdDeFila(lista_.Actual()));
         if (cambio) CargarLista();

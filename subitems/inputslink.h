@@ -45,7 +45,7 @@ struct Enlace {
     /// Gives the inputs of one line back to stock; false on failure.
     std::function<bool(const QString &Interno, const QString &CATNRO, const QString &PRDNRO, qint64 SUBITEM)>
         EliminarInsumo;
-    /// Whether the library can be asked.
+    /// Whether the library can be asked. Raises Falla where the store is gone.
     std::function<bool()> EstadoConexion;
     /// Opens the link for an operation.
     std::function<void(const QString &Interno_Externo)> ConectarDB;

@@ -350,7 +350,7 @@ Grabacion Grabar(AppContext &ctx, SubItems &s) {
 bool EliminarSubItem(AppContext &ctx, SubItems &s, qint64 id) {
     if (!ctx.dialogos.preguntar({u"Confirma eliminar SUBITEM seleccinado."_s, {}, Icono::Pregunta, false}))
         return false;
-    if (borrarLinea(ctx, s, id) != Borrado::Hecho) return false;
+    if (borrarLinea(ctx, s, id) == Borrado::Negado) return false;
     RefrescarTotales(ctx, s);
     return true;
 }

@@ -49,6 +49,12 @@ void comprobarTexto(const Datos &datos, const QString &sentencia) {
 
 }  // namespace
 
+std::chrono::milliseconds &EsperaDelServidor() {
+    using namespace std::chrono_literals;
+    static std::chrono::milliseconds espera = 3s;
+    return espera;
+}
+
 Canal::Canal(std::unique_ptr<Datos> datos)
     : datos_(std::move(datos)),
       motor_(*datos_->motor),
@@ -85,7 +91,6 @@ void Canal::Abrir() {
 }
 
 void Canal::conectar() {
-    constexpr std::chrono::milliseconds paciencia(3000);
     constexpr std::chrono::milliseconds pausa(100);
     constexpr std::chrono::milliseconds otraVez(20000);
     QElapsedTimer &enVano = esperadoEnVano();
@@ -103,7 +108,7 @@ void Canal::conectar() {
             break;
         } catch (const Falla &) {
             const bool callo = intento.hasExpired(enSeguida.count());
-            if (reloj.hasExpired(paciencia.count()) || (!espera && (callo || !motor_.empieza(*datos_)))) {
+            if (reloj.hasExpired(EsperaDelServidor().count()) || (!espera && (callo || !motor_.empieza(*datos_)))) {
                 if (espera) enVano.start();
                 throw;
             }

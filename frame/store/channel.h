@@ -8,6 +8,7 @@
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -16,6 +17,9 @@
 #include "frame/store/engines.h"
 
 namespace motores {
+
+/// How long a server that went away is waited for.
+std::chrono::milliseconds &EsperaDelServidor();
 
 /// Everything that runs here may raise Falla, with the entity and the statement as the module spelled it. A
 /// statement that finds its store gone raises one that says so, and the next one opens a new way.

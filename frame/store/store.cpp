@@ -182,6 +182,10 @@ TablaPropia::~TablaPropia() {
     }
 }
 
+void Conexion::fijarEspera(std::chrono::milliseconds espera) {
+    motores::EsperaDelServidor() = espera;
+}
+
 void Conexion::fijarTraza(std::function<void(const TrazaDeSentencia &)> nueva) {
     TrazaDelProceso() = std::move(nueva);
 }

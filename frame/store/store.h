@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -161,6 +162,10 @@ class Conexion {
     /// connection that is lost is not made again behind the back of who needs it, and every statement raises
     /// Falla until the last "off". Calls nest.
     void retenerSesion(bool activa);
+
+    /// How long a server that went away is waited for from now on; three seconds where nobody says otherwise.
+    /// Process-wide.
+    static void fijarEspera(std::chrono::milliseconds espera);
 
     /// Called after every statement when set; for tracing and benchmarks. Process-wide.
     static void fijarTraza(std::function<void(const TrazaDeSentencia &)> traza);

@@ -21,6 +21,13 @@ bool Manejar(AppContext &ctx, const std::function<void()> &hacer) {
     }
 }
 
+bool SeFueElStore(AppContext &ctx, const QString &entidad, const std::function<void()> &guardar) {
+    const Conexion &store = ctx.conexion(entidad);
+    const bool estaba = store.abierta();
+    guardar();
+    return estaba && !store.abierta();
+}
+
 void NoDisponible(AppContext &ctx) {
     ctx.dialogos.informar(u"Esta opción todavía no está disponible en esta versión."_s);
 }

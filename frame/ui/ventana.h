@@ -15,6 +15,10 @@ std::unique_ptr<QDialog> HacerDialogo();
 /// handler leaves. True when it ran to its end.
 bool Manejar(AppContext &ctx, const std::function<void()> &hacer);
 
+/// Runs what a screen keeps when it is left. True when the store of the entity went away meanwhile: it may be
+/// back for the next try, and what was typed waits for it. One that was away before is not waited for again.
+bool SeFueElStore(AppContext &ctx, const QString &entidad, const std::function<void()> &guardar);
+
 /// The word of a button whose screen is not part of this version.
 void NoDisponible(AppContext &ctx);
 /// The word of a button whose work is done by a library that is not there: `opcion` is what the button says.

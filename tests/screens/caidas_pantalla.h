@@ -18,6 +18,7 @@ struct AccionDeUsuario {
     std::function<void()> teclear;        ///< ahead of the key
     std::function<void()> llave;          ///< the key whose work is disturbed
     int avisos = 1;                       ///< of a loss, with its questions
+    QString admite = {};                  ///< of what the next try may tell as critical, its beginning
     std::function<QString()> visto = {};  ///< what the work shows, where it does not write
 };
 

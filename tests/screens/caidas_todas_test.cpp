@@ -11,7 +11,9 @@
 #include <QTest>
 #include <optional>
 
+#include "operations/FrmAbrir.h"
 #include "tests/screens/todas_pantallas.h"
+#include "tests/support/claves.h"
 #include "tests/support/intermediario.h"
 
 using namespace Qt::StringLiterals;
@@ -84,26 +86,42 @@ class CaidasBajoTodas : public EnTodasLasPantallas {
     void pulsarTodas(const QPointer<QWidget> &ventana, qsizetype cuantasVeces,
                      const std::function<void()> &antes) {
         for (const LlaveDeFila &una : llavesDe(ventana)) {
-            if (ventana == nullptr || !ventana->isVisible()) return;
-            if (!ventana->isActiveWindow()) {
-                ventana->activateWindow();
-                if (!QTest::qWaitForWindowActive(ventana, 500)) return;
-            }
+            if (!volverA(ventana)) return;
             antes();
             dichoDeLaLinea();
+            escapesEncima = 0;
             tecla(una.llave, una.con);
             QTest::qWait(2);
+            volverA(ventana);
             const QStringList dicho = dichoDeLaLinea();
-            EXPECT_LE(dicho.size(), cuantasVeces)
+            // The ESC that leaves what the key opened is a key as well.
+            EXPECT_LE(dicho.size(), cuantasVeces * (1 + escapesEncima))
                 << QKeySequence(una.llave | una.con).toString().toStdString() << ": "
                 << dicho.join(" / "_L1).toStdString();
             ++pulsadas;
         }
     }
-    /// Their keys open screens of their own, which are in the table by themselves.
-    static bool abreOtras(const Salida &salida) {
-        return QStringList{u"FrmDetalleInterno"_s, u"FrmConfig"_s, u"FrmCatArticulos"_s}.contains(
-            QLatin1String(salida.nombre));
+    /// Waits until what a key opened over the window was left; false when the window itself is gone.
+    static bool volverA(const QPointer<QWidget> &ventana) {
+        constexpr int vueltas = 300;
+        constexpr int pausa = 10;  // milliseconds
+        for (int n = 0; n < vueltas; ++n) {
+            if (ventana == nullptr || !ventana->isVisible()) return false;
+            if (ventana->isActiveWindow()) return true;
+            const QWidget *modal = QApplication::activeModalWidget();
+            if (modal == ventana || (modal == nullptr && QApplication::activeWindow() == nullptr))
+                ventana->activateWindow();
+            QTest::qWait(pausa);
+        }
+        ADD_FAILURE() << "what a key opened over it was not left";
+        return false;
+    }
+    /// Every screen; the dashboard over an operation whose steps can be entered and left.
+    std::vector<Salida> conSusPasos() const {
+        std::vector<Salida> salidas = todas();
+        for (Salida &salida : salidas)
+            if (salida.nombre == "FrmDetalleInterno"_L1) salida.abrir = [] { AbrirInterno(importacion); };
+        return salidas;
     }
     static QPointer<QWidget> enMano() {
         return QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
@@ -119,8 +137,7 @@ INSTANTIATE_TEST_SUITE_P(Stores, CaidasBajoTodas, ::testing::Values("SQL"),
                          });
 
 TEST_P(CaidasBajoTodas, ALineThatWasCutWhileNobodyUsedItIsMissedByNoKey) {
-    for (const Salida &salida : todas()) {
-        if (abreOtras(salida)) continue;
+    for (const Salida &salida : conSusPasos()) {
         alAbrir = [this, &salida] {
             SCOPED_TRACE(salida.nombre);
             const QPointer<QWidget> ventana = enMano();
@@ -134,8 +151,7 @@ TEST_P(CaidasBajoTodas, ALineThatWasCutWhileNobodyUsedItIsMissedByNoKey) {
 }
 
 TEST_P(CaidasBajoTodas, AServerThatIsGoneIsOneMessageAKeyAndTheFieldsKeepWhatTheyHold) {
-    for (const Salida &salida : todas()) {
-        if (abreOtras(salida)) continue;
+    for (const Salida &salida : conSusPasos()) {
         alAbrir = [this, &salida] {
             SCOPED_TRACE(salida.nombre);
             const QPointer<QWidget> ventana = enMano();

@@ -399,8 +399,10 @@ void EnTodasLasPantallas::pulsarEscape(const std::shared_ptr<int> &veces, const 
         if (alAbrir) std::exchange(alAbrir, nullptr)();
         if (enManos != nullptr) {
             // Came over the one that is being filled.
-            if (ventana != nullptr && ventana->windowHandle() != nullptr)
+            if (ventana != nullptr && ventana->windowHandle() != nullptr) {
+                ++escapesEncima;
                 QTest::keyClick(ventana->windowHandle(), Qt::Key_Escape);
+            }
             return;
         }
         if (++*veces == 2 && completar) {

@@ -37,6 +37,7 @@ class EnTodasLasPantallas : public EnPantalla {
     std::function<void()> alSalir;  ///< done once the screen is gone, ahead of what was said being forgotten
     /// The window that keys are on their way to: no ESC between them. Others that come over it are left.
     QPointer<QWidget> enManos;
+    int escapesEncima = 0;  ///< ESCs that those others were given
 
  private:
     /// Presses ESC as often as a user would try, wherever the keyboard is; what still stands then is told and
