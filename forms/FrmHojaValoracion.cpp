@@ -196,6 +196,7 @@ void FrmHojaValoracion::Escribir() {
             campos::PonerTexto(control, hoja_.valores.value(campo->columna));
     }
     cargados_ = hoja_.valores;
+    negados_.clear();
     Refrescar();
 }
 
@@ -347,12 +348,18 @@ void FrmHojaValoracion::Form_Escape() {
     }
     AppContext &ctx = Contexto();
     Veredicto guardado;
-    // What could not be written was told with the store's words; a second ESC would meet the same.
-    if (!Manejar(ctx, [&] { guardado = valoracion::Guardar(ctx, hoja_); }) || guardado.ok) {
-        ventana->accept();
+    if (!Manejar(ctx, [&] { guardado = valoracion::Guardar(ctx, hoja_); })) {
+        // What was typed stays for another try; a store that goes on refusing it holds nobody here.
+        if (hoja_.valores == negados_)
+            ventana->reject();
+        else
+            negados_ = hoja_.valores;
         return;
     }
-    IrA(guardado.foco);
+    if (guardado.ok)
+        ventana->accept();
+    else
+        IrA(guardado.foco);
 }
 
 void AbrirHojaValoracion(const QString &interno) {

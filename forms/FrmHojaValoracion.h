@@ -49,6 +49,7 @@ class FrmHojaValoracion {
 
     valoracion::Hoja hoja_;
     QMap<QString, QString> cargados_;  ///< the texts that the store or the proposal gave
+    QMap<QString, QString> negados_;   ///< those that ESC could not write
     std::vector<std::pair<const valoracion::CampoDeHoja *, QWidget *>>
         controles_;  ///< in the order of the work
     bool cargando_ = false;

@@ -83,6 +83,31 @@ TEST_P(PantallaDeHoja, TheSheetOfTheDemonstrationIsShownWithWhatComesOfIt) {
     EXPECT_TRUE(registro.mensajes.empty() && registro.preguntas.empty());
 }
 
+TEST_P(PantallaDeHoja, ASaveThatFailsOnLeavingKeepsTheSheetOnceAndASecondEscapeLeaves) {
+    const std::string antes = guardado(u"contrato"_s);
+    mostrar(importacion, [this](FrmHojaValoracion &p) {
+        auto *contrato = qobject_cast<QLineEdit *>(p.Control(u"contrato"_s));
+        contrato->setText(QString(u"🚢"_s).left(1));
+        tecla(Qt::Key_Escape);
+        ASSERT_TRUE(p.ventana->isVisible()) << "what was typed is still there";
+        EXPECT_EQ(registro.mensajes.size(), 1U);
+        // Corrected it is saved.
+        contrato->setText(u"NP-2026-1"_s);
+        tecla(Qt::Key_Escape);
+    });
+    EXPECT_EQ(guardado(u"contrato"_s), "NP-2026-1");
+    EXPECT_EQ(registro.mensajes.size(), 1U);
+    EXPECT_NE(antes, "NP-2026-1");
+    mostrar(importacion, [](FrmHojaValoracion &p) {
+        qobject_cast<QLineEdit *>(p.Control(u"contrato"_s))->setText(QString(u"🚢"_s).left(1));
+        tecla(Qt::Key_Escape);
+        ASSERT_TRUE(p.ventana->isVisible());
+        tecla(Qt::Key_Escape);
+    });
+    EXPECT_EQ(registro.mensajes.size(), 3U);
+    EXPECT_EQ(guardado(u"contrato"_s), "NP-2026-1");
+}
+
 TEST_P(PantallaDeHoja, ItIsFilledByTheKeyboardAloneAndEscapeSaves) {
     sinHojas();
     mostrar(importacion, [](FrmHojaValoracion &p) {
