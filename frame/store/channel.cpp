@@ -108,7 +108,8 @@ void Canal::conectar() {
             break;
         } catch (const Falla &) {
             const bool callo = intento.hasExpired(enSeguida.count());
-            if (reloj.hasExpired(EsperaDelServidor().count()) || (!espera && (callo || !motor_.empieza(*datos_)))) {
+            if (reloj.hasExpired(EsperaDelServidor().count()) ||
+                (!espera && (callo || !motor_.empieza(*datos_)))) {
                 if (espera) enVano.start();
                 throw;
             }
