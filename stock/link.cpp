@@ -79,11 +79,13 @@ insumos::Eleccion eleccionDe(AppContext &ctx, const QString &interno, const Eleg
     return e;
 }
 
-/// A failing store is a refusal that was told: a line that could not take must not stay as if it had.
+/// A failing store is a refusal that was told: a line that could not take must not stay as if it had. Of one
+/// that went away nobody knows whether it did: that is for whoever asks it again.
 bool conAviso(AppContext &ctx, const std::function<bool()> &hacer) {
     try {
         return hacer();
     } catch (const Falla &e) {
+        if (e.numero == Falla::sinStore) throw;
         ContarFalla(ctx, e, u"No se pudo tomar del stock: %1"_s.arg(e.descripcion));
         return false;
     }

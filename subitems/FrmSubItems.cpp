@@ -317,17 +317,21 @@ void FrmSubItems::cmdGrabar_Click() {
         g = Grabar(ctx, s_);
         if (!g.ok) return;
         listaAtrasada_ = true;
-        ActualizarLinea(g.id, nueva);
+        ActualizarLinea(g.id, nueva && FilaDeId(g.id) < 0);
         listaAtrasada_ = false;
     });
+    // The line may be there without anybody knowing.
+    if (s_.enDuda) listaAtrasada_ = true;
     // What a save leaves in the fields is no change of theirs.
     Escribir(false);
     if (escrita) PonerFoco(g.foco);
 }
 
 void FrmSubItems::cmdNuevo_Click() {
+    AppContext &ctx = Contexto();
     Leer();
-    VaciarCampos(Contexto(), s_);
+    if (listaAtrasada_ && !Manejar(ctx, [&] { CargarLista(filtro_); })) return;
+    VaciarCampos(ctx, s_);
     Escribir(false);
     PonerFocoEnPrimero();
 }

@@ -54,7 +54,11 @@ void FrmSubItems::CargarLista(const FiltroActivo &filtro) {
     grilla->setUpdatesEnabled(false);
     grilla->setRowCount(static_cast<int>(lineas.size()));
     int fila = 0;
-    for (const FilaSubItem &linea : lineas) PonerFila(fila++, linea, marcados.count(linea.id) != 0);
+    for (const FilaSubItem &linea : lineas) {
+        PonerFila(fila++, linea, marcados.count(linea.id) != 0);
+        s_.ultimaVista = std::max(s_.ultimaVista.value_or(0), linea.id);
+    }
+    if (!s_.ultimaVista && !filtro.activo()) s_.ultimaVista = 0;
     grilla->resizeColumnsToContents();
     grilla->horizontalHeader()->setSectionResizeMode(articulo, QHeaderView::Stretch);
     grilla->setUpdatesEnabled(true);
@@ -93,6 +97,7 @@ void FrmSubItems::ActualizarLinea(qint64 id, bool nueva) {
     const bool marcada = !nueva && grilla->item(fila, numero)->checkState() == Qt::Checked;
     if (nueva) grilla->insertRow(fila);
     PonerFila(fila, *linea, marcada);
+    s_.ultimaVista = std::max(s_.ultimaVista.value_or(0), id);
     // The line may be wider than those before it; the others need no second look.
     for (int columna = 0; columna < grilla->columnCount(); ++columna)
         grilla->setColumnWidth(

@@ -164,6 +164,7 @@ void VaciarCampos(AppContext &ctx, SubItems &s) {
     s.FramDerEsp = s.articuloFijo = s.VincularDatos = s.marcaERR = false;
     s.SBTREI = 0;
     s.descripcionDefecto.clear();
+    s.enDuda.reset();
 }
 
 bool SelectINSUMOS(AppContext &ctx, SubItems &s) {

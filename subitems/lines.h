@@ -91,6 +91,10 @@ struct SubItems {
     QString LbTotSubitems;       ///< sum of the lines' FOB, "00.00"
     QString lbDIF;               ///< what is missing, "00.00"
     std::optional<insumos::Enlace> enlace;  ///< nothing while the library is absent
+    std::optional<qint64> ultimaVista;      ///< the highest line that the screen knows of
+    /// A new line's save began behind this line and did not come to its end: the next one looks whether the
+    /// store kept it, and goes on with that one instead of adding it again.
+    std::optional<qint64> enDuda;
     CamposSubItem campos;
 
     bool bloque(BloqueDeLinea b) const { return ofrece.at(static_cast<std::size_t>(b)); }

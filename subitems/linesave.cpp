@@ -271,10 +271,37 @@ Grabacion terminar(AppContext &ctx, SubItems &s, qint64 id) {
         s.id = 0;
         s.articuloFijo = s.VincularDatos = s.marcaERR = false;
         s.SBTREI = 0;
+        s.enDuda.reset();
     } else {
         VaciarCampos(ctx, s);
     }
     return {true, false, primerCampo(s), id};
+}
+
+Grabacion rechazadaPorInsumos(AppContext &ctx, SubItems &s) {
+    s.enDuda.reset();
+    RefrescarTotales(ctx, s);
+    return {false, true, primerCampo(s), 0};
+}
+
+/// The line that a save which lost its store left behind; 0 when it left none. Nobody else adds to an
+/// operation that is open.
+qint64 lineaEnDuda(AppContext &ctx, const SubItems &s) {
+    if (!s.enDuda) return 0;
+    const qint64 ultima = ultimaLinea(ctx, s.interno);
+    return ultima > *s.enDuda ? ultima : 0;
+}
+
+/// The rest of a new line's save, for the line `s.id` that its first try left: it takes what the screen says
+/// now.
+Grabacion seguirConLaQueQuedo(AppContext &ctx, SubItems &s) {
+    const qint64 id = s.id;
+    const bool tomo = s.enlace && s.enlace->QueTomo(s.interno, id) != insumos::Tomado::Nada;
+    if (!retomarInsumos(ctx, s)) return {false, false, u"TxtCantidad"_s, id};
+    Ejecutar(ctx, internos, sentenciaDeCambio(ctx, s));
+    valoresDeReferencia(s, id);
+    if (!tomo && !tomarInsumos(ctx, s)) return rechazadaPorInsumos(ctx, s);
+    return terminar(ctx, s, id);
 }
 
 enum class Borrado { Hecho, NoEsta, Negado };
@@ -316,15 +343,17 @@ Borrado borrarLinea(AppContext &ctx, SubItems &s, qint64 id) {
 Grabacion GrabarSubItems(AppContext &ctx, SubItems &s) {
     const Veredicto v = RevisarLinea(ctx, s, false);
     if (!v.ok) return {false, false, v.foco, 0};
+    if (const qint64 quedo = lineaEnDuda(ctx, s); quedo != 0) {
+        s.id = quedo;
+        return seguirConLaQueQuedo(ctx, s);
+    }
+    s.enDuda = s.ultimaVista;
     Ejecutar(ctx, internos, sentenciaDeAlta(ctx, s));
     LecturaAdelantada lecturas(ctx.conexion(internos), {lecturasDeAlta(s)});
     lecturas.Vuelta();
     const qint64 id = ultimaLinea(ctx, s.interno);
     valoresDeReferencia(s, id);
-    if (!tomarInsumos(ctx, s)) {
-        RefrescarTotales(ctx, s);
-        return {false, true, primerCampo(s), 0};
-    }
+    if (!tomarInsumos(ctx, s)) return rechazadaPorInsumos(ctx, s);
     return terminar(ctx, s, id);
 }
 

@@ -299,14 +299,11 @@ TEST_P(PantallasDeArticulos, TheListWithTotalsDeletesNothing) {
     EXPECT_TRUE(registro.preguntas.empty());
 }
 
-TEST_P(PantallasDeArticulos, AFaultOfTheStoreIsToldAndTheListIsLeft) {
+TEST_P(PantallasDeArticulos, AFaultOfTheStoreIsToldAndTheListIsNotOpened) {
     ejecutar(u"drop table catarticulos"_s, entidad::catalogos);
-    EXPECT_EQ(elegir<FrmbArticulos>([](FrmbArticulos &p) {
-                  EXPECT_EQ(p.ui.lbCantidad->text(), u"0 artículos"_s);
-                  tecla(Qt::Key_Return);
-                  tecla(Qt::Key_Escape);
-              }),
-              "");
+    EXPECT_EQ(Pantalla<FrmbArticulos>().Elegir(u"CAT"_s, {}), QString());
+    EXPECT_FALSE(Pantalla<FrmbArticulos>().ventana->isVisible());
+    CerrarPantalla<FrmbArticulos>();
     ASSERT_EQ(registro.mensajes.size(), 1U);
     EXPECT_EQ(registro.mensajes[0].icono, Icono::Critico);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);

@@ -1,8 +1,8 @@
 // The server goes under the lines of an operation, the nomenclature and the catalogues of articles.
 
 #include <array>
-#include "header/FrmLstProrrateo.h"
 
+#include "header/FrmLstProrrateo.h"
 #include "subitems/FrmArticulos.h"
 #include "subitems/FrmBuscarArticulosPorPA.h"
 #include "subitems/FrmCatArticulos.h"
@@ -15,6 +15,7 @@
 #include "subitems/FrmbArticulos.h"
 #include "tests/screens/caidas_acciones.h"
 #include "tests/support/claves.h"
+#include "tests/support/retrato.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,9 +36,7 @@ QString lineasEnLista(FrmSubItems &p) {
     return celdasDe(p.ui.LstArticulos);
 }
 
-}  // namespace
-
-TEST_P(CaidasBajoPantallas, TheLinesOfAnOperation) {
+AccionDeUsuario lineaNueva() {
     const auto teclearBomba = [](FrmSubItems &p) {
         seguirEn(p.ui.TxtPosicion, bombas);
         seguirEn(p.ui.TxtUnidad, u"07"_s);
@@ -45,13 +44,33 @@ TEST_P(CaidasBajoPantallas, TheLinesOfAnOperation) {
         seguirEn(p.ui.TxtFobTotal, u"2841,60"_s);
         poner(p.ui.txtSufijos, u"AA01-AB(X 1)-ZB(000750)-"_s);
     };
+    return accionEn<FrmSubItems>("FrmSubItems: nueva", {}, mostrarLineas(), teclearBomba, la(Qt::Key_F11),
+                                 lineasEnLista);
+}
+
+}  // namespace
+
+TEST_P(CaidasBajoPantallas, ANewLineIsAddedOnceWhereverItsSaveIsCut) {
+    const AccionDeUsuario accion = lineaNueva();
+    const Hecho quieto = hacer(accion);
+    // The insert is among the last of its statements.
+    constexpr int ultimas = 5;
+    ASSERT_GT(quieto.sentencias, ultimas);
+    for (int n = quieto.sentencias - ultimas; n < quieto.sentencias; ++n) {
+        SCOPED_TRACE(n);
+        const Hecho caida = hacer(accion, MomentoDeCaida{n, false});
+        EXPECT_EQ(DiferenciasDeRetratos(quieto.retrato, caida.retrato).toStdString(), "");
+        EXPECT_EQ(caida.visto.toStdString(), quieto.visto.toStdString());
+    }
+}
+
+TEST_P(CaidasBajoPantallas, TheLinesOfAnOperation) {
     const auto enLaLista = [](FrmSubItems &p) {
         p.ui.LstArticulos->setFocus();
         p.ui.LstArticulos->setCurrentCell(0, 0);
     };
     probar({
-        accionEn<FrmSubItems>("FrmSubItems: nueva", {}, mostrarLineas(), teclearBomba, la(Qt::Key_F11),
-                              lineasEnLista),
+        lineaNueva(),
         accionEn<FrmSubItems>(
             "FrmSubItems: modificar", {}, mostrarLineas(),
             [enLaLista](FrmSubItems &p) {
