@@ -70,6 +70,12 @@ enum class BloqueDeLinea {
     Cancelaciones
 };
 
+/// A new line's save that did not come to its end.
+struct AltaEnDuda {
+    qint64 tras = 0;    ///< the highest line ahead of it
+    QString sentencia;  ///< the insert that was sent
+};
+
 struct SubItems {
     QString interno;
     int modo = 1;   ///< 1 new line, 2 change of the line `id`
@@ -92,9 +98,9 @@ struct SubItems {
     QString lbDIF;               ///< what is missing, "00.00"
     std::optional<insumos::Enlace> enlace;  ///< nothing while the library is absent
     std::optional<qint64> ultimaVista;      ///< the highest line that the screen knows of
-    /// A new line's save began behind this line and did not come to its end: the next one looks whether the
-    /// store kept it, and goes on with that one instead of adding it again.
-    std::optional<qint64> enDuda;
+    /// The next save looks whether the store kept this one, and then goes on with it instead of adding it
+    /// again.
+    std::optional<AltaEnDuda> enDuda;
     CamposSubItem campos;
 
     bool bloque(BloqueDeLinea b) const { return ofrece.at(static_cast<std::size_t>(b)); }

@@ -289,16 +289,18 @@ Grabacion rechazadaPorInsumos(AppContext &ctx, SubItems &s) {
 qint64 lineaEnDuda(AppContext &ctx, const SubItems &s) {
     if (!s.enDuda) return 0;
     const qint64 ultima = ultimaLinea(ctx, s.interno);
-    return ultima > *s.enDuda ? ultima : 0;
+    return ultima > s.enDuda->tras ? ultima : 0;
 }
 
 /// The rest of a new line's save, for the line `s.id` that its first try left: it takes what the screen says
 /// now.
 Grabacion seguirConLaQueQuedo(AppContext &ctx, SubItems &s) {
     const qint64 id = s.id;
+    const bool otra = sentenciaDeAlta(ctx, s) != s.enDuda->sentencia;
     const bool tomo = s.enlace && s.enlace->QueTomo(s.interno, id) != insumos::Tomado::Nada;
     if (!retomarInsumos(ctx, s)) return {false, false, u"TxtCantidad"_s, id};
-    Ejecutar(ctx, internos, sentenciaDeCambio(ctx, s));
+    // What it took may not have come into it.
+    if (otra || tomo) Ejecutar(ctx, internos, sentenciaDeCambio(ctx, s));
     valoresDeReferencia(s, id);
     if (!tomo && !tomarInsumos(ctx, s)) return rechazadaPorInsumos(ctx, s);
     return terminar(ctx, s, id);
@@ -347,8 +349,9 @@ Grabacion GrabarSubItems(AppContext &ctx, SubItems &s) {
         s.id = quedo;
         return seguirConLaQueQuedo(ctx, s);
     }
-    s.enDuda = s.ultimaVista;
-    Ejecutar(ctx, internos, sentenciaDeAlta(ctx, s));
+    const QString alta = sentenciaDeAlta(ctx, s);
+    if (s.ultimaVista) s.enDuda = AltaEnDuda{*s.ultimaVista, alta};
+    Ejecutar(ctx, internos, alta);
     LecturaAdelantada lecturas(ctx.conexion(internos), {lecturasDeAlta(s)});
     lecturas.Vuelta();
     const qint64 id = ultimaLinea(ctx, s.interno);
